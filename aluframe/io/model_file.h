@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "aluframe/io/problem.h"
+#include "aluframe/model/model.h"
+
+namespace aluframe::io {
+
+/// Reads a model file (format in docs/model-file.md, schema in schema/).
+/// The model is complete and consistent, or the first problem is returned with its place.
+Result<model::Model> read_model(const std::filesystem::path& path);
+
+/// The same from text; `name` stands for the file in messages.
+Result<model::Model> parse_model(std::string_view text, const std::string& name);
+
+/// The model as a model file in its own units. Reading it back gives an equal model (lengths and
+/// forces to the last digit but one, where a unit's factor rounds).
+std::string write_model(const model::Model& model);
+
+/// Reads element forces from CSV into the model, in place of those it has: a header line with the
+/// columns element, case, position (0..4), N, Fy, Fz, Mx, My, Mz in any order and any case, then
+/// one row per position, in the model's units. Every pair of element and case needs the rows 0 and
+/// 4, or all five.
+/// @return the number of rows read
+Result<std::size_t> read_forces_csv(const std::filesystem::path& path, model::Model& model);
+
+}  // namespace aluframe::io

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "aluframe/model/table.h"
+
+namespace aluframe::model {
+
+enum class LoadCaseKind {
+  static_load,
+  seismic_static,
+  response_spectrum,
+  time_history,
+  settlement
+};
+
+struct LoadCase {
+  Number number = 0;
+  std::string name;
+  LoadCaseKind kind = LoadCaseKind::static_load;
+
+  friend bool operator==(const LoadCase&, const LoadCase&) = default;
+};
+
+enum class CombinationKind {
+  linear,   ///< sum of the terms
+  envelope  ///< extremes of the terms
+};
+
+/// A load case or another combination, times a factor.
+struct CombinationTerm {
+  enum class Source { load_case, combination };
+  Source source = Source::load_case;
+  Number number = 0;
+  double factor = 1.0;
+
+  friend bool operator==(const CombinationTerm&, const CombinationTerm&) = default;
+};
+
+struct Combination {
+  Number number = 0;
+  std::string name;
+  CombinationKind kind = CombinationKind::linear;
+  std::vector<CombinationTerm> terms;
+  bool seismic = false;  ///< marked seismic by the user, whatever its cases are
+  bool design = true;    ///< elements are checked for it; false: only a part of others
+
+  friend bool operator==(const Combination&, const Combination&) = default;
+};
+
+/// N, Fy, Fz, Mx, My, Mz in N and N·mm, local axes; N > 0 is tension.
+using SectionForces = std::array<float, 6>;
+
+/// Forces of one element in one load case: at the two ends, or at five positions (0, ¼, ½, ¾, 1 of
+/// the length).
+struct CaseForces {
+  std::array<SectionForces, 5> at{};
+  bool inner = false;  ///< positions 1 to 3 are given too
+
+  friend bool operator==(const CaseForces&, const CaseForces&) = default;
+};
+
+}  // namespace aluframe::model

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "aluframe/model/loads.h"
+#include "aluframe/model/material.h"
+#include "aluframe/model/section.h"
+#include "aluframe/model/settings.h"
+#include "aluframe/model/structure.h"
+#include "aluframe/model/table.h"
+#include "aluframe/model/units.h"
+
+namespace aluframe::model {
+
+/// Forces per element and load case, by the places of both in their tables.
+class ForceTable {
+ public:
+  void resize(std::size_t elements, std::size_t cases) {
+    cases_ = cases;
+    forces_.assign(elements * cases, {});
+    given_.assign(elements * cases, false);
+  }
+  /// @return false, with nothing changed, when the pair has forces already
+  bool set(std::size_t element, std::size_t load_case, const CaseForces& forces) {
+    const std::size_t place = element * cases_ + load_case;
+    if (given_[place]) return false;
+    forces_[place] = forces;
+    given_[place] = true;
+    return true;
+  }
+  /// Forces of the pair, or null when the model has none.
+  const CaseForces* find(std::size_t element, std::size_t load_case) const {
+    const std::size_t place = element * cases_ + load_case;
+    return place < given_.size() && given_[place] ? &forces_[place] : nullptr;
+  }
+
+  friend bool operator==(const ForceTable&, const ForceTable&) = default;
+
+ private:
+  std::size_t cases_ = 0;
+  std::vector<CaseForces> forces_;
+  std::vector<bool> given_;
+};
+
+/// A frame with everything that its design check needs. Lengths in mm, forces in N, stresses in
+/// N/mm², whatever the units of the file. A model that the reader returns is consistent: every
+/// number that it refers to exists.
+struct Model {
+  std::string title;
+  std::string description;
+  Units units;  ///< the user's, for what is shown
+  std::optional<DesignSettings> design;
+  std::optional<FrameSettings> frame;
+  Table<Material> materials;
+  Table<Section> sections;
+  Table<Node> nodes;
+  std::vector<Support> supports;
+  Table<Element> elements;
+  Table<Member> members;
+  Table<LoadCase> load_cases;
+  Table<Combination> combinations;
+  ForceTable forces;
+};
+
+}  // namespace aluframe::model

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+namespace aluframe::model {
+
+/// Aluminium design settings of the model.
+struct DesignSettings {
+  std::string code = "GB50429-07(A)";  ///< the host's internal name of GB 50429-2007
+  bool rib = true;                     ///< plates are stiffened by ribs
+  double rib_ratio = 1.2;              ///< stiffener factor
+  int safety_class = 2;                ///< 1, 2 or 3: γ0 is 1.1, 1.0 or 0.9
+  double strength_ratio = 0.85;        ///< net over gross area in strength checks
+  bool seismic = false;                ///< seismic combinations use γRE instead of γ0
+  double gamma_re_strength = 0.75;
+  double gamma_re_stability = 0.8;
+
+  friend bool operator==(const DesignSettings&, const DesignSettings&) = default;
+};
+
+/// Whether the frame is braced against sway along its two axes.
+struct FrameSettings {
+  bool braced_a = false;
+  bool braced_b = false;
+
+  friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
+};
+
+}  // namespace aluframe::model

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "aluframe/model/table.h"
+
+namespace aluframe::model {
+
+/// Node in global coordinates, mm, Z up.
+struct Node {
+  Number number = 0;
+  std::string name;
+  double x = 0.0, y = 0.0, z = 0.0;
+
+  friend bool operator==(const Node&, const Node&) = default;
+};
+
+/// Supported directions of a node: translations Dx, Dy, Dz, then rotations Rx, Ry, Rz (global).
+struct Support {
+  Number node = 0;
+  std::array<bool, 6> restrained{};
+
+  friend bool operator==(const Support&, const Support&) = default;
+};
+
+enum class ElementKind {
+  beam,  ///< axial force, shear, bending and torsion
+  truss  ///< axial force only
+};
+
+/// Member type by which the checks choose their rules.
+enum class MemberType { column, beam, brace, truss };
+
+/// Equivalent moment factor of one axis: computed from the loading between the ends (0 to 3), or
+/// given.
+struct MomentFactor {
+  std::optional<double> value;
+  int loading = 0;
+
+  friend bool operator==(const MomentFactor&, const MomentFactor&) = default;
+};
+
+/// Design attributes of one element; what is not given comes from the settings or the member.
+struct ElementDesign {
+  struct AxisPair {
+    double y = 1.0, z = 1.0;
+    friend bool operator==(const AxisPair&, const AxisPair&) = default;
+  };
+  struct Rib {
+    bool stiffened = true;
+    double ratio = 1.2;
+    friend bool operator==(const Rib&, const Rib&) = default;
+  };
+  struct MomentFactors {
+    MomentFactor y, z;
+    friend bool operator==(const MomentFactors&, const MomentFactors&) = default;
+  };
+  struct Slenderness {
+    bool checked = true;
+    double compression = 200.0, tension = 300.0;
+    friend bool operator==(const Slenderness&, const Slenderness&) = default;
+  };
+
+  std::optional<AxisPair> stability_coefficients;  ///< φ about y and z
+  std::optional<Rib> rib;
+  std::optional<double> weld_coefficient;
+  std::optional<double> haz_width;  ///< mm, on each side of a weld
+  std::optional<MomentFactors> moment_factors;
+  std::optional<AxisPair> length_factors;  ///< effective length factors about y and z
+  std::optional<Slenderness> slenderness_limits;
+
+  friend bool operator==(const ElementDesign&, const ElementDesign&) = default;
+};
+
+struct Element {
+  Number number = 0;
+  std::string name;
+  std::array<Number, 2> nodes{};  ///< start, end
+  Number section = 0;
+  Number material = 0;
+  double beta = 0.0;  ///< rotation of the section about the axis, degrees
+  ElementKind kind = ElementKind::beam;
+  std::optional<MemberType> member_type;  ///< overrides the type that follows from the direction
+  /// Releases of N, Fy, Fz, Mx, My, Mz at the start, then at the end.
+  std::array<bool, 12> released{};
+  ElementDesign design;
+
+  friend bool operator==(const Element&, const Element&) = default;
+};
+
+/// A chain of elements that is checked as one member.
+struct Member {
+  Number number = 0;
+  std::string name;
+  std::vector<Number> elements;  ///< from the start to the end
+  std::optional<ElementDesign::AxisPair> length_factors;
+
+  friend bool operator==(const Member&, const Member&) = default;
+};
+
+}  // namespace aluframe::model

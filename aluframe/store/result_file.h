@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/tz_db/ralu.h"
+
+namespace aluframe::store {
+
+/// How a run ended. A file whose run is `running` belongs to a run that is going on or was killed.
+enum class RunState { running, complete, cancelled, failed };
+
+/// A combination as the result file lists it.
+struct CombinationRow {
+  std::uint32_t number = 0;
+  std::string name;
+  bool two_sides = false;
+  bool seismic = false;
+};
+
+/// What the result file says about its run.
+struct RunInfo {
+  std::string model_title;
+  std::string code;     ///< "GB 50429-2007"
+  std::string program;  ///< name and version of the program
+  std::vector<CombinationRow> combinations;
+};
+
+/// Something that the run could not check.
+struct NotChecked {
+  std::uint32_t element = 0;
+  std::optional<std::uint32_t> combination;  ///< nothing: the whole element
+  std::string reason;
+
+  friend bool operator==(const NotChecked&, const NotChecked&) = default;
+};
+
+/// Writes the result file of one run.
+///
+/// `create` builds the new file beside `path` and puts it in the place of a previous one only when
+/// it is complete with its tables and run row, so that a run that cannot start leaves the old
+/// results. Records are packed on the caller's thread and written by a second one through a bounded
+/// queue, in transactions, so that checking and writing overlap. The first error of the writer is
+/// thrown by the next call. A run that is killed leaves what was last committed, with the state
+/// `running`. The same records in the same order give the same bytes.
+class ResultWriter {
+ public:
+  /// @throws std::runtime_error with the path and the reason when the file cannot be created
+  static std::unique_ptr<ResultWriter> create(const std::filesystem::path& path,
+                                              const RunInfo& info);
+  virtual ~ResultWriter() = default;
+
+  /// Adds one element's record of a combination; combination 0 is the governing record and ends the
+  /// element. Records of one element come together.
+  virtual void write(std::uint32_t element, const T_RALU_D& record, std::uint32_t combination,
+                     int min_side) = 0;
+  /// A record written in this run, also one that is still in the queue.
+  virtual bool read(std::uint32_t element, std::uint32_t combination, int min_side,
+                    T_RALU_D& out) = 0;
+  virtual void add_not_checked(const NotChecked& item) = 0;
+  /// Waits until everything is committed. @throws std::runtime_error when writing failed
+  virtual void flush() = 0;
+  /// Flushes, notes how the run ended and closes the file. Later calls do nothing.
+  virtual void finish(RunState state) = 0;
+
+  /// Records accepted, and bytes of packed records, so far.
+  virtual std::uint64_t record_count() const = 0;
+  virtual std::uint64_t packed_bytes() const = 0;
+};
+
+/// A record with the combination it was stored under (0, 0: the governing record).
+struct StoredRecord {
+  std::uint32_t combination = 0;
+  int min_side = 0;
+  T_RALU_D record;
+};
+
+/// One row of the governing table.
+struct GoverningRow {
+  std::uint32_t element = 0;
+  int member_type = 0;
+  int item = 0;  ///< RALU_ITEM_TYPE
+  T_RALU_ITEM governing;
+};
+
+/// Reads a result file, also one of an unfinished run.
+class ResultReader {
+ public:
+  /// @throws std::runtime_error with path and reason: missing, no result file, other version
+  static std::unique_ptr<ResultReader> open(const std::filesystem::path& path);
+  virtual ~ResultReader() = default;
+
+  virtual RunState state() const = 0;
+  virtual const RunInfo& info() const = 0;
+  virtual std::vector<std::uint32_t> elements() = 0;
+  /// Governing checks of all elements, by element number in the order written, then item.
+  virtual std::vector<GoverningRow> governing() = 0;
+  /// One record; combination 0 is the governing one.
+  virtual std::optional<T_RALU_D> read(std::uint32_t element, std::uint32_t combination,
+                                       int min_side) = 0;
+  /// All records of an element, in the order written, the governing one last.
+  virtual std::vector<StoredRecord> read_all(std::uint32_t element) = 0;
+  virtual std::vector<NotChecked> not_checked() = 0;
+};
+
+}  // namespace aluframe::store

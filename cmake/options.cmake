@@ -1,0 +1,20 @@
+# Compiler settings shared by every target of ours: warnings are errors, and numbers must repeat on
+# every machine, so neither fast-math, nor -march=native, nor contraction to fused multiply-add.
+add_library(aluframe_options INTERFACE)
+target_compile_options(aluframe_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -ffp-contract=off)
+
+if(ALUFRAME_COVERAGE)
+  target_compile_options(aluframe_options INTERFACE --coverage -O0)
+  target_link_options(aluframe_options INTERFACE --coverage)
+endif()
+if(ALUFRAME_SANITIZE)
+  target_compile_options(aluframe_options INTERFACE
+    -fsanitize=${ALUFRAME_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(aluframe_options INTERFACE -fsanitize=${ALUFRAME_SANITIZE})
+endif()
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()

@@ -1,0 +1,159 @@
+#pragma once
+
+#include "host/framework/collections.h"
+#include "host/framework/cstring.h"
+#include "host/host_api.h"
+#include "host/tz_db/attributes.h"
+#include "host/tz_db/forces.h"
+#include "host/tz_db/keys.h"
+#include "host/tz_db/model.h"
+#include "host/tz_db/ralu.h"
+
+// Services of the host's model and result libraries. Operations that fill a record return nonzero
+// when the host has it; then and only then the record is filled. A service may throw any
+// `std::exception` for a failure of its own; the module's entries catch it and end the run.
+
+class CDBDoc;
+
+/// Attributes of the model's entities, by key.
+class CAttrCtrl {
+ public:
+  virtual ~CAttrCtrl() = default;
+
+  virtual int GetCountElem(int option) const = 0;  ///< number of elements; `option` is 1
+  virtual int GetElem(UINT elem, T_ELEM_D& out) const = 0;
+  virtual int GetNode(UINT node, T_NODE_D& out) const = 0;
+  virtual int GetFrlsElem(UINT elem, T_FRLS_D& out) const = 0;
+  virtual int GetSupportCondition(UINT node, T_SUPPORT_D& out) const = 0;
+  /// Elements that have `node` as an end.
+  virtual int GetConnectedElem(UINT node, CArray<UINT>& out) const = 0;
+  /// Member type of an element. `scheme` 0: 1 column, 2 beam, 3 brace, 5 truss; `scheme` 1: 1 beam,
+  /// 2 column, 4 brace, 5 truss. 0 for an unknown element.
+  virtual int GetMemberType(UINT elem, int scheme) const = 0;
+  /// Nonzero for a frame element (beam or truss).
+  virtual int IsFrameType(UINT elem) const = 0;
+
+  /// Key of the member that the element with this display key belongs to; 0 when none.
+  virtual UINT GetMembAssigned(UINT displayKey) const = 0;
+  virtual int GetMemb(UINT memb, T_MEMB_D& out) const = 0;
+
+  virtual int GetSectDesign(UINT sect, T_SECT_DESIGN_D& out) const = 0;
+  virtual int GetMatlDesign(UINT matl, T_MATD_D& out) const = 0;
+
+  virtual int GetDalu(T_DALU_D& out) const = 0;
+  virtual int GetDctl(T_DCTL_D& out) const = 0;
+  virtual int GetAphi(UINT elem, T_APHI_D& out) const = 0;
+  virtual int GetArib(UINT elem, T_ARIB_D& out) const = 0;
+  virtual int GetAwed(UINT elem, T_AWED_D& out) const = 0;
+  virtual int GetAhtr(UINT elem, T_AHTR_D& out) const = 0;
+  virtual int GetCmft(UINT elem, T_CMFT_D& out) const = 0;
+  virtual int GetKfac(UINT elem, T_KFAC_D& out) const = 0;
+  virtual int GetLtsr(UINT elem, T_LTSR_D& out) const = 0;
+};
+
+/// Attributes derived from several entities.
+class CAttrCtrl2 {
+ public:
+  virtual ~CAttrCtrl2() = default;
+  /// Sum of the lengths of the member's elements.
+  virtual double GetMembTotalLength(UINT memb) const = 0;
+};
+
+/// Display of members.
+class CMembCtrl {
+ public:
+  virtual ~CMembCtrl() = default;
+  /// Display key of the member that includes `elem`: one element key stands for the whole member.
+  /// An element without a member is its own display key; 0 for an unknown element.
+  virtual UINT GetShowElemByIncludeElem(UINT elem) const = 0;
+};
+
+/// What the user has selected in the view.
+class CViewCtrl {
+ public:
+  virtual ~CViewCtrl() = default;
+  virtual void GetAllSelectedElem(CArray<UINT>& out) const = 0;
+};
+
+/// Current units of everything that the services hand out.
+class CUnitCtrl {
+ public:
+  virtual ~CUnitCtrl() = default;
+  virtual T_UNIT_INDEX GetUnitIndexCurrent() const = 0;
+  virtual void SetUnitIndexCurrent(const T_UNIT_INDEX& index, int option) = 0;
+};
+
+/// The aluminium design result store, and the element forces that design reads.
+class CAluDesignMgr {
+ public:
+  virtual ~CAluDesignMgr() = default;
+  /// Starts the result file of a new run. @return 0 when it cannot be created
+  virtual int CreateDesignResultFile() = 0;
+  /// Stores one element's record of a combination, or, under combination 0, the governing one.
+  virtual int WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lcomb, int minSide,
+                                int option) = 0;
+  /// Reads a stored record. @return 0 when there is none
+  virtual int ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide,
+                               int option) = 0;
+  /// Nonzero when the result file is complete and consistent.
+  virtual int CheckDesignFile() = 0;
+  /// Notes in the model whether design results exist.
+  virtual void SetDesignFlag(int flag) = 0;
+  /// Forces of an element for a combination. @return 0 when the host has none
+  virtual int GetElementForce(UINT elem, UINT lcomb, T_ALU_FORCE_D& out, bool minSide) = 0;
+};
+
+/// Order of the elements, and the result stores.
+class CPostCtrl {
+ public:
+  virtual ~CPostCtrl() = default;
+  /// Key of the `index`-th element in the host's order, counted from 1.
+  virtual UINT GetOriginElem(int index) const = 0;
+  virtual CAluDesignMgr& AluDgnMgr() = 0;
+};
+
+/// Section database.
+class CSectDB {
+ public:
+  virtual ~CSectDB() = default;
+  /// Computes warping constant, shear centre and centroid of a section.
+  /// @param flag 1 for a section given by its dimensions alone, else 0
+  virtual int CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D& out, int flag,
+                                 int option1, int option2, double option3) = 0;
+};
+
+/// Tools of aluminium design.
+class IAluDgnTool {
+ public:
+  virtual ~IAluDgnTool() = default;
+  /// 0 when aluminium design is switched off in the host.
+  virtual int IsUseAluDgn() const = 0;
+  /// Keeps the elements whose material is aluminium, in their order. `option` is 1.
+  virtual int FiltAluKeysByMatl(const CArray<UINT>& in, CArray<UINT>& out, int option) const = 0;
+  /// Design load combinations of a kind of design. @return their number
+  virtual int GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int kind, int option) const = 0;
+  /// Seismic type of a combination: 0 not seismic.
+  virtual int Get_SesiType(UINT lcomb, const CDBDoc* doc, int kind) const = 0;
+};
+
+/// The host's document: the way to all services of the model.
+class CDBDoc {
+ public:
+  virtual ~CDBDoc() = default;
+  /// The bound host's current document.
+  HOST_API static CDBDoc* GetDocPoint();
+
+  virtual CAttrCtrl& GetAttrCtrl() = 0;
+  virtual CAttrCtrl2& GetAttrCtrl2() = 0;
+  virtual CMembCtrl& GetMembCtrl() = 0;
+  virtual CViewCtrl& GetViewCtrl() = 0;
+  virtual CPostCtrl& GetPostCtrl() = 0;
+  virtual CUnitCtrl& GetUnitCtrl() = 0;
+  virtual CSectDB& GetSectDB() = 0;
+  virtual IAluDgnTool& GetAluDgnTool() = 0;
+
+  /// Length of an element between its nodes.
+  virtual double calcLAVElem(const T_ELEM_D& elem) const = 0;
+  /// True when nobody can answer a message box; messages then go to the history.
+  virtual bool IsRegTestMode() const = 0;
+};
