@@ -2,7 +2,9 @@
 # every machine, so neither fast-math, nor -march=native, nor contraction to fused multiply-add.
 add_library(aluframe_options INTERFACE)
 target_compile_options(aluframe_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -ffp-contract=off)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -ffp-contract=off
+  # g++ 12 takes the unused alternatives of a std::variant for uninitialised values.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 if(ALUFRAME_COVERAGE)
   target_compile_options(aluframe_options INTERFACE --coverage -O0)
@@ -17,4 +19,9 @@ endif()
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+# The code under a fuzz target reports its coverage to libFuzzer.
+if(ALUFRAME_FUZZ)
+  target_compile_options(aluframe_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
