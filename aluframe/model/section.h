@@ -25,7 +25,7 @@ std::string_view shape_names();
 /// of the web centres); P: D, t; 2C: H, B, tw, tf, C (gap between the backs); SR: D; UP: none.
 std::span<const std::string_view> dimension_names(Shape shape);
 /// How many of them must be given: the others have a default (B2 = B1, tf2 = tf1, C = B − tw for a
-/// box, r1 = r2 = 0).
+/// box, C = 0 for 2C, r1 = r2 = 0).
 std::size_t required_dimensions(Shape shape);
 
 /// Properties of a section about its centroid; y parallel to the flanges and positive to the right

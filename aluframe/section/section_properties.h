@@ -18,6 +18,12 @@ std::optional<DimensionProblem> find_dimension_problem(const model::Section& sec
 /// Properties of a section: computed from its dimensions by closed formulas, then overridden by
 /// what the user gave. The section must have no dimension problem; shape `other` must have the
 /// properties it requires.
+///
+/// A warping constant of 0 (T, P, SR and box by theory, or given) becomes 1e-9·Izz·H²: the critical
+/// moment divides by it, and its limit for vanishing warping stiffness is the right answer.
+///
+///     if (const auto problem = find_dimension_problem(section)) return problem->text;
+///     const model::SectionProperties properties = properties_of(section);
 model::SectionProperties properties_of(const model::Section& section);
 
 }  // namespace aluframe::section
