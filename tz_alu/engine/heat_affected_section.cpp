@@ -1,0 +1,137 @@
+#include "tz_alu/engine/heat_affected_section.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "tz_alu/engine/section_geometry.h"
+
+namespace alu_engine {
+
+namespace {
+
+using DIMENSION = double PLATE_DIMS::*;
+
+// How the welds cut up a shape.
+struct HAZ_SHAPE {
+  std::int32_t nShape;
+  double dClearParts, dClearHaz, dClearWebs;  // clear flange width: parts·(B − haz·b − webs·tw)
+  double dStripHaz, dStripWebs;               // strip of a flange: haz·b + webs·tw
+  double dBottomOwnHaz, dBottomOwnWebs;       // the same for the bottom strip's own inertia
+  DIMENSION bottomB, bottomTf;                // what gives the bottom flange its size
+  int nFlanges, nWebs;
+};
+
+constexpr DIMENSION kB1 = &PLATE_DIMS::B1;
+constexpr DIMENSION kB2 = &PLATE_DIMS::B2;
+constexpr DIMENSION kTf1 = &PLATE_DIMS::tf1;
+constexpr DIMENSION kTf2 = &PLATE_DIMS::tf2;
+
+// kept: the own inertia of a box's bottom strip is formed with half its width, b + tw.
+// kept: both flanges of a box take the width B1, both of a double channel the thickness tf1.
+constexpr HAZ_SHAPE kShapes[] = {
+    {ALU_SHAPE_C, 1.0, 1.0, 1.0, 1.0, 1.0, 1.0, 1.0, kB2, kTf2, 2, 1},
+    {ALU_SHAPE_H, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, kB2, kTf2, 2, 1},
+    {ALU_SHAPE_T, 2.0, 1.0, 1.0, 2.0, 1.0, 0.0, 0.0, kB1, kTf1, 1, 1},
+    {ALU_SHAPE_B, 1.0, 2.0, 2.0, 2.0, 2.0, 1.0, 1.0, kB1, kTf2, 2, 2},
+    {ALU_SHAPE_2C, 2.0, 1.0, 1.0, 2.0, 2.0, 2.0, 2.0, kB1, kTf1, 2, 2},
+};
+
+const HAZ_SHAPE* FindShape(std::int32_t nShape) {
+  const auto* found = std::find_if(std::begin(kShapes), std::end(kShapes),
+                                   [nShape](const HAZ_SHAPE& row) { return row.nShape == nShape; });
+  return found == std::end(kShapes) ? nullptr : found;
+}
+
+double Cube(double x) {
+  return x * x * x;
+}
+
+double ClearWidth(const HAZ_SHAPE& shape, double width, double tw, double b) {
+  return std::max(shape.dClearParts * (width - shape.dClearHaz * b - shape.dClearWebs * tw), 0.0);
+}
+
+double ClearWebHeight(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b) {
+  if (shape.nFlanges == 1) return std::max(dims.H - dims.tf1 - 2.0 * b, 0.0);
+  if (shape.bottomTf == kTf1) return std::max(dims.H - 2.0 * dims.tf1 - 2.0 * b, 0.0);
+  return std::max(dims.H - dims.tf1 - dims.*shape.bottomTf - 2.0 * b, 0.0);
+}
+
+double FlangeInertia(const HAZ_FLANGE& flange, double rho) {
+  const auto& [bf, tf, strip, ownStrip, fibre] = flange;
+  const double d = fibre - tf / 2.0;
+  return (bf + strip * rho) * tf * (d * d) + bf * Cube(tf) / 12.0 +
+         ownStrip * Cube(rho * tf) / 12.0;
+}
+
+double WebInertia(const HAZ_PLATES& plates, const HAZ& haz) {
+  const double rho = haz.dFactor;
+  const double b = haz.dWidth;
+  double offsets = 0.0;
+  for (int i = 0; i < plates.nFlanges; ++i) {
+    const double d = plates.flange[i].fibre - plates.flange[i].tf - b / 2.0;
+    offsets += d * d;
+  }
+  const int strips = plates.nWebs * plates.nFlanges;
+  return Cube(plates.hw) * plates.tw / (12.0 / plates.nWebs) +
+         rho * plates.tw * Cube(b) / (12.0 / strips) + plates.nWebs * rho * plates.tw * b * offsets;
+}
+
+double Inertia(const HAZ_PLATES& plates, const HAZ& haz) {
+  double inertia = 0.0;
+  for (int i = 0; i < plates.nFlanges; ++i) {
+    inertia += FlangeInertia(plates.flange[i], haz.dFactor);
+  }
+  return inertia + WebInertia(plates, haz);
+}
+
+double Area(const HAZ_PLATES& plates, const HAZ& haz) {
+  const HAZ_FLANGE& top = plates.flange[0];
+  const HAZ_FLANGE& bottom = plates.flange[1];
+  const double rho = haz.dFactor;
+  const int strips = plates.nWebs * plates.nFlanges;
+  return top.bf * top.tf + top.strip * (top.tf + bottom.tf) * rho + bottom.bf * bottom.tf +
+         strips * haz.dWidth * plates.tw * rho + plates.nWebs * plates.hw * plates.tw;
+}
+
+HAZ_FLANGE TopFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b, double fibre) {
+  const double strip = shape.dStripHaz * b + shape.dStripWebs * dims.tw;
+  return {ClearWidth(shape, dims.B1, dims.tw, b), dims.tf1, strip, strip, fibre};
+}
+
+HAZ_FLANGE BottomFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b, double fibre) {
+  if (shape.nFlanges == 1) return {0.0, 0.0, 0.0, 0.0, fibre};
+  const double strip = shape.dStripHaz * b + shape.dStripWebs * dims.tw;
+  const double ownStrip = shape.dBottomOwnHaz * b + shape.dBottomOwnWebs * dims.tw;
+  return {ClearWidth(shape, dims.*shape.bottomB, dims.tw, b), dims.*shape.bottomTf, strip, ownStrip,
+          fibre};
+}
+
+}  // namespace
+
+bool HasHazPlates(std::int32_t nShape) {
+  return FindShape(nShape) != nullptr;
+}
+
+HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth) {
+  const HAZ_SHAPE& shape = *FindShape(sect.nShape);
+  const PLATE_DIMS dims = PlateDims(sect);
+  return {{TopFlange(shape, dims, hazWidth, std::fabs(sect.dPtZ[0])),
+           BottomFlange(shape, dims, hazWidth, std::fabs(sect.dPtZ[2]))},
+          shape.nFlanges,
+          ClearWebHeight(shape, dims, hazWidth),
+          dims.tw,
+          shape.nWebs};
+}
+
+ALU_CAL_SECTPARA HeatAffectedSection(const ALU_SECT_DATA& sect, const HAZ& haz) {
+  const HAZ_PLATES plates = HazPlates(sect, haz.dWidth);
+  const double inertia = Inertia(plates, haz);
+  ALU_CAL_SECTPARA para;
+  para.dA = Area(plates, haz);
+  para.dW1 = inertia / plates.flange[0].fibre;
+  para.dW2 = inertia / plates.flange[1].fibre;
+  para.dWz = WeakAxisModulus(sect);
+  return para;
+}
+
+}  // namespace alu_engine

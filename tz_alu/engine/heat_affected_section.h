@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tz_alu/records/alu_cal.h"
+#include "tz_alu/records/alu_dgn_data.h"
+
+// Sections of welded members. Beside every weld a strip of each plate is softened by the heat;
+// GB 50429-2007 lets it count with a reduced thickness ρhaz·t.
+
+namespace alu_engine {
+
+/// The heat-affected zones of a member.
+struct HAZ {
+  double dWidth;   ///< b_haz: extent on each side of a weld, mm, ≥ 0
+  double dFactor;  ///< ρhaz, 0 < ρhaz ≤ 1
+};
+
+/// A flange of a welded section: a clear part of full thickness and a heat-affected strip.
+struct HAZ_FLANGE {
+  double bf;        ///< clear width, ≥ 0, mm
+  double tf;        ///< thickness, mm
+  double strip;     ///< width of the heat-affected strip, mm
+  double ownStrip;  ///< width that the strip's own inertia is formed with, mm
+  double fibre;     ///< distance of the outer fibre from the y axis, |z1| or |z3|, mm
+};
+
+/// The plates of a welded section.
+struct HAZ_PLATES {
+  HAZ_FLANGE flange[2];  ///< top, bottom
+  int nFlanges;          ///< 1 for a tee, which has no bottom flange
+  double hw;             ///< clear web height between the strips, ≥ 0, mm
+  double tw;             ///< thickness of one web, mm
+  int nWebs;             ///< 2 for a box and a double channel
+};
+
+/// Whether welds reduce the shape: pipes and solid rounds keep their gross section.
+bool HasHazPlates(std::int32_t nShape);
+
+/// Splits the section into clear parts and strips. A clear width is 0 when the strips cover the
+/// plate; strips are never shortened. Only for shapes with `HasHazPlates`.
+HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth);
+
+/// Area and strong-axis moduli with the strips reduced, W1 = I/|z1| and W2 = I/|z3|; the weak-axis
+/// modulus stays that of the gross section. Plate slenderness ratios stay 0.
+/// Precondition: `HasHazPlates`; |z1| and |z3| not zero.
+ALU_CAL_SECTPARA HeatAffectedSection(const ALU_SECT_DATA& sect, const HAZ& haz);
+
+}  // namespace alu_engine
