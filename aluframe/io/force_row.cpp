@@ -1,0 +1,103 @@
+#include "aluframe/io/force_row.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+#include "aluframe/io/failure.h"
+#include "aluframe/io/json_value.h"
+#include "aluframe/io/suggestion.h"
+#include "aluframe/io/text_file.h"
+
+namespace aluframe::io {
+
+namespace {
+
+constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+
+bool equal_but_for_case(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [&](char x, char y) { return lower(x) == lower(y); });
+}
+
+/// Place of a name among the columns; their number when it is none of them.
+std::size_t column_of(std::string_view name) {
+  std::size_t column = 0;
+  while (column < force_columns.size() && !equal_but_for_case(force_columns[column], name)) {
+    ++column;
+  }
+  return column;
+}
+
+/// The number that the whole of a text is, and nothing; or what a number must be.
+std::pair<double, std::string_view> parse_number(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double value = 0.0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error == std::errc::invalid_argument || end != text.data() + text.size()) {
+    return {0.0, "must be a number"};
+  }
+  const bool is_in_range = error == std::errc{} && std::abs(value) <= largest_number;
+  return {value, is_in_range ? std::string_view() : number_range};
+}
+
+}  // namespace
+
+ColumnOrder read_header(const CsvRows& rows) {
+  const auto fail = [&](std::string text) {
+    throw Failure{fmt::format("line {}", rows.line()), std::move(text)};
+  };
+  ColumnOrder order;
+  order.fill(nowhere);
+  for (std::size_t cell = 0; cell < rows.cells().size(); ++cell) {
+    const std::string& name = rows.cells()[cell];
+    const std::size_t column = column_of(name);
+    if (column == force_columns.size()) {
+      fail(unknown_name_text("column " + in_quotes(name), name, force_columns));
+    }
+    if (order[column] != nowhere) {
+      fail(fmt::format("column \"{}\" is given twice", force_columns[column]));
+    }
+    order[column] = cell;
+  }
+  for (std::size_t column = 0; column < order.size(); ++column) {
+    if (order[column] == nowhere) fail(fmt::format("missing column \"{}\"", force_columns[column]));
+  }
+  return order;
+}
+
+ForceRow::ForceRow(const CsvRows& rows, const ColumnOrder& order) : rows_(rows), order_(order) {
+  if (rows.cells().size() != order.size()) {
+    fail(fmt::format("found {} cells, the header has {}", rows.cells().size(), order.size()));
+  }
+}
+
+double ForceRow::number(std::size_t column) const {
+  const auto [value, fault] = parse_number(cell(column));
+  if (!fault.empty()) fail_with(column, fault);
+  return value;
+}
+
+model::Number ForceRow::whole(std::size_t column, model::Number low, model::Number high) const {
+  const double value = number(column);
+  if (!(value >= low && value <= high) || value != std::floor(value)) {
+    fail_with(column, fmt::format("must be a whole number from {} to {}", low, high));
+  }
+  return static_cast<model::Number>(value);
+}
+
+void ForceRow::fail(std::string text) const {
+  throw Failure{fmt::format("line {}", rows_.line()), std::move(text)};
+}
+
+void ForceRow::fail_with(std::size_t column, std::string_view allowed) const {
+  fail(fmt::format("{}: found {}, {}", force_columns[column], in_quotes(cell(column)), allowed));
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "aluframe/io/json_value.h"
+#include "aluframe/io/scales.h"
+#include "aluframe/model/model.h"
+
+/// Readers of the parts of a model file, one function a topic. Each takes the file's root object,
+/// converts to N and mm, checks what it can check with the parts read before it, and throws Failure
+/// at the first fault. Order: units, settings, materials, sections, nodes, supports, elements,
+/// members, load cases, combinations, forces.
+namespace aluframe::io {
+
+model::Units read_units(const JsonObject& root);
+void read_settings(const JsonObject& root, model::Model& model);
+void read_materials(const JsonObject& root, model::Model& model);
+void read_sections(const JsonObject& root, const Scales& scales, model::Model& model);
+void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model);
+void read_supports(const JsonObject& root, model::Model& model);
+/// Needs materials, sections and nodes.
+void read_elements(const JsonObject& root, const Scales& scales, model::Model& model);
+void read_members(const JsonObject& root, model::Model& model);
+void read_load_cases(const JsonObject& root, model::Model& model);
+void read_combinations(const JsonObject& root, model::Model& model);
+/// Needs elements and load cases. The table keeps its size 0 when the file has no forces.
+void read_forces(const JsonObject& root, const Scales& scales, model::Model& model);
+
+/// Design attributes of an element from its `design` object.
+model::ElementDesign read_element_design(const JsonValue& design, const Scales& scales);
+/// Length factors {y, z} when the object has them.
+std::optional<model::ElementDesign::AxisPair> read_axis_pair(const JsonObject& object,
+                                                             std::string_view field);
+
+/// The number of an entity that must be in the table; `what` names its kind in the message.
+template <class Entity>
+model::Number read_reference(const JsonValue& value, const model::Table<Entity>& table,
+                             std::string_view what) {
+  const model::Number number = value.entity_number();
+  if (table.find(number) == nullptr) {
+    value.fail(std::string(what) + ' ' + std::to_string(number) + " does not exist");
+  }
+  return number;
+}
+
+/// Appends an entity read from `object`, whose number must be new.
+template <class Entity>
+void add_entity(const JsonObject& object, model::Table<Entity>& table, Entity entity,
+                std::string_view list) {
+  const model::Number number = entity.number;
+  if (table.add(std::move(entity))) return;
+  object.required("number").fail("number " + std::to_string(number) + " is taken by /" +
+                                 std::string(list) + '/' + std::to_string(table.position(number)));
+}
+
+}  // namespace aluframe::io

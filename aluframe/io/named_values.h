@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "aluframe/model/loads.h"
+#include "aluframe/model/structure.h"
+
+namespace aluframe::io {
+
+/// A value and its name in model files.
+template <class Value>
+struct NamedValue {
+  std::string_view name;
+  Value value;
+};
+
+inline constexpr std::array element_kinds{
+    NamedValue{"beam", model::ElementKind::beam},
+    NamedValue{"truss", model::ElementKind::truss},
+};
+
+inline constexpr std::array member_types{
+    NamedValue{"column", model::MemberType::column},
+    NamedValue{"beam", model::MemberType::beam},
+    NamedValue{"brace", model::MemberType::brace},
+    NamedValue{"truss", model::MemberType::truss},
+};
+
+inline constexpr std::array load_case_kinds{
+    NamedValue{"static", model::LoadCaseKind::static_load},
+    NamedValue{"seismic_static", model::LoadCaseKind::seismic_static},
+    NamedValue{"response_spectrum", model::LoadCaseKind::response_spectrum},
+    NamedValue{"time_history", model::LoadCaseKind::time_history},
+    NamedValue{"settlement", model::LoadCaseKind::settlement},
+};
+
+inline constexpr std::array combination_kinds{
+    NamedValue{"linear", model::CombinationKind::linear},
+    NamedValue{"envelope", model::CombinationKind::envelope},
+};
+
+/// Supported directions, by their place in model::Support::restrained.
+inline constexpr std::array<NamedValue<std::size_t>, 6> support_directions{
+    {{"Dx", 0}, {"Dy", 1}, {"Dz", 2}, {"Rx", 3}, {"Ry", 4}, {"Rz", 5}}};
+
+/// Force components of an element, by their place in model::SectionForces and in one end's half of
+/// model::Element::released. Also the columns of a force table.
+inline constexpr std::array<NamedValue<std::size_t>, 6> force_components{
+    {{"N", 0}, {"Fy", 1}, {"Fz", 2}, {"Mx", 3}, {"My", 4}, {"Mz", 5}}};
+
+/// The name of a value, which must be in the table.
+template <class Value, std::size_t Size>
+std::string_view name_in(const std::array<NamedValue<Value>, Size>& table, Value value) {
+  for (const NamedValue<Value>& entry : table) {
+    if (entry.value == value) return entry.name;
+  }
+  return {};
+}
+
+/// All names, joined for messages: "linear, envelope".
+template <class Value>
+std::string names_of(std::span<const NamedValue<Value>> table) {
+  std::string names;
+  for (const NamedValue<Value>& entry : table) {
+    if (!names.empty()) names += ", ";
+    names += entry.name;
+  }
+  return names;
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,104 @@
+#include <array>
+#include <string>
+#include <utility>
+
+#include "aluframe/io/failure.h"
+#include "aluframe/io/model_reader.h"
+#include "aluframe/io/named_values.h"
+#include "aluframe/io/text_file.h"
+#include "aluframe/model/combinations.h"
+
+namespace aluframe::io {
+
+namespace {
+
+using Source = model::CombinationTerm::Source;
+
+constexpr auto load_case_fields = std::to_array<std::string_view>({"number", "name", "kind"});
+constexpr auto combination_fields =
+    std::to_array<std::string_view>({"number", "name", "kind", "terms", "seismic", "design"});
+constexpr auto term_fields = std::to_array<std::string_view>({"case", "combination", "factor"});
+/// Bytes of a message that lists the combinations of a cycle, which may be thousands.
+constexpr std::size_t longest_cycle = 200;
+
+/// The combination that a term may name is looked up when all are read.
+model::CombinationTerm read_term(const JsonValue& value, const model::Model& model) {
+  const JsonObject object(value, term_fields);
+  const std::optional<JsonValue> load_case = object.optional("case");
+  const std::optional<JsonValue> combination = object.optional("combination");
+  if (load_case && combination) combination->fail("not allowed beside \"case\"");
+  if (!load_case && !combination) value.fail("missing field \"case\" or \"combination\"");
+  model::CombinationTerm term;
+  if (load_case) {
+    term.number = read_reference(*load_case, model.load_cases, "load case");
+  } else {
+    term.source = Source::combination;
+    term.number = combination->entity_number();
+  }
+  term.factor = object.number_or("factor", 1.0);
+  return term;
+}
+
+model::Combination read_combination(const JsonObject& object, const model::Model& model) {
+  model::Combination combination;
+  combination.number = object.required("number").entity_number();
+  combination.name = object.string_or("name", "");
+  if (const auto kind = object.optional("kind")) {
+    combination.kind = kind->one_of<model::CombinationKind>(combination_kinds);
+  }
+  combination.seismic = object.boolean_or("seismic", false);
+  combination.design = object.boolean_or("design", true);
+  const JsonValue terms = object.required("terms");
+  for (const JsonValue term : terms.list()) combination.terms.push_back(read_term(term, model));
+  if (combination.terms.empty()) terms.fail_with("a combination needs at least one term");
+  return combination;
+}
+
+/// All terms that name combinations, now that all combinations are known.
+void require_existing_combinations(const JsonValue& list, const model::Model& model) {
+  for (const JsonValue combination : list.list()) {
+    const JsonObject object(combination, combination_fields);
+    for (const JsonValue term : object.required("terms").list()) {
+      if (const auto number = term.field("combination")) {
+        read_reference(*number, model.combinations, "combination");
+      }
+    }
+  }
+}
+
+std::string path_of(const model::CombinationProblem& problem) {
+  return "/combinations/" + std::to_string(problem.combination) + "/terms/" +
+         std::to_string(problem.term);
+}
+
+}  // namespace
+
+void read_load_cases(const JsonObject& root, model::Model& model) {
+  const std::optional<JsonValue> list = root.optional("load_cases");
+  if (!list) return;
+  for (const JsonValue value : list->list()) {
+    const JsonObject object(value, load_case_fields);
+    model::LoadCase load_case;
+    load_case.number = object.required("number").entity_number();
+    load_case.name = object.string_or("name", "");
+    if (const auto kind = object.optional("kind")) {
+      load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
+    }
+    add_entity(object, model.load_cases, std::move(load_case), "load_cases");
+  }
+}
+
+void read_combinations(const JsonObject& root, model::Model& model) {
+  const std::optional<JsonValue> list = root.optional("combinations");
+  if (!list) return;
+  for (const JsonValue value : list->list()) {
+    const JsonObject object(value, combination_fields);
+    add_entity(object, model.combinations, read_combination(object, model), "combinations");
+  }
+  require_existing_combinations(*list, model);
+  if (const auto problem = model::find_combination_problem(model.combinations)) {
+    throw Failure{path_of(*problem), shown(problem->text, longest_cycle)};
+  }
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,71 @@
+#include <array>
+#include <string>
+#include <utility>
+
+#include "aluframe/catalogue/alloys.h"
+#include "aluframe/io/format_names.h"
+#include "aluframe/io/model_reader.h"
+
+namespace aluframe::io {
+
+namespace {
+
+constexpr auto material_fields = std::to_array<std::string_view>(
+    {"number", "name", "alloy", "grade", "standard", "f02_thin", "f02_thick", "fu", "e", "poisson",
+     "density", "thermal_expansion"});
+/// Fields that an alloy of the table determines.
+constexpr auto own_value_fields =
+    std::to_array<std::string_view>({"grade", "standard", "f02_thin", "f02_thick", "fu", "e",
+                                     "poisson", "density", "thermal_expansion"});
+
+/// Poisson's ratio of an isotropic solid lies between these; a negative one is no alloy's.
+constexpr double lowest_poisson = 0.0;
+constexpr double highest_poisson = 0.5;
+
+model::Material read_alloy(const JsonObject& object, const JsonValue& alloy) {
+  for (const std::string_view field : own_value_fields) {
+    if (const std::optional<JsonValue> value = object.optional(field)) {
+      value->fail("not allowed beside \"alloy\", which determines it");
+    }
+  }
+  const catalogue::Alloy* row = catalogue::find_alloy(alloy.string());
+  if (row == nullptr) alloy.fail_with("must be one of " + catalogue::alloy_names());
+  return catalogue::material_of(*row);
+}
+
+model::Material read_own_values(const JsonObject& object) {
+  const std::optional<JsonValue> grade = object.optional("grade");
+  if (!grade) {
+    object.value().fail(
+        "missing field \"alloy\", or \"grade\", \"f02_thin\" and \"fu\" for values of your own");
+  }
+  model::Material material;
+  material.grade = grade->string();
+  material.standard = object.string_or("standard", user_standard);
+  material.f02_thin = object.required("f02_thin").positive();
+  material.f02_thick = object.positive_or("f02_thick", material.f02_thin);
+  material.fu = object.required("fu").positive();
+  material.e = object.positive_or("e", material.e);
+  if (const auto poisson = object.optional("poisson")) {
+    material.poisson = poisson->between(lowest_poisson, highest_poisson);
+  }
+  material.density = object.not_negative_or("density", material.density);
+  material.thermal_expansion = object.number_or("thermal_expansion", material.thermal_expansion);
+  return material;
+}
+
+}  // namespace
+
+void read_materials(const JsonObject& root, model::Model& model) {
+  for (const JsonValue value : root.required("materials").list()) {
+    const JsonObject object(value, material_fields);
+    const model::Number number = object.required("number").entity_number();
+    const std::optional<JsonValue> alloy = object.optional("alloy");
+    model::Material material = alloy ? read_alloy(object, *alloy) : read_own_values(object);
+    material.number = number;
+    material.name = object.string_or("name", "");
+    add_entity(object, model.materials, std::move(material), "materials");
+  }
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,146 @@
+#include <array>
+#include <string>
+#include <utility>
+
+#include "aluframe/io/model_reader.h"
+#include "aluframe/io/section_defaults.h"
+#include "aluframe/section/section_properties.h"
+
+namespace aluframe::io {
+
+namespace {
+
+using model::Shape;
+
+constexpr auto section_fields = std::to_array<std::string_view>(
+    {"number", "name", "shape", "dimensions", "welded", "properties"});
+constexpr auto property_fields = std::to_array<std::string_view>(
+    {"area", "it", "iyy", "izz", "qyb", "qzb", "iw", "shear_centre_z", "point_y", "point_z"});
+/// Without these a section that is given by its properties alone has no stresses.
+constexpr auto needed_properties =
+    std::to_array<std::string_view>({"area", "iyy", "izz", "point_y", "point_z"});
+
+Shape read_shape(const JsonValue& value) {
+  const std::optional<Shape> shape = model::parse_shape(value.string());
+  if (!shape) value.fail_with("must be one of " + std::string(model::shape_names()));
+  return *shape;
+}
+
+/// Radii and the gap between two channels may be 0; all that make up the shape are positive.
+bool may_be_zero(std::string_view dimension, Shape shape) {
+  return dimension.starts_with('r') || (dimension == "C" && shape == Shape::double_channel);
+}
+
+std::array<double, 8> read_dimensions(const JsonObject& object, Shape shape, double scale) {
+  const std::span<const std::string_view> names = model::dimension_names(shape);
+  std::array<double, 8> dimensions{};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const bool required = i < model::required_dimensions(shape);
+    const std::optional<JsonValue> value =
+        required ? object.required(names[i]) : object.optional(names[i]);
+    if (!value) {
+      dimensions[i] = default_dimension(shape, i, dimensions);
+    } else {
+      dimensions[i] =
+          scale * (may_be_zero(names[i], shape) ? value->not_negative() : value->positive());
+    }
+  }
+  return dimensions;
+}
+
+std::array<double, 4> read_points(const JsonValue& value, double scale) {
+  if (const std::size_t count = value.list().size(); count != 4) {
+    value.fail("found " + std::to_string(count) + " numbers, must be 4, one for each stress point");
+  }
+  std::array<double, 4> points{};
+  std::size_t i = 0;
+  for (const JsonValue point : value.list()) points[i++] = scale * point.number();
+  return points;
+}
+
+model::GivenProperties read_properties(const JsonValue& value, const Scales& scales) {
+  const JsonObject object(value, property_fields);
+  model::GivenProperties given;
+  const auto read = [&](std::string_view field, double scale, auto access) {
+    const std::optional<JsonValue> found = object.optional(field);
+    return found ? std::optional(scale * ((*found).*access)()) : std::nullopt;
+  };
+  given.area = read("area", scales.section_2, &JsonValue::positive);
+  given.iyy = read("iyy", scales.section_4, &JsonValue::positive);
+  given.izz = read("izz", scales.section_4, &JsonValue::positive);
+  given.it = read("it", scales.section_4, &JsonValue::not_negative);
+  given.qyb = read("qyb", scales.section_2, &JsonValue::not_negative);
+  given.qzb = read("qzb", scales.section_2, &JsonValue::not_negative);
+  given.iw = read("iw", scales.section_6, &JsonValue::not_negative);
+  given.shear_centre_z = read("shear_centre_z", scales.section, &JsonValue::number);
+  if (const auto points = object.optional("point_y")) {
+    given.point_y = read_points(*points, scales.section);
+  }
+  if (const auto points = object.optional("point_z")) {
+    given.point_z = read_points(*points, scales.section);
+  }
+  return given;
+}
+
+void require_needed_properties(const JsonObject& section) {
+  const JsonObject properties(section.required("properties"), property_fields);
+  for (const std::string_view field : needed_properties) {
+    static_cast<void>(properties.required(field));
+  }
+}
+
+/// Fails at the dimension that keeps the shape from being built, or at `dimensions` when that one
+/// has its default value.
+void require_buildable(const JsonObject& dimensions, const model::Section& section) {
+  const auto problem = section::find_dimension_problem(section);
+  if (!problem) return;
+  const std::string_view name = model::dimension_names(section.shape)[problem->dimension];
+  dimensions.optional(name).value_or(dimensions.value()).fail(problem->text);
+}
+
+model::Section read_section(const JsonObject& object, const Scales& scales) {
+  model::Section section;
+  section.number = object.required("number").entity_number();
+  section.name = object.string_or("name", "");
+  section.shape = read_shape(object.required("shape"));
+  section.welded = object.boolean_or("welded", false);
+  if (section.shape == Shape::other) require_needed_properties(object);
+  if (const auto properties = object.optional("properties")) {
+    section.given = read_properties(*properties, scales);
+  }
+  const std::optional<JsonValue> value =
+      section.shape == Shape::other ? object.optional("dimensions") : object.required("dimensions");
+  if (value) {
+    const JsonObject dimensions(*value, model::dimension_names(section.shape));
+    section.dimensions = read_dimensions(dimensions, section.shape, scales.section);
+    if (section.shape != Shape::other) require_buildable(dimensions, section);
+  }
+  return section;
+}
+
+}  // namespace
+
+double default_dimension(Shape shape, std::size_t dimension,
+                         const std::array<double, 8>& dimensions) {
+  const auto names = model::dimension_names(shape);
+  const auto value_of = [&](std::string_view name) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (names[i] == name) return dimensions[i];
+    }
+    return 0.0;
+  };
+  const std::string_view name = names[dimension];
+  if (name == "B2") return value_of("B1");
+  if (name == "tf2") return value_of("tf1");
+  if (name == "C" && shape == Shape::box) return value_of("B") - value_of("tw");
+  return 0.0;
+}
+
+void read_sections(const JsonObject& root, const Scales& scales, model::Model& model) {
+  for (const JsonValue value : root.required("sections").list()) {
+    const JsonObject object(value, section_fields);
+    add_entity(object, model.sections, read_section(object, scales), "sections");
+  }
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,72 @@
+#include <array>
+
+#include "aluframe/io/format_names.h"
+#include "aluframe/io/model_reader.h"
+
+namespace aluframe::io {
+
+namespace {
+
+constexpr auto unit_fields = std::to_array<std::string_view>({"force", "length", "section"});
+constexpr auto settings_fields =
+    std::to_array<std::string_view>({"code", "rib", "rib_ratio", "safety_class", "strength_ratio",
+                                     "seismic", "gamma_re_strength", "gamma_re_stability"});
+constexpr auto frame_fields = std::to_array<std::string_view>({"braced_a", "braced_b"});
+
+void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
+  const std::optional<JsonValue> value = units.optional("force");
+  if (!value) return;
+  const std::optional<model::ForceUnit> found = model::parse_force_unit(value->string());
+  if (!found) value->fail_with("must be one of " + std::string(model::force_unit_names()));
+  unit = *found;
+}
+
+void read_length_unit(const JsonObject& units, std::string_view field, model::LengthUnit& unit) {
+  const std::optional<JsonValue> value = units.optional(field);
+  if (!value) return;
+  const std::optional<model::LengthUnit> found = model::parse_length_unit(value->string());
+  if (!found) value->fail_with("must be one of " + std::string(model::length_unit_names()));
+  unit = *found;
+}
+
+model::DesignSettings read_design_settings(const JsonObject& object) {
+  model::DesignSettings settings;
+  if (const auto code = object.optional("code")) code->require_text(shown_code_name);
+  if (const auto safety_class = object.optional("safety_class")) {
+    settings.safety_class = safety_class->whole(1, 3);
+  }
+  settings.rib = object.boolean_or("rib", settings.rib);
+  settings.rib_ratio = object.positive_or("rib_ratio", settings.rib_ratio);
+  settings.strength_ratio = object.positive_or("strength_ratio", settings.strength_ratio);
+  settings.seismic = object.boolean_or("seismic", settings.seismic);
+  settings.gamma_re_strength = object.positive_or("gamma_re_strength", settings.gamma_re_strength);
+  settings.gamma_re_stability =
+      object.positive_or("gamma_re_stability", settings.gamma_re_stability);
+  return settings;
+}
+
+}  // namespace
+
+model::Units read_units(const JsonObject& root) {
+  model::Units units;
+  if (const std::optional<JsonValue> value = root.optional("units")) {
+    const JsonObject object(*value, unit_fields);
+    read_force_unit(object, units.force);
+    read_length_unit(object, "length", units.length);
+    read_length_unit(object, "section", units.section);
+  }
+  return units;
+}
+
+void read_settings(const JsonObject& root, model::Model& model) {
+  if (const std::optional<JsonValue> value = root.optional("settings")) {
+    model.design = read_design_settings(JsonObject(*value, settings_fields));
+  }
+  if (const std::optional<JsonValue> value = root.optional("frame")) {
+    const JsonObject object(*value, frame_fields);
+    model.frame = model::FrameSettings{.braced_a = object.boolean_or("braced_a", false),
+                                       .braced_b = object.boolean_or("braced_b", false)};
+  }
+}
+
+}  // namespace aluframe::io

@@ -1,0 +1,183 @@
+#include <algorithm>
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "aluframe/io/model_reader.h"
+#include "aluframe/io/named_values.h"
+#include "aluframe/model/members.h"
+
+namespace aluframe::io {
+
+namespace {
+
+constexpr auto node_fields = std::to_array<std::string_view>({"number", "name", "x", "y", "z"});
+constexpr auto support_fields = std::to_array<std::string_view>({"node", "restrained"});
+constexpr auto element_fields =
+    std::to_array<std::string_view>({"number", "name", "nodes", "section", "material", "beta",
+                                     "kind", "member_type", "releases", "design"});
+constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"});
+constexpr auto member_fields =
+    std::to_array<std::string_view>({"number", "name", "elements", "length_factors"});
+
+constexpr std::string_view all_directions = "all";
+/// Nodes closer than this stand at the same point: no profile is that short, and the direction of
+/// such an element would be noise.
+constexpr double shortest_element = 1e-3;  // mm
+
+/// Switches on the places that a list of names, each given once, stands for. `flags` starts at the
+/// first of the six.
+void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> names,
+                std::span<bool> flags) {
+  for (const JsonValue value : list.list()) {
+    const std::size_t place = value.one_of(names);
+    if (flags[place]) value.fail_with("which is given before");
+    flags[place] = true;
+  }
+}
+
+model::Support read_support(const JsonValue& value, const model::Model& model) {
+  const JsonObject object(value, support_fields);
+  model::Support support;
+  support.node = read_reference(object.required("node"), model.nodes, "node");
+  const JsonValue restrained = object.required("restrained");
+  if (restrained.kind() == JsonValue::Kind::string) {
+    restrained.require_text(all_directions);
+    support.restrained.fill(true);
+  } else {
+    read_flags(restrained, support_directions, support.restrained);
+  }
+  return support;
+}
+
+std::array<model::Number, 2> read_end_nodes(const JsonValue& value, const model::Model& model) {
+  if (const std::size_t count = value.list().size(); count != 2) {
+    value.fail("found " + std::to_string(count) + " node numbers, must be 2: start and end");
+  }
+  std::array<model::Number, 2> nodes{};
+  std::size_t i = 0;
+  for (const JsonValue node : value.list()) nodes[i++] = read_reference(node, model.nodes, "node");
+  return nodes;
+}
+
+std::array<bool, 12> read_releases(const JsonValue& value) {
+  const JsonObject object(value, release_fields);
+  std::array<bool, 12> released{};
+  const std::span<bool> all(released);
+  if (const auto start = object.optional("start")) {
+    read_flags(*start, force_components, all.first(6));
+  }
+  if (const auto end = object.optional("end")) read_flags(*end, force_components, all.last(6));
+  return released;
+}
+
+/// Fails at the `nodes` of an element without length.
+void require_length(const JsonObject& object, const model::Element& element,
+                    const model::Model& model) {
+  const auto [start, end] = element.nodes;
+  const JsonValue nodes = object.required("nodes");
+  if (start == end) nodes.fail("the element starts and ends at node " + std::to_string(start));
+  if (model::element_length(model, element) < shortest_element) {
+    nodes.fail("nodes " + std::to_string(start) + " and " + std::to_string(end) +
+               " are at the same point");
+  }
+}
+
+model::Element read_element(const JsonObject& object, const Scales& scales,
+                            const model::Model& model) {
+  model::Element element;
+  element.number = object.required("number").entity_number();
+  element.name = object.string_or("name", "");
+  element.nodes = read_end_nodes(object.required("nodes"), model);
+  element.section = read_reference(object.required("section"), model.sections, "section");
+  element.material = read_reference(object.required("material"), model.materials, "material");
+  element.beta = object.number_or("beta", 0.0);
+  if (const auto kind = object.optional("kind")) {
+    element.kind = kind->one_of<model::ElementKind>(element_kinds);
+  }
+  if (const auto type = object.optional("member_type")) {
+    element.member_type = type->one_of<model::MemberType>(member_types);
+  }
+  if (const auto releases = object.optional("releases")) {
+    element.released = read_releases(*releases);
+  }
+  if (const auto design = object.optional("design")) {
+    element.design = read_element_design(*design, scales);
+  }
+  require_length(object, element, model);
+  return element;
+}
+
+/// Elements that a member has taken, with its number.
+using Owners = std::unordered_map<model::Number, model::Number>;
+
+model::Member read_member(const JsonObject& object, const model::Model& model, Owners& owners) {
+  model::Member member;
+  member.number = object.required("number").entity_number();
+  member.name = object.string_or("name", "");
+  member.length_factors = read_axis_pair(object, "length_factors");
+  const JsonValue elements = object.required("elements");
+  for (const JsonValue value : elements.list()) {
+    const model::Number element = read_reference(value, model.elements, "element");
+    const auto [owner, is_new] = owners.try_emplace(element, member.number);
+    if (!is_new) {
+      value.fail("element " + std::to_string(element) + " is in member " +
+                 std::to_string(owner->second) + " already");
+    }
+    member.elements.push_back(element);
+  }
+  if (member.elements.empty()) elements.fail_with("a member needs at least one element");
+  if (const auto problem = model::find_chain_problem(model, member)) elements.fail(*problem);
+  return member;
+}
+
+}  // namespace
+
+void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model) {
+  for (const JsonValue value : root.required("nodes").list()) {
+    const JsonObject object(value, node_fields);
+    model::Node node;
+    node.number = object.required("number").entity_number();
+    node.name = object.string_or("name", "");
+    node.x = scales.length * object.required("x").number();
+    node.y = scales.length * object.required("y").number();
+    node.z = scales.length * object.required("z").number();
+    add_entity(object, model.nodes, std::move(node), "nodes");
+  }
+}
+
+void read_supports(const JsonObject& root, model::Model& model) {
+  const std::optional<JsonValue> list = root.optional("supports");
+  if (!list) return;
+  std::unordered_set<model::Number> supported;
+  for (const JsonValue value : list->list()) {
+    const model::Support support = read_support(value, model);
+    if (!supported.insert(support.node).second) {
+      value.fail("node " + std::to_string(support.node) + " has a support already");
+    }
+    model.supports.push_back(support);
+  }
+}
+
+void read_elements(const JsonObject& root, const Scales& scales, model::Model& model) {
+  const JsonValue list = root.required("elements");
+  for (const JsonValue value : list.list()) {
+    const JsonObject object(value, element_fields);
+    add_entity(object, model.elements, read_element(object, scales, model), "elements");
+  }
+  if (model.elements.empty()) list.fail_with("a model needs at least one element");
+}
+
+void read_members(const JsonObject& root, model::Model& model) {
+  const std::optional<JsonValue> list = root.optional("members");
+  if (!list) return;
+  Owners owners;
+  for (const JsonValue value : list->list()) {
+    const JsonObject object(value, member_fields);
+    add_entity(object, model.members, read_member(object, model, owners), "members");
+  }
+}
+
+}  // namespace aluframe::io

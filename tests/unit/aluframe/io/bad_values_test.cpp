@@ -1,0 +1,133 @@
+// Wrong types, unknown, missing and repeated fields, and numbers out of range, one fault a model.
+#include "tests/unit/aluframe/io/bad_model.h"
+
+namespace aluframe::io {
+namespace {
+
+using BadValue = RejectedModel;
+
+TEST_P(BadValue, IsNamedByItsPath) {
+  expect_message();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, BadValue,
+    testing::Values(
+        BadModel{"TextForANumber", R"("z": 3000)", R"("z": "3000")",
+                 R"(/nodes/1/z: found "3000", must be a number)"},
+        BadModel{"NumberForAText", R"("name": "DL")", R"("name": 5)",
+                 "/load_cases/0/name: found 5, must be a text"},
+        BadModel{"NumberForATruthValue", R"("braced_a": true)", R"("braced_a": 1)",
+                 "/frame/braced_a: found 1, must be true or false"},
+        BadModel{"NullForANumber", R"("z": 3000)", R"("z": null)",
+                 "/nodes/1/z: found null, must be a number"},
+        BadModel{"ObjectForAList", R"([{"node": 1, "restrained": "all"}])", "{}",
+                 "/supports: found an object, must be a list"},
+        BadModel{"ListForAnObject", R"({"safety_class": 2})", "[2]",
+                 "/settings: found a list, must be an object"},
+        BadModel{"TextForAWholeNumber", R"("number": 2, "x")", R"("number": "2", "x")",
+                 R"(/nodes/1/number: found "2", must be a whole number from 1 to 134217727)"},
+        BadModel{"FractionForAWholeNumber", R"("number": 2, "x")", R"("number": 2.5, "x")",
+                 "/nodes/1/number: found 2.5, must be a whole number from 1 to 134217727"}),
+    name_of_bad_model);
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, BadValue,
+    testing::Values(BadModel{"MisspeltField", R"("material": 1})", R"("materiel": 1})",
+                             R"(/elements/0/materiel: unknown field, did you mean "material"?)"},
+                    BadModel{"FieldInTheWrongCase", R"("section": 1, "material")",
+                             R"("Section": 1, "material")",
+                             R"(/elements/0/Section: unknown field, did you mean "section"?)"},
+                    BadModel{"UnknownFieldLikeNoOther", R"("z": 3000)", R"("z": 3000, "colour": 1)",
+                             "/nodes/1/colour: unknown field, allowed are number, name, x, y, z"},
+                    BadModel{"UnknownFieldWithSlashAndTilde", R"("z": 3000)",
+                             R"("z": 3000, "a/b~c": 1)",
+                             "/nodes/1/a~1b~0c: unknown field, allowed are number, name, x, y, z"},
+                    BadModel{"MisspeltList", R"("load_cases")", R"("loadcases")",
+                             R"(/loadcases: unknown field, did you mean "load_cases"?)"},
+                    BadModel{"MissingField", R"("z": 3000)", R"("name": "top")",
+                             R"(/nodes/1: missing field "z")"},
+                    BadModel{"FieldGivenTwice", R"("z": 3000)", R"("z": 3000, "z": 3000)",
+                             "/nodes/1/z: this field is given twice"},
+                    BadModel{"ListGivenTwice", R"("load_cases": [)",
+                             R"("elements": [], "load_cases": [)",
+                             "/elements: this field is given twice"}),
+    name_of_bad_model);
+
+INSTANTIATE_TEST_SUITE_P(
+    Ranges, BadValue,
+    testing::Values(
+        BadModel{"NumberZeroOfAnEntity", R"("number": 2, "x")", R"("number": 0, "x")",
+                 "/nodes/1/number: found 0, must be a whole number from 1 to 134217727"},
+        BadModel{"NumberOfAnEntityBeyondTheLimit", R"("number": 2, "x")",
+                 R"("number": 134217728, "x")",
+                 "/nodes/1/number: found 134217728, must be a whole number from 1 to 134217727"},
+        BadModel{"NegativeNumberOfAnEntity", R"("number": 2, "x")", R"("number": -2, "x")",
+                 "/nodes/1/number: found -2, must be a whole number from 1 to 134217727"},
+        BadModel{"NumberOfAnEntityBeyond64Bits", R"("number": 2, "x")",
+                 R"("number": 99999999999999999999, "x")",
+                 "/nodes/1/number: found 1e+20, must be a whole number from 1 to 134217727"},
+        BadModel{"NumberBeyondTheLargest", R"("z": 3000)", R"("z": -1.5e30)",
+                 "/nodes/1/z: found -1.5e+30, must be between -1e30 and 1e30"},
+        BadModel{"NumberThatOverflows", R"("z": 3000)", R"("z": 1e999)",
+                 "/nodes/1/z: found 1e999, too large for a number"},
+        BadModel{"NegativeNumberThatOverflowsInAList", "[1, 2, 3, 4, 5, 6]",
+                 "[1, 2, 3, 4, 5, -1e999]",
+                 "/forces/0/values/1/5: found -1e999, too large for a number"},
+        BadModel{"UnknownSafetyClass", R"("safety_class": 2)", R"("safety_class": 4)",
+                 "/settings/safety_class: found 4, must be a whole number from 1 to 3"},
+        BadModel{"SettingOfZero", R"("safety_class": 2)", R"("rib_ratio": 0)",
+                 "/settings/rib_ratio: found 0, must be positive"},
+        BadModel{"UnknownCode", R"("safety_class": 2)", R"("code": "GB50017-2017")",
+                 R"(/settings/code: found "GB50017-2017", must be "GB50429-2007")"},
+        BadModel{"InternalNameOfTheCode", R"("safety_class": 2)",
+                 R"json("code": "GB50429-07(A)")json",
+                 R"json(/settings/code: found "GB50429-07(A)", must be "GB50429-2007")json"},
+        BadModel{"UnknownForceUnit", R"("force": "N")", R"("force": "kg")",
+                 R"(/units/force: found "kg", must be one of N, kN, kgf, tonf, lbf, kip)"},
+        BadModel{"UnknownLengthUnit", R"("length": "mm")", R"("length": "km")",
+                 R"(/units/length: found "km", must be one of m, cm, mm, ft, in)"},
+        BadModel{"UnknownSectionUnit", R"("section": "mm"})", R"("section": "MM"})",
+                 R"(/units/section: found "MM", must be one of m, cm, mm, ft, in)"}),
+    name_of_bad_model);
+
+INSTANTIATE_TEST_SUITE_P(
+    Head, BadValue,
+    testing::Values(BadModel{"OtherFormat", R"("aluframe-model")", R"("other-model")",
+                             R"(/format: found "other-model", must be "aluframe-model")"},
+                    BadModel{"NoFormat", R"("format": "aluframe-model",)", "",
+                             R"(missing field "format")"},
+                    BadModel{"LaterVersion", R"("version": 1)", R"("version": 2, "new_field": 0)",
+                             "/version: found 2, must be 1"},
+                    BadModel{"VersionAsText", R"("version": 1)", R"("version": "1")",
+                             R"(/version: found "1", must be 1)"},
+                    BadModel{"NoVersion", R"("version": 1,)", "", R"(missing field "version")"}),
+    name_of_bad_model);
+
+TEST(BadValueTest, MissingRequiredListIsNamed) {
+  // The whole text, as no single replacement takes a list away.
+  EXPECT_EQ(message_about(R"({"format": "aluframe-model", "version": 1, "materials": []})"),
+            R"(post.json: missing field "sections")");
+}
+
+TEST(BadValueTest, ListAtTheTopIsRejected) {
+  EXPECT_EQ(message_about("[]"), "post.json: found an empty list, must be an object");
+}
+
+TEST(BadValueTest, LongTextIsCutInTheMessageBetweenCharacters) {
+  // 59 letters, then a character of two bytes across the limit of 60 bytes.
+  const std::string start(59, 'x');
+  EXPECT_EQ(message_about(
+                replaced(small_model, R"("z": 3000)", R"("z": ")" + start + "\xC3\xA4" + R"(bc")")),
+            "post.json: /nodes/1/z: found \"" + start + "...\", must be a number");
+}
+
+TEST(BadValueTest, MessageStaysOnOneLineWhateverTheFileHolds) {
+  EXPECT_EQ(message_about(replaced(small_model, R"("z": 3000)", R"("z": "a\nb\u007fc")")),
+            R"(post.json: /nodes/1/z: found "a b c", must be a number)");
+  EXPECT_EQ(message_about(replaced(small_model, R"("z": 3000)", R"("z": 0, "new\r\nline": 1)")),
+            "post.json: /nodes/1/new  line: unknown field, allowed are number, name, x, y, z");
+}
+
+}  // namespace
+}  // namespace aluframe::io
