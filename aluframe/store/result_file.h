@@ -47,15 +47,26 @@ struct NotChecked {
 /// queue, in transactions, so that checking and writing overlap. The first error of the writer is
 /// thrown by the next call. A run that is killed leaves what was last committed, with the state
 /// `running`. The same records in the same order give the same bytes.
+///
+///     const auto writer = ResultWriter::create("frame.aluresult", info);
+///     writer->write(element, record, combination, min_side);  // for every combination
+///     writer->write(element, governing, 0, 0);
+///     writer->finish(RunState::complete);
+///
+/// All calls come from one thread.
 class ResultWriter {
  public:
-  /// @throws std::runtime_error with the path and the reason when the file cannot be created
+  /// @throws std::runtime_error with the path and the reason when the file cannot be created, and
+  ///   when another run is writing it or something else than a result file stands there
   static std::unique_ptr<ResultWriter> create(const std::filesystem::path& path,
                                               const RunInfo& info);
   virtual ~ResultWriter() = default;
 
   /// Adds one element's record of a combination; combination 0 is the governing record and ends the
-  /// element. Records of one element come together.
+  /// element. Records of one element come together; an element that comes again replaces its
+  /// earlier records. The governing items of a combination's record are those that `MakeCompItem`
+  /// makes; they are made again on reading.
+  /// @throws std::invalid_argument for a combination beyond 2^27 - 1 or a side other than 0 and 1
   virtual void write(std::uint32_t element, const T_RALU_D& record, std::uint32_t combination,
                      int min_side) = 0;
   /// A record written in this run, also one that is still in the queue.
@@ -64,7 +75,9 @@ class ResultWriter {
   virtual void add_not_checked(const NotChecked& item) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;
-  /// Flushes, notes how the run ended and closes the file. Later calls do nothing.
+  /// Flushes, waits until the disk has everything, notes how the run ended and closes the file.
+  /// Later calls do nothing. @throws std::runtime_error when writing failed; the run is then noted
+  /// as failed if the file can still take that
   virtual void finish(RunState state) = 0;
 
   /// Records accepted, and bytes of packed records, so far.

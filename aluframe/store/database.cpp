@@ -1,0 +1,88 @@
+#include "aluframe/store/database.h"
+
+#include <sqlite3.h>
+
+#include "aluframe/store/schema.h"
+
+namespace aluframe::store {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* no_result_file = "is not a result file";
+
+/// A file is looked at through SQLite alone: closing any other handle on it would drop the locks of
+/// a writer in this process.
+int marked_application(SQLite::Database& database) {
+  try {
+    return database.execAndGet("PRAGMA application_id").getInt();
+  } catch (const SQLite::Exception& error) {
+    if (error.getErrorCode() != SQLITE_NOTADB && error.getErrorCode() != SQLITE_CORRUPT) throw;
+    throw std::runtime_error(no_result_file);
+  }
+}
+
+void require_result_file(SQLite::Database& database) {
+  if (marked_application(database) != static_cast<int>(application_id)) {
+    throw std::runtime_error(no_result_file);
+  }
+}
+
+void require_this_version(SQLite::Database& database) {
+  const int found = database.execAndGet("PRAGMA user_version").getInt();
+  if (found == format_version) return;
+  throw std::runtime_error("is a result file of format version " + std::to_string(found) +
+                           ", this program reads version " + std::to_string(format_version));
+}
+
+void require_file(const fs::path& path) {
+  const fs::file_status status = fs::status(path);
+  if (!fs::exists(status)) throw std::runtime_error("there is no such file");
+  if (!fs::is_regular_file(status)) throw std::runtime_error(no_result_file);
+}
+
+void require_not_protected(const fs::path& path) {
+  constexpr fs::perms write =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  if ((fs::status(path).permissions() & write) == fs::perms::none) {
+    throw std::runtime_error("is write-protected");
+  }
+}
+
+}  // namespace
+
+SQLite::Database open_for_writing(const fs::path& path) {
+  SQLite::Database database(path.string(), SQLite::OPEN_READWRITE, lock_timeout_ms);
+  database.exec("PRAGMA journal_mode = DELETE");
+  database.exec("PRAGMA synchronous = OFF");
+  database.exec("PRAGMA cache_size = -32768");
+  return database;
+}
+
+SQLite::Database open_for_reading(const fs::path& path) {
+  require_file(path);
+  SQLite::Database database(path.string(), SQLite::OPEN_READWRITE, lock_timeout_ms);
+  require_result_file(database);
+  require_this_version(database);
+  database.exec("PRAGMA query_only = ON");
+  return database;
+}
+
+OldFileLock::OldFileLock(const fs::path& path)
+    : database_((require_file(path), require_not_protected(path), path.string()),
+                SQLite::OPEN_READWRITE) {
+  try {
+    require_result_file(database_);
+    database_.exec("BEGIN IMMEDIATE");
+  } catch (const SQLite::Exception& error) {
+    if (error.getErrorCode() != SQLITE_BUSY) throw;
+    throw std::runtime_error("another run is writing this file");
+  }
+}
+
+void remove_side_files(const fs::path& path) {
+  for (const char* suffix : {"-journal", "-wal", "-shm"}) fs::remove(fs::path(path) += suffix);
+}
+
+}  // namespace aluframe::store

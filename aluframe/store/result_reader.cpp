@@ -1,0 +1,108 @@
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "aluframe/store/database.h"
+#include "aluframe/store/result_file.h"
+#include "aluframe/store/row_query.h"
+#include "aluframe/store/schema.h"
+
+namespace aluframe::store {
+
+namespace {
+
+constexpr const char* select_governing =
+    "SELECT governing.element, element.member_type, item, position, demand, capacity, combination, "
+    "min_side FROM element JOIN governing ON governing.element = element.number "
+    "ORDER BY element.sequence, item";
+
+class FileReader : public ResultReader {
+ public:
+  explicit FileReader(std::filesystem::path path)
+      : path_(std::move(path)),
+        database_(open_for_reading(path_)),
+        records_(database_),
+        info_(load_info(database_)) {}
+
+  RunState state() const override {
+    return about_file(path_, [this] { return load_state(database_); });
+  }
+  const RunInfo& info() const override { return info_; }
+
+  std::vector<std::uint32_t> elements() override {
+    return about_file(path_, [this] {
+      std::vector<std::uint32_t> numbers;
+      SQLite::Statement select(database_, "SELECT number FROM element ORDER BY sequence");
+      while (select.executeStep()) numbers.push_back(select.getColumn(0).getUInt());
+      return numbers;
+    });
+  }
+
+  std::vector<GoverningRow> governing() override {
+    return about_file(path_, [this] {
+      std::vector<GoverningRow> rows;
+      SQLite::Statement select(database_, select_governing);
+      while (select.executeStep()) rows.push_back(governing_row(select));
+      return rows;
+    });
+  }
+
+  std::optional<T_RALU_D> read(std::uint32_t element, std::uint32_t combination,
+                               int min_side) override {
+    return about_file(path_, [&] { return records_.find(element, {combination, min_side}); });
+  }
+
+  std::vector<StoredRecord> read_all(std::uint32_t element) override {
+    return about_file(path_, [&] { return records_.all(element); });
+  }
+
+  std::vector<NotChecked> not_checked() override {
+    return about_file(path_, [this] {
+      std::vector<NotChecked> items;
+      SQLite::Statement select(
+          database_, "SELECT element, combination, reason FROM not_checked ORDER BY sequence");
+      while (select.executeStep()) items.push_back(not_checked_row(select));
+      return items;
+    });
+  }
+
+ private:
+  GoverningRow governing_row(SQLite::Statement& select) {
+    GoverningRow row{select.getColumn(0).getUInt(), select.getColumn(1).getInt(),
+                     select.getColumn(2).getInt(), T_RALU_ITEM()};
+    const SQLite::Column demand = select.getColumn(4);
+    const SQLite::Column capacity = select.getColumn(5);
+    row.governing = {select.getColumn(3).getInt(), demand.getDouble(), capacity.getDouble(),
+                     select.getColumn(6).getUInt(), select.getColumn(7).getInt()};
+    if (demand.isNull() || capacity.isNull()) restore_not_a_number(row);
+    return row;
+  }
+
+  /// SQLite has no NaN: the column is NULL, the packed record has the value.
+  void restore_not_a_number(GoverningRow& row) {
+    const std::optional<T_RALU_D> record = records_.find(row.element, RecordKey());
+    if (!record) throw std::runtime_error("an element has lost its governing record");
+    row.governing = record->aComp.at(static_cast<std::size_t>(row.item));
+  }
+
+  static NotChecked not_checked_row(SQLite::Statement& select) {
+    const SQLite::Column combination = select.getColumn(1);
+    return {select.getColumn(0).getUInt(),
+            combination.isNull() ? std::nullopt : std::optional(combination.getUInt()),
+            select.getColumn(2).getString()};
+  }
+
+  std::filesystem::path path_;
+  mutable SQLite::Database database_;
+  RowQuery records_;
+  RunInfo info_;
+};
+
+}  // namespace
+
+std::unique_ptr<ResultReader> ResultReader::open(const std::filesystem::path& path) {
+  return about_file(
+      path, [&]() -> std::unique_ptr<ResultReader> { return std::make_unique<FileReader>(path); });
+}
+
+}  // namespace aluframe::store

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+#include "aluframe/store/element_row.h"
+#include "aluframe/store/result_file.h"
+#include "aluframe/store/row_writer.h"
+#include "aluframe/store/work_queue.h"
+
+namespace aluframe::store {
+
+/// Packs records on the caller's thread and writes them on one of its own.
+///
+/// After an error of the writing thread every call throws it; `finish` then notes the run as failed
+/// if the file can still take that. Destroyed without `finish`, what was accepted is still written
+/// and the run stays `running`; an error then has no way out but that state. One caller's thread.
+class QueuedResultWriter : public ResultWriter {
+ public:
+  /// `path` is a laid-out result file.
+  explicit QueuedResultWriter(std::filesystem::path path);
+  ~QueuedResultWriter() override;
+  QueuedResultWriter(const QueuedResultWriter&) = delete;
+  QueuedResultWriter& operator=(const QueuedResultWriter&) = delete;
+
+  void write(std::uint32_t element, const T_RALU_D& record, std::uint32_t combination,
+             int min_side) override;
+  bool read(std::uint32_t element, std::uint32_t combination, int min_side, T_RALU_D& out) override;
+  void add_not_checked(const NotChecked& item) override;
+  void flush() override;
+  void finish(RunState state) override;
+  std::uint64_t record_count() const override { return records_; }
+  std::uint64_t packed_bytes() const override;
+
+ private:
+  void write_queued_work();
+  void write_to_file(const Work& work);
+  void write_all();
+  /// Hands the records of the element that is being packed to the writing thread.
+  void queue_open_element();
+  void end_open_element();
+  std::optional<T_RALU_D> find(std::uint32_t element, const RecordKey& key);
+  void end_thread();
+
+  std::filesystem::path path_;
+  std::optional<ElementPacker> open_element_;  ///< its governing record is still to come
+  std::uint64_t records_ = 0;
+  std::uint64_t closed_bytes_ = 0;
+  WorkQueue queue_;
+  std::mutex file_mutex_;  ///< guards `file_`
+  std::unique_ptr<RowWriter> file_;
+  std::thread thread_;
+};
+
+}  // namespace aluframe::store

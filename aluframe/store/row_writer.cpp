@@ -1,0 +1,158 @@
+#include "aluframe/store/row_writer.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "aluframe/store/database.h"
+#include "aluframe/store/schema.h"
+
+namespace aluframe::store {
+
+namespace {
+
+/// Binds the arguments to the parameters in order, runs the statement and makes it ready again.
+template <class... Values>
+void run(SQLite::Statement& statement, const Values&... values) {
+  int index = 0;
+  (statement.bind(++index, values), ...);
+  statement.exec();
+  statement.reset();
+}
+
+std::string text_of(double value) {
+  if (std::isnan(value)) return "nan";
+  return value < 0.0 ? "-inf" : "inf";
+}
+
+/// "demand nan, ratio nan"; empty when all are finite.
+std::string not_finite(const T_RALU_ITEM& item) {
+  const std::array<std::pair<const char*, double>, 3> values = {
+      {{"demand", item.dDemand}, {"capacity", item.dCapacity}, {"ratio", item.Ratio()}}};
+  std::string text;
+  for (const auto& [name, value] : values) {
+    if (std::isfinite(value)) continue;
+    text += (text.empty() ? "" : ", ") + std::string(name) + " " + text_of(value);
+  }
+  return text;
+}
+
+}  // namespace
+
+RowWriter::RowWriter(const std::filesystem::path& path)
+    : database_(open_for_writing(path)),
+      insert_element_(database_, "INSERT INTO element VALUES (?, ?, ?, ?)"),
+      insert_record_(database_, "INSERT INTO record VALUES (?, ?)"),
+      insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_not_checked_(database_, "INSERT INTO not_checked VALUES (NULL, ?, ?, ?)"),
+      records_(database_) {
+  begin();
+}
+
+RowWriter::~RowWriter() {
+  roll_back();
+}
+
+void RowWriter::begin() {
+  database_.exec("BEGIN IMMEDIATE");
+  in_transaction_ = true;
+}
+
+void RowWriter::roll_back() {
+  if (in_transaction_) database_.tryExec("ROLLBACK");
+  in_transaction_ = false;
+}
+
+void RowWriter::end_transaction() {
+  if (in_transaction_) database_.exec("COMMIT");
+  in_transaction_ = false;
+  open_rows_ = 0;
+  open_bytes_ = 0;
+}
+
+void RowWriter::commit() {
+  if (open_rows_ == 0) return;
+  end_transaction();
+  begin();
+}
+
+void RowWriter::finish(RunState state) {
+  end_transaction();
+  database_.exec("PRAGMA synchronous = FULL");
+  store_state(database_, state);
+}
+
+void RowWriter::abandon() {
+  roll_back();
+  finish(RunState::failed);
+}
+
+void RowWriter::count(std::size_t bytes) {
+  ++open_rows_;
+  open_bytes_ += bytes;
+  if (open_rows_ >= rows_per_transaction || open_bytes_ >= bytes_per_transaction) commit();
+}
+
+void RowWriter::remove(std::uint32_t element) {
+  for (const char* sql :
+       {"DELETE FROM element WHERE number = ?", "DELETE FROM governing WHERE element = ?",
+        "DELETE FROM record WHERE element = ?"}) {
+    SQLite::Statement statement(database_, sql);
+    run(statement, element);
+  }
+}
+
+void RowWriter::add(const ElementRow& row) {
+  if (row.data.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    throw std::runtime_error("element " + std::to_string(row.element) +
+                             " has more records than a row can hold");
+  }
+  if (!elements_.insert(row.element).second) remove(row.element);
+  run(insert_element_, row.element, ++sequence_, row.member_type, row.records);
+  insert_record_.bind(1, row.element);
+  insert_record_.bindNoCopy(2, row.data.data(), static_cast<int>(row.data.size()));
+  insert_record_.exec();
+  insert_record_.reset();
+  if (row.governing) {
+    int item = 0;
+    for (const T_RALU_ITEM& governing : *row.governing) {
+      add_governing(row.element, item++, governing);
+    }
+  }
+  count(row.data.size());
+}
+
+void RowWriter::add_governing(std::uint32_t element, int item, const T_RALU_ITEM& governing) {
+  if (governing.nPos < 0) return;
+  const std::string text = not_finite(governing);
+  if (text.empty()) {
+    insert_governing_.bind(10);
+  } else {
+    insert_governing_.bind(10, text);
+  }
+  run(insert_governing_, element, item, item_names.at(static_cast<std::size_t>(item)),
+      governing.nPos, governing.dDemand, governing.dCapacity, governing.Ratio(), governing.nLComb,
+      governing.nMinSide);
+}
+
+void RowWriter::add(const NotChecked& item) {
+  if (item.combination) {
+    insert_not_checked_.bind(2, *item.combination);
+  } else {
+    insert_not_checked_.bind(2);
+  }
+  insert_not_checked_.bind(1, item.element);
+  insert_not_checked_.bind(3, item.reason);
+  insert_not_checked_.exec();
+  insert_not_checked_.reset();
+  count(item.reason.size());
+}
+
+std::optional<T_RALU_D> RowWriter::find(std::uint32_t element, const RecordKey& key) {
+  return records_.find(element, key);
+}
+
+}  // namespace aluframe::store

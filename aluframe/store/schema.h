@@ -1,0 +1,39 @@
+#pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "aluframe/store/result_file.h"
+#include "host/tz_db/ralu.h"
+
+namespace aluframe::store {
+
+/// Marks an SQLite file as a result file ("AluR").
+inline constexpr std::uint32_t application_id = 0x416C7552;
+/// Raised when an older program could misread the file.
+inline constexpr int format_version = 1;
+
+/// Item types as the table `governing` names them, by RALU_ITEM_TYPE.
+inline constexpr std::array<const char*, kResultItems> item_names = {
+    "strength",           "shear y", "shear z",       "stability",
+    "combined stability", "unused",  "slenderness y", "slenderness z"};
+
+/// The state of a run as the table `run` has it.
+const char* state_name(RunState state);
+/// @throws std::runtime_error for a text that is no state
+RunState state_named(std::string_view name);
+
+/// Lays out an empty database as the result file of a run that has started: page size, format
+/// marks, tables, the run and its combinations, in one transaction.
+void lay_out(SQLite::Database& database, const RunInfo& info);
+
+/// Sets the state of the run.
+void store_state(SQLite::Database& database, RunState state);
+
+RunState load_state(SQLite::Database& database);
+RunInfo load_info(SQLite::Database& database);
+
+}  // namespace aluframe::store

@@ -1,0 +1,140 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "tests/unit/aluframe/store/store_samples.h"
+
+namespace aluframe::store {
+namespace {
+
+using store_test::error_of;
+using store_test::Folder;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class ResultReaderTest : public testing::Test {
+ protected:
+  std::string open_error() {
+    return error_of([this] { ResultReader::open(file); });
+  }
+  void execute(const std::string& sql) {
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
+  }
+
+  Folder folder;
+  std::filesystem::path file = folder.file();
+};
+
+TEST_F(ResultReaderTest, TellsTheRunAndItsCombinationsInTheirOrder) {
+  RunInfo info = store_test::sample_info();
+  std::swap(info.combinations[0], info.combinations[1]);
+  ResultWriter::create(file, info)->finish(RunState::complete);
+  const auto reader = ResultReader::open(file);
+  EXPECT_EQ(reader->info().model_title, "Mullion");
+  EXPECT_EQ(reader->info().code, "GB 50429-2007");
+  EXPECT_EQ(reader->info().program, "aluframe 0.1.0");
+  const std::vector<CombinationRow>& rows = reader->info().combinations;
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].number, 7U);
+  EXPECT_EQ(rows[0].name, "地震包络");
+  EXPECT_TRUE(rows[0].two_sides && rows[0].seismic);
+  EXPECT_EQ(rows[1].number, 1U);
+  EXPECT_FALSE(rows[1].two_sides || rows[1].seismic);
+}
+
+TEST_F(ResultReaderTest, ListsElementsInTheOrderWritten) {
+  const auto writer = ResultWriter::create(file, {});
+  for (const std::uint32_t element : {30U, 10U, 20U}) store_test::write_element(*writer, element);
+  writer->finish(RunState::complete);
+  EXPECT_THAT(ResultReader::open(file)->elements(), ElementsAre(30, 10, 20));
+}
+
+TEST_F(ResultReaderTest, GivesAllRecordsOfAnElementWithTheGoverningOneLast) {
+  store_test::write_run(file, 2);
+  const std::vector<StoredRecord> all = ResultReader::open(file)->read_all(2);
+  std::vector<std::pair<std::uint32_t, int>> keys;
+  for (const StoredRecord& stored : all) keys.emplace_back(stored.combination, stored.min_side);
+  EXPECT_THAT(keys, ElementsAre(testing::Pair(1, 0), testing::Pair(7, 0), testing::Pair(7, 1),
+                                testing::Pair(0, 0)));
+  EXPECT_THAT(all[1].record, store_test::SameBits(store_test::sample_record(2, 7, 0)));
+}
+
+TEST_F(ResultReaderTest, AnUnknownElementOrCombinationGivesNothing) {
+  store_test::write_run(file, 2);
+  const auto reader = ResultReader::open(file);
+  EXPECT_FALSE(reader->read(3, 0, 0));
+  EXPECT_FALSE(reader->read(2, 2, 0));
+  EXPECT_TRUE(reader->read_all(3).empty());
+}
+
+TEST_F(ResultReaderTest, ListsWhatCouldNotBeCheckedInTheOrderAdded) {
+  const NotChecked whole{5, std::nullopt, "no forces in any combination"};
+  const NotChecked part{2, 7, "no forces (none for load case 3)"};
+  const auto writer = ResultWriter::create(file, {});
+  writer->add_not_checked(whole);
+  writer->add_not_checked(part);
+  writer->finish(RunState::complete);
+  EXPECT_THAT(ResultReader::open(file)->not_checked(), ElementsAre(whole, part));
+}
+
+TEST_F(ResultReaderTest, AMissingFileIsNamed) {
+  EXPECT_THAT(open_error(), AllOf(HasSubstr("frame.aluresult"), HasSubstr("no such file")));
+}
+
+TEST_F(ResultReaderTest, OpeningAMissingFileDoesNotCreateIt) {
+  open_error();
+  EXPECT_THAT(folder.names(), ElementsAre());
+}
+
+TEST_F(ResultReaderTest, ATextFileIsNotAResultFile) {
+  std::ofstream(file) << std::string(500, 'x');
+  EXPECT_THAT(open_error(), AllOf(HasSubstr("frame.aluresult"), HasSubstr("not a result file")));
+}
+
+TEST_F(ResultReaderTest, AnEmptyFileIsNotAResultFile) {
+  std::ofstream(file).close();
+  EXPECT_THAT(open_error(), HasSubstr("not a result file"));
+}
+
+TEST_F(ResultReaderTest, AFolderIsNotAResultFile) {
+  std::filesystem::create_directory(file);
+  EXPECT_THAT(open_error(), HasSubstr("not a result file"));
+}
+
+TEST_F(ResultReaderTest, ADatabaseOfAnotherProgramIsNotAResultFile) {
+  execute("CREATE TABLE run (state TEXT)");
+  EXPECT_THAT(open_error(), HasSubstr("not a result file"));
+}
+
+TEST_F(ResultReaderTest, AnotherFormatVersionIsNamed) {
+  store_test::write_run(file, 1);
+  execute("PRAGMA user_version = 9");
+  EXPECT_THAT(open_error(), HasSubstr("format version 9"));
+}
+
+TEST_F(ResultReaderTest, ADamagedRowIsReportedWithTheFile) {
+  store_test::write_run(file, 1);
+  execute("UPDATE record SET data = x'0102'");
+  const auto reader = ResultReader::open(file);
+  EXPECT_THAT(error_of([&] { reader->read(1, 0, 0); }),
+              AllOf(HasSubstr("frame.aluresult"), HasSubstr("ends too early")));
+}
+
+TEST_F(ResultReaderTest, AnUnknownStateIsReported) {
+  store_test::write_run(file, 1);
+  execute("UPDATE run SET state = 'asleep'");
+  const auto reader = ResultReader::open(file);
+  EXPECT_THAT(error_of([&] { reader->state(); }), HasSubstr("asleep"));
+}
+
+TEST_F(ResultReaderTest, AReaderKeepsTheRunThatItOpenedWhenANewOneReplacesIt) {
+  store_test::write_run(file, 3, "first");
+  const auto reader = ResultReader::open(file);
+  store_test::write_run(file, 1, "second");
+  EXPECT_THAT(reader->elements(), ElementsAre(1, 2, 3));
+}
+
+}  // namespace
+}  // namespace aluframe::store
