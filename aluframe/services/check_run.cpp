@@ -1,0 +1,103 @@
+#include "aluframe/services/check_run.h"
+
+#include <chrono>
+#include <exception>
+#include <utility>
+
+#include "tz_alu/manager/dgnaludatamgr.h"
+
+namespace aluframe::services {
+
+namespace {
+
+/// Binds a session for the time of a run.
+class Binding {
+ public:
+  explicit Binding(Session& session) { host::Bind(session); }
+  Binding(const Binding&) = delete;
+  Binding& operator=(const Binding&) = delete;
+  ~Binding() { host::Unbind(); }
+};
+
+RunOutcome outcome_of(Session& session, int flag) {
+  if (session.was_cancelled()) return RunOutcome::cancelled;
+  if (session.monitor().failure()) return RunOutcome::failed;
+  if (flag != 0) return RunOutcome::complete;
+  return session.had_message() ? RunOutcome::nothing_to_check : RunOutcome::failed;
+}
+
+store::RunState state_of(RunOutcome outcome) {
+  switch (outcome) {
+    case RunOutcome::complete:
+      return store::RunState::complete;
+    case RunOutcome::cancelled:
+      return store::RunState::cancelled;
+    default:
+      return store::RunState::failed;
+  }
+}
+
+/// Writes what was not checked and how the run ended. The file is finished also when it has failed,
+/// so that it says so where it still can.
+void finish_file(Session& session, RunOutcome outcome) {
+  store::ResultWriter* writer = session.manager().writer();
+  if (writer == nullptr) return;
+  try {
+    for (const store::NotChecked& item : session.monitor().not_checked()) {
+      writer->add_not_checked(item);
+    }
+  } catch (const std::exception&) {
+    writer->finish(store::RunState::failed);
+    throw;
+  }
+  writer->finish(state_of(outcome));
+}
+
+std::size_t count_combinations(Session& session) {
+  CArrayEx<T_LCOM_MAXMIN_K> keys;
+  session.DocPoint()->GetAluDgnTool().GetAluDgnLCombs(keys, kAluDesignKind, 0);
+  return static_cast<std::size_t>(keys.GetSize());
+}
+
+CheckSummary summary_of(Session& session, RunOutcome outcome) {
+  const RunMonitor& monitor = session.monitor();
+  CheckSummary summary;
+  summary.outcome = outcome;
+  summary.failure = monitor.failure().value_or("");
+  summary.elements = monitor.element_count();
+  summary.combinations = count_combinations(session);
+  summary.checked_elements = monitor.checked_elements();
+  summary.checked_positions = monitor.checked_positions();
+  summary.elements_over_limit = monitor.elements_over_limit();
+  if (const store::ResultWriter* writer = session.manager().writer()) {
+    summary.records = writer->record_count();
+  }
+  summary.worst = monitor.worst();
+  summary.not_checked = monitor.not_checked();
+  summary.assertions = monitor.assertions();
+  return summary;
+}
+
+}  // namespace
+
+CheckSummary run_check(const model::Model& model, SessionOptions options) {
+  const auto start = std::chrono::steady_clock::now();
+  Session session(model, std::move(options));
+  const Binding binding(session);
+  const int flag = IAluDgnDataMgr::Instance()->CheckCode(nullptr);
+  RunOutcome outcome = outcome_of(session, flag);
+  if (outcome == RunOutcome::failed && !session.monitor().failure()) {
+    session.monitor().note_failure("the design module ended the run without a result");
+  }
+  try {
+    finish_file(session, outcome);
+  } catch (const std::exception& error) {
+    session.monitor().note_failure(error.what());
+    outcome = RunOutcome::failed;
+  }
+  CheckSummary summary = summary_of(session, outcome);
+  summary.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  return summary;
+}
+
+}  // namespace aluframe::services

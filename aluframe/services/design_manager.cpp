@@ -1,0 +1,107 @@
+#include "aluframe/services/design_manager.h"
+
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+namespace aluframe::services {
+
+namespace {
+
+/// N, Fy, Fz are forces; Mx, My, Mz moments.
+constexpr std::size_t first_moment = 3;
+
+void fill_position(std::array<float, 9>& out, const model::SectionForces& forces,
+                   const UnitScale& scale) {
+  for (std::size_t i = 0; i < forces.size(); ++i) {
+    if (scale.is_identity()) {
+      out[i] = forces[i];
+    } else {
+      const double value = static_cast<double>(forces[i]);
+      out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
+    }
+  }
+}
+
+}  // namespace
+
+DesignManager::DesignManager(const model::Model& model,
+                             const model::CombinationEvaluator& evaluator, const UnitScale& scale,
+                             RunMonitor& monitor, std::filesystem::path result_path,
+                             store::RunInfo info, ResultWriterFactory create_writer)
+    : model_(model),
+      evaluator_(evaluator),
+      scale_(scale),
+      monitor_(monitor),
+      result_path_(std::move(result_path)),
+      info_(std::move(info)),
+      create_writer_(std::move(create_writer)) {}
+
+template <class Action>
+auto DesignManager::noting_failure(Action action) {
+  try {
+    return action();
+  } catch (const std::exception& error) {
+    monitor_.note_failure(error.what());
+    throw;
+  }
+}
+
+UINT DesignManager::GetOriginElem(int index) const {
+  const auto place = static_cast<std::size_t>(index) - 1;
+  return index >= 1 && place < model_.elements.size() ? model_.elements[place].number : 0;
+}
+
+int DesignManager::CreateDesignResultFile() {
+  // The run before, if any, is over.
+  writer_.reset();
+  try {
+    writer_ = create_writer_(result_path_, info_);
+    return 1;
+  } catch (const std::exception& error) {
+    monitor_.note_failure(error.what());
+    return 0;
+  }
+}
+
+int DesignManager::WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lcomb, int minSide,
+                                     int) {
+  if (writer_ == nullptr) return 0;
+  noting_failure([&] { writer_->write(elem, record, lcomb, minSide); });
+  monitor_.note_record(elem, lcomb, record);
+  return 1;
+}
+
+int DesignManager::ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int) {
+  if (writer_ == nullptr) return 0;
+  return noting_failure([&] { return writer_->read(elem, lcomb, minSide, record) ? 1 : 0; });
+}
+
+int DesignManager::CheckDesignFile() {
+  if (writer_ == nullptr) return 0;
+  noting_failure([&] { writer_->flush(); });
+  return 1;
+}
+
+int DesignManager::GetElementForce(UINT elem, UINT lcomb, T_ALU_FORCE_D& out, bool minSide) {
+  if (model_.elements.find(elem) == nullptr || model_.combinations.find(lcomb) == nullptr) {
+    return 0;
+  }
+  const std::size_t place = model_.elements.position(elem);
+  const auto side = minSide ? model::Side::minimum : model::Side::maximum;
+  const std::optional<model::CaseForces> forces = evaluator_.evaluate(place, lcomb, side);
+  if (!forces) {
+    monitor_.note_missing_forces(elem, lcomb, evaluator_.missing_case(place, lcomb));
+    return 0;
+  }
+  out = T_ALU_FORCE_D();
+  for (std::size_t p = 0; p < forces->at.size(); ++p) {
+    fill_position(out.aForce[p], forces->at[p], scale_);
+  }
+  out.nLComb = MakeLcombKey(lcomb, minSide ? 1 : 0);
+  out.bInner = forces->inner ? 1 : 0;
+  monitor_.note_forces(elem, out);
+  return 1;
+}
+
+}  // namespace aluframe::services

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "aluframe/model/combinations.h"
+#include "aluframe/model/model.h"
+#include "aluframe/services/run_monitor.h"
+#include "aluframe/services/unit_scale.h"
+#include "aluframe/store/result_file.h"
+#include "host/tz_db/services.h"
+
+namespace aluframe::services {
+
+/// Starts the result file of a run, as `store::ResultWriter::create` does.
+using ResultWriterFactory = std::function<std::unique_ptr<store::ResultWriter>(
+    const std::filesystem::path&, const store::RunInfo&)>;
+
+/// Element forces from the model and results into the result file, in the current units.
+///
+/// Failures of the result file are noted with the monitor and thrown on, so that the module ends
+/// its run.
+class DesignManager : public CPostCtrl, public CAluDesignMgr {
+ public:
+  DesignManager(const model::Model& model, const model::CombinationEvaluator& evaluator,
+                const UnitScale& scale, RunMonitor& monitor, std::filesystem::path result_path,
+                store::RunInfo info, ResultWriterFactory create_writer);
+
+  UINT GetOriginElem(int index) const override;
+  CAluDesignMgr& AluDgnMgr() override { return *this; }
+
+  int CreateDesignResultFile() override;
+  int WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lcomb, int minSide,
+                        int option) override;
+  int ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int option) override;
+  int CheckDesignFile() override;
+  void SetDesignFlag(int flag) override { design_flag_ = flag; }
+  int GetElementForce(UINT elem, UINT lcomb, T_ALU_FORCE_D& out, bool minSide) override;
+
+  /// Nonzero once a run has finished with a consistent result file.
+  int design_flag() const { return design_flag_; }
+  /// The run's result file, or null when none was started.
+  store::ResultWriter* writer() { return writer_.get(); }
+
+ private:
+  /// Runs `action`; what it throws is noted and thrown on.
+  template <class Action>
+  auto noting_failure(Action action);
+
+  const model::Model& model_;
+  const model::CombinationEvaluator& evaluator_;
+  const UnitScale& scale_;
+  RunMonitor& monitor_;
+  std::filesystem::path result_path_;
+  store::RunInfo info_;
+  ResultWriterFactory create_writer_;
+  std::unique_ptr<store::ResultWriter> writer_;
+  int design_flag_ = 0;
+};
+
+}  // namespace aluframe::services

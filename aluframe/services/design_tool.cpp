@@ -1,0 +1,53 @@
+#include "aluframe/services/design_tool.h"
+
+#include <utility>
+
+namespace aluframe::services {
+
+DesignTool::DesignTool(const model::Model& model, const model::CombinationEvaluator& evaluator,
+                       RunMonitor& monitor, std::vector<model::Number> selected,
+                       std::set<model::Number> combinations)
+    : model_(model),
+      evaluator_(evaluator),
+      monitor_(monitor),
+      selected_(std::move(selected)),
+      combinations_(std::move(combinations)) {}
+
+int DesignTool::IsUseAluDgn() const {
+  return 1;
+}
+
+int DesignTool::FiltAluKeysByMatl(const CArray<UINT>& in, CArray<UINT>& out, int) const {
+  out.RemoveAll();
+  // Every material of the model is an aluminium alloy, so what exists is kept.
+  for (const UINT elem : in) {
+    if (model_.elements.find(elem) != nullptr) out.Add(elem);
+  }
+  monitor_.set_elements({out.begin(), out.end()});
+  return 1;
+}
+
+int DesignTool::GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int, int) const {
+  out.RemoveAll();
+  for (const model::Combination& combination : model_.combinations) {
+    const bool wanted = combinations_.empty() || combinations_.contains(combination.number);
+    if (!combination.design || !wanted) continue;
+    out.Add(MakeLcombKey(combination.number, 0));
+    if (evaluator_.has_two_sides(combination.number)) {
+      out.Add(MakeLcombKey(combination.number, 1));
+    }
+  }
+  return static_cast<int>(out.GetSize());
+}
+
+int DesignTool::Get_SesiType(UINT lcomb, const CDBDoc*, int) const {
+  if (model_.combinations.find(lcomb) == nullptr) return 0;
+  return evaluator_.is_seismic(lcomb) ? 1 : 0;
+}
+
+void DesignTool::GetAllSelectedElem(CArray<UINT>& out) const {
+  out.RemoveAll();
+  for (const model::Number elem : selected_) out.Add(elem);
+}
+
+}  // namespace aluframe::services

@@ -1,0 +1,63 @@
+#include "aluframe/services/document.h"
+
+#include <cmath>
+
+#include "aluframe/section/section_properties.h"
+#include "aluframe/services/text.h"
+
+namespace aluframe::services {
+
+namespace {
+
+/// The section that a record describes, in mm.
+std::optional<model::Section> section_of(const T_SECT_DESIGN_D& record, const UnitScale& scale) {
+  const std::optional<model::Shape> shape = model::parse_shape(to_utf8(record.strShape));
+  if (!shape || *shape == model::Shape::other) return std::nullopt;
+  model::Section section;
+  section.shape = *shape;
+  const double unit = scale.length(1.0);
+  for (std::size_t i = 0; i < record.aSize.size(); ++i) {
+    section.dimensions[i] = scale.is_identity() ? record.aSize[i] : record.aSize[i] / unit;
+  }
+  if (section::find_dimension_problem(section)) return std::nullopt;
+  return section;
+}
+
+}  // namespace
+
+int SectionDatabase::CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D& out, int, int,
+                                        int, double) {
+  const std::optional<model::Section> section = section_of(sect, scale_);
+  if (!section) return 0;
+  const model::SectionProperties properties = section::properties_of(*section);
+  out.dIw = scale_.warping_constant(properties.iw);
+  out.dShearCtrZ = scale_.length(properties.shear_centre_z);
+  out.dCentroidZ = 0.0;
+  return 1;
+}
+
+int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {
+  const auto found = factors_.find(elem);
+  if (found == factors_.end()) return 0;
+  out = found->second;
+  return 1;
+}
+
+int GivenLengthFactors::Calc_KFactor(const CArray<UINT>& elems, int, int, int, CDgnDynData& out) {
+  out.RemoveAllKFactors();
+  for (const UINT elem : elems) {
+    T_KFAC_D factors;
+    if (attributes_.member_length_factors(elem, factors) == 0) continue;
+    out.SetKFactor(attributes_.GetShowElemByIncludeElem(elem), factors);
+  }
+  return 1;
+}
+
+double Document::calcLAVElem(const T_ELEM_D& elem) const {
+  const model::Node* start = model_.nodes.find(elem.aNode[0]);
+  const model::Node* end = model_.nodes.find(elem.aNode[1]);
+  if (start == nullptr || end == nullptr) return 0.0;
+  return scale_.length(std::hypot(end->x - start->x, end->y - start->y, end->z - start->z));
+}
+
+}  // namespace aluframe::services

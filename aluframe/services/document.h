@@ -1,0 +1,94 @@
+#pragma once
+
+#include <unordered_map>
+
+#include "aluframe/services/attributes.h"
+#include "aluframe/services/design_manager.h"
+#include "aluframe/services/design_tool.h"
+#include "aluframe/services/unit_scale.h"
+#include "host/tz_db/services.h"
+#include "host/tz_dgn/tz_dgn.h"
+
+namespace aluframe::services {
+
+/// The current units; the services read `scale` at every call.
+class UnitControl : public CUnitCtrl {
+ public:
+  explicit UnitControl(UnitScale& scale) : scale_(scale) {}
+  T_UNIT_INDEX GetUnitIndexCurrent() const override { return scale_.index(); }
+  void SetUnitIndexCurrent(const T_UNIT_INDEX& index, int) override { scale_ = UnitScale(index); }
+
+ private:
+  UnitScale& scale_;
+};
+
+/// Warping constant and shear centre from the section library.
+class SectionDatabase : public CSectDB {
+ public:
+  explicit SectionDatabase(const UnitScale& scale) : scale_(scale) {}
+  int CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D& out, int flag, int option1,
+                         int option2, double option3) override;
+
+ private:
+  const UnitScale& scale_;
+};
+
+/// Effective length factors of the run, by display key.
+class DesignData : public CDgnDynData {
+ public:
+  int GetKFactor(UINT elem, T_KFAC_D& out) const override;
+  void SetKFactor(UINT elem, const T_KFAC_D& factors) override { factors_[elem] = factors; }
+  void RemoveAllKFactors() override { factors_.clear(); }
+
+ private:
+  std::unordered_map<UINT, T_KFAC_D> factors_;
+};
+
+/// Takes the length factors that the model gives for its members.
+class GivenLengthFactors : public CKFactor {
+ public:
+  explicit GivenLengthFactors(const Attributes& attributes) : attributes_(attributes) {}
+  void SetIsAluDgn(int) override {}
+  int Calc_KFactor(const CArray<UINT>& elems, int option1, int option2, int option3,
+                   CDgnDynData& out) override;
+
+ private:
+  const Attributes& attributes_;
+};
+
+/// The document: all services over one model.
+class Document : public CDBDoc {
+ public:
+  Document(const model::Model& model, Attributes& attributes, DesignTool& tool,
+           DesignManager& manager, UnitScale& scale)
+      : model_(model),
+        attributes_(attributes),
+        tool_(tool),
+        manager_(manager),
+        scale_(scale),
+        units_(scale),
+        sections_(scale) {}
+
+  CAttrCtrl& GetAttrCtrl() override { return attributes_; }
+  CAttrCtrl2& GetAttrCtrl2() override { return attributes_; }
+  CMembCtrl& GetMembCtrl() override { return attributes_; }
+  CViewCtrl& GetViewCtrl() override { return tool_; }
+  CPostCtrl& GetPostCtrl() override { return manager_; }
+  CUnitCtrl& GetUnitCtrl() override { return units_; }
+  CSectDB& GetSectDB() override { return sections_; }
+  IAluDgnTool& GetAluDgnTool() override { return tool_; }
+
+  double calcLAVElem(const T_ELEM_D& elem) const override;
+  bool IsRegTestMode() const override { return true; }
+
+ private:
+  const model::Model& model_;
+  Attributes& attributes_;
+  DesignTool& tool_;
+  DesignManager& manager_;
+  const UnitScale& scale_;
+  UnitControl units_;
+  SectionDatabase sections_;
+};
+
+}  // namespace aluframe::services

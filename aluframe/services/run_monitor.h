@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "aluframe/model/model.h"
+#include "aluframe/store/result_file.h"
+#include "host/tz_db/forces.h"
+#include "host/tz_db/ralu.h"
+
+namespace aluframe::services {
+
+/// The governing check of a whole run.
+struct WorstCheck {
+  std::uint32_t element = 0;
+  int item = 0;  ///< RALU_ITEM_TYPE
+  T_RALU_ITEM check;
+};
+
+/// True when a check fails: its ratio exceeds 1 by 1e-10 or more, or is not a finite number.
+bool exceeds_limit(double ratio);
+
+/// What a run came to, gathered from the services that it called: what was checked, what could not
+/// be and why, and what went wrong.
+class RunMonitor {
+ public:
+  /// `model` must outlive the object.
+  explicit RunMonitor(const model::Model& model) : model_(model) {}
+
+  /// The elements of the run, in the order in which they are checked.
+  void set_elements(std::vector<std::uint32_t> elements);
+  /// `done` elements are finished; the last of them was not checked if it left no governing record.
+  void set_done(std::size_t done);
+  /// Forces that were handed out for `element`, which may be the one being checked or an end of its
+  /// member.
+  void note_forces(std::uint32_t element, const T_ALU_FORCE_D& forces);
+  void note_missing_forces(std::uint32_t element, std::uint32_t combination,
+                           std::optional<std::uint32_t> load_case);
+  /// A stored record; combination 0 is the governing one.
+  void note_record(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
+  void note_assertion(const std::string& source, int line);
+  void note_failure(const std::string& text);
+
+  std::size_t element_count() const { return elements_.size(); }
+  std::uint64_t checked_elements() const { return checked_elements_; }
+  /// Element × combination × position at which at least one check gave a result.
+  std::uint64_t checked_positions() const { return checked_positions_; }
+  std::uint64_t elements_over_limit() const { return elements_over_limit_; }
+  const std::optional<WorstCheck>& worst() const { return worst_; }
+  const std::vector<store::NotChecked>& not_checked() const { return not_checked_; }
+  /// "source:line" of every internal inconsistency, and how often it was met.
+  const std::map<std::string, std::uint64_t>& assertions() const { return assertions_; }
+  /// The first failure of a service.
+  const std::optional<std::string>& failure() const { return failure_; }
+
+ private:
+  /// What is known of the element being checked until its governing record comes.
+  struct Current {
+    bool governing_written = false;
+    bool had_forces = false;
+    bool had_force_state = false;  ///< an axial force or a moment stood at some position
+    std::array<bool, kCheckPositions> requested{};
+    std::array<bool, kCheckPositions> force_state{};
+    std::vector<store::NotChecked> pending;
+  };
+
+  bool is_current(std::uint32_t element) const;
+  void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
+  void note_governing(std::uint32_t element, const T_RALU_D& record);
+  std::string reason_without_result(std::uint32_t element) const;
+
+  const model::Model& model_;
+  std::vector<std::uint32_t> elements_;
+  std::size_t done_ = 0;
+  Current current_;
+  std::uint64_t checked_elements_ = 0;
+  std::uint64_t checked_positions_ = 0;
+  std::uint64_t elements_over_limit_ = 0;
+  std::optional<WorstCheck> worst_;
+  std::vector<store::NotChecked> not_checked_;
+  std::map<std::string, std::uint64_t> assertions_;
+  std::optional<std::string> failure_;
+};
+
+}  // namespace aluframe::services

@@ -1,0 +1,107 @@
+#include "aluframe/services/session.h"
+
+#include <utility>
+
+#include "aluframe/services/text.h"
+
+namespace aluframe::services {
+
+namespace {
+
+constexpr int button_ok = 1;
+
+T_UNIT_INDEX index_of(const model::Units& units) {
+  return {static_cast<int>(units.force), static_cast<int>(units.length)};
+}
+
+store::RunInfo run_info(const model::Model& model, const model::CombinationEvaluator& evaluator,
+                        const std::set<model::Number>& wanted) {
+  store::RunInfo info{.model_title = model.title,
+                      .code = "GB 50429-2007",
+                      .program = "aluframe",
+                      .combinations = {}};
+  for (const model::Combination& combination : model.combinations) {
+    if (!combination.design) continue;
+    if (!wanted.empty() && !wanted.contains(combination.number)) continue;
+    info.combinations.push_back({combination.number, combination.name,
+                                 evaluator.has_two_sides(combination.number),
+                                 evaluator.is_seismic(combination.number)});
+  }
+  return info;
+}
+
+/// Hands the module's progress on to the listener and the monitor.
+class ListenedProgress : public CDgnProgressDlg {
+ public:
+  ListenedProgress(ProgressListener* listener, RunMonitor& monitor, bool& cancelled)
+      : listener_(listener), monitor_(monitor), cancelled_(cancelled) {}
+  ListenedProgress(const ListenedProgress&) = delete;
+  ListenedProgress& operator=(const ListenedProgress&) = delete;
+  ~ListenedProgress() override { close(); }
+
+  void Create_ProgressDlg(const CString&, const CString& text, int) override {
+    open_ = true;
+    if (listener_ != nullptr) listener_->started(to_utf8(text));
+  }
+  int Update_ProgressDlg(int done, int total) override {
+    monitor_.set_done(static_cast<std::size_t>(done));
+    if (listener_ != nullptr && listener_->advanced(done, total)) cancelled_ = true;
+    return cancelled_ ? 1 : 0;
+  }
+  void Delete_ProgressDlg() override { close(); }
+
+ private:
+  void close() {
+    if (std::exchange(open_, false) && listener_ != nullptr) listener_->ended();
+  }
+
+  ProgressListener* listener_;
+  RunMonitor& monitor_;
+  bool& cancelled_;
+  bool open_ = false;
+};
+
+}  // namespace
+
+Session::Session(const model::Model& model, SessionOptions options)
+    : options_(std::move(options)),
+      scale_(index_of(model.units)),
+      evaluator_(model),
+      monitor_(model),
+      attributes_(model, scale_),
+      tool_(model, evaluator_, monitor_, options_.selected, options_.combinations),
+      manager_(model, evaluator_, scale_, monitor_, options_.result_path,
+               run_info(model, evaluator_, options_.combinations), options_.create_writer),
+      document_(model, attributes_, tool_, manager_, scale_) {}
+
+std::unique_ptr<CKFactor> Session::CreateKFactor() {
+  return std::make_unique<GivenLengthFactors>(attributes_);
+}
+
+std::unique_ptr<CDgnProgressDlg> Session::CreateProgressDlg() {
+  return std::make_unique<ListenedProgress>(options_.progress, monitor_, cancelled_);
+}
+
+CString Session::MessageText(const CString& key) {
+  return message_text(key, options_.language);
+}
+
+int Session::ShowMessageBox(const CString& text, UINT) {
+  SaveHistory(text, 0, nullptr);
+  return button_ok;
+}
+
+void Session::DisplayAnalString(const CString& text, int) {
+  if (options_.message) options_.message(to_utf8(text));
+}
+
+void Session::SaveHistory(const CString& text, int, void*) {
+  had_message_ = true;
+  if (options_.message) options_.message(to_utf8(text));
+}
+
+void Session::ReleaseAssertion(const wchar_t* source, int line) {
+  monitor_.note_assertion(to_utf8(source), line);
+}
+
+}  // namespace aluframe::services

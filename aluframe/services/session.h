@@ -1,0 +1,80 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "aluframe/model/combinations.h"
+#include "aluframe/services/document.h"
+#include "aluframe/services/messages.h"
+#include "aluframe/services/run_monitor.h"
+#include "host/host_services.h"
+
+namespace aluframe::services {
+
+/// Who watches a run: draws its progress and may stop it.
+class ProgressListener {
+ public:
+  virtual ~ProgressListener() = default;
+  virtual void started(const std::string& text) = 0;
+  /// @return true to stop the run
+  virtual bool advanced(int done, int total) = 0;
+  virtual void ended() = 0;
+};
+
+struct SessionOptions {
+  std::filesystem::path result_path;
+  std::vector<model::Number> selected;   ///< elements to check; empty: all
+  std::set<model::Number> combinations;  ///< combinations to check; empty: all
+  Language language = Language::english;
+  ProgressListener* progress = nullptr;             ///< null: nobody watches
+  std::function<void(const std::string&)> message;  ///< history and status lines, UTF-8
+  /// What a run's records are written with.
+  ResultWriterFactory create_writer = store::ResultWriter::create;
+};
+
+/// Our host: everything that the design module calls, over one model. Bind it for a run.
+///
+///     Session session(model, {.result_path = "frame.aluresult"});
+///     host::Bind(session);
+class Session : public host::HostServices {
+ public:
+  /// `model` must outlive the session.
+  Session(const model::Model& model, SessionOptions options);
+
+  CDBDoc* DocPoint() override { return &document_; }
+  CDgnDynData* DgnDynData() override { return &design_data_; }
+  std::unique_ptr<CKFactor> CreateKFactor() override;
+  std::unique_ptr<CDgnProgressDlg> CreateProgressDlg() override;
+  CString MessageText(const CString& key) override;
+  int ShowMessageBox(const CString& text, UINT type) override;
+  void DisplayAnalString(const CString& text, int option) override;
+  void SaveHistory(const CString& text, int option, void* reserved) override;
+  int IsReleaseAssert() override { return 1; }
+  void ReleaseAssertion(const wchar_t* source, int line) override;
+
+  RunMonitor& monitor() { return monitor_; }
+  DesignManager& manager() { return manager_; }
+  /// True once the listener has asked to stop.
+  bool was_cancelled() const { return cancelled_; }
+  /// True when the module had something to say to the user.
+  bool had_message() const { return had_message_; }
+
+ private:
+  SessionOptions options_;
+  UnitScale scale_;
+  model::CombinationEvaluator evaluator_;
+  RunMonitor monitor_;
+  Attributes attributes_;
+  DesignTool tool_;
+  DesignManager manager_;
+  Document document_;
+  DesignData design_data_;
+  bool cancelled_ = false;
+  bool had_message_ = false;
+};
+
+}  // namespace aluframe::services
