@@ -1,0 +1,210 @@
+#include "apps/cli/check_command.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <utility>
+#include <variant>
+
+#include "aluframe/io/model_file.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/result_tables.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+template <class Entities>
+std::vector<model::Number> numbers_of(const Entities& entities) {
+  std::vector<model::Number> numbers;
+  for (const auto& entity : entities) numbers.push_back(entity.number);
+  return numbers;
+}
+
+/// The model with the forces that are to be checked, or a message.
+std::variant<model::Model, std::string> load(const CheckOptions& options) {
+  auto read = io::read_model(options.model);
+  if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
+  auto& model = std::get<model::Model>(read);
+  if (options.forces) {
+    const auto forces = io::read_forces_csv(*options.forces, model);
+    if (const auto* problem = std::get_if<io::Problem>(&forces)) return problem->message();
+  }
+  return std::move(model);
+}
+
+std::vector<model::Number> design_combinations(const model::Model& model) {
+  std::vector<model::Number> numbers;
+  for (const model::Combination& combination : model.combinations) {
+    if (combination.design) numbers.push_back(combination.number);
+  }
+  return numbers;
+}
+
+/// What the run is limited to, or a message.
+std::optional<std::string> limit(const model::Model& model, const CommonOptions& common,
+                                 services::SessionOptions& out) {
+  if (!common.elements.empty()) {
+    auto selected = select(common.elements, numbers_of(model.elements), "element");
+    if (const auto* text = std::get_if<std::string>(&selected)) return "--elements: " + *text;
+    out.selected = std::get<std::vector<model::Number>>(std::move(selected));
+  }
+  if (!common.combinations.empty()) {
+    auto selected = select(common.combinations, design_combinations(model), "design combination");
+    if (const auto* text = std::get_if<std::string>(&selected)) return "--combinations: " + *text;
+    const auto& numbers = std::get<std::vector<model::Number>>(selected);
+    out.combinations = {numbers.begin(), numbers.end()};
+  }
+  return std::nullopt;
+}
+
+bool wants_progress(ProgressMode mode) {
+  return mode == ProgressMode::always || (mode == ProgressMode::automatic && stderr_is_terminal());
+}
+
+void print_assertions(const services::CheckSummary& summary) {
+  for (const auto& [place, count] : summary.assertions) {
+    print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
+  }
+}
+
+int exit_status(const services::CheckSummary& summary, bool strict) {
+  switch (summary.outcome) {
+    case services::RunOutcome::cancelled:
+      return exit_cancelled;
+    case services::RunOutcome::failed:
+      return exit_failure;
+    case services::RunOutcome::nothing_to_check:
+      return exit_input_error;
+    case services::RunOutcome::complete:
+      break;
+  }
+  if (summary.checked_elements == 0) return exit_failure;
+  return strict && summary.elements_over_limit > 0 ? exit_over_limit : exit_done;
+}
+
+std::string combination_text(const model::Model& model, const T_RALU_ITEM& check) {
+  const model::Combination* combination = model.combinations.find(check.nLComb);
+  const std::string name = combination == nullptr || combination->name.empty()
+                               ? ""
+                               : fmt::format(" \"{}\"", combination->name);
+  return fmt::format("combination {}{}{}", check.nLComb, name,
+                     check.nMinSide != 0 ? " (minimum side)" : "");
+}
+
+std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
+  if (!summary.worst) return "none";
+  const services::WorstCheck& worst = *summary.worst;
+  return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
+                     item_name(worst.item), worst.element, position_name(worst.check.nPos),
+                     combination_text(model, worst.check));
+}
+
+/// The run as a table of one row, for JSON and CSV.
+OutputTable summary_table(const services::CheckSummary& summary) {
+  const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
+  OutputTable table;
+  std::vector<Cell> row;
+  const auto add = [&](const char* key, Cell value) {
+    table.columns.push_back({.key = key, .heading = key});
+    row.push_back(std::move(value));
+  };
+  add("outcome", std::string(outcome_name(summary.outcome)));
+  add("elements", whole(summary.elements));
+  add("checked_elements", whole(summary.checked_elements));
+  add("combinations", whole(summary.combinations));
+  add("checked_positions", whole(summary.checked_positions));
+  add("records", whole(summary.records));
+  add("seconds", summary.seconds);
+  add("elements_over_1", whole(summary.elements_over_limit));
+  const bool any = summary.worst.has_value();
+  add("worst_ratio", any ? Cell(summary.worst->check.Ratio()) : Cell());
+  add("worst_element", any ? whole(summary.worst->element) : Cell());
+  add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
+  add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
+  add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
+  add("not_checked", whole(summary.not_checked.size()));
+  table.rows.push_back(std::move(row));
+  return table;
+}
+
+void print_outcome(const services::CheckSummary& summary) {
+  if (summary.outcome == services::RunOutcome::failed) {
+    print_message("the run failed: " + summary.failure);
+  } else if (summary.outcome == services::RunOutcome::cancelled) {
+    print_message("cancelled; the results so far are kept");
+  } else if (summary.outcome == services::RunOutcome::complete && summary.checked_elements == 0) {
+    print_message("no element could be checked");
+  }
+  print_assertions(summary);
+}
+
+std::filesystem::path result_path(const CheckOptions& options) {
+  return options.output.value_or(result_path_of(options.model));
+}
+
+services::SessionOptions session_options(const CheckOptions& options, ProgressBar& progress) {
+  services::SessionOptions session;
+  session.result_path = result_path(options);
+  session.language = options.language;
+  session.progress = &progress;
+  session.message = print_message;
+  return session;
+}
+
+void print_summary(const model::Model& model, const services::CheckSummary& summary,
+                   const CheckOptions& options) {
+  if (options.common.format == Format::table) {
+    fmt::print("{}  {:<14}{}\n", summary_text(model, summary), "results",
+               result_path(options).string());
+  } else {
+    fmt::print("{}", render(summary_table(summary), options.common.format, false));
+    if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
+  }
+  print_message("stability is not checked yet");
+}
+
+}  // namespace
+
+std::string summary_text(const model::Model& model, const services::CheckSummary& summary) {
+  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
+  const auto add = [&out](std::string_view name, const std::string& value) {
+    out += fmt::format("  {:<14}{}\n", name, value);
+  };
+  add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
+  add("combinations", fmt::format("{}", summary.combinations));
+  add("checks",
+      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
+  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
+                          static_cast<double>(summary.checked_positions) / summary.seconds));
+  add("worst ratio", worst_text(model, summary));
+  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
+                            summary.elements_over_limit == 1 ? "" : "s"));
+  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
+  return out;
+}
+
+int run_check_command(const CheckOptions& options) {
+  const auto loaded = load(options);
+  if (const auto* text = std::get_if<std::string>(&loaded)) {
+    print_message(*text);
+    return exit_input_error;
+  }
+  const auto& model = std::get<model::Model>(loaded);
+  ProgressBar progress(wants_progress(options.progress));
+  services::SessionOptions session = session_options(options, progress);
+  if (const auto problem = limit(model, options.common, session)) {
+    print_message(options.model.string() + ": " + *problem);
+    return exit_input_error;
+  }
+  note_interrupts();
+  const services::CheckSummary summary = services::run_check(model, std::move(session));
+  if (summary.records > 0) print_summary(model, summary, options);
+  print_outcome(summary);
+  return exit_status(summary, options.strict);
+}
+
+}  // namespace aluframe::cli

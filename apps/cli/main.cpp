@@ -1,0 +1,134 @@
+// Parses the command line and hands over to the commands.
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "apps/cli/check_command.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/results_command.h"
+#include "apps/cli/terminal.h"
+#include "apps/cli/validate_command.h"
+
+namespace {
+
+using namespace aluframe::cli;
+
+/// An option whose text is read by `parse`, which returns nothing or a message when it cannot.
+template <class Value, class Parse>
+CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, Parse parse,
+                        const std::string& help) {
+  return app
+      .add_option_function<std::string>(
+          name, [&value, parse, name](const std::string& text) { value = parse(name, text); }, help)
+      ->type_name("");
+}
+
+NumberRanges ranges_or_throw(const std::string& name, const std::string& text) {
+  auto parsed = parse_number_ranges(text);
+  if (const auto* problem = std::get_if<std::string>(&parsed)) {
+    throw CLI::ValidationError(name, *problem);
+  }
+  return std::get<NumberRanges>(std::move(parsed));
+}
+
+/// Reads one of a few words.
+template <class Parse>
+auto one_of(Parse parse, const std::string& allowed) {
+  return [parse, allowed](const std::string& name, const std::string& text) {
+    const auto value = parse(text);
+    if (!value) {
+      throw CLI::ValidationError(name, "found '" + text + "', must be one of " + allowed);
+    }
+    return *value;
+  };
+}
+
+void add_common(CLI::App& app, CommonOptions& common) {
+  add_parsed(app, "--elements", common.elements, ranges_or_throw,
+             "Only these elements, such as 1,3,10-20");
+  add_parsed(app, "--combinations", common.combinations, ranges_or_throw,
+             "Only these combinations, such as 1,3,10-20");
+  add_parsed(app, "--format", common.format, one_of(parse_format, "table, json, csv"),
+             "How to print: table, json or csv");
+}
+
+void add_check(CLI::App& app, CheckOptions& options, int& status) {
+  CLI::App* check = app.add_subcommand("check", "Check every element of a model");
+  check->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  check->add_option("--forces", options.forces, "Element forces (CSV) in place of the model's")
+      ->type_name("FILE");
+  check->add_option("--output", options.output, "Result file; beside the model when not given")
+      ->type_name("FILE");
+  add_common(*check, options.common);
+  add_parsed(*check, "--progress", options.progress,
+             one_of(parse_progress_mode, "auto, always, never"),
+             "Progress bar: auto (on a terminal), always or never");
+  add_parsed(*check, "--lang", options.language,
+             one_of(aluframe::services::parse_language, "en, zh"),
+             "Language of the design module's messages: en or zh");
+  check->add_flag("--strict", options.strict, "Exit with status 4 when a ratio exceeds 1");
+  check->callback([&] { status = run_check_command(options); });
+}
+
+void add_results(CLI::App& app, ResultsOptions& options, int& status) {
+  CLI::App* results = app.add_subcommand("results", "Show the stored results of a model");
+  results->add_option("MODEL", options.input, "Model file, or a result file (.aluresult)")
+      ->required()
+      ->type_name("");
+  add_common(*results, options.common);
+  results->add_option("--sort", options.sort, "Sort by " + sort_names())
+      ->check([](const std::string& name) {
+        return is_sort_name(name) ? std::string()
+                                  : "found '" + name + "', must be one of " + sort_names();
+      })
+      ->type_name("KEY");
+  results->add_option("--top", options.top, "Only the first N elements")->type_name("N");
+  results->add_option("--over", options.over, "Only elements with a ratio above this")
+      ->type_name("RATIO");
+  results->add_option("--element", options.element, "One element: every combination and position")
+      ->type_name("NUMBER");
+  results->add_option("--units", options.units, "Stresses in these units, such as kN,m")
+      ->type_name("FORCE,LENGTH");
+  results->add_option("--output", options.output, "Write to this file")->type_name("FILE");
+  results->callback([&] { status = run_results_command(options); });
+}
+
+void add_validate(CLI::App& app, ValidateOptions& options, int& status) {
+  CLI::App* validate = app.add_subcommand("validate", "Check a model file for faults");
+  validate->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  validate->add_option("--forces", options.forces, "Element forces (CSV)")->type_name("FILE");
+  validate->callback([&] { status = run_validate_command(options); });
+}
+
+int run(int argc, char** argv) {
+  CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
+  app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
+  app.require_subcommand(1);
+  int status = exit_done;
+  CheckOptions check;
+  ResultsOptions results;
+  ValidateOptions validate;
+  add_check(app, check, status);
+  add_results(app, results, status);
+  add_validate(app, validate, status);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? exit_done : exit_input_error;
+  }
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    print_message(std::string("aluframe: ") + error.what());
+    return exit_failure;
+  }
+}

@@ -1,0 +1,188 @@
+#include "apps/cli/output_table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+#include "aluframe/services/run_monitor.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+constexpr const char* red = "\x1b[31m";
+constexpr const char* plain = "\x1b[0m";
+
+std::string name_of_non_finite(double value) {
+  if (std::isnan(value)) return "nan";
+  return value > 0 ? "inf" : "-inf";
+}
+
+struct TextOf {
+  int decimals;
+  std::string operator()(std::monostate) const { return "-"; }
+  std::string operator()(const std::string& text) const { return text; }
+  std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
+  std::string operator()(bool value) const { return value ? "yes" : "no"; }
+  std::string operator()(double value) const {
+    return std::isfinite(value) ? fmt::format("{:.{}f}", value, decimals)
+                                : name_of_non_finite(value);
+  }
+};
+
+struct CsvOf {
+  std::string operator()(std::monostate) const { return ""; }
+  std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
+  std::string operator()(bool value) const { return value ? "true" : "false"; }
+  std::string operator()(double value) const { return full_number(value); }
+  std::string operator()(const std::string& text) const {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+  }
+};
+
+struct JsonOf {
+  nlohmann::ordered_json operator()(std::monostate) const { return nullptr; }
+  nlohmann::ordered_json operator()(double value) const {
+    if (!std::isfinite(value)) return name_of_non_finite(value);
+    return value;
+  }
+  template <class Value>
+  nlohmann::ordered_json operator()(const Value& value) const {
+    return value;
+  }
+};
+
+/// Characters on the screen: bytes that do not continue a UTF-8 sequence.
+std::size_t display_width(std::string_view text) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string padded(const std::string& text, std::size_t width, bool to_left) {
+  const std::string blanks(width - std::min(width, display_width(text)), ' ');
+  return to_left ? text + blanks : blanks + text;
+}
+
+bool is_over(const Column& column, const Cell& cell) {
+  const double* ratio = std::get_if<double>(&cell);
+  return column.is_ratio && ratio != nullptr && services::exceeds_limit(*ratio);
+}
+
+void trim_right(std::string& line) {
+  line.erase(line.find_last_not_of(' ') + 1);
+}
+
+std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
+  std::vector<std::vector<std::string>> texts;
+  for (const auto& row : table.rows) {
+    auto& line = texts.emplace_back();
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line.push_back(std::visit(TextOf{table.columns[i].decimals}, row[i]));
+    }
+  }
+  return texts;
+}
+
+std::vector<std::size_t> widths_of(const OutputTable& table,
+                                   const std::vector<std::vector<std::string>>& texts) {
+  std::vector<std::size_t> widths;
+  for (const Column& column : table.columns) widths.push_back(display_width(column.heading));
+  for (const auto& line : texts) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      widths[i] = std::max(widths[i], display_width(line[i]));
+    }
+  }
+  return widths;
+}
+
+/// A column of texts stands to the left, one of numbers to the right.
+bool stands_left(const OutputTable& table, std::size_t column) {
+  return std::ranges::any_of(table.rows, [column](const auto& row) {
+    return std::holds_alternative<std::string>(row[column]);
+  });
+}
+
+}  // namespace
+
+std::optional<Format> parse_format(std::string_view name) {
+  if (name == "table") return Format::table;
+  if (name == "json") return Format::json;
+  if (name == "csv") return Format::csv;
+  return std::nullopt;
+}
+
+std::string full_number(double value) {
+  return std::isfinite(value) ? fmt::format("{:.17g}", value) : name_of_non_finite(value);
+}
+
+std::string to_text(const OutputTable& table, bool colour) {
+  const auto texts = texts_of(table);
+  const auto widths = widths_of(table, texts);
+  std::string out;
+  const auto add_line = [&](const auto& cell_text) {
+    std::string line;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      line += (i == 0 ? "" : "  ") + cell_text(i);
+    }
+    trim_right(line);
+    out += line + "\n";
+  };
+  std::vector<bool> left;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) left.push_back(stands_left(table, i));
+  add_line([&](std::size_t i) { return padded(table.columns[i].heading, widths[i], left[i]); });
+  add_line([&](std::size_t i) { return std::string(widths[i], '-'); });
+  for (std::size_t r = 0; r < texts.size(); ++r) {
+    add_line([&](std::size_t i) {
+      const std::string text = padded(texts[r][i], widths[i], left[i]);
+      return colour && is_over(table.columns[i], table.rows[r][i]) ? red + text + plain : text;
+    });
+  }
+  return out;
+}
+
+std::string to_csv(const OutputTable& table) {
+  std::string out;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    out += (i == 0 ? "" : ",") + CsvOf()(table.columns[i].key);
+  }
+  out += "\n";
+  for (const auto& row : table.rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      out += (i == 0 ? "" : ",") + std::visit(CsvOf(), row[i]);
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+std::string to_json(const OutputTable& table) {
+  std::string out = "[";
+  for (std::size_t r = 0; r < table.rows.size(); ++r) {
+    nlohmann::ordered_json object = nlohmann::ordered_json::object();
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      object[table.columns[i].key] = std::visit(JsonOf(), table.rows[r][i]);
+    }
+    out += (r == 0 ? "\n  " : ",\n  ") +
+           object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+  }
+  return out + (table.rows.empty() ? "]\n" : "\n]\n");
+}
+
+std::string render(const OutputTable& table, Format format, bool colour) {
+  switch (format) {
+    case Format::json:
+      return to_json(table);
+    case Format::csv:
+      return to_csv(table);
+    case Format::table:
+      break;
+  }
+  return to_text(table, colour);
+}
+
+}  // namespace aluframe::cli

@@ -1,0 +1,62 @@
+#include "apps/cli/progress_bar.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+constexpr int bar_width = 24;
+constexpr auto drawing_interval = std::chrono::milliseconds(100);
+constexpr const char* erase_line = "\r\x1b[K";
+
+std::string clock_time(double seconds) {
+  const auto whole = static_cast<long>(seconds + 0.5);
+  return fmt::format("{}:{:02}", whole / 60, whole % 60);
+}
+
+}  // namespace
+
+std::optional<ProgressMode> parse_progress_mode(std::string_view name) {
+  if (name == "auto") return ProgressMode::automatic;
+  if (name == "always") return ProgressMode::always;
+  if (name == "never") return ProgressMode::never;
+  return std::nullopt;
+}
+
+std::string progress_line(const std::string& text, int done, int total, double seconds) {
+  const double share = total > 0 ? static_cast<double>(done) / total : 1.0;
+  const auto filled = static_cast<std::size_t>(share * bar_width);
+  const std::string bar = std::string(filled, '#') + std::string(bar_width - filled, '.');
+  const double rate = seconds > 0.0 ? done / seconds : 0.0;
+  const std::string left = rate > 0.0 ? clock_time((total - done) / rate) + " left" : "";
+  return fmt::format("{} [{}] {:3.0f} %  {}/{}  {:.0f}/s  {}", text, bar, share * 100.0, done,
+                     total, rate, left);
+}
+
+void ProgressBar::started(const std::string& text) {
+  text_ = text;
+  start_ = Clock::now();
+  last_drawn_ = {};
+}
+
+bool ProgressBar::advanced(int done, int total) {
+  const Clock::time_point now = Clock::now();
+  if (visible_ && (now - last_drawn_ >= drawing_interval || done == total)) {
+    last_drawn_ = now;
+    const double seconds = std::chrono::duration<double>(now - start_).count();
+    fmt::print(stderr, "{}{}", erase_line, progress_line(text_, done, total, seconds));
+    std::fflush(stderr);
+  }
+  return was_interrupted();
+}
+
+void ProgressBar::ended() {
+  if (visible_) fmt::print(stderr, "{}", erase_line);
+}
+
+}  // namespace aluframe::cli

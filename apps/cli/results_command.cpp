@@ -1,0 +1,213 @@
+#include "apps/cli/results_command.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <fstream>
+#include <variant>
+
+#include "apps/cli/exit_status.h"
+#include "apps/cli/result_tables.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sort keys that name a check item.
+constexpr std::pair<std::string_view, int> item_sort_keys[] = {
+    {"strength", RALU_STRENGTH},
+    {"shear-y", RALU_SHEAR_Y},
+    {"shear-z", RALU_SHEAR_Z},
+    {"stability", RALU_STABILITY},
+    {"combined-stability", RALU_COMBINED_STABILITY},
+    {"slenderness-y", RALU_SLENDERNESS_Y},
+    {"slenderness-z", RALU_SLENDERNESS_Z},
+};
+
+/// Input that cannot be used; the text is for the user.
+struct InputError {
+  std::string text;
+};
+
+fs::path result_file_of(const fs::path& input) {
+  return input.extension() == ".aluresult" ? input : result_path_of(input);
+}
+
+/// Says what the user should know before trusting the results.
+void print_warnings(const fs::path& input, const fs::path& file, store::RunState state) {
+  if (state == store::RunState::running) {
+    print_message(file.string() + ": these results are of a run that did not finish");
+  } else if (state != store::RunState::complete) {
+    print_message(file.string() + ": these results are of a run that was stopped before its end");
+  }
+  std::error_code error;
+  if (input != file && fs::last_write_time(input, error) > fs::last_write_time(file, error) &&
+      !error) {
+    print_message(input.string() + " is newer than its results; check it again");
+  }
+}
+
+ResultView view_of(const std::optional<std::string>& units) {
+  if (!units) return {};
+  const std::size_t comma = units->find(',');
+  const auto force = model::parse_force_unit(units->substr(0, comma));
+  const auto length = comma == std::string::npos
+                          ? std::nullopt
+                          : model::parse_length_unit(units->substr(comma + 1));
+  if (!force || !length) {
+    throw InputError{
+        fmt::format("--units: found '{}', must be a force unit ({}), a comma and a "
+                    "length unit ({})",
+                    *units, model::force_unit_names(), model::length_unit_names())};
+  }
+  const double millimetres = model::millimetres_per(*length);
+  return {millimetres * millimetres / model::newtons_per(*force),
+          fmt::format("{}/{}²", model::name_of(*force), model::name_of(*length))};
+}
+
+/// True when the first element goes before the second by the check item.
+bool goes_before(const ElementResult& a, const ElementResult& b, int item) {
+  const store::GoverningRow* first = a.find(item);
+  const store::GoverningRow* second = b.find(item);
+  if (first == nullptr || second == nullptr) return first != nullptr && second == nullptr;
+  return first->governing.ComPair(second->governing) != 0;
+}
+
+void sort_elements(std::vector<ElementResult>& elements, const std::string& key) {
+  if (key == "element") {
+    std::ranges::stable_sort(elements, {}, &ElementResult::element);
+  } else if (key == "ratio") {
+    std::ranges::stable_sort(elements, [](const ElementResult& a, const ElementResult& b) {
+      return a.worst().governing.ComPair(b.worst().governing) != 0;
+    });
+  } else {
+    const auto* const item =
+        std::ranges::find(item_sort_keys, key, &std::pair<std::string_view, int>::first);
+    std::ranges::stable_sort(elements, [&](const ElementResult& a, const ElementResult& b) {
+      return goes_before(a, b, item->second);
+    });
+  }
+}
+
+std::vector<ElementResult> chosen_elements(store::ResultReader& reader,
+                                           const ResultsOptions& options) {
+  std::vector<ElementResult> elements = by_element(reader.governing());
+  if (!options.common.elements.empty()) {
+    auto selected = select(options.common.elements, reader.elements(), "result of an element");
+    if (const auto* text = std::get_if<std::string>(&selected)) {
+      throw InputError{"--elements: " + *text};
+    }
+    std::erase_if(elements, [&](const ElementResult& element) {
+      return !options.common.elements.contains(element.element);
+    });
+  }
+  if (options.over) {
+    std::erase_if(elements, [&](const ElementResult& element) {
+      return element.worst().governing.Ratio() <= *options.over;
+    });
+  }
+  sort_elements(elements, options.sort);
+  if (options.top && elements.size() > *options.top) elements.resize(*options.top);
+  return elements;
+}
+
+std::string list_text(store::ResultReader& reader, const ResultsOptions& options,
+                      const ResultView& view) {
+  const std::vector<ElementResult> elements = chosen_elements(reader, options);
+  if (options.common.format != Format::table) {
+    return render(governing_table(elements, reader.info(), view), options.common.format, false);
+  }
+  std::string out =
+      to_text(overview_table(elements, reader.info()), !options.output && stdout_wants_colour());
+  const std::vector<store::NotChecked> not_checked = reader.not_checked();
+  if (!not_checked.empty()) out += "\n" + not_checked_text(not_checked);
+  return out;
+}
+
+std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader,
+                                                const ResultsOptions& options) {
+  std::vector<store::StoredRecord> records = reader.read_all(*options.element);
+  if (records.empty()) {
+    throw InputError{fmt::format("--element: there is no result of element {}", *options.element)};
+  }
+  if (!options.common.combinations.empty()) {
+    std::erase_if(records, [&](const store::StoredRecord& record) {
+      return record.combination != 0 && !options.common.combinations.contains(record.combination);
+    });
+  }
+  return records;
+}
+
+std::string element_text(store::ResultReader& reader, const ResultsOptions& options,
+                         const ResultView& view) {
+  const std::vector<store::StoredRecord> records = chosen_records(reader, options);
+  if (options.common.format != Format::table) {
+    return render(all_checks_table(*options.element, records, reader.info(), view),
+                  options.common.format, false);
+  }
+  std::vector<store::GoverningRow> rows;
+  for (const store::GoverningRow& row : reader.governing()) {
+    if (row.element == *options.element) rows.push_back(row);
+  }
+  const bool colour = !options.output && stdout_wants_colour();
+  std::string out = fmt::format("Element {}: governing checks\n", *options.element);
+  out += to_text(governing_table(by_element(rows), reader.info(), view), colour);
+  out += "\nRatios of every combination and position\n";
+  out += to_text(position_ratios_table(records, reader.info()), colour);
+  std::vector<store::NotChecked> not_checked = reader.not_checked();
+  std::erase_if(not_checked, [&](const auto& item) { return item.element != *options.element; });
+  if (!not_checked.empty()) out += "\n" + not_checked_text(not_checked);
+  return out;
+}
+
+int print(const std::string& text, const std::optional<fs::path>& path) {
+  if (!path) {
+    fmt::print("{}", text);
+    return exit_done;
+  }
+  std::ofstream file(*path, std::ios::binary);
+  file << text;
+  file.close();
+  if (file.fail()) {
+    print_message(path->string() + ": cannot be written");
+    return exit_failure;
+  }
+  return exit_done;
+}
+
+}  // namespace
+
+std::string sort_names() {
+  std::string names = "element, ratio";
+  for (const auto& [name, item] : item_sort_keys) names += ", " + std::string(name);
+  return names;
+}
+
+bool is_sort_name(const std::string& name) {
+  return name == "element" || name == "ratio" ||
+         std::ranges::any_of(item_sort_keys, [&](const auto& key) { return key.first == name; });
+}
+
+int run_results_command(const ResultsOptions& options) {
+  const fs::path file = result_file_of(options.input);
+  std::unique_ptr<store::ResultReader> reader;
+  try {
+    const ResultView view = view_of(options.units);
+    reader = store::ResultReader::open(file);
+    print_warnings(options.input, file, reader->state());
+    return print(
+        options.element ? element_text(*reader, options, view) : list_text(*reader, options, view),
+        options.output);
+  } catch (const InputError& error) {
+    print_message(file.string() + ": " + error.text);
+    return exit_input_error;
+  } catch (const std::runtime_error& error) {
+    print_message(error.what());
+    return reader == nullptr ? exit_input_error : exit_failure;
+  }
+}
+
+}  // namespace aluframe::cli
