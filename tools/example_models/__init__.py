@@ -1,0 +1,10 @@
+"""The structures in examples/, described compactly; tools/make_examples.py writes them out."""
+
+from example_models import footbridge, mullion_transom, portal
+
+# File name in examples/ and the function that describes the structure.
+EXAMPLES = {
+    "mullion-transom.json": mullion_transom.describe,
+    "footbridge.json": footbridge.describe,
+    "portal-bracket.json": portal.describe,
+}
