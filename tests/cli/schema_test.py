@@ -1,0 +1,207 @@
+"""The JSON Schema of the model file: sound itself, true to every example, and strict."""
+
+import copy
+import json
+import re
+from pathlib import Path
+
+import jsonschema
+import pytest
+
+ROOT = Path(__file__).resolve().parents[2]
+SCHEMA = json.loads((ROOT / "schema" / "aluframe-model.schema.json").read_text(encoding="utf-8"))
+EXAMPLES = sorted((ROOT / "examples").glob("*.json"))
+VALIDATOR = jsonschema.Draft202012Validator(SCHEMA)
+
+
+def documented_example():
+    text = (ROOT / "docs" / "model-file.md").read_text(encoding="utf-8")
+    return json.loads(re.search(r"```json\n(.*?)```", text, re.DOTALL).group(1))
+
+
+# A model with every field that a file may have.
+FULL = {
+    "$schema": "../schema/aluframe-model.schema.json",
+    "format": "aluframe-model",
+    "version": 1,
+    "title": "All",
+    "description": "Every field",
+    "units": {"force": "kip", "length": "ft", "section": "in"},
+    "settings": {"code": "GB50429-2007", "rib": False, "rib_ratio": 1.1, "safety_class": 3,
+                 "strength_ratio": 0.9, "seismic": True, "gamma_re_strength": 0.7,
+                 "gamma_re_stability": 0.75},
+    "frame": {"braced_a": True, "braced_b": False},
+    "materials": [
+        {"number": 1, "name": "M", "alloy": "5083-O/F"},
+        {"number": 2, "grade": "X", "standard": "S", "f02_thin": 110, "f02_thick": 100, "fu": 160,
+         "e": 69000, "poisson": 0.33, "density": 2.8e-6, "thermal_expansion": 2.4e-5}],
+    "sections": [
+        {"number": 1, "shape": "C", "welded": True,
+         "dimensions": {"H": 8, "B1": 3, "tw": 0.3, "tf1": 0.4, "B2": 2, "tf2": 0.3, "r1": 0, "r2": 0}},
+        {"number": 2, "shape": "H", "dimensions": {"H": 8, "B1": 3, "tw": 0.3, "tf1": 0.4}},
+        {"number": 3, "shape": "T", "dimensions": {"H": 8, "B": 3, "tw": 0.3, "tf": 0.4}},
+        {"number": 4, "shape": "B",
+         "dimensions": {"H": 8, "B": 3, "tw": 0.3, "tf1": 0.4, "C": 2, "tf2": 0.3}},
+        {"number": 5, "shape": "P", "dimensions": {"D": 8, "t": 0.3}},
+        {"number": 6, "shape": "2C", "dimensions": {"H": 8, "B": 3, "tw": 0.3, "tf": 0.4, "C": 0}},
+        {"number": 7, "shape": "SR", "dimensions": {"D": 2}},
+        {"number": 8, "shape": "UP", "name": "given",
+         "properties": {"area": 1, "it": 0, "iyy": 1, "izz": 1, "qyb": 1, "qzb": 1, "iw": 0,
+                        "shear_centre_z": -1, "point_y": [-1, 1, 1, -1], "point_z": [1, 1, -1, -1]}}],
+    "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0},
+              {"number": 2, "name": "top", "x": 0.5, "y": -1, "z": 1e3}],
+    "supports": [{"node": 1, "restrained": "all"},
+                 {"node": 2, "restrained": ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]}],
+    "elements": [{
+        "number": 134217727, "name": "E", "nodes": [1, 2], "section": 1, "material": 2, "beta": -90,
+        "kind": "truss", "member_type": "brace",
+        "releases": {"start": ["N", "Fy", "Fz"], "end": ["Mx", "My", "Mz"]},
+        "design": {
+            "stability_coefficients": {"y": 0.5, "z": 0.6}, "rib": {"stiffened": True, "ratio": 1.2},
+            "weld_coefficient": 0.9, "haz_width": 1,
+            "moment_factors": {"y": {"value": -0.5}, "z": {"loading": 3}},
+            "length_factors": {"y": 2}, "slenderness_limits": {
+                "checked": False, "compression": 0, "tension": 350}}}],
+    "members": [{"number": 1, "name": "m", "elements": [134217727],
+                 "length_factors": {"y": 1, "z": 0.7}}],
+    "load_cases": [{"number": 1, "name": "DL", "kind": "settlement"}, {"number": 2}],
+    "combinations": [
+        {"number": 1, "name": "c", "kind": "envelope", "seismic": True, "design": False,
+         "terms": [{"case": 1, "factor": -1.3}, {"case": 2}]},
+        {"number": 2, "terms": [{"combination": 1}]}],
+    "forces": [{"element": 134217727, "case": 1, "values": [[1, 2, 3, 4, 5, 6]] * 2},
+               {"element": 134217727, "case": 2, "values": [[0, 0, 0, 0, 0, 0.5]] * 5}],
+}
+
+# fault: the path of the value that is replaced (or added), and the value
+BROKEN = {
+    "other format": (["format"], "other"),
+    "later version": (["version"], 2),
+    "unknown field": (["colour"], "red"),
+    "number as text": (["nodes", 0, "x"], "0"),
+    "unknown unit": (["units", "length"], "km"),
+    "unknown code": (["settings", "code"], "GB50017-2017"),
+    "internal name of the code": (["settings", "code"], "GB50429-07(A)"),
+    "unknown safety class": (["settings", "safety_class"], 4),
+    "ratio of zero": (["settings", "rib_ratio"], 0),
+    "unknown frame axis": (["frame", "braced_c"], True),
+    "unknown alloy": (["materials", 0, "alloy"], "6063-T7"),
+    "alloy beside values": (["materials", 0, "fu"], 160),
+    "strength of zero": (["materials", 1, "f02_thin"], 0),
+    "poisson beyond one half": (["materials", 1, "poisson"], 0.6),
+    "unknown shape": (["sections", 0, "shape"], "I"),
+    "negative dimension": (["sections", 0, "dimensions", "tw"], -3),
+    "negative radius": (["sections", 0, "dimensions", "r1"], -3),
+    "dimension of another shape": (["sections", 2, "dimensions", "B1"], 60),
+    "missing dimension of H": (["sections", 1, "dimensions"], {"H": 1, "B1": 1, "tw": 1}),
+    "missing dimension of T": (["sections", 2, "dimensions"], {"H": 1, "B": 1, "tw": 1}),
+    "missing dimension of B": (["sections", 3, "dimensions"], {"H": 1, "B": 1, "tw": 1}),
+    "missing dimension of P": (["sections", 4, "dimensions"], {"D": 1}),
+    "missing dimension of 2C": (["sections", 5, "dimensions"], {"H": 1, "B": 1, "tw": 1}),
+    "missing dimension of SR": (["sections", 6, "dimensions"], {}),
+    "dimensions of UP": (["sections", 7, "dimensions"], {"H": 1}),
+    "missing properties of UP": (["sections", 7, "properties"], {"area": 1}),
+    "three stress points": (["sections", 7, "properties", "point_y"], [1, 2, 3]),
+    "negative area": (["sections", 7, "properties", "area"], -1),
+    "number zero": (["nodes", 0, "number"], 0),
+    "fraction as number": (["nodes", 0, "number"], 1.5),
+    "number beyond the limit": (["nodes", 0, "number"], 134217728),
+    "coordinate beyond the largest": (["nodes", 0, "x"], 2e30),
+    "unknown direction": (["supports", 1, "restrained"], ["Tx"]),
+    "direction given twice": (["supports", 1, "restrained"], ["Dx", "Dx"]),
+    "unknown word for a support": (["supports", 0, "restrained"], "fixed"),
+    "all in a list": (["supports", 0, "restrained"], ["all"]),
+    "no elements": (["elements"], []),
+    "three nodes": (["elements", 0, "nodes"], [1, 2, 3]),
+    "equal nodes": (["elements", 0, "nodes"], [1, 1]),
+    "unknown kind of element": (["elements", 0, "kind"], "rod"),
+    "unknown member type": (["elements", 0, "member_type"], "post"),
+    "unknown release": (["elements", 0, "releases", "end"], ["Rz"]),
+    "factor given and computed": (["elements", 0, "design", "moment_factors", "y"],
+                                  {"value": 1, "loading": 0}),
+    "factor neither given nor computed": (["elements", 0, "design", "moment_factors", "y"], {}),
+    "unknown loading": (["elements", 0, "design", "moment_factors", "z", "loading"], 4),
+    "length factor of zero": (["elements", 0, "design", "length_factors", "y"], 0),
+    "negative limit": (["elements", 0, "design", "slenderness_limits", "tension"], -1),
+    "empty member": (["members", 0, "elements"], []),
+    "element twice in a member": (["members", 0, "elements"], [134217727, 134217727]),
+    "unknown kind of case": (["load_cases", 0, "kind"], "dead"),
+    "unknown kind of combination": (["combinations", 0, "kind"], "srss"),
+    "term with both": (["combinations", 1, "terms", 0, "case"], 1),
+    "term with neither": (["combinations", 1, "terms", 0], {"factor": 1}),
+    "no terms": (["combinations", 1, "terms"], []),
+    "three rows": (["forces", 0, "values"], [[0] * 6] * 3),
+    "five forces": (["forces", 0, "values"], [[0] * 5] * 2),
+}
+
+REQUIRED = [
+    ["format"], ["version"], ["materials"], ["sections"], ["nodes"], ["elements"],
+    ["materials", 0, "number"], ["materials", 0, "alloy"], ["materials", 1, "grade"],
+    ["materials", 1, "f02_thin"], ["materials", 1, "fu"], ["sections", 0, "shape"],
+    ["sections", 0, "dimensions"], ["sections", 7, "properties"], ["nodes", 1, "number"],
+    ["nodes", 1, "x"], ["nodes", 1, "y"], ["nodes", 1, "z"], ["supports", 0, "node"],
+    ["supports", 0, "restrained"], ["elements", 0, "number"], ["elements", 0, "nodes"],
+    ["elements", 0, "section"], ["elements", 0, "material"], ["members", 0, "elements"],
+    ["load_cases", 0, "number"], ["combinations", 0, "terms"], ["forces", 0, "element"],
+    ["forces", 0, "case"], ["forces", 0, "values"],
+]
+
+
+def parent_of(model, path):
+    for key in path[:-1]:
+        model = model[key]
+    return model
+
+
+def without(path):
+    model = copy.deepcopy(FULL)
+    del parent_of(model, path)[path[-1]]
+    return model
+
+
+def replaced(path, value):
+    model = copy.deepcopy(FULL)
+    parent_of(model, path)[path[-1]] = value
+    return model
+
+
+def test_the_schema_is_a_valid_schema():
+    jsonschema.Draft202012Validator.check_schema(SCHEMA)
+
+
+def test_a_model_with_every_field_is_valid():
+    VALIDATOR.validate(FULL)
+
+
+def test_the_documented_example_is_valid():
+    VALIDATOR.validate(documented_example())
+
+
+def test_there_are_examples():
+    assert EXAMPLES
+
+
+@pytest.mark.parametrize("path", EXAMPLES, ids=lambda path: path.name)
+def test_an_example_is_valid(path):
+    VALIDATOR.validate(json.loads(path.read_text(encoding="utf-8")))
+
+
+@pytest.mark.parametrize("path, value", BROKEN.values(), ids=BROKEN.keys())
+def test_a_broken_model_is_not_valid(path, value):
+    assert not VALIDATOR.is_valid(replaced(path, value))
+
+
+@pytest.mark.parametrize("path", REQUIRED, ids=lambda path: "/".join(map(str, path)))
+def test_a_model_without_a_required_field_is_not_valid(path):
+    assert not VALIDATOR.is_valid(without(path))
+
+
+@pytest.mark.parametrize("path, value", BROKEN.values(), ids=BROKEN.keys())
+def test_the_reader_refuses_what_the_schema_refuses(aluframe, path, value):
+    aluframe.write(replaced(path, value))
+    assert "frame.json: " in aluframe("validate", "frame.json", status=1).stderr
+
+
+def test_the_reader_takes_the_model_with_every_field(aluframe):
+    aluframe.write(FULL)
+    assert "valid" in aluframe("validate", "frame.json").stdout

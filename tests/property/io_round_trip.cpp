@@ -1,0 +1,140 @@
+// Models of every content survive writing and reading; texts of any content are judged, never
+// crash the reader.
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "aluframe/io/model_file.h"
+#include "tests/property/io_any_model.h"
+
+namespace aluframe::io {
+namespace {
+
+using namespace aluframe::model;
+
+/// Two units in the last place, relative: dividing by a unit's factor and multiplying again rounds
+/// twice, each time by half a unit.
+void require_close(double expected, double actual) {
+  RC_ASSERT(std::abs(actual - expected) <= 4.5e-16 * std::abs(expected));
+}
+
+/// Compares entities that hold lengths: those are close, and with them made the same, all is equal.
+void require_equal(Node expected, const Node& actual) {
+  require_close(expected.x, actual.x);
+  require_close(expected.y, actual.y);
+  require_close(expected.z, actual.z);
+  expected.x = actual.x;
+  expected.y = actual.y;
+  expected.z = actual.z;
+  RC_ASSERT(expected == actual);
+}
+
+void take_if_close(std::optional<double>& expected, const std::optional<double>& actual) {
+  RC_ASSERT(expected.has_value() == actual.has_value());
+  if (!expected) return;
+  require_close(*expected, *actual);
+  expected = actual;
+}
+
+template <std::size_t Size>
+void take_if_close(std::array<double, Size>& expected, const std::array<double, Size>& actual) {
+  for (std::size_t i = 0; i < Size; ++i) require_close(expected[i], actual[i]);
+  expected = actual;
+}
+
+void take_if_close(std::optional<std::array<double, 4>>& expected,
+                   const std::optional<std::array<double, 4>>& actual) {
+  RC_ASSERT(expected.has_value() == actual.has_value());
+  if (expected) take_if_close(*expected, *actual);
+}
+
+void require_equal(Section expected, const Section& actual) {
+  take_if_close(expected.dimensions, actual.dimensions);
+  take_if_close(expected.given.area, actual.given.area);
+  take_if_close(expected.given.it, actual.given.it);
+  take_if_close(expected.given.iyy, actual.given.iyy);
+  take_if_close(expected.given.izz, actual.given.izz);
+  take_if_close(expected.given.qyb, actual.given.qyb);
+  take_if_close(expected.given.qzb, actual.given.qzb);
+  take_if_close(expected.given.iw, actual.given.iw);
+  take_if_close(expected.given.shear_centre_z, actual.given.shear_centre_z);
+  take_if_close(expected.given.point_y, actual.given.point_y);
+  take_if_close(expected.given.point_z, actual.given.point_z);
+  RC_ASSERT(expected == actual);
+}
+
+void require_equal(Element expected, const Element& actual) {
+  take_if_close(expected.design.haz_width, actual.design.haz_width);
+  RC_ASSERT(expected == actual);
+}
+
+template <class Entity>
+void require_equal(const Entity& expected, const Entity& actual) {
+  RC_ASSERT(expected == actual);
+}
+
+template <class Entity>
+void require_equal_tables(const Table<Entity>& expected, const Table<Entity>& actual) {
+  RC_ASSERT(expected.size() == actual.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) require_equal(expected[i], actual[i]);
+}
+
+void require_equal(const Model& expected, const Model& actual) {
+  RC_ASSERT(expected.title == actual.title);
+  RC_ASSERT(expected.description == actual.description);
+  RC_ASSERT(expected.units == actual.units);
+  RC_ASSERT(expected.design == actual.design);
+  RC_ASSERT(expected.frame == actual.frame);
+  RC_ASSERT(expected.supports == actual.supports);
+  require_equal_tables(expected.materials, actual.materials);
+  require_equal_tables(expected.sections, actual.sections);
+  require_equal_tables(expected.nodes, actual.nodes);
+  require_equal_tables(expected.elements, actual.elements);
+  require_equal_tables(expected.members, actual.members);
+  require_equal_tables(expected.load_cases, actual.load_cases);
+  require_equal_tables(expected.combinations, actual.combinations);
+  RC_ASSERT(expected.forces == actual.forces);
+}
+
+RC_GTEST_PROP(WrittenModel, ReadsBackAsTheSameModel, ()) {
+  const Model model = any_model();
+  const std::string text = write_model(model);
+  const Result<Model> result = parse_model(text, "model.json");
+  if (const Problem* problem = std::get_if<Problem>(&result)) {
+    RC_FAIL(problem->message() + '\n' + text);
+  }
+  require_equal(model, std::get<Model>(result));
+}
+
+RC_GTEST_PROP(WrittenModel, IsWrittenTheSameAfterReading, ()) {
+  const std::string text = write_model(any_model());
+  const Result<Model> result = parse_model(text, "model.json");
+  RC_ASSERT(std::holds_alternative<Model>(result));
+  RC_ASSERT(write_model(std::get<Model>(result)) == text);
+}
+
+RC_GTEST_PROP(DamagedModel, IsReadOrRefusedWithOneLine, ()) {
+  std::string text = write_model(any_model());
+  const int damages = *rc::gen::inRange(1, 5);
+  for (int i = 0; i < damages; ++i) {
+    const auto place = *rc::gen::inRange<std::size_t>(0, text.size());
+    const auto length = *rc::gen::inRange<std::size_t>(0, 12);
+    text.replace(
+        place, length,
+        any_of<std::string>({"", "{", "]", ",", "\"", "-", "0", "1e400", "null", "\xC3", "7"}));
+    if (text.empty()) text = " ";
+  }
+  const Result<Model> result = parse_model(text, "model.json");
+  if (const Problem* problem = std::get_if<Problem>(&result)) {
+    RC_ASSERT(!problem->text.empty());
+    RC_ASSERT(problem->message().find('\n') == std::string::npos);
+  } else {
+    RC_ASSERT(!std::get<Model>(result).elements.empty());
+  }
+}
+
+}  // namespace
+}  // namespace aluframe::io
