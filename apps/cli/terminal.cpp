@@ -34,6 +34,8 @@ bool stdout_wants_colour() {
 }
 
 void print_message(const std::string& text) {
+  // What was printed before stands before it, also where both streams go to one file.
+  std::fflush(stdout);
   fmt::print(stderr, "{}\n", text);
 }
 
