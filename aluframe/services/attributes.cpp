@@ -21,8 +21,10 @@ constexpr int member_type_codes[2][4] = {
 template <class Value, class Fill>
 int when_given(const model::ElementDesign* design,
                std::optional<Value> model::ElementDesign::* which, Fill fill) {
-  if (design == nullptr || !(design->*which)) return 0;
-  fill(*(design->*which));
+  if (design == nullptr) return 0;
+  const std::optional<Value>& given = design->*which;
+  if (!given) return 0;
+  fill(*given);
   return 1;
 }
 

@@ -1,12 +1,16 @@
 #include "aluframe/services/text.h"
 
 #include <cstdint>
+#include <type_traits>
 
 namespace aluframe::services {
 
 namespace {
 
 constexpr std::uint32_t replacement = 0xFFFD;
+
+/// A wide character as a number, whatever its sign on the platform.
+using wide_unit = std::make_unsigned_t<wchar_t>;
 
 bool is_scalar_value(std::uint32_t code) {
   return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
@@ -63,7 +67,7 @@ std::uint32_t take_code_point(std::string_view& text) {
 std::string to_utf8(const CString& text) {
   std::string out;
   for (int i = 0; i < text.GetLength(); ++i) {
-    const auto code = static_cast<std::uint32_t>(text.GetAt(i));
+    const auto code = static_cast<std::uint32_t>(static_cast<wide_unit>(text.GetAt(i)));
     append_utf8(out, is_scalar_value(code) ? code : replacement);
   }
   return out;

@@ -18,7 +18,7 @@ using namespace aluframe::cli;
 
 /// An option whose text is read by `parse`, which returns nothing or a message when it cannot.
 template <class Value, class Parse>
-CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, Parse parse,
+CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, const Parse& parse,
                         const std::string& help) {
   return app
       .add_option_function<std::string>(

@@ -91,6 +91,7 @@ std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
 std::vector<std::size_t> widths_of(const OutputTable& table,
                                    const std::vector<std::vector<std::string>>& texts) {
   std::vector<std::size_t> widths;
+  widths.reserve(table.columns.size());
   for (const Column& column : table.columns) widths.push_back(display_width(column.heading));
   for (const auto& line : texts) {
     for (std::size_t i = 0; i < line.size(); ++i) {
@@ -132,8 +133,8 @@ std::string to_text(const OutputTable& table, bool colour) {
     trim_right(line);
     out += line + "\n";
   };
-  std::vector<bool> left;
-  for (std::size_t i = 0; i < table.columns.size(); ++i) left.push_back(stands_left(table, i));
+  std::vector<bool> left(table.columns.size());
+  for (std::size_t i = 0; i < left.size(); ++i) left[i] = stands_left(table, i);
   add_line([&](std::size_t i) { return padded(table.columns[i].heading, widths[i], left[i]); });
   add_line([&](std::size_t i) { return std::string(widths[i], '-'); });
   for (std::size_t r = 0; r < texts.size(); ++r) {

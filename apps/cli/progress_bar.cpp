@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <cstdio>
 
 #include "apps/cli/terminal.h"
@@ -15,7 +16,7 @@ constexpr auto drawing_interval = std::chrono::milliseconds(100);
 constexpr const char* erase_line = "\r\x1b[K";
 
 std::string clock_time(double seconds) {
-  const auto whole = static_cast<long>(seconds + 0.5);
+  const auto whole = std::lround(seconds);
   return fmt::format("{}:{:02}", whole / 60, whole % 60);
 }
 

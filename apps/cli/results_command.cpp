@@ -127,11 +127,11 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   return out;
 }
 
-std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader,
+std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader, model::Number element,
                                                 const ResultsOptions& options) {
-  std::vector<store::StoredRecord> records = reader.read_all(*options.element);
+  std::vector<store::StoredRecord> records = reader.read_all(element);
   if (records.empty()) {
-    throw InputError{fmt::format("--element: there is no result of element {}", *options.element)};
+    throw InputError{fmt::format("--element: there is no result of element {}", element)};
   }
   if (!options.common.combinations.empty()) {
     std::erase_if(records, [&](const store::StoredRecord& record) {
@@ -141,24 +141,24 @@ std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader,
   return records;
 }
 
-std::string element_text(store::ResultReader& reader, const ResultsOptions& options,
-                         const ResultView& view) {
-  const std::vector<store::StoredRecord> records = chosen_records(reader, options);
+std::string element_text(store::ResultReader& reader, model::Number element,
+                         const ResultsOptions& options, const ResultView& view) {
+  const std::vector<store::StoredRecord> records = chosen_records(reader, element, options);
   if (options.common.format != Format::table) {
-    return render(all_checks_table(*options.element, records, reader.info(), view),
-                  options.common.format, false);
+    return render(all_checks_table(element, records, reader.info(), view), options.common.format,
+                  false);
   }
   std::vector<store::GoverningRow> rows;
   for (const store::GoverningRow& row : reader.governing()) {
-    if (row.element == *options.element) rows.push_back(row);
+    if (row.element == element) rows.push_back(row);
   }
   const bool colour = !options.output && stdout_wants_colour();
-  std::string out = fmt::format("Element {}: governing checks\n", *options.element);
+  std::string out = fmt::format("Element {}: governing checks\n", element);
   out += to_text(governing_table(by_element(rows), reader.info(), view), colour);
   out += "\nRatios of every combination and position\n";
   out += to_text(position_ratios_table(records, reader.info()), colour);
   std::vector<store::NotChecked> not_checked = reader.not_checked();
-  std::erase_if(not_checked, [&](const auto& item) { return item.element != *options.element; });
+  std::erase_if(not_checked, [element](const auto& item) { return item.element != element; });
   if (!not_checked.empty()) out += "\n" + not_checked_text(not_checked);
   return out;
 }
@@ -198,9 +198,9 @@ int run_results_command(const ResultsOptions& options) {
     const ResultView view = view_of(options.units);
     reader = store::ResultReader::open(file);
     print_warnings(options.input, file, reader->state());
-    return print(
-        options.element ? element_text(*reader, options, view) : list_text(*reader, options, view),
-        options.output);
+    return print(options.element ? element_text(*reader, *options.element, options, view)
+                                 : list_text(*reader, options, view),
+                 options.output);
   } catch (const InputError& error) {
     print_message(file.string() + ": " + error.text);
     return exit_input_error;

@@ -65,7 +65,8 @@ double NormalisedBeta(double beta) {
   if (!std::isfinite(beta)) return beta;
   constexpr double kWholeLimit = 9.0e18;
   const auto whole = static_cast<std::int64_t>(std::clamp(beta, -kWholeLimit, kWholeLimit));
-  const double a = beta - 360.0 * static_cast<double>(whole / 360);
+  const std::int64_t turns = whole / 360;
+  const double a = beta - 360.0 * static_cast<double>(turns);
   return a < 0.0 ? a + 360.0 : a;
 }
 
