@@ -4,7 +4,9 @@ add_library(aluframe_options INTERFACE)
 target_compile_options(aluframe_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -ffp-contract=off
   # g++ 12 takes the unused alternatives of a std::variant for uninitialised values.
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
+  # g++ leaves changes of sign out of -Wconversion; clang is to do the same.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
 
 if(ALUFRAME_COVERAGE)
   target_compile_options(aluframe_options INTERFACE --coverage -O0)
