@@ -8,8 +8,14 @@ install(TARGETS host tz_alu EXPORT aluframe-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY host tz_alu DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aluframe
-  FILES_MATCHING PATTERN "*.h")
+set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/aluframe)
+install(DIRECTORY host DESTINATION ${include_dir} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY tz_alu/records DESTINATION ${include_dir}/tz_alu FILES_MATCHING PATTERN "*.h")
+# Of the rest of the module, only what it exports.
+foreach(header tz_alu_api.h report/aluprint.h engine/alucode_gb50429_07.h manager/dgnaludatamgr.h)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES tz_alu/${header} DESTINATION ${include_dir}/tz_alu/${folder})
+endforeach()
 install(EXPORT aluframe-targets NAMESPACE aluframe:: DESTINATION ${package_dir})
 configure_package_config_file(cmake/aluframe-config.cmake.in
   ${CMAKE_BINARY_DIR}/aluframe-config.cmake INSTALL_DESTINATION ${package_dir})

@@ -1,5 +1,6 @@
 #include "aluframe/services/check_run.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -53,10 +54,13 @@ void finish_file(Session& session, RunOutcome outcome) {
   writer->finish(state_of(outcome));
 }
 
-std::size_t count_combinations(Session& session) {
+void count_combinations(Session& session, CheckSummary& summary) {
   CArrayEx<T_LCOM_MAXMIN_K> keys;
   session.DocPoint()->GetAluDgnTool().GetAluDgnLCombs(keys, kAluDesignKind, 0);
-  return static_cast<std::size_t>(keys.GetSize());
+  summary.sides = static_cast<std::size_t>(keys.GetSize());
+  const auto is_first_side = [](T_LCOM_MAXMIN_K key) { return LcombMinSide(key) == 0; };
+  summary.combinations =
+      static_cast<std::size_t>(std::count_if(keys.begin(), keys.end(), is_first_side));
 }
 
 CheckSummary summary_of(Session& session, RunOutcome outcome) {
@@ -65,7 +69,7 @@ CheckSummary summary_of(Session& session, RunOutcome outcome) {
   summary.outcome = outcome;
   summary.failure = monitor.failure().value_or("");
   summary.elements = monitor.element_count();
-  summary.combinations = count_combinations(session);
+  count_combinations(session, summary);
   summary.checked_elements = monitor.checked_elements();
   summary.checked_positions = monitor.checked_positions();
   summary.elements_over_limit = monitor.elements_over_limit();

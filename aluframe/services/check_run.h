@@ -23,8 +23,9 @@ enum class RunOutcome {
 struct CheckSummary {
   RunOutcome outcome = RunOutcome::failed;
   std::string failure;
-  std::size_t elements = 0;      ///< elements of the run
-  std::size_t combinations = 0;  ///< sides of combinations of the run
+  std::size_t elements = 0;  ///< elements of the run
+  std::size_t combinations = 0;
+  std::size_t sides = 0;  ///< combinations, with both sides of those that have two
   std::uint64_t checked_elements = 0;
   std::uint64_t checked_positions = 0;
   std::uint64_t elements_over_limit = 0;

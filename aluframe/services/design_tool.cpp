@@ -41,8 +41,9 @@ int DesignTool::GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int, int) const 
 }
 
 int DesignTool::Get_SesiType(UINT lcomb, const CDBDoc*, int) const {
-  if (model_.combinations.find(lcomb) == nullptr) return 0;
-  return evaluator_.is_seismic(lcomb) ? 1 : 0;
+  const UINT number = LcombNumber(lcomb);
+  if (model_.combinations.find(number) == nullptr) return 0;
+  return evaluator_.is_seismic(number) ? 1 : 0;
 }
 
 void DesignTool::GetAllSelectedElem(CArray<UINT>& out) const {

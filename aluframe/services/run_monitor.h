@@ -24,6 +24,10 @@ struct WorstCheck {
 /// True when a check fails: its ratio exceeds 1 by 1e-10 or more, or is not a finite number.
 bool exceeds_limit(double ratio);
 
+/// True when demand was set against a limit. Slenderness without a limit (capacity 0) was formed
+/// but proves nothing, unless it is no number: that is never taken for sound.
+bool was_judged(double demand, double capacity);
+
 /// What a run came to, gathered from the services that it called: what was checked, what could not
 /// be and why, and what went wrong.
 class RunMonitor {
@@ -47,7 +51,7 @@ class RunMonitor {
 
   std::size_t element_count() const { return elements_.size(); }
   std::uint64_t checked_elements() const { return checked_elements_; }
-  /// Element × combination × position at which at least one check gave a result.
+  /// Element × combination × position at which at least one demand was set against a limit.
   std::uint64_t checked_positions() const { return checked_positions_; }
   std::uint64_t elements_over_limit() const { return elements_over_limit_; }
   const std::optional<WorstCheck>& worst() const { return worst_; }
@@ -62,15 +66,19 @@ class RunMonitor {
   struct Current {
     bool governing_written = false;
     bool had_forces = false;
-    bool had_force_state = false;  ///< an axial force or a moment stood at some position
+    bool had_force_state = false;   ///< an axial force or a moment stood at some position
+    bool shear_left_out = false;    ///< a shear force stood where no shear check runs
+    bool torsion_left_out = false;  ///< torsion stood somewhere: no check is for it
     std::array<bool, kCheckPositions> requested{};
-    std::array<bool, kCheckPositions> force_state{};
+    std::array<std::array<float, 6>, kCheckPositions> force{};
     std::vector<store::NotChecked> pending;
   };
 
   bool is_current(std::uint32_t element) const;
   void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_governing(std::uint32_t element, const T_RALU_D& record);
+  void note_left_out_forces(std::size_t position, const T_RALU_SECT& result);
+  void add_pending(const store::NotChecked& item);
   std::string reason_without_result(std::uint32_t element) const;
 
   const model::Model& model_;

@@ -33,7 +33,7 @@ struct RunInfo {
 /// Something that the run could not check.
 struct NotChecked {
   std::uint32_t element = 0;
-  std::optional<std::uint32_t> combination;  ///< nothing: the whole element
+  std::optional<std::uint32_t> combination;  ///< nothing: all of them
   std::string reason;
 
   friend bool operator==(const NotChecked&, const NotChecked&) = default;

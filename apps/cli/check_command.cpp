@@ -95,6 +95,11 @@ std::string combination_text(const model::Model& model, const T_RALU_ITEM& check
                      check.nMinSide != 0 ? " (minimum side)" : "");
 }
 
+std::string combinations_text(const services::CheckSummary& summary) {
+  if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
+  return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
+}
+
 std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
   if (!summary.worst) return "none";
   const services::WorstCheck& worst = *summary.worst;
@@ -175,7 +180,7 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
     out += fmt::format("  {:<14}{}\n", name, value);
   };
   add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
-  add("combinations", fmt::format("{}", summary.combinations));
+  add("combinations", combinations_text(summary));
   add("checks",
       fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
   add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,

@@ -85,11 +85,21 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
                                   : "found '" + name + "', must be one of " + sort_names();
       })
       ->type_name("KEY");
-  results->add_option("--top", options.top, "Only the first N elements")->type_name("N");
+  results->add_option("--top", options.top, "Only the first N elements")
+      ->check([](const std::string& text) {
+        return text.find_first_not_of("0123456789") == std::string::npos
+                   ? std::string()
+                   : "found '" + text + "', must be a whole number, 0 or more";
+      })
+      ->type_name("N");
   results->add_option("--over", options.over, "Only elements with a ratio above this")
       ->type_name("RATIO");
   results->add_option("--element", options.element, "One element: every combination and position")
       ->type_name("NUMBER");
+  results->get_option("--combinations")->needs("--element");
+  for (const char* of_the_list : {"--elements", "--sort", "--top", "--over"}) {
+    results->get_option(of_the_list)->excludes("--element");
+  }
   results->add_option("--units", options.units, "Stresses in these units, such as kN,m")
       ->type_name("FORCE,LENGTH");
   results->add_option("--output", options.output, "Write to this file")->type_name("FILE");

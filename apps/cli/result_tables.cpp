@@ -8,6 +8,7 @@
 #include <map>
 #include <utility>
 
+#include "aluframe/services/run_monitor.h"
 #include "apps/cli/number_ranges.h"
 
 namespace aluframe::cli {
@@ -64,9 +65,9 @@ double shown(int item, double value, const ResultView& view) {
   return is_slenderness(item) ? value : value * view.stress_scale;
 }
 
-/// The ratio, or nothing where no check gave one: without a limit there is no ratio to show.
+/// The ratio, or nothing where the demand was not set against a limit.
 Cell ratio_cell(double demand, double capacity) {
-  if (RaluIsEmpty(demand, capacity)) return {};
+  if (!services::was_judged(demand, capacity)) return {};
   return RaluRatio(demand, capacity);
 }
 
@@ -104,9 +105,9 @@ void add_check(std::vector<Cell>& row, int item, double demand, double capacity,
                const ResultView& view) {
   row.push_back(text(item_name(item)));
   row.push_back(shown(item, demand, view));
-  row.push_back(shown(item, capacity, view));
+  row.push_back(capacity == 0.0 ? Cell() : Cell(shown(item, capacity, view)));
   row.push_back(is_slenderness(item) ? Cell() : Cell(view.stress_unit));
-  row.push_back(RaluRatio(demand, capacity));
+  row.push_back(ratio_cell(demand, capacity));
 }
 
 }  // namespace
@@ -173,9 +174,13 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items) {
 }
 
 const store::GoverningRow& ElementResult::worst() const {
+  const auto judged = [](const store::GoverningRow& row) {
+    return services::was_judged(row.governing.dDemand, row.governing.dCapacity);
+  };
   const store::GoverningRow* worst = &items.front();
   for (const store::GoverningRow& row : items) {
-    if (row.governing.ComPair(worst->governing) != 0) worst = &row;
+    if (!judged(row)) continue;
+    if (!judged(*worst) || row.governing.ComPair(worst->governing) != 0) worst = &row;
   }
   return *worst;
 }
@@ -210,10 +215,12 @@ OutputTable overview_table(const std::vector<ElementResult>& elements, const sto
     std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
     for (const int item : shown_items) {
       const store::GoverningRow* check = element.find(item);
-      row.push_back(check == nullptr ? Cell() : Cell(check->governing.Ratio()));
+      row.push_back(check == nullptr
+                        ? Cell()
+                        : ratio_cell(check->governing.dDemand, check->governing.dCapacity));
     }
     const store::GoverningRow& worst = element.worst();
-    row.push_back(worst.governing.Ratio());
+    row.push_back(ratio_cell(worst.governing.dDemand, worst.governing.dCapacity));
     row.push_back(text(item_name(worst.item)));
     row.push_back(text(position_name(worst.governing.nPos)));
     row.push_back(whole(worst.governing.nLComb));

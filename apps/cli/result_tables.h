@@ -29,7 +29,7 @@ struct ElementResult {
   int member_type = 0;
   std::vector<store::GoverningRow> items;
 
-  /// The worst of them.
+  /// The worst of them; a slenderness without a limit only when there is nothing else.
   const store::GoverningRow& worst() const;
   /// The check of an item type, or null.
   const store::GoverningRow* find(int item) const;

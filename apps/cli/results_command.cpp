@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <variant>
 
@@ -106,7 +107,8 @@ std::vector<ElementResult> chosen_elements(store::ResultReader& reader,
   }
   if (options.over) {
     std::erase_if(elements, [&](const ElementResult& element) {
-      return element.worst().governing.Ratio() <= *options.over;
+      const double ratio = element.worst().governing.Ratio();
+      return std::isfinite(ratio) && ratio <= *options.over;
     });
   }
   sort_elements(elements, options.sort);
@@ -134,11 +136,29 @@ std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader, mod
     throw InputError{fmt::format("--element: there is no result of element {}", element)};
   }
   if (!options.common.combinations.empty()) {
+    std::vector<model::Number> numbers;
+    for (const store::CombinationRow& row : reader.info().combinations) {
+      numbers.push_back(row.number);
+    }
+    const auto selected = select(options.common.combinations, numbers, "result of a combination");
+    if (const auto* text = std::get_if<std::string>(&selected)) {
+      throw InputError{"--combinations: " + *text};
+    }
     std::erase_if(records, [&](const store::StoredRecord& record) {
       return record.combination != 0 && !options.common.combinations.contains(record.combination);
     });
   }
   return records;
+}
+
+std::string governing_text(store::ResultReader& reader, model::Number element,
+                           const ResultView& view, bool colour) {
+  std::vector<store::GoverningRow> rows;
+  for (const store::GoverningRow& row : reader.governing()) {
+    if (row.element == element) rows.push_back(row);
+  }
+  return fmt::format("Element {}: governing checks\n", element) +
+         to_text(governing_table(by_element(rows), reader.info(), view), colour) + "\n";
 }
 
 std::string element_text(store::ResultReader& reader, model::Number element,
@@ -148,19 +168,27 @@ std::string element_text(store::ResultReader& reader, model::Number element,
     return render(all_checks_table(element, records, reader.info(), view), options.common.format,
                   false);
   }
-  std::vector<store::GoverningRow> rows;
-  for (const store::GoverningRow& row : reader.governing()) {
-    if (row.element == element) rows.push_back(row);
-  }
   const bool colour = !options.output && stdout_wants_colour();
-  std::string out = fmt::format("Element {}: governing checks\n", element);
-  out += to_text(governing_table(by_element(rows), reader.info(), view), colour);
-  out += "\nRatios of every combination and position\n";
+  std::string out;
+  // The governing checks are those of all combinations.
+  if (options.common.combinations.empty()) out = governing_text(reader, element, view, colour);
+  out += fmt::format("Element {}: ratios of every combination and position\n", element);
   out += to_text(position_ratios_table(records, reader.info()), colour);
   std::vector<store::NotChecked> not_checked = reader.not_checked();
   std::erase_if(not_checked, [element](const auto& item) { return item.element != element; });
   if (!not_checked.empty()) out += "\n" + not_checked_text(not_checked);
   return out;
+}
+
+/// The table must not take the place of what it was made from.
+void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
+  if (!options.output) return;
+  std::error_code error;
+  for (const fs::path& input : {options.input, file}) {
+    if (fs::equivalent(*options.output, input, error)) {
+      throw InputError{"--output: " + options.output->string() + " is the input"};
+    }
+  }
 }
 
 int print(const std::string& text, const std::optional<fs::path>& path) {
@@ -196,6 +224,7 @@ int run_results_command(const ResultsOptions& options) {
   std::unique_ptr<store::ResultReader> reader;
   try {
     const ResultView view = view_of(options.units);
+    refuse_own_input(options, file);
     reader = store::ResultReader::open(file);
     print_warnings(options.input, file, reader->state());
     return print(options.element ? element_text(*reader, *options.element, options, view)

@@ -132,7 +132,7 @@ class IAluDgnTool {
   virtual int FiltAluKeysByMatl(const CArray<UINT>& in, CArray<UINT>& out, int option) const = 0;
   /// Design load combinations of a kind of design. @return their number
   virtual int GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int kind, int option) const = 0;
-  /// Seismic type of a combination: 0 not seismic.
+  /// Seismic type of a combination, given by its key: 0 not seismic.
   virtual int Get_SesiType(UINT lcomb, const CDBDoc* doc, int kind) const = 0;
 };
 
@@ -140,7 +140,7 @@ class IAluDgnTool {
 class CDBDoc {
  public:
   virtual ~CDBDoc() = default;
-  /// The bound host's current document.
+  /// The bound host's current document; null when none is open.
   HOST_API static CDBDoc* GetDocPoint();
 
   virtual CAttrCtrl& GetAttrCtrl() = 0;

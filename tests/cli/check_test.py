@@ -47,10 +47,52 @@ def test_the_summary_says_what_was_checked_and_what_governs(aluframe, pipe_beam)
     aluframe.write(pipe_beam)
     out = aluframe("check", "frame.json").stdout
     assert "1 of 1 checked" in out
-    assert "10 positions, 3 records stored" in out
+    # 2 combinations × 5 positions; the ends of combination 1 have neither force nor bending.
+    assert "8 positions, 3 records stored" in out
     assert 'strength), element 1, position 1/2, combination 2 "SEIS"' in out
     assert "over 1        0 elements" in out
-    assert "not checked" not in out
+    # At the ends the shear force acts without bending, for which there is no rule.
+    assert "element 1: shear where it acts without bending" in out
+
+
+def test_shear_and_torsion_without_a_rule_are_listed(aluframe, pipe_beam):
+    pipe_beam["elements"][0]["member_type"] = "column"
+    pipe_beam["forces"][1]["values"] = [[-20, 1, 0, 3, 5, 0]] * 5
+    aluframe.write(pipe_beam)
+    out = aluframe("check", "frame.json").stdout
+    assert "element 1: shear where it acts" in out
+    assert "element 1: torsion" in out
+    assert "element 1: torsion" in aluframe("results", "frame.json").stdout
+
+
+@pytest.mark.parametrize("forces", [[0, 0, 100, 0, 0, 0], [0, 0, 0, 20, 0, 0], [0] * 6],
+                         ids=["shear only", "torsion only", "nothing"])
+def test_an_element_that_no_rule_judges_does_not_count_as_checked(aluframe, pipe_beam, forces):
+    pipe_beam["combinations"] = pipe_beam["combinations"][:1]
+    pipe_beam["forces"][0]["values"] = [forces] * 5
+    aluframe.write(pipe_beam)
+    out = aluframe("check", "frame.json", status=2).stdout
+    assert "0 of 1 checked" in out
+    assert "element 1: neither axial force nor bending acts on it" in out
+
+
+def test_slenderness_without_a_limit_has_no_ratio(aluframe, pipe_beam):
+    pipe_beam["combinations"] = pipe_beam["combinations"][:1]
+    aluframe.write(pipe_beam)
+    aluframe("check", "frame.json")
+    slenderness = governing(aluframe)[1, "slenderness y"]
+    # λ = 4000/√((50² + 40²)/4) = 124.9; without axial force there is no limit.
+    assert slenderness["demand"] == pytest.approx(124.9, abs=0.1)
+    assert slenderness["capacity"] is None and slenderness["ratio"] is None
+    overview = aluframe("results", "frame.json").stdout.splitlines()[2].split()
+    assert overview[7:9] == ["-", "-"]
+
+
+def test_combinations_are_counted_once_and_their_sides_beside_them(aluframe, pipe_beam):
+    pipe_beam["combinations"].append(
+        {"number": 3, "kind": "envelope", "terms": [{"combination": 1}, {"combination": 2}]})
+    aluframe.write(pipe_beam)
+    assert "combinations  3 (4 with both sides of envelopes)" in aluframe("check", "frame.json").stdout
 
 
 def test_every_combination_and_position_of_an_element_is_listed(aluframe, pipe_beam):
@@ -60,7 +102,7 @@ def test_every_combination_and_position_of_an_element_is_listed(aluframe, pipe_b
     places = {(row["combination"], row["position"]) for row in rows}
     assert places == {(c, p) for c in (1, 2) for p in ("I", "1/4", "1/2", "3/4", "J")}
     text = aluframe("results", "frame.json", "--element", "1").stdout
-    assert "Ratios of every combination and position" in text
+    assert "Element 1: ratios of every combination and position" in text
 
 
 def test_seismic_combinations_use_the_seismic_factor_when_the_settings_say_so(aluframe, pipe_beam):
@@ -141,9 +183,14 @@ def test_an_element_without_forces_is_listed_as_not_checked(aluframe, pipe_beam)
 def test_an_element_without_forces_in_one_combination_is_listed_with_it(aluframe, pipe_beam):
     del pipe_beam["forces"][1]
     aluframe.write(pipe_beam)
+    pipe_beam["combinations"].append(
+        {"number": 3, "kind": "envelope", "terms": [{"combination": 1}, {"case": 2}]})
+    aluframe.write(pipe_beam)
     out = aluframe("check", "frame.json").stdout
     assert "1 of 1 checked" in out
     assert "element 1, combination 2: no forces (none for load case 2)" in out
+    # Once for the envelope, not once a side; and once for the shear at the ends.
+    assert aluframe.json("check", "frame.json")[0]["not_checked"] == 3
 
 
 def test_a_shape_without_rules_is_listed_as_not_checked(aluframe, pipe_beam):
@@ -152,6 +199,8 @@ def test_a_shape_without_rules_is_listed_as_not_checked(aluframe, pipe_beam):
             "area": 1000, "iyy": 1e6, "izz": 1e6,
             "point_y": [-20, 20, 20, -20], "point_z": [20, 20, -20, -20]}})
     pipe_beam["elements"][0]["section"] = 2
+    # Also where shear alone acts: the shape is what keeps it from being checked.
+    pipe_beam["forces"][0]["values"] = [[0, 0, 100, 0, 0, 0]] * 5
     aluframe.write(pipe_beam)
     done = aluframe("check", "frame.json", status=2)
     assert "element 1: the checks do not cover the shape of section 2" in done.stdout

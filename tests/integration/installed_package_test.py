@@ -33,6 +33,14 @@ def test_the_installed_headers_are_the_contract_and_the_module_only(tmp_path):
     run("cmake", "--install", str(BUILD), "--prefix", str(tmp_path))
     include = tmp_path / "include" / "aluframe"
     assert sorted(entry.name for entry in include.iterdir()) == ["host", "tz_alu"]
+    module = include / "tz_alu"
+    installed = {str(path.relative_to(module)) for path in module.rglob("*") if path.is_file()}
+    # What the module exports, and nothing that would not link.
+    assert installed == {
+        "tz_alu_api.h", "engine/alucode_gb50429_07.h", "manager/dgnaludatamgr.h",
+        "report/aluprint.h", "records/alu_cal.h", "records/alu_dgn_data.h",
+        "records/alu_dgn_memb.h", "records/alu_forces.h",
+    }
 
 
 def test_the_installed_program_runs_from_its_own_prefix(tmp_path):

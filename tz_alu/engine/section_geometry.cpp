@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "tz_alu/engine/tolerance.h"
+#include "tz_alu/tolerance.h"
 
 namespace alu_engine {
 

@@ -5,7 +5,7 @@
 #include "tz_alu/engine/heat_affected_section.h"
 #include "tz_alu/engine/plate_slenderness.h"
 #include "tz_alu/engine/section_geometry.h"
-#include "tz_alu/engine/tolerance.h"
+#include "tz_alu/tolerance.h"
 
 namespace alu_engine {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "tz_alu/engine/section_geometry.h"
-#include "tz_alu/engine/tolerance.h"
+#include "tz_alu/tolerance.h"
 #include "tz_alu/report/aluprint.h"
 
 namespace alu_engine {

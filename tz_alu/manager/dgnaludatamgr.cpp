@@ -57,6 +57,7 @@ int IAluDgnDataMgr::CheckCode(const KEYS* keys) {
   T_UNIT_INDEX userUnits;
   try {
     CDBDoc* current = GetDoc();
+    if (current == nullptr) return 0;
     userUnits = current->GetUnitCtrl().GetUnitIndexCurrent();
     doc = current;
     return RunCheck(keys, userUnits);

@@ -71,7 +71,7 @@ double NormalisedBeta(double beta) {
 }
 
 bool IsNear(double a, double angle) {
-  return std::fabs(a - angle) <= kAngleTolerance;
+  return std::fabs(a - angle) < kAngleTolerance;
 }
 
 // kept: an element along the frame's axes takes the negated flags, a turned one the flags as they
@@ -153,5 +153,5 @@ int IAluDgnDataMgr::GetSesiType(const T_LCOM_MAXMIN_K& key) const {
   int type = 0;
   if (m_mapLcomb.Lookup(LcombNumber(key), type)) return type;
   AssertDgnAluDataMgr(kLineUnknownLcomb);
-  return GetDoc()->GetAluDgnTool().Get_SesiType(LcombNumber(key), GetDoc(), kAluDesignKind);
+  return GetDoc()->GetAluDgnTool().Get_SesiType(key, GetDoc(), kAluDesignKind);
 }

@@ -1,6 +1,6 @@
 #include "tz_alu/report/aluprint.h"
 
-#include "tz_alu/engine/tolerance.h"
+#include "tz_alu/tolerance.h"
 
 CALUPrint::~CALUPrint() = default;
 

@@ -114,10 +114,47 @@ TEST_F(RunMonitorTest, APositionWithForcesButWithoutResultIsListedWithItsCombina
 }
 
 TEST_F(RunMonitorTest, AnElementWithoutForceStateHasNothingToCheck) {
-  monitor_.note_forces(4, forces_with(0.0F));
-  monitor_.note_record(4, 0, {});
+  monitor_.set_elements({1});
+  monitor_.note_forces(1, forces_with(0.0F));
+  monitor_.note_record(1, 0, {});
   EXPECT_EQ(only_reason(),
-            "neither axial force nor moment acts on it, and its slenderness is not checked");
+            "neither axial force nor bending acts on it, and its slenderness has no limit");
+}
+
+TEST_F(RunMonitorTest, SlendernessWithoutALimitDoesNotMakeAnElementChecked) {
+  monitor_.set_elements({1});
+  monitor_.note_forces(1, forces_with(0.0F));
+  T_RALU_D record;
+  record.aSect[0].aItem[RALU_SLENDERNESS_Y] = {124.9, 0.0, 0.0};
+  record.MakeCompItem();
+  monitor_.note_record(1, 1, record);
+  monitor_.note_record(1, 0, record);
+  EXPECT_EQ(monitor_.checked_elements(), 0U);
+  EXPECT_EQ(monitor_.checked_positions(), 0U);
+  EXPECT_FALSE(monitor_.worst().has_value());
+  EXPECT_EQ(monitor_.not_checked().size(), 1U);
+}
+
+TEST_F(RunMonitorTest, ShearAndTorsionWithoutAResultAreListedOnceForTheElement) {
+  T_ALU_FORCE_D forces = forces_with(1.0F);
+  forces.aForce[0][2] = 5.0F;  // Fz
+  forces.aForce[4][3] = 5.0F;  // Mx
+  for (const std::uint32_t combination : {1U, 2U}) {
+    monitor_.note_forces(4, forces);
+    monitor_.note_record(4, combination, record_with(50, 100));
+  }
+  monitor_.note_record(4, 0, record_with(50, 100));
+  ASSERT_EQ(monitor_.not_checked().size(), 2U);
+  EXPECT_EQ(monitor_.not_checked()[0].reason.find("shear where it acts"), 0U);
+  EXPECT_EQ(monitor_.not_checked()[1].reason, "torsion");
+}
+
+TEST_F(RunMonitorTest, BothSidesOfACombinationLackForcesOnce) {
+  monitor_.note_forces(4, forces_with(1.0F));
+  monitor_.note_missing_forces(4, 3, 2);
+  monitor_.note_missing_forces(4, 3, 2);
+  monitor_.note_record(4, 0, record_with(50, 100));
+  EXPECT_EQ(monitor_.not_checked().size(), 1U);
 }
 
 TEST_F(RunMonitorTest, AnElementWithoutGoverningRecordCouldNotBeAssembled) {
@@ -143,6 +180,7 @@ TEST(ExceedsLimit, StartsAtOneTenBillionthAboveOne) {
   EXPECT_FALSE(exceeds_limit(1.0 + 0.5e-10));
   EXPECT_TRUE(exceeds_limit(1.0 + 2e-10));
   EXPECT_FALSE(exceeds_limit(-5.0));
+  EXPECT_TRUE(exceeds_limit(-infinity));
   EXPECT_TRUE(exceeds_limit(infinity));
   EXPECT_TRUE(exceeds_limit(std::numeric_limits<double>::quiet_NaN()));
 }
