@@ -11,14 +11,25 @@ namespace {
 
 using DIMENSION = double PLATE_DIMS::*;
 
+// A width made up of zone widths and webs: haz·b + webs·tw.
+struct HAZ_WIDTH {
+  double haz;
+  double webs;
+
+  double Of(double b, double tw) const { return haz * b + webs * tw; }
+};
+
 // How the welds cut up a shape.
 struct HAZ_SHAPE {
   std::int32_t nShape;
-  double dClearParts, dClearHaz, dClearWebs;  // clear flange width: parts·(B − haz·b − webs·tw)
-  double dStripHaz, dStripWebs;               // strip of a flange: haz·b + webs·tw
-  double dBottomOwnHaz, dBottomOwnWebs;       // the same for the bottom strip's own inertia
-  DIMENSION bottomB, bottomTf;                // what gives the bottom flange its size
-  int nFlanges, nWebs;
+  double dParts;        // clear flange width: parts·(B − lost)
+  HAZ_WIDTH lost;       // what a part of the flange loses
+  HAZ_WIDTH strip;      // heat-affected strip of a flange
+  HAZ_WIDTH bottomOwn;  // width of the bottom strip's own inertia
+  DIMENSION bottomB;    // what gives the bottom flange its width
+  DIMENSION bottomTf;   // what gives the bottom flange its thickness
+  int nFlanges;
+  int nWebs;
 };
 
 constexpr DIMENSION kB1 = &PLATE_DIMS::B1;
@@ -28,12 +39,14 @@ constexpr DIMENSION kTf2 = &PLATE_DIMS::tf2;
 
 // kept: the own inertia of a box's bottom strip is formed with half its width, b + tw.
 // kept: both flanges of a box take the width B1, both of a double channel the thickness tf1.
+// Columns: shape, parts, lost, strip, bottom strip's own, bottom width and thickness, flanges,
+// webs.
 constexpr HAZ_SHAPE kShapes[] = {
-    {ALU_SHAPE_C, 1.0, 1.0, 1.0, 1.0, 1.0, 1.0, 1.0, kB2, kTf2, 2, 1},
-    {ALU_SHAPE_H, 1.0, 2.0, 1.0, 2.0, 1.0, 2.0, 1.0, kB2, kTf2, 2, 1},
-    {ALU_SHAPE_T, 2.0, 1.0, 1.0, 2.0, 1.0, 0.0, 0.0, kB1, kTf1, 1, 1},
-    {ALU_SHAPE_B, 1.0, 2.0, 2.0, 2.0, 2.0, 1.0, 1.0, kB1, kTf2, 2, 2},
-    {ALU_SHAPE_2C, 2.0, 1.0, 1.0, 2.0, 2.0, 2.0, 2.0, kB1, kTf1, 2, 2},
+    {ALU_SHAPE_C, 1.0, {1.0, 1.0}, {1.0, 1.0}, {1.0, 1.0}, kB2, kTf2, 2, 1},
+    {ALU_SHAPE_H, 1.0, {2.0, 1.0}, {2.0, 1.0}, {2.0, 1.0}, kB2, kTf2, 2, 1},
+    {ALU_SHAPE_T, 2.0, {1.0, 1.0}, {2.0, 1.0}, {0.0, 0.0}, kB1, kTf1, 1, 1},
+    {ALU_SHAPE_B, 1.0, {2.0, 2.0}, {2.0, 2.0}, {1.0, 1.0}, kB1, kTf2, 2, 2},
+    {ALU_SHAPE_2C, 2.0, {1.0, 1.0}, {2.0, 2.0}, {2.0, 2.0}, kB1, kTf1, 2, 2},
 };
 
 const HAZ_SHAPE* FindShape(std::int32_t nShape) {
@@ -47,11 +60,13 @@ double Cube(double x) {
 }
 
 double ClearWidth(const HAZ_SHAPE& shape, double width, double tw, double b) {
-  return std::max(shape.dClearParts * (width - shape.dClearHaz * b - shape.dClearWebs * tw), 0.0);
+  const double left = width - shape.lost.haz * b - shape.lost.webs * tw;
+  return std::max(shape.dParts * left, 0.0);
 }
 
 double ClearWebHeight(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b) {
   if (shape.nFlanges == 1) return std::max(dims.H - dims.tf1 - 2.0 * b, 0.0);
+  // H − 2·tf where both flanges have one thickness.
   if (shape.bottomTf == kTf1) return std::max(dims.H - 2.0 * dims.tf1 - 2.0 * b, 0.0);
   return std::max(dims.H - dims.tf1 - dims.*shape.bottomTf - 2.0 * b, 0.0);
 }
@@ -94,14 +109,14 @@ double Area(const HAZ_PLATES& plates, const HAZ& haz) {
 }
 
 HAZ_FLANGE TopFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b, double fibre) {
-  const double strip = shape.dStripHaz * b + shape.dStripWebs * dims.tw;
+  const double strip = shape.strip.Of(b, dims.tw);
   return {ClearWidth(shape, dims.B1, dims.tw, b), dims.tf1, strip, strip, fibre};
 }
 
 HAZ_FLANGE BottomFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b, double fibre) {
   if (shape.nFlanges == 1) return {0.0, 0.0, 0.0, 0.0, fibre};
-  const double strip = shape.dStripHaz * b + shape.dStripWebs * dims.tw;
-  const double ownStrip = shape.dBottomOwnHaz * b + shape.dBottomOwnWebs * dims.tw;
+  const double strip = shape.strip.Of(b, dims.tw);
+  const double ownStrip = shape.bottomOwn.Of(b, dims.tw);
   return {ClearWidth(shape, dims.*shape.bottomB, dims.tw, b), dims.*shape.bottomTf, strip, ownStrip,
           fibre};
 }
