@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tests/support/fake_model.h"
+#include "tests/support/host_log.h"
+
+namespace test_support {
+
+/// The attributes of a `FakeModel`. The display key of an element is the first element of its
+/// member, or itself when it has none; 0 for an unknown element.
+class FakeAttributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
+ public:
+  FakeAttributes(const FakeModel& model, HostLog& log) : model_(model), log_(log) {}
+
+  int GetCountElem(int option) const override;
+  int GetElem(UINT elem, T_ELEM_D& out) const override;
+  int GetNode(UINT node, T_NODE_D& out) const override;
+  int GetFrlsElem(UINT elem, T_FRLS_D& out) const override;
+  int GetSupportCondition(UINT node, T_SUPPORT_D& out) const override;
+  int GetConnectedElem(UINT node, CArray<UINT>& out) const override;
+  int GetMemberType(UINT elem, int scheme) const override;
+  int IsFrameType(UINT elem) const override;
+  UINT GetMembAssigned(UINT displayKey) const override;
+  int GetMemb(UINT memb, T_MEMB_D& out) const override;
+  int GetSectDesign(UINT sect, T_SECT_DESIGN_D& out) const override;
+  int GetMatlDesign(UINT matl, T_MATD_D& out) const override;
+  int GetDalu(T_DALU_D& out) const override;
+  int GetDctl(T_DCTL_D& out) const override;
+  int GetAphi(UINT elem, T_APHI_D& out) const override;
+  int GetArib(UINT elem, T_ARIB_D& out) const override;
+  int GetAwed(UINT elem, T_AWED_D& out) const override;
+  int GetAhtr(UINT elem, T_AHTR_D& out) const override;
+  int GetCmft(UINT elem, T_CMFT_D& out) const override;
+  int GetKfac(UINT elem, T_KFAC_D& out) const override;
+  int GetLtsr(UINT elem, T_LTSR_D& out) const override;
+
+  double GetMembTotalLength(UINT memb) const override;
+  UINT GetShowElemByIncludeElem(UINT elem) const override;
+
+  /// Distance between the element's nodes; 0 when one is missing.
+  double length_of(const T_ELEM_D& element) const;
+
+ private:
+  const FakeModel& model_;
+  HostLog& log_;
+};
+
+}  // namespace test_support
