@@ -1,7 +1,6 @@
 #include "tests/support/fake_model.h"
 
 #include <numbers>
-#include <utility>
 
 namespace test_support {
 
@@ -53,7 +52,7 @@ void FakeModel::add_element(UINT elem, UINT start, UINT end) {
 
 void FakeModel::add_forces(UINT elem, T_LCOM_MAXMIN_K key, T_ALU_FORCE_D forces_of_key) {
   forces_of_key.nLComb = key;
-  forces[{elem, LcombNumber(key), LcombMinSide(key) != 0}] = std::move(forces_of_key);
+  forces[{elem, LcombNumber(key), LcombMinSide(key) != 0}] = forces_of_key;
 }
 
 FakeModel pipe_model() {
@@ -83,7 +82,7 @@ FakeModel three_element_model() {
     model.add_element(elem, elem, elem + 1);
     T_ALU_FORCE_D bending;
     for (std::size_t pos = 0; pos < bending.aForce.size(); ++pos) {
-      const auto moment = static_cast<float>(10U * elem + pos);
+      const float moment = 10.0F * static_cast<float>(elem) + static_cast<float>(pos);
       bending.aForce[pos][kMy] = moment;
       bending.aForce[pos][kMz] = 100.0F * moment;
     }
