@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/services/text.h"
 
 namespace aluframe::cli {
 
@@ -57,10 +59,25 @@ struct JsonOf {
   }
 };
 
-/// Characters on the screen: bytes that do not continue a UTF-8 sequence.
+/// Characters that take two columns of a terminal: Chinese, Japanese and Korean script, full-width
+/// forms, pictographs (Unicode, East Asian width).
+constexpr std::pair<wchar_t, wchar_t> wide_characters[] = {
+    {0x1100, 0x115F}, {0x2E80, 0x303E}, {0x3041, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},
+    {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}, {0x1F300, 0x1FAFF}, {0x20000, 0x3FFFD},
+};
+
+bool is_wide(wchar_t character) {
+  return std::ranges::any_of(wide_characters, [character](const auto& range) {
+    return range.first <= character && character <= range.second;
+  });
+}
+
+/// Columns of the screen that a UTF-8 text takes.
 std::size_t display_width(std::string_view text) {
-  return static_cast<std::size_t>(std::ranges::count_if(
-      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  const CString characters = services::to_wide(text);
+  std::size_t width = 0;
+  for (int i = 0; i < characters.GetLength(); ++i) width += is_wide(characters.GetAt(i)) ? 2 : 1;
+  return width;
 }
 
 std::string padded(const std::string& text, std::size_t width, bool to_left) {

@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <initializer_list>
+#include <stdexcept>
+
 #include "tests/unit/aluframe/services/sample_model.h"
 
 namespace aluframe::services {
 namespace {
 
+/// H 310 deep, web 8, flanges 200 × 10 and 100 × 10, in units of `unit` to the millimetre.
 T_SECT_DESIGN_D h_section(double unit) {
   T_SECT_DESIGN_D section;
   section.strShape = L"H";
@@ -17,6 +22,9 @@ T_SECT_DESIGN_D h_section(double unit) {
 // Thin-wall theory: If1 = 10·200³/12, If2 = 10·100³/12, h = 300 between the flanges' middle lines;
 // Iw = If1·If2/(If1 + If2)·h² = 6.666667e10 mm⁶.
 constexpr double warping_constant = 6.6666666666666667e10;
+// The shear centre lies If2/(If1 + If2) = 1/9 of h below the upper flange, 155 − 5 − 300/9 above
+// mid-depth; the centroid (2000·150 − 1000·150)/(2000 + 1000 + 290·8) above mid-depth.
+constexpr double shear_centre = 150.0 - 300.0 / 9.0 - 150e3 / 5320.0;
 
 TEST(SectionDatabaseTest, TheWarpingConstantOfAnUnequalHFollowsThinWallTheory) {
   const UnitScale scale;
@@ -24,41 +32,150 @@ TEST(SectionDatabaseTest, TheWarpingConstantOfAnUnequalHFollowsThinWallTheory) {
   T_WARPING_D warping;
   ASSERT_EQ(database.CalcWarpingFuncion(h_section(1.0), warping, 1, 0, 0, 0.0), 1);
   EXPECT_NEAR(warping.dIw, warping_constant, 1e-9 * warping_constant);
-  // The larger flange, on top, draws the shear centre upwards.
-  EXPECT_GT(warping.dShearCtrZ, warping.dCentroidZ);
+  EXPECT_NEAR(warping.dShearCtrZ - warping.dCentroidZ, shear_centre, 1e-9);
 }
 
-TEST(SectionDatabaseTest, WarpingIsComputedInTheCurrentUnits) {
-  const UnitScale metres({1, 0});
-  SectionDatabase database(metres);
-  T_WARPING_D warping;
-  ASSERT_EQ(database.CalcWarpingFuncion(h_section(1e-3), warping, 1, 0, 0, 0.0), 1);
-  EXPECT_NEAR(warping.dIw, warping_constant * 1e-18, 1e-9 * warping_constant * 1e-18);
-}
-
-TEST(SectionDatabaseTest, AnUnknownShapeHasNoWarpingProperties) {
+TEST(SectionDatabaseTest, TheFlagForASecondNameChangesNothing) {
   const UnitScale scale;
   SectionDatabase database(scale);
-  T_SECT_DESIGN_D section = h_section(1.0);
-  section.strShape = L"Q";
-  T_WARPING_D warping;
-  EXPECT_EQ(database.CalcWarpingFuncion(section, warping, 1, 0, 0, 0.0), 0);
+  T_WARPING_D named;
+  ASSERT_EQ(database.CalcWarpingFuncion(h_section(1.0), named, 0, 0, 0, 0.0), 1);
+  EXPECT_NEAR(named.dIw, warping_constant, 1e-9 * warping_constant);
 }
 
-TEST(LengthFactorsTest, AMembersGivenFactorsStandUnderItsDisplayKey) {
-  const model::Model model = sample_model();
+// 1 m = 1e3 mm, 1 in = 25.4 mm; the warping constant is a length to the sixth.
+TEST(SectionDatabaseTest, WarpingIsComputedInTheCurrentUnits) {
+  const struct {
+    T_UNIT_INDEX index;
+    double millimetre;
+  } rows[] = {{{1, 0}, 1e-3}, {{0, 1}, 0.1}, {{5, 4}, 1 / 25.4}};
+  for (const auto& row : rows) {
+    const UnitScale scale(row.index);
+    SectionDatabase database(scale);
+    T_WARPING_D warping;
+    ASSERT_EQ(database.CalcWarpingFuncion(h_section(row.millimetre), warping, 1, 0, 0, 0.0), 1);
+    const double expected = warping_constant * std::pow(row.millimetre, 6);
+    EXPECT_NEAR(warping.dIw, expected, 1e-9 * expected);
+    EXPECT_NEAR(warping.dShearCtrZ - warping.dCentroidZ, shear_centre * row.millimetre,
+                1e-9 * row.millimetre);
+  }
+}
+
+TEST(SectionDatabaseTest, ASectionWithoutWarpingStiffnessHasATinyOne) {
   const UnitScale scale;
-  const Attributes attributes(model, scale);
-  GivenLengthFactors factors(attributes);
-  DesignData data;
-  CArray<UINT> elems;
-  for (const UINT elem : {1U, 3U}) elems.Add(elem);
-  EXPECT_EQ(factors.Calc_KFactor(elems, 0, 0, 0, data), 1);
+  SectionDatabase database(scale);
+  T_SECT_DESIGN_D round;
+  round.strShape = L"SR";
+  round.aSize[0] = 40;
+  T_WARPING_D warping;
+  ASSERT_EQ(database.CalcWarpingFuncion(round, warping, 1, 0, 0, 0.0), 1);
+  // 1e-9·Izz·H² with Izz = π·40⁴/64 = 125663.706.
+  EXPECT_NEAR(warping.dIw, 1e-9 * 125663.70614359 * 1600, 1e-12);
+  EXPECT_EQ(warping.dShearCtrZ, warping.dCentroidZ);
+}
+
+TEST(SectionDatabaseTest, WhatIsNoSectionOfDimensionsHasNoWarpingProperties) {
+  const UnitScale scale;
+  SectionDatabase database(scale);
+  T_WARPING_D warping{.dIw = 7.0};
+  for (const wchar_t* shape : {L"Q", L"UP", L"h", L""}) {
+    T_SECT_DESIGN_D section = h_section(1.0);
+    section.strShape = shape;
+    EXPECT_EQ(database.CalcWarpingFuncion(section, warping, 1, 0, 0, 0.0), 0);
+  }
+  T_SECT_DESIGN_D flat = h_section(1.0);
+  flat.aSize[0] = 15.0;  // less deep than its two flanges are thick
+  EXPECT_EQ(database.CalcWarpingFuncion(flat, warping, 1, 0, 0, 0.0), 0);
+  EXPECT_EQ(warping.dIw, 7.0);
+}
+
+class LengthFactorsTest : public testing::Test {
+ protected:
+  /// Factors of a run over these elements.
+  void compute(std::initializer_list<UINT> elems) {
+    CArray<UINT> keys;
+    for (const UINT elem : elems) keys.Add(elem);
+    EXPECT_EQ(GivenLengthFactors(attributes_).Calc_KFactor(keys, 0, 0, 0, data_), 1);
+  }
+
+  const model::Model model_ = sample_model();
+  const UnitScale scale_;
+  const Attributes attributes_{model_, scale_};
+  DesignData data_;
+};
+
+TEST_F(LengthFactorsTest, AMembersGivenFactorsStandUnderItsDisplayKey) {
+  compute({1, 3});
   T_KFAC_D found;
-  ASSERT_EQ(data.GetKFactor(2, found), 1);
+  ASSERT_EQ(data_.GetKFactor(2, found), 1);
   EXPECT_EQ(found.dKy, 0.8);
   EXPECT_EQ(found.dKz, 0.9);
-  EXPECT_EQ(data.GetKFactor(1, found), 0);
+  EXPECT_EQ(data_.GetKFactor(3, found), 0);
+}
+
+TEST_F(LengthFactorsTest, WhatBelongsToNoMemberHasNoFactors) {
+  compute({1, 4, 99});
+  T_KFAC_D found{5.0, 6.0};
+  EXPECT_EQ(data_.GetKFactor(1, found), 0);
+  EXPECT_EQ(data_.GetKFactor(99, found), 0);
+  EXPECT_EQ(data_.GetKFactor(0, found), 0);
+  EXPECT_EQ(found.dKy, 5.0);
+}
+
+TEST_F(LengthFactorsTest, FactorsOfTheRunBeforeAreGone) {
+  compute({2});
+  compute({1});
+  T_KFAC_D found;
+  EXPECT_EQ(data_.GetKFactor(2, found), 0);
+}
+
+class DocumentTest : public testing::Test {
+ protected:
+  const model::Model model_ = sample_model();
+  const model::CombinationEvaluator evaluator_{model_};
+  UnitScale scale_;
+  RunMonitor monitor_{model_};
+  Attributes attributes_{model_, scale_};
+  DesignTool tool_{model_, evaluator_, monitor_, {}, {}};
+  DesignManager manager_{model_, evaluator_, scale_, monitor_, {}, {}, {}};
+  Document document_{model_, attributes_, tool_, manager_, scale_};
+};
+
+// Brace 4 goes 2 m across and 3 m up: √13 m.
+TEST_F(DocumentTest, AnElementIsAsLongAsItsNodesAreApart) {
+  T_ELEM_D brace;
+  document_.GetAttrCtrl().GetElem(4, brace);
+  EXPECT_NEAR(document_.calcLAVElem(brace), 3605.551275463989, 1e-9);
+  scale_ = UnitScale({1, 0});
+  EXPECT_NEAR(document_.calcLAVElem(brace), 3.605551275463989, 1e-12);
+}
+
+TEST_F(DocumentTest, AnElementWithoutItsNodesHasNoLength) {
+  EXPECT_EQ(document_.calcLAVElem({.aNode = {1, 99}}), 0.0);
+  EXPECT_EQ(document_.calcLAVElem({.aNode = {99, 1}}), 0.0);
+}
+
+TEST_F(DocumentTest, TheUnitsAreThoseThatWereSet) {
+  EXPECT_EQ(document_.GetUnitCtrl().GetUnitIndexCurrent(), (T_UNIT_INDEX{0, 2}));
+  document_.GetUnitCtrl().SetUnitIndexCurrent({5, 4}, 0);
+  EXPECT_EQ(document_.GetUnitCtrl().GetUnitIndexCurrent(), (T_UNIT_INDEX{5, 4}));
+  EXPECT_EQ(scale_.index(), (T_UNIT_INDEX{5, 4}));
+}
+
+TEST_F(DocumentTest, UnitsOutsideTheTablesAreRefusedAndTheOldOnesStay) {
+  EXPECT_THROW(document_.GetUnitCtrl().SetUnitIndexCurrent({0, 7}, 0), std::out_of_range);
+  EXPECT_EQ(document_.GetUnitCtrl().GetUnitIndexCurrent(), (T_UNIT_INDEX{0, 2}));
+}
+
+TEST_F(DocumentTest, ItsSectionDatabaseFollowsTheUnits) {
+  document_.GetUnitCtrl().SetUnitIndexCurrent({1, 0}, 0);
+  T_WARPING_D warping;
+  ASSERT_EQ(document_.GetSectDB().CalcWarpingFuncion(h_section(1e-3), warping, 1, 0, 0, 0.0), 1);
+  EXPECT_NEAR(warping.dIw, warping_constant * 1e-18, 1e-27 * warping_constant);
+}
+
+TEST_F(DocumentTest, NobodyCanAnswerABox) {
+  EXPECT_TRUE(document_.IsRegTestMode());
 }
 
 }  // namespace

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <set>
+#include <string>
+
 namespace aluframe::services {
 namespace {
 
@@ -22,14 +26,28 @@ TEST(Messages, EveryKeyHasAnEnglishAndAChineseText) {
   }
 }
 
+TEST(Messages, NoTwoKeysShareAText) {
+  for (const Language language : {Language::english, Language::chinese}) {
+    std::set<std::wstring> texts;
+    for (const wchar_t* key : keys) texts.insert(message_text(key, language).GetString());
+    EXPECT_EQ(texts.size(), std::size(keys));
+  }
+}
+
 TEST(Messages, AnUnknownKeyIsShownItself) {
-  EXPECT_TRUE(message_text(L"IDS_NOTHING", Language::english) == L"IDS_NOTHING");
+  for (const Language language : {Language::english, Language::chinese}) {
+    EXPECT_TRUE(message_text(L"IDS_NOTHING", language) == L"IDS_NOTHING");
+    EXPECT_TRUE(message_text(L"ids_dgn_com_end_dgn", language) == L"ids_dgn_com_end_dgn");
+    EXPECT_TRUE(message_text(L"", language).IsEmpty());
+  }
 }
 
 TEST(Messages, LanguagesAreNamedByTheirCodes) {
   EXPECT_EQ(parse_language("en"), Language::english);
   EXPECT_EQ(parse_language("zh"), Language::chinese);
-  EXPECT_EQ(parse_language("de"), std::nullopt);
+  for (const char* other : {"de", "EN", "english", ""}) {
+    EXPECT_EQ(parse_language(other), std::nullopt) << other;
+  }
 }
 
 }  // namespace

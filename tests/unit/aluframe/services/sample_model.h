@@ -51,12 +51,24 @@ inline constexpr const char* sample_text = R"json({
     { "element": 1, "case": 2, "values": [ [-1, 0, 0, 0, 1, 0], [0, 0, 0, 0, 0, 0] ] } ]
 })json";
 
-inline model::Model sample_model() {
-  auto read = io::parse_model(sample_text, "sample.json");
+inline model::Model parsed(const std::string& text) {
+  auto read = io::parse_model(text, "sample.json");
   if (const auto* problem = std::get_if<io::Problem>(&read)) {
     throw std::runtime_error(problem->message());
   }
   return std::get<model::Model>(std::move(read));
+}
+
+inline model::Model sample_model() {
+  return parsed(sample_text);
+}
+
+/// The sample with one part of its text replaced.
+inline model::Model sample_with(const std::string& part, const std::string& replacement) {
+  std::string text = sample_text;
+  const std::size_t place = text.find(part);
+  if (place == std::string::npos) throw std::logic_error("the sample has no " + part);
+  return parsed(text.replace(place, part.size(), replacement));
 }
 
 }  // namespace aluframe::services

@@ -2,23 +2,53 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
+#include <limits>
 #include <stdexcept>
 
 namespace aluframe::services {
 namespace {
 
-TEST(UnitScale, NewtonAndMillimetreReturnTheSameNumbers) {
-  const UnitScale scale({0, 2});
-  EXPECT_TRUE(scale.is_identity());
-  const double value = 0.1 + 0.2;
-  EXPECT_EQ(scale.length(value), value);
-  EXPECT_EQ(scale.stress(value), value);
-  EXPECT_EQ(scale.warping_constant(value), value);
+std::uint64_t bits_of(double value) {
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+TEST(UnitScale, NewtonAndMillimetreReturnTheSameBits) {
+  for (const UnitScale& scale : {UnitScale(), UnitScale({0, 2})}) {
+    EXPECT_TRUE(scale.is_identity());
+    for (const double value :
+         {0.1 + 0.2, -0.0, 1e308, 5e-324, std::numeric_limits<double>::infinity()}) {
+      for (const double scaled : {scale.length(value), scale.area(value), scale.inertia(value),
+                                  scale.warping_constant(value), scale.force(value),
+                                  scale.moment(value), scale.stress(value)}) {
+        EXPECT_EQ(bits_of(scaled), bits_of(value)) << value;
+      }
+    }
+  }
+}
+
+// By definition: standard gravity 9.80665 m/s², 1 lb = 0.45359237 kg, so 1 lbf = 4.4482216152605 N.
+TEST(UnitScale, EveryForceUnitHoldsItsNewtons) {
+  const double newtons[] = {1.0, 1000.0, 9.80665, 9806.65, 4.4482216152605, 4448.2216152605};
+  for (int unit = 0; unit < 6; ++unit) {
+    EXPECT_DOUBLE_EQ(UnitScale({unit, 2}).force(3.0 * newtons[unit]), 3.0) << unit;
+  }
+}
+
+TEST(UnitScale, EveryLengthUnitHoldsItsMillimetres) {
+  const double millimetres[] = {1000.0, 10.0, 1.0, 304.8, 25.4};
+  for (int unit = 0; unit < 5; ++unit) {
+    EXPECT_DOUBLE_EQ(UnitScale({0, unit}).length(3.0 * millimetres[unit]), 3.0) << unit;
+  }
 }
 
 // By hand: 1 m = 1e3 mm, 1 kN = 1e3 N; so mm⁴ → m⁴ is 1e-12, N/mm² → kN/m² is 1e3.
 TEST(UnitScale, KilonewtonAndMetreScaleEveryQuantity) {
   const UnitScale scale({1, 0});
+  EXPECT_FALSE(scale.is_identity());
   EXPECT_DOUBLE_EQ(scale.length(2500.0), 2.5);
   EXPECT_DOUBLE_EQ(scale.area(1e6), 1.0);
   EXPECT_DOUBLE_EQ(scale.inertia(3e12), 3.0);
@@ -30,15 +60,19 @@ TEST(UnitScale, KilonewtonAndMetreScaleEveryQuantity) {
 
 // 1 kip = 4448.2216152605 N, 1 in = 25.4 mm: 1 ksi = 6.894757293168 N/mm².
 TEST(UnitScale, KipAndInchGiveKsi) {
-  const UnitScale scale({5, 4});
-  EXPECT_NEAR(scale.stress(6.894757293168361), 1.0, 1e-12);
-  EXPECT_NEAR(scale.force(4448.2216152605), 1.0, 1e-12);
+  EXPECT_NEAR(UnitScale({5, 4}).stress(6.894757293168361), 1.0, 1e-12);
+}
+
+TEST(UnitScale, ItsIndexIsTheOneItWasMadeWith) {
+  EXPECT_EQ(UnitScale({4, 3}).index(), (T_UNIT_INDEX{4, 3}));
+  EXPECT_EQ(UnitScale().index(), (T_UNIT_INDEX{0, 2}));
 }
 
 TEST(UnitScale, AnIndexOutsideTheTablesIsRefused) {
   EXPECT_THROW(UnitScale({6, 2}), std::out_of_range);
   EXPECT_THROW(UnitScale({0, 5}), std::out_of_range);
   EXPECT_THROW(UnitScale({-1, 2}), std::out_of_range);
+  EXPECT_THROW(UnitScale({0, -1}), std::out_of_range);
 }
 
 }  // namespace
