@@ -42,6 +42,11 @@ model::Material read_own_values(const JsonObject& object) {
   model::Material material;
   material.grade = grade->string();
   material.standard = object.string_or("standard", user_standard);
+  if (material.standard == catalogue::alloy_standard &&
+      catalogue::find_alloy(material.grade) == nullptr) {
+    grade->fail_with("must be one of " + catalogue::alloy_names() + " under the standard \"" +
+                     material.standard + "\"");
+  }
   material.f02_thin = object.required("f02_thin").positive();
   material.f02_thick = object.positive_or("f02_thick", material.f02_thin);
   material.fu = object.required("fu").positive();

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -58,6 +59,30 @@ std::array<double, 4> read_points(const JsonValue& value, double scale) {
   return points;
 }
 
+/// Points that all lie on the z axis would leave the weak axis without a modulus.
+std::array<double, 4> read_point_y(const JsonValue& value, double scale) {
+  const std::array<double, 4> y = read_points(value, scale);
+  const auto is_zero = [](double at) { return at == 0.0; };
+  if (std::ranges::all_of(y, is_zero)) value.fail("found 0 four times, one must differ from 0");
+  return y;
+}
+
+/// Top and bottom fibre lie on either side of the centroid.
+std::array<double, 4> read_point_z(const JsonValue& value, double scale) {
+  const std::array<double, 4> z = read_points(value, scale);
+  std::size_t i = 0;
+  for (const JsonValue point : value.list()) {
+    const bool is_top = i < 2;
+    if (is_top && !(z[i] > 0.0))
+      point.fail_with("must be positive: the top lies above the centroid");
+    if (!is_top && !(z[i] < 0.0)) {
+      point.fail_with("must be negative: the bottom lies below the centroid");
+    }
+    ++i;
+  }
+  return z;
+}
+
 model::GivenProperties read_properties(const JsonValue& value, const Scales& scales) {
   const JsonObject object(value, property_fields);
   model::GivenProperties given;
@@ -74,10 +99,10 @@ model::GivenProperties read_properties(const JsonValue& value, const Scales& sca
   given.iw = read("iw", scales.section_6, &JsonValue::not_negative);
   given.shear_centre_z = read("shear_centre_z", scales.section, &JsonValue::number);
   if (const auto points = object.optional("point_y")) {
-    given.point_y = read_points(*points, scales.section);
+    given.point_y = read_point_y(*points, scales.section);
   }
   if (const auto points = object.optional("point_z")) {
-    given.point_z = read_points(*points, scales.section);
+    given.point_z = read_point_z(*points, scales.section);
   }
   return given;
 }

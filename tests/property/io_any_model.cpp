@@ -58,6 +58,8 @@ Material any_material(Number number) {
   } else {
     material.standard = any_of<std::string>({"user", "EN 1999", "GB50429-07(A)"});
     material.grade = any_of<std::string>({"X", "6061-T6"});
+    // The code's own standard knows only the grades of its table.
+    if (material.standard == catalogue::alloy_standard) material.grade = "6061-T6";
     material.f02_thin = any_between(1, 500);
     material.f02_thick = any_flag() ? material.f02_thin : any_between(1, 500);
     material.fu = any_between(1, 500);
@@ -71,9 +73,13 @@ Material any_material(Number number) {
   return material;
 }
 
-std::array<double, 4> any_points() {
-  return {any_between(-200, 200), any_between(-200, 200), any_between(-200, 200),
+std::array<double, 4> any_point_y() {
+  return {any_between(-200, -1), any_between(-200, 200), any_between(-200, 200),
           any_between(-200, 200)};
+}
+
+std::array<double, 4> any_point_z() {
+  return {any_between(1, 200), any_between(1, 200), any_between(-200, -1), any_between(-200, -1)};
 }
 
 /// Dimensions of plausible proportions: how shapes may be proportioned is not the file's concern.
@@ -110,8 +116,8 @@ GivenProperties any_given(Shape shape) {
   if (needed()) given.area = any_between(1, 1e4);
   if (needed()) given.iyy = any_between(1, 1e8);
   if (needed()) given.izz = any_between(1, 1e8);
-  if (needed()) given.point_y = any_points();
-  if (needed()) given.point_z = any_points();
+  if (needed()) given.point_y = any_point_y();
+  if (needed()) given.point_z = any_point_z();
   if (any_flag()) given.it = any_between(0, 1e8);
   if (any_flag()) given.qyb = any_between(0, 1e5);
   if (any_flag()) given.qzb = any_between(0, 1e5);

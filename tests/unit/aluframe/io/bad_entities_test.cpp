@@ -109,6 +109,12 @@ INSTANTIATE_TEST_SUITE_P(
                  R"(/materials/0: missing field "fu")"},
         BadModel{"StrengthOfZero", alloy, R"("grade": "own", "f02_thin": 0, "fu": 160)",
                  "/materials/0/f02_thin: found 0, must be positive"},
+        BadModel{
+            "GradeThatTheCodesStandardLacks", alloy,
+            R"j("grade": "6061-T5", "standard": "GB50429-07(A)", "f02_thin": 110, "fu": 160)j",
+            R"j(/materials/0/grade: found "6061-T5", must be one of 6061-T4, 6061-T6, 6063-T5, )j"
+            "6063-T6, 6063A-T5, 6063A-T6, 5083-O/F, 5083-H112, 3003-H24, 3004-H34, 3004-H36 "
+            R"j(under the standard "GB50429-07(A)")j"},
         BadModel{"PoissonRatioBeyondOneHalf", alloy,
                  R"("grade": "own", "f02_thin": 110, "fu": 160, "poisson": 0.6)",
                  "/materials/0/poisson: found 0.6, must be between 0 and 0.5"}),
@@ -132,16 +138,27 @@ INSTANTIATE_TEST_SUITE_P(
                  "", R"(/sections/0: missing field "dimensions")"},
         BadModel{"DimensionsOfASectionGivenByItsProperties", R"("shape": "B")",
                  R"("shape": "UP", "properties": {"area": 1, "iyy": 1, "izz": 1,
-                    "point_y": [0,0,0,0], "point_z": [0,0,0,0]})",
+                    "point_y": [-1,1,1,-1], "point_z": [1,1,-1,-1]})",
                  "/sections/0/dimensions/H: unknown field, none is allowed here"},
         BadModel{"MissingPropertiesOfASectionGivenByThem", R"("shape": "B")", R"("shape": "UP")",
                  R"(/sections/0: missing field "properties")"},
         BadModel{"MissingPropertyOfASectionGivenByThem", R"("shape": "B")",
                  R"("shape": "UP", "properties": {"area": 1, "iyy": 1, "izz": 1,
-                    "point_y": [0,0,0,0]})",
+                    "point_y": [-1,1,1,-1]})",
                  R"(/sections/0/properties: missing field "point_z")"},
         BadModel{"NegativeArea", R"("shape": "B")", R"("shape": "B", "properties": {"area": -1})",
                  "/sections/0/properties/area: found -1, must be positive"},
+        BadModel{"StressPointsOnTheWeakAxis", R"("shape": "B")",
+                 R"("shape": "B", "properties": {"point_y": [0, 0, 0, 0]})",
+                 "/sections/0/properties/point_y: found 0 four times, one must differ from 0"},
+        BadModel{"TopFibreBelowTheCentroid", R"("shape": "B")",
+                 R"("shape": "B", "properties": {"point_z": [5, -5, -5, -5]})",
+                 "/sections/0/properties/point_z/1: found -5, must be positive: the top lies above "
+                 "the centroid"},
+        BadModel{"BottomFibreAboveTheCentroid", R"("shape": "B")",
+                 R"("shape": "B", "properties": {"point_z": [5, 5, -5, 5]})",
+                 "/sections/0/properties/point_z/3: found 5, must be negative: the bottom lies "
+                 "below the centroid"},
         BadModel{"ThreeStressPoints", R"("shape": "B")",
                  R"("shape": "B", "properties": {"point_y": [1, 2, 3]})",
                  "/sections/0/properties/point_y: found 3 numbers, must be 4, one for each stress "
