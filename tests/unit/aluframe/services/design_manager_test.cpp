@@ -83,10 +83,11 @@ TEST_F(DesignManagerTest, AllSixForcesKeepTheirPlaces) {
 
 TEST_F(DesignManagerTest, ForcesAtTheEndsAloneHaveNoInnerPositions) {
   T_ALU_FORCE_D forces;
-  forces.aForce[2][0] = 5.0F;
+  for (auto& left_over : forces.aForce) left_over.fill(5.0F);
   ASSERT_EQ(manager().GetElementForce(1, 1, forces, false), 1);
   EXPECT_EQ(forces.bInner, 0);
   EXPECT_EQ(forces.aForce[2], (std::array<float, 9>{}));
+  EXPECT_EQ(forces.aForce[0][8], 0.0F);
 }
 
 TEST_F(DesignManagerTest, ForcesAtFivePositionsHaveInnerOnes) {
@@ -118,9 +119,9 @@ TEST_F(DesignManagerTest, AnEnvelopeHasItsExtremesOnItsTwoSides) {
 TEST_F(DesignManagerTest, ForcesAreHandedOutInTheCurrentUnits) {
   scale_ = UnitScale({1, 0});  // kN, m
   T_ALU_FORCE_D forces;
-  ASSERT_EQ(manager().GetElementForce(1, 2, forces, false), 1);
-  EXPECT_FLOAT_EQ(forces.aForce[0][0], -2.0F);
-  EXPECT_FLOAT_EQ(forces.aForce[0][4], 8.0F);
+  ASSERT_EQ(manager().GetElementForce(1, 1, forces, false), 1);
+  const float expected[] = {2.0F, 4.0F, 6.0F, 8.0F, 10.0F, 12.0F};
+  for (std::size_t i = 0; i < 6; ++i) EXPECT_FLOAT_EQ(forces.aForce[0][i], expected[i]) << i;
 }
 
 TEST_F(DesignManagerTest, UnknownKeysReturn0AndAreNoMissingForces) {

@@ -147,6 +147,20 @@ TEST_F(RunMonitorTest, BendingAloneCallsForAResult) {
   }
 }
 
+TEST_F(RunMonitorTest, ShearInEitherDirectionIsListed) {
+  for (const std::size_t shear : {1U, 2U}) {  // Fy, Fz
+    RunMonitor monitor(model_);
+    monitor.set_elements({4});
+    T_ALU_FORCE_D forces = forces_with(1.0F);
+    forces.aForce[0][shear] = 5.0F;
+    monitor.note_forces(4, forces);
+    monitor.note_record(4, 1, record_with(50, 100));
+    monitor.note_record(4, 0, record_with(50, 100));
+    ASSERT_EQ(monitor.not_checked().size(), 1U) << shear;
+    EXPECT_EQ(monitor.not_checked()[0].reason.find("shear where it acts"), 0U);
+  }
+}
+
 TEST_F(RunMonitorTest, ShearThatWasCheckedIsNotListed) {
   T_ALU_FORCE_D forces = forces_with(1.0F);
   forces.aForce[0][1] = 5.0F;  // Fy

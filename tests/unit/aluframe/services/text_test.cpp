@@ -53,7 +53,8 @@ TEST(Text, BytesThatAreNotUtf8BecomeTheReplacementCharacter) {
   EXPECT_TRUE(to_wide("a\xFFz") == CString(L"a\uFFFDz"));
   EXPECT_TRUE(to_wide("\x80") == CString(L"\uFFFD"));            // continues nothing
   EXPECT_TRUE(to_wide("\xC0\x80") == CString(L"\uFFFD\uFFFD"));  // overlong, lead never valid
-  EXPECT_TRUE(to_wide("\xF5\x80") == CString(L"\uFFFD\uFFFD"));  // lead beyond U+10FFFF
+  EXPECT_TRUE(to_wide("\xF5\x80\x80\x80") ==
+              CString(L"\uFFFD\uFFFD\uFFFD\uFFFD"));  // lead beyond U+10FFFF
 }
 
 TEST(Text, SequencesCutShortBecomeTheReplacementCharacterAndTheRestIsKept) {

@@ -49,6 +49,11 @@ TEST(OutputTable, AColumnIsAsWideAsItsHeading) {
             "Länge\n-----\n    1\n");
 }
 
+TEST(OutputTable, NoLineEndsInBlanks) {
+  EXPECT_EQ(to_text(column({std::string("long"), std::string("s")}), false),
+            "x\n----\nlong\ns\n");
+}
+
 TEST(OutputTable, ATableWithoutRowsHasItsHeadings) {
   const OutputTable empty{sample().columns, {}};
   EXPECT_EQ(to_text(empty, false), "name  count  ratio\n----  -----  -----\n");

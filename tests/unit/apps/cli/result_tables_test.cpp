@@ -57,7 +57,7 @@ TEST(ElementResult, ARatioThatIsNoNumberIsTheWorst) {
 }
 
 TEST(ElementResult, SlendernessWithoutALimitIsTheWorstOnlyWhenAlone) {
-  EXPECT_EQ(worst_of({row(5, RALU_SLENDERNESS_Y, 80, 0), row(5, RALU_SLENDERNESS_Z, 1, 400)}),
+  EXPECT_EQ(worst_of({row(5, RALU_SLENDERNESS_Y, 80, 0), row(5, RALU_SLENDERNESS_Z, 0, 400)}),
             RALU_SLENDERNESS_Z);
   EXPECT_EQ(worst_of({row(5, RALU_SLENDERNESS_Y, 80, 0)}), RALU_SLENDERNESS_Y);
 }
