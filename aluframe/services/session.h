@@ -38,7 +38,9 @@ struct SessionOptions {
 
 /// Our host: everything that the design module calls, over one model. Bind it for a run.
 ///
-///     Session session(model, {.result_path = "frame.aluresult"});
+///     SessionOptions options;
+///     options.result_path = "frame.aluresult";
+///     Session session(model, options);
 ///     host::Bind(session);
 class Session : public host::HostServices {
  public:

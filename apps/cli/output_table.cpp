@@ -25,7 +25,11 @@ std::string name_of_non_finite(double value) {
 struct TextOf {
   int decimals;
   std::string operator()(std::monostate) const { return "-"; }
-  std::string operator()(const std::string& text) const { return text; }
+  /// A name may hold a line break or an escape: neither may break the table or reach the terminal.
+  std::string operator()(std::string text) const {
+    std::ranges::replace_if(text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+    return text;
+  }
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
   std::string operator()(bool value) const { return value ? "yes" : "no"; }
   std::string operator()(double value) const {

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "tz_alu/engine/section_geometry.h"
-#include "tz_alu/tolerance.h"
 #include "tz_alu/report/aluprint.h"
+#include "tz_alu/tolerance.h"
 
 namespace alu_engine {
 

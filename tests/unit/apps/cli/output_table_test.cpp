@@ -49,9 +49,12 @@ TEST(OutputTable, AColumnIsAsWideAsItsHeading) {
             "Länge\n-----\n    1\n");
 }
 
+TEST(OutputTable, ControlCharactersOfANameDoNotReachTheTerminal) {
+  EXPECT_EQ(to_text(column({std::string("a\nb\x1b[2J")}), false), "x\n-------\na b [2J\n");
+}
+
 TEST(OutputTable, NoLineEndsInBlanks) {
-  EXPECT_EQ(to_text(column({std::string("long"), std::string("s")}), false),
-            "x\n----\nlong\ns\n");
+  EXPECT_EQ(to_text(column({std::string("long"), std::string("s")}), false), "x\n----\nlong\ns\n");
 }
 
 TEST(OutputTable, ATableWithoutRowsHasItsHeadings) {
