@@ -159,6 +159,14 @@ INSTANTIATE_TEST_SUITE_P(
                  R"("shape": "B", "properties": {"point_z": [5, 5, -5, 5]})",
                  "/sections/0/properties/point_z/3: found 5, must be negative: the bottom lies "
                  "below the centroid"},
+        BadModel{"TopFibreAtTheCentroid", R"("shape": "B")",
+                 R"("shape": "B", "properties": {"point_z": [0, 5, -5, -5]})",
+                 "/sections/0/properties/point_z/0: found 0, must be positive: the top lies above "
+                 "the centroid"},
+        BadModel{"BottomFibreAtTheCentroid", R"("shape": "B")",
+                 R"("shape": "B", "properties": {"point_z": [5, 5, 0, -5]})",
+                 "/sections/0/properties/point_z/2: found 0, must be negative: the bottom lies "
+                 "below the centroid"},
         BadModel{"ThreeStressPoints", R"("shape": "B")",
                  R"("shape": "B", "properties": {"point_y": [1, 2, 3]})",
                  "/sections/0/properties/point_y: found 3 numbers, must be 4, one for each stress "

@@ -128,6 +128,22 @@ TEST(OwnMaterial, HasTheDocumentedDefaults) {
   EXPECT_EQ(material.thermal_expansion, 2.3e-5);
 }
 
+TEST(OwnMaterial, MayHaveAGradeOfTheTableUnderTheTablesStandard) {
+  const model::Material material =
+      model_of(replaced(small_model, R"("alloy": "6063-T5")",
+                        R"json("grade": "6063-T5", "standard": "GB50429-07(A)", "f02_thin": 100,
+                               "fu": 150)json"))
+          .materials[0];
+  EXPECT_EQ(material.standard, "GB50429-07(A)");
+  EXPECT_EQ(material.f02_thin, 100.0);
+}
+
+TEST(GivenStressPoints, MayLieOnTheWeakAxisWhenOneDoesNot) {
+  const model::Model model = model_of(replaced(
+      small_model, R"("shape": "B")", R"("shape": "B", "properties": {"point_y": [0, 0, 0, -2]})"));
+  EXPECT_EQ(model.sections[0].given.point_y, (std::array{0.0, 0.0, 0.0, -2.0}));
+}
+
 TEST(OwnMaterial, IsTakenFromTheFile) {
   const model::Material material =
       model_of(replaced(small_model, R"("alloy": "6063-T5")",
