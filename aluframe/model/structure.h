@@ -64,7 +64,7 @@ struct ElementDesign {
     friend bool operator==(const Slenderness&, const Slenderness&) = default;
   };
 
-  std::optional<AxisPair> stability_coefficients;  ///< φ about y and z
+  std::optional<AxisPair> stability_coefficients;  ///< φb and φbz: bending about y and z
   std::optional<Rib> rib;
   std::optional<double> weld_coefficient;
   std::optional<double> haz_width;  ///< mm, on each side of a weld

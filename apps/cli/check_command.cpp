@@ -169,7 +169,6 @@ void print_summary(const model::Model& model, const services::CheckSummary& summ
     fmt::print("{}", render(summary_table(summary), options.common.format, false));
     if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
   }
-  print_message("stability is not checked yet");
 }
 
 }  // namespace

@@ -12,4 +12,12 @@ class MMSGFunction {
   HOST_API static CString GetValue(const CString& key);
 };
 
+/// Arithmetic.
+class MMath {
+ public:
+  /// `value` rounded to a number of decimals (≥ 0), halves away from zero. What is not finite stays
+  /// as it is.
+  HOST_API static double Round(double value, int decimals);
+};
+
 }  // namespace zel::lib

@@ -55,7 +55,7 @@ def test_elements_can_be_chosen(frame):
 def test_csv_has_one_row_for_each_element_and_check(frame):
     rows = list(csv.DictReader(io.StringIO(frame("results", "frame.json", "--format", "csv").stdout)))
     assert {row["item"] for row in rows} == {
-        "strength", "shear y", "shear z", "slenderness y", "slenderness z"}
+        "strength", "shear y", "shear z", "stability", "slenderness y", "slenderness z"}
     assert all(float(row["ratio"]) == pytest.approx(
         float(row["demand"]) / float(row["capacity"])) for row in rows if row["capacity"])
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// Random inputs of the engine: positive dimensions of any shape, any grade, forces that are zero or
+// Random inputs of the engine: sections of any shape, any grade and option, forces that are zero or
 // far from zero.
 
 #include <rapidcheck.h>
@@ -8,13 +8,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tests/property/engine_sections.h"
 #include "tz_alu/engine/alucode_gb50429_07.h"
 
 namespace engine_generators {
-
-inline double Between(int low, int high) {
-  return *rc::gen::inRange(low, high) / 4.0;
-}
 
 inline constexpr const wchar_t* kStandards[] = {L"GB50429-07(A)", L"another standard"};
 inline constexpr const wchar_t* kGrades[] = {L"6061-T4", L"6061-T6", L"6063A-T5", L"5083-H112"};
@@ -24,42 +21,53 @@ const wchar_t* OneOf(const wchar_t* const (&texts)[N]) {
   return texts[*rc::gen::inRange(std::size_t{0}, N)];
 }
 
-inline ALU_SECT_DATA AnySection(std::int32_t nShape) {
-  ALU_SECT_DATA sect;
-  sect.nShape = nShape;
-  sect.dSize[0] = Between(400, 2000);                  // H or diameter
-  sect.dSize[1] = Between(4, 60);                      // tw
-  sect.dSize[2] = sect.dSize[4] = Between(200, 1200);  // flange widths
-  sect.dSize[3] = sect.dSize[5] = Between(4, 80);      // flange thicknesses
-  if (*rc::gen::arbitrary<bool>()) sect.dSize[4] = Between(200, 1200);
-  sect.dArea = Between(2000, 80000);
-  sect.dIyy = 1e3 * Between(400, 400000);
-  sect.dIzz = 1e3 * Between(400, 400000);
-  sect.dIxx = Between(400, 4000000);
-  sect.dIw = 1e3 * Between(400, 4000000);
-  sect.dQyb = Between(40, 40000);
-  sect.dQzb = Between(40, 40000);
-  sect.dShearCtr = Between(-400, 400);
-  for (int i = 0; i < 4; ++i) {
-    sect.dPtY[i] = Between(40, 600);
-    sect.dPtZ[i] = i < 2 ? Between(100, 1000) : -Between(100, 1000);
+inline ALU_MATL_DATA AnyMaterial() {
+  ALU_MATL_DATA matl;
+  matl.strStandard = OneOf(kStandards);
+  matl.strGrade = OneOf(kGrades);
+  matl.nElast = 70000;
+  matl.dPoisson = 0.3;
+  matl.dF02Thin = Between(320, 1000);
+  matl.dF02Thick = Between(320, 1000);
+  return matl;
+}
+
+inline void SetAnyStabilityParameters(ALU_PARA_DATA& para) {
+  para.bMidSupport = *rc::gen::element(0, 1);
+  para.bUserPhi = *rc::gen::element(0, 0, 0, 1);
+  para.dUserPhi[0] = Between(1, 5);
+  para.bUserBetaM = *rc::gen::element(0, 1);
+  for (int axis = 0; axis < 2; ++axis) {
+    para.nBetaMOpt[axis] = *rc::gen::element(0, 1, 1);
+    para.dBetaM[axis] = Between(1, 8);
+    para.nBetaMOpt2[axis] = *rc::gen::inRange(0, 5);
+    para.bSway[axis] = *rc::gen::element(0, 1);
   }
-  sect.bWelded = *rc::gen::element(0, 1);
-  return sect;
+}
+
+inline ALU_PARA_DATA AnyParameters() {
+  ALU_PARA_DATA para;
+  para.dGamma0 = *rc::gen::element(0.9, 1.0, 1.1);
+  para.bSeismicGammaRE = *rc::gen::element(0, 1);
+  para.bRib = *rc::gen::element(0, 1);
+  para.dRibRatio = Between(4, 12);
+  para.dHazWidth = Between(0, 160);
+  para.dKy = Between(2, 12);
+  para.dKz = Between(2, 12);
+  SetAnyStabilityParameters(para);
+  return para;
 }
 
 inline ALU_DGN_DATA AnyData(std::int32_t nShape) {
   ALU_DGN_DATA data;
   data.code.sect = AnySection(nShape);
-  data.code.matl.strStandard = OneOf(kStandards);
-  data.code.matl.strGrade = OneOf(kGrades);
-  data.code.matl.dF02Thin = data.code.matl.dF02Thick = Between(320, 1000);
-  data.code.para.dGamma0 = *rc::gen::element(0.9, 1.0, 1.1);
-  data.code.para.bSeismicGammaRE = *rc::gen::element(0, 1);
-  data.code.para.dKy = Between(2, 12);
-  data.code.para.dKz = Between(2, 12);
+  data.code.matl = AnyMaterial();
+  data.code.para = AnyParameters();
   data.dMembLength = Between(2000, 40000);
   data.nMembType = *rc::gen::element(1, 2, 3, 5);
+  for (auto& end : data.nEndCond) {
+    for (auto& condition : end) condition = *rc::gen::inRange(0, 3);
+  }
   return data;
 }
 
@@ -74,6 +82,10 @@ inline AluDgnSectForce AnyForces() {
   constexpr double kUnit[] = {100.0, 10.0, 10.0, 1e3, 1e4, 1e4};
   for (int i = 0; i < 6; ++i) force.dForce[i] = AnyForce(kUnit[i]);
   force.nSesiType = *rc::gen::element(0, 1);
+  force.bEndSect = *rc::gen::element(0, 1);
+  for (double* moment : {&force.end.dMyI, &force.end.dMyJ, &force.end.dMzI, &force.end.dMzJ}) {
+    *moment = AnyForce(1e4);
+  }
   return force;
 }
 

@@ -2,6 +2,7 @@
 
 #include "tz_alu/engine/design_factors.h"
 #include "tz_alu/engine/design_strength.h"
+#include "tz_alu/engine/member_stability.h"
 #include "tz_alu/engine/section_geometry.h"
 #include "tz_alu/engine/section_parameters.h"
 #include "tz_alu/engine/shear.h"
@@ -18,9 +19,11 @@ struct CHECK_CALL {
   const ALU_DGN_DATA& data;
   const AluDgnSectForce& force;
   const MATERIAL_CLASS& material;
+  SLENDERNESS lambda;
   ALU_CAL_BUFF& buffer;
   T_RALU_SECT& result;
 
+  CHECK_INPUT Input() const { return {data, force, material}; }
   double& Report(ALU_REPORT_SLOT slot) const { return buffer.report->dValue[slot]; }
   bool IsOn(RALU_ITEM_TYPE item) const { return data.nCheckFlag[item] != 0; }
   void Store(RALU_ITEM_TYPE item, double demand, double capacity) const {
@@ -94,21 +97,104 @@ void CheckShearZ(const CHECK_CALL& call) {
   call.Store(RALU_SHEAR_Z, ShearStressZ(sect, call.force, StrengthFactor(call)), fv);
 }
 
-void CheckSlenderness(const CHECK_CALL& call) {
-  if (!IsSlendernessChecked(call.data.code.para)) return;
-  const SLENDERNESS lambda = MemberSlenderness(call.data);
-  const double limit = SlendernessLimit(call.data, call.force);
-  call.Report(ALU_REPORT_SLENDERNESS_LIMIT) = limit;
-  if (call.IsOn(RALU_SLENDERNESS_Y)) call.Store(RALU_SLENDERNESS_Y, lambda.dLambdaY, limit);
-  if (call.IsOn(RALU_SLENDERNESS_Z)) call.Store(RALU_SLENDERNESS_Z, lambda.dLambdaZ, limit);
+double StabilityFactor(const CHECK_CALL& call) {
+  return ForceFactor(call.data.code.para, call.force, FORCE_FACTOR::Stability);
 }
 
-// Member stability is not checked yet: its items stay as reset.
+void CheckAxialStability(const CHECK_CALL& call) {
+  const CHECK_INPUT in = call.Input();
+  const AXIAL_COEFFICIENTS phi = AxialCoefficients(in, call.buffer.sectpara, call.lambda);
+  call.Report(ALU_REPORT_PHI) = phi.Governing();
+  call.Report(ALU_REPORT_PHI_Y) = phi.dPhiY;
+  call.Report(ALU_REPORT_PHI_Z) = phi.dPhiZ;
+  call.Store(RALU_STABILITY, AxialStabilityStress(in, phi.Governing(), StabilityFactor(call)),
+             DesignStrength(call.data.code, call.material).dF);
+}
+
+void CheckBendingStability(const CHECK_CALL& call) {
+  const CHECK_INPUT in = call.Input();
+  const ALU_CAL_SECTPARA& section = call.buffer.sectpara;
+  const double f = DesignStrength(call.data.code, call.material).dF;
+  const double phi_b = BendingCoefficients(in, section.dW1, f).dPhiB;
+  call.Report(ALU_REPORT_PHI_B_BENDING) = phi_b;
+  call.Store(RALU_STABILITY, BendingStabilityStress(in, section, phi_b, StabilityFactor(call)), f);
+}
+
+// What both checks of compression with bending leave for the report.
+void NoteCoefficients(const CHECK_CALL& call, const BEAM_COLUMN& column) {
+  call.Report(ALU_REPORT_GAMMA_Z) = column.gamma.dGammaZ;
+  call.Report(ALU_REPORT_PHI_Y) = column.phi.dPhiY;
+  call.Report(ALU_REPORT_PHI_Z) = column.phi.dPhiZ;
+  call.Report(ALU_REPORT_PHI_B) = column.phi_b.dPhiB;
+  call.Report(ALU_REPORT_PHI_BZ) = column.phi_b.dPhiBz;
+  call.Report(ALU_REPORT_BETA_MY) = column.beta.dBetaY;
+  call.Report(ALU_REPORT_BETA_MZ) = column.beta.dBetaZ;
+  call.Report(ALU_REPORT_ETA) = column.eta.dEta;
+  call.Report(ALU_REPORT_ETA1) = column.eta.dEta1;
+  call.Report(ALU_REPORT_N_EZ) = column.dNEz;
+}
+
+void CheckInPlane(const CHECK_CALL& call, const BEAM_COLUMN& column, double f) {
+  const IN_PLANE_STRESS stress = InPlaneStress(column);
+  NoteCoefficients(call, column);
+  call.Report(ALU_REPORT_ETA2) = column.eta.dEta2;
+  call.Report(ALU_REPORT_N_EY) = column.dNEy;
+  if (stress.bParts) {
+    call.Report(ALU_REPORT_RMAX211) = stress.dTop;
+    call.Report(ALU_REPORT_RMAX212) = stress.dBottom;
+  }
+  call.Store(RALU_STABILITY, stress.dDemand, f);
+}
+
+void CheckOutOfPlane(const CHECK_CALL& call, const BEAM_COLUMN& column, double f) {
+  NoteCoefficients(call, column);
+  call.Store(RALU_COMBINED_STABILITY, OutOfPlaneStress(column), f);
+}
+
+// The coefficients of compression with bending are formed once for both checks.
+void CheckBeamColumn(const CHECK_CALL& call) {
+  const bool y = call.IsOn(RALU_STABILITY);
+  const bool z = call.IsOn(RALU_COMBINED_STABILITY);
+  if (!y && !z) return;
+  const CHECK_INPUT in = call.Input();
+  const double f = DesignStrength(call.data.code, call.material).dF;
+  const BEAM_COLUMN column = PrepareBeamColumn(in, call.buffer.sectpara, call.lambda, f);
+  if (y) CheckInPlane(call, column, f);
+  if (z) CheckOutOfPlane(call, column, f);
+}
+
+// kept: a member in tension with bending gets no stability check.
+void CheckStability(const CHECK_CALL& call) {
+  if (STATE::IsCompressionBending(call.force)) return CheckBeamColumn(call);
+  if (!call.IsOn(RALU_STABILITY)) return;
+  if (STATE::IsPureCompression(call.force)) CheckAxialStability(call);
+  if (STATE::IsPureBending(call.force)) CheckBendingStability(call);
+}
+
+void CheckSlenderness(const CHECK_CALL& call) {
+  if (!IsSlendernessChecked(call.data.code.para)) return;
+  const double limit = SlendernessLimit(call.data, call.force);
+  call.Report(ALU_REPORT_SLENDERNESS_LIMIT) = limit;
+  if (call.IsOn(RALU_SLENDERNESS_Y)) call.Store(RALU_SLENDERNESS_Y, call.lambda.dLambdaY, limit);
+  if (call.IsOn(RALU_SLENDERNESS_Z)) call.Store(RALU_SLENDERNESS_Z, call.lambda.dLambdaZ, limit);
+}
+
 void RunGroups(const CHECK_CALL& call) {
   if (call.IsOn(RALU_STRENGTH)) CheckStrength(call);
   if (call.IsOn(RALU_SHEAR_Y)) CheckShearY(call);
   if (call.IsOn(RALU_SHEAR_Z)) CheckShearZ(call);
+  CheckStability(call);
   if (call.IsOn(RALU_SLENDERNESS_Y) || call.IsOn(RALU_SLENDERNESS_Z)) CheckSlenderness(call);
+}
+
+// `result` and `buffer` are as reset.
+int RunChecks(const ALU_DGN_DATA& data, const AluDgnSectForce& force, T_RALU_SECT& result,
+              ALU_CAL_BUFF& buffer) {
+  const MATERIAL_CLASS material = ClassifyMaterial(data.code.matl);
+  buffer.sectpara = SectionParameters({data, force, material});
+  if (!AreUsable(buffer.sectpara)) return 0;
+  RunGroups({data, force, material, MemberSlenderness(data), buffer, result});
+  return 1;
 }
 
 }  // namespace
@@ -117,17 +203,14 @@ CALUCode_GB50429_07::~CALUCode_GB50429_07() = default;
 
 int CALUCode_GB50429_07::CheckCode(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
                                    T_RALU_SECT& result) {
+  result.Initial();
   ALU_CAL_BUFF buffer;
-  return CheckCode(data, force, result, buffer);
+  return RunChecks(data, force, result, buffer);
 }
 
 int CALUCode_GB50429_07::CheckCode(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
                                    T_RALU_SECT& result, ALU_CAL_BUFF& buffer) {
   result.Initial();
   buffer.Initial();
-  const MATERIAL_CLASS material = ClassifyMaterial(data.code.matl);
-  buffer.sectpara = SectionParameters(data.code, material);
-  if (!AreUsable(buffer.sectpara)) return 0;
-  RunGroups({data, force, material, buffer, result});
-  return 1;
+  return RunChecks(data, force, result, buffer);
 }

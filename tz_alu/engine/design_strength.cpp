@@ -49,6 +49,8 @@ MATERIAL_CLASS ClassifyMaterial(const ALU_MATL_DATA& matl) {
   material.bCodeStandard = View(matl.strStandard) == kStandard;
   const std::wstring_view grade = View(matl.strGrade);
   for (const GRADE_ROW& row : kGrades) {
+    // Most grades differ in their length or their last character.
+    if (grade.size() != row.grade.size() || grade.back() != row.grade.back()) continue;
     if (grade != row.grade) continue;
     material.pGrade = &row;
     break;
@@ -61,6 +63,11 @@ double GoverningThickness(const ALU_SECT_DATA& sect) {
   if (sect.nShape == ALU_SHAPE_SR) return sect.dSize[0];
   RaiseReleaseAssertion(__LINE__);
   return 0.0;
+}
+
+// kept: the second dimension decides for every shape and every plate.
+double ProofStrength(const ALU_DGN_DATA_CODE& code) {
+  return code.sect.dSize[1] > kThinLimit ? code.matl.dF02Thick : code.matl.dF02Thin;
 }
 
 DESIGN_STRENGTH DesignStrength(const ALU_DGN_DATA_CODE& code, const MATERIAL_CLASS& material) {

@@ -47,6 +47,10 @@ MATERIAL_CLASS ClassifyMaterial(const ALU_MATL_DATA& matl);
 /// diameter (mm). A shape that the checks do not know raises the release assertion and gives 0.
 double GoverningThickness(const ALU_SECT_DATA& sect);
 
+/// Proof strength f0.2 that local buckling and member stability take: that of thick parts when the
+/// second dimension of the section, D2, exceeds 10 mm, whatever the shape; else that of thin parts.
+double ProofStrength(const ALU_DGN_DATA_CODE& code);
+
 /// f and fv of a material. Under the table's standard they come from the table, GB 50429-2007,
 /// chapter 4; a grade that it lacks raises the release assertion. That grade, and any material of
 /// another standard, gets f = f0.2 / 1.2 and fv = f / √3 with the proof strength of thin parts.

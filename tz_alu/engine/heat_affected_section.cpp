@@ -78,17 +78,8 @@ double FlangeInertia(const HAZ_FLANGE& flange, double rho) {
          ownStrip * Cube(rho * tf) / 12.0;
 }
 
-double WebInertia(const HAZ_PLATES& plates, const HAZ& haz) {
-  const double rho = haz.dFactor;
-  const double b = haz.dWidth;
-  double offsets = 0.0;
-  for (int i = 0; i < plates.nFlanges; ++i) {
-    const double d = plates.flange[i].fibre - plates.flange[i].tf - b / 2.0;
-    offsets += d * d;
-  }
-  const int strips = plates.nWebs * plates.nFlanges;
-  return Cube(plates.hw) * plates.tw / (12.0 / plates.nWebs) +
-         rho * plates.tw * Cube(b) / (12.0 / strips) + plates.nWebs * rho * plates.tw * b * offsets;
+double ClearWebInertia(const HAZ_PLATES& plates) {
+  return Cube(plates.hw) * plates.tw / (12.0 / plates.nWebs);
 }
 
 double Inertia(const HAZ_PLATES& plates, const HAZ& haz) {
@@ -96,7 +87,7 @@ double Inertia(const HAZ_PLATES& plates, const HAZ& haz) {
   for (int i = 0; i < plates.nFlanges; ++i) {
     inertia += FlangeInertia(plates.flange[i], haz.dFactor);
   }
-  return inertia + WebInertia(plates, haz);
+  return inertia + ClearWebInertia(plates) + WebStripInertia(plates, haz);
 }
 
 double Area(const HAZ_PLATES& plates, const HAZ& haz) {
@@ -136,6 +127,18 @@ HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth) {
           ClearWebHeight(shape, dims, hazWidth),
           dims.tw,
           shape.nWebs};
+}
+
+double WebStripInertia(const HAZ_PLATES& plates, const HAZ& haz) {
+  const double rho = haz.dFactor;
+  const double b = haz.dWidth;
+  double offsets = 0.0;
+  for (int i = 0; i < plates.nFlanges; ++i) {
+    const double d = plates.flange[i].fibre - plates.flange[i].tf - b / 2.0;
+    offsets += d * d;
+  }
+  const int strips = plates.nWebs * plates.nFlanges;
+  return rho * plates.tw * Cube(b) / (12.0 / strips) + plates.nWebs * rho * plates.tw * b * offsets;
 }
 
 ALU_CAL_SECTPARA HeatAffectedSection(const ALU_SECT_DATA& sect, const HAZ& haz) {

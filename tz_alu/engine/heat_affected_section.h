@@ -39,6 +39,10 @@ bool HasHazPlates(std::int32_t nShape);
 /// plate; strips are never shortened. Only for shapes with `HasHazPlates`.
 HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth);
 
+/// Strong-axis inertia of the heat-affected strips of the webs, mm⁴: their own, and by their
+/// distance from the y axis.
+double WebStripInertia(const HAZ_PLATES& plates, const HAZ& haz);
+
 /// Area and strong-axis moduli with the strips reduced, W1 = I/|z1| and W2 = I/|z3|; the weak-axis
 /// modulus stays that of the gross section. Plate slenderness ratios stay 0.
 /// Precondition: `HasHazPlates`; |z1| and |z3| not zero.

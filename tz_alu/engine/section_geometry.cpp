@@ -15,11 +15,6 @@ double Outermost(const double (&points)[4]) {
 
 }  // namespace
 
-PLATE_DIMS PlateDims(const ALU_SECT_DATA& sect) {
-  const double* size = sect.dSize;
-  return {size[0], size[1], size[2], size[3], size[4], size[5], size[6], size[7]};
-}
-
 bool IsUnsymmetric(const ALU_SECT_DATA& sect) {
   if (sect.nShape == ALU_SHAPE_C || sect.nShape == ALU_SHAPE_T) return true;
   if (sect.nShape != ALU_SHAPE_H) return false;

@@ -17,7 +17,10 @@ struct PLATE_DIMS {
   double r2;
 };
 
-PLATE_DIMS PlateDims(const ALU_SECT_DATA& sect);
+inline PLATE_DIMS PlateDims(const ALU_SECT_DATA& sect) {
+  const double* size = sect.dSize;
+  return {size[0], size[1], size[2], size[3], size[4], size[5], size[6], size[7]};
+}
 
 /// Whether top and bottom fibre need moduli of their own: channels and tees always, an H with
 /// flanges of different width or thickness (by 1e-10 or more); no other shape.

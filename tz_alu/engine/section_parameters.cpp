@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "tz_alu/engine/effective_section.h"
 #include "tz_alu/engine/heat_affected_section.h"
 #include "tz_alu/engine/plate_slenderness.h"
 #include "tz_alu/engine/section_geometry.h"
@@ -13,6 +14,31 @@ namespace {
 
 bool IsKnownShape(std::int32_t nShape) {
   return nShape >= ALU_SHAPE_C && nShape <= ALU_SHAPE_SR;
+}
+
+// Whether parameters can be formed at all.
+bool CanBeFormed(const ALU_SECT_DATA& sect, double governing) {
+  return IsKnownShape(sect.nShape) && !std::isnan(governing) && !IsZero(sect.dPtZ[0]) &&
+         !IsZero(sect.dPtZ[2]);
+}
+
+ALU_CAL_SECTPARA EffectiveSection(const CHECK_INPUT& in, const HAZ& haz,
+                                  const PLATE_RATIOS& ratios) {
+  const double rho = EffectiveThicknessFactor(in, ratios);
+  const REDUCED_PART part = ReducedPart(in.force);
+  if (in.Section().bWelded == 1) return WeldedEffectiveSection(in.Section(), haz, part, rho);
+  return UnweldedEffectiveSection(in.Section(), part, rho);
+}
+
+ALU_CAL_SECTPARA FormSection(const CHECK_INPUT& in, const PLATE_RATIOS& ratios) {
+  const ALU_SECT_DATA& sect = in.Section();
+  const HAZ haz{in.Parameters().dHazWidth, in.material.HazFactor()};
+  // kept: tees and double channels never lose effective thickness, pipes only in their ratio.
+  if (ratios.dGoverning > 1.0 && HasEffectiveSection(sect.nShape)) {
+    return EffectiveSection(in, haz, ratios);
+  }
+  if (sect.bWelded == 1 && HasHazPlates(sect.nShape)) return HeatAffectedSection(sect, haz);
+  return GrossSection(sect);
 }
 
 }  // namespace
@@ -30,15 +56,14 @@ ALU_CAL_SECTPARA GrossSection(const ALU_SECT_DATA& sect) {
   return para;
 }
 
-ALU_CAL_SECTPARA SectionParameters(const ALU_DGN_DATA_CODE& code, const MATERIAL_CLASS& material) {
-  const ALU_SECT_DATA& sect = code.sect;
-  const bool fullyEffective = GoverningPlateRatio(sect) <= 1.0;
-  if (!fullyEffective || IsZero(sect.dPtZ[0]) || IsZero(sect.dPtZ[2])) return {};
-  if (!IsKnownShape(sect.nShape)) return {};
-  if (sect.bWelded == 1 && HasHazPlates(sect.nShape)) {
-    return HeatAffectedSection(sect, {code.para.dHazWidth, material.HazFactor()});
-  }
-  return GrossSection(sect);
+ALU_CAL_SECTPARA SectionParameters(const CHECK_INPUT& in) {
+  const PLATE_RATIOS ratios = PlateRatios(in);
+  ALU_CAL_SECTPARA para;
+  if (CanBeFormed(in.Section(), ratios.dGoverning)) para = FormSection(in, ratios);
+  para.dR1 = ratios.dTop;
+  para.dR2 = ratios.dBottom;
+  para.dRw = ratios.dWeb;
+  return para;
 }
 
 bool AreUsable(const ALU_CAL_SECTPARA& para) {

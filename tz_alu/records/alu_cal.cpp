@@ -3,10 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-void ALU_CAL_SECTPARA::Initialize() {
-  dA = dW1 = dW2 = dWz = dR1 = dR2 = dRw = 0.0;
-}
-
 void ALU_CAL_REPORT::Initial() {
   std::fill(std::begin(dValue), std::end(dValue), 0.0);
 }

@@ -17,7 +17,7 @@ struct TZ_ALU_API ALU_CAL_SECTPARA {
   double dRw;  ///< the same of the web
 
   ALU_CAL_SECTPARA() { Initialize(); }
-  void Initialize();
+  void Initialize() { dA = dW1 = dW2 = dWz = dR1 = dR2 = dRw = 0.0; }
 };
 
 /// Places of `ALU_CAL_REPORT::dValue`.
@@ -28,6 +28,21 @@ enum ALU_REPORT_SLOT : int {
   ALU_REPORT_FV = 3,
   ALU_REPORT_GAMMA_Y = 4,
   ALU_REPORT_GAMMA_Z = 5,
+  ALU_REPORT_PHI = 6,
+  ALU_REPORT_PHI_Y = 7,
+  ALU_REPORT_PHI_Z = 8,
+  ALU_REPORT_PHI_B_BENDING = 9,  ///< φb of bending alone
+  ALU_REPORT_PHI_B = 10,         ///< φb of compression with bending, printed as φby too
+  ALU_REPORT_PHI_BZ = 11,
+  ALU_REPORT_BETA_MY = 12,
+  ALU_REPORT_BETA_MZ = 13,
+  ALU_REPORT_ETA = 14,
+  ALU_REPORT_ETA1 = 15,
+  ALU_REPORT_ETA2 = 16,
+  ALU_REPORT_N_EY = 17,
+  ALU_REPORT_N_EZ = 18,
+  ALU_REPORT_RMAX211 = 19,  ///< as a stress
+  ALU_REPORT_RMAX212 = 20,  ///< as a stress
   ALU_REPORT_QZB = 21,
   ALU_REPORT_QYB = 22,
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tz_alu/records/alu_forces.h"
+#include "tz_alu/tolerance.h"
 #include "tz_alu/tz_alu_api.h"
 
 /// Base of what checks by a design code: an object that the manager owns and destroys through it.
@@ -21,14 +22,31 @@ class TZ_ALU_API CALU_GB50429_07Print : public CALUPrint {
  public:
   ~CALU_GB50429_07Print() override;
 
-  static bool IsTension(const AluDgnSectForce& force);
-  static bool IsCompression(const AluDgnSectForce& force);
+  static bool IsTension(const AluDgnSectForce& force) {
+    return force.dForce[ALU_FORCE_N] > alu_engine::kTolerance;
+  }
+  static bool IsCompression(const AluDgnSectForce& force) {
+    return force.dForce[ALU_FORCE_N] < -alu_engine::kTolerance;
+  }
   /// My or Mz is not zero.
-  static bool IsBending(const AluDgnSectForce& force);
-  static bool IsPureTension(const AluDgnSectForce& force);
-  static bool IsPureCompression(const AluDgnSectForce& force);
+  static bool IsBending(const AluDgnSectForce& force) {
+    return !alu_engine::IsZero(force.dForce[ALU_FORCE_MY]) ||
+           !alu_engine::IsZero(force.dForce[ALU_FORCE_MZ]);
+  }
+  static bool IsPureTension(const AluDgnSectForce& force) {
+    return IsTension(force) && !IsBending(force);
+  }
+  static bool IsPureCompression(const AluDgnSectForce& force) {
+    return IsCompression(force) && !IsBending(force);
+  }
   /// Neither tension nor compression, with bending.
-  static bool IsPureBending(const AluDgnSectForce& force);
-  static bool IsTensionBending(const AluDgnSectForce& force);
-  static bool IsCompressionBending(const AluDgnSectForce& force);
+  static bool IsPureBending(const AluDgnSectForce& force) {
+    return !IsTension(force) && !IsCompression(force) && IsBending(force);
+  }
+  static bool IsTensionBending(const AluDgnSectForce& force) {
+    return IsTension(force) && IsBending(force);
+  }
+  static bool IsCompressionBending(const AluDgnSectForce& force) {
+    return IsCompression(force) && IsBending(force);
+  }
 };

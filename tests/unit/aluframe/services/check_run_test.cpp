@@ -36,16 +36,18 @@ TEST_F(CheckRunTest, TheSummaryCountsWhatWasDone) {
   EXPECT_EQ(state(), store::RunState::complete);
 }
 
-// Element 2 in combination 1: 120 kN give a ratio of 1.248; the slenderness 1000/(40/4) = 100 is
-// 0.667 of a column's 150.
+// Element 2 in combination 1: 120 kN give 1.248 of the strength; the slenderness 1000/(40/4) = 100
+// is 0.667 of a column's 150. For stability 100·√(110/240) = 67.7, where the code's table has φ =
+// 0.430.
 TEST_F(CheckRunTest, TheWorstCheckIsFoundWithItsPlace) {
   const CheckSummary summary = run_check(model_, options());
   ASSERT_TRUE(summary.worst.has_value());
   EXPECT_EQ(summary.worst->element, 2U);
-  EXPECT_EQ(summary.worst->item, RALU_STRENGTH);
+  EXPECT_EQ(summary.worst->item, RALU_STABILITY);
   EXPECT_EQ(summary.worst->check.nPos, 0);
   EXPECT_EQ(summary.worst->check.nLComb, 1U);
-  EXPECT_NEAR(summary.worst->check.Ratio(), strength_ratio(120e3), 1e-12);
+  EXPECT_NEAR(summary.worst->check.Ratio(), 120e3 / (0.43 * std::numbers::pi * 400.0) / 90.0,
+              1e-12);
   EXPECT_EQ(summary.elements_over_limit, 1U);
 }
 

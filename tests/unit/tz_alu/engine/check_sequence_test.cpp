@@ -28,7 +28,7 @@ void ExpectAllReset(const T_RALU_SECT& result) {
   }
 }
 
-// Bending of a beam calls for every check that exists.
+// A beam in compression with bending gets every check that exists.
 ALU_DGN_DATA Beam() {
   ALU_DGN_DATA data = SymmetricH();
   data.nMembType = ALU_MEMBER_BEAM;
@@ -55,20 +55,29 @@ TEST(CheckSequence, WithAllSwitchesOffSucceedsAndLeavesTheSlotReset) {
   ExpectAllReset(result);
 }
 
-// Ranks 3, 4 and 5 are filled by no check.
-TEST(CheckSequence, EverySwitchFillsItsOwnItemOnly) {
+// `filled`: the ranks that the force state fills when they are switched on.
+void ExpectSwitchesFillTheirOwnItems(const AluDgnSectForce& force, unsigned filled) {
   for (unsigned mask = 0; mask < 256; ++mask) {
     ALU_DGN_DATA data = Beam();
     for (unsigned rank = 0; rank < 8; ++rank) {
       data.nCheckFlag[rank] = static_cast<std::int32_t>(mask >> rank & 1U);
     }
-    const auto outcome = Check(data, BeamForces(1e4));
+    const auto outcome = Check(data, force);
     for (unsigned rank = 0; rank < 8; ++rank) {
-      const bool expected = (mask >> rank & 1U) != 0 && (rank < 3 || rank > 5);
+      const bool expected = (mask & filled) >> rank & 1U;
       EXPECT_EQ(IsFilled(outcome.result.aItem[rank]), expected) << mask << " item " << rank;
       if (!expected) ExpectReset(outcome.result.aItem[rank], static_cast<int>(rank));
     }
   }
+}
+
+// Compression with bending of a beam fills every item but that of rank 5.
+TEST(CheckSequence, EverySwitchFillsItsOwnItemOnly) {
+  ExpectSwitchesFillTheirOwnItems(BeamForces(-1e4), 0b11011111);
+}
+
+TEST(CheckSequence, TensionWithBendingLeavesBothStabilityItemsReset) {
+  ExpectSwitchesFillTheirOwnItems(BeamForces(1e4), 0b11000111);
 }
 
 TEST(CheckSequence, AnyNonzeroSwitchIsOn) {
@@ -80,7 +89,7 @@ TEST(CheckSequence, AnyNonzeroSwitchIsOn) {
 TEST(CheckSequence, OldResultsOfTheSlotAreForgotten) {
   T_RALU_SECT result = Garbage();
   CALUCode_GB50429_07 engine;
-  engine.CheckCode(Beam(), BeamForces(), result);
+  engine.CheckCode(Beam(), BeamForces(1e4), result);
   ExpectReset(result.aItem[RALU_STABILITY], RALU_STABILITY);
   ExpectReset(result.aItem[RALU_UNUSED], RALU_UNUSED);
   EXPECT_EQ(result.aItem[RALU_STRENGTH].dReserve, 0.0);
@@ -90,6 +99,7 @@ TEST(CheckSequence, AxialForceBelowTheToleranceLeavesSlendernessOnly) {
   const auto outcome = Check(SymmetricH(), Forces(5e-11, 0, 0));
   EXPECT_EQ(outcome.ret, 1);
   ExpectReset(outcome.Item(RALU_STRENGTH), RALU_STRENGTH);
+  ExpectReset(outcome.Item(RALU_COMBINED_STABILITY), RALU_COMBINED_STABILITY);
   ExpectReset(outcome.Item(RALU_STABILITY), RALU_STABILITY);
   EXPECT_GT(outcome.Item(RALU_SLENDERNESS_Y).dDemand, 0.0);
 }
@@ -140,6 +150,26 @@ TEST(CheckSequence, SectionOfAnUnknownShapeFails) {
   ExpectAllReset(outcome.result);
 }
 
+// A plate ratio that is not a number: top flange of neither width nor thickness.
+TEST(CheckSequence, SectionWithoutAGoverningPlateRatioFails) {
+  for (const auto shape : {ALU_SHAPE_C, ALU_SHAPE_H}) {
+    ALU_DGN_DATA data = Beam();
+    data.code.sect.nShape = shape;
+    data.code.sect.dSize[2] = data.code.sect.dSize[1];
+    data.code.sect.dSize[3] = 0.0;
+    const auto outcome = Check(data, BeamForces(1e4));
+    EXPECT_EQ(outcome.ret, 0) << shape;
+    ExpectAllReset(outcome.result);
+  }
+}
+
+TEST(CheckSequence, PipeWithoutDimensionsFails) {
+  ALU_DGN_DATA data = Beam();
+  data.code.sect.nShape = ALU_SHAPE_P;
+  data.code.sect.dSize[0] = data.code.sect.dSize[1] = 0.0;
+  EXPECT_EQ(Check(data, BeamForces(1e4)).ret, 0);
+}
+
 TEST(CheckSequence, CallersBufferIsResetFirst) {
   ALU_CAL_BUFF buffer;
   buffer.sectpara.dRw = 9.0;
@@ -147,7 +177,7 @@ TEST(CheckSequence, CallersBufferIsResetFirst) {
   T_RALU_SECT result;
   CALUCode_GB50429_07 engine;
   engine.CheckCode(Beam(), BeamForces(), result, buffer);
-  EXPECT_EQ(buffer.sectpara.dRw, 0.0);
+  EXPECT_LT(buffer.sectpara.dRw, 1.0);
   EXPECT_EQ(buffer.report->dValue[12], 0.0);
 }
 

@@ -192,6 +192,21 @@ TEST(GoverningThickness, OfAnUnknownShapeIsZeroWithAnAssertion) {
   EXPECT_THAT(host.assertions, SizeIs(2));
 }
 
+class ProofStrengthOfShape : public testing::TestWithParam<std::int32_t> {};
+
+// 240 for thin and 120 for thick parts; a diameter of 30 plays no part.
+TEST_P(ProofStrengthOfShape, LooksAtTheSecondDimension) {
+  auto code = Material(L"GB50429-07(A)", L"6061-T6", 10.0);
+  code.sect.nShape = GetParam();
+  code.sect.dSize[0] = 30.0;
+  EXPECT_EQ(ProofStrength(code), 240.0);
+  code.sect.dSize[1] = 10.5;
+  EXPECT_EQ(ProofStrength(code), 120.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllShapes, ProofStrengthOfShape,
+                         testing::Range(std::int32_t{ALU_SHAPE_C}, ALU_SHAPE_SR + 1));
+
 TEST(DesignStrength, AssertionOfACheckReachesTheBoundHost) {
   FakeHost host;
   ALU_DGN_DATA data = engine_inputs::SymmetricH();

@@ -6,16 +6,19 @@
 #include <array>
 
 #include "tz_alu/engine/alucode_gb50429_07.h"
+#include "tz_alu/engine/check_input.h"
 
 namespace engine_inputs {
 
 /// An unwelded H of 6061-T6 (f = 200, fv = 115): A = 2000 with ηA = 0.5 gives Aen = 1000;
-/// W1 = W2 = 2e7/100 = 200,000; Wz = 2e6/50 = 40,000.
+/// W1 = W2 = 2e7/100 = 200,000; Wz = 2e6/50 = 40,000. No plate is slender in any alloy or shape:
+/// flange 90/30 = 3 against a limit of at least 4, web 60/10 = 6 against at least 15 (less in
+/// tension with bending).
 inline ALU_DGN_DATA SymmetricH() {
   ALU_DGN_DATA data;
   ALU_SECT_DATA& sect = data.code.sect;
   sect.nShape = ALU_SHAPE_H;
-  constexpr std::array kSize{200.0, 10.0, 100.0, 10.0, 100.0, 10.0};
+  constexpr std::array kSize{120.0, 10.0, 100.0, 30.0, 100.0, 30.0};
   for (std::size_t i = 0; i < kSize.size(); ++i) sect.dSize[i] = kSize[i];
   sect.dArea = 2000.0;
   sect.dIyy = 2.0e7;
@@ -29,6 +32,9 @@ inline ALU_DGN_DATA SymmetricH() {
   sect.bWelded = 0;
   data.code.matl.strStandard = L"GB50429-07(A)";
   data.code.matl.strGrade = L"6061-T6";
+  data.code.matl.nElast = 70000;
+  data.code.matl.dPoisson = 0.3;
+  data.code.matl.dF02Thin = data.code.matl.dF02Thick = 240.0;
   data.code.para.dCoef085 = 0.5;
   data.code.para.dKy = data.code.para.dKz = 1.0;
   data.dMembLength = 4000.0;
@@ -56,6 +62,28 @@ inline AluDgnSectForce Forces(double N, double My, double Mz) {
   force.dForce[ALU_FORCE_MZ] = Mz;
   return force;
 }
+
+/// One check position: what the formulas read, open to changes.
+///
+///     POINT point{SymmetricH(), Forces(-1e5, 0, 0)};
+///     point.Section().bWelded = 1;
+///     ... WeldFactor(point.Input()) ...
+struct POINT {
+  ALU_DGN_DATA data;
+  AluDgnSectForce force;
+  alu_engine::MATERIAL_CLASS material{};
+
+  ALU_SECT_DATA& Section() { return data.code.sect; }
+  ALU_MATL_DATA& Material() { return data.code.matl; }
+  ALU_PARA_DATA& Parameters() { return data.code.para; }
+  void SetSize(const std::array<double, 8>& size) {
+    for (std::size_t i = 0; i < size.size(); ++i) data.code.sect.dSize[i] = size[i];
+  }
+  alu_engine::CHECK_INPUT Input() {
+    material = alu_engine::ClassifyMaterial(data.code.matl);
+    return {data, force, material};
+  }
+};
 
 /// One engine call with everything that it leaves.
 struct OUTCOME {

@@ -65,6 +65,44 @@ TEST(NonFinite, InfiniteShearForceGivesInfiniteStress) {
   EXPECT_EQ(Demand(data, force, RALU_SHEAR_Z), kInf);
 }
 
+// A column in pure bending needs its warping constant.
+TEST(NonFinite, MissingWarpingStiffnessGivesUndefinedStability) {
+  ALU_DGN_DATA data = SymmetricH();
+  data.code.sect.dIw = 0.0;
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(0, 1e7, 0), RALU_STABILITY)));
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(-1e5, 1e7, 0), RALU_COMBINED_STABILITY)));
+}
+
+TEST(NonFinite, UndefinedTorsionOfATeeShowsInSlendernessAndStability) {
+  ALU_DGN_DATA data = Tee();
+  data.code.sect.dIxx = kNan;
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(-1e5, 0, 0), RALU_SLENDERNESS_Z)));
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(-1e5, 0, 0), RALU_STABILITY)));
+}
+
+TEST(NonFinite, InfiniteLengthTakesTheLastColumnCoefficient) {
+  ALU_DGN_DATA data = SymmetricH();
+  data.dMembLength = kInf;
+  EXPECT_DOUBLE_EQ(Demand(data, Forces(-1e5, 0, 0), RALU_STABILITY), 50.0 / 0.119);  // 1e5/2000/φ
+}
+
+TEST(NonFinite, UndefinedLengthGivesUndefinedStability) {
+  ALU_DGN_DATA data = SymmetricH();
+  data.dMembLength = kNan;
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(-1e5, 0, 0), RALU_STABILITY)));
+  EXPECT_TRUE(std::isnan(Demand(data, Forces(-1e5, 1e7, 0), RALU_COMBINED_STABILITY)));
+}
+
+TEST(NonFinite, MissingModulusIsNoErrorInAxialCompression) {
+  ALU_DGN_DATA data = SymmetricH();
+  data.code.matl.nElast = 0;
+  EXPECT_TRUE(std::isfinite(Demand(data, Forces(-1e5, 0, 0), RALU_STABILITY)));
+}
+
+TEST(NonFinite, InfiniteAxialForceGivesInfiniteStability) {
+  EXPECT_EQ(Demand(SymmetricH(), Forces(-kInf, 0, 0), RALU_STABILITY), kInf);
+}
+
 TEST(NonFinite, NegativeInertiaGivesUndefinedSlenderness) {
   ALU_DGN_DATA data = SymmetricH();
   data.code.sect.dIyy = -2e7;

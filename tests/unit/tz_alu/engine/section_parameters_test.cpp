@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/unit/tz_alu/engine/engine_inputs.h"
 #include "tz_alu/engine/section_geometry.h"
 
@@ -13,7 +15,9 @@ using engine_inputs::SymmetricH;
 using engine_inputs::Tee;
 
 ALU_CAL_SECTPARA ParametersOf(const ALU_DGN_DATA_CODE& code) {
-  return SectionParameters(code, ClassifyMaterial(code.matl));
+  ALU_DGN_DATA data;
+  data.code = code;
+  return SectionParameters({data, AluDgnSectForce{}, ClassifyMaterial(code.matl)});
 }
 
 void ExpectParameters(const ALU_CAL_SECTPARA& para, double A, double W1, double W2, double Wz) {
@@ -104,8 +108,8 @@ TEST(SectionParameters, WeldedSectionOfAReducedAlloyLosesArea) {
   ALU_DGN_DATA_CODE code = SymmetricH().code;
   code.sect.bWelded = 1;
   code.para.dHazWidth = 20.0;
-  // 50·10 + 50·20·0.5 + 50·10 + 2·20·10·0.5 + 140·10 = 500+500+500+200+1400
-  EXPECT_DOUBLE_EQ(ParametersOf(code).dA, 3100.0);
+  // 50·30 + 50·60·0.5 + 50·30 + 2·20·10·0.5 + 20·10 = 1500+1500+1500+200+200
+  EXPECT_DOUBLE_EQ(ParametersOf(code).dA, 4900.0);
 }
 
 TEST(SectionParameters, ReductionFollowsTheGrade) {
@@ -113,8 +117,8 @@ TEST(SectionParameters, ReductionFollowsTheGrade) {
   code.sect.bWelded = 1;
   code.para.dHazWidth = 20.0;
   code.matl.strGrade = L"5083-H112";
-  // ρ = 0.8: 500 + 50·20·0.8 + 500 + 2·20·10·0.8 + 1400 = 500+800+500+320+1400
-  EXPECT_DOUBLE_EQ(ParametersOf(code).dA, 3520.0);
+  // ρ = 0.8: 1500 + 50·60·0.8 + 1500 + 2·20·10·0.8 + 200 = 1500+2400+1500+320+200
+  EXPECT_DOUBLE_EQ(ParametersOf(code).dA, 5920.0);
 }
 
 TEST(SectionParameters, OnlyTheFlagValueOneMeansWelded) {
@@ -140,11 +144,20 @@ TEST(SectionParameters, SlenderPipeSolidRoundTeeAndDoubleChannelStayGross) {
   }
 }
 
-TEST(SectionParameters, PlateRatiosAreZero) {
-  const ALU_CAL_SECTPARA para = ParametersOf(SymmetricH().code);
-  EXPECT_EQ(para.dR1, 0.0);
-  EXPECT_EQ(para.dR2, 0.0);
-  EXPECT_EQ(para.dRw, 0.0);
+// Flange (B - tw)/tf against 6, web 60/10 against 21.5.
+TEST(SectionParameters, CarryThePlateRatios) {
+  ALU_DGN_DATA_CODE code = SymmetricH().code;
+  code.sect.dSize[4] = 130.0;
+  const ALU_CAL_SECTPARA para = ParametersOf(code);
+  EXPECT_DOUBLE_EQ(para.dR1, 3.0 / 6.0);
+  EXPECT_DOUBLE_EQ(para.dR2, 4.0 / 6.0);
+  EXPECT_DOUBLE_EQ(para.dRw, 6.0 / 21.5);
+}
+
+TEST(SectionParameters, ThatCannotBeFormedStillCarryThePlateRatios) {
+  ALU_DGN_DATA_CODE code = SymmetricH().code;
+  code.sect.dPtZ[0] = 0.0;
+  EXPECT_DOUBLE_EQ(ParametersOf(code).dR1, 0.5);
 }
 
 void ExpectUnusable(const ALU_DGN_DATA_CODE& code) {
@@ -184,11 +197,22 @@ TEST(SectionParameters, FailForAChannelWithoutDimensions) {
   ExpectUnusable(code);
 }
 
-TEST(SectionParameters, FailForOneFlangeOfNeitherWidthNorThickness) {
+TEST(SectionParameters, FailForATopFlangeOfNeitherWidthNorThickness) {
+  for (const auto shape : {ALU_SHAPE_C, ALU_SHAPE_H}) {
+    ALU_DGN_DATA_CODE code = Unwelded(shape);
+    code.sect.dSize[2] = code.sect.dSize[1];  // clear width B1 - tw of 0
+    code.sect.dSize[3] = 0.0;
+    ExpectUnusable(code);
+  }
+}
+
+// The governing ratio is the top flange's when the other one is not a number.
+TEST(SectionParameters, ToleratesABottomFlangeOfNeitherWidthNorThickness) {
   ALU_DGN_DATA_CODE code = Unwelded(ALU_SHAPE_C);
-  code.sect.dSize[4] = code.sect.dSize[1];  // clear width B2 - tw of 0
+  code.sect.dSize[4] = code.sect.dSize[1];
   code.sect.dSize[5] = 0.0;
-  ExpectUnusable(code);
+  EXPECT_TRUE(AreUsable(ParametersOf(code)));
+  EXPECT_TRUE(std::isnan(ParametersOf(code).dR2));
 }
 
 TEST(SectionParameters, FailForAPipeWithoutDimensions) {

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tz_alu/engine/check_input.h"
+
+// Lateral-torsional stability of members in bending (GB 50429-2007, chapter 7 and appendix C).
+// Lengths in mm, moments in N·mm, stresses in N/mm².
+
+namespace alu_engine {
+
+/// Coefficients of the critical moment: moment diagram, height of the load, monosymmetry.
+struct CRITICAL_MOMENT_COEFFICIENTS {
+  double b1;
+  double b2;
+  double b3;
+};
+
+/// By member type, support between the ends (`bMidSupport` = 1) and, for a beam, whether an end is
+/// restrained about both axes. All 0 for a truss and unknown types, which makes the critical moment
+/// 0.
+CRITICAL_MOMENT_COEFFICIENTS CriticalMomentCoefficients(const ALU_DGN_DATA& data);
+
+/// Monosymmetry parameter βy of the section, mm. The shear centre's distance is subtracted at a
+/// section of the member's end (`bEndSect` = 1) and added elsewhere. 0 for P, SR and unknown
+/// shapes.
+double Monosymmetry(const ALU_SECT_DATA& sect, bool endSection);
+
+/// Elastic critical moment Mcr, N·mm. Not a number without warping stiffness (Iω = 0) and where
+/// the root's argument is negative.
+double CriticalMoment(const CHECK_INPUT& in);
+
+/// Lateral-torsional coefficient φb ≤ 1 (to 1e-10) of a slenderness λb = √(W1·f/Mcr). 1 for λb
+/// below 1e-10; not a number for a λb that is not, and for an infinite one.
+double LateralTorsionalCoefficient(double lambda_b, bool weakHardening);
+
+/// Lateral-torsional coefficients of both axes.
+struct BENDING_COEFFICIENTS {
+  double dPhiB;
+  double dPhiBz;
+};
+
+/// The user's coefficients (`bUserPhi` not 0), else φbz = 1 with φb = 1 for closed sections (B, P)
+/// and φb by the critical moment for all other shapes. W1: modulus of the calculated section, mm³.
+BENDING_COEFFICIENTS BendingCoefficients(const CHECK_INPUT& in, double W1, double f);
+
+}  // namespace alu_engine
