@@ -11,9 +11,13 @@
 
 namespace aluframe::io {
 
-double JsonValue::number() const {
+double JsonValue::any_number() const {
   require(Kind::number, "must be a number");
-  const double number = document_->number(place_);
+  return document_->number(place_);
+}
+
+double JsonValue::number() const {
+  const double number = any_number();
   if (!(std::abs(number) <= largest_number)) fail_with(number_range);
   return number;
 }

@@ -36,6 +36,7 @@ class JsonValue {
   std::string path() const { return document_->path(place_); }
 
   double number() const;        ///< within ± largest_number
+  double any_number() const;    ///< any finite number
   double positive() const;      ///< > 0
   double not_negative() const;  ///< ≥ 0
   double between(double low, double high) const;

@@ -8,6 +8,7 @@
 
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/points_command.h"
 #include "apps/cli/results_command.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
@@ -113,6 +114,14 @@ void add_validate(CLI::App& app, ValidateOptions& options, int& status) {
   validate->callback([&] { status = run_validate_command(options); });
 }
 
+void add_points(CLI::App& app, PointsOptions& options, int& status) {
+  CLI::App* points =
+      app.add_subcommand("points", "Check bare points: JSON Lines in, JSON Lines out");
+  points->add_option("FILE", options.input, "One check point a line; - or none: standard input")
+      ->type_name("");
+  points->callback([&] { status = run_points_command(options); });
+}
+
 int run(int argc, char** argv) {
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
@@ -121,9 +130,11 @@ int run(int argc, char** argv) {
   CheckOptions check;
   ResultsOptions results;
   ValidateOptions validate;
+  PointsOptions points;
   add_check(app, check, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
+  add_points(app, points, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
