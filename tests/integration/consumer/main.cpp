@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "host/host_services.h"
+#include "tz_alu/engine/alucode_gb50429_07.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
 namespace {
