@@ -67,7 +67,8 @@ ALU_SECT_DATA section_of(const Profile& profile, bool welded) {
   return sect;
 }
 
-// N, My, Mz of the five force states; shear in all of them.
+// N, My, Mz of the five force states, compression with bending under both signs of My; shear in all
+// of them.
 struct State {
   double n;
   double my;

@@ -26,8 +26,10 @@ class LineSource {
   bool is_too_long() const { return too_long_; }
   /// The stream broke off before its end.
   bool has_failed() const { return failed_; }
-  /// Nothing but blanks.
-  bool is_blank() const { return text_.find_first_not_of(" \t\r") == std::string::npos; }
+  /// Nothing but blanks, and no more of them than are kept.
+  bool is_blank() const {
+    return !too_long_ && text_.find_first_not_of(" \t\r") == std::string::npos;
+  }
   /// True when reading further would have to wait for whoever writes the stream.
   bool would_wait() const { return in_.rdbuf()->in_avail() <= 0; }
 

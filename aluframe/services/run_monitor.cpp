@@ -174,7 +174,7 @@ std::string RunMonitor::reason_without_result(std::uint32_t element) const {
     return "neither axial force nor bending acts on it, and its slenderness has no limit";
   }
   return "no section parameters could be formed: its area, a section modulus or the z of a stress "
-         "point is 0";
+         "point is 0, or local buckling leaves nothing of it";
 }
 
 void RunMonitor::note_assertion(const std::string& source, int line) {

@@ -22,7 +22,8 @@ double EndMomentRatio(double start, double end);
 /// Euler load N_E = π²·E·I/(k·L)², N. E N/mm², I mm⁴, buckling length mm; infinite for length 0.
 double EulerLoad(double E, double inertia, double bucklingLength);
 
-/// βm by the loading; 0 for a loading type that the code does not know.
+/// βm by the loading; 0 for a loading type that the code does not know. Not finite for N_E = 0
+/// where it enters.
 double ComputedMomentFactor(std::int32_t loading, double ratio, double N, double N_E);
 
 /// Equivalent moment factors about both axes.

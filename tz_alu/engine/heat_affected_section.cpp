@@ -129,6 +129,8 @@ HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth) {
           shape.nWebs};
 }
 
+// kept: the strips' own inertia is b³/3 of a box or double channel, b³/6 of an H or channel, b³/12
+// of a tee, times ρ·tw.
 double WebStripInertia(const HAZ_PLATES& plates, const HAZ& haz) {
   const double rho = haz.dFactor;
   const double b = haz.dWidth;

@@ -11,18 +11,19 @@ namespace alu_engine {
 
 namespace {
 
-// By load between the ends: without and with a support there.
+// Without and with a support between the ends.
 struct SPAN_ROW {
   CRITICAL_MOMENT_COEFFICIENTS whole;
   CRITICAL_MOMENT_COEFFICIENTS supported;
 };
 
-constexpr SPAN_ROW kFreeBeam{{1.285, 1.562, 0.753}, {0.712, 0.652, 1.07}};
-constexpr SPAN_ROW kRestrainedBeam{{1.132, 0.459, 0.525}, {0.972, 0.304, 0.98}};
+constexpr SPAN_ROW kBeamWithFixedEnds{{1.285, 1.562, 0.753}, {0.712, 0.652, 1.07}};
+constexpr SPAN_ROW kBeamWithRestrainedEnd{{1.132, 0.459, 0.525}, {0.972, 0.304, 0.98}};
 constexpr SPAN_ROW kColumnOrBrace{{2.752, 0.0, 0.0}, {3.149, 0.0, 0.0}};
 // kept: a truss has no coefficients, so its critical moment is 0 and its φb not finite.
 constexpr SPAN_ROW kOther{{0.0, 0.0, 0.0}, {0.0, 0.0, 0.0}};
 
+// Both codes differ from 0, which is fixed.
 bool IsRestrained(const std::int32_t (&condition)[2]) {
   return condition[0] != 0 && condition[1] != 0;
 }
@@ -33,8 +34,9 @@ const SPAN_ROW& SpanRow(const ALU_DGN_DATA& data) {
     case ALU_MEMBER_BRACE:
       return kColumnOrBrace;
     case ALU_MEMBER_BEAM:
-      return IsRestrained(data.nEndCond[0]) || IsRestrained(data.nEndCond[1]) ? kRestrainedBeam
-                                                                              : kFreeBeam;
+      return IsRestrained(data.nEndCond[0]) || IsRestrained(data.nEndCond[1])
+                 ? kBeamWithRestrainedEnd
+                 : kBeamWithFixedEnds;
     default:
       return kOther;
   }
@@ -62,8 +64,8 @@ struct OUTLINE {
   double webs;  // thickness of all webs
 };
 
-// kept: a tee's lower end is taken at |z3| and has no flange; a channel has one web.
-// kept: both flanges of a double channel take its whole width, 2·B + C, and one thickness.
+// kept: a tee's lower end is taken at |z3| and has no flange; C, H and T count one web, B and 2C
+// two. kept: both flanges of a double channel take its whole width, 2·B + C, and one thickness.
 OUTLINE Outline(const ALU_SECT_DATA& sect) {
   const PLATE_DIMS dims = PlateDims(sect);
   const double a = sect.dPtZ[0] - dims.tf1 / 2.0;
@@ -131,6 +133,7 @@ double CriticalMoment(const CHECK_INPUT& in) {
 }
 
 double LateralTorsionalCoefficient(double lambda_b, bool weakHardening) {
+  // α is then −0.072 or −0.075, so that α + 1 never vanishes and 1 is the only outcome.
   if (IsZero(lambda_b)) return 1.0;
   const double alpha = weakHardening ? 0.2 * (lambda_b - 0.36) : 0.25 * (lambda_b - 0.3);
   const double square = lambda_b * lambda_b;

@@ -14,22 +14,23 @@ struct CRITICAL_MOMENT_COEFFICIENTS {
   double b3;
 };
 
-/// By member type, support between the ends (`bMidSupport` = 1) and, for a beam, whether an end is
-/// restrained about both axes. All 0 for a truss and unknown types, which makes the critical moment
-/// 0.
+/// By member type, support between the ends (`bMidSupport` = 1) and, for a beam, whether both codes
+/// of an end in `nEndCond` differ from 0 (fixed). All 0 for a truss and unknown types, which makes
+/// the critical moment 0.
 CRITICAL_MOMENT_COEFFICIENTS CriticalMomentCoefficients(const ALU_DGN_DATA& data);
 
 /// Monosymmetry parameter βy of the section, mm. The shear centre's distance is subtracted at a
 /// section of the member's end (`bEndSect` = 1) and added elsewhere. 0 for P, SR and unknown
-/// shapes.
+/// shapes; not finite for Iyy = 0.
 double Monosymmetry(const ALU_SECT_DATA& sect, bool endSection);
 
-/// Elastic critical moment Mcr, N·mm. Not a number without warping stiffness (Iω = 0) and where
-/// the root's argument is negative.
+/// Elastic critical moment Mcr, N·mm. Not finite, or not a number, without warping stiffness
+/// (Iω = 0), E, Izz or length, and not a number where the root's argument is negative.
 double CriticalMoment(const CHECK_INPUT& in);
 
 /// Lateral-torsional coefficient φb ≤ 1 (to 1e-10) of a slenderness λb = √(W1·f/Mcr). 1 for λb
-/// below 1e-10; not a number for a λb that is not, and for an infinite one.
+/// below 1e-10, where the formula would divide by it; from there to about 1e-8 rounding leaves 0.
+/// Not a number for a λb that is not, and for an infinite one.
 double LateralTorsionalCoefficient(double lambda_b, bool weakHardening);
 
 /// Lateral-torsional coefficients of both axes.

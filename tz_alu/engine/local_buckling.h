@@ -15,6 +15,7 @@ enum class REDUCED_PART {
   BottomFlange,  ///< any other state, also tension and bending about z alone
 };
 
+/// By the force state of the position.
 REDUCED_PART ReducedPart(const AluDgnSectForce& force);
 
 /// The plate whose buckling decides.
@@ -29,8 +30,8 @@ struct GOVERNING_PLATE {
 /// that My compresses, never the web.
 GOVERNING_PLATE GoverningPlate(const CHECK_INPUT& in, const PLATE_RATIOS& ratios);
 
-/// Elastic critical stress of a plate, σcr = k·E·π²/(12·(1 − ν²)·(b/t)²), N/mm²; infinite for b =
-/// 0.
+/// Elastic critical stress of a plate, σcr = k·E·π²/(12·(1 − ν²)·(b/t)²), N/mm²; infinite for b = 0
+/// and for ν = 1, 0 for t = 0.
 double CriticalStress(const GOVERNING_PLATE& plate, double E, double poisson);
 
 /// How an alloy's plates lose effective thickness: ρ = c1/λ − 0.22·c2/λ².
@@ -39,6 +40,7 @@ struct REDUCTION_COEFFICIENTS {
   double c2;
 };
 
+/// By alloy class, welds and ribs.
 REDUCTION_COEFFICIENTS ReductionCoefficients(bool weakHardening, bool welded, bool ribs);
 
 /// Effective-thickness factor ρ in [0, 1] (to 1e-10) of the governing plate, 1 when none governs.

@@ -35,15 +35,17 @@ struct BEAM_COLUMN {
   double dNEz;  ///< N_Ez', N
 };
 
+/// Forms them, each once for both checks.
 BEAM_COLUMN PrepareBeamColumn(const CHECK_INPUT& in, const ALU_CAL_SECTPARA& section,
                               const SLENDERNESS& lambda, double f);
 
 /// Stress of the check about y with its parts.
 struct IN_PLANE_STRESS {
   double dDemand = 0.0;
-  bool bParts = false;   ///< the demand is the larger of the two parts
-  double dTop = 0.0;     ///< Rmax211 as a stress, compression side of an unsymmetric section
-  double dBottom = 0.0;  ///< Rmax212 as a stress, tension side
+  bool bParts = false;  ///< the demand is the larger of the two parts
+  double dTop = 0.0;    ///< Rmax211 as a stress, compression side of an unsymmetric section
+  double dBottom =
+      0.0;  ///< Rmax212 as a stress, tension side; one that is no number does not count
 };
 
 /// Compression with bending, stability in the plane of My. An unsymmetric section takes My by its

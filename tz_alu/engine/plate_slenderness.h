@@ -29,10 +29,12 @@ double GradientFactor(const CHECK_INPUT& in, PLATE plate);
 
 /// Limit of a plate's width-to-thickness ratio, or of the diameter-to-thickness ratio of a pipe
 /// (whatever the plate), by shape, alloy class and welds. 0 where there is no limit: the web of a
-/// channel, and tees, double channels and solid rounds altogether.
+/// channel, and tees, double channels and solid rounds altogether. A limit is also 0 for a rib
+/// ratio of 0, infinite for f0.2 = 0, and not a number for a negative one of them.
 double PlateLimit(const CHECK_INPUT& in, PLATE plate);
 
-/// Plate slenderness: width-to-thickness ratio over its limit. 0 where a plate is not judged.
+/// Plate slenderness: width-to-thickness ratio over its limit, infinite for a limit of 0. 0 where a
+/// plate is not judged.
 struct PLATE_RATIOS {
   double dTop = 0.0;        ///< R1, top flange
   double dBottom = 0.0;     ///< R2, bottom flange

@@ -16,7 +16,8 @@ bool IsKnownShape(std::int32_t nShape) {
   return nShape >= ALU_SHAPE_C && nShape <= ALU_SHAPE_SR;
 }
 
-// Whether parameters can be formed at all.
+// kept: a governing ratio that is not a number stops every shape, also a pipe, whose ratio decides
+// nothing else.
 bool CanBeFormed(const ALU_SECT_DATA& sect, double governing) {
   return IsKnownShape(sect.nShape) && !std::isnan(governing) && !IsZero(sect.dPtZ[0]) &&
          !IsZero(sect.dPtZ[2]);
@@ -33,7 +34,7 @@ ALU_CAL_SECTPARA EffectiveSection(const CHECK_INPUT& in, const HAZ& haz,
 ALU_CAL_SECTPARA FormSection(const CHECK_INPUT& in, const PLATE_RATIOS& ratios) {
   const ALU_SECT_DATA& sect = in.Section();
   const HAZ haz{in.Parameters().dHazWidth, in.material.HazFactor()};
-  // kept: tees and double channels never lose effective thickness, pipes only in their ratio.
+  // kept: tees, double channels and pipes keep their thickness, however slender.
   if (ratios.dGoverning > 1.0 && HasEffectiveSection(sect.nShape)) {
     return EffectiveSection(in, haz, ratios);
   }

@@ -22,6 +22,8 @@ bool IsSlendernessChecked(const ALU_PARA_DATA& para);
 /// axes, else L.
 double TorsionalBucklingLength(const ALU_DGN_DATA& data);
 
+/// λ = k·L/i about both axes, of an unsymmetric section λyz about z. Not a number where rounding
+/// makes the inner root of λyz negative, which needs λz and λω to agree to the last digits.
 SLENDERNESS MemberSlenderness(const ALU_DGN_DATA& data);
 
 /// Limiting slenderness: the element's own, or by member type and sign of the axial force, 0

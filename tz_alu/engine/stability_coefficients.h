@@ -11,18 +11,19 @@ namespace alu_engine {
 
 /// Axial stability coefficient φ of the code's table at the whole number nearest to λ·√(fy/240),
 /// halves away from zero: 1 below 0, 0.119 (weakly hardening) or 0.113 beyond 150. Not a number for
-/// a λ·√(fy/240) that is not.
+/// a λ·√(fy/240) that is not, as for a negative fy.
 double ColumnCoefficient(double lambda, double fy, bool weakHardening);
 
 /// Effective-area factor X = Ae/A of a C, H or B with a slender plate, Ae the area of the
-/// calculated section; else 1.
+/// calculated section; else 1. Not finite without gross area.
 double EffectiveAreaFactor(const ALU_SECT_DATA& sect, const ALU_CAL_SECTPARA& section);
 
 /// Heat-affected factor Y of a symmetric section: ρhaz when it is welded (`bWelded` = 1), else 1.
 double WeldFactor(const CHECK_INPUT& in);
 
 /// Eccentricity factor of an unsymmetric section for buckling with the slenderness λ,
-/// ηe = 1 − c·e²·λ̄²/((1 + λ̄²)·(1 + λ̄)²), e = |z1 + z3|/H, λ̄ = λ/π·√(X·fy/E).
+/// ηe = 1 − c·e²·λ̄²/((1 + λ̄²)·(1 + λ̄)²), e = |z1 + z3|/H, λ̄ = λ/π·√(X·fy/E). Not a number for
+/// H = 0 or E = 0.
 double EccentricityFactor(const CHECK_INPUT& in, double lambda, double X);
 
 /// Axial stability coefficients that the checks use.
@@ -49,6 +50,7 @@ struct INTERACTION_FACTORS {
   double dEta2;  ///< η2, likewise
 };
 
+/// By shape and hardening class.
 INTERACTION_FACTORS InteractionFactors(std::int32_t nShape, bool weakHardening);
 
 }  // namespace alu_engine

@@ -64,12 +64,15 @@ TEST(CheckPoints, BlankLinesAreSkipped) {
 }
 
 TEST(CheckPoints, ALineBeyondTheLimitIsAnError) {
-  const Checked checked = check(std::string((std::size_t{1} << 20) + 1, ' ') + '\n');
-  EXPECT_EQ(checked.summary.bad_lines, 0U);  // blanks alone are no point
   const Checked text = check(std::string((std::size_t{1} << 20) + 1, 'x') + "\n{}\n");
   EXPECT_TRUE(text.out.starts_with(R"({"line":1,"error":"the line is longer than 1048576 bytes"})"))
       << text.out;
   EXPECT_EQ(text.summary.checked, 1U);
+}
+
+TEST(CheckPoints, ALineBeyondTheLimitThatBeginsWithBlanksIsNotTakenForABlankOne) {
+  const Checked checked = check(std::string(std::size_t{1} << 20, ' ') + "{}\n");
+  EXPECT_EQ(checked.summary.bad_lines, 1U);
 }
 
 TEST(CheckPoints, InconsistenciesOfTheEngineAreCounted) {
