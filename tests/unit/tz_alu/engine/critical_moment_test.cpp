@@ -122,40 +122,41 @@ void ExpectMonosymmetry(const ALU_SECT_DATA& sect, double shape) {
   EXPECT_NEAR(Monosymmetry(sect, false), shape + 0.25, 1e-13);
 }
 
-// b = 3 - 2/2 = 2: (4³·2·3 - 2³·2·2)/24 - (3⁴ - 2⁴)/8 - (4·2·3³ - 2·2·2³)/24 = (352 - 195 - 184)/24
+// b = 4 - 4/2 = 2: (4³·2·3 - 3³·4·2)/24 - 2·(3⁴ - 2⁴)/8 - (4·2·3³ - 3·4·2³)/24
+//  = (168 - 390 - 120)/24
 TEST(Monosymmetry, OfChannelAndHHasOneWeb) {
   for (const auto shape : {ALU_SHAPE_C, ALU_SHAPE_H}) {
-    ExpectMonosymmetry(Section(shape, {9, 1, 4, 2, 2, 2}, -3), -27.0 / 24.0);
+    ExpectMonosymmetry(Section(shape, {9, 2, 4, 2, 3, 4}, -4), -342.0 / 24.0);
   }
 }
 
 TEST(Monosymmetry, TakesTheBottomFibreByMagnitude) {
-  ExpectMonosymmetry(Section(ALU_SHAPE_H, {9, 1, 4, 2, 2, 2}, 3), -27.0 / 24.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_H, {9, 2, 4, 2, 3, 4}, 4), -342.0 / 24.0);
 }
 
 TEST(Monosymmetry, FallsWithTheInertia) {
-  ALU_SECT_DATA sect = Section(ALU_SHAPE_H, {9, 1, 4, 2, 2, 2}, -3);
-  sect.dIyy = 9.0;
-  ExpectMonosymmetry(sect, -3.0 / 24.0);
+  ALU_SECT_DATA sect = Section(ALU_SHAPE_H, {9, 2, 4, 2, 3, 4}, -4);
+  sect.dIyy = 6.0;
+  ExpectMonosymmetry(sect, -57.0 / 24.0);
 }
 
 // Kept: b = |z3| = 1 without half a thickness, and no terms of a bottom flange:
-// 4³·2·3/24 - (3⁴ - 1)/8 - 4·2·3³/24 = 16 - 10 - 9
+// 4³·2·3/24 - 2·(3⁴ - 1)/8 - 4·2·3³/24 = 16 - 20 - 9
 TEST(Monosymmetry, OfATeeHasNoBottomFlange) {
-  ExpectMonosymmetry(Section(ALU_SHAPE_T, {9, 1, 4, 2}, -1), -3.0);
-  ExpectMonosymmetry(Section(ALU_SHAPE_T, {9, 1, 4, 2, 7, 7}, -1), -3.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_T, {9, 2, 4, 2}, -1), -13.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_T, {9, 2, 4, 2, 7, 7}, -1), -13.0);
 }
 
-// (352 - 2·195 - 184)/24
+// (168 - 2·390 - 120)/24
 TEST(Monosymmetry, OfABoxHasTwoWebsAndTheWebDistanceAsBottomWidth) {
-  ExpectMonosymmetry(Section(ALU_SHAPE_B, {9, 1, 4, 2, 2, 2}, -3), -222.0 / 24.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_B, {9, 2, 4, 2, 3, 4}, -4), -732.0 / 24.0);
 }
 
-// Kept: w = 2·4 + 2 = 10 and tf = 2 for both flanges: 10³·2·(3 - 2)/24 - 2·(3⁴ - 2⁴)/8 -
-// 10·2·(3³ - 2³)/24 = (2000 - 390 - 380)/24
+// Kept: w = 2·4 + 2 = 10 and tf = 2 for both flanges, b = 2 - 2/2 = 1:
+// 10³·2·(3 - 1)/24 - 2·2·(3⁴ - 1)/8 - 10·2·(3³ - 1)/24 = (4000 - 960 - 520)/24
 TEST(Monosymmetry, OfADoubleChannelTakesItsWholeWidthForBothFlanges) {
-  ExpectMonosymmetry(Section(ALU_SHAPE_2C, {9, 1, 4, 2, 2}, -3), 1230.0 / 24.0);
-  ExpectMonosymmetry(Section(ALU_SHAPE_2C, {9, 1, 4, 2, 2, 1}, -3), 1230.0 / 24.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_2C, {9, 2, 4, 2, 2}, -2), 105.0);
+  ExpectMonosymmetry(Section(ALU_SHAPE_2C, {9, 2, 4, 2, 2, 1}, -2), 105.0);
 }
 
 TEST(Monosymmetry, OfOtherShapesIsZeroWhateverTheShearCentre) {

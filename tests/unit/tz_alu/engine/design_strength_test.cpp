@@ -200,7 +200,7 @@ TEST_P(ProofStrengthOfShape, LooksAtTheSecondDimension) {
   code.sect.nShape = GetParam();
   code.sect.dSize[0] = 30.0;
   EXPECT_EQ(ProofStrength(code), 240.0);
-  code.sect.dSize[1] = 10.5;
+  code.sect.dSize[1] = 10.01;
   EXPECT_EQ(ProofStrength(code), 120.0);
 }
 

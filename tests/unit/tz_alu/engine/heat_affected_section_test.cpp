@@ -47,6 +47,13 @@ TEST(HeatAffectedH, ModuliComeFromTheRebuiltInertia) {
   ExpectModuli(HeatAffectedSection(kH, {20, 0.5}), 15845940.0, 80.0, 120.0);
 }
 
+TEST(HeatAffectedH, FibresCountByMagnitude) {
+  ALU_SECT_DATA sect = kH;
+  sect.dPtZ[0] = -80.0;
+  sect.dPtZ[2] = 120.0;
+  ExpectModuli(HeatAffectedSection(sect, {20, 0.5}), 15845940.0, 80.0, 120.0);
+}
+
 TEST(HeatAffectedH, WeakAxisModulusStaysGross) {
   EXPECT_DOUBLE_EQ(HeatAffectedSection(kH, {20, 0.5}).dWz, 20000.0);  // 1e6/50
 }

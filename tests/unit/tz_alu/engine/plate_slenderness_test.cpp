@@ -52,6 +52,15 @@ TEST(StressRatio, OfANegativeMomentIsTopOverBottom) {
   EXPECT_DOUBLE_EQ(WebRatio(-1e5, -1.25e7), 50.0 / 150.0);
 }
 
+// σ0 = 1.6e-6 and, with Iyy = 0.01, edge stresses of ±8e-7.
+TEST(StressRatio, OfAMomentOfExactlyTheToleranceIsTopOverBottom) {
+  POINT point = WebPoint(-1.6e-3, 1e-10);
+  point.Section().dIyy = 0.01;
+  EXPECT_NEAR(StressRatio(point.Input(), PLATE::Web), 3.0, 1e-12);
+  point.force.dForce[ALU_FORCE_MY] = 1.1e-10;
+  EXPECT_LT(StressRatio(point.Input(), PLATE::Web), 1.0);
+}
+
 TEST(StressRatio, InTensionExceedsOne) {
   EXPECT_DOUBLE_EQ(WebRatio(1e5, 1.25e7), -150.0 / -50.0);
 }

@@ -81,6 +81,13 @@ TEST(GrossSection, HWithUnequalFlangesHasModuliForTopAndBottom) {
   ExpectParameters(ParametersOf(code), 1500.0, 100000.0, 150000.0, 25000.0);
 }
 
+TEST(GrossSection, TakesFibresByMagnitude) {
+  ALU_DGN_DATA_CODE code = Unwelded(ALU_SHAPE_T);
+  code.sect.dPtZ[0] = -60.0;
+  code.sect.dPtZ[2] = 40.0;
+  ExpectParameters(ParametersOf(code), 1500.0, 100000.0, 150000.0, 25000.0);
+}
+
 TEST(IsUnsymmetric, HWithEqualFlangesIsNot) {
   EXPECT_FALSE(IsUnsymmetric(HOf(100, 10, 100, 10)));
 }

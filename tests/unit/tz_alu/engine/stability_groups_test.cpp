@@ -149,6 +149,17 @@ TEST(StabilityGroup, InPureBendingTakesTheCriticalMomentOfTheMember) {
   ExpectItem(Check(data, point.force).Item(RALU_STABILITY), 80.0 / phi_b, 200.0);
 }
 
+// Kept: the top modulus decides φb, whichever fibre is compressed.
+TEST(StabilityGroup, FormsTheBendingCoefficientWithTheTopModulus) {
+  ALU_DGN_DATA data = StabilityOnly(Tee());
+  data.code.para.bUserPhi = 0;
+  POINT point{data, Forces(0, -1e7, 0)};
+  const double phi_b = alu_engine::BendingCoefficients(point.Input(), 315000.0, 200.0).dPhiB;
+  ASSERT_LT(phi_b, 1.0);
+  EXPECT_EQ(Check(data, point.force).Report(ALU_REPORT_PHI_B_BENDING), phi_b);
+  EXPECT_EQ(Check(data, Forces(-1e4, -1e7, 0)).Report(ALU_REPORT_PHI_B), phi_b);
+}
+
 TEST(StabilityGroup, InTensionFillsNothing) {
   for (const double My : {0.0, 1e7}) {
     const auto outcome = Check(StabilityOnly(), Forces(1e5, My, My));
