@@ -140,9 +140,11 @@ def moment_at_the_tolerance(rng):
         return force(point, 0.0, -1e-10)
     force(point, rng.choice((0.0, -1.0, 1.0)) * 1e5, 1e-10)
     if rng.random() < 0.5:
-        # an inertia so small that this moment changes the stresses along the web
+        # an inertia so small that this moment changes the stresses along the web; with it beta_y
+        # would be all rounding, so phi_b is given
         s = sect(point)
         s["dIyy"] = 1e-8
+        para(point)["bUserPhi"] = 1
         force(point, rng.uniform(-1.0, 1.0) * s["dArea"])
     return point
 

@@ -132,6 +132,18 @@ def bare_record(rng):
     return point
 
 
+@family
+def fields_left_out(rng):
+    """Any field may be missing; few at a time, so that the others still make a member."""
+    point = ordinary(rng)
+    for record in (sect(point), matl(point), para(point), point["data"], point["force"],
+                   point["force"]["end"]):
+        for name in [name for name in record if name not in ("code", "end")]:
+            if rng.random() < 0.12:
+                del record[name]
+    return point
+
+
 def _numbers_of(record):
     return [name for name, value in record.items() if isinstance(value, float)]
 
