@@ -12,7 +12,8 @@ set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/aluframe)
 install(DIRECTORY host DESTINATION ${include_dir} FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY tz_alu/records DESTINATION ${include_dir}/tz_alu FILES_MATCHING PATTERN "*.h")
 # Of the rest of the module, only what it exports and what that includes.
-foreach(header tz_alu_api.h tolerance.h report/aluprint.h engine/alucode_gb50429_07.h manager/dgnaludatamgr.h)
+foreach(header tz_alu_api.h tolerance.h report/aluprint.h report/report_literals.h
+    engine/alucode_gb50429_07.h manager/dgnaludatamgr.h)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES tz_alu/${header} DESTINATION ${include_dir}/tz_alu/${folder})
 endforeach()

@@ -31,6 +31,11 @@ class HostServices {
   virtual void DisplayAnalString(const CString& text, int option) = 0;
   virtual void SaveHistory(const CString& text, int option, void* reserved) = 0;
 
+  /// Path of the document's file with another extension.
+  virtual CString FileNameWithNewExt(const CString& extension) = 0;
+  /// Shows a text file to the user. @return nonzero when that succeeded
+  virtual int RunTextEditor(const CString& path, const CString& title) = 0;
+
   virtual int IsReleaseAssert() = 0;
   virtual void ReleaseAssertion(const wchar_t* source, int line) = 0;
 };

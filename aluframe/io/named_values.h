@@ -33,8 +33,11 @@ inline constexpr std::array load_case_kinds{
     NamedValue{"static", model::LoadCaseKind::static_load},
     NamedValue{"seismic_static", model::LoadCaseKind::seismic_static},
     NamedValue{"response_spectrum", model::LoadCaseKind::response_spectrum},
+    NamedValue{"eccentric_spectrum", model::LoadCaseKind::eccentric_spectrum},
     NamedValue{"time_history", model::LoadCaseKind::time_history},
+    NamedValue{"moving", model::LoadCaseKind::moving},
     NamedValue{"settlement", model::LoadCaseKind::settlement},
+    NamedValue{"crane", model::LoadCaseKind::crane},
 };
 
 inline constexpr std::array combination_kinds{

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -71,9 +72,20 @@ std::string path_of(const model::CombinationProblem& problem) {
          std::to_string(problem.term);
 }
 
+int read_moving_load_code(const JsonValue& value) {
+  const int code = value.whole(model::moving_load_codes.front(), model::moving_load_codes.back());
+  if (!std::ranges::binary_search(model::moving_load_codes, code)) {
+    value.fail_with("must be 0 to 16, 18 or 100");
+  }
+  return code;
+}
+
 }  // namespace
 
 void read_load_cases(const JsonObject& root, model::Model& model) {
+  if (const auto code = root.optional("moving_load_code")) {
+    model.moving_load_code = read_moving_load_code(*code);
+  }
   const std::optional<JsonValue> list = root.optional("load_cases");
   if (!list) return;
   for (const JsonValue value : list->list()) {

@@ -48,6 +48,9 @@ void write_head(ModelText& text, const model::Model& model) {
   text.field("units", units_line(model.units));
   if (model.design) text.field("settings", settings_line(*model.design));
   if (model.frame) text.field("frame", frame_line(*model.frame));
+  if (model.moving_load_code != 0) {
+    text.field("moving_load_code", std::to_string(model.moving_load_code));
+  }
 }
 
 void write_structure(ModelText& text, const model::Model& model, const Scales& scales) {

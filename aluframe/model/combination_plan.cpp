@@ -13,7 +13,8 @@ using Source = CombinationTerm::Source;
 
 bool is_seismic_case(const LoadCase& load_case) {
   return load_case.kind == LoadCaseKind::seismic_static ||
-         load_case.kind == LoadCaseKind::response_spectrum;
+         load_case.kind == LoadCaseKind::response_spectrum ||
+         load_case.kind == LoadCaseKind::eccentric_spectrum;
 }
 
 /// Collects cases in the order of their first use and adds up the factors of each.

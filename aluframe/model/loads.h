@@ -14,9 +14,16 @@ enum class LoadCaseKind {
   static_load,
   seismic_static,
   response_spectrum,
+  eccentric_spectrum,  ///< response spectrum with accidental eccentricity
   time_history,
-  settlement
+  moving,
+  settlement,
+  crane
 };
+
+/// Codes of moving loads that the contract knows; 0: none.
+inline constexpr std::array moving_load_codes{0,  1,  2,  3,  4,  5,  6,  7,  8,  9,
+                                              10, 11, 12, 13, 14, 15, 16, 18, 100};
 
 struct LoadCase {
   Number number = 0;

@@ -59,6 +59,7 @@ struct Model {
   std::vector<Support> supports;
   Table<Element> elements;
   Table<Member> members;
+  int moving_load_code = 0;  ///< code that the moving loads follow, one of `moving_load_codes`
   Table<LoadCase> load_cases;
   Table<Combination> combinations;
   ForceTable forces;

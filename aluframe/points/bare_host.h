@@ -28,6 +28,8 @@ class BareHost final : public host::HostServices {
   int ShowMessageBox(const CString& /*text*/, UINT /*type*/) override { return 0; }
   void DisplayAnalString(const CString& /*text*/, int /*option*/) override {}
   void SaveHistory(const CString& /*text*/, int /*option*/, void* /*reserved*/) override {}
+  CString FileNameWithNewExt(const CString& extension) override { return extension; }
+  int RunTextEditor(const CString& /*path*/, const CString& /*title*/) override { return 0; }
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
 

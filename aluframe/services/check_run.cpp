@@ -5,20 +5,12 @@
 #include <exception>
 #include <utility>
 
+#include "aluframe/services/binding.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
 namespace aluframe::services {
 
 namespace {
-
-/// Binds a session for the time of a run.
-class Binding {
- public:
-  explicit Binding(Session& session) { host::Bind(session); }
-  Binding(const Binding&) = delete;
-  Binding& operator=(const Binding&) = delete;
-  ~Binding() { host::Unbind(); }
-};
 
 RunOutcome outcome_of(Session& session, int flag) {
   if (session.was_cancelled()) return RunOutcome::cancelled;

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "aluframe/services/text.h"
+
 namespace aluframe::services {
 
 namespace {
@@ -66,15 +68,53 @@ int DesignManager::CreateDesignResultFile() {
 
 int DesignManager::WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lcomb, int minSide,
                                      int) {
-  if (writer_ == nullptr) return 0;
-  noting_failure([&] { writer_->write(elem, record, lcomb, minSide); });
+  if (writer_ == nullptr && !uses_stored_) return 0;
+  noting_failure([&] {
+    if (writer_ == nullptr) start_adding();
+    writer_->write(elem, record, lcomb, minSide);
+  });
+  if (uses_stored_) added_.insert(elem);
   monitor_.note_record(elem, lcomb, record);
   return 1;
 }
 
 int DesignManager::ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int) {
-  if (writer_ == nullptr) return 0;
-  return noting_failure([&] { return writer_->read(elem, lcomb, minSide, record) ? 1 : 0; });
+  return noting_failure([&] {
+    if (writer_ != nullptr) return writer_->read(elem, lcomb, minSide, record) ? 1 : 0;
+    const std::optional<T_RALU_D> found = stored_record(elem, lcomb, minSide);
+    if (found) record = *found;
+    return found ? 1 : 0;
+  });
+}
+
+std::optional<T_RALU_D> DesignManager::stored_record(UINT elem, UINT lcomb, int minSide) {
+  return stored_ == nullptr ? std::nullopt : stored_->read(elem, lcomb, minSide);
+}
+
+void DesignManager::use_stored_results() {
+  uses_stored_ = true;
+  if (!std::filesystem::exists(result_path_)) return;
+  stored_ = store::ResultReader::open(result_path_);
+  stored_state_ = stored_->state();
+}
+
+void DesignManager::start_adding() {
+  const bool exists = stored_ != nullptr;
+  stored_.reset();
+  writer_ = exists ? store::ResultWriter::reopen(result_path_, info_)
+                   : create_writer_(result_path_, info_);
+}
+
+void DesignManager::close_stored_results() {
+  stored_.reset();
+  if (writer_ != nullptr) writer_->finish(stored_state_);
+}
+
+int DesignManager::GetStld(UINT number, T_STLD_D& out) const {
+  const model::LoadCase* found = model_.load_cases.find(number);
+  if (found == nullptr) return 0;
+  out.strName = to_wide(found->name.empty() ? std::to_string(number) : found->name);
+  return 1;
 }
 
 int DesignManager::CheckDesignFile() {

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 
 #include "aluframe/model/combinations.h"
@@ -38,6 +40,15 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   int CheckDesignFile() override;
   void SetDesignFlag(int flag) override { design_flag_ = flag; }
   int GetElementForce(UINT elem, UINT lcomb, T_ALU_FORCE_D& out, bool minSide) override;
+  int GetStld(UINT number, T_STLD_D& out) const override;
+
+  /// Reads results from the result file of an earlier run, if there is one; records that are
+  /// written are added to it. @throws std::runtime_error with the path and the reason
+  void use_stored_results();
+  /// Ends what `use_stored_results` began. @throws std::runtime_error
+  void close_stored_results();
+  /// Elements whose results were added to the stored ones, by number.
+  const std::set<std::uint32_t>& added() const { return added_; }
 
   /// Nonzero once a run has finished with a consistent result file.
   int design_flag() const { return design_flag_; }
@@ -48,6 +59,9 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   /// Runs `action`; what it throws is noted and thrown on.
   template <class Action>
   auto noting_failure(Action action);
+  /// Opens the stored results for adding to them, or starts a result file.
+  void start_adding();
+  std::optional<T_RALU_D> stored_record(UINT elem, UINT lcomb, int minSide);
 
   const model::Model& model_;
   const model::CombinationEvaluator& evaluator_;
@@ -57,6 +71,10 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   store::RunInfo info_;
   ResultWriterFactory create_writer_;
   std::unique_ptr<store::ResultWriter> writer_;
+  bool uses_stored_ = false;
+  std::set<std::uint32_t> added_;
+  store::RunState stored_state_ = store::RunState::complete;
+  std::unique_ptr<store::ResultReader> stored_;  ///< until something is added
   int design_flag_ = 0;
 };
 

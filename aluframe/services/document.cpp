@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "aluframe/model/units.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/text.h"
 
@@ -34,6 +35,24 @@ int SectionDatabase::CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D
   out.dShearCtrZ = scale_.length(properties.shear_centre_z);
   out.dCentroidZ = 0.0;
   return 1;
+}
+
+CString UnitControl::GetUnitSystemLength() const {
+  const auto unit = static_cast<model::LengthUnit>(scale_.index().nLength);
+  return to_wide(model::name_of(unit));
+}
+
+CString UnitControl::GetUnitSystemForce() const {
+  const auto unit = static_cast<model::ForceUnit>(scale_.index().nForce);
+  return to_wide(model::name_of(unit));
+}
+
+double UnitControl::ConvertTgtUnitData2CurUnit(int length, int force, int kind,
+                                               double value) const {
+  constexpr int a_length = 1;
+  const UnitScale from({force, length});
+  if (kind == a_length) return value / from.length(1.0) * scale_.length(1.0);
+  return value / from.force(1.0) * scale_.force(1.0);
 }
 
 int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {

@@ -17,6 +17,9 @@ class UnitControl : public CUnitCtrl {
   explicit UnitControl(UnitScale& scale) : scale_(scale) {}
   T_UNIT_INDEX GetUnitIndexCurrent() const override { return scale_.index(); }
   void SetUnitIndexCurrent(const T_UNIT_INDEX& index, int) override { scale_ = UnitScale(index); }
+  CString GetUnitSystemLength() const override;
+  CString GetUnitSystemForce() const override;
+  double ConvertTgtUnitData2CurUnit(int length, int force, int kind, double value) const override;
 
  private:
   UnitScale& scale_;

@@ -50,6 +50,7 @@ class RunMonitor {
   void note_failure(const std::string& text);
 
   std::size_t element_count() const { return elements_.size(); }
+  const std::vector<std::uint32_t>& elements() const { return elements_; }
   std::uint64_t checked_elements() const { return checked_elements_; }
   /// Element × combination × position at which at least one demand was set against a limit.
   std::uint64_t checked_positions() const { return checked_positions_; }

@@ -65,7 +65,7 @@ class ListenedProgress : public CDgnProgressDlg {
 
 Session::Session(const model::Model& model, SessionOptions options)
     : options_(std::move(options)),
-      scale_(index_of(model.units)),
+      scale_(options_.units.value_or(index_of(model.units))),
       evaluator_(model),
       monitor_(model),
       attributes_(model, scale_),
@@ -98,6 +98,17 @@ void Session::DisplayAnalString(const CString& text, int) {
 void Session::SaveHistory(const CString& text, int, void*) {
   had_message_ = true;
   if (options_.message) options_.message(to_utf8(text));
+}
+
+CString Session::FileNameWithNewExt(const CString& extension) {
+  std::filesystem::path path = options_.result_path;
+  return path.replace_extension(extension.GetString()).wstring();
+}
+
+int Session::RunTextEditor(const CString& path, const CString& title) {
+  if (!options_.open_text) return 0;
+  const std::filesystem::path file = path.GetString();
+  return options_.open_text(file, to_utf8(title)) ? 1 : 0;
 }
 
 void Session::ReleaseAssertion(const wchar_t* source, int line) {

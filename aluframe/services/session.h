@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -32,6 +33,10 @@ struct SessionOptions {
   Language language = Language::english;
   ProgressListener* progress = nullptr;             ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< history and status lines, UTF-8
+  /// Units of what the report prints; nothing: the model's own.
+  std::optional<T_UNIT_INDEX> units;
+  /// Shows a text file (path, title); nothing: it is not shown.
+  std::function<bool(const std::filesystem::path&, const std::string&)> open_text;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };
@@ -55,6 +60,8 @@ class Session : public host::HostServices {
   int ShowMessageBox(const CString& text, UINT type) override;
   void DisplayAnalString(const CString& text, int option) override;
   void SaveHistory(const CString& text, int option, void* reserved) override;
+  CString FileNameWithNewExt(const CString& extension) override;
+  int RunTextEditor(const CString& path, const CString& title) override;
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
 

@@ -29,6 +29,16 @@ void lay_out_file(const fs::path& path, const RunInfo& info) {
   lay_out(database, info);
 }
 
+/// Fails unless the file is a result file that can be written and that no other run is writing.
+void prepare_for_more(const fs::path& path, const RunInfo& info) {
+  {
+    const OldFileLock can_be_written(path);
+  }
+  open_for_reading(path);  // of this format version
+  SQLite::Database database = open_for_writing(path);
+  add_combinations(database, info);
+}
+
 void create_at(const fs::path& path, const RunInfo& info) {
   std::optional<OldFileLock> old_file;
   if (holds_something(path)) old_file.emplace(path);
@@ -44,6 +54,14 @@ std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const R
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
     const fs::path file = resolved(path);
     create_at(file, info);
+    return std::make_unique<QueuedResultWriter>(file);
+  });
+}
+
+std::unique_ptr<ResultWriter> ResultWriter::reopen(const fs::path& path, const RunInfo& info) {
+  return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
+    const fs::path file = resolved(path);
+    prepare_for_more(file, info);
     return std::make_unique<QueuedResultWriter>(file);
   });
 }

@@ -60,6 +60,12 @@ class ResultWriter {
   ///   when another run is writing it or something else than a result file stands there
   static std::unique_ptr<ResultWriter> create(const std::filesystem::path& path,
                                               const RunInfo& info);
+  /// Opens the existing result file of a run to add elements to it or to replace some. The run
+  /// keeps its state until `finish`; combinations of `info` that the file lacks are added.
+  /// @throws std::runtime_error with the path and the reason when it is missing, no result file, of
+  ///   another version, write-protected, or being written by another run
+  static std::unique_ptr<ResultWriter> reopen(const std::filesystem::path& path,
+                                              const RunInfo& info);
   virtual ~ResultWriter() = default;
 
   /// Adds one element's record of a combination; combination 0 is the governing record and ends the

@@ -1,5 +1,6 @@
 #include "aluframe/store/row_writer.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -49,7 +50,16 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_not_checked_(database_, "INSERT INTO not_checked VALUES (NULL, ?, ?, ?)"),
       records_(database_) {
+  note_elements();
   begin();
+}
+
+void RowWriter::note_elements() {
+  SQLite::Statement elements(database_, "SELECT number, sequence FROM element");
+  while (elements.executeStep()) {
+    elements_.insert(elements.getColumn(0).getUInt());
+    sequence_ = std::max(sequence_, elements.getColumn(1).getInt64());
+  }
 }
 
 RowWriter::~RowWriter() {

@@ -44,6 +44,8 @@ class RowWriter {
   std::optional<T_RALU_D> find(std::uint32_t element, const RecordKey& key);
 
  private:
+  /// What the file holds from an earlier writer.
+  void note_elements();
   void begin();
   void end_transaction();
   void roll_back();

@@ -62,8 +62,8 @@ void insert_run(SQLite::Database& database, const RunInfo& info) {
   run.exec();
 }
 
-void insert_combinations(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement insert(database, "INSERT INTO combination VALUES (NULL, ?, ?, ?, ?)");
+void insert_combinations(SQLite::Database& database, const RunInfo& info, const char* sql) {
+  SQLite::Statement insert(database, sql);
   for (const CombinationRow& row : info.combinations) {
     insert.bind(1, row.number);
     insert.bind(2, row.name);
@@ -95,7 +95,14 @@ void lay_out(SQLite::Database& database, const RunInfo& info) {
   database.exec("PRAGMA user_version = " + std::to_string(format_version));
   database.exec(tables);
   insert_run(database, info);
-  insert_combinations(database, info);
+  insert_combinations(database, info, "INSERT INTO combination VALUES (NULL, ?, ?, ?, ?)");
+  transaction.commit();
+}
+
+void add_combinations(SQLite::Database& database, const RunInfo& info) {
+  SQLite::Transaction transaction(database);
+  insert_combinations(database, info,
+                      "INSERT OR IGNORE INTO combination VALUES (NULL, ?, ?, ?, ?)");
   transaction.commit();
 }
 

@@ -30,6 +30,9 @@ RunState state_named(std::string_view name);
 /// marks, tables, the run and its combinations, in one transaction.
 void lay_out(SQLite::Database& database, const RunInfo& info);
 
+/// Adds the combinations of `info` that the file lacks.
+void add_combinations(SQLite::Database& database, const RunInfo& info);
+
 /// Sets the state of the run.
 void store_state(SQLite::Database& database, RunState state);
 

@@ -11,55 +11,12 @@
 #include "aluframe/io/model_file.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/result_tables.h"
+#include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
 
 namespace {
-
-template <class Entities>
-std::vector<model::Number> numbers_of(const Entities& entities) {
-  std::vector<model::Number> numbers;
-  for (const auto& entity : entities) numbers.push_back(entity.number);
-  return numbers;
-}
-
-/// The model with the forces that are to be checked, or a message.
-std::variant<model::Model, std::string> load(const CheckOptions& options) {
-  auto read = io::read_model(options.model);
-  if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
-  auto& model = std::get<model::Model>(read);
-  if (options.forces) {
-    const auto forces = io::read_forces_csv(*options.forces, model);
-    if (const auto* problem = std::get_if<io::Problem>(&forces)) return problem->message();
-  }
-  return std::move(model);
-}
-
-std::vector<model::Number> design_combinations(const model::Model& model) {
-  std::vector<model::Number> numbers;
-  for (const model::Combination& combination : model.combinations) {
-    if (combination.design) numbers.push_back(combination.number);
-  }
-  return numbers;
-}
-
-/// What the run is limited to, or a message.
-std::optional<std::string> limit(const model::Model& model, const CommonOptions& common,
-                                 services::SessionOptions& out) {
-  if (!common.elements.empty()) {
-    auto selected = select(common.elements, numbers_of(model.elements), "element");
-    if (const auto* text = std::get_if<std::string>(&selected)) return "--elements: " + *text;
-    out.selected = std::get<std::vector<model::Number>>(std::move(selected));
-  }
-  if (!common.combinations.empty()) {
-    auto selected = select(common.combinations, design_combinations(model), "design combination");
-    if (const auto* text = std::get_if<std::string>(&selected)) return "--combinations: " + *text;
-    const auto& numbers = std::get<std::vector<model::Number>>(selected);
-    out.combinations = {numbers.begin(), numbers.end()};
-  }
-  return std::nullopt;
-}
 
 bool wants_progress(ProgressMode mode) {
   return mode == ProgressMode::always || (mode == ProgressMode::automatic && stderr_is_terminal());
@@ -192,7 +149,7 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
 }
 
 int run_check_command(const CheckOptions& options) {
-  const auto loaded = load(options);
+  const auto loaded = load_model(options.model, options.forces);
   if (const auto* text = std::get_if<std::string>(&loaded)) {
     print_message(*text);
     return exit_input_error;

@@ -9,6 +9,7 @@
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/points_command.h"
+#include "apps/cli/report_command.h"
 #include "apps/cli/results_command.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
@@ -47,13 +48,22 @@ auto one_of(Parse parse, const std::string& allowed) {
   };
 }
 
-void add_common(CLI::App& app, CommonOptions& common) {
+void add_elements_and_combinations(CLI::App& app, CommonOptions& common) {
   add_parsed(app, "--elements", common.elements, ranges_or_throw,
              "Only these elements, such as 1,3,10-20");
   add_parsed(app, "--combinations", common.combinations, ranges_or_throw,
              "Only these combinations, such as 1,3,10-20");
+}
+
+void add_common(CLI::App& app, CommonOptions& common) {
+  add_elements_and_combinations(app, common);
   add_parsed(app, "--format", common.format, one_of(parse_format, "table, json, csv"),
              "How to print: table, json or csv");
+}
+
+void add_language(CLI::App& app, aluframe::services::Language& language) {
+  add_parsed(app, "--lang", language, one_of(aluframe::services::parse_language, "en, zh"),
+             "Language of the design module's messages: en or zh");
 }
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
@@ -67,9 +77,7 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
   add_parsed(*check, "--progress", options.progress,
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
-  add_parsed(*check, "--lang", options.language,
-             one_of(aluframe::services::parse_language, "en, zh"),
-             "Language of the design module's messages: en or zh");
+  add_language(*check, options.language);
   check->add_flag("--strict", options.strict, "Exit with status 4 when a ratio exceeds 1");
   check->callback([&] { status = run_check_command(options); });
 }
@@ -122,6 +130,25 @@ void add_points(CLI::App& app, PointsOptions& options, int& status) {
   points->callback([&] { status = run_points_command(options); });
 }
 
+void add_report(CLI::App& app, ReportOptions& options, int& status) {
+  CLI::App* report = app.add_subcommand("report", "Write the calculation report of a model");
+  report->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  report->add_option("--forces", options.forces, "Element forces (CSV) in place of the model's")
+      ->type_name("FILE");
+  add_elements_and_combinations(*report, options.common);
+  report->add_option("--results", options.results, "Result file; beside the model when not given")
+      ->type_name("FILE");
+  report->add_option("--output", options.output, "Report (.alu); beside the model when not given")
+      ->type_name("FILE");
+  report->add_option("--readable", options.readable, "A copy in UTF-8 with readable Chinese texts")
+      ->type_name("FILE");
+  report->add_option("--units", options.units, "Units of the report, N,mm when not given")
+      ->type_name("FORCE,LENGTH");
+  add_language(*report, options.language);
+  report->add_flag("--open", options.open, "Open the report in $VISUAL or $EDITOR");
+  report->callback([&] { status = run_report_command(options); });
+}
+
 int run(int argc, char** argv) {
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
@@ -131,10 +158,12 @@ int run(int argc, char** argv) {
   ResultsOptions results;
   ValidateOptions validate;
   PointsOptions points;
+  ReportOptions report;
   add_check(app, check, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
   add_points(app, points, status);
+  add_report(app, report, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

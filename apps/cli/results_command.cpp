@@ -9,6 +9,7 @@
 
 #include "apps/cli/exit_status.h"
 #include "apps/cli/result_tables.h"
+#include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -37,36 +38,14 @@ fs::path result_file_of(const fs::path& input) {
   return input.extension() == ".aluresult" ? input : result_path_of(input);
 }
 
-/// Says what the user should know before trusting the results.
-void print_warnings(const fs::path& input, const fs::path& file, store::RunState state) {
-  if (state == store::RunState::running) {
-    print_message(file.string() + ": these results are of a run that did not finish");
-  } else if (state != store::RunState::complete) {
-    print_message(file.string() + ": these results are of a run that was stopped before its end");
-  }
-  std::error_code error;
-  if (input != file && fs::last_write_time(input, error) > fs::last_write_time(file, error) &&
-      !error) {
-    print_message(input.string() + " is newer than its results; check it again");
-  }
-}
-
 ResultView view_of(const std::optional<std::string>& units) {
   if (!units) return {};
-  const std::size_t comma = units->find(',');
-  const auto force = model::parse_force_unit(units->substr(0, comma));
-  const auto length = comma == std::string::npos
-                          ? std::nullopt
-                          : model::parse_length_unit(units->substr(comma + 1));
-  if (!force || !length) {
-    throw InputError{
-        fmt::format("--units: found '{}', must be a force unit ({}), a comma and a "
-                    "length unit ({})",
-                    *units, model::force_unit_names(), model::length_unit_names())};
-  }
-  const double millimetres = model::millimetres_per(*length);
-  return {millimetres * millimetres / model::newtons_per(*force),
-          fmt::format("{}/{}²", model::name_of(*force), model::name_of(*length))};
+  const auto parsed = parse_unit_pair(*units);
+  if (const auto* text = std::get_if<std::string>(&parsed)) throw InputError{"--units: " + *text};
+  const auto& [force, length] = std::get<UnitPair>(parsed);
+  const double millimetres = model::millimetres_per(length);
+  return {millimetres * millimetres / model::newtons_per(force),
+          fmt::format("{}/{}²", model::name_of(force), model::name_of(length))};
 }
 
 /// True when the first element goes before the second by the check item.
@@ -226,7 +205,7 @@ int run_results_command(const ResultsOptions& options) {
     const ResultView view = view_of(options.units);
     refuse_own_input(options, file);
     reader = store::ResultReader::open(file);
-    print_warnings(options.input, file, reader->state());
+    warn_about_results(options.input, file, reader->state());
     return print(options.element ? element_text(*reader, *options.element, options, view)
                                  : list_text(*reader, options, view),
                  options.output);

@@ -33,6 +33,16 @@ void GSaveHistoryNF(const CString& text, int option, void* reserved) {
   host::Bound().SaveHistory(text, option, reserved);
 }
 
+CString CDBLib::MakeFileNameWithNewExt(const CString& extension, int /*option*/) {
+  return host::Bound().FileNameWithNewExt(extension);
+}
+
+// Where the window goes is the host's own choice.
+int CDBLib::RunTextEditor(const CString& path, const CString& title, int /*mode*/, int /*x*/,
+                          int /*y*/, int /*width*/, int /*height*/, int /*option*/) {
+  return host::Bound().RunTextEditor(path, title);
+}
+
 int CAppBase::IsReleaseAssert_ST() {
   return host::Bound().IsReleaseAssert();
 }

@@ -6,6 +6,7 @@
 #include "host/tz_db/attributes.h"
 #include "host/tz_db/forces.h"
 #include "host/tz_db/keys.h"
+#include "host/tz_db/load_cases.h"
 #include "host/tz_db/model.h"
 #include "host/tz_db/ralu.h"
 
@@ -49,6 +50,28 @@ class CAttrCtrl {
   virtual int GetCmft(UINT elem, T_CMFT_D& out) const = 0;
   virtual int GetKfac(UINT elem, T_KFAC_D& out) const = 0;
   virtual int GetLtsr(UINT elem, T_LTSR_D& out) const = 0;
+
+  // Combinations and load cases, for the list in the report. A host answers 0, as here, for what it
+  // does not have.
+
+  /// A load combination. `kind` is the kind of design (6 aluminium), or 2 for a combination that is
+  /// part of another.
+  virtual int GetLcom(int /*kind*/, UINT /*number*/, T_LCOM_D& /*out*/) const { return 0; }
+  virtual int GetSplc(UINT /*number*/, T_SPLC_D& /*out*/) const { return 0; }
+  virtual int GetThis(UINT /*number*/, T_THIS_D& /*out*/) const { return 0; }
+  virtual int GetSmlc(UINT /*number*/, T_SMLC_D& /*out*/) const { return 0; }
+  virtual int GetSgld(UINT /*number*/, T_STLD_D& /*out*/) const {
+    return 0;
+  }  ///< a seismic static case
+  virtual int GetCran(UINT /*number*/, T_CRAN_D& /*out*/) const { return 0; }
+  virtual int GetMvcd(T_MVCD_D& /*out*/) const { return 0; }
+  virtual int GetMvld(UINT /*number*/, T_MVLD_D& /*out*/) const { return 0; }
+  virtual int GetMvldch(UINT /*number*/, T_MVLDch_D& /*out*/) const { return 0; }
+  virtual int GetMvldjp(UINT /*number*/, T_MVLDjp_D& /*out*/) const { return 0; }
+  virtual int GetMvldid(UINT /*number*/, T_MVLDid_D& /*out*/) const { return 0; }
+  virtual int GetMvldbs(UINT /*number*/, T_MVLDbs_D& /*out*/) const { return 0; }
+  virtual int GetMvldfr(UINT /*number*/, T_MVLDfr_D& /*out*/) const { return 0; }
+  virtual int GetMvldtr(UINT /*number*/, T_MVLDtr_D& /*out*/) const { return 0; }
 };
 
 /// Attributes derived from several entities.
@@ -81,6 +104,14 @@ class CUnitCtrl {
   virtual ~CUnitCtrl() = default;
   virtual T_UNIT_INDEX GetUnitIndexCurrent() const = 0;
   virtual void SetUnitIndexCurrent(const T_UNIT_INDEX& index, int option) = 0;
+  /// Name of the current unit, such as "mm" or "kN".
+  virtual CString GetUnitSystemLength() const = 0;
+  virtual CString GetUnitSystemForce() const = 0;
+  /// `value` in the units of a selection, expressed in the current ones.
+  /// @param length, force places in `T_UNIT_INDEX` of the units that `value` is in
+  /// @param kind 1 a length, 2 a force
+  virtual double ConvertTgtUnitData2CurUnit(int length, int force, int kind,
+                                            double value) const = 0;
 };
 
 /// The aluminium design result store, and the element forces that design reads.
@@ -110,6 +141,8 @@ class CPostCtrl {
   /// Key of the `index`-th element in the host's order, counted from 1.
   virtual UINT GetOriginElem(int index) const = 0;
   virtual CAluDesignMgr& AluDgnMgr() = 0;
+  /// A static load case, for the report's list.
+  virtual int GetStld(UINT /*number*/, T_STLD_D& /*out*/) const { return 0; }
 };
 
 /// Section database.
@@ -156,4 +189,15 @@ class CDBDoc {
   virtual double calcLAVElem(const T_ELEM_D& elem) const = 0;
   /// True when nobody can answer a message box; messages then go to the history.
   virtual bool IsRegTestMode() const = 0;
+};
+
+/// Helpers around files.
+class CDBLib {
+ public:
+  /// Path of the document's file with another extension, such as L".alu".
+  HOST_API static CString MakeFileNameWithNewExt(const CString& extension, int option);
+  /// Shows a text file to the user.
+  /// @param mode 1; x, y, width, height: where the window goes; option: 0
+  HOST_API static int RunTextEditor(const CString& path, const CString& title, int mode, int x,
+                                    int y, int width, int height, int option);
 };

@@ -225,11 +225,13 @@ CombinationTerm any_term(const Model& model) {
 void add_loads(Model& model) {
   const Number cases = *rc::gen::inRange<Number>(0, 4);
   for (Number i = 1; i <= cases; ++i) {
-    model.load_cases.add({.number = i,
-                          .name = any_name(),
-                          .kind = any_of({LoadCaseKind::static_load, LoadCaseKind::seismic_static,
-                                          LoadCaseKind::response_spectrum,
-                                          LoadCaseKind::time_history, LoadCaseKind::settlement})});
+    model.load_cases.add(
+        {.number = i,
+         .name = any_name(),
+         .kind = any_of({LoadCaseKind::static_load, LoadCaseKind::seismic_static,
+                         LoadCaseKind::response_spectrum, LoadCaseKind::eccentric_spectrum,
+                         LoadCaseKind::time_history, LoadCaseKind::moving, LoadCaseKind::settlement,
+                         LoadCaseKind::crane})});
   }
   const Number combinations = cases == 0 ? 0 : *rc::gen::inRange<Number>(0, 4);
   for (Number i = 1; i <= combinations; ++i) {
@@ -266,6 +268,7 @@ Model any_model() {
   model.title = any_name();
   model.description = any_name();
   model.units = any_units();
+  model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);
   model.frame = any_optional([] { return FrameSettings{any_flag(), any_flag()}; });
   for (const Number number : {3U, 1U}) {

@@ -33,6 +33,21 @@ class FakeAttributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
   int GetKfac(UINT elem, T_KFAC_D& out) const override;
   int GetLtsr(UINT elem, T_LTSR_D& out) const override;
 
+  int GetLcom(int kind, UINT number, T_LCOM_D& out) const override;
+  int GetSplc(UINT number, T_SPLC_D& out) const override;
+  int GetThis(UINT number, T_THIS_D& out) const override;
+  int GetSmlc(UINT number, T_SMLC_D& out) const override;
+  int GetSgld(UINT number, T_STLD_D& out) const override;
+  int GetCran(UINT number, T_CRAN_D& out) const override;
+  int GetMvcd(T_MVCD_D& out) const override;
+  int GetMvld(UINT number, T_MVLD_D& out) const override;
+  int GetMvldch(UINT number, T_MVLDch_D& out) const override;
+  int GetMvldjp(UINT number, T_MVLDjp_D& out) const override;
+  int GetMvldid(UINT number, T_MVLDid_D& out) const override;
+  int GetMvldbs(UINT number, T_MVLDbs_D& out) const override;
+  int GetMvldfr(UINT number, T_MVLDfr_D& out) const override;
+  int GetMvldtr(UINT number, T_MVLDtr_D& out) const override;
+
   double GetMembTotalLength(UINT memb) const override;
   UINT GetShowElemByIncludeElem(UINT elem) const override;
 

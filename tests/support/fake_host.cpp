@@ -108,6 +108,12 @@ class FakeUnits : public CUnitCtrl {
     units_ = index;
     log_.events.push_back("units " + pair_text(index.nForce, ',', index.nLength));
   }
+  CString GetUnitSystemLength() const override { return model_.length_unit; }
+  CString GetUnitSystemForce() const override { return model_.force_unit; }
+  double ConvertTgtUnitData2CurUnit(int length, int force, int kind, double value) const override {
+    log_.conversions.push_back({length, force, kind});
+    return value * (kind == 1 ? model_.length_factor : model_.force_factor);
+  }
 
  private:
   const FakeModel& model_;
@@ -124,6 +130,9 @@ class FakeResults : public CPostCtrl, public CAluDesignMgr {
     return model_.element_order.at(static_cast<std::size_t>(index - 1));
   }
   CAluDesignMgr& AluDgnMgr() override { return *this; }
+  int GetStld(UINT number, T_STLD_D& out) const override {
+    return model_.named({LCOM_ENTRY_STATIC, 0}, number, out);
+  }
 
   int CreateDesignResultFile() override {
     if (!model_.can_create_result_file) return 0;
@@ -286,6 +295,16 @@ void FakeHost::DisplayAnalString(const CString& text, int) {
 void FakeHost::SaveHistory(const CString& text, int, void*) {
   log.events.emplace_back("history written");
   log.history.emplace_back(text.GetString());
+}
+
+CString FakeHost::FileNameWithNewExt(const CString& extension) {
+  return CString(model.document_path) + extension;
+}
+
+int FakeHost::RunTextEditor(const CString& path, const CString& title) {
+  log.events.emplace_back("editor started");
+  log.edited.push_back({path.GetString(), title.GetString()});
+  return 1;
 }
 
 int FakeHost::IsReleaseAssert() {

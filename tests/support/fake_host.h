@@ -32,6 +32,8 @@ class FakeHost : public host::HostServices {
   int ShowMessageBox(const CString& text, UINT type) override;
   void DisplayAnalString(const CString& text, int option) override;
   void SaveHistory(const CString& text, int option, void* reserved) override;
+  CString FileNameWithNewExt(const CString& extension) override;
+  int RunTextEditor(const CString& path, const CString& title) override;
   int IsReleaseAssert() override;
   void ReleaseAssertion(const wchar_t* source, int line) override;
 

@@ -2,7 +2,9 @@
 
 #include <map>
 #include <optional>
+#include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "host/host_services.h"
@@ -11,6 +13,10 @@ namespace test_support {
 
 /// Element, number of the combination, minimum side.
 using ForceKey = std::tuple<UINT, UINT, bool>;
+
+/// Where a host keeps load cases: their kind (LCOM_ENTRY_KIND), and for moving loads the code that
+/// they follow, else 0.
+using CaseTable = std::pair<int, int>;
 
 /// What a `FakeHost` serves: plain tables that a test fills and changes as it likes. What is not in
 /// a table is not in the host.
@@ -53,6 +59,17 @@ struct FakeModel {
   std::map<UINT, int> seismic_types;          ///< by combination number; 0 when not listed
   std::map<ForceKey, T_ALU_FORCE_D> forces;
 
+  // What the report lists and prints in.
+  std::map<UINT, T_LCOM_D> combination_records;
+  /// Names of load cases, by kind and number; moving loads by their code too.
+  std::map<std::pair<CaseTable, UINT>, std::wstring> load_cases;
+  std::optional<int> moving_load_code;
+  std::wstring length_unit = L"m";
+  std::wstring force_unit = L"kN";
+  double length_factor = 1e-3;           ///< length units in a mm
+  double force_factor = 1e-3;            ///< force units in a N
+  std::wstring document_path = L"fake";  ///< without an extension
+
   // How the host behaves.
   int is_use_alu = 1;
   bool is_reg_test_mode = true;
@@ -61,6 +78,15 @@ struct FakeModel {
   std::vector<int> failing_unit_changes;  ///< changes of units that throw, counted from 1
   int design_file_check = 1;              ///< what the check of the result file answers
   int cancel_at_update = 0;  ///< the user cancels at this progress update, counted from 1; 0 never
+
+  /// Fills the name of a load case. @return 0 when it is not in the table
+  template <class CASE>
+  int named(const CaseTable& table, UINT number, CASE& out) const {
+    const auto found = load_cases.find({table, number});
+    if (found == load_cases.end()) return 0;
+    out.strName = found->second;
+    return 1;
+  }
 
   void add_node(UINT node, double x, double y, double z);
   /// Adds an element of section 1 and material 1, last in the host's order.

@@ -105,6 +105,63 @@ class FaultAttrCtrl : public Counted<CAttrCtrl> {
     counter_.Count();
     return inner_.GetLtsr(elem, out);
   }
+
+  int GetLcom(int kind, UINT number, T_LCOM_D& out) const override {
+    counter_.Count();
+    return inner_.GetLcom(kind, number, out);
+  }
+  int GetMvcd(T_MVCD_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvcd(out);
+  }
+  int GetSplc(UINT number, T_SPLC_D& out) const override {
+    counter_.Count();
+    return inner_.GetSplc(number, out);
+  }
+  int GetThis(UINT number, T_THIS_D& out) const override {
+    counter_.Count();
+    return inner_.GetThis(number, out);
+  }
+  int GetSmlc(UINT number, T_SMLC_D& out) const override {
+    counter_.Count();
+    return inner_.GetSmlc(number, out);
+  }
+  int GetSgld(UINT number, T_STLD_D& out) const override {
+    counter_.Count();
+    return inner_.GetSgld(number, out);
+  }
+  int GetCran(UINT number, T_CRAN_D& out) const override {
+    counter_.Count();
+    return inner_.GetCran(number, out);
+  }
+  int GetMvld(UINT number, T_MVLD_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvld(number, out);
+  }
+  int GetMvldch(UINT number, T_MVLDch_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldch(number, out);
+  }
+  int GetMvldjp(UINT number, T_MVLDjp_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldjp(number, out);
+  }
+  int GetMvldid(UINT number, T_MVLDid_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldid(number, out);
+  }
+  int GetMvldbs(UINT number, T_MVLDbs_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldbs(number, out);
+  }
+  int GetMvldfr(UINT number, T_MVLDfr_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldfr(number, out);
+  }
+  int GetMvldtr(UINT number, T_MVLDtr_D& out) const override {
+    counter_.Count();
+    return inner_.GetMvldtr(number, out);
+  }
 };
 
 class FaultAttrCtrl2 : public Counted<CAttrCtrl2> {

@@ -32,6 +32,18 @@ class FaultUnitCtrl : public Counted<CUnitCtrl> {
     counter_.Count();
     return inner_.SetUnitIndexCurrent(index, option);
   }
+  CString GetUnitSystemLength() const override {
+    counter_.Count();
+    return inner_.GetUnitSystemLength();
+  }
+  CString GetUnitSystemForce() const override {
+    counter_.Count();
+    return inner_.GetUnitSystemForce();
+  }
+  double ConvertTgtUnitData2CurUnit(int length, int force, int kind, double value) const override {
+    counter_.Count();
+    return inner_.ConvertTgtUnitData2CurUnit(length, force, kind, value);
+  }
 };
 
 class FaultDesignMgr : public Counted<CAluDesignMgr> {
@@ -128,6 +140,10 @@ class FaultPostCtrl : public Counted<CPostCtrl> {
   CAluDesignMgr& AluDgnMgr() override {
     counter_.Count();
     return design_mgr_;
+  }
+  int GetStld(UINT number, T_STLD_D& out) const override {
+    counter_.Count();
+    return inner_.GetStld(number, out);
   }
 
  private:
@@ -292,6 +308,16 @@ void FaultHost::DisplayAnalString(const CString& text, int option) {
 void FaultHost::SaveHistory(const CString& text, int option, void* reserved) {
   counter_.Count();
   inner_.SaveHistory(text, option, reserved);
+}
+
+CString FaultHost::FileNameWithNewExt(const CString& extension) {
+  counter_.Count();
+  return inner_.FileNameWithNewExt(extension);
+}
+
+int FaultHost::RunTextEditor(const CString& path, const CString& title) {
+  counter_.Count();
+  return inner_.RunTextEditor(path, title);
 }
 
 int FaultHost::IsReleaseAssert() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/fake_model.h"
@@ -58,6 +60,8 @@ struct HostLog {
   std::vector<ShownMessage> messages;
   std::vector<std::wstring> history;
   std::vector<std::wstring> status_lines;
+  std::vector<std::pair<std::wstring, std::wstring>> edited;  ///< path and title
+  std::vector<std::array<int, 3>> conversions;                ///< length, force, kind
   std::vector<int> design_flags;
   std::vector<RaisedAssertion> assertions;
   std::vector<KFactorPass> k_factor_passes;

@@ -16,6 +16,7 @@ using STATE = CALU_GB50429_07Print;
 
 // One call of the engine: what its check groups read and write.
 struct CHECK_CALL {
+  const CALU_GB50429_07Print& print;
   const ALU_DGN_DATA& data;
   const AluDgnSectForce& force;
   const MATERIAL_CLASS& material;
@@ -172,28 +173,49 @@ void CheckStability(const CHECK_CALL& call) {
 }
 
 void CheckSlenderness(const CHECK_CALL& call) {
-  if (!IsSlendernessChecked(call.data.code.para)) return;
   const double limit = SlendernessLimit(call.data, call.force);
   call.Report(ALU_REPORT_SLENDERNESS_LIMIT) = limit;
   if (call.IsOn(RALU_SLENDERNESS_Y)) call.Store(RALU_SLENDERNESS_Y, call.lambda.dLambdaY, limit);
   if (call.IsOn(RALU_SLENDERNESS_Z)) call.Store(RALU_SLENDERNESS_Z, call.lambda.dLambdaZ, limit);
 }
 
+bool IsSlendernessOn(const CHECK_CALL& call) {
+  return (call.IsOn(RALU_SLENDERNESS_Y) || call.IsOn(RALU_SLENDERNESS_Z)) &&
+         IsSlendernessChecked(call.data.code.para);
+}
+
+using BLOCK = void (CALU_GB50429_07Print::*)(const ALU_REPORT_INPUT&) const;
+
+// In report mode a group that ran appends its block, also when the force state selected no check.
+void PrintBlock(const CHECK_CALL& call, BLOCK block) {
+  if (call.data.IsReport() == 0) return;
+  (call.print.*block)({call.data, call.force, call.buffer, call.result});
+}
+
+void RunGroup(const CHECK_CALL& call, bool on, void (*check)(const CHECK_CALL&), BLOCK block) {
+  if (!on) return;
+  check(call);
+  PrintBlock(call, block);
+}
+
 void RunGroups(const CHECK_CALL& call) {
-  if (call.IsOn(RALU_STRENGTH)) CheckStrength(call);
-  if (call.IsOn(RALU_SHEAR_Y)) CheckShearY(call);
-  if (call.IsOn(RALU_SHEAR_Z)) CheckShearZ(call);
+  using PRINT = CALU_GB50429_07Print;
+  RunGroup(call, call.IsOn(RALU_STRENGTH), CheckStrength, &PRINT::PrintStrength);
+  RunGroup(call, call.IsOn(RALU_SHEAR_Y), CheckShearY, &PRINT::PrintShearY);
+  RunGroup(call, call.IsOn(RALU_SHEAR_Z), CheckShearZ, &PRINT::PrintShearZ);
   CheckStability(call);
-  if (call.IsOn(RALU_SLENDERNESS_Y) || call.IsOn(RALU_SLENDERNESS_Z)) CheckSlenderness(call);
+  if (call.IsOn(RALU_STABILITY)) PrintBlock(call, &PRINT::PrintStability);
+  if (call.IsOn(RALU_COMBINED_STABILITY)) PrintBlock(call, &PRINT::PrintCombinedStability);
+  RunGroup(call, IsSlendernessOn(call), CheckSlenderness, &PRINT::PrintSlenderness);
 }
 
 // `result` and `buffer` are as reset.
-int RunChecks(const ALU_DGN_DATA& data, const AluDgnSectForce& force, T_RALU_SECT& result,
-              ALU_CAL_BUFF& buffer) {
+int RunChecks(const CALU_GB50429_07Print& print, const ALU_DGN_DATA& data,
+              const AluDgnSectForce& force, T_RALU_SECT& result, ALU_CAL_BUFF& buffer) {
   const MATERIAL_CLASS material = ClassifyMaterial(data.code.matl);
   buffer.sectpara = SectionParameters({data, force, material});
   if (!AreUsable(buffer.sectpara)) return 0;
-  RunGroups({data, force, material, MemberSlenderness(data), buffer, result});
+  RunGroups({print, data, force, material, MemberSlenderness(data), buffer, result});
   return 1;
 }
 
@@ -205,12 +227,12 @@ int CALUCode_GB50429_07::CheckCode(const ALU_DGN_DATA& data, const AluDgnSectFor
                                    T_RALU_SECT& result) {
   result.Initial();
   ALU_CAL_BUFF buffer;
-  return RunChecks(data, force, result, buffer);
+  return RunChecks(*this, data, force, result, buffer);
 }
 
 int CALUCode_GB50429_07::CheckCode(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
                                    T_RALU_SECT& result, ALU_CAL_BUFF& buffer) {
   result.Initial();
   buffer.Initial();
-  return RunChecks(data, force, result, buffer);
+  return RunChecks(*this, data, force, result, buffer);
 }

@@ -6,6 +6,7 @@
 #include "host/zel_lib/zel_lib.h"
 #include "tz_alu/engine/alucode_gb50429_07.h"
 #include "tz_alu/manager/release_assertion.h"
+#include "tz_alu/manager/user_units.h"
 
 using zel::lib::MMSGFunction;
 
@@ -13,21 +14,6 @@ namespace {
 
 constexpr int kHashBlockSize = 10;
 constexpr int kLineElementNotChecked = 119;
-// What the checks are written in: N and mm.
-constexpr T_UNIT_INDEX kDesignUnits{0, 2};
-
-// Puts the user's units back; a host that fails even at that is asked once more.
-void RestoreUnits(CDBDoc* doc, const T_UNIT_INDEX& units) {
-  for (int attempt = 0; attempt < 2; ++attempt) {
-    try {
-      doc->GetUnitCtrl().SetUnitIndexCurrent(units, 0);
-      return;
-    } catch (...) {
-      continue;
-    }
-  }
-}
-
 bool IsInnerPosition(int pos) {
   return pos != 0 && pos != kCheckPositions - 1;
 }
@@ -53,35 +39,28 @@ CDBDoc* IAluDgnDataMgr::GetDoc() const {
 }
 
 int IAluDgnDataMgr::CheckCode(const KEYS* keys) {
-  CDBDoc* doc = nullptr;
-  T_UNIT_INDEX userUnits;
-  try {
-    CDBDoc* current = GetDoc();
-    if (current == nullptr) return 0;
-    userUnits = current->GetUnitCtrl().GetUnitIndexCurrent();
-    doc = current;
-    return RunCheck(keys, userUnits);
-  } catch (...) {
-    if (doc != nullptr) RestoreUnits(doc, userUnits);
-    return 0;
-  }
+  return WithUserUnits([&](const T_UNIT_INDEX& units) { return RunCheck(keys, units); });
 }
 
 int IAluDgnDataMgr::RunCheck(const KEYS* keys, const T_UNIT_INDEX& userUnits) {
-  if (GetDoc()->GetAluDgnTool().IsUseAluDgn() == 0) return 0;
   KEYS elems;
+  LCOMBS lcombs;
+  if (GetRunKeys(keys, elems, lcombs) == 0) return 0;
+  if (GetDoc()->GetPostCtrl().AluDgnMgr().CreateDesignResultFile() == 0) return 0;
+  GetDoc()->GetUnitCtrl().SetUnitIndexCurrent(kDesignUnits, 0);
+  MakeBuffData(elems, lcombs);
+  return CheckElements(elems, lcombs, userUnits);
+}
+
+int IAluDgnDataMgr::GetRunKeys(const KEYS* keys, KEYS& elems, LCOMBS& lcombs) {
+  if (GetDoc()->GetAluDgnTool().IsUseAluDgn() == 0) return 0;
   if (keys != nullptr) {
     FiltAluKeys(*keys, elems);
   } else {
     GetDgnKeys(elems);
   }
-  LCOMBS lcombs;
   const int nLcombs = GetDgnLCombs(lcombs);
-  if (ShowErrorMessage(static_cast<int>(elems.GetSize()), nLcombs) == 0) return 0;
-  if (GetDoc()->GetPostCtrl().AluDgnMgr().CreateDesignResultFile() == 0) return 0;
-  GetDoc()->GetUnitCtrl().SetUnitIndexCurrent(kDesignUnits, 0);
-  MakeBuffData(elems, lcombs);
-  return CheckElements(elems, lcombs, userUnits);
+  return ShowErrorMessage(static_cast<int>(elems.GetSize()), nLcombs);
 }
 
 int IAluDgnDataMgr::CheckElements(const KEYS& keys, const LCOMBS& lcombs,

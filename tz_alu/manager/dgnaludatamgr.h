@@ -16,9 +16,10 @@ class CALUCode_GB50429_07;
 /// combination at up to five positions, and writes the results to the host's store.
 ///
 ///     IAluDgnDataMgr::Instance()->CheckCode(nullptr);  // the selection, or the whole model
+///     IAluDgnDataMgr::Instance()->MakeReport(nullptr, L"");  // and their calculation report
 ///
 /// One thread calls it; only `Instance` is safe against concurrent first use. No exception leaves
-/// the public entry. All values are in the host's current units, which a run sets to N and mm.
+/// the public entries. All values are in the host's current units, which a run sets to N and mm.
 class TZ_ALU_API IAluDgnDataMgr {
  public:
   using KEYS = CArray<UINT>;
@@ -40,6 +41,19 @@ class TZ_ALU_API IAluDgnDataMgr {
   int CheckCode(UINT elem, const LCOMBS& lcombs, T_RALU_D& governing);
   /// Checks one element for one combination. @return 0 when the host has no forces for it
   int CheckCode(UINT elem, T_LCOM_MAXMIN_K lcomb, ALU_DGN_DATA& data, T_RALU_D& result);
+
+  // --- the report ---
+
+  /// Writes the calculation report of the elements of `keys` (null as above) and opens it in the
+  /// host's text editor. Each governing check is run once more with its block. An empty path is the
+  /// document's name with ".alu".
+  /// @return 1 after the editor was started, 0 when there is nothing to report or anything failed
+  int MakeReport(const KEYS* keys, CString path);
+  /// Appends one element to the report. One that was never checked is checked now and stored.
+  /// @return 0 when its data or results cannot be had
+  int MakeReport(UINT elem);
+
+  // --- what both share ---
 
   /// Elements of the view's selection, or all; only those of aluminium.
   int GetDgnKeys(KEYS& out);
@@ -113,6 +127,10 @@ class TZ_ALU_API IAluDgnDataMgr {
 
   int RunCheck(const KEYS* keys, const T_UNIT_INDEX& userUnits);
   int CheckElements(const KEYS& keys, const LCOMBS& lcombs, const T_UNIT_INDEX& userUnits);
+  int RunReport(const KEYS* keys, const CString& path, const T_UNIT_INDEX& userUnits);
+  int GetRunKeys(const KEYS* keys, KEYS& elems, LCOMBS& lcombs);
+  int ReadGoverning(UINT elem, T_RALU_D& record);
+  void ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type);
   int BuildMemb(UINT elem, UINT displayKey, ALU_DGN_MEMB& memb) const;
   int FillFromChain(const CArrayEx<UINT>& elems, ALU_DGN_MEMB& memb) const;
   int FillFromElement(UINT elem, ALU_DGN_MEMB& memb) const;

@@ -99,6 +99,9 @@ class Tool : public IAluDgnTool, public CViewCtrl, public CUnitCtrl, public CSec
   void GetAllSelectedElem(CArray<UINT>&) const override {}
   T_UNIT_INDEX GetUnitIndexCurrent() const override { return units; }
   void SetUnitIndexCurrent(const T_UNIT_INDEX& index, int) override { units = index; }
+  CString GetUnitSystemLength() const override { return L"mm"; }
+  CString GetUnitSystemForce() const override { return L"N"; }
+  double ConvertTgtUnitData2CurUnit(int, int, int, double value) const override { return value; }
   int CalcWarpingFuncion(const T_SECT_DESIGN_D&, T_WARPING_D&, int, int, int, double) override {
     return 0;
   }
@@ -150,6 +153,10 @@ class TinyHost : public host::HostServices {
   int ShowMessageBox(const CString&, UINT) override { return 1; }
   void DisplayAnalString(const CString&, int) override {}
   void SaveHistory(const CString&, int, void*) override {}
+  CString FileNameWithNewExt(const CString& extension) override {
+    return CString(L"tiny") + extension;
+  }
+  int RunTextEditor(const CString&, const CString&) override { return 0; }
   int IsReleaseAssert() override { return 0; }
   void ReleaseAssertion(const wchar_t*, int) override {}
 

@@ -204,7 +204,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         BadModel{"UnknownKindOfCase", R"("name": "DL")", R"("name": "DL", "kind": "dead")",
                  R"(/load_cases/0/kind: found "dead", must be one of static, seismic_static, )"
-                 "response_spectrum, time_history, settlement"},
+                 "response_spectrum, eccentric_spectrum, time_history, moving, settlement, crane"},
         BadModel{"UnknownKindOfCombination", R"("number": 2, "terms")",
                  R"("number": 2, "kind": "srss", "terms")",
                  R"(/combinations/1/kind: found "srss", must be one of linear, envelope)"},

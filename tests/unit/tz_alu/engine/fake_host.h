@@ -22,6 +22,8 @@ class FakeHost : public host::HostServices {
   int ShowMessageBox(const CString&, UINT) override { return 1; }
   void DisplayAnalString(const CString&, int) override {}
   void SaveHistory(const CString&, int, void*) override {}
+  CString FileNameWithNewExt(const CString& extension) override { return extension; }
+  int RunTextEditor(const CString&, const CString&) override { return 0; }
   int IsReleaseAssert() override { return assertionsOn; }
   void ReleaseAssertion(const wchar_t* source, int line) override {
     assertions.emplace_back(source, line);

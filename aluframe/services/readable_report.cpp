@@ -1,0 +1,119 @@
+#include "aluframe/services/readable_report.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "aluframe/services/text.h"
+#include "tz_alu/report/report_literals.h"
+
+namespace aluframe::services {
+
+namespace {
+
+/// A conversion between character sets.
+class Converter {
+ public:
+  Converter(const std::string& to, const std::string& from)
+      : descriptor_(iconv_open(to.c_str(), from.c_str())), from_(from) {
+    if (descriptor_ == reinterpret_cast<iconv_t>(-1)) {
+      throw std::runtime_error("no conversion from " + from + " to " + to);
+    }
+  }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+  ~Converter() { iconv_close(descriptor_); }
+
+  std::string operator()(std::string text) {
+    constexpr std::size_t longest_growth = 4;
+    std::string out(text.size() * longest_growth, '\0');
+    char* in = text.data();
+    std::size_t in_left = text.size();
+    char* end = out.data();
+    std::size_t out_left = out.size();
+    if (iconv(descriptor_, &in, &in_left, &end, &out_left) == static_cast<std::size_t>(-1)) {
+      throw std::runtime_error("holds bytes that are not " + from_);
+    }
+    out.resize(out.size() - out_left);
+    return out;
+  }
+
+ private:
+  iconv_t descriptor_;
+  std::string from_;
+};
+
+struct Replacement {
+  std::string stored;
+  std::string readable;
+};
+
+/// The stored texts, those that contain another one first.
+std::vector<Replacement> make_replacements() {
+  using namespace alu_report;
+  Converter to_stored("CP949", "UTF-8");
+  Converter to_readable("UTF-8", "GBK");
+  std::vector<Replacement> all;
+  for (const wchar_t* text :
+       {kCombinationsTitle, kStabilityYTitle, kStabilityZTitle, kShearYTitle, kShearZTitle,
+        kStabilityTitle, kStrengthTitle, kSlendernessTitle, kInPlaneText, kOutOfPlaneText,
+        kShearYText, kShearZText, kCompressedText, kPulledText, kDash, kSeismicFactor}) {
+    std::string stored = to_utf8(text);
+    std::string readable = to_readable(to_stored(stored));
+    all.push_back({std::move(stored), std::move(readable)});
+  }
+  return all;
+}
+
+void replace_all(std::string& text, const Replacement& what) {
+  for (std::size_t at = text.find(what.stored); at != std::string::npos;
+       at = text.find(what.stored, at + what.readable.size())) {
+    text.replace(at, what.stored.size(), what.readable);
+  }
+}
+
+std::string read_file(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file)
+    throw std::runtime_error("cannot be opened: " + std::generic_category().message(errno));
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void write_file(const std::filesystem::path& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary);
+  file << text << std::flush;
+  if (!file)
+    throw std::runtime_error("cannot be written: " + std::generic_category().message(errno));
+}
+
+template <class Action>
+auto about(const std::filesystem::path& path, Action action) {
+  try {
+    return action();
+  } catch (const std::exception& error) {
+    throw std::runtime_error(path.string() + ": " + error.what());
+  }
+}
+
+}  // namespace
+
+std::string readable_text(std::string utf8) {
+  static const std::vector<Replacement> replacements = make_replacements();
+  for (const Replacement& replacement : replacements) replace_all(utf8, replacement);
+  return utf8;
+}
+
+void write_readable_report(const std::filesystem::path& report, const std::string& charset,
+                           const std::filesystem::path& readable) {
+  std::string text = about(report, [&] { return Converter("UTF-8", charset)(read_file(report)); });
+  about(readable, [&] { write_file(readable, readable_text(std::move(text))); });
+}
+
+}  // namespace aluframe::services

@@ -1,0 +1,80 @@
+#include "aluframe/services/report_file.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace aluframe::services {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// More than a file system may still find room for in the last block of a file.
+constexpr std::size_t probe_bytes = std::size_t{1} << 16;
+
+constexpr std::string_view member_text = "  MEMBER NO = ";
+
+std::string reason_of(int error) {
+  return std::generic_category().message(error);
+}
+
+struct Close {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Close>;
+
+/// Writes some bytes behind the end. @return 0 or the error number
+int append_probe(const fs::path& path) {
+  errno = 0;
+  File file(std::fopen(path.c_str(), "ab"));
+  if (!file) return errno;
+  const std::string probe(probe_bytes, ' ');
+  const bool written = std::fwrite(probe.data(), 1, probe.size(), file.get()) == probe.size() &&
+                       std::fflush(file.get()) == 0;
+  return written ? 0 : errno;
+}
+
+}  // namespace
+
+std::optional<std::string> report_problem(const fs::path& path) {
+  if (fs::is_directory(path)) return path.string() + ": is a folder";
+  const bool existed = fs::exists(path);
+  errno = 0;
+  File file(std::fopen(path.c_str(), "ab"));
+  if (!file) return path.string() + ": cannot be written: " + reason_of(errno);
+  file.reset();
+  std::error_code ignored;
+  if (!existed) fs::remove(path, ignored);
+  return std::nullopt;
+}
+
+std::optional<std::string> incomplete_report_problem(const fs::path& path) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(path, error);
+  if (error) return path.string() + ": cannot be read: " + error.message();
+  const int failed = append_probe(path);
+  fs::resize_file(path, size, error);
+  if (error) return path.string() + ": cannot be cut: " + error.message();
+  if (failed == 0) return std::nullopt;
+  return path.string() + ": the report is incomplete: " + reason_of(failed) +
+         "; what it holds is as written";
+}
+
+std::vector<std::uint32_t> reported_elements(const fs::path& path) {
+  std::vector<std::uint32_t> numbers;
+  std::ifstream file(path, std::ios::binary);
+  for (std::string line; std::getline(file, line);) {
+    if (!line.starts_with(member_text)) continue;
+    std::uint32_t number = 0;
+    std::from_chars(line.data() + member_text.size(), line.data() + line.size(), number);
+    numbers.push_back(number);
+  }
+  return numbers;
+}
+
+}  // namespace aluframe::services

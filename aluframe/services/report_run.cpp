@@ -1,0 +1,71 @@
+#include "aluframe/services/report_run.h"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+#include <utility>
+
+#include "aluframe/services/binding.h"
+#include "aluframe/services/report_file.h"
+#include "tz_alu/manager/dgnaludatamgr.h"
+
+namespace aluframe::services {
+
+namespace {
+
+/// The module finds an element without stored results inconsistent; here it is an everyday case,
+/// told as `checked_now`.
+constexpr const char* no_stored_result = "dgnaludatamgr:349";
+
+ReportSummary failed(std::string text) {
+  ReportSummary summary;
+  summary.failure = std::move(text);
+  return summary;
+}
+
+void sort_elements(Session& session, const std::filesystem::path& path, ReportSummary& summary) {
+  std::vector<std::uint32_t> wanted = session.monitor().elements();
+  summary.reported = reported_elements(path);
+  std::vector<std::uint32_t> reported = summary.reported;
+  std::ranges::sort(wanted);
+  std::ranges::sort(reported);
+  std::ranges::set_difference(wanted, reported, std::back_inserter(summary.not_reported));
+  std::ranges::set_intersection(session.manager().added(), reported,
+                                std::back_inserter(summary.checked_now));
+}
+
+ReportSummary write_report(Session& session, const std::filesystem::path& path) {
+  const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, path.wstring()) != 0;
+  session.manager().close_stored_results();
+  if (const auto& failure = session.monitor().failure()) return failed(*failure);
+  ReportSummary summary;
+  if (!done) {
+    summary.outcome = session.had_message() ? RunOutcome::nothing_to_check : RunOutcome::failed;
+    summary.failure = "the design module ended the report early";
+    return summary;
+  }
+  if (auto problem = incomplete_report_problem(path)) return failed(std::move(*problem));
+  summary.outcome = RunOutcome::complete;
+  sort_elements(session, path, summary);
+  return summary;
+}
+
+}  // namespace
+
+ReportSummary run_report(const model::Model& model, SessionOptions options,
+                         const std::filesystem::path& path) {
+  if (auto problem = report_problem(path)) return failed(std::move(*problem));
+  Session session(model, std::move(options));
+  const Binding binding(session);
+  try {
+    session.manager().use_stored_results();
+    ReportSummary summary = write_report(session, path);
+    summary.assertions = session.monitor().assertions();
+    summary.assertions.erase(no_stored_result);
+    return summary;
+  } catch (const std::exception& error) {
+    return failed(error.what());
+  }
+}
+
+}  // namespace aluframe::services

@@ -1,0 +1,146 @@
+#include "apps/cli/report_command.h"
+
+#include <fmt/format.h>
+
+#include <exception>
+#include <variant>
+
+#include "aluframe/services/readable_report.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/number_ranges.h"
+#include "apps/cli/run_input.h"
+#include "apps/cli/terminal.h"
+#include "apps/cli/text_editor.h"
+#include "apps/cli/user_locale.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path beside_model(const fs::path& model, const char* extension) {
+  return fs::path(model).replace_extension(extension);
+}
+
+struct Files {
+  fs::path results;
+  fs::path report;
+};
+
+Files files_of(const ReportOptions& options) {
+  return {options.results.value_or(result_path_of(options.model)),
+          options.output.value_or(beside_model(options.model, ".alu"))};
+}
+
+bool is_same_file(const fs::path& a, const fs::path& b) {
+  std::error_code error;
+  return fs::equivalent(a, b, error) ||
+         fs::absolute(a).lexically_normal() == fs::absolute(b).lexically_normal();
+}
+
+/// What would be overwritten that the user cannot mean, or nothing.
+std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
+  const auto is_input = [&](const fs::path& path) {
+    return is_same_file(path, options.model) || is_same_file(path, files.results) ||
+           (options.forces && is_same_file(path, *options.forces));
+  };
+  if (is_input(files.report)) return files.report.string() + ": would be overwritten by the report";
+  if (!options.readable) return std::nullopt;
+  if (is_input(*options.readable) || is_same_file(*options.readable, files.report)) {
+    return options.readable->string() + ": would be overwritten by the readable copy";
+  }
+  return std::nullopt;
+}
+
+services::SessionOptions session_options(const ReportOptions& options, const Files& files,
+                                         const UnitPair& units) {
+  services::SessionOptions session;
+  session.result_path = files.results;
+  session.language = options.language;
+  session.message = print_message;
+  session.units = T_UNIT_INDEX{static_cast<int>(units.first), static_cast<int>(units.second)};
+  return session;
+}
+
+void print_summary(const services::ReportSummary& summary, const Files& files) {
+  fmt::print("Report of {} element{}: {}\n", summary.reported.size(),
+             summary.reported.size() == 1 ? "" : "s", files.report.string());
+  if (!summary.checked_now.empty()) {
+    print_message(fmt::format("checked for the report and added to {}: element {}",
+                              files.results.string(), join_as_ranges(summary.checked_now)));
+  }
+  if (!summary.not_reported.empty()) {
+    print_message(fmt::format("without results: element {}", join_as_ranges(summary.not_reported)));
+  }
+}
+
+int exit_status(const services::ReportSummary& summary) {
+  switch (summary.outcome) {
+    case services::RunOutcome::complete:
+      return summary.reported.empty() ? exit_failure : exit_done;
+    case services::RunOutcome::nothing_to_check:
+      return exit_input_error;
+    default:
+      print_message("the report failed: " + summary.failure);
+      return exit_failure;
+  }
+}
+
+/// What follows a report that was written. @return the exit status
+int finish(const ReportOptions& options, const Files& files) {
+  if (options.readable) {
+    services::write_readable_report(files.report, user_charset(), *options.readable);
+    fmt::print("Readable copy: {}\n", options.readable->string());
+  }
+  if (!options.open) return exit_done;
+  const auto problem = open_in_editor(files.report);
+  if (!problem) return exit_done;
+  print_message(*problem);
+  return exit_failure;
+}
+
+int run(const ReportOptions& options, const model::Model& model, services::SessionOptions session) {
+  const Files files = files_of(options);
+  const services::ReportSummary summary =
+      services::run_report(model, std::move(session), files.report);
+  if (summary.outcome == services::RunOutcome::complete) print_summary(summary, files);
+  for (const auto& [place, count] : summary.assertions) {
+    print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
+  }
+  const int status = exit_status(summary);
+  return status == exit_done ? finish(options, files) : status;
+}
+
+/// Everything that is wrong with the input, or the model and what to do with it.
+std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
+  const Files files = files_of(options);
+  const auto units = parse_unit_pair(options.units);
+  if (const auto* text = std::get_if<std::string>(&units)) return "--units: " + *text;
+  if (const auto problem = overwriting_problem(options, files)) return *problem;
+  const auto loaded = load_model(options.model, options.forces);
+  if (const auto* text = std::get_if<std::string>(&loaded)) return *text;
+  const auto& model = std::get<model::Model>(loaded);
+  auto session = session_options(options, files, std::get<UnitPair>(units));
+  if (const auto problem = limit(model, options.common, session)) {
+    return options.model.string() + ": " + *problem;
+  }
+  return run(options, model, std::move(session));
+}
+
+}  // namespace
+
+int run_report_command(const ReportOptions& options) {
+  prepare_user_locale();
+  try {
+    const auto done = prepare_and_run(options);
+    if (const auto* status = std::get_if<int>(&done)) return *status;
+    print_message(std::get<std::string>(done));
+    return exit_input_error;
+  } catch (const std::exception& error) {
+    print_message(error.what());
+    return exit_failure;
+  }
+}
+
+}  // namespace aluframe::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "aluframe/services/report_run.h"
+#include "apps/cli/common_options.h"
+
+namespace aluframe::cli {
+
+struct ReportOptions {
+  std::filesystem::path model;
+  CommonOptions common;
+  std::optional<std::filesystem::path> forces;    ///< CSV in place of the model's forces
+  std::optional<std::filesystem::path> results;   ///< result file; beside the model when not given
+  std::optional<std::filesystem::path> output;    ///< report; beside the model when not given
+  std::optional<std::filesystem::path> readable;  ///< copy in UTF-8
+  std::string units = "N,mm";
+  services::Language language = services::Language::english;
+  bool open = false;  ///< in the user's editor
+};
+
+/// Writes the calculation report of a model and says where it is.
+/// @return the exit status
+int run_report_command(const ReportOptions& options);
+
+}  // namespace aluframe::cli

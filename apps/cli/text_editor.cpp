@@ -1,0 +1,47 @@
+#include "apps/cli/text_editor.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <system_error>
+
+extern "C" char** environ;
+
+namespace aluframe::cli {
+
+namespace {
+
+const char* editor_command() {
+  for (const char* name : {"VISUAL", "EDITOR"}) {
+    const char* command = std::getenv(name);
+    if (command != nullptr && *command != '\0') return command;
+  }
+  return nullptr;
+}
+
+/// Runs a command of the shell with the file as its last argument. @return the shell's status, or
+/// -1 when it could not be started
+int run(std::string command, std::string file) {
+  command += " \"$1\"";
+  std::string shell = "sh";
+  std::string option = "-c";
+  std::string name = "editor";
+  char* const arguments[] = {shell.data(), option.data(), command.data(),
+                             name.data(),  file.data(),   nullptr};
+  pid_t process = 0;
+  if (posix_spawn(&process, "/bin/sh", nullptr, nullptr, arguments, environ) != 0) return -1;
+  int status = 0;
+  return waitpid(process, &status, 0) == process ? status : -1;
+}
+
+}  // namespace
+
+std::optional<std::string> open_in_editor(const std::filesystem::path& file) {
+  const char* command = editor_command();
+  if (command == nullptr) return "--open: set VISUAL or EDITOR to a text editor";
+  if (run(command, file.string()) == 0) return std::nullopt;
+  return std::string("--open: the editor ended with an error: ") + command;
+}
+
+}  // namespace aluframe::cli

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace aluframe::cli {
+
+/// Opens a file in the editor that the environment names, VISUAL before EDITOR, and waits for its
+/// end. @return a message when there is none or it failed
+std::optional<std::string> open_in_editor(const std::filesystem::path& file);
+
+}  // namespace aluframe::cli

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <locale>
+
+namespace alu_report {
+
+/// The user's default locale, by which the report's characters become bytes. When the environment
+/// names one that the machine does not have, UTF-8; the host's history then says so once.
+std::locale UserLocale();
+
+}  // namespace alu_report
