@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/framework/cstring.h"
+#include "host/framework/toolkit.h"
 #include "host/framework/types.h"
 #include "host/host_api.h"
 #include "host/tz_db/services.h"
@@ -35,6 +36,13 @@ class HostServices {
   virtual CString FileNameWithNewExt(const CString& extension) = 0;
   /// Shows a text file to the user. @return nonzero when that succeeded
   virtual int RunTextEditor(const CString& path, const CString& title) = 0;
+
+  /// Design codes by their internal names, and the names that the user sees.
+  virtual void AluCodeNames(CArray<CString>& /*out*/) {}
+  virtual CString ShownCodeName(const CString& internal) { return internal; }
+  virtual CString InternalCodeName(const CString& shown) { return shown; }
+  /// What draws dialogs; null: nobody can see one.
+  virtual Toolkit* DialogToolkit() { return nullptr; }
 
   virtual int IsReleaseAssert() = 0;
   virtual void ReleaseAssertion(const wchar_t* source, int line) = 0;

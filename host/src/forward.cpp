@@ -43,6 +43,22 @@ int CDBLib::RunTextEditor(const CString& path, const CString& title, int /*mode*
   return host::Bound().RunTextEditor(path, title);
 }
 
+void CDBLib::GetAluCodeNameList(CArray<CString>& names, CArray<int>* indices) {
+  names.RemoveAll();
+  host::Bound().AluCodeNames(names);
+  if (indices == nullptr) return;
+  indices->RemoveAll();
+  for (int i = 0; i < names.GetSize(); ++i) indices->Add(i);
+}
+
+CString CDBLib::ViewConvertCodeName(const CString& internal) {
+  return host::Bound().ShownCodeName(internal);
+}
+
+CString CDBLib::GetConvertCodeName(const CString& shown) {
+  return host::Bound().InternalCodeName(shown);
+}
+
 int CAppBase::IsReleaseAssert_ST() {
   return host::Bound().IsReleaseAssert();
 }
@@ -53,4 +69,19 @@ void CAppBase::ReleaseAssertion_ST(const wchar_t* source, int line) {
 
 CString zel::lib::MMSGFunction::GetValue(const CString& key) {
   return host::Bound().MessageText(key);
+}
+
+CDataCtrl& CDBDoc::GetDataCtrl() {
+  static CDataCtrl none;
+  return none;
+}
+
+CInitCtrl& CDBDoc::GetInitCtrl() {
+  static CInitCtrl none;
+  return none;
+}
+
+CMatlDB& CDBDoc::GetMatlDB() {
+  static CMatlDB none;
+  return none;
 }

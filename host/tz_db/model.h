@@ -74,7 +74,8 @@ struct T_WARPING_D {
 
 /// A material as designed. Strengths and E in N/mm² when the current units are N and mm.
 struct T_MATD_D {
-  CString strStandard;     ///< name of the standard that the grade belongs to
+  CString strName;         ///< name that the user sees
+  CString strStandard;     ///< standard that the grade belongs to; empty for values of the user
   CString strGrade;        ///< alloy and temper, such as "6061-T6"
   double dElast = 0.0;     ///< elastic modulus E
   double dPoisson = 0.0;   ///< Poisson's ratio

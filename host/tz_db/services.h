@@ -9,6 +9,7 @@
 #include "host/tz_db/load_cases.h"
 #include "host/tz_db/model.h"
 #include "host/tz_db/ralu.h"
+#include "host/tz_db/settings_services.h"
 
 // Services of the host's model and result libraries. Operations that fill a record return nonzero
 // when the host has it; then and only then the record is filled. A service may throw any
@@ -50,6 +51,11 @@ class CAttrCtrl {
   virtual int GetCmft(UINT elem, T_CMFT_D& out) const = 0;
   virtual int GetKfac(UINT elem, T_KFAC_D& out) const = 0;
   virtual int GetLtsr(UINT elem, T_LTSR_D& out) const = 0;
+
+  /// Nonzero when the model has design settings.
+  virtual int ExistDalu() const { return 0; }
+  /// Keys of the model's materials in its order. @return their number
+  virtual int GetMatlKeyList(CArray<UINT>& /*out*/) const { return 0; }
 
   // Combinations and load cases, for the list in the report. A host answers 0, as here, for what it
   // does not have.
@@ -112,6 +118,8 @@ class CUnitCtrl {
   /// @param kind 1 a length, 2 a force
   virtual double ConvertTgtUnitData2CurUnit(int length, int force, int kind,
                                             double value) const = 0;
+  /// Text of a type of unit in the current units, such as "N/mm²" for a stress (17).
+  virtual CString GetUnitText(int /*type*/) const { return CString(); }
 };
 
 /// The aluminium design result store, and the element forces that design reads.
@@ -167,14 +175,20 @@ class IAluDgnTool {
   virtual int GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int kind, int option) const = 0;
   /// Seismic type of a combination, given by its key: 0 not seismic.
   virtual int Get_SesiType(UINT lcomb, const CDBDoc* doc, int kind) const = 0;
+  /// Nonzero when a material is an aluminium alloy.
+  virtual int IsAluMatl(UINT /*matl*/) const { return 0; }
+  /// The type of database that holds the aluminium alloys.
+  virtual int GetDgnAluMatlDBType() const { return 0; }
+  /// Nonzero for a standard whose alloys GB 50429-2007 designs.
+  virtual int IsAluMatlCode_CH(const CString& /*code*/) const { return 0; }
 };
 
 /// The host's document: the way to all services of the model.
-class CDBDoc {
+class HOST_API CDBDoc {
  public:
   virtual ~CDBDoc() = default;
   /// The bound host's current document; null when none is open.
-  HOST_API static CDBDoc* GetDocPoint();
+  static CDBDoc* GetDocPoint();
 
   virtual CAttrCtrl& GetAttrCtrl() = 0;
   virtual CAttrCtrl2& GetAttrCtrl2() = 0;
@@ -184,6 +198,10 @@ class CDBDoc {
   virtual CUnitCtrl& GetUnitCtrl() = 0;
   virtual CSectDB& GetSectDB() = 0;
   virtual IAluDgnTool& GetAluDgnTool() = 0;
+  // A host without settings dialogs leaves these: their objects offer nothing.
+  virtual CDataCtrl& GetDataCtrl();
+  virtual CInitCtrl& GetInitCtrl();
+  virtual CMatlDB& GetMatlDB();
 
   /// Length of an element between its nodes.
   virtual double calcLAVElem(const T_ELEM_D& elem) const = 0;
@@ -191,9 +209,17 @@ class CDBDoc {
   virtual bool IsRegTestMode() const = 0;
 };
 
-/// Helpers around files.
+/// Helpers around files and design codes.
 class CDBLib {
  public:
+  /// Internal names of the design codes that the host knows, in its order.
+  /// @param indices receives the codes' numbers; null: not wanted
+  HOST_API static void GetAluCodeNameList(CArray<CString>& names, CArray<int>* indices = nullptr);
+  /// Name that the user sees of a code's internal name; an unknown name stays as it is.
+  HOST_API static CString ViewConvertCodeName(const CString& internal);
+  /// Internal name of a code's shown name; an unknown name stays as it is.
+  HOST_API static CString GetConvertCodeName(const CString& shown);
+
   /// Path of the document's file with another extension, such as L".alu".
   HOST_API static CString MakeFileNameWithNewExt(const CString& extension, int option);
   /// Shows a text file to the user.
