@@ -95,6 +95,9 @@ void DesignManager::use_stored_results() {
   uses_stored_ = true;
   if (!std::filesystem::exists(result_path_)) return;
   stored_ = store::ResultReader::open(result_path_);
+  if (const auto difference = store::difference_of_runs(stored_->info(), info_)) {
+    throw std::runtime_error(result_path_.string() + ": " + *difference);
+  }
   stored_state_ = stored_->state();
 }
 

@@ -43,7 +43,8 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   int GetStld(UINT number, T_STLD_D& out) const override;
 
   /// Reads results from the result file of an earlier run, if there is one; records that are
-  /// written are added to it. @throws std::runtime_error with the path and the reason
+  /// written are added to it. @throws std::runtime_error with the path and the reason when it
+  /// cannot be read or holds those of a different run
   void use_stored_results();
   /// Ends what `use_stored_results` began. @throws std::runtime_error
   void close_stored_results();

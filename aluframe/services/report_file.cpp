@@ -39,7 +39,18 @@ int append_probe(const fs::path& path) {
   return written ? 0 : errno;
 }
 
+/// The path in full, however it is written.
+fs::path full(const fs::path& path) {
+  std::error_code error;
+  return fs::absolute(path, error).lexically_normal();
+}
+
 }  // namespace
+
+bool is_same_file(const fs::path& a, const fs::path& b) {
+  std::error_code error;
+  return fs::equivalent(a, b, error) || full(a) == full(b);
+}
 
 std::optional<std::string> report_problem(const fs::path& path) {
   if (fs::is_directory(path)) return path.string() + ": is a folder";
@@ -49,7 +60,7 @@ std::optional<std::string> report_problem(const fs::path& path) {
   if (!file) return path.string() + ": cannot be written: " + reason_of(errno);
   file.reset();
   std::error_code ignored;
-  if (!existed) fs::remove(path, ignored);
+  if (!existed) fs::remove(fs::canonical(path, ignored), ignored);  // a link stays
   return std::nullopt;
 }
 

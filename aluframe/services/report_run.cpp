@@ -7,6 +7,7 @@
 
 #include "aluframe/services/binding.h"
 #include "aluframe/services/report_file.h"
+#include "aluframe/services/text.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
 namespace aluframe::services {
@@ -35,7 +36,7 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
 }
 
 ReportSummary write_report(Session& session, const std::filesystem::path& path) {
-  const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, path.wstring()) != 0;
+  const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
   session.manager().close_stored_results();
   if (const auto& failure = session.monitor().failure()) return failed(*failure);
   ReportSummary summary;
@@ -54,6 +55,12 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path) 
 
 ReportSummary run_report(const model::Model& model, SessionOptions options,
                          const std::filesystem::path& path) {
+  if (is_same_file(path, options.result_path)) {
+    return failed(path.string() + ": holds the results, which the report would overwrite");
+  }
+  if (to_utf8(to_wide(path.string())) != path.string()) {
+    return failed(path.string() + ": is not UTF-8, as the names of reports must be");
+  }
   if (auto problem = report_problem(path)) return failed(std::move(*problem));
   Session session(model, std::move(options));
   const Binding binding(session);

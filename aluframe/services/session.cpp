@@ -102,12 +102,12 @@ void Session::SaveHistory(const CString& text, int, void*) {
 
 CString Session::FileNameWithNewExt(const CString& extension) {
   std::filesystem::path path = options_.result_path;
-  return path.replace_extension(extension.GetString()).wstring();
+  return to_wide(path.replace_extension(to_utf8(extension)).string());
 }
 
 int Session::RunTextEditor(const CString& path, const CString& title) {
   if (!options_.open_text) return 0;
-  const std::filesystem::path file = path.GetString();
+  const std::filesystem::path file = to_utf8(path);
   return options_.open_text(file, to_utf8(title)) ? 1 : 0;
 }
 

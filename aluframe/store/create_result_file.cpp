@@ -1,4 +1,5 @@
 #include <optional>
+#include <stdexcept>
 
 #include "aluframe/store/database.h"
 #include "aluframe/store/new_file.h"
@@ -29,12 +30,18 @@ void lay_out_file(const fs::path& path, const RunInfo& info) {
   lay_out(database, info);
 }
 
-/// Fails unless the file is a result file that can be written and that no other run is writing.
+/// Fails unless the file is a result file that can be written, that no other run is writing, and
+/// whose run may be this one.
 void prepare_for_more(const fs::path& path, const RunInfo& info) {
   {
     const OldFileLock can_be_written(path);
   }
-  open_for_reading(path);  // of this format version
+  {
+    SQLite::Database stored = open_for_reading(path);  // of this format version
+    if (const auto difference = difference_of_runs(load_info(stored), info)) {
+      throw std::runtime_error(*difference);
+    }
+  }
   SQLite::Database database = open_for_writing(path);
   add_combinations(database, info);
 }

@@ -30,6 +30,10 @@ struct RunInfo {
   std::vector<CombinationRow> combinations;
 };
 
+/// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,
+/// or a combination of both has changed its name, sides or seismic type. Nothing when they may be.
+std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted);
+
 /// Something that the run could not check.
 struct NotChecked {
   std::uint32_t element = 0;
@@ -63,7 +67,8 @@ class ResultWriter {
   /// Opens the existing result file of a run to add elements to it or to replace some. The run
   /// keeps its state until `finish`; combinations of `info` that the file lacks are added.
   /// @throws std::runtime_error with the path and the reason when it is missing, no result file, of
-  ///   another version, write-protected, or being written by another run
+  ///   another version or a different run (`difference_of_runs`), write-protected, or being written
+  ///   by another run
   static std::unique_ptr<ResultWriter> reopen(const std::filesystem::path& path,
                                               const RunInfo& info);
   virtual ~ResultWriter() = default;

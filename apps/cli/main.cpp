@@ -48,15 +48,15 @@ auto one_of(Parse parse, const std::string& allowed) {
   };
 }
 
-void add_elements_and_combinations(CLI::App& app, CommonOptions& common) {
+void add_elements(CLI::App& app, CommonOptions& common) {
   add_parsed(app, "--elements", common.elements, ranges_or_throw,
              "Only these elements, such as 1,3,10-20");
-  add_parsed(app, "--combinations", common.combinations, ranges_or_throw,
-             "Only these combinations, such as 1,3,10-20");
 }
 
 void add_common(CLI::App& app, CommonOptions& common) {
-  add_elements_and_combinations(app, common);
+  add_elements(app, common);
+  add_parsed(app, "--combinations", common.combinations, ranges_or_throw,
+             "Only these combinations, such as 1,3,10-20");
   add_parsed(app, "--format", common.format, one_of(parse_format, "table, json, csv"),
              "How to print: table, json or csv");
 }
@@ -135,7 +135,7 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   report->add_option("MODEL", options.model, "Model file")->required()->type_name("");
   report->add_option("--forces", options.forces, "Element forces (CSV) in place of the model's")
       ->type_name("FILE");
-  add_elements_and_combinations(*report, options.common);
+  add_elements(*report, options.common);
   report->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
   report->add_option("--output", options.output, "Report (.alu); beside the model when not given")

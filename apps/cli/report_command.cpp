@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "aluframe/services/readable_report.h"
+#include "aluframe/services/report_file.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/run_input.h"
@@ -33,21 +34,16 @@ Files files_of(const ReportOptions& options) {
           options.output.value_or(beside_model(options.model, ".alu"))};
 }
 
-bool is_same_file(const fs::path& a, const fs::path& b) {
-  std::error_code error;
-  return fs::equivalent(a, b, error) ||
-         fs::absolute(a).lexically_normal() == fs::absolute(b).lexically_normal();
-}
-
 /// What would be overwritten that the user cannot mean, or nothing.
 std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
   const auto is_input = [&](const fs::path& path) {
-    return is_same_file(path, options.model) || is_same_file(path, files.results) ||
-           (options.forces && is_same_file(path, *options.forces));
+    return services::is_same_file(path, options.model) ||
+           services::is_same_file(path, files.results) ||
+           (options.forces && services::is_same_file(path, *options.forces));
   };
   if (is_input(files.report)) return files.report.string() + ": would be overwritten by the report";
   if (!options.readable) return std::nullopt;
-  if (is_input(*options.readable) || is_same_file(*options.readable, files.report)) {
+  if (is_input(*options.readable) || services::is_same_file(*options.readable, files.report)) {
     return options.readable->string() + ": would be overwritten by the readable copy";
   }
   return std::nullopt;
@@ -87,6 +83,13 @@ int exit_status(const services::ReportSummary& summary) {
   }
 }
 
+/// Says what the user should know of the stored results that the report goes by, if there are any.
+void warn_about_stored(const ReportOptions& options, const Files& files) {
+  if (!fs::exists(files.results)) return;
+  const auto reader = store::ResultReader::open(files.results);
+  warn_about_results(options.model, files.results, reader->state());
+}
+
 /// What follows a report that was written. @return the exit status
 int finish(const ReportOptions& options, const Files& files) {
   if (options.readable) {
@@ -102,6 +105,7 @@ int finish(const ReportOptions& options, const Files& files) {
 
 int run(const ReportOptions& options, const model::Model& model, services::SessionOptions session) {
   const Files files = files_of(options);
+  warn_about_stored(options, files);
   const services::ReportSummary summary =
       services::run_report(model, std::move(session), files.report);
   if (summary.outcome == services::RunOutcome::complete) print_summary(summary, files);

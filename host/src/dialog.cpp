@@ -12,7 +12,8 @@ namespace {
 
 std::wstring WideText(const std::string& utf8) {
   try {
-    return std::filesystem::path(utf8).wstring();
+    const std::u32string codes = std::filesystem::path(utf8).u32string();
+    return {codes.begin(), codes.end()};
   } catch (const std::exception&) {
     return {utf8.begin(), utf8.end()};
   }

@@ -5,6 +5,7 @@
 namespace test_support {
 
 int FakeAttributes::GetLcom(int kind, UINT number, T_LCOM_D& out) const {
+  log_.combination_reads.emplace_back(kind, number);
   if (kind != kAluDesignKind && kind != 2) return 0;
   const auto found = model_.combination_records.find(number);
   if (found == model_.combination_records.end()) return 0;

@@ -57,6 +57,7 @@ struct HostLog {
 
   std::vector<WrittenRecord> written;
   std::vector<ForceKey> force_reads;
+  std::vector<std::pair<int, UINT>> combination_reads;  ///< kind and number
   std::vector<ShownMessage> messages;
   std::vector<std::wstring> history;
   std::vector<std::wstring> status_lines;

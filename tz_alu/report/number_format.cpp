@@ -61,6 +61,11 @@ std::wstring FormatInteger(long long value, std::size_t width) {
   return PadLeft(std::to_wstring(value), width);
 }
 
+std::wstring FormatGeneral(double value) {
+  constexpr int kDigits = 6;
+  return Digits(value, std::chars_format::general, kDigits);
+}
+
 std::wstring FormatFixed(double value, int decimals) {
   return Digits(value, std::chars_format::fixed, decimals);
 }

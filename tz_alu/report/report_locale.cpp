@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <mutex>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "host/tz_base/tz_base.h"
 
@@ -28,15 +30,39 @@ void WarnOnce() {
   });
 }
 
-}  // namespace
-
-std::locale UserLocale() {
+std::locale LocaleOfEnvironment() {
   try {
     return std::locale("");
   } catch (const std::runtime_error&) {
     WarnOnce();
     return Utf8();
   }
+}
+
+// What of the environment decides on the locale.
+std::string EnvironmentOfLocale() {
+  std::string values;
+  for (const char* name : {"LC_ALL", "LC_COLLATE", "LC_CTYPE", "LC_MESSAGES", "LC_MONETARY",
+                           "LC_NUMERIC", "LC_TIME", "LANG", "LOCPATH"}) {
+    const char* value = std::getenv(name);
+    if (value != nullptr) values += value;
+    values += '\n';
+  }
+  return values;
+}
+
+}  // namespace
+
+// Making a locale costs more than writing a block, so it is made once for an environment.
+std::locale UserLocale() {
+  static std::string known;
+  static std::locale locale;
+  std::string environment = EnvironmentOfLocale();
+  if (environment != known) {
+    locale = LocaleOfEnvironment();
+    known = std::move(environment);
+  }
+  return locale;
 }
 
 }  // namespace alu_report

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <fstream>
 #include <locale>
 #include <ostream>
@@ -8,6 +7,7 @@
 
 #include "host/framework/cstring.h"
 #include "tz_alu/report/report_locale.h"
+#include "tz_alu/report/report_path.h"
 
 // The stream that the calculation report is written through: wide characters in, the multibyte
 // characters of the user's code page out.
@@ -42,7 +42,7 @@ class rptbasic_ofstream : public rptbasic_ostream<CHAR> {
     // Characters are converted from the first one on, so the buffer has its locale before it opens.
     this->init(&buffer_);
     this->imbue(alu_report::UserLocale());
-    if (buffer_.open(std::filesystem::path(path), mode | std::ios_base::out) == nullptr) {
+    if (buffer_.open(alu_report::FilePath(path), mode | std::ios_base::out) == nullptr) {
       this->setstate(std::ios_base::failbit);
     }
   }

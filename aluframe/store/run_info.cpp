@@ -1,0 +1,31 @@
+#include <algorithm>
+
+#include "aluframe/store/result_file.h"
+
+namespace aluframe::store {
+
+namespace {
+
+bool is_same_combination(const CombinationRow& a, const CombinationRow& b) {
+  return a.name == b.name && a.two_sides == b.two_sides && a.seismic == b.seismic;
+}
+
+}  // namespace
+
+std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted) {
+  if (stored.code != wanted.code) return "holds results of " + stored.code;
+  if (stored.model_title != wanted.model_title) {
+    return "holds results of the model \"" + stored.model_title + "\", not of \"" +
+           wanted.model_title + "\"";
+  }
+  for (const CombinationRow& combination : wanted.combinations) {
+    const auto found =
+        std::ranges::find(stored.combinations, combination.number, &CombinationRow::number);
+    if (found == stored.combinations.end() || is_same_combination(*found, combination)) continue;
+    return "holds results of another combination " + std::to_string(combination.number) +
+           "; check the model again";
+  }
+  return std::nullopt;
+}
+
+}  // namespace aluframe::store
