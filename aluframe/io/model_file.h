@@ -20,6 +20,11 @@ Result<model::Model> parse_model(std::string_view text, const std::string& name)
 /// forces to the last digit but one, where a unit's factor rounds).
 std::string write_model(const model::Model& model);
 
+/// 16 characters that tell any two states of a model and its forces apart (64-bit FNV-1a of what
+/// `write_model` gives, without the title, the description and the moving loads' code, which no
+/// result depends on).
+std::string model_digest(model::Model model);
+
 /// Reads element forces from CSV into the model, in place of those it has: a header line with the
 /// columns element, case, position (0..4), N, Fy, Fz, Mx, My, Mz in any order and any case, then
 /// one row per position, in the model's units. Every pair of element and case needs the rows 0 and

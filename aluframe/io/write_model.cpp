@@ -1,5 +1,7 @@
 #include <fmt/format.h>
 
+#include <cstdint>
+
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_file.h"
@@ -91,6 +93,19 @@ std::string write_model(const model::Model& model) {
   if (!model.combinations.empty()) text.list("combinations", model.combinations, combination_line);
   write_forces(text, model, scales);
   return std::move(text).close();
+}
+
+std::string model_digest(model::Model model) {
+  model.title.clear();
+  model.description.clear();
+  model.moving_load_code = 0;
+  constexpr std::uint64_t offset = 0xCBF29CE484222325;
+  constexpr std::uint64_t prime = 0x100000001B3;
+  std::uint64_t hash = offset;
+  for (const char byte : write_model(model)) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * prime;
+  }
+  return fmt::format("{:016x}", hash);
 }
 
 }  // namespace aluframe::io

@@ -79,6 +79,8 @@ int DesignManager::WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lco
 }
 
 int DesignManager::ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int) {
+  constexpr UINT governing = 0;
+  if (uses_stored_ && lcomb == governing) monitor_.start_element(elem);
   return noting_failure([&] {
     if (writer_ != nullptr) return writer_->read(elem, lcomb, minSide, record) ? 1 : 0;
     const std::optional<T_RALU_D> found = stored_record(elem, lcomb, minSide);
@@ -110,7 +112,11 @@ void DesignManager::start_adding() {
 
 void DesignManager::close_stored_results() {
   stored_.reset();
-  if (writer_ != nullptr) writer_->finish(stored_state_);
+  if (writer_ == nullptr) return;
+  for (const store::NotChecked& item : monitor_.not_checked()) {
+    writer_->add_not_checked(item);
+  }
+  writer_->finish(stored_state_);
 }
 
 int DesignManager::GetStld(UINT number, T_STLD_D& out) const {

@@ -18,6 +18,14 @@ namespace fs = std::filesystem;
 constexpr std::size_t probe_bytes = std::size_t{1} << 16;
 
 constexpr std::string_view member_text = "  MEMBER NO = ";
+constexpr std::string_view check_text = "  [[[*]]]   ";
+
+/// Number behind the text that a line begins with; 0 when there is none.
+std::uint32_t number_behind(const std::string& line, std::string_view text) {
+  std::uint32_t number = 0;
+  std::from_chars(line.data() + text.size(), line.data() + line.size(), number);
+  return number;
+}
 
 std::string reason_of(int error) {
   return std::generic_category().message(error);
@@ -53,39 +61,45 @@ bool is_same_file(const fs::path& a, const fs::path& b) {
 }
 
 std::optional<std::string> report_problem(const fs::path& path) {
-  if (fs::is_directory(path)) return path.string() + ": is a folder";
-  const bool existed = fs::exists(path);
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) return path.string() + ": is a folder";
+  const bool existed = fs::exists(path, ignored);
+  if (existed && !fs::is_regular_file(path, ignored))
+    return path.string() + ": is no ordinary file";
   errno = 0;
   File file(std::fopen(path.c_str(), "ab"));
   if (!file) return path.string() + ": cannot be written: " + reason_of(errno);
   file.reset();
-  std::error_code ignored;
   if (!existed) fs::remove(fs::canonical(path, ignored), ignored);  // a link stays
   return std::nullopt;
 }
 
-std::optional<std::string> incomplete_report_problem(const fs::path& path) {
+std::string incomplete_report_text(const fs::path& path, int lost_blocks) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(path, error);
   if (error) return path.string() + ": cannot be read: " + error.message();
   const int failed = append_probe(path);
   fs::resize_file(path, size, error);
-  if (error) return path.string() + ": cannot be cut: " + error.message();
-  if (failed == 0) return std::nullopt;
-  return path.string() + ": the report is incomplete: " + reason_of(failed) +
-         "; what it holds is as written";
+  const std::string reason =
+      failed != 0 ? reason_of(failed)
+                  : "a character that the environment's character set lacks, in " +
+                        std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
+  return path.string() + ": the report is incomplete: " + reason + "; what it holds is as written";
 }
 
-std::vector<std::uint32_t> reported_elements(const fs::path& path) {
-  std::vector<std::uint32_t> numbers;
+ReportedElements reported_elements(const fs::path& path) {
+  ReportedElements elements;
   std::ifstream file(path, std::ios::binary);
   for (std::string line; std::getline(file, line);) {
-    if (!line.starts_with(member_text)) continue;
-    std::uint32_t number = 0;
-    std::from_chars(line.data() + member_text.size(), line.data() + line.size(), number);
-    numbers.push_back(number);
+    if (line.starts_with(member_text)) {
+      elements.numbers.push_back(number_behind(line, member_text));
+      elements.without_checks.push_back(elements.numbers.back());
+    } else if (line.starts_with(check_text) && !elements.without_checks.empty() &&
+               elements.without_checks.back() == elements.numbers.back()) {
+      elements.without_checks.pop_back();
+    }
   }
-  return numbers;
+  return elements;
 }
 
 }  // namespace aluframe::services

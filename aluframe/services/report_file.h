@@ -14,11 +14,17 @@ bool is_same_file(const std::filesystem::path& a, const std::filesystem::path& b
 /// Why a report cannot be written there; nothing when it can. Leaves an existing file as it is.
 std::optional<std::string> report_problem(const std::filesystem::path& path);
 
-/// Why a report that was just written may lack its end, such as a full disk; nothing when the file
-/// still takes more.
-std::optional<std::string> incomplete_report_problem(const std::filesystem::path& path);
+/// Why a report lacks some of its text: the file takes no more, such as on a full disk, or else a
+/// character that the user's character set cannot represent.
+std::string incomplete_report_text(const std::filesystem::path& path, int lost_blocks);
 
-/// Numbers of the elements that a report has member blocks of, in order.
-std::vector<std::uint32_t> reported_elements(const std::filesystem::path& path);
+/// Elements by their numbers, in the order of the report.
+struct ReportedElements {
+  std::vector<std::uint32_t> numbers;         ///< those with a member block
+  std::vector<std::uint32_t> without_checks;  ///< of them, those with nothing below it
+};
+
+/// The elements of a report.
+ReportedElements reported_elements(const std::filesystem::path& path);
 
 }  // namespace aluframe::services

@@ -26,7 +26,9 @@ ReportSummary failed(std::string text) {
 
 void sort_elements(Session& session, const std::filesystem::path& path, ReportSummary& summary) {
   std::vector<std::uint32_t> wanted = session.monitor().elements();
-  summary.reported = reported_elements(path);
+  ReportedElements elements = reported_elements(path);
+  summary.reported = std::move(elements.numbers);
+  summary.without_checks = std::move(elements.without_checks);
   std::vector<std::uint32_t> reported = summary.reported;
   std::ranges::sort(wanted);
   std::ranges::sort(reported);
@@ -38,16 +40,20 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
 ReportSummary write_report(Session& session, const std::filesystem::path& path) {
   const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
   session.manager().close_stored_results();
-  if (const auto& failure = session.monitor().failure()) return failed(*failure);
+  if (const auto& failure = session.monitor().failure()) {
+    return failed(*failure + "; the report is incomplete");
+  }
   ReportSummary summary;
   if (!done) {
     summary.outcome = session.had_message() ? RunOutcome::nothing_to_check : RunOutcome::failed;
     summary.failure = "the design module ended the report early";
     return summary;
   }
-  if (auto problem = incomplete_report_problem(path)) return failed(std::move(*problem));
+  const int lost = IAluDgnDataMgr::Instance()->GetLostReportBlocks();
+  if (lost > 0) return failed(incomplete_report_text(path, lost));
   summary.outcome = RunOutcome::complete;
   sort_elements(session, path, summary);
+  summary.not_checked = session.monitor().not_checked();
   return summary;
 }
 

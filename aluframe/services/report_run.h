@@ -15,15 +15,19 @@ namespace aluframe::services {
 struct ReportSummary {
   RunOutcome outcome = RunOutcome::failed;
   std::string failure;
-  std::vector<std::uint32_t> reported;      ///< elements with a member block
-  std::vector<std::uint32_t> not_reported;  ///< elements without results or design data
-  std::vector<std::uint32_t> checked_now;   ///< reported elements that no run had checked before
+  std::vector<std::uint32_t> reported;        ///< elements with a member block
+  std::vector<std::uint32_t> without_checks;  ///< reported elements with a member block alone
+  std::vector<std::uint32_t> not_reported;    ///< elements without results or design data
+  std::vector<std::uint32_t> checked_now;     ///< reported elements that no run had checked before
+  /// What of the elements that were checked now was not checked.
+  std::vector<store::NotChecked> not_checked;
   std::map<std::string, std::uint64_t> assertions;
 };
 
 /// Writes the calculation report of a model's elements to `path` from the results of an earlier
 /// run. Elements that it did not check are checked now and their results added to its file.
-/// Nothing is changed when the report cannot be written or its path is that of the results.
+/// Nothing is changed when the report's file cannot be opened, is that of the results, or the
+/// results are of another model or state of it. A failure behind that leaves an incomplete report.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
                          const std::filesystem::path& path);
 

@@ -69,6 +69,13 @@ void RunMonitor::set_done(std::size_t done) {
   current_ = Current();
 }
 
+void RunMonitor::start_element(std::uint32_t element) {
+  const auto found = std::ranges::find(elements_, element);
+  if (found == elements_.end()) return;
+  done_ = static_cast<std::size_t>(found - elements_.begin());
+  current_ = Current();
+}
+
 void RunMonitor::note_forces(std::uint32_t element, const T_ALU_FORCE_D& forces) {
   if (!is_current(element)) return;
   current_.had_forces = true;

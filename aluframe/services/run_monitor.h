@@ -39,6 +39,8 @@ class RunMonitor {
   void set_elements(std::vector<std::uint32_t> elements);
   /// `done` elements are finished; the last of them was not checked if it left no governing record.
   void set_done(std::size_t done);
+  /// What follows is about this element of the run: a report takes elements without counting them.
+  void start_element(std::uint32_t element);
   /// Forces that were handed out for `element`, which may be the one being checked or an end of its
   /// member.
   void note_forces(std::uint32_t element, const T_ALU_FORCE_D& forces);

@@ -15,14 +15,17 @@ T_UNIT_INDEX index_of(const model::Units& units) {
 }
 
 store::RunInfo run_info(const model::Model& model, const model::CombinationEvaluator& evaluator,
-                        const std::set<model::Number>& wanted) {
+                        const SessionOptions& options) {
   store::RunInfo info{.model_title = model.title,
                       .code = "GB 50429-2007",
                       .program = "aluframe",
-                      .combinations = {}};
+                      .combinations = {},
+                      .model_digest = options.model_digest};
   for (const model::Combination& combination : model.combinations) {
     if (!combination.design) continue;
-    if (!wanted.empty() && !wanted.contains(combination.number)) continue;
+    if (!options.combinations.empty() && !options.combinations.contains(combination.number)) {
+      continue;
+    }
     info.combinations.push_back({combination.number, combination.name,
                                  evaluator.has_two_sides(combination.number),
                                  evaluator.is_seismic(combination.number)});
@@ -71,7 +74,7 @@ Session::Session(const model::Model& model, SessionOptions options)
       attributes_(model, scale_),
       tool_(model, evaluator_, monitor_, options_.selected, options_.combinations),
       manager_(model, evaluator_, scale_, monitor_, options_.result_path,
-               run_info(model, evaluator_, options_.combinations), options_.create_writer),
+               run_info(model, evaluator_, options_), options_.create_writer),
       document_(model, attributes_, tool_, manager_, scale_) {}
 
 std::unique_ptr<CKFactor> Session::CreateKFactor() {
@@ -86,7 +89,8 @@ CString Session::MessageText(const CString& key) {
   return message_text(key, options_.language);
 }
 
-int Session::ShowMessageBox(const CString& text, UINT) {
+int Session::ShowMessageBox(const CString& text, UINT type) {
+  if (options_.message_box) return options_.message_box(to_utf8(text), type);
   SaveHistory(text, 0, nullptr);
   return button_ok;
 }

@@ -37,6 +37,15 @@ struct SessionOptions {
   std::optional<T_UNIT_INDEX> units;
   /// Shows a text file (path, title); nothing: it is not shown.
   std::function<bool(const std::filesystem::path&, const std::string&)> open_text;
+  /// The session's model, when its settings and materials may be changed; null: they may not.
+  model::Model* editable = nullptr;
+  /// Draws the module's dialogs; null: nobody can see one.
+  host::Toolkit* toolkit = nullptr;
+  /// Shows a message box (UTF-8 text, type as `AfxMessageBox` takes it) and returns the button that
+  /// closed it; nothing: nobody can answer one, and its text goes to `message`.
+  std::function<int(const std::string&, UINT)> message_box;
+  /// Digest of the model and its forces, which goes into the result file; empty: none.
+  std::string model_digest;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };
@@ -62,6 +71,7 @@ class Session : public host::HostServices {
   void SaveHistory(const CString& text, int option, void* reserved) override;
   CString FileNameWithNewExt(const CString& extension) override;
   int RunTextEditor(const CString& path, const CString& title) override;
+  host::Toolkit* DialogToolkit() override { return options_.toolkit; }
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
 

@@ -28,10 +28,12 @@ struct RunInfo {
   std::string code;     ///< "GB 50429-2007"
   std::string program;  ///< name and version of the program
   std::vector<CombinationRow> combinations;
+  std::string model_digest = {};  ///< tells states of a model and its forces apart; empty: unknown
 };
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,
-/// or a combination of both has changed its name, sides or seismic type. Nothing when they may be.
+/// a combination of both has changed its name, sides or seismic type, or the model or its forces
+/// have changed otherwise. Nothing when they may be.
 std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted);
 
 /// Something that the run could not check.

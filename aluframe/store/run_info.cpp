@@ -25,6 +25,10 @@ std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunIn
     return "holds results of another combination " + std::to_string(combination.number) +
            "; check the model again";
   }
+  const bool both_known = !stored.model_digest.empty() && !wanted.model_digest.empty();
+  if (both_known && stored.model_digest != wanted.model_digest) {
+    return "holds results of another state of the model or its forces; check the model again";
+  }
   return std::nullopt;
 }
 

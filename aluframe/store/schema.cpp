@@ -18,7 +18,8 @@ CREATE TABLE run (
   version INTEGER NOT NULL,
   title TEXT NOT NULL,
   code TEXT NOT NULL,
-  program TEXT NOT NULL);
+  program TEXT NOT NULL,
+  model_digest TEXT NOT NULL);
 CREATE TABLE combination (
   sequence INTEGER PRIMARY KEY,
   number INTEGER NOT NULL UNIQUE,
@@ -53,12 +54,13 @@ CREATE TABLE record (
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?)");
+  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
   run.bind(4, info.code);
   run.bind(5, info.program);
+  run.bind(6, info.model_digest);
   run.exec();
 }
 
@@ -118,11 +120,12 @@ RunState load_state(SQLite::Database& database) {
 
 RunInfo load_info(SQLite::Database& database) {
   RunInfo info;
-  SQLite::Statement run(database, "SELECT title, code, program FROM run");
+  SQLite::Statement run(database, "SELECT title, code, program, model_digest FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
   info.model_title = run.getColumn(0).getString();
   info.code = run.getColumn(1).getString();
   info.program = run.getColumn(2).getString();
+  info.model_digest = run.getColumn(3).getString();
   SQLite::Statement combinations(
       database, "SELECT number, name, two_sides, seismic FROM combination ORDER BY sequence");
   while (combinations.executeStep()) {

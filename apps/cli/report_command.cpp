@@ -9,6 +9,7 @@
 #include "aluframe/services/report_file.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/number_ranges.h"
+#include "apps/cli/result_tables.h"
 #include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/text_editor.h"
@@ -69,12 +70,17 @@ void print_summary(const services::ReportSummary& summary, const Files& files) {
   if (!summary.not_reported.empty()) {
     print_message(fmt::format("without results: element {}", join_as_ranges(summary.not_reported)));
   }
+  if (!summary.without_checks.empty()) {
+    print_message(
+        fmt::format("no check to show: element {}", join_as_ranges(summary.without_checks)));
+  }
+  if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
 }
 
 int exit_status(const services::ReportSummary& summary) {
   switch (summary.outcome) {
     case services::RunOutcome::complete:
-      return summary.reported.empty() ? exit_failure : exit_done;
+      return summary.reported.size() == summary.without_checks.size() ? exit_failure : exit_done;
     case services::RunOutcome::nothing_to_check:
       return exit_input_error;
     default:
@@ -90,7 +96,9 @@ void warn_about_stored(const ReportOptions& options, const Files& files) {
   warn_about_results(options.model, files.results, reader->state());
 }
 
-/// What follows a report that was written. @return the exit status
+/// What follows a report that was written. The editor opens behind the readable copy, and not while
+/// the design module still runs, so it is not opened by the module's own call.
+/// @return the exit status
 int finish(const ReportOptions& options, const Files& files) {
   if (options.readable) {
     services::write_readable_report(files.report, user_charset(), *options.readable);
@@ -122,6 +130,9 @@ std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
   if (const auto* text = std::get_if<std::string>(&units)) return "--units: " + *text;
   if (const auto problem = overwriting_problem(options, files)) return *problem;
+  if (options.open) {
+    if (const auto problem = editor_problem()) return *problem;
+  }
   const auto loaded = load_model(options.model, options.forces);
   if (const auto* text = std::get_if<std::string>(&loaded)) return *text;
   const auto& model = std::get<model::Model>(loaded);

@@ -44,6 +44,7 @@ std::variant<model::Model, std::string> load_model(
 
 std::optional<std::string> limit(const model::Model& model, const CommonOptions& common,
                                  services::SessionOptions& out) {
+  out.model_digest = io::model_digest(model);
   if (!common.elements.empty()) {
     auto selected = select(common.elements, numbers_of(model.elements), "element");
     if (const auto* text = std::get_if<std::string>(&selected)) return "--elements: " + *text;

@@ -37,9 +37,14 @@ int run(std::string command, std::string file) {
 
 }  // namespace
 
+std::optional<std::string> editor_problem() {
+  if (editor_command() != nullptr) return std::nullopt;
+  return "--open: set VISUAL or EDITOR to a text editor";
+}
+
 std::optional<std::string> open_in_editor(const std::filesystem::path& file) {
+  if (auto problem = editor_problem()) return problem;
   const char* command = editor_command();
-  if (command == nullptr) return "--open: set VISUAL or EDITOR to a text editor";
   if (run(command, file.string()) == 0) return std::nullopt;
   return std::string("--open: the editor ended with an error: ") + command;
 }

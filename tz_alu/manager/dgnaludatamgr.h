@@ -49,6 +49,9 @@ class TZ_ALU_API IAluDgnDataMgr {
   /// document's name with ".alu".
   /// @return 1 after the editor was started, 0 when there is nothing to report or anything failed
   int MakeReport(const KEYS* keys, CString path);
+  /// Blocks of the last report that could not be written whole, such as on a full disk. The report
+  /// itself passes over them in silence.
+  int GetLostReportBlocks() const;
   /// Appends one element to the report. One that was never checked is checked now and stored.
   /// @return 0 when its data or results cannot be had
   int MakeReport(UINT elem);

@@ -48,6 +48,10 @@ int IAluDgnDataMgr::RunReport(const KEYS* keys, const CString& path,
   return 1;
 }
 
+int IAluDgnDataMgr::GetLostReportBlocks() const {
+  return m_pCode->LostBlocks();
+}
+
 int IAluDgnDataMgr::MakeReport(UINT elem) {
   ALU_DGN_DATA data;
   if (GetDgnData(elem, data) == 0) return 0;

@@ -24,6 +24,7 @@ void CALUPrint::SetUnit() {
 }
 
 void CALUPrint::ResetReport() const {
+  m_nLostBlocks = 0;
   const rptbasic_ofstream<wchar_t> out(m_strPath.GetString(), std::ios_base::out,
                                        RPT_SHARE::DenyNone);
 }

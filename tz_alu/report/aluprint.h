@@ -38,6 +38,11 @@ class TZ_ALU_API CALUPrint {
   void ResetReport() const;
   /// Makes sure that the file exists.
   void TouchReport() const;
+  /// Blocks since the file was reset that could not be written whole: the file cannot be opened or
+  /// takes no more, or the user's code page lacks a character.
+  int LostBlocks() const { return m_nLostBlocks; }
+  /// Where a block counts itself when it is lost.
+  int* LostBlockCount() const { return &m_nLostBlocks; }
 
   const CString& ReportPath() const { return m_strPath; }
   /// What banner titles and member lines start with: two blanks.
@@ -65,6 +70,7 @@ class TZ_ALU_API CALUPrint {
   CString m_strMargin = L"  ";
   CString m_strLead = L"   ";
   CString m_strGap = L"   ";
+  mutable int m_nLostBlocks = 0;
 };
 
 /// What a detail block shows: the check's input and forces, what it calculated and its results.

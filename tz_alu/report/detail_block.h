@@ -12,7 +12,10 @@ class DETAIL_BLOCK {
  public:
   /// `gammaRE`: the seismic factor of the kind of check, shown when the settings ask for it.
   DETAIL_BLOCK(const CALUPrint& print, const ALU_REPORT_INPUT& in, double gammaRE)
-      : m_print(print), m_in(in), m_dGammaRE(gammaRE), m_block(print.ReportPath()) {}
+      : m_print(print),
+        m_in(in),
+        m_dGammaRE(gammaRE),
+        m_block(print.ReportPath(), print.LostBlockCount()) {}
 
   void Banner(const wchar_t* title) { m_block.Banner(m_print.Margin(), title); }
   /// A line of values or forces.

@@ -17,6 +17,11 @@ const wchar_t* PositionText(std::int32_t nPos) {
 
 }  // namespace
 
+REPORT_BLOCK::~REPORT_BLOCK() {
+  m_out.flush();
+  if (m_out.fail() && m_pLost != nullptr) ++*m_pLost;
+}
+
 void REPORT_BLOCK::Rule() {
   Line(std::wstring(kRuleWidth, L'='));
 }

@@ -14,8 +14,12 @@ namespace alu_report {
 ///     block.Line(L"  ", L"MEMBER NO = ", FormatInteger(7));
 class REPORT_BLOCK {
  public:
-  explicit REPORT_BLOCK(const CString& path)
-      : m_out(path.GetString(), std::ios_base::app, RPT_SHARE::DenyNone) {}
+  /// @param lost counts the blocks that could not be written whole; null: nobody asks
+  explicit REPORT_BLOCK(const CString& path, int* lost = nullptr)
+      : m_out(path.GetString(), std::ios_base::app, RPT_SHARE::DenyNone), m_pLost(lost) {}
+  REPORT_BLOCK(const REPORT_BLOCK&) = delete;
+  REPORT_BLOCK& operator=(const REPORT_BLOCK&) = delete;
+  ~REPORT_BLOCK();
 
   /// Writes texts without ending the line.
   template <class... TEXTS>
@@ -36,6 +40,7 @@ class REPORT_BLOCK {
 
  private:
   rptbasic_ofstream<wchar_t> m_out;
+  int* m_pLost;
 };
 
 /// "(LCB=12, POS=1/2)": combination and check position of the forces.

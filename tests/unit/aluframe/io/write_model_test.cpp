@@ -100,5 +100,23 @@ TEST(WriteModel, EscapesTextAndReplacesBytesThatAreNotUtf8) {
   EXPECT_EQ(model_of(write_model(model)).title, "M\xEF\xBF\xBDller");
 }
 
+TEST(ModelDigest, TellsModelsApartThatAreWrittenDifferently) {
+  model::Model model;
+  const std::string digest = model_digest(model);
+  EXPECT_EQ(digest.size(), 16U);
+  EXPECT_EQ(model_digest(model), digest);
+  model.design = model::DesignSettings();
+  EXPECT_NE(model_digest(model), digest);
+}
+
+TEST(ModelDigest, LeavesOutWhatNoResultDependsOn) {
+  model::Model model;
+  const std::string digest = model_digest(model);
+  model.title = "Mullion";
+  model.description = "Facade";
+  model.moving_load_code = 4;
+  EXPECT_EQ(model_digest(model), digest);
+}
+
 }  // namespace
 }  // namespace aluframe::io

@@ -61,6 +61,10 @@ TEST_F(ReportFileTest, AFileThatTheSystemProtectsIsAProblem) {
               testing::Optional(testing::StartsWith("/proc/version: cannot be written: ")));
 }
 
+TEST_F(ReportFileTest, ADeviceIsAProblem) {
+  EXPECT_EQ(report_problem("/dev/null"), "/dev/null: is no ordinary file");
+}
+
 TEST_F(ReportFileTest, ALinkToNothingIsNoProblemAndStaysALink) {
   fs::create_symlink("target.alu", path_);
   EXPECT_EQ(report_problem(path_), std::nullopt);
@@ -69,9 +73,15 @@ TEST_F(ReportFileTest, ALinkToNothingIsNoProblemAndStaysALink) {
 
 // --- after it ---
 
-TEST_F(ReportFileTest, AFileThatTakesMoreIsCompleteAndKeepsItsBytes) {
+TEST_F(ReportFileTest, AFileThatTakesMoreLacksACharacterAndKeepsItsBytes) {
   fill("a report\n");
-  EXPECT_EQ(incomplete_report_problem(path_), std::nullopt);
+  const std::string reason =
+      ": the report is incomplete: a character that the environment's "
+      "character set lacks, in ";
+  EXPECT_EQ(incomplete_report_text(path_, 1),
+            path_.string() + reason + "1 block; what it holds is as written");
+  EXPECT_EQ(incomplete_report_text(path_, 3),
+            path_.string() + reason + "3 blocks; what it holds is as written");
   EXPECT_EQ(bytes(), "a report\n");
 }
 
@@ -80,7 +90,7 @@ TEST_F(ReportFileTest, AFileThatTakesNoMoreIsIncompleteAndKeepsItsBytes) {
   std::string problem;
   ASSERT_EQ(in_child([&] {
               limit_files(6000);
-              const auto found = incomplete_report_problem(path_);
+              const auto found = incomplete_report_text(path_, 1);
               return found == path_.string() +
                                   ": the report is incomplete: File too large; what it holds is "
                                   "as written"
@@ -92,7 +102,7 @@ TEST_F(ReportFileTest, AFileThatTakesNoMoreIsIncompleteAndKeepsItsBytes) {
 }
 
 TEST_F(ReportFileTest, AMissingFileIsAProblemWithItsReason) {
-  EXPECT_EQ(incomplete_report_problem(path_),
+  EXPECT_EQ(incomplete_report_text(path_, 1),
             path_.string() + ": cannot be read: No such file or directory");
 }
 
@@ -102,21 +112,30 @@ TEST_F(ReportFileTest, ElementsAreThoseOfTheMemberBlocksInOrder) {
   fill(
       "=====\n  MEMBER NO = 12,   ELEMENT TYPE = Beam\n  MATERIAL NO = 1,   SECTION NO = 1\n=====\n"
       "=====\n  MEMBER NO = 3,   ELEMENT TYPE = Column\n");
-  EXPECT_THAT(reported_elements(path_), ElementsAre(12, 3));
+  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(12, 3));
+}
+
+TEST_F(ReportFileTest, AMemberBlockAloneIsWithoutChecks) {
+  fill(
+      "  [[[*]]]   A\n  MEMBER NO = 12,   ELEMENT TYPE = Beam\n"
+      "  MEMBER NO = 3,   ELEMENT TYPE = Column\n  [[[*]]]   B\n  [[[*]]]   C\n"
+      "  MEMBER NO = 4,   ELEMENT TYPE = Column\n");
+  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(12, 3, 4));
+  EXPECT_THAT(reported_elements(path_).without_checks, ElementsAre(12, 4));
 }
 
 TEST_F(ReportFileTest, ALargeElementNumberIsReadWhole) {
   fill("  MEMBER NO = 4294967295,   ELEMENT TYPE = --\n");
-  EXPECT_THAT(reported_elements(path_), ElementsAre(4294967295U));
+  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(4294967295U));
 }
 
 TEST_F(ReportFileTest, ACombinationNamedLikeAMemberIsNoElement) {
   fill("     MEMBER NO = 5,  0\n   MEMBER NO = 6\n MEMBER NO = 7\n");
-  EXPECT_THAT(reported_elements(path_), IsEmpty());
+  EXPECT_THAT(reported_elements(path_).numbers, IsEmpty());
 }
 
 TEST_F(ReportFileTest, AMissingFileHasNoElements) {
-  EXPECT_THAT(reported_elements(path_), IsEmpty());
+  EXPECT_THAT(reported_elements(path_).numbers, IsEmpty());
 }
 
 // --- whether two paths are one file ---

@@ -59,6 +59,7 @@ TEST_F(ReportRunTest, ACheckedModelIsReportedWhole) {
   EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
   EXPECT_EQ(summary.failure, "");
   EXPECT_THAT(summary.reported, ElementsAre(1, 2, 3));
+  EXPECT_THAT(summary.without_checks, ElementsAre(3));
   EXPECT_THAT(summary.checked_now, IsEmpty());
 }
 
@@ -331,7 +332,7 @@ TEST_F(ReportOnFullDisk, FinishedBlocksAreIntact) {
   const std::size_t second = whole.find("  MEMBER NO = 2,");
   failure_with(second + 200);
   EXPECT_THAT(text(), StartsWith(whole.substr(0, second)));
-  EXPECT_THAT(reported_elements(path_), ElementsAre(1, 2));
+  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(1, 2));
 }
 
 TEST_F(ReportOnFullDisk, ResultsAreLeftAsTheyAre) {
@@ -362,7 +363,7 @@ TEST_F(ReportOnFullDisk, ResultsThatCannotBeStoredFailWithTheReason) {
   };
   const ReportSummary summary = run_report(model_, full, path_);
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, "disk full");
+  EXPECT_EQ(summary.failure, "disk full; the report is incomplete");
 }
 
 TEST_F(ReportOnFullDisk, AnElementWhoseResultsCannotBeStoredLeavesTheBlocksBeforeIt) {
@@ -372,7 +373,8 @@ TEST_F(ReportOnFullDisk, AnElementWhoseResultsCannotBeStoredLeavesTheBlocksBefor
   fs::permissions(result_path_, fs::perms::owner_read | fs::perms::group_read);
   const ReportSummary summary = report({1, 2});
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, result_path_.string() + ": is write-protected");
+  EXPECT_EQ(summary.failure,
+            result_path_.string() + ": is write-protected; the report is incomplete");
   EXPECT_EQ(text(), first);
 }
 

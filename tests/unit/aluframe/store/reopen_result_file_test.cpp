@@ -246,8 +246,8 @@ TEST_F(RefusedFile, IsADatabaseOfAnotherProgram) {
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherVersion) {
-  run_sql("PRAGMA user_version = 2");
-  EXPECT_EQ(refusal(), "is a result file of format version 2, this program reads version 1");
+  run_sql("PRAGMA user_version = 1");
+  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 2");
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherModel) {
@@ -277,6 +277,20 @@ TEST_F(RefusedFile, IsOneWhoseCombinationHasAnotherSeismicType) {
   RunInfo info = store_test::sample_info();
   info.combinations[0].seismic = true;
   EXPECT_EQ(refusal(info), "holds results of another combination 1; check the model again");
+}
+
+TEST_F(RefusedFile, IsOneOfAnotherStateOfTheModel) {
+  RunInfo info = store_test::sample_info();
+  info.model_digest = "another";
+  EXPECT_EQ(refusal(info),
+            "holds results of another state of the model or its forces; check the model again");
+}
+
+TEST(DifferenceOfRuns, IsNoneWhereOneOfThemDoesNotKnowItsModel) {
+  RunInfo unknown = store_test::sample_info();
+  unknown.model_digest.clear();
+  EXPECT_EQ(difference_of_runs(unknown, store_test::sample_info()), std::nullopt);
+  EXPECT_EQ(difference_of_runs(store_test::sample_info(), unknown), std::nullopt);
 }
 
 TEST_F(RefusedFile, IsAWriteProtectedOne) {

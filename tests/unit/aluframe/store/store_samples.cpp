@@ -48,7 +48,8 @@ aluframe::store::RunInfo sample_info(const std::string& title) {
   return {title,
           "GB 50429-2007",
           "aluframe 0.1.0",
-          {{1, "ULS1", false, false}, {7, "地震包络", true, true}}};
+          {{1, "ULS1", false, false}, {7, "地震包络", true, true}},
+          "0123456789abcdef"};
 }
 
 T_RALU_D sample_record(std::uint32_t element, std::uint32_t combination, int min_side) {

@@ -1,0 +1,140 @@
+"""A report and the stored results that it goes by: missing, old, unfinished, of another model."""
+
+import os
+import re
+import sqlite3
+import time
+
+import pytest
+
+from report_frames import checked_three_beams, elements_of, text_of
+
+
+@pytest.fixture(autouse=True)
+def utf8(monkeypatch):
+    monkeypatch.setenv("LC_ALL", "C.UTF-8")
+
+
+@pytest.fixture
+def frame(aluframe, pipe_beam):
+    """Three beams, checked; the first is also pulled by an earthquake. Numbers above 999."""
+    return checked_three_beams(aluframe, pipe_beam)
+
+
+# Elements that have not been checked, or cannot be
+
+def test_elements_that_were_never_checked_are_checked_now_and_stored(frame):
+    frame("report", "frame.json", "--output", "whole.alu")
+    whole = frame.json("results", "frame.json")
+    frame("check", "frame.json", "--elements", "1")
+    done = frame("report", "frame.json")
+    assert done.stdout == "Report of 3 elements: frame.alu\n"
+    assert done.stderr.startswith(
+        "checked for the report and added to frame.aluresult: element 1002-1003\n")
+    assert text_of(frame) == text_of(frame, "whole.alu")
+    assert frame.json("results", "frame.json") == whole
+    assert frame("report", "frame.json").stderr == ""
+
+
+def test_a_model_that_was_never_checked_is_checked_whole(frame):
+    frame("report", "frame.json", "--output", "whole.alu")
+    whole = frame.json("results", "frame.json")
+    (frame.folder / "frame.aluresult").unlink()
+    done = frame("report", "frame.json")
+    assert done.stderr.startswith(
+        "checked for the report and added to frame.aluresult: element 1, 1002-1003\n")
+    assert text_of(frame) == text_of(frame, "whole.alu")
+    assert frame.json("results", "frame.json") == whole
+
+
+def with_a_shape_without_rules(frame):
+    frame.model["sections"].append({
+        "number": 2, "shape": "UP", "properties": {
+            "area": 1000, "iyy": 1e6, "izz": 1e6,
+            "point_y": [-20, 20, 20, -20], "point_z": [20, 20, -20, -20]}})
+    frame.model["elements"][1]["section"] = 2
+    frame.write(frame.model)
+    frame("check", "frame.json")
+
+
+def test_an_element_without_forces_is_left_out_and_named(frame):
+    frame.model["forces"] = [row for row in frame.model["forces"] if row["element"] != 1002]
+    frame.write(frame.model)
+    frame("check", "frame.json")
+    done = frame("report", "frame.json")
+    assert elements_of(frame) == [1, 1003]
+    assert done.stdout == "Report of 2 elements: frame.alu\n"
+    assert done.stderr == "without results: element 1002\n"
+
+
+def test_an_element_of_a_shape_that_is_not_checked_is_named(frame):
+    with_a_shape_without_rules(frame)
+    done = frame("report", "frame.json")
+    assert "no check to show: element 1002\n" in done.stderr
+    assert "internal inconsistency (dgnaludatamgr:548)" in done.stderr
+
+
+def test_a_report_without_any_check_ends_with_status_2(frame):
+    with_a_shape_without_rules(frame)
+    done = frame("report", "frame.json", "--elements", "1002", status=2)
+    assert "no check to show: element 1002\n" in done.stderr
+
+
+@pytest.mark.parametrize("change", [
+    lambda model: model["forces"].pop(),
+    lambda model: model["combinations"][0]["terms"][0].update(factor=1.3),
+    lambda model: model["settings"].update(safety_class=1),
+])
+def test_results_of_another_state_of_the_model_are_refused(frame, change):
+    frame("report", "frame.json")
+    before = text_of(frame), (frame.folder / "frame.aluresult").read_bytes()
+    frame.model.setdefault("settings", {})
+    change(frame.model)
+    frame.write(frame.model)
+    done = frame("report", "frame.json", status=2)
+    assert done.stderr.endswith(
+        "the report failed: frame.aluresult: holds results of another state of the model or its "
+        "forces; check the model again\n")
+    assert (text_of(frame), (frame.folder / "frame.aluresult").read_bytes()) == before
+
+
+def test_elements_checked_for_the_report_say_what_was_not_checked(frame):
+    stored = frame.json("results", "frame.json")
+    listed = frame("check", "frame.json", "--format", "csv").stderr
+    (frame.folder / "frame.aluresult").unlink()
+    done = frame("report", "frame.json")
+    assert "  not checked\n" in listed and listed[listed.index("  not checked\n"):] in done.stderr
+    assert frame.json("results", "frame.json") == stored
+
+
+# What the user should know of the results
+
+def test_a_model_that_is_newer_than_its_results_comes_with_a_warning(frame):
+    later = time.time() + 10
+    os.utime(frame.folder / "frame.json", (later, later))
+    assert "frame.json is newer than its results; check it again\n" in frame(
+        "report", "frame.json").stderr
+
+
+@pytest.mark.parametrize("state, words", [
+    ("running", "did not finish"), ("cancelled", "stopped before its end"),
+    ("failed", "stopped before its end"),
+])
+def test_results_of_an_unfinished_run_come_with_a_warning(frame, state, words):
+    with sqlite3.connect(frame.folder / "frame.aluresult") as database:
+        database.execute("UPDATE run SET state = ?", (state,))
+    database.close()
+    assert words in frame("report", "frame.json").stderr
+
+
+@pytest.mark.parametrize("change", ["title", "combination"])
+def test_results_of_another_model_are_refused(frame, change):
+    if change == "title":
+        frame.model["title"] = "Two pipes"
+    else:
+        frame.model["combinations"][0]["name"] = "ULS 2"
+    frame.write(frame.model)
+    before = (frame.folder / "frame.aluresult").read_bytes()
+    error = frame("report", "frame.json", status=2).stderr
+    assert "frame.aluresult: holds results of " in error
+    assert (frame.folder / "frame.aluresult").read_bytes() == before
