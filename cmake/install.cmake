@@ -13,7 +13,8 @@ install(DIRECTORY host DESTINATION ${include_dir} FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY tz_alu/records DESTINATION ${include_dir}/tz_alu FILES_MATCHING PATTERN "*.h")
 # Of the rest of the module, only what it exports and what that includes.
 foreach(header tz_alu_api.h tolerance.h report/aluprint.h report/report_literals.h
-    engine/alucode_gb50429_07.h manager/dgnaludatamgr.h)
+    engine/alucode_gb50429_07.h manager/dgnaludatamgr.h dialogs/dgnalucodedlg.h
+    dialogs/dgnalumatdlg.h module/init_tz_aludll.h)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES tz_alu/${header} DESTINATION ${include_dir}/tz_alu/${folder})
 endforeach()
@@ -29,4 +30,7 @@ install(FILES
 
 if(ALUFRAME_APPS)
   install(TARGETS aluframe RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+if(TARGET aluframe-desktop)
+  install(TARGETS aluframe-desktop RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "aluframe/model/material.h"
+
 namespace aluframe::io {
 
 /// Name of the design code in model files and for the user; the host's records and the model call
@@ -13,6 +15,6 @@ inline constexpr std::string_view format_name = "aluframe-model";
 inline constexpr int format_version = 1;
 
 /// Standard of a material that is not of the code's table, unless the file names one.
-inline constexpr std::string_view user_standard = "user";
+inline constexpr std::string_view user_standard = model::user_standard;
 
 }  // namespace aluframe::io

@@ -18,10 +18,6 @@ constexpr auto own_value_fields =
     std::to_array<std::string_view>({"grade", "standard", "f02_thin", "f02_thick", "fu", "e",
                                      "poisson", "density", "thermal_expansion"});
 
-/// Poisson's ratio of an isotropic solid lies between these; a negative one is no alloy's.
-constexpr double lowest_poisson = 0.0;
-constexpr double highest_poisson = 0.5;
-
 model::Material read_alloy(const JsonObject& object, const JsonValue& alloy) {
   for (const std::string_view field : own_value_fields) {
     if (const std::optional<JsonValue> value = object.optional(field)) {
@@ -51,9 +47,7 @@ model::Material read_own_values(const JsonObject& object) {
   material.f02_thick = object.positive_or("f02_thick", material.f02_thin);
   material.fu = object.required("fu").positive();
   material.e = object.positive_or("e", material.e);
-  if (const auto poisson = object.optional("poisson")) {
-    material.poisson = poisson->between(lowest_poisson, highest_poisson);
-  }
+  material.poisson = object.positive_or("poisson", material.poisson);
   material.density = object.not_negative_or("density", material.density);
   material.thermal_expansion = object.number_or("thermal_expansion", material.thermal_expansion);
   return material;

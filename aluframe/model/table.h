@@ -25,6 +25,14 @@ class Table {
     entities_.push_back(std::move(entity));
     return true;
   }
+  /// Puts an entity in the place of the one with its number.
+  /// @return false, with nothing changed, when there is none
+  bool replace(Entity entity) {
+    const auto found = index_.find(entity.number);
+    if (found == index_.end()) return false;
+    entities_[found->second] = std::move(entity);
+    return true;
+  }
   /// The entity of this number, or null.
   const Entity* find(Number number) const {
     const auto found = index_.find(number);

@@ -137,7 +137,9 @@ int Attributes::GetSectDesign(UINT sect, T_SECT_DESIGN_D& out) const {
 int Attributes::GetMatlDesign(UINT matl, T_MATD_D& out) const {
   const model::Material* found = model_.materials.find(matl);
   if (found == nullptr) return 0;
-  out.strStandard = to_wide(found->standard);
+  out.strName = to_wide(found->name.empty() ? found->grade : found->name);
+  const bool of_the_user = found->standard == model::user_standard;
+  out.strStandard = of_the_user ? CString() : to_wide(found->standard);
   out.strGrade = to_wide(found->grade);
   out.dElast = scale_.stress(found->e);
   out.dPoisson = found->poisson;
@@ -145,6 +147,16 @@ int Attributes::GetMatlDesign(UINT matl, T_MATD_D& out) const {
   out.dF02Thin = scale_.stress(found->f02_thin);
   out.dF02Thick = scale_.stress(found->f02_thick);
   return 1;
+}
+
+int Attributes::GetMatlKeyList(CArray<UINT>& out) const {
+  out.RemoveAll();
+  for (const model::Material& material : model_.materials) out.Add(material.number);
+  return static_cast<int>(out.GetSize());
+}
+
+int Attributes::ExistDalu() const {
+  return model_.design ? 1 : 0;
 }
 
 int Attributes::GetDalu(T_DALU_D& out) const {

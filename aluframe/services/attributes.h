@@ -30,6 +30,7 @@ class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
   int GetMemb(UINT memb, T_MEMB_D& out) const override;
 
   int GetSectDesign(UINT sect, T_SECT_DESIGN_D& out) const override;
+  /// A material without a name goes by its grade. The standard of values of the user is empty.
   int GetMatlDesign(UINT matl, T_MATD_D& out) const override;
 
   int GetDalu(T_DALU_D& out) const override;
@@ -41,6 +42,9 @@ class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
   int GetCmft(UINT elem, T_CMFT_D& out) const override;
   int GetKfac(UINT elem, T_KFAC_D& out) const override;
   int GetLtsr(UINT elem, T_LTSR_D& out) const override;
+
+  int ExistDalu() const override;
+  int GetMatlKeyList(CArray<UINT>& out) const override;
 
   int GetLcom(int kind, UINT number, T_LCOM_D& out) const override;
   int GetSplc(UINT number, T_SPLC_D& out) const override;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "aluframe/services/alloy_database.h"
+
 namespace aluframe::services {
 
 DesignTool::DesignTool(const model::Model& model, const model::CombinationEvaluator& evaluator,
@@ -44,6 +46,18 @@ int DesignTool::Get_SesiType(UINT lcomb, const CDBDoc*, int) const {
   const UINT number = LcombNumber(lcomb);
   if (model_.combinations.find(number) == nullptr) return 0;
   return evaluator_.is_seismic(number) ? 1 : 0;
+}
+
+int DesignTool::IsAluMatl(UINT matl) const {
+  return model_.materials.find(matl) != nullptr ? 1 : 0;
+}
+
+int DesignTool::GetDgnAluMatlDBType() const {
+  return alloy_database_type;
+}
+
+int DesignTool::IsAluMatlCode_CH(const CString& code) const {
+  return is_alloy_standard(code) ? 1 : 0;
 }
 
 void DesignTool::GetAllSelectedElem(CArray<UINT>& out) const {

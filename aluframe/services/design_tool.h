@@ -24,6 +24,10 @@ class DesignTool : public IAluDgnTool, public CViewCtrl {
   int GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int kind, int option) const override;
   /// 1 for a seismic combination, else 0; unknown combinations are not seismic.
   int Get_SesiType(UINT lcomb, const CDBDoc* doc, int kind) const override;
+  /// Every material of the model is an aluminium alloy.
+  int IsAluMatl(UINT matl) const override;
+  int GetDgnAluMatlDBType() const override;
+  int IsAluMatlCode_CH(const CString& code) const override;
 
   void GetAllSelectedElem(CArray<UINT>& out) const override;
 

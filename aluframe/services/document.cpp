@@ -10,6 +10,9 @@ namespace aluframe::services {
 
 namespace {
 
+/// The contract's number of stresses among the types of units.
+constexpr int stress_unit_type = 17;
+
 /// The section that a record describes, in mm.
 std::optional<model::Section> section_of(const T_SECT_DESIGN_D& record, const UnitScale& scale) {
   const std::optional<model::Shape> shape = model::parse_shape(to_utf8(record.strShape));
@@ -53,6 +56,11 @@ double UnitControl::ConvertTgtUnitData2CurUnit(int length, int force, int kind,
   const UnitScale from({force, length});
   if (kind == a_length) return value / from.length(1.0) * scale_.length(1.0);
   return value / from.force(1.0) * scale_.force(1.0);
+}
+
+CString UnitControl::GetUnitText(int type) const {
+  if (type != stress_unit_type) return {};
+  return GetUnitSystemForce() + L"/" + GetUnitSystemLength() + L"\u00B2";
 }
 
 int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {

@@ -2,9 +2,12 @@
 
 #include <unordered_map>
 
+#include "aluframe/services/alloy_database.h"
 #include "aluframe/services/attributes.h"
+#include "aluframe/services/design_codes.h"
 #include "aluframe/services/design_manager.h"
 #include "aluframe/services/design_tool.h"
+#include "aluframe/services/model_editor.h"
 #include "aluframe/services/unit_scale.h"
 #include "host/tz_db/services.h"
 #include "host/tz_dgn/tz_dgn.h"
@@ -20,6 +23,8 @@ class UnitControl : public CUnitCtrl {
   CString GetUnitSystemLength() const override;
   CString GetUnitSystemForce() const override;
   double ConvertTgtUnitData2CurUnit(int length, int force, int kind, double value) const override;
+  /// Of a stress (17), "N/mm\u00B2"; empty for other types, which nothing shows.
+  CString GetUnitText(int type) const override;
 
  private:
   UnitScale& scale_;
@@ -59,18 +64,29 @@ class GivenLengthFactors : public CKFactor {
   const Attributes& attributes_;
 };
 
+/// Where message boxes go.
+enum class MessageBoxes {
+  to_history,  ///< nobody can answer one
+  to_user
+};
+
 /// The document: all services over one model.
 class Document : public CDBDoc {
  public:
+  /// @param editable `model` when its settings and materials may be changed, else null
   Document(const model::Model& model, Attributes& attributes, DesignTool& tool,
-           DesignManager& manager, UnitScale& scale)
+           DesignManager& manager, UnitScale& scale, model::Model* editable = nullptr,
+           MessageBoxes boxes = MessageBoxes::to_history)
       : model_(model),
         attributes_(attributes),
         tool_(tool),
         manager_(manager),
         scale_(scale),
         units_(scale),
-        sections_(scale) {}
+        sections_(scale),
+        editor_(editable, scale),
+        alloys_(scale),
+        boxes_(boxes) {}
 
   CAttrCtrl& GetAttrCtrl() override { return attributes_; }
   CAttrCtrl2& GetAttrCtrl2() override { return attributes_; }
@@ -80,9 +96,14 @@ class Document : public CDBDoc {
   CUnitCtrl& GetUnitCtrl() override { return units_; }
   CSectDB& GetSectDB() override { return sections_; }
   IAluDgnTool& GetAluDgnTool() override { return tool_; }
+  CDataCtrl& GetDataCtrl() override { return editor_; }
+  CInitCtrl& GetInitCtrl() override { return preferences_; }
+  CMatlDB& GetMatlDB() override { return alloys_; }
 
   double calcLAVElem(const T_ELEM_D& elem) const override;
-  bool IsRegTestMode() const override { return true; }
+  bool IsRegTestMode() const override { return boxes_ == MessageBoxes::to_history; }
+
+  const ModelEditor& editor() const { return editor_; }
 
  private:
   const model::Model& model_;
@@ -92,6 +113,10 @@ class Document : public CDBDoc {
   const UnitScale& scale_;
   UnitControl units_;
   SectionDatabase sections_;
+  ModelEditor editor_;
+  Preferences preferences_;
+  AlloyDatabase alloys_;
+  MessageBoxes boxes_;
 };
 
 }  // namespace aluframe::services

@@ -23,6 +23,7 @@ class Converter {
  public:
   Converter(const std::string& to, const std::string& from)
       : descriptor_(iconv_open(to.c_str(), from.c_str())), from_(from) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how iconv_open says that it failed
     if (descriptor_ == reinterpret_cast<iconv_t>(-1)) {
       throw std::runtime_error("no conversion from " + from + " to " + to);
     }

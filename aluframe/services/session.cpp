@@ -68,14 +68,16 @@ class ListenedProgress : public CDgnProgressDlg {
 
 Session::Session(const model::Model& model, SessionOptions options)
     : options_(std::move(options)),
-      scale_(options_.units.value_or(index_of(model.units))),
-      evaluator_(model),
-      monitor_(model),
-      attributes_(model, scale_),
-      tool_(model, evaluator_, monitor_, options_.selected, options_.combinations),
-      manager_(model, evaluator_, scale_, monitor_, options_.result_path,
-               run_info(model, evaluator_, options_), options_.create_writer),
-      document_(model, attributes_, tool_, manager_, scale_) {}
+      model_(options_.editable != nullptr ? *options_.editable : model),
+      scale_(options_.units.value_or(index_of(model_.units))),
+      evaluator_(model_),
+      monitor_(model_),
+      attributes_(model_, scale_),
+      tool_(model_, evaluator_, monitor_, options_.selected, options_.combinations),
+      manager_(model_, evaluator_, scale_, monitor_, options_.result_path,
+               run_info(model_, evaluator_, options_), options_.create_writer),
+      document_(model_, attributes_, tool_, manager_, scale_, options_.editable,
+                options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 
 std::unique_ptr<CKFactor> Session::CreateKFactor() {
   return std::make_unique<GivenLengthFactors>(attributes_);
@@ -90,9 +92,12 @@ CString Session::MessageText(const CString& key) {
 }
 
 int Session::ShowMessageBox(const CString& text, UINT type) {
-  if (options_.message_box) return options_.message_box(to_utf8(text), type);
-  SaveHistory(text, 0, nullptr);
-  return button_ok;
+  if (!options_.message_box) {
+    SaveHistory(text, 0, nullptr);
+    return button_ok;
+  }
+  had_message_ = true;
+  return options_.message_box(to_utf8(text), type);
 }
 
 void Session::DisplayAnalString(const CString& text, int) {

@@ -33,11 +33,12 @@ struct SessionOptions {
   Language language = Language::english;
   ProgressListener* progress = nullptr;             ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< history and status lines, UTF-8
-  /// Units of what the report prints; nothing: the model's own.
+  /// Units of what the report prints and the dialogs show; nothing: the model's own.
   std::optional<T_UNIT_INDEX> units;
   /// Shows a text file (path, title); nothing: it is not shown.
   std::function<bool(const std::filesystem::path&, const std::string&)> open_text;
-  /// The session's model, when its settings and materials may be changed; null: they may not.
+  /// The session's model in place of the one that it is made with, when its settings and materials
+  /// may be changed; null: they may not.
   model::Model* editable = nullptr;
   /// Draws the module's dialogs; null: nobody can see one.
   host::Toolkit* toolkit = nullptr;
@@ -58,7 +59,7 @@ struct SessionOptions {
 ///     host::Bind(session);
 class Session : public host::HostServices {
  public:
-  /// `model` must outlive the session.
+  /// `model`, or the one in the options that may be changed, must outlive the session.
   Session(const model::Model& model, SessionOptions options);
 
   CDBDoc* DocPoint() override { return &document_; }
@@ -71,12 +72,17 @@ class Session : public host::HostServices {
   void SaveHistory(const CString& text, int option, void* reserved) override;
   CString FileNameWithNewExt(const CString& extension) override;
   int RunTextEditor(const CString& path, const CString& title) override;
+  void AluCodeNames(CArray<CString>& out) override { list_design_codes(out); }
+  CString ShownCodeName(const CString& internal) override { return shown_code_name(internal); }
+  CString InternalCodeName(const CString& shown) override { return internal_code_name(shown); }
   host::Toolkit* DialogToolkit() override { return options_.toolkit; }
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
 
   RunMonitor& monitor() { return monitor_; }
   DesignManager& manager() { return manager_; }
+  /// What the dialogs changed.
+  const ModelEditor& editor() const { return document_.editor(); }
   /// True once the listener has asked to stop.
   bool was_cancelled() const { return cancelled_; }
   /// True when the module had something to say to the user.
@@ -84,6 +90,7 @@ class Session : public host::HostServices {
 
  private:
   SessionOptions options_;
+  const model::Model& model_;
   UnitScale scale_;
   model::CombinationEvaluator evaluator_;
   RunMonitor monitor_;

@@ -21,9 +21,10 @@ class UnitScale {
   double warping_constant(double value) const { return power(value, 6); }
   double force(double value) const { return identity_ ? value : value * force_; }
   double moment(double value) const { return identity_ ? value : value * force_ * length_; }
-  double stress(double value) const {
-    return identity_ ? value : value * force_ / (length_ * length_);
-  }
+  double stress(double value) const { return identity_ ? value : value * stress_; }
+  /// N/mm² of a stress in the current units: the value with the fewest digits that `stress` turns
+  /// into it, so that 7e7 kN/m² are 70000 N/mm².
+  double stress_in_newtons(double value) const;
 
  private:
   double power(double value, int exponent) const;
@@ -31,6 +32,7 @@ class UnitScale {
   T_UNIT_INDEX index_{0, 2};
   double force_ = 1.0;   ///< current force units in one newton
   double length_ = 1.0;  ///< current length units in one millimetre
+  double stress_ = 1.0;  ///< current stress units in one N/mm²
   bool identity_ = true;
 };
 

@@ -1,8 +1,8 @@
 #include <optional>
 #include <stdexcept>
 
+#include "aluframe/files/new_file.h"
 #include "aluframe/store/database.h"
-#include "aluframe/store/new_file.h"
 #include "aluframe/store/result_writer.h"
 #include "aluframe/store/schema.h"
 
@@ -49,7 +49,7 @@ void prepare_for_more(const fs::path& path, const RunInfo& info) {
 void create_at(const fs::path& path, const RunInfo& info) {
   std::optional<OldFileLock> old_file;
   if (holds_something(path)) old_file.emplace(path);
-  NewFile file(path);
+  files::NewFile file(path);
   lay_out_file(file.path(), info);
   remove_side_files(path);
   file.replace();

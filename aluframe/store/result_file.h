@@ -28,7 +28,7 @@ struct RunInfo {
   std::string code;     ///< "GB 50429-2007"
   std::string program;  ///< name and version of the program
   std::vector<CombinationRow> combinations;
-  std::string model_digest = {};  ///< tells states of a model and its forces apart; empty: unknown
+  std::string model_digest;  ///< tells states of a model and its forces apart; empty: unknown
 };
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,

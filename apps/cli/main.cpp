@@ -11,6 +11,7 @@
 #include "apps/cli/points_command.h"
 #include "apps/cli/report_command.h"
 #include "apps/cli/results_command.h"
+#include "apps/cli/settings_command.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
 
@@ -149,6 +150,41 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   report->callback([&] { status = run_report_command(options); });
 }
 
+/// Options of the one material that is to be changed.
+void add_material_changes(CLI::App& settings, WantedChanges& wanted) {
+  CLI::Option* material =
+      settings.add_option("--material", wanted.material, "The material to change")
+          ->type_name("NUMBER");
+  CLI::Option* grade =
+      settings.add_option("--grade", wanted.grade, "Its alloy, which gives all its values")
+          ->type_name("GRADE")
+          ->needs(material);
+  settings.add_option("--name", wanted.name, "Its name")->type_name("TEXT")->needs(material);
+  const auto add_value = [&](const char* name, std::optional<std::string>& value,
+                             const char* help) {
+    settings.add_option(name, value, help)->type_name("NUMBER")->needs(material)->excludes(grade);
+  };
+  add_value("--e", wanted.e, "A value of your own: elastic modulus, N/mm2");
+  add_value("--poisson", wanted.poisson, "Poisson's ratio");
+  add_value("--fu", wanted.fu, "Tensile strength, N/mm2");
+  add_value("--f02-thin", wanted.f02_thin, "Proof strength up to 10 mm, N/mm2");
+  add_value("--f02-thick", wanted.f02_thick, "Proof strength above 10 mm, N/mm2");
+}
+
+void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
+  CLI::App* settings =
+      app.add_subcommand("settings", "Show or change the design settings and materials of a model");
+  settings->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  settings->add_option("--set", options.changes.set, "Change a setting: " + setting_names())
+      ->type_name("KEY=VALUE")
+      ->take_all()
+      ->expected(1);
+  add_material_changes(*settings, options.changes);
+  add_parsed(*settings, "--format", options.format, one_of(parse_format, "table, json, csv"),
+             "How to print: table, json or csv");
+  settings->callback([&] { status = run_settings_command(options); });
+}
+
 int run(int argc, char** argv) {
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
@@ -159,11 +195,13 @@ int run(int argc, char** argv) {
   ValidateOptions validate;
   PointsOptions points;
   ReportOptions report;
+  SettingsOptions settings;
   add_check(app, check, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
   add_points(app, points, status);
   add_report(app, report, status);
+  add_settings(app, settings, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -2,11 +2,10 @@
 
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <system_error>
-
-extern "C" char** environ;
 
 namespace aluframe::cli {
 

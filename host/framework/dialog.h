@@ -36,8 +36,9 @@ class HOST_API CDialog : public CWnd, private host::DialogEvents {
   ~CDialog() override;
 
   /// Opens the dialog and returns when it has closed.
-  /// @return what `EndDialog` was given; kFailed when no module carries the template, the host
-  ///         draws no dialogs, or the dialog's initialisation threw an exception
+  /// @return what `EndDialog` was given; kFailed when the dialog is open already, no module carries
+  ///         the template, the host draws no dialogs, or the dialog's initialisation threw an
+  ///         exception
   virtual int DoModal();
   void EndDialog(int result);
   /// Runs `DoDataExchange`: FALSE puts members into controls, TRUE the other way.

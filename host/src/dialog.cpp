@@ -66,6 +66,7 @@ class CDialog::OPEN_DIALOG {
 };
 
 int CDialog::DoModal() {
+  if (m_pWindow != nullptr) return kFailed;
   const DIALOG_TEMPLATE* dialog = AfxFindDialogTemplate(m_nTemplate);
   host::Toolkit* toolkit = host::Bound().DialogToolkit();
   if (dialog == nullptr || toolkit == nullptr) return kFailed;

@@ -32,7 +32,8 @@ std::string WithoutBlanks(const std::wstring& text) {
     const wchar_t c = text[i];
     ascii += c > 0 && c < 128 ? static_cast<char>(c) : '?';
   }
-  return ascii.starts_with('+') ? ascii.substr(1) : ascii;
+  const bool has_plus = ascii.starts_with('+') && !ascii.starts_with("+-");
+  return has_plus ? ascii.substr(1) : ascii;
 }
 
 }  // namespace

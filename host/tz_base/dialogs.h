@@ -2,13 +2,13 @@
 
 #include "host/zel_frx/dialog.h"
 
-/// A dialog in the user's language.
+/// Base of the dialogs whose texts a host may translate; here it adds nothing to its own base.
 class CInternationalDlg : public zel::frx::MDialog {
  public:
   using MDialog::MDialog;
 };
 
-/// A dialog that stands where the user has moved it.
+/// Base of the dialogs whose place a host may keep; here it adds nothing to its own base.
 class CDialogMove : public CInternationalDlg {
  public:
   using CInternationalDlg::CInternationalDlg;

@@ -26,7 +26,8 @@ def test_a_tiny_host_builds_against_the_installed_package_and_checks_a_pipe(tmp_
 
     # By hand: γ0 1.0, Aen = 0.85 · 2827.43 = 2403.3155 mm²; 1e5 N / Aen = 41.609185 N/mm².
     # 6061-T6: f = 200 N/mm².
-    assert line == "flag 1 strength 41.609185 200.000000\n"
+    # A host without a toolkit shows no dialog: -1.
+    assert line == "flag 1 strength 41.609185 200.000000 dialogs -1 -1\n"
 
 
 def test_the_installed_headers_are_the_contract_and_the_module_only(tmp_path):
@@ -39,8 +40,8 @@ def test_the_installed_headers_are_the_contract_and_the_module_only(tmp_path):
     assert installed == {
         "tz_alu_api.h", "tolerance.h", "engine/alucode_gb50429_07.h", "manager/dgnaludatamgr.h",
         "report/aluprint.h", "report/report_literals.h", "records/alu_cal.h",
-        "records/alu_dgn_data.h",
-        "records/alu_dgn_memb.h", "records/alu_forces.h",
+        "records/alu_dgn_data.h", "records/alu_dgn_memb.h", "records/alu_forces.h",
+        "dialogs/dgnalucodedlg.h", "dialogs/dgnalumatdlg.h", "module/init_tz_aludll.h",
     }
 
 

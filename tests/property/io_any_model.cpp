@@ -64,7 +64,7 @@ Material any_material(Number number) {
     material.f02_thick = any_flag() ? material.f02_thin : any_between(1, 500);
     material.fu = any_between(1, 500);
     material.e = any_of({70000.0, 69000.0});
-    material.poisson = any_between(0, 0.5);
+    material.poisson = any_between(1e-9, 0.6);
     material.density = any_of({2.7e-6, 0.0});
     material.thermal_expansion = any_between(-1e-5, 1e-4);
   }

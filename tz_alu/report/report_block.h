@@ -32,7 +32,7 @@ class REPORT_BLOCK {
     Put(texts...);
     EndLine();
   }
-  void EndLine() { m_out << std::endl; }
+  void EndLine() { m_out.put(m_out.widen('\n')).flush(); }
   /// A line of 100 "=".
   void Rule();
   /// A title between two rules: margin, then "[[[*]]]   " and the title.

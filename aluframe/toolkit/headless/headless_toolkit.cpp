@@ -18,7 +18,7 @@ class ScriptedDialog : public HeadlessDialog {
 
   int Run() override {
     // A dialog may close itself while it is initialised.
-    if (!is_open()) return *result();
+    if (!is_open()) return result().value_or(cancelled);
     if (scripts_.empty()) throw std::logic_error("a dialog opened that no script works");
     const HeadlessToolkit::Script script = std::move(scripts_.front());
     scripts_.pop_front();

@@ -4,8 +4,11 @@
 #include <cstdio>
 
 #include "host/host_services.h"
+#include "tz_alu/dialogs/dgnalucodedlg.h"
+#include "tz_alu/dialogs/dgnalumatdlg.h"
 #include "tz_alu/engine/alucode_gb50429_07.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
+#include "tz_alu/module/init_tz_aludll.h"
 
 namespace {
 
@@ -169,9 +172,13 @@ class TinyHost : public host::HostServices {
 int main() {
   TinyHost tiny;
   host::Bind(tiny);
+  Init_tz_aludll();
   const int flag = IAluDgnDataMgr::Instance()->CheckCode(nullptr);
+  const int code = CDgnAluCodeDlg().DoModal();
+  const int materials = CDgnAluMatDlg().DoModal();
   host::Unbind();
   const T_RALU_ITEM& strength = tiny.document.results.governing.aComp[RALU_STRENGTH];
-  std::printf("flag %d strength %.6f %.6f\n", flag, strength.dDemand, strength.dCapacity);
+  std::printf("flag %d strength %.6f %.6f dialogs %d %d\n", flag, strength.dDemand,
+              strength.dCapacity, code, materials);
   return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -61,6 +62,32 @@ TEST(UnitScale, KilonewtonAndMetreScaleEveryQuantity) {
 // 1 kip = 4448.2216152605 N, 1 in = 25.4 mm: 1 ksi = 6.894757293168 N/mm².
 TEST(UnitScale, KipAndInchGiveKsi) {
   EXPECT_NEAR(UnitScale({5, 4}).stress(6.894757293168361), 1.0, 1e-12);
+}
+
+// By definition of the units; 1 kgf/cm² = 9.80665/100 N/mm².
+TEST(UnitScale, StressesComeBackInNewtonsAndMillimetres) {
+  EXPECT_EQ(UnitScale({1, 0}).stress_in_newtons(7e7), 70000.0);
+  EXPECT_EQ(UnitScale({1, 1}).stress_in_newtons(26.5), 265.0);
+  EXPECT_DOUBLE_EQ(UnitScale({2, 1}).stress_in_newtons(1000.0), 98.0665);
+  EXPECT_DOUBLE_EQ(UnitScale({5, 4}).stress_in_newtons(1.0), 6.894757293168361);
+  EXPECT_EQ(UnitScale().stress_in_newtons(0.1 + 0.2), 0.1 + 0.2);
+}
+
+TEST(UnitScale, AStressWithFewDigitsComesBackAsItWas) {
+  for (int unit = 0; unit < 30; ++unit) {
+    const UnitScale scale({unit / 5, unit % 5});
+    for (const double value : {70000.0, 240.0, 0.3, 172.5, 1e-6, 123456.789, 9999.99}) {
+      EXPECT_EQ(scale.stress_in_newtons(scale.stress(value)), value) << unit;
+    }
+  }
+}
+
+TEST(UnitScale, StressesThatAreNoNumbersStayNone) {
+  const UnitScale scale({1, 0});
+  EXPECT_EQ(scale.stress_in_newtons(0.0), 0.0);
+  EXPECT_EQ(scale.stress_in_newtons(std::numeric_limits<double>::infinity()),
+            std::numeric_limits<double>::infinity());
+  EXPECT_TRUE(std::isnan(scale.stress_in_newtons(std::numeric_limits<double>::quiet_NaN())));
 }
 
 TEST(UnitScale, ItsIndexIsTheOneItWasMadeWith) {

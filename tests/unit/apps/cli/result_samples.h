@@ -17,7 +17,8 @@ inline store::RunInfo sample_info() {
   return {.model_title = "",
           .code = "",
           .program = "",
-          .combinations = {{3, "ULS", false, false}, {4, "ENV", true, false}}};
+          .combinations = {{3, "ULS", false, false}, {4, "ENV", true, false}},
+          .model_digest = ""};
 }
 
 inline bool is_empty(const Cell& cell) {

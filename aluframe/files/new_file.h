@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace aluframe::store {
+namespace aluframe::files {
 
 /// A new, empty file beside the one that it is to replace, on the same volume, so that it can take
 /// its place in one step. Removed again unless it did.
@@ -27,4 +27,4 @@ class NewFile {
   std::filesystem::path path_;
 };
 
-}  // namespace aluframe::store
+}  // namespace aluframe::files

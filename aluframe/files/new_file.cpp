@@ -1,4 +1,4 @@
-#include "aluframe/store/new_file.h"
+#include "aluframe/files/new_file.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-namespace aluframe::store {
+namespace aluframe::files {
 
 namespace {
 
@@ -54,4 +54,4 @@ void NewFile::replace() {
   path_.clear();
 }
 
-}  // namespace aluframe::store
+}  // namespace aluframe::files

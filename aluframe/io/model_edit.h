@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "aluframe/io/problem.h"
+#include "aluframe/model/model.h"
+
+/// Changes of a model's design settings and materials in its file. The rest of the file keeps every
+/// byte: layout, line ends, a byte order mark, the order of the fields.
+///
+///     const io::ModelChanges changes = io::changes_since(design, materials, model);
+///     if (const auto problem = io::save_changes("frame.json", changes)) ...
+namespace aluframe::io {
+
+/// What is to be different in a model's file.
+struct ModelChanges {
+  std::optional<model::DesignSettings> settings;  ///< nothing: as they are
+  std::vector<model::Material> materials;         ///< in place of those with their numbers
+
+  bool empty() const { return !settings && materials.empty(); }
+};
+
+/// What of a model differs from the settings and materials that its file holds.
+ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
+                           const model::Table<model::Material>& materials, const model::Model& now);
+
+/// The text of a model file with the changes in it: the "settings" and the changed materials are
+/// written anew, each on one line; settings that the file lacks come behind its "units", or behind
+/// the last field of its head. The new text was read back and holds the changed values.
+/// @param name stands for the file in messages
+/// @return a problem when the text is no model, lacks one of the materials, or a model file cannot
+///         hold one of the values
+Result<std::string> edit_model_text(std::string_view text, const std::string& name,
+                                    const ModelChanges& changes);
+
+/// The same of a file, which stays as it is.
+Result<std::string> edit_model_file(const std::filesystem::path& path, const ModelChanges& changes);
+
+/// Gives a model file a new text in one step (files/replace_file.h).
+/// @return a problem when that failed; the file is then as it was
+std::optional<Problem> save_model_text(const std::filesystem::path& path, std::string_view text);
+
+/// Makes changes in a model file in one step; without changes the file is not touched.
+/// @return a problem when that failed; the file is then as it was
+std::optional<Problem> save_changes(const std::filesystem::path& path, const ModelChanges& changes);
+
+}  // namespace aluframe::io

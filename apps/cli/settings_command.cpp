@@ -1,0 +1,90 @@
+#include "apps/cli/settings_command.h"
+
+#include <fmt/format.h>
+
+#include <variant>
+
+#include "aluframe/io/model_edit.h"
+#include "aluframe/io/model_file.h"
+#include "apps/cli/common_options.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/settings_tables.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+bool says_what_to_change(const WantedChanges& wanted) {
+  return wanted.grade || wanted.name || wanted.e || wanted.poisson || wanted.fu ||
+         wanted.f02_thin || wanted.f02_thick;
+}
+
+int show(const SettingsOptions& options, const model::Model& model) {
+  fmt::print("{}", settings_text(model, options.format));
+  if (!model.design) {
+    print_message(options.model.string() + " has no settings; these are the defaults");
+  }
+  return exit_done;
+}
+
+/// Shows what was changed, and which results that makes old.
+void report(const SettingsOptions& options, const OutputTable& difference) {
+  fmt::print("{}", options.format == Format::table ? difference_text(difference)
+                                                   : render(difference, options.format, false));
+  if (difference.rows.empty()) {
+    print_message(options.model.string() + ": nothing to change");
+    return;
+  }
+  const std::filesystem::path results = result_path_of(options.model);
+  std::error_code ignored;
+  if (std::filesystem::exists(results, ignored)) {
+    print_message(results.string() + " is out of date; check the model again");
+  }
+}
+
+/// @return the exit status when the changes cannot be saved
+std::optional<int> save(const std::filesystem::path& file, const io::ModelChanges& changes) {
+  const auto edited = io::edit_model_file(file, changes);
+  if (const auto* problem = std::get_if<io::Problem>(&edited)) {
+    print_message(problem->message());
+    return exit_input_error;
+  }
+  if (const auto problem = io::save_model_text(file, std::get<std::string>(edited))) {
+    print_message(problem->message());
+    return exit_failure;
+  }
+  return std::nullopt;
+}
+
+int change(const SettingsOptions& options, const model::Model& before) {
+  model::Model after = before;
+  const std::vector<std::string> problems = apply(options.changes, after);
+  for (const std::string& problem : problems) print_message(problem);
+  if (!problems.empty()) return exit_input_error;
+  const auto changes = io::changes_since(before.design, before.materials, after);
+  if (!changes.empty()) {
+    if (const auto status = save(options.model, changes)) return *status;
+  }
+  report(options, settings_difference(before, after));
+  return exit_done;
+}
+
+}  // namespace
+
+int run_settings_command(const SettingsOptions& options) {
+  const WantedChanges& wanted = options.changes;
+  if (wanted.material && !says_what_to_change(wanted)) {
+    print_message("--material: give --grade, --name or values with it");
+    return exit_input_error;
+  }
+  const auto read = io::read_model(options.model);
+  if (const auto* problem = std::get_if<io::Problem>(&read)) {
+    print_message(problem->message());
+    return exit_input_error;
+  }
+  const auto& model = std::get<model::Model>(read);
+  return wanted.empty() ? show(options, model) : change(options, model);
+}
+
+}  // namespace aluframe::cli

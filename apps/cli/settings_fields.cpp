@@ -1,0 +1,47 @@
+#include "apps/cli/settings_fields.h"
+
+#include <cstdint>
+
+#include "aluframe/services/design_codes.h"
+#include "aluframe/services/text.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+struct CellOf {
+  Cell operator()(bool value) const { return value; }
+  Cell operator()(int value) const { return std::int64_t{value}; }
+  Cell operator()(double value) const { return value; }
+  Cell operator()(const std::string& value) const { return value; }
+};
+
+template <class Record>
+Cell cell_of(const Record& record, const Field<Record>& field) {
+  return std::visit([&](auto member) { return CellOf()(record.*member); }, field.member);
+}
+
+struct OptionText {
+  std::string operator()(std::monostate) const { return ""; }
+  std::string operator()(const std::string& text) const { return text; }
+  std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
+  std::string operator()(double value) const { return fmt::format("{}", value); }
+  std::string operator()(bool value) const { return value ? "on" : "off"; }
+};
+
+}  // namespace
+
+Cell value_of(const model::DesignSettings& settings, const Field<model::DesignSettings>& field) {
+  if (field.name != code_field) return cell_of(settings, field);
+  return services::to_utf8(services::shown_code_name(services::to_wide(settings.code)));
+}
+
+Cell value_of(const model::Material& material, const Field<model::Material>& field) {
+  return cell_of(material, field);
+}
+
+std::string option_text(const Cell& value) {
+  return std::visit(OptionText(), value);
+}
+
+}  // namespace aluframe::cli

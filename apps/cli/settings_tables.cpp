@@ -1,0 +1,142 @@
+#include "apps/cli/settings_tables.h"
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+
+#include "apps/cli/settings_fields.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+using model::DesignSettings;
+using model::Material;
+
+constexpr const char* settings_record = "settings";
+constexpr const char* material_record = "material";
+
+DesignSettings settings_of(const model::Model& model) {
+  return model.design.value_or(DesignSettings());
+}
+
+OutputTable settings_table(const model::Model& model) {
+  OutputTable table;
+  table.columns = {{"key", "setting"}, {"value", "value"}};
+  const DesignSettings settings = settings_of(model);
+  for (const Field<DesignSettings>& field : settings_fields) {
+    table.rows.push_back({std::string(field.name), option_text(value_of(settings, field))});
+  }
+  return table;
+}
+
+OutputTable materials_table(const model::Model& model) {
+  OutputTable table;
+  table.columns = {{"number", "material"}};
+  for (const Field<Material>& field : material_fields) {
+    table.columns.push_back({std::string(field.name), std::string(field.name)});
+  }
+  for (const Material& material : model.materials) {
+    auto& row = table.rows.emplace_back();
+    row.push_back(std::int64_t{material.number});
+    for (const Field<Material>& field : material_fields) {
+      const std::string text = option_text(value_of(material, field));
+      row.push_back(text.empty() ? Cell() : text);
+    }
+  }
+  return table;
+}
+
+/// Everything as a list of values.
+OutputTable long_table(const model::Model& model) {
+  OutputTable table;
+  table.columns = {{"record", "record"}, {"number", "number"}, {"key", "key"}, {"value", "value"}};
+  const DesignSettings settings = settings_of(model);
+  for (const Field<DesignSettings>& field : settings_fields) {
+    table.rows.push_back({settings_record, {}, std::string(field.name), value_of(settings, field)});
+  }
+  for (const Material& material : model.materials) {
+    for (const Field<Material>& field : material_fields) {
+      table.rows.push_back({material_record, std::int64_t{material.number}, std::string(field.name),
+                            value_of(material, field)});
+    }
+  }
+  return table;
+}
+
+nlohmann::ordered_json json_of(const Cell& cell) {
+  return std::visit(
+      [](const auto& value) -> nlohmann::ordered_json {
+        if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::monostate>) {
+          return nullptr;
+        } else {
+          return value;
+        }
+      },
+      cell);
+}
+
+std::string as_json(const model::Model& model) {
+  const DesignSettings settings = settings_of(model);
+  nlohmann::ordered_json out;
+  for (const Field<DesignSettings>& field : settings_fields) {
+    out["settings"][std::string(field.name)] = json_of(value_of(settings, field));
+  }
+  out["settings_given"] = model.design.has_value();
+  out["materials"] = nlohmann::ordered_json::array();
+  for (const Material& material : model.materials) {
+    nlohmann::ordered_json object = {{"number", material.number}};
+    for (const Field<Material>& field : material_fields) {
+      object[std::string(field.name)] = json_of(value_of(material, field));
+    }
+    out["materials"].push_back(std::move(object));
+  }
+  return out.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+/// Texts that may be empty or have blanks stand in quotes.
+std::string shown(const Cell& value) {
+  const std::string text = option_text(value);
+  const bool bare = !text.empty() && text.find(' ') == std::string::npos;
+  return bare ? text : '"' + text + '"';
+}
+
+}  // namespace
+
+std::string settings_text(const model::Model& model, Format format) {
+  if (format == Format::json) return as_json(model);
+  if (format == Format::csv) return to_csv(long_table(model));
+  return to_text(settings_table(model), false) + "\n" + to_text(materials_table(model), false);
+}
+
+OutputTable settings_difference(const model::Model& before, const model::Model& after) {
+  const OutputTable old_values = long_table(before);
+  const OutputTable new_values = long_table(after);
+  OutputTable table;
+  table.columns = {{"record", "record"},
+                   {"number", "number"},
+                   {"key", "key"},
+                   {"before", "before"},
+                   {"after", "after"}};
+  for (std::size_t i = 0; i < new_values.rows.size(); ++i) {
+    const auto& row = new_values.rows[i];
+    const Cell& old_value = old_values.rows[i].back();
+    if (row.back() != old_value) {
+      table.rows.push_back({row[0], row[1], row[2], old_value, row.back()});
+    }
+  }
+  return table;
+}
+
+std::string difference_text(const OutputTable& difference) {
+  std::string out;
+  for (const auto& row : difference.rows) {
+    const auto* number = std::get_if<std::int64_t>(&row[1]);
+    if (number != nullptr) out += fmt::format("material {}: ", *number);
+    out += fmt::format("{} {} -> {}\n", option_text(row[2]), shown(row[3]), shown(row[4]));
+  }
+  return out;
+}
+
+}  // namespace aluframe::cli

@@ -1,0 +1,77 @@
+#include "apps/desktop/desktop_run.h"
+
+#include <QApplication>
+#include <utility>
+#include <variant>
+
+#include "aluframe/toolkit/qt/qt_toolkit.h"
+#include "apps/cli/exit_status.h"
+#include "apps/desktop/main_window.h"
+#include "apps/desktop/message_boxes.h"
+#include "apps/desktop/model_document.h"
+
+namespace aluframe::desktop {
+
+namespace {
+
+using services::DialogEnd;
+using services::SettingsDialog;
+
+/// Screens in memory have nobody to close a box.
+bool is_watched() {
+  const QString platform = QGuiApplication::platformName();
+  return platform != QStringLiteral("offscreen") && platform != QStringLiteral("minimal");
+}
+
+int fail(const std::string& problem, int status) {
+  if (is_watched()) {
+    show_problem(nullptr, problem);
+  } else {
+    print_problem(problem);
+  }
+  return status;
+}
+
+int run_dialog(ModelDocument& document, SettingsDialog dialog, services::Language language) {
+  toolkit::QtToolkit toolkit;
+  services::SessionOptions session;
+  session.language = language;
+  session.toolkit = &toolkit;
+  session.message_box = show_message_box;
+  session.message = print_problem;
+  const DialogEnd end =
+      services::run_settings_dialog(document.editable(), dialog, std::move(session));
+  if (end == DialogEnd::failed) return fail("the dialog did not open", cli::exit_failure);
+  if (const auto problem = document.save()) return fail(*problem, cli::exit_failure);
+  const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
+  return refused ? cli::exit_cancelled : cli::exit_done;
+}
+
+int run_window(std::optional<ModelDocument> document, services::Language language) {
+  MainWindow window(language);
+  if (document) window.show_document(*std::move(document));
+  window.show();
+  return QApplication::exec();
+}
+
+}  // namespace
+
+bool has_display() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+int run_desktop(const DesktopOptions& options) {
+  std::optional<ModelDocument> document;
+  if (options.model) {
+    auto opened = ModelDocument::open(*options.model);
+    if (const auto* problem = std::get_if<std::string>(&opened)) {
+      return fail(*problem, cli::exit_input_error);
+    }
+    document = std::get<ModelDocument>(std::move(opened));
+  }
+  if (options.dialog && document) return run_dialog(*document, *options.dialog, options.language);
+  return run_window(std::move(document), options.language);
+}
+
+}  // namespace aluframe::desktop

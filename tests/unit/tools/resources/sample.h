@@ -1,0 +1,3 @@
+// Symbols of the sample.
+#define IDD_SAMPLE 0x65
+#define IDC_SAMPLE_NAME 201
