@@ -20,7 +20,8 @@ namespace aluframe::cli {
 std::variant<model::Model, std::string> load_model(
     const std::filesystem::path& file, const std::optional<std::filesystem::path>& forces);
 
-/// Says which model a run is of, and limits it to the elements and combinations that the user named.
+/// Says which model a run is of, and limits it to the elements and combinations that the user
+/// named.
 /// @return a message when one of them does not exist
 std::optional<std::string> limit(const model::Model& model, const CommonOptions& common,
                                  services::SessionOptions& out);
