@@ -11,7 +11,7 @@ CYCLE = 8
 
 
 def generate(count, seed):
-    """Yields (family name, point); the id of a point holds the seed, its number and the family."""
+    """Yields (family name, point); the id of a point holds its random seed, its number and the family."""
     rng = random.Random(seed)
     names = list(FAMILIES)
     for number in range(count):
