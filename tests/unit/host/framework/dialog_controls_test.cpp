@@ -100,6 +100,18 @@ TEST_F(DialogControlsTest, MembersAreDetachedWhenTheDialogHasClosed) {
   EXPECT_EQ(dialog_.rib.GetCheck(), BST_UNCHECKED);
 }
 
+// Another dialog stands in between, where the first opening had its window.
+TEST_F(DialogControlsTest, EachOpeningHandsOutItsOwnControls) {
+  Run(dialog_, [this](HeadlessDialog&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
+  SampleDialog other;
+  Run(other, [this](HeadlessDialog&) {
+    Run(dialog_, [this](HeadlessDialog& user) {
+      dialog_.GetDlgItem(name_edit)->SetWindowText(L"second");
+      EXPECT_TRUE(user.Text(name_edit) == L"second");
+    });
+  });
+}
+
 TEST_F(DialogControlsTest, AClosedDialogHandsOutNoControl) {
   Run(dialog_, [this](HeadlessDialog&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
   EXPECT_EQ(dialog_.GetDlgItem(name_edit), nullptr);

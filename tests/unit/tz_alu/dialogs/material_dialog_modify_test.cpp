@@ -147,6 +147,25 @@ TEST_F(MaterialDialogModifyTest, TheNameEditIsNotRead) {
   ExpectName(L"own", L"", L"");
 }
 
+TEST_F(MaterialDialogModifyTest, ValuesOfTheUserKeepNoGrade) {
+  host_.model.materials[7].strGrade = L"6061-T6";
+  Run([](HeadlessDialog& user) {
+    ClickRow(user, kOwnRow);
+    Modify(user);
+  });
+  ExpectName(L"own", L"", L"");
+}
+
+TEST_F(MaterialDialogModifyTest, AStandardOfTheNameNoneIsStoredAsNone) {
+  host_.model.materials[7].strStandard = L"None";
+  host_.model.materials[7].strGrade = L"mine";
+  Run([](HeadlessDialog& user) {
+    ClickRow(user, kOwnRow);
+    Modify(user);
+  });
+  ExpectName(L"mine", L"", L"");
+}
+
 TEST_F(MaterialDialogModifyTest, AfterChoosingNoneTheNameThatIsEnteredIsNotRead) {
   Run([this](HeadlessDialog& user) {
     ClickRow(user, kGradeRow);
