@@ -72,10 +72,31 @@ Problem find_thick_web(const Section& section, std::string_view width) {
                     "the web is thicker than the flange is wide " + quoted(section, width));
 }
 
+/// Radii must find room on the web, on the flanges' inner faces and on their edges.
+Problem find_large_radius(const Section& section) {
+  const double r1 = value_of(section, "r1");
+  const double r2 = value_of(section, "r2");
+  const double sides = section.shape == Shape::h_section ? 2.0 : 1.0;
+  const auto at_most = [&](std::string_view name, double limit, std::string_view what) {
+    return problem_of(section, name,
+                      fmt::format("{} leaves room for at most {:.6g} mm", what, limit));
+  };
+  const double web = (value_of(section, "H") - value_of(section, "tf1") - value_of(section, "tf2"));
+  if (r1 > web / 2.0) return at_most("r1", web / 2.0, "the web");
+  const double tf = std::min(value_of(section, "tf1"), value_of(section, "tf2"));
+  if (r2 > tf) return at_most("r2", tf, "the thinner flange");
+  const double width = std::min(value_of(section, "B1"), value_of(section, "B2"));
+  const double outstand = (width - value_of(section, "tw")) / sides;
+  if (r1 + r2 <= outstand) return std::nullopt;
+  return at_most(r1 > r2 ? "r1" : "r2", outstand - std::min(r1, r2),
+                 "beside the other radius, the narrower flange");
+}
+
 Problem find_problem_of_flanged(const Section& section) {
   if (auto problem = find_deep_flanges(section, "tf1", "tf2")) return problem;
   if (auto problem = find_thick_web(section, "B1")) return problem;
-  return find_thick_web(section, "B2");
+  if (auto problem = find_thick_web(section, "B2")) return problem;
+  return find_large_radius(section);
 }
 
 Problem find_problem_of_tee(const Section& section) {

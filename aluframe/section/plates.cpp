@@ -1,6 +1,7 @@
 #include "aluframe/section/plates.h"
 
 #include <algorithm>
+#include <numbers>
 
 namespace aluframe::section {
 
@@ -21,12 +22,41 @@ double half_difference_of_squares(double a, double c) {
   return (a - c) * (a + c) / 2.0;
 }
 
+/// Share of r² that a quarter circle leaves of its square.
+constexpr double piece_area = 1.0 - std::numbers::pi / 4.0;
+/// First and second moment of the piece about a straight side, as shares of r³ and r⁴.
+constexpr double piece_first = 5.0 / 6.0 - std::numbers::pi / 4.0;
+constexpr double piece_second = 1.0 - 5.0 * std::numbers::pi / 16.0;
+constexpr double piece_centre = piece_first / piece_area;
+
 }  // namespace
 
-PlateSums sums_of(std::span<const Plate> plates) {
+double Rounding::area() const {
+  return sign * piece_area * radius * radius;
+}
+
+double Rounding::centre_y() const {
+  return y + toward_y * piece_centre * radius;
+}
+
+double Rounding::centre_z() const {
+  return z + toward_z * piece_centre * radius;
+}
+
+double Rounding::inertia() const {
+  const double radius_2 = radius * radius;
+  return sign * (piece_second - piece_centre * piece_first) * radius_2 * radius_2;
+}
+
+PlateSums sums_of(std::span<const Plate> plates, std::span<const Rounding> roundings) {
   PlateSums sums;
   double moment_y = 0.0;
   double moment_z = 0.0;
+  for (const Rounding& rounding : roundings) {
+    sums.area += rounding.area();
+    moment_y += rounding.area() * rounding.centre_y();
+    moment_z += rounding.area() * rounding.centre_z();
+  }
   for (const Plate& plate : plates) {
     const double area = plate.width * plate.height;
     sums.area += area;
@@ -42,15 +72,26 @@ PlateSums sums_of(std::span<const Plate> plates) {
     sums.iyy += area * (plate.height * plate.height / 12.0 + z * z);
     sums.izz += area * (plate.width * plate.width / 12.0 + y * y);
   }
+  for (const Rounding& rounding : roundings) {
+    const double y = rounding.centre_y() - sums.y;
+    const double z = rounding.centre_z() - sums.z;
+    sums.iyy += rounding.inertia() + rounding.area() * z * z;
+    sums.izz += rounding.inertia() + rounding.area() * y * y;
+  }
   return sums;
 }
 
-double largest_moment_over_width(std::span<const Slice> slices, double centroid_z) {
+double largest_moment_over_width(std::span<const Slice> slices, double centroid_z,
+                                 std::span<const Rounding> roundings) {
   double largest = 0.0;
   for (const Slice& slice : slices) {
     // Within one width, Q is largest at the cut nearest the centroid.
     const double cut = std::clamp(centroid_z, slice.bottom, slice.top);
-    largest = std::max(largest, moment_above(slices, cut, centroid_z) / slice.width);
+    double moment = moment_above(slices, cut, centroid_z);
+    for (const Rounding& rounding : roundings) {
+      if (rounding.centre_z() > cut) moment += rounding.area() * (rounding.centre_z() - centroid_z);
+    }
+    largest = std::max(largest, moment / slice.width);
   }
   return largest;
 }

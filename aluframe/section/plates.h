@@ -15,6 +15,22 @@ struct Plate {
   double z;
 };
 
+/// What rounding a corner by a quarter circle adds (the fillet between two plates) or takes away
+/// (an edge), the piece between the circle and the two straight sides.
+struct Rounding {
+  double radius;
+  double y;  ///< the corner
+  double z;
+  double toward_y;  ///< 1 or −1: from the corner into the piece, along y and z
+  double toward_z;
+  double sign;  ///< 1 adds the piece, −1 takes it away
+
+  double area() const;      ///< (1 − π/4)·r², with the sign
+  double centre_y() const;  ///< its centroid, 0.2234·r from either side
+  double centre_z() const;
+  double inertia() const;  ///< about its own centroid, 0.00755·r⁴, with the sign
+};
+
 /// Area, centroid, and second moments about the centroid's axes (parallel-axis theorem). The
 /// product of inertia is left out: y and z are the axes of the checks, principal or not.
 struct PlateSums {
@@ -26,7 +42,7 @@ struct PlateSums {
 };
 
 /// At least one plate; sizes positive.
-PlateSums sums_of(std::span<const Plate> plates);
+PlateSums sums_of(std::span<const Plate> plates, std::span<const Rounding> roundings = {});
 
 /// A slice of a section over its full width, between two levels z.
 struct Slice {
@@ -38,8 +54,9 @@ struct Slice {
 /// Largest Q/b for shear along z, mm²: over all horizontal cuts, the first moment of the area above
 /// the cut about the centroid (at `centroid_z`), over the width cut through. V·(Q/b)/Iyy is then
 /// the largest shear stress of elementary beam theory (Zhuravskii). Slices have positive widths and
-/// stand from bottom to top without gaps.
-double largest_moment_over_width(std::span<const Slice> slices, double centroid_z);
+/// stand from bottom to top without gaps. A rounding counts where its centroid is above the cut.
+double largest_moment_over_width(std::span<const Slice> slices, double centroid_z,
+                                 std::span<const Rounding> roundings = {});
 
 /// Two flanges that carry the shear along y, both from the web outwards. Distances from the z axis.
 struct FlangePair {

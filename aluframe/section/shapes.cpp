@@ -1,6 +1,7 @@
 #include "aluframe/section/shapes.h"
 
 #include <numbers>
+#include <vector>
 
 #include "aluframe/section/plates.h"
 #include "aluframe/section/thin_wall.h"
@@ -57,13 +58,21 @@ SectionProperties from_plates(const PlateSums& sums, double h, std::array<double
 
 /// Q/b for shear along z of a bottom flange, webs of `web_width` together, and a top flange.
 double shear_factor_z(const Dimensions& d, double bottom_width, double web_width, double top_width,
-                      double centroid_z) {
+                      double centroid_z, std::span<const Rounding> roundings = {}) {
   const double web_bottom = -d.h / 2.0 + d.tf2;
   const double web_top = d.h / 2.0 - d.tf1;
   return largest_moment_over_width(
       std::array{Slice{bottom_width, -d.h / 2.0, web_bottom}, Slice{web_width, web_bottom, web_top},
                  Slice{top_width, web_top, d.h / 2.0}},
-      centroid_z);
+      centroid_z, roundings);
+}
+
+/// Fillet and rounded edge of one flange outstand. `level`: inner face of the flange; `inwards`: 1
+/// or −1, from it towards the web; `side`: 1 or −1, from the web to the tip.
+void add_roundings(const Dimensions& d, double web_face, double tip, double level, double inwards,
+                   double side, std::vector<Rounding>& out) {
+  if (d.r1 > 0.0) out.push_back({d.r1, web_face, level, side, inwards, 1.0});
+  if (d.r2 > 0.0) out.push_back({d.r2, tip, level, -side, -inwards, -1.0});
 }
 
 /// A ring; inner radius 0 for a solid round. All formulas exact.
@@ -84,7 +93,14 @@ SectionProperties ring_properties(double outer, double inner) {
 }
 
 Dimensions double_flanged(const std::array<double, 8>& d) {
-  return {.h = d[0], .b1 = d[1], .b2 = d[4], .tw = d[2], .tf1 = d[3], .tf2 = d[5]};
+  return {.h = d[0],
+          .b1 = d[1],
+          .b2 = d[4],
+          .tw = d[2],
+          .tf1 = d[3],
+          .tf2 = d[5],
+          .r1 = d[6],
+          .r2 = d[7]};
 }
 
 BoxWalls walls_of(const Dimensions& d) {
@@ -120,9 +136,13 @@ Dimensions dimensions_of(const model::Section& section) {
 }
 
 SectionProperties channel_properties(const Dimensions& d) {
+  std::vector<Rounding> roundings;
+  add_roundings(d, d.tw, d.b1, d.h / 2.0 - d.tf1, -1.0, 1.0, roundings);
+  add_roundings(d, d.tw, d.b2, d.tf2 - d.h / 2.0, 1.0, 1.0, roundings);
   const PlateSums sums = sums_of(std::array{Plate{d.b1, d.tf1, d.b1 / 2.0, top_flange_z(d)},
                                             Plate{d.tw, web_height(d), d.tw / 2.0, web_z(d)},
-                                            Plate{d.b2, d.tf2, d.b2 / 2.0, bottom_flange_z(d)}});
+                                            Plate{d.b2, d.tf2, d.b2 / 2.0, bottom_flange_z(d)}},
+                                 roundings);
   const Flange top{d.b1 - d.tw / 2.0, d.tf1};
   const Flange bottom{d.b2 - d.tw / 2.0, d.tf2};
   const double depth = middle_line_depth(d);
@@ -132,7 +152,7 @@ SectionProperties channel_properties(const Dimensions& d) {
   out.it = open_torsion_constant(std::array{top, bottom, Strip{depth, d.tw}});
   out.iw = warping.constant;
   out.shear_centre_z = middle_line_z(d) + warping.shear_centre_z - sums.z;
-  out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z);
+  out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z, roundings);
   out.qzb = largest_moment_over_thickness({.inner = 0.0,
                                            .top_tip = d.b1 - sums.y,
                                            .bottom_tip = d.b2 - sums.y,
@@ -142,9 +162,16 @@ SectionProperties channel_properties(const Dimensions& d) {
 }
 
 SectionProperties h_section_properties(const Dimensions& d) {
+  std::vector<Rounding> roundings;
+  for (const double side : {-1.0, 1.0}) {
+    const double face = side * d.tw / 2.0;
+    add_roundings(d, face, side * d.b1 / 2.0, d.h / 2.0 - d.tf1, -1.0, side, roundings);
+    add_roundings(d, face, side * d.b2 / 2.0, d.tf2 - d.h / 2.0, 1.0, side, roundings);
+  }
   const PlateSums sums = sums_of(std::array{Plate{d.b1, d.tf1, 0.0, top_flange_z(d)},
                                             Plate{d.tw, web_height(d), 0.0, web_z(d)},
-                                            Plate{d.b2, d.tf2, 0.0, bottom_flange_z(d)}});
+                                            Plate{d.b2, d.tf2, 0.0, bottom_flange_z(d)}},
+                                 roundings);
   const Flange top{d.b1, d.tf1};
   const Flange bottom{d.b2, d.tf2};
   const double depth = middle_line_depth(d);
@@ -155,7 +182,7 @@ SectionProperties h_section_properties(const Dimensions& d) {
   out.it = open_torsion_constant(std::array{top, bottom, Strip{depth, d.tw}});
   out.iw = warping.constant;
   out.shear_centre_z = middle_line_z(d) + warping.shear_centre_z - sums.z;
-  out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z);
+  out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z, roundings);
   out.qzb = largest_moment_over_thickness({.inner = 0.0,
                                            .top_tip = d.b1 / 2.0,
                                            .bottom_tip = d.b2 / 2.0,

@@ -15,14 +15,16 @@ struct Dimensions {
   double tw = 0.0;  ///< web thickness; wall of a pipe
   double tf1 = 0.0;
   double tf2 = 0.0;
-  double c = 0.0;  ///< box: distance of the web centres; 2C: gap between the backs
+  double c = 0.0;   ///< box: distance of the web centres; 2C: gap between the backs
+  double r1 = 0.0;  ///< C and H: fillets between web and flanges
+  double r2 = 0.0;  ///< C and H: rounding of the flanges' inner edges
 };
 Dimensions dimensions_of(const model::Section& section);
 
-// Properties of each shape, by closed formulas. Sharp corners: r1 and r2 are allowances for clear
-// widths, not material. Area, Iyy, Izz exact; It, Iw and the shear centre by thin-wall theory on
-// the middle lines (web lengths run between the middle lines of the flanges). Iw is 0 where a shape
-// has no warping stiffness. Dimensions must describe a shape that can be built.
+// Properties of each shape, by closed formulas. Area, Iyy, Izz exact, with the corner radii of C
+// and H; It, Iw and the shear centre by thin-wall theory on the middle lines (web lengths run
+// between the middle lines of the flanges), without the radii, which add to It. Iw is 0 where a
+// shape has no warping stiffness. Dimensions must describe a shape that can be built.
 
 /// Web on the left, flanges to the right; B1, B2 from the web's back. The shear centre lies left of
 /// the web; with equal flanges at the height of the centroid.
