@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "aluframe/io/model_reader.h"
-#include "aluframe/io/section_defaults.h"
 #include "aluframe/section/section_properties.h"
 
 namespace aluframe::io {
@@ -40,7 +39,7 @@ std::array<double, 8> read_dimensions(const JsonObject& object, Shape shape, dou
     const std::optional<JsonValue> value =
         required ? object.required(names[i]) : object.optional(names[i]);
     if (!value) {
-      dimensions[i] = default_dimension(shape, i, dimensions);
+      dimensions[i] = model::default_dimension(shape, i, dimensions);
     } else {
       dimensions[i] =
           scale * (may_be_zero(names[i], shape) ? value->not_negative() : value->positive());
@@ -144,22 +143,6 @@ model::Section read_section(const JsonObject& object, const Scales& scales) {
 }
 
 }  // namespace
-
-double default_dimension(Shape shape, std::size_t dimension,
-                         const std::array<double, 8>& dimensions) {
-  const auto names = model::dimension_names(shape);
-  const auto value_of = [&](std::string_view name) {
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      if (names[i] == name) return dimensions[i];
-    }
-    return 0.0;
-  };
-  const std::string_view name = names[dimension];
-  if (name == "B2") return value_of("B1");
-  if (name == "tf2") return value_of("tf1");
-  if (name == "C" && shape == Shape::box) return value_of("B") - value_of("tw");
-  return 0.0;
-}
 
 void read_sections(const JsonObject& root, const Scales& scales, model::Model& model) {
   for (const JsonValue value : root.required("sections").list()) {

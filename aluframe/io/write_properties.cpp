@@ -2,7 +2,6 @@
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_lines.h"
-#include "aluframe/io/section_defaults.h"
 
 namespace aluframe::io {
 
@@ -24,7 +23,7 @@ std::string dimensions_of(const model::Section& section, double scale) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     const bool required = i < model::required_dimensions(section.shape);
     const double value = section.dimensions[i];
-    if (required || value != default_dimension(section.shape, i, section.dimensions)) {
+    if (required || value != model::default_dimension(section.shape, i, section.dimensions)) {
       line.number(names[i], value, scale);
     }
   }

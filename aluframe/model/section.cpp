@@ -50,6 +50,22 @@ std::span<const std::string_view> dimension_names(Shape shape) {
   return std::span(row.dimensions).first(row.count);
 }
 
+double default_dimension(Shape shape, std::size_t dimension,
+                         const std::array<double, 8>& dimensions) {
+  const auto names = dimension_names(shape);
+  const auto value_of = [&](std::string_view name) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (names[i] == name) return dimensions[i];
+    }
+    return 0.0;
+  };
+  const std::string_view name = names[dimension];
+  if (name == "B2") return value_of("B1");
+  if (name == "tf2") return value_of("tf1");
+  if (name == "C" && shape == Shape::box) return value_of("B") - value_of("tw");
+  return 0.0;
+}
+
 std::size_t required_dimensions(Shape shape) {
   return row_of(shape).required;
 }

@@ -28,6 +28,13 @@ std::span<const std::string_view> dimension_names(Shape shape);
 /// box, C = 0 for 2C, r1 = r2 = 0).
 std::size_t required_dimensions(Shape shape);
 
+/// What a dimension is when the file does not give it, in mm: B2 = B1 and tf2 = tf1 (the other
+/// flange is the same), C = B − tw of a box (its webs at the edges), 0 for r1, r2 and the gap
+/// between two channels. `dimension` is a place in dimension_names behind the required ones;
+/// the places before it are filled in.
+double default_dimension(Shape shape, std::size_t dimension,
+                         const std::array<double, 8>& dimensions);
+
 /// Properties of a section about its centroid; y parallel to the flanges and positive to the right
 /// when x points at the viewer, z up. Lengths in mm.
 struct SectionProperties {
