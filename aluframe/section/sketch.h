@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "aluframe/model/section.h"
+
+namespace aluframe::section {
+
+/// A drawing of the section as SVG (a whole file, sizes in mm): its material, its centroid as a
+/// cross and its shear centre as a ring, with the name below. The section must have no dimension
+/// problem and not be of shape `other`.
+std::string sketch_of(const model::Section& section);
+
+}  // namespace aluframe::section
