@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,17 +20,26 @@ void read_settings(const JsonObject& root, model::Model& model);
 void read_materials(const JsonObject& root, model::Model& model);
 void read_sections(const JsonObject& root, const Scales& scales, model::Model& model);
 void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model);
-void read_supports(const JsonObject& root, model::Model& model);
+/// Needs nodes.
+void read_supports(const JsonObject& root, const Scales& scales, model::Model& model);
 /// Needs materials, sections and nodes.
 void read_elements(const JsonObject& root, const Scales& scales, model::Model& model);
 void read_members(const JsonObject& root, model::Model& model);
-void read_load_cases(const JsonObject& root, model::Model& model);
+/// Needs nodes, supports and elements.
+void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model);
 void read_combinations(const JsonObject& root, model::Model& model);
 /// Needs elements and load cases. The table keeps its size 0 when the file has no forces.
 void read_forces(const JsonObject& root, const Scales& scales, model::Model& model);
 
 /// Design attributes of an element from its `design` object.
 model::ElementDesign read_element_design(const JsonValue& design, const Scales& scales);
+/// The loads that a load case has among its fields.
+model::CaseLoads read_case_loads(const JsonObject& load_case, const Scales& scales,
+                                 const model::Model& model);
+/// Switches on the places that a list of names, each given once, stands for. `flags` starts at the
+/// first of the six.
+void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> names,
+                std::span<bool> flags);
 /// Length factors {y, z} when the object has them.
 std::optional<model::ElementDesign::AxisPair> read_axis_pair(const JsonObject& object,
                                                              std::string_view field);

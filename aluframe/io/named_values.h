@@ -49,6 +49,27 @@ inline constexpr std::array combination_kinds{
 inline constexpr std::array<NamedValue<std::size_t>, 6> support_directions{
     {{"Dx", 0}, {"Dy", 1}, {"Dz", 2}, {"Rx", 3}, {"Ry", 4}, {"Rz", 5}}};
 
+/// Components of a load on a node, by their place in model::NodalLoad::components.
+inline constexpr std::array<NamedValue<std::size_t>, 6> nodal_components{
+    {{"Fx", 0}, {"Fy", 1}, {"Fz", 2}, {"Mx", 3}, {"My", 4}, {"Mz", 5}}};
+
+/// Factors of self-weight, by their place in model::CaseLoads::self_weight.
+inline constexpr std::array<NamedValue<std::size_t>, 3> global_axes{{{"X", 0}, {"Y", 1}, {"Z", 2}}};
+
+/// Values of a temperature load.
+inline constexpr std::array<NamedValue<std::size_t>, 3> temperature_components{
+    {{"change", 0}, {"difference_y", 1}, {"difference_z", 2}}};
+
+/// Directions of loads on elements; that a load is projected is a field of its own.
+inline constexpr std::array load_directions{
+    NamedValue{"x", model::LoadDirection{model::LoadAxes::local, 0}},
+    NamedValue{"y", model::LoadDirection{model::LoadAxes::local, 1}},
+    NamedValue{"z", model::LoadDirection{model::LoadAxes::local, 2}},
+    NamedValue{"X", model::LoadDirection{model::LoadAxes::global, 0}},
+    NamedValue{"Y", model::LoadDirection{model::LoadAxes::global, 1}},
+    NamedValue{"Z", model::LoadDirection{model::LoadAxes::global, 2}},
+};
+
 /// Force components of an element, by their place in model::SectionForces and in one end's half of
 /// model::Element::released. Also the columns of a force table.
 inline constexpr std::array<NamedValue<std::size_t>, 6> force_components{

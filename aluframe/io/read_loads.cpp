@@ -15,7 +15,9 @@ namespace {
 
 using Source = model::CombinationTerm::Source;
 
-constexpr auto load_case_fields = std::to_array<std::string_view>({"number", "name", "kind"});
+constexpr auto load_case_fields =
+    std::to_array<std::string_view>({"number", "name", "kind", "self_weight", "nodal", "span",
+                                     "points", "temperature", "settlements"});
 constexpr auto combination_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "terms", "seismic", "design"});
 constexpr auto term_fields = std::to_array<std::string_view>({"case", "combination", "factor"});
@@ -82,7 +84,7 @@ int read_moving_load_code(const JsonValue& value) {
 
 }  // namespace
 
-void read_load_cases(const JsonObject& root, model::Model& model) {
+void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model) {
   if (const auto code = root.optional("moving_load_code")) {
     model.moving_load_code = read_moving_load_code(*code);
   }
@@ -96,6 +98,7 @@ void read_load_cases(const JsonObject& root, model::Model& model) {
     if (const auto kind = object.optional("kind")) {
       load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
     }
+    load_case.loads = read_case_loads(object, scales, model);
     add_entity(object, model.load_cases, std::move(load_case), "load_cases");
   }
 }

@@ -42,10 +42,10 @@ model::Model read_document(const JsonValue& value) {
   read_materials(root, model);
   read_sections(root, scales, model);
   read_nodes(root, scales, model);
-  read_supports(root, model);
+  read_supports(root, scales, model);
   read_elements(root, scales, model);
   read_members(root, model);
-  read_load_cases(root, model);
+  read_load_cases(root, scales, model);
   read_combinations(root, model);
   read_forces(root, scales, model);
   return model;

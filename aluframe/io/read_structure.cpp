@@ -2,7 +2,6 @@
 #include <array>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "aluframe/io/model_reader.h"
@@ -14,7 +13,6 @@ namespace aluframe::io {
 namespace {
 
 constexpr auto node_fields = std::to_array<std::string_view>({"number", "name", "x", "y", "z"});
-constexpr auto support_fields = std::to_array<std::string_view>({"node", "restrained"});
 constexpr auto element_fields =
     std::to_array<std::string_view>({"number", "name", "nodes", "section", "material", "beta",
                                      "kind", "member_type", "releases", "design"});
@@ -22,35 +20,9 @@ constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"}
 constexpr auto member_fields =
     std::to_array<std::string_view>({"number", "name", "elements", "length_factors"});
 
-constexpr std::string_view all_directions = "all";
 /// Nodes closer than this stand at the same point: no profile is that short, and the direction of
 /// such an element would be noise.
 constexpr double shortest_element = 1e-3;  // mm
-
-/// Switches on the places that a list of names, each given once, stands for. `flags` starts at the
-/// first of the six.
-void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> names,
-                std::span<bool> flags) {
-  for (const JsonValue value : list.list()) {
-    const std::size_t place = value.one_of(names);
-    if (flags[place]) value.fail_with("which is given before");
-    flags[place] = true;
-  }
-}
-
-model::Support read_support(const JsonValue& value, const model::Model& model) {
-  const JsonObject object(value, support_fields);
-  model::Support support;
-  support.node = read_reference(object.required("node"), model.nodes, "node");
-  const JsonValue restrained = object.required("restrained");
-  if (restrained.kind() == JsonValue::Kind::string) {
-    restrained.require_text(all_directions);
-    support.restrained.fill(true);
-  } else {
-    read_flags(restrained, support_directions, support.restrained);
-  }
-  return support;
-}
 
 std::array<model::Number, 2> read_end_nodes(const JsonValue& value, const model::Model& model) {
   if (const std::size_t count = value.list().size(); count != 2) {
@@ -135,6 +107,15 @@ model::Member read_member(const JsonObject& object, const model::Model& model, O
 
 }  // namespace
 
+void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> names,
+                std::span<bool> flags) {
+  for (const JsonValue value : list.list()) {
+    const std::size_t place = value.one_of(names);
+    if (flags[place]) value.fail_with("which is given before");
+    flags[place] = true;
+  }
+}
+
 void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model) {
   for (const JsonValue value : root.required("nodes").list()) {
     const JsonObject object(value, node_fields);
@@ -145,19 +126,6 @@ void read_nodes(const JsonObject& root, const Scales& scales, model::Model& mode
     node.y = scales.length * object.required("y").number();
     node.z = scales.length * object.required("z").number();
     add_entity(object, model.nodes, std::move(node), "nodes");
-  }
-}
-
-void read_supports(const JsonObject& root, model::Model& model) {
-  const std::optional<JsonValue> list = root.optional("supports");
-  if (!list) return;
-  std::unordered_set<model::Number> supported;
-  for (const JsonValue value : list->list()) {
-    const model::Support support = read_support(value, model);
-    if (!supported.insert(support.node).second) {
-      value.fail("node " + std::to_string(support.node) + " has a support already");
-    }
-    model.supports.push_back(support);
   }
 }
 

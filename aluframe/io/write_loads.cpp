@@ -29,11 +29,12 @@ void append_row(std::string& text, const model::SectionForces& forces, const Sca
 
 }  // namespace
 
-std::string load_case_line(const model::LoadCase& load_case) {
+std::string load_case_line(const model::LoadCase& load_case, const Scales& scales) {
   JsonLine line = begin_entity(load_case.number, load_case.name);
   if (load_case.kind != model::LoadCaseKind::static_load) {
     line.text("kind", name_in(load_case_kinds, load_case.kind));
   }
+  append_case_loads(line, load_case.loads, scales);
   return line.str();
 }
 

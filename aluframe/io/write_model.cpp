@@ -60,7 +60,10 @@ void write_structure(ModelText& text, const model::Model& model, const Scales& s
   text.list("sections", model.sections,
             [&](const model::Section& section) { return section_line(section, scales); });
   text.list("nodes", model.nodes, [&](const model::Node& node) { return node_line(node, scales); });
-  if (!model.supports.empty()) text.list("supports", model.supports, support_line);
+  if (!model.supports.empty()) {
+    text.list("supports", model.supports,
+              [&](const model::Support& support) { return support_line(support, scales); });
+  }
   text.list("elements", model.elements,
             [&](const model::Element& element) { return element_line(element, scales); });
   if (!model.members.empty()) text.list("members", model.members, member_line);
@@ -89,7 +92,10 @@ std::string write_model(const model::Model& model) {
   ModelText text;
   write_head(text, model);
   write_structure(text, model, scales);
-  if (!model.load_cases.empty()) text.list("load_cases", model.load_cases, load_case_line);
+  if (!model.load_cases.empty()) {
+    text.list("load_cases", model.load_cases,
+              [&](const model::LoadCase& load_case) { return load_case_line(load_case, scales); });
+  }
   if (!model.combinations.empty()) text.list("combinations", model.combinations, combination_line);
   write_forces(text, model, scales);
   return std::move(text).close();

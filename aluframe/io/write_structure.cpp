@@ -39,14 +39,14 @@ std::string moment_factor_text(const model::MomentFactor& factor) {
   return JsonLine().number("loading", factor.loading).str();
 }
 
+}  // namespace
+
 std::string numbers_text(std::span<const model::Number> numbers) {
   std::vector<std::string> texts;
   texts.reserve(numbers.size());
   for (const model::Number number : numbers) texts.push_back(std::to_string(number));
   return json_list(texts);
 }
-
-}  // namespace
 
 JsonLine begin_entity(model::Number number, const std::string& name) {
   return JsonLine().number("number", number).text_unless("name", name, "");
@@ -60,11 +60,18 @@ std::string node_line(const model::Node& node, const Scales& scales) {
       .str();
 }
 
-std::string support_line(const model::Support& support) {
-  return JsonLine()
-      .number("node", support.node)
-      .json("restrained", flags_text(support_directions, support.restrained))
-      .str();
+std::string support_line(const model::Support& support, const Scales& scales) {
+  JsonLine springs;
+  for (const auto& [name, direction] : support_directions) {
+    const double stiffness = support.springs[direction];
+    if (stiffness != 0.0) springs.number(name, stiffness, scales.of_stiffness(direction));
+  }
+  JsonLine line = JsonLine().number("node", support.node);
+  if (springs.empty() || any(support.restrained)) {
+    line.json("restrained", flags_text(support_directions, support.restrained));
+  }
+  if (!springs.empty()) line.json("springs", springs.str());
+  return line.str();
 }
 
 std::string element_line(const model::Element& element, const Scales& scales) {

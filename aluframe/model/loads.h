@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "aluframe/model/case_loads.h"
 #include "aluframe/model/table.h"
 
 namespace aluframe::model {
@@ -29,6 +30,7 @@ struct LoadCase {
   Number number = 0;
   std::string name;
   LoadCaseKind kind = LoadCaseKind::static_load;
+  CaseLoads loads{};
 
   friend bool operator==(const LoadCase&, const LoadCase&) = default;
 };

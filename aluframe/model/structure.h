@@ -18,10 +18,13 @@ struct Node {
   friend bool operator==(const Node&, const Node&) = default;
 };
 
-/// Supported directions of a node: translations Dx, Dy, Dz, then rotations Rx, Ry, Rz (global).
+/// How the ground holds a node in its six directions: translations Dx, Dy, Dz, then rotations Rx,
+/// Ry, Rz (global). A direction is held rigidly, by a spring, or not at all.
 struct Support {
   Number node = 0;
   std::array<bool, 6> restrained{};
+  /// Springs, N/mm along and N·mm/rad about the axes; 0 is none.
+  std::array<double, 6> springs{};
 
   friend bool operator==(const Support&, const Support&) = default;
 };

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <unordered_set>
+
+#include "aluframe/io/model_reader.h"
+
+/// Readers of single loads, and what they share. A load that would do nothing (values of 0, or
+/// nothing to act on) is a mistake and refused.
+namespace aluframe::io {
+
+/// What loads are read with: the units of the file, and the model so far.
+struct LoadContext {
+  const Scales& scales;
+  const model::Model& model;
+};
+
+/// A number in a unit that is `scale` N, mm or powers of them; not 0 in N and mm.
+double read_not_zero(const JsonValue& value, double scale = 1.0);
+
+/// Components by name, 0 where they are not given, each times its scale; not all may be 0.
+/// `scale_of` takes the place of a component.
+template <std::size_t Size, class ScaleOf>
+std::array<double, Size> read_components(const JsonObject& object,
+                                         const std::array<NamedValue<std::size_t>, Size>& names,
+                                         ScaleOf scale_of) {
+  std::array<double, Size> components{};
+  for (const auto& [name, place] : names) {
+    components[place] = scale_of(place) * object.number_or(name, 0.0);
+  }
+  if (components == std::array<double, Size>{}) {
+    object.value().fail("at least one of " + names_of<std::size_t>(names) + " must not be 0");
+  }
+  return components;
+}
+
+/// "all", or numbers that must be in the table, each once; `what` names their kind in messages.
+template <class Entity>
+model::Targets read_targets(const JsonValue& value, const model::Table<Entity>& table,
+                            std::string_view what) {
+  model::Targets targets;
+  if (value.kind() == JsonValue::Kind::string) {
+    value.require_text("all");
+    targets.all = true;
+    return targets;
+  }
+  std::unordered_set<model::Number> met;
+  for (const JsonValue item : value.list()) {
+    targets.numbers.push_back(read_reference(item, table, what));
+    if (!met.insert(targets.numbers.back()).second) item.fail_with("which is given before");
+  }
+  if (targets.numbers.empty()) {
+    value.fail_with("must have at least one " + std::string(what) + ", or be \"all\"");
+  }
+  return targets;
+}
+
+/// The elements that the load's field `elements` names.
+model::Targets read_elements_of_load(const JsonObject& load, const LoadContext& context);
+/// Fails at `value` when one of the elements is a truss; `why` goes on behind "a truss".
+void require_beams(const JsonValue& value, const model::Targets& elements,
+                   const LoadContext& context, std::string_view why);
+
+model::SpanLoad read_span_load(const JsonValue& value, const LoadContext& context);
+model::PointLoad read_point_load(const JsonValue& value, const LoadContext& context);
+
+}  // namespace aluframe::io

@@ -1,0 +1,136 @@
+#include <fmt/format.h>
+
+#include <array>
+#include <string>
+
+#include "aluframe/io/load_reader.h"
+#include "aluframe/io/named_values.h"
+
+namespace aluframe::io {
+
+namespace {
+
+constexpr auto span_fields = std::to_array<std::string_view>(
+    {"elements", "direction", "projected", "value", "values", "from", "to"});
+constexpr auto point_fields =
+    std::to_array<std::string_view>({"elements", "direction", "at", "force", "moment"});
+
+double part_of_length(const JsonValue& value) {
+  return value.between(0.0, 1.0);
+}
+
+/// Of two fields the one that is there; there must be one and only one.
+JsonValue one_field_of(const JsonObject& object, std::string_view first, std::string_view second) {
+  const auto one = object.optional(first);
+  const auto other = object.optional(second);
+  if (one && other) other->fail(fmt::format("not allowed beside \"{}\"", first));
+  if (!one && !other) {
+    object.value().fail(fmt::format("missing field \"{}\" or \"{}\"", first, second));
+  }
+  return one ? *one : *other;
+}
+
+model::LoadDirection read_direction(const JsonObject& object) {
+  return object.required("direction").one_of<model::LoadDirection>(load_directions);
+}
+
+void read_projection(const JsonObject& object, model::LoadDirection& direction) {
+  const auto projected = object.optional("projected");
+  if (!projected || !projected->boolean()) return;
+  if (direction.axes == model::LoadAxes::local) {
+    projected->fail_with("only a load along X, Y or Z can be projected");
+  }
+  direction.axes = model::LoadAxes::projected;
+}
+
+/// Values at the two ends of a load.
+void read_end_values(const JsonValue& values, double scale, model::SpanLoad& load) {
+  std::array<double, 2> numbers{};
+  std::size_t count = 0;
+  for (const JsonValue value : values.list()) {
+    if (count < numbers.size()) numbers[count] = scale * value.number();
+    ++count;
+  }
+  if (count != numbers.size()) {
+    values.fail(fmt::format("found {} numbers, must be 2: where the load begins and ends", count));
+  }
+  if (numbers == std::array<double, 2>{}) values.fail("at least one of the two must not be 0");
+  load.from_value = numbers[0];
+  load.to_value = numbers[1];
+}
+
+void read_span_values(const JsonObject& object, double scale, model::SpanLoad& load) {
+  const JsonValue given = one_field_of(object, "value", "values");
+  if (object.optional("values")) {
+    read_end_values(given, scale, load);
+  } else {
+    load.from_value = load.to_value = read_not_zero(given, scale);
+  }
+}
+
+void read_part_of_span(const JsonObject& object, model::SpanLoad& load) {
+  const auto from = object.optional("from");
+  const auto to = object.optional("to");
+  if (from) load.from = part_of_length(*from);
+  if (to) load.to = part_of_length(*to);
+  if (load.from < load.to) return;
+  const JsonValue& fault = to ? *to : *from;
+  fault.fail(fmt::format("the load goes from {} to {} of the length, must begin before it ends",
+                         load.from, load.to));
+}
+
+}  // namespace
+
+double read_not_zero(const JsonValue& value, double scale) {
+  const double number = scale * value.number();
+  if (number == 0.0) value.fail_with("must not be 0");
+  return number;
+}
+
+model::Targets read_elements_of_load(const JsonObject& load, const LoadContext& context) {
+  return read_targets(load.required("elements"), context.model.elements, "element");
+}
+
+void require_beams(const JsonValue& value, const model::Targets& elements,
+                   const LoadContext& context, std::string_view why) {
+  const auto require_beam = [&](const model::Element& element) {
+    if (element.kind == model::ElementKind::beam) return;
+    value.fail(fmt::format("element {} is a truss, {}", element.number, why));
+  };
+  if (elements.all) {
+    for (const model::Element& element : context.model.elements) require_beam(element);
+  }
+  for (const model::Number number : elements.numbers) {
+    require_beam(*context.model.elements.find(number));
+  }
+}
+
+model::SpanLoad read_span_load(const JsonValue& value, const LoadContext& context) {
+  const JsonObject object(value, span_fields);
+  model::SpanLoad load;
+  load.elements = read_elements_of_load(object, context);
+  load.direction = read_direction(object);
+  read_projection(object, load.direction);
+  read_span_values(object, context.scales.per_length, load);
+  read_part_of_span(object, load);
+  return load;
+}
+
+model::PointLoad read_point_load(const JsonValue& value, const LoadContext& context) {
+  const JsonObject object(value, point_fields);
+  model::PointLoad load;
+  load.elements = read_elements_of_load(object, context);
+  load.direction = read_direction(object);
+  load.at = part_of_length(object.required("at"));
+  const JsonValue given = one_field_of(object, "force", "moment");
+  if (object.optional("force")) {
+    load.value = read_not_zero(given, context.scales.force);
+  } else {
+    load.kind = model::PointLoad::Kind::moment;
+    load.value = read_not_zero(given, context.scales.moment);
+    require_beams(given, load.elements, context, "which takes no moment");
+  }
+  return load;
+}
+
+}  // namespace aluframe::io
