@@ -4,27 +4,13 @@
 #include <utility>
 
 #include "aluframe/catalogue/alloys.h"
+#include "tests/property/io_any_values.h"
 
 namespace aluframe::io {
 
 using namespace aluframe::model;
 
 namespace {
-
-/// A number with many digits, from a range.
-double any_between(double low, double high) {
-  constexpr int steps = 1'000'000'007;
-  return low + (high - low) * *rc::gen::inRange(0, steps + 1) / steps;
-}
-
-bool any_flag() {
-  return *rc::gen::arbitrary<bool>();
-}
-
-template <class Make>
-auto any_optional(Make make) {
-  return any_flag() ? std::optional(make()) : std::nullopt;
-}
 
 std::string any_name() {
   return any_of<std::string>(
@@ -162,11 +148,13 @@ ElementDesign any_design() {
   return design;
 }
 
-template <std::size_t Size>
-std::array<bool, Size> any_flags() {
-  std::array<bool, Size> flags{};
-  for (bool& flag : flags) flag = any_flag();
-  return flags;
+/// Springs in some of the directions that are not restrained.
+Support any_support(Number node) {
+  Support support{.node = node, .restrained = any_flags<6>()};
+  for (std::size_t i = 0; i < support.springs.size(); ++i) {
+    if (!support.restrained[i] && any_flag()) support.springs[i] = any_between(0.1, 1e6);
+  }
+  return support;
 }
 
 /// Number of the node at a place of the chain of nodes.
@@ -199,7 +187,7 @@ void add_structure(Model& model) {
                      .x = any_between(-1e5, 1e5),
                      .y = any_between(-1e5, 1e5),
                      .z = 5000.0 * place});
-    if (any_flag()) model.supports.push_back({node_number(place), any_flags<6>()});
+    if (any_flag()) model.supports.push_back(any_support(node_number(place)));
   }
   Member member{.number = 1, .name = any_name(), .elements = {}, .length_factors = {}};
   for (Number place = 0; place < elements; ++place) {
@@ -231,7 +219,8 @@ void add_loads(Model& model) {
          .kind = any_of({LoadCaseKind::static_load, LoadCaseKind::seismic_static,
                          LoadCaseKind::response_spectrum, LoadCaseKind::eccentric_spectrum,
                          LoadCaseKind::time_history, LoadCaseKind::moving, LoadCaseKind::settlement,
-                         LoadCaseKind::crane})});
+                         LoadCaseKind::crane}),
+         .loads = any_case_loads(model)});
   }
   const Number combinations = cases == 0 ? 0 : *rc::gen::inRange<Number>(0, 4);
   for (Number i = 1; i <= combinations; ++i) {
