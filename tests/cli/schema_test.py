@@ -49,9 +49,12 @@ FULL = {
          "properties": {"area": 1, "it": 0, "iyy": 1, "izz": 1, "qyb": 1, "qzb": 1, "iw": 0,
                         "shear_centre_z": -1, "point_y": [-1, 1, 1, -1], "point_z": [1, 1, -1, -1]}}],
     "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0},
-              {"number": 2, "name": "top", "x": 0.5, "y": -1, "z": 1e3}],
+              {"number": 2, "name": "top", "x": 0.5, "y": -1, "z": 1e3},
+              {"number": 3, "x": 1, "y": 0, "z": 0}, {"number": 4, "x": 2, "y": 0, "z": 0}],
     "supports": [{"node": 1, "restrained": "all"},
-                 {"node": 2, "restrained": ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]}],
+                 {"node": 2, "restrained": ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]},
+                 {"node": 3, "restrained": ["Dx"], "springs": {"Dy": 1, "Dz": 2, "Rx": 3, "Ry": 4, "Rz": 5}},
+                 {"node": 4, "springs": {"Dx": 0.5}}],
     "elements": [{
         "number": 134217727, "name": "E", "nodes": [1, 2], "section": 1, "material": 2, "beta": -90,
         "kind": "truss", "member_type": "brace",
@@ -61,10 +64,25 @@ FULL = {
             "weld_coefficient": 0.9, "haz_width": 1,
             "moment_factors": {"y": {"value": -0.5}, "z": {"loading": 3}},
             "length_factors": {"y": 2}, "slenderness_limits": {
-                "checked": False, "compression": 0, "tension": 350}}}],
+                "checked": False, "compression": 0, "tension": 350}}},
+        {"number": 1, "nodes": [3, 4], "section": 2, "material": 1}],
     "members": [{"number": 1, "name": "m", "elements": [134217727],
                  "length_factors": {"y": 1, "z": 0.7}}],
-    "load_cases": [{"number": 1, "name": "DL", "kind": "settlement"}, {"number": 2}],
+    "load_cases": [
+        {"number": 1, "name": "DL", "kind": "settlement", "self_weight": 1,
+         "nodal": [{"nodes": [3, 4], "Fx": 1, "Fy": -2, "Fz": 3, "Mx": 4, "My": 5, "Mz": 0},
+                   {"nodes": "all", "Fx": 1}],
+         "span": [{"elements": "all", "direction": "z", "value": -1.2},
+                  {"elements": [1, 134217727], "direction": "Z", "projected": True,
+                   "values": [0, 2.5], "from": 0.25, "to": 0.75}],
+         "points": [{"elements": "all", "direction": "X", "at": 0, "force": -10},
+                    {"elements": [1], "direction": "y", "at": 1, "moment": 2}],
+         "temperature": [{"elements": [1], "change": 30, "difference_y": -5, "difference_z": 0},
+                         {"elements": "all", "change": -20}],
+         "settlements": [
+             {"node": 1, "Dx": 0, "Dy": 1, "Dz": -2, "Rx": 1e-3, "Ry": 2e-3, "Rz": 3e-3},
+             {"node": 3, "Dx": 0.1}]},
+        {"number": 2, "self_weight": {"X": 0.1, "Y": 0, "Z": -1}}],
     "combinations": [
         {"number": 1, "name": "c", "kind": "envelope", "seismic": True, "design": False,
          "terms": [{"case": 1, "factor": -1.3}, {"case": 2}]},
@@ -111,6 +129,11 @@ BROKEN = {
     "direction given twice": (["supports", 1, "restrained"], ["Dx", "Dx"]),
     "unknown word for a support": (["supports", 0, "restrained"], "fixed"),
     "all in a list": (["supports", 0, "restrained"], ["all"]),
+    "neither restrained nor spring": (["supports", 3], {"node": 4}),
+    "no springs": (["supports", 3, "springs"], {}),
+    "spring of zero": (["supports", 3, "springs", "Dx"], 0),
+    "spring of a force": (["supports", 3, "springs"], {"Fx": 1}),
+    "spring where all is restrained": (["supports", 0, "springs"], {"Dx": 1}),
     "no elements": (["elements"], []),
     "three nodes": (["elements", 0, "nodes"], [1, 2, 3]),
     "equal nodes": (["elements", 0, "nodes"], [1, 1]),
@@ -126,6 +149,40 @@ BROKEN = {
     "empty member": (["members", 0, "elements"], []),
     "element twice in a member": (["members", 0, "elements"], [134217727, 134217727]),
     "unknown kind of case": (["load_cases", 0, "kind"], "dead"),
+    "unknown list of loads": (["load_cases", 0, "spans"], []),
+    "one load in place of a list": (["load_cases", 0, "nodal"], {"nodes": [3], "Fx": 1}),
+    "self-weight of zero": (["load_cases", 0, "self_weight"], 0),
+    "self-weight without factors": (["load_cases", 1, "self_weight"], {}),
+    "self-weight of zero factors": (["load_cases", 1, "self_weight"], {"X": 0, "Z": 0}),
+    "self-weight along a local axis": (["load_cases", 1, "self_weight"], {"z": 1}),
+    "self-weight of a truth value": (["load_cases", 1, "self_weight"], True),
+    "load on no nodes": (["load_cases", 0, "nodal", 0, "nodes"], []),
+    "load on a node twice": (["load_cases", 0, "nodal", 0, "nodes"], [3, 3]),
+    "load on an unknown word": (["load_cases", 0, "nodal", 0, "nodes"], "every"),
+    "load on a number": (["load_cases", 0, "nodal", 0, "nodes"], 3),
+    "nodal load without component": (["load_cases", 0, "nodal", 1], {"nodes": [3]}),
+    "nodal load of zero": (["load_cases", 0, "nodal", 1], {"nodes": [3], "Fx": 0, "Mz": 0}),
+    "nodal load in local axes": (["load_cases", 0, "nodal", 1], {"nodes": [3], "Fx": 1, "N": 1}),
+    "nodal load beyond the largest": (["load_cases", 0, "nodal", 1, "Fx"], 2e30),
+    "unknown direction of a load": (["load_cases", 0, "span", 0, "direction"], "-Z"),
+    "load on a span of zero": (["load_cases", 0, "span", 0, "value"], 0),
+    "values of zero": (["load_cases", 0, "span", 1, "values"], [0, 0]),
+    "three values": (["load_cases", 0, "span", 1, "values"], [1, 2, 3]),
+    "value beside values": (["load_cases", 0, "span", 1, "value"], 1),
+    "projection of a local direction": (["load_cases", 0, "span", 0, "projected"], True),
+    "beginning before the element": (["load_cases", 0, "span", 1, "from"], -0.1),
+    "beginning at the end": (["load_cases", 0, "span", 0, "from"], 1),
+    "end behind the element": (["load_cases", 0, "span", 1, "to"], 1.1),
+    "end at the beginning": (["load_cases", 0, "span", 0, "to"], 0),
+    "place behind the element": (["load_cases", 0, "points", 0, "at"], 1.5),
+    "force of zero": (["load_cases", 0, "points", 0, "force"], 0),
+    "moment of zero": (["load_cases", 0, "points", 1, "moment"], 0),
+    "force and moment": (["load_cases", 0, "points", 0, "moment"], 1),
+    "projected force": (["load_cases", 0, "points", 0, "projected"], True),
+    "temperature of zero": (["load_cases", 0, "temperature", 1, "change"], 0),
+    "temperature without value": (["load_cases", 0, "temperature", 1], {"elements": [1]}),
+    "settlement of zero": (["load_cases", 0, "settlements", 1, "Dx"], 0),
+    "settlement of a list of nodes": (["load_cases", 0, "settlements", 1, "node"], [3]),
     "unknown kind of combination": (["combinations", 0, "kind"], "srss"),
     "term with both": (["combinations", 1, "terms", 0, "case"], 1),
     "term with neither": (["combinations", 1, "terms", 0], {"factor": 1}),
@@ -133,6 +190,12 @@ BROKEN = {
     "three rows": (["forces", 0, "values"], [[0] * 6] * 3),
     "five forces": (["forces", 0, "values"], [[0] * 5] * 2),
 }
+
+# A spring in each direction, restrained as well.
+BROKEN |= {
+    f"spring in the restrained direction {direction}": (
+        ["supports", 2], {"node": 3, "restrained": [direction], "springs": {direction: 1}})
+    for direction in ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]}
 
 REQUIRED = [
     ["format"], ["version"], ["materials"], ["sections"], ["nodes"], ["elements"],
@@ -142,7 +205,13 @@ REQUIRED = [
     ["nodes", 1, "x"], ["nodes", 1, "y"], ["nodes", 1, "z"], ["supports", 0, "node"],
     ["supports", 0, "restrained"], ["elements", 0, "number"], ["elements", 0, "nodes"],
     ["elements", 0, "section"], ["elements", 0, "material"], ["members", 0, "elements"],
-    ["load_cases", 0, "number"], ["combinations", 0, "terms"], ["forces", 0, "element"],
+    ["supports", 3, "springs"], ["load_cases", 0, "nodal", 0, "nodes"],
+    ["load_cases", 0, "span", 0, "elements"], ["load_cases", 0, "span", 0, "direction"],
+    ["load_cases", 0, "span", 0, "value"], ["load_cases", 0, "span", 1, "values"],
+    ["load_cases", 0, "points", 0, "elements"], ["load_cases", 0, "points", 0, "direction"],
+    ["load_cases", 0, "points", 0, "at"], ["load_cases", 0, "points", 0, "force"],
+    ["load_cases", 0, "points", 1, "moment"], ["load_cases", 0, "temperature", 0, "elements"],
+    ["load_cases", 0, "settlements", 0, "node"], ["load_cases", 0, "number"], ["combinations", 0, "terms"], ["forces", 0, "element"],
     ["forces", 0, "case"], ["forces", 0, "values"],
 ]
 
@@ -194,6 +263,12 @@ def test_a_broken_model_is_not_valid(path, value):
 @pytest.mark.parametrize("path", REQUIRED, ids=lambda path: "/".join(map(str, path)))
 def test_a_model_without_a_required_field_is_not_valid(path):
     assert not VALIDATOR.is_valid(without(path))
+
+
+@pytest.mark.parametrize("path", REQUIRED, ids=lambda path: "/".join(map(str, path)))
+def test_the_reader_refuses_a_model_without_a_required_field(aluframe, path):
+    aluframe.write(without(path))
+    assert "frame.json: " in aluframe("validate", "frame.json", status=1).stderr
 
 
 @pytest.mark.parametrize("path, value", BROKEN.values(), ids=BROKEN.keys())
