@@ -74,7 +74,7 @@ void read_part_of_span(const JsonObject& object, model::SpanLoad& load) {
   if (from) load.from = part_of_length(*from);
   if (to) load.to = part_of_length(*to);
   if (load.from < load.to) return;
-  const JsonValue& fault = to ? *to : *from;
+  const JsonValue fault = to ? *to : object.required("from");
   fault.fail(fmt::format("the load goes from {} to {} of the length, must begin before it ends",
                          load.from, load.to));
 }

@@ -11,14 +11,17 @@
 ///
 ///     CaseLoads loads;
 ///     loads.self_weight = {0, 0, -1};
-///     loads.span.push_back({.elements = {.all = true}, .direction = {}, .from_value = -1.2,
-///                           .to_value = -1.2});   // 1.2 N/mm downwards on every element
+///     SpanLoad snow;
+///     snow.elements.all = true;
+///     snow.direction = {LoadAxes::projected, 2};
+///     snow.from_value = snow.to_value = -1.2;   // N/mm downwards
+///     loads.span.push_back(snow);
 namespace aluframe::model {
 
 /// What a load acts on: the listed nodes or elements, or all of the model.
 struct Targets {
   bool all = false;
-  std::vector<Number> numbers{};  ///< each once; empty with `all`
+  std::vector<Number> numbers;  ///< each once; empty with `all`
 
   friend bool operator==(const Targets&, const Targets&) = default;
 };
@@ -91,11 +94,11 @@ struct Settlement {
 struct CaseLoads {
   /// Factors of the elements' weight along X, Y, Z; {0, 0, -1} is the weight itself.
   std::array<double, 3> self_weight{};
-  std::vector<NodalLoad> nodal{};
-  std::vector<SpanLoad> span{};
-  std::vector<PointLoad> points{};
-  std::vector<TemperatureLoad> temperature{};
-  std::vector<Settlement> settlements{};
+  std::vector<NodalLoad> nodal;
+  std::vector<SpanLoad> span;
+  std::vector<PointLoad> points;
+  std::vector<TemperatureLoad> temperature;
+  std::vector<Settlement> settlements;
 
   friend bool operator==(const CaseLoads&, const CaseLoads&) = default;
 };

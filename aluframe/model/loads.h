@@ -30,7 +30,7 @@ struct LoadCase {
   Number number = 0;
   std::string name;
   LoadCaseKind kind = LoadCaseKind::static_load;
-  CaseLoads loads{};
+  CaseLoads loads;
 
   friend bool operator==(const LoadCase&, const LoadCase&) = default;
 };

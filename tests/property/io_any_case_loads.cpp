@@ -35,7 +35,7 @@ std::array<double, Size> any_values() {
 
 /// Some of the entities in any order, at least one, or all.
 Targets any_targets(std::vector<Number> numbers) {
-  if (any_flag()) return {.all = true};
+  if (any_flag()) return {.all = true, .numbers = {}};
   const auto first = *rc::gen::inRange<std::size_t>(0, numbers.size());
   std::swap(numbers.front(), numbers[first]);
   numbers.resize(*rc::gen::inRange<std::size_t>(1, numbers.size() + 1));

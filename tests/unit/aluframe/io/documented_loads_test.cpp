@@ -55,7 +55,9 @@ class DocumentedLoads : public testing::Test {
 };
 
 TEST_F(DocumentedLoads, OfTheDeadCaseAreTheWeightDownwards) {
-  EXPECT_EQ(loads_of("Dead"), (model::CaseLoads{.self_weight = {0, 0, -1}}));
+  model::CaseLoads expected;
+  expected.self_weight = {0, 0, -1};
+  EXPECT_EQ(loads_of("Dead"), expected);
 }
 
 TEST_F(DocumentedLoads, OfTheSnowArePerLengthSeenFromAbove) {
