@@ -1,0 +1,100 @@
+#include "aluframe/analysis/analyse.h"
+
+#include "aluframe/analysis/input_check.h"
+#include "aluframe/analysis/linear_answer.h"
+#include "aluframe/analysis/mechanism.h"
+#include "aluframe/analysis/stiff_equations.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+using Found = std::optional<Problem>;
+
+Found find_input_problem(const Frame& frame, std::span<const LoadCase> cases) {
+  if (auto problem = find_problem(frame)) return problem;
+  for (const LoadCase& load_case : cases) {
+    if (auto problem = find_problem(frame, load_case)) return problem;
+  }
+  return std::nullopt;
+}
+
+/// One run of the analysis: what the cases share, then each case's own.
+class Run {
+ public:
+  Run(const Frame& frame, std::span<const LoadCase> cases)
+      : frame_(frame), cases_(cases), geometry_(element_geometry(frame)), equations_(frame) {}
+
+  Found solve_equations();
+  Result<Solution> recover(const Options& options);
+
+ private:
+  void add_case(const LoadCase& load_case, RightSides& sides);
+
+  const Frame& frame_;
+  std::span<const LoadCase> cases_;
+  std::vector<Geometry> geometry_;
+  Equations equations_;
+  std::vector<LoadsByElement> loads_;
+  std::vector<NodeValues> equivalent_, moved_;
+  Effort effort_;
+};
+
+void Run::add_case(const LoadCase& load_case, RightSides& sides) {
+  loads_.emplace_back(frame_, geometry_, load_case);
+  moved_.push_back(settlements(frame_, load_case));
+  equivalent_.push_back(equivalent_loads(frame_, geometry_, load_case, moved_.back(),
+                                         elastic_source(frame_, geometry_),
+                                         clamped_source(frame_, loads_.back())));
+  sides.add(equivalent_.back());
+}
+
+Found Run::solve_equations() {
+  for (const LoadCase& load_case : cases_) {
+    if (auto problem = find_lost_load(frame_, equations_, load_case)) return problem;
+  }
+  const ScaledEquations scaled =
+      assemble(frame_, geometry_, equations_, elastic_source(frame_, geometry_));
+  RightSides sides(equations_, scaled);
+  loads_.reserve(cases_.size());
+  for (const LoadCase& load_case : cases_) add_case(load_case, sides);
+  if (equations_.count() == 0) return std::nullopt;
+  const auto solver = make_solver();
+  const Factorisation done = solver->factorise(scaled.matrix);
+  if (auto problem = find_problem(done, frame_, equations_, scaled)) return problem;
+  effort_ = {equations_.count(), done.factor_entries, done.memory_bytes};
+  const bool held = sides.solve(*solver) >= least_softness;
+  if (!held) return explain_mechanism(frame_, equations_, scaled);
+  for (std::size_t i = 0; i < cases_.size(); ++i) sides.add_displacements(i, moved_[i]);
+  return std::nullopt;
+}
+
+Result<Solution> Run::recover(const Options& options) {
+  std::vector<CaseRecovery> recoveries;
+  for (NodeValues& moved : moved_) recoveries.emplace_back(frame_, std::move(moved));
+  recover_linear(frame_, geometry_, loads_, recoveries);
+  Solution solution;
+  solution.effort = effort_;
+  for (std::size_t i = 0; i < cases_.size(); ++i) {
+    auto result = recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, equivalent_[i],
+                                       Order::first);
+    if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
+    solution.cases.push_back(std::get<CaseResult>(std::move(result)));
+    if (auto problem = find_imbalance(solution.cases.back(), i, options.residual_limit)) {
+      return std::move(*problem);
+    }
+  }
+  return solution;
+}
+
+}  // namespace
+
+Result<Solution> analyse(const Frame& frame, std::span<const LoadCase> cases,
+                         const Options& options) {
+  if (auto problem = find_input_problem(frame, cases)) return std::move(*problem);
+  Run run(frame, cases);
+  if (auto problem = run.solve_equations()) return std::move(*problem);
+  return run.recover(options);
+}
+
+}  // namespace aluframe::analysis

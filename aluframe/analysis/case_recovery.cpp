@@ -1,0 +1,142 @@
+#include "aluframe/analysis/case_recovery.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "aluframe/analysis/equilibrium.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+/// An element's own forces span as many digits as double precision carries through it, less a few.
+constexpr double noise_in_element = 1e-10;
+/// Rounding of the sums that end forces are made of: 1e-16 of the largest of them, times some
+/// thousands that an unbalanced rounding grows by on its way through the frame.
+constexpr double noise_in_case = 1e-12;
+
+template <class Forces>
+double largest_of(const Forces& forces, std::size_t first) {
+  double largest = 0.0;
+  for (const auto& section : forces) {
+    for (std::size_t i = first; i < first + 3; ++i) {
+      largest = std::max(largest, std::abs(static_cast<double>(section[i])));
+    }
+  }
+  return largest;
+}
+
+/// Sets values up to `limit` to zero: forces from `first` = 0, moments from 3.
+template <class Values>
+void clear_below(double limit, std::size_t first, Values& values) {
+  for (std::size_t i = first; i < first + 3; ++i) {
+    if (std::abs(static_cast<double>(values[i])) <= limit) values[i] = 0;
+  }
+}
+
+bool all_finite(const std::vector<ElementForces>& forces) {
+  for (const ElementForces& element : forces) {
+    for (const SectionForces& section : element) {
+      for (const float force : section) {
+        if (!std::isfinite(force)) return false;
+      }
+    }
+  }
+  return true;
+}
+
+std::vector<Vector6> by_node(const NodeValues& values) {
+  std::vector<Vector6> result(values.size() / 6);
+  for (std::size_t i = 0; i < values.size(); ++i) result[i / 6][i % 6] = values[i];
+  return result;
+}
+
+}  // namespace
+
+CaseRecovery::CaseRecovery(const Frame& frame, NodeValues displacements)
+    : frame_(frame),
+      displacements_(std::move(displacements)),
+      held_(displacements_.size(), 0.0),
+      forces_(frame.elements.size()) {}
+
+void CaseRecovery::add(std::size_t element, const Axes& axes, const ElementAnswer& answer) {
+  add_at_ends(frame_.elements[element], to_global(axes, answer.end_forces), held_);
+  for (int position = 0; position < 5; ++position) {
+    for (int i = 0; i < 6; ++i) {
+      forces_[element][static_cast<std::size_t>(position)][static_cast<std::size_t>(i)] =
+          static_cast<float>(answer.sections(i, position));
+    }
+  }
+  const Vector12& m = answer.magnitudes;
+  const double force = std::max(m.segment<3>(0).maxCoeff(), m.segment<3>(6).maxCoeff());
+  const double moment = std::max(m.segment<3>(3).maxCoeff(), m.segment<3>(9).maxCoeff());
+  largest_.force = std::max(largest_.force, force);
+  largest_.moment = std::max(largest_.moment, moment);
+}
+
+void CaseRecovery::remove_noise(CaseResult& result) const {
+  const double force = noise_in_case * largest_.force, moment = noise_in_case * largest_.moment;
+  for (ElementForces& element : result.forces) {
+    const double own_force = std::max(force, noise_in_element * largest_of(element, 0));
+    const double own_moment = std::max(moment, noise_in_element * largest_of(element, 3));
+    for (SectionForces& section : element) {
+      clear_below(own_force, 0, section);
+      clear_below(own_moment, 3, section);
+    }
+  }
+  for (Reaction& reaction : result.reactions) {
+    clear_below(force, 0, reaction.value);
+    clear_below(moment, 3, reaction.value);
+  }
+}
+
+std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
+                                              const NodeValues& nodal) const {
+  NodeValues sum(held_.size(), 0.0);
+  std::vector<std::size_t> nodes;
+  for (const Support& support : frame_.supports) nodes.push_back(support.node);
+  for (const Spring& spring : frame_.springs) {
+    nodes.push_back(spring.node);
+    for (std::size_t i = 0; i < 6; ++i) {
+      const std::size_t place = 6 * spring.node + i;
+      if (equations.at(spring.node, i) >= 0) {
+        sum[place] -= spring.stiffness[i] * displacements_[place];
+      }
+    }
+  }
+  std::sort(nodes.begin(), nodes.end());
+  nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
+  std::vector<Reaction> result;
+  for (const std::size_t node : nodes) {
+    Reaction reaction{node, {}};
+    for (std::size_t i = 0; i < 6; ++i) {
+      const std::size_t place = 6 * node + i;
+      const bool supported = equations.at(node, i) == Equations::supported;
+      reaction.value[i] = supported ? held_[place] - nodal[place] : sum[place];
+    }
+    result.push_back(reaction);
+  }
+  return result;
+}
+
+Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCase& load_case,
+                                        const LoadsByElement& loads,
+                                        std::span<const Geometry> geometry,
+                                        const NodeValues& equivalent, Order order) {
+  if (!all_finite(forces_)) {
+    return Problem{Problem::Kind::equilibrium, "the forces are too large to compute with",
+                   std::nullopt, std::nullopt};
+  }
+  const NodeValues nodal = nodal_loads(frame_, load_case);
+  CaseResult result;
+  result.displacements = by_node(displacements_);
+  result.reactions = reactions(equations, nodal);
+  result.equilibrium =
+      check_equilibrium({frame_, equations, geometry, nodal, equivalent, held_, displacements_},
+                        loads, result.reactions, order);
+  result.forces = std::move(forces_);
+  remove_noise(result);
+  return result;
+}
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "aluframe/analysis/load_vector.h"
+#include "aluframe/analysis/section_forces.h"
+
+namespace aluframe::analysis {
+
+/// What one element answers to the displacements of its nodes, local axes.
+struct ElementAnswer {
+  Vector12 end_forces;     ///< acting ON the element
+  Vector12 magnitudes;     ///< sums of the absolute values that the end forces are made of
+  FivePositions sections;  ///< forces at the five positions
+};
+
+/// Whether moments balance about the nodes where they were, or where they have moved to.
+enum class Order { first, second };
+
+/// Collects the answers of the elements to one case and makes its result of them.
+class CaseRecovery {
+ public:
+  /// @param displacements of all nodes, prescribed ones included
+  CaseRecovery(const Frame& frame, NodeValues displacements);
+
+  Vector12 displacements_of(const Element& element) const {
+    return at_ends(element, displacements_);
+  }
+  void add(std::size_t element, const Axes& axes, const ElementAnswer& answer);
+
+  /// @param equivalent the loads that the displacements were solved for, all on nodes
+  Result<CaseResult> finish(const Equations& equations, const LoadCase& load_case,
+                            const LoadsByElement& loads, std::span<const Geometry> geometry,
+                            const NodeValues& equivalent, Order order);
+
+ private:
+  /// Largest numbers of a kind of force: what rounding is measured by.
+  struct Noise {
+    double force = 0.0, moment = 0.0;
+  };
+
+  void remove_noise(CaseResult& result) const;
+  std::vector<Reaction> reactions(const Equations& equations, const NodeValues& nodal) const;
+
+  const Frame& frame_;
+  NodeValues displacements_;
+  NodeValues held_;  // what the elements take from each node
+  std::vector<ElementForces> forces_;
+  Noise largest_;
+};
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "aluframe/analysis/element_loads.h"
+#include "aluframe/analysis/element_stiffness.h"
+
+namespace aluframe::analysis {
+
+/// End forces, acting ON the element in local axes, that hold both its ends still under its loads.
+/// Exact for every load, shear flexibility included: the shapes that the loads are weighed with are
+/// those of the unloaded element (reciprocity). A truss passes its loads on to its ends as a simply
+/// supported bar does (half each for a uniform load); its temperature acts on its axial force.
+Vector12 clamped_forces(const Element& element, const ElementLoads& loads);
+
+/// The same for one bending plane: `axis` is 1 (y) or 2 (z).
+Vector4 clamped_plane(const BendingPlane& plane, const ElementLoads& loads, int axis);
+
+/// What a truss passes on to its ends: part of clamped_forces that is no force in the bar.
+Vector12 passed_to_ends(const ElementLoads& loads);
+
+}  // namespace aluframe::analysis

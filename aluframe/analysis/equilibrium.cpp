@@ -1,0 +1,114 @@
+#include "aluframe/analysis/equilibrium.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace aluframe::analysis {
+
+namespace {
+
+/// Largest force and largest moment.
+struct Norms {
+  double force = 0.0, moment = 0.0;
+
+  void include(std::size_t direction, double value) {
+    double& norm = direction < 3 ? force : moment;
+    norm = std::max(norm, std::abs(value));
+  }
+};
+
+/// Largest share of the loads, forces and moments made comparable by a length.
+double share(const Norms& unbalanced, const Norms& loads, double length) {
+  const double force = std::max(loads.force, loads.moment / length);
+  const auto part = [](double value, double whole) { return value == 0.0 ? 0.0 : value / whole; };
+  return std::max(part(unbalanced.force, force), part(unbalanced.moment, force * length));
+}
+
+Norms norms_of(const NodeValues& values) {
+  Norms norms;
+  for (std::size_t i = 0; i < values.size(); ++i) norms.include(i % 6, values[i]);
+  return norms;
+}
+
+double longest(std::span<const Geometry> geometry) {
+  double length = 0.0;
+  for (const Geometry& g : geometry) length = std::max(length, g.length);
+  return length;
+}
+
+/// What is left over at the nodes' free directions.
+Norms unbalanced_nodes(const Balance& b) {
+  NodeValues rest = b.held;
+  for (const Spring& spring : b.frame.springs) {
+    for (std::size_t i = 0; i < 6; ++i) {
+      const std::size_t place = 6 * spring.node + i;
+      rest[place] += spring.stiffness[i] * b.displacements[place];
+    }
+  }
+  Norms norms;
+  for (std::size_t i = 0; i < rest.size(); ++i) {
+    if (b.equations.at(i / 6, i % 6) >= 0) norms.include(i % 6, rest[i] - b.nodal[i]);
+  }
+  return norms;
+}
+
+Eigen::Vector3d position(const Node& node) {
+  return {node.x, node.y, node.z};
+}
+
+/// Box around the nodes: middle and diagonal.
+struct Extent {
+  Eigen::Vector3d middle = Eigen::Vector3d::Zero();
+  double size = 0.0;
+};
+
+Extent extent_of(const Frame& frame) {
+  Eigen::AlignedBox3d box;
+  for (const Node& node : frame.nodes) box.extend(position(node));
+  return {box.center(), box.diagonal().norm()};
+}
+
+/// Sum of forces, and of moments about one point.
+class Sum {
+ public:
+  explicit Sum(const Eigen::Vector3d& about) : about_(about) {}
+
+  void add(const Node& node, const Eigen::Vector3d& force, const Eigen::Vector3d& moment) {
+    force_ += force;
+    moment_ += moment + (position(node) - about_).cross(force);
+  }
+  void add(const Node& node, const double* six) {
+    add(node, Eigen::Vector3d(six[0], six[1], six[2]), Eigen::Vector3d(six[3], six[4], six[5]));
+  }
+  Norms norms(Order order) const {
+    // In second order the moments balance about displaced points only.
+    return {force_.cwiseAbs().maxCoeff(),
+            order == Order::first ? moment_.cwiseAbs().maxCoeff() : 0.0};
+  }
+
+ private:
+  Eigen::Vector3d about_, force_ = Eigen::Vector3d::Zero(), moment_ = Eigen::Vector3d::Zero();
+};
+
+}  // namespace
+
+Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
+                              std::span<const Reaction> reactions, Order order) {
+  if (b.frame.elements.empty()) return {};
+  const Extent extent = extent_of(b.frame);
+  Sum sum(extent.middle);
+  for (std::size_t i = 0; i < b.frame.nodes.size(); ++i) sum.add(b.frame.nodes[i], &b.nodal[6 * i]);
+  for (const Reaction& r : reactions) sum.add(b.frame.nodes[r.node], r.value.data());
+  for (std::size_t i = 0; i < b.frame.elements.size(); ++i) {
+    const ElementLoads here = loads.of(i);
+    if (here.distributed.empty() && here.points.empty()) continue;
+    const Resultant all = resultant_before(here, here.length);
+    const Eigen::Matrix3d back = b.geometry[i].axes.transpose();
+    sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);
+  }
+  const Norms largest = norms_of(b.equivalent);
+  return {share(unbalanced_nodes(b), largest, longest(b.geometry)),
+          share(sum.norms(order), largest, extent.size)};
+}
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "aluframe/analysis/case_recovery.h"
+
+namespace aluframe::analysis {
+
+/// Loads and reactions of a case, all on nodes and all known.
+struct Balance {
+  const Frame& frame;
+  const Equations& equations;
+  std::span<const Geometry> geometry;
+  const NodeValues& nodal;       ///< loads given on nodes
+  const NodeValues& equivalent;  ///< all loads of the case as loads on nodes
+  const NodeValues& held;        ///< what the elements take from each node
+  const NodeValues& displacements;
+};
+
+/// How well the balance holds. Moments and forces are compared through the longest element and, for
+/// the whole frame, its extent. Without any load everything must be 0 and so are the shares.
+Equilibrium check_equilibrium(const Balance& balance, const LoadsByElement& loads,
+                              std::span<const Reaction> reactions, Order order);
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+
+#include "aluframe/analysis/assembly.h"
+
+namespace aluframe::analysis {
+
+/// Stiffness of a motion relative to the stiffness of what it moves, below which a frame cannot be
+/// analysed: the motion costs so little energy that no four digits of it are certain. A single
+/// cantilever of 800 elements comes near it; a mechanism lies at 1e-16, the rounding of its own
+/// stiffness.
+inline constexpr double least_softness = 1e-12;
+
+/// Right side that excites every motion of a frame, the same on every run.
+std::vector<double> probing_load(int size);
+
+/// Softness of the motion that answers a probing load: energy over the sum of the squares. Close to
+/// the smallest eigenvalue of the scaled equations when that is far below the others. 0 or less, or
+/// not finite, means singular.
+double softness(std::span<const double> load, std::span<const double> answer);
+
+/// Tells what moves in a frame whose equations are singular, or nearly: a part that the supports do
+/// not hold, a node that its elements do not hold, or the nodes that move most in the softest
+/// motion of the whole.
+Problem explain_mechanism(const Frame& frame, const Equations& equations,
+                          const ScaledEquations& scaled);
+
+}  // namespace aluframe::analysis

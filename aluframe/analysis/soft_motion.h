@@ -1,0 +1,12 @@
+#pragma once
+
+#include "aluframe/analysis/assembly.h"
+
+namespace aluframe::analysis {
+
+/// Finds the softest motion of the frame and tells which nodes it moves: "nodes 2-3 can move freely
+/// along X: no element or support resists it". Works for singular equations too.
+Problem tell_softest_motion(const Frame& frame, const Equations& equations,
+                            const ScaledEquations& scaled);
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "aluframe/analysis/analyse.h"
+#include "aluframe/analysis/load_vector.h"
+
+namespace aluframe::analysis {
+
+/// Why the equations could not be factorised. Nothing when they were.
+std::optional<Problem> find_problem(const Factorisation& factorisation, const Frame& frame,
+                                    const Equations& equations, const ScaledEquations& scaled);
+
+/// Right sides of several cases one after the other, and a probing load behind them.
+class RightSides {
+ public:
+  RightSides(const Equations& equations, const ScaledEquations& scaled)
+      : equations_(equations), scaled_(scaled) {}
+
+  void add(const NodeValues& loads);
+  /// Solves all. @return softness of the answer to the probing load
+  double solve(LinearSolver& solver);
+  /// Displacements of the case on top of the prescribed ones.
+  void add_displacements(std::size_t load_case, NodeValues& moved) const;
+
+ private:
+  std::size_t size() const { return scaled_.scale.size(); }
+
+  const Equations& equations_;
+  const ScaledEquations& scaled_;
+  std::vector<double> columns_;
+};
+
+/// The problem of a case whose result does not balance its loads.
+std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load_case,
+                                      double limit);
+
+}  // namespace aluframe::analysis
