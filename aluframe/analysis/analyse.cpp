@@ -36,17 +36,19 @@ class Run {
   std::vector<Geometry> geometry_;
   Equations equations_;
   std::vector<LoadsByElement> loads_;
-  std::vector<NodeValues> equivalent_, moved_;
+  std::vector<NodeValues> moved_;
+  std::vector<Norms> sizes_;
   Effort effort_;
 };
 
 void Run::add_case(const LoadCase& load_case, RightSides& sides) {
   loads_.emplace_back(frame_, geometry_, load_case);
   moved_.push_back(settlements(frame_, load_case));
-  equivalent_.push_back(equivalent_loads(frame_, geometry_, load_case, moved_.back(),
-                                         elastic_source(frame_, geometry_),
-                                         clamped_source(frame_, loads_.back())));
-  sides.add(equivalent_.back());
+  const EquivalentLoads loads =
+      equivalent_loads(frame_, geometry_, load_case, moved_.back(),
+                       elastic_source(frame_, geometry_), clamped_source(frame_, loads_.back()));
+  sizes_.push_back(loads.size);
+  sides.add(loads.values);
 }
 
 Found Run::solve_equations() {
@@ -76,7 +78,7 @@ Result<Solution> Run::recover(const Options& options) {
   Solution solution;
   solution.effort = effort_;
   for (std::size_t i = 0; i < cases_.size(); ++i) {
-    auto result = recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, equivalent_[i],
+    auto result = recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i],
                                        Order::first);
     if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
     solution.cases.push_back(std::get<CaseResult>(std::move(result)));

@@ -121,8 +121,8 @@ std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
 
 Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCase& load_case,
                                         const LoadsByElement& loads,
-                                        std::span<const Geometry> geometry,
-                                        const NodeValues& equivalent, Order order) {
+                                        std::span<const Geometry> geometry, const Norms& size,
+                                        Order order) {
   if (!all_finite(forces_)) {
     return Problem{Problem::Kind::equilibrium, "the forces are too large to compute with",
                    std::nullopt, std::nullopt};
@@ -132,8 +132,8 @@ Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCa
   result.displacements = by_node(displacements_);
   result.reactions = reactions(equations, nodal);
   result.equilibrium =
-      check_equilibrium({frame_, equations, geometry, nodal, equivalent, held_, displacements_},
-                        loads, result.reactions, order);
+      check_equilibrium({frame_, equations, geometry, nodal, size, held_, displacements_}, loads,
+                        result.reactions, order);
   result.forces = std::move(forces_);
   remove_noise(result);
   return result;

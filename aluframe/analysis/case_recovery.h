@@ -26,17 +26,12 @@ class CaseRecovery {
   }
   void add(std::size_t element, const Axes& axes, const ElementAnswer& answer);
 
-  /// @param equivalent the loads that the displacements were solved for, all on nodes
+  /// @param size of the loads that the displacements were solved for
   Result<CaseResult> finish(const Equations& equations, const LoadCase& load_case,
                             const LoadsByElement& loads, std::span<const Geometry> geometry,
-                            const NodeValues& equivalent, Order order);
+                            const Norms& size, Order order);
 
  private:
-  /// Largest numbers of a kind of force: what rounding is measured by.
-  struct Noise {
-    double force = 0.0, moment = 0.0;
-  };
-
   void remove_noise(CaseResult& result) const;
   std::vector<Reaction> reactions(const Equations& equations, const NodeValues& nodal) const;
 
@@ -44,7 +39,7 @@ class CaseRecovery {
   NodeValues displacements_;
   NodeValues held_;  // what the elements take from each node
   std::vector<ElementForces> forces_;
-  Noise largest_;
+  Norms largest_;  // of the sums that end forces are made of: what rounding is measured by
 };
 
 }  // namespace aluframe::analysis

@@ -7,27 +7,11 @@ namespace aluframe::analysis {
 
 namespace {
 
-/// Largest force and largest moment.
-struct Norms {
-  double force = 0.0, moment = 0.0;
-
-  void include(std::size_t direction, double value) {
-    double& norm = direction < 3 ? force : moment;
-    norm = std::max(norm, std::abs(value));
-  }
-};
-
 /// Largest share of the loads, forces and moments made comparable by a length.
 double share(const Norms& unbalanced, const Norms& loads, double length) {
   const double force = std::max(loads.force, loads.moment / length);
   const auto part = [](double value, double whole) { return value == 0.0 ? 0.0 : value / whole; };
   return std::max(part(unbalanced.force, force), part(unbalanced.moment, force * length));
-}
-
-Norms norms_of(const NodeValues& values) {
-  Norms norms;
-  for (std::size_t i = 0; i < values.size(); ++i) norms.include(i % 6, values[i]);
-  return norms;
 }
 
 double longest(std::span<const Geometry> geometry) {
@@ -106,9 +90,8 @@ Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
     const Eigen::Matrix3d back = b.geometry[i].axes.transpose();
     sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);
   }
-  const Norms largest = norms_of(b.equivalent);
-  return {share(unbalanced_nodes(b), largest, longest(b.geometry)),
-          share(sum.norms(order), largest, extent.size)};
+  return {share(unbalanced_nodes(b), b.size, longest(b.geometry)),
+          share(sum.norms(order), b.size, extent.size)};
 }
 
 }  // namespace aluframe::analysis

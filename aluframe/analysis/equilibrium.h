@@ -9,9 +9,9 @@ struct Balance {
   const Frame& frame;
   const Equations& equations;
   std::span<const Geometry> geometry;
-  const NodeValues& nodal;       ///< loads given on nodes
-  const NodeValues& equivalent;  ///< all loads of the case as loads on nodes
-  const NodeValues& held;        ///< what the elements take from each node
+  const NodeValues& nodal;  ///< loads given on nodes
+  Norms size;               ///< of all loads of the case
+  const NodeValues& held;   ///< what the elements take from each node
   const NodeValues& displacements;
 };
 

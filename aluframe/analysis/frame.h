@@ -39,7 +39,8 @@ enum class ElementKind {
 };
 
 /// A straight element. `released` says which end forces are zero: N, Fy, Fz, Mx, My, Mz of the
-/// start, then of the end, in local axes. A release of what a truss does not carry changes nothing.
+/// start, then of the end, in local axes. A release of what a truss does not carry changes nothing;
+/// its N cannot be released.
 struct Element {
   Number number = 0;
   std::size_t start = 0, end = 0;  ///< places in Frame::nodes

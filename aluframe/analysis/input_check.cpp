@@ -68,14 +68,14 @@ std::string release_text(const Element& element) {
 
 std::optional<Problem> check_releases(const Frame& frame, std::size_t place, double length) {
   const Element& element = frame.elements[place];
+  if (element.kind == ElementKind::truss && (element.released[0] || element.released[6])) {
+    return at_element(frame, place, "a truss whose N is released carries nothing");
+  }
   Matrix12 k = elastic_stiffness(element, length);
   if (!k.allFinite()) return at_element(frame, place, "its stiffness is too large to compute with");
   if (Releases::condense(element.released, k)) return std::nullopt;
   Problem problem = at_element(
       frame, place, "nothing holds it any more: " + release_text(element) + " are released");
-  if (element.kind == ElementKind::truss)
-    problem.text =
-        element_name(frame, place) + ": nothing holds it any more: N of a truss is released";
   problem.kind = Problem::Kind::mechanism;
   return problem;
 }

@@ -9,9 +9,10 @@ namespace aluframe::analysis {
 void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
                     std::span<const LoadsByElement> loads, std::span<CaseRecovery> recoveries);
 
-/// Sums of the absolute values that k·u + clamped is made of; the moments' not less than the shear
-/// forces' times the length.
-Vector12 magnitudes_of(const Matrix12& k, const Vector12& u, const Vector12& clamped,
+/// Sums of the absolute values that k·u + clamped is made of, before and after condensation; the
+/// moments' not less than the shear forces' times the length.
+/// @param clamped end forces without releases
+Vector12 magnitudes_of(const ElementStiffness& k, const Vector12& u, const Vector12& clamped,
                        double length);
 
 }  // namespace aluframe::analysis

@@ -1,5 +1,8 @@
 #include "aluframe/analysis/load_vector.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "aluframe/analysis/clamped_forces.h"
 #include "aluframe/analysis/releases.h"
 
@@ -48,27 +51,33 @@ NodeValues settlements(const Frame& frame, const LoadCase& load_case) {
 }
 
 ClampedSource clamped_source(const Frame& frame, const LoadsByElement& loads) {
-  return [&frame, &loads](std::size_t place, Vector12& clamped) {
+  return [&frame, &loads](std::size_t place, ClampedEnds& clamped) {
     const ElementLoads here = loads.of(place);
-    clamped.setZero();
-    if (!is_loaded(here)) return;
+    clamped.unreleased.setZero();
+    if (is_loaded(here)) clamped.unreleased = clamped_forces(frame.elements[place], here);
+    clamped.condensed = clamped.unreleased;
     const Element& element = frame.elements[place];
-    clamped = clamped_forces(element, here);
-    if (!has_release(element)) return;
+    if (!is_loaded(here) || !has_release(element)) return;
     Matrix12 k = elastic_stiffness(element, here.length);
     if (const auto released = Releases::condense(element.released, k)) {
-      released->condense_forces(clamped);
+      released->condense_forces(clamped.condensed);
     }
   };
 }
 
-NodeValues equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
-                            const LoadCase& load_case, const NodeValues& moved,
-                            const StiffnessSource& stiffness, const ClampedSource& clamped) {
-  NodeValues loads = nodal_loads(frame, load_case);
+void Norms::include(std::size_t direction, double value) {
+  double& norm = direction % 6 < 3 ? force : moment;
+  norm = std::max(norm, std::abs(value));
+}
+
+EquivalentLoads equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
+                                 const LoadCase& load_case, const NodeValues& moved,
+                                 const StiffnessSource& stiffness, const ClampedSource& clamped) {
+  EquivalentLoads loads{nodal_loads(frame, load_case), {}};
+  for (std::size_t i = 0; i < loads.values.size(); ++i) loads.size.include(i, loads.values[i]);
   const bool settles = !load_case.settlements.empty();
   ElementStiffness k;
-  Vector12 held;
+  ClampedEnds held;
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
     const Element& element = frame.elements[i];
     const Axes& axes = geometry[i].axes;
@@ -76,9 +85,15 @@ NodeValues equivalent_loads(const Frame& frame, std::span<const Geometry> geomet
     const Vector12 ends = settles ? at_ends(element, moved) : Vector12::Zero();
     if (!ends.isZero(0.0)) {
       stiffness(i, k);
-      held += k.condensed * to_local(axes, ends);
+      const Vector12 local = to_local(axes, ends);
+      held.condensed += k.condensed * local;
+      held.unreleased += k.unreleased.cwiseProduct(local).cwiseAbs();
     }
-    if (!held.isZero(0.0)) add_at_ends(element, -to_global(axes, held), loads);
+    if (held.unreleased.isZero(0.0)) continue;
+    add_at_ends(element, -to_global(axes, held.condensed), loads.values);
+    for (int j = 0; j < 12; ++j) {
+      loads.size.include(static_cast<std::size_t>(j), held.unreleased[j]);
+    }
   }
   return loads;
 }

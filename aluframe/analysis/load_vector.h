@@ -18,15 +18,36 @@ void add_at_ends(const Element& element, const Vector12& part, NodeValues& value
 NodeValues nodal_loads(const Frame& frame, const LoadCase& load_case);
 NodeValues settlements(const Frame& frame, const LoadCase& load_case);
 
-/// End forces of the clamped element under its loads, its releases condensed.
-using ClampedSource = std::function<void(std::size_t, Vector12&)>;
+/// End forces of a clamped element under its loads, local axes.
+struct ClampedEnds {
+  Vector12 condensed;   ///< with its releases
+  Vector12 unreleased;  ///< as if nothing were released
+};
+
+/// Gives the clamped ends of the element at a place.
+using ClampedSource = std::function<void(std::size_t, ClampedEnds&)>;
 ClampedSource clamped_source(const Frame& frame, const LoadsByElement& loads);
 
-/// All loads of a case as loads on nodes: given ones, those that hold clamped elements turned
-/// round, and those of prescribed displacements.
+/// Largest force and largest moment of several.
+struct Norms {
+  double force = 0.0, moment = 0.0;
+
+  void include(std::size_t direction, double value);
+};
+
+/// All loads of a case as loads on nodes, and how large they are. Their size counts what clamped
+/// elements and prescribed displacements would exert before releases and sums take from it: a
+/// temperature that releases let go free is a load of that size all the same.
+struct EquivalentLoads {
+  NodeValues values;
+  Norms size;
+};
+
+/// Given loads, those that hold clamped elements turned round, and those of prescribed
+/// displacements.
 /// @param moved displacements with nothing but the prescribed ones
-NodeValues equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
-                            const LoadCase& load_case, const NodeValues& moved,
-                            const StiffnessSource& stiffness, const ClampedSource& clamped);
+EquivalentLoads equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
+                                 const LoadCase& load_case, const NodeValues& moved,
+                                 const StiffnessSource& stiffness, const ClampedSource& clamped);
 
 }  // namespace aluframe::analysis

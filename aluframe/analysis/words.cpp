@@ -45,9 +45,10 @@ std::string axis_name(const Eigen::Vector3d& direction) {
   for (int i = 0; i < 3; ++i) {
     if (std::abs(unit[i]) > 0.9999) return axis_name(static_cast<std::size_t>(i));
   }
-  Eigen::Index largest = 0;
-  unit.cwiseAbs().maxCoeff(&largest);
-  const double sign = unit[largest] < 0.0 ? -1.0 : 1.0;
+  // Of the two senses, the one whose first component is positive.
+  const auto first =
+      std::find_if(unit.begin(), unit.end(), [](double u) { return std::abs(u) > 1e-3; });
+  const double sign = *first < 0.0 ? -1.0 : 1.0;
   // Adding 0 turns -0 into 0.
   const auto rounded = [&](int i) { return std::round(sign * unit[i] * 1000.0) / 1000.0 + 0.0; };
   return fmt::format("({:.3g}, {:.3g}, {:.3g})", rounded(0), rounded(1), rounded(2));
