@@ -78,8 +78,8 @@ Result<Solution> Run::recover(const Options& options) {
   Solution solution;
   solution.effort = effort_;
   for (std::size_t i = 0; i < cases_.size(); ++i) {
-    auto result = recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i],
-                                       Order::first);
+    auto result =
+        recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i], Order::first);
     if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
     solution.cases.push_back(std::get<CaseResult>(std::move(result)));
     if (auto problem = find_imbalance(solution.cases.back(), i, options.residual_limit)) {

@@ -20,12 +20,12 @@ constexpr double no_resistance = 1e-14;
 
 using Motions = Eigen::MatrixXd;
 
-SymmetricMatrix shifted(const SymmetricMatrix& matrix) {
+SymmetricMatrix shifted(const SymmetricMatrix& matrix, double shift_by) {
   SymmetricMatrix result = matrix;
   for (int i = 1; i <= matrix.size; ++i) {
     result.rows.push_back(i);
     result.columns.push_back(i);
-    result.values.push_back(shift);
+    result.values.push_back(shift_by);
   }
   return result;
 }
@@ -51,9 +51,9 @@ struct SoftMotion {
 };
 
 /// Inverse iteration with several motions at once, and the softest one among them.
-std::optional<SoftMotion> softest(const SymmetricMatrix& matrix) {
+std::optional<SoftMotion> softest(const SymmetricMatrix& matrix, double shift_by) {
   const auto solver = make_solver();
-  if (solver->factorise(shifted(matrix)).status != Factorisation::Status::done) {
+  if (solver->factorise(shifted(matrix, shift_by)).status != Factorisation::Status::done) {
     return std::nullopt;
   }
   const int count = std::min(trial_motions, matrix.size);
@@ -108,18 +108,29 @@ double mean_length(const Frame& frame) {
   return sum / static_cast<double>(frame.elements.size());
 }
 
+/// Which nodes a motion moves, and whether they turn more than they shift.
+struct Told {
+  Moving moving;
+  bool turns = false;
+};
+
+Told most_of(const Frame& frame, const Equations& equations, const ScaledEquations& scaled,
+             const SoftMotion& motion) {
+  const Moving shifted_most = moving_most(by_node(frame, equations, scaled, motion, 0));
+  const Moving turned_most = moving_most(by_node(frame, equations, scaled, motion, 3));
+  const bool turns =
+      shifted_most.direction.norm() < 1e-3 * turned_most.direction.norm() * mean_length(frame);
+  return {turns ? turned_most : shifted_most, turns};
+}
+
 }  // namespace
 
 Problem tell_softest_motion(const Frame& frame, const Equations& equations,
                             const ScaledEquations& scaled) {
   Problem problem{Problem::Kind::mechanism, "the stiffness is singular", {}, {}};
-  const auto motion = softest(scaled.matrix);
+  const auto motion = softest(scaled.matrix, shift);
   if (!motion) return problem;
-  const Moving shift_of = moving_most(by_node(frame, equations, scaled, *motion, 0));
-  const Moving turn_of = moving_most(by_node(frame, equations, scaled, *motion, 3));
-  const bool turns =
-      shift_of.direction.norm() < 1e-3 * turn_of.direction.norm() * mean_length(frame);
-  const Moving& moving = turns ? turn_of : shift_of;
+  const auto [moving, turns] = most_of(frame, equations, scaled, *motion);
   const bool free = motion->softness < no_resistance;
   problem.text = node_names(frame, moving.nodes) + (turns ? " can rotate" : " can move") +
                  (free ? " freely" : " almost freely") + (turns ? " about " : " along ") +
@@ -128,6 +139,16 @@ Problem tell_softest_motion(const Frame& frame, const Equations& equations,
                        : ": what resists is too soft for a certain result");
   problem.node = moving.nodes.front();
   return problem;
+}
+
+std::string tell_motion_near_zero(const Frame& frame, const Equations& equations,
+                                  const ScaledEquations& scaled) {
+  const auto motion = softest(scaled.matrix, 0.0);
+  if (!motion) return "its stiffness is used up";
+  const auto [moving, turns] = most_of(frame, equations, scaled, *motion);
+  const std::string verb = moving.nodes.size() == 1 ? "s" : "";
+  return node_names(frame, moving.nodes) + (turns ? " turn" : " move") + verb +
+         (turns ? " about " : " along ") + axis_name(moving.direction);
 }
 
 }  // namespace aluframe::analysis

@@ -9,4 +9,9 @@ namespace aluframe::analysis {
 Problem tell_softest_motion(const Frame& frame, const Equations& equations,
                             const ScaledEquations& scaled);
 
+/// The same for equations that axial forces have made indefinite: the motion whose stiffness is
+/// nearest to zero, told as "nodes 2-3 move along X".
+std::string tell_motion_near_zero(const Frame& frame, const Equations& equations,
+                                  const ScaledEquations& scaled);
+
 }  // namespace aluframe::analysis

@@ -17,6 +17,8 @@ struct Fault {
   const char* text;
 };
 
+void PrintTo(const Fault& fault, std::ostream* stream) { *stream << fault.name; }
+
 class FrameWithAFault : public testing::TestWithParam<Fault> {};
 
 TEST_P(FrameWithAFault, IsAProblemInWords) {

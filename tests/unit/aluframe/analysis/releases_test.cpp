@@ -17,6 +17,8 @@ struct NamedLoad {
   LoadCase load_case;
 };
 
+void PrintTo(const NamedLoad& load, std::ostream* stream) { *stream << load.name; }
+
 NamedLoad distributed(std::string name, LoadAxes axes, double from, double to) {
   NamedLoad load{std::move(name), {}};
   load.load_case.distributed.push_back({0, axes, {1.5, -2.5, -4}, {0.5, 1.0, -9}, from, to});
@@ -157,6 +159,8 @@ struct Textbook {
   std::array<bool, 12> released;
   double start_moment, end_moment, start_shear;  // parts of qL², qL², qL
 };
+
+void PrintTo(const Textbook& one, std::ostream* stream) { *stream << one.name; }
 
 constexpr std::array<bool, 12> release(int a, int b = -1) {
   std::array<bool, 12> released{};

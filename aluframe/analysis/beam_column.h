@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+
+#include "aluframe/analysis/bending_chain.h"
+#include "aluframe/analysis/case_recovery.h"
+#include "aluframe/analysis/releases.h"
+
+namespace aluframe::analysis {
+
+/// An element under axial force, loads included: what its axial force adds to its stiffness and to
+/// its moments, along the chord of its nodes (P-Delta) and between them (P-delta). Torsion is as
+/// in first order; a truss is a straight string.
+class BeamColumn {
+ public:
+  /// @return nothing when the element by itself has no equilibrium under these axial forces
+  static std::optional<BeamColumn> of(const Element& element, const ElementLoads& loads,
+                                      const PieceForces& forces);
+
+  const ElementStiffness& stiffness() const { return stiffness_; }
+  const ClampedEnds& clamped() const { return clamped_; }
+  int negative_pivots() const { return negative_pivots_; }
+
+  /// Forces under the displacements of its nodes, local axes.
+  ElementAnswer answer(const Element& element, const ElementLoads& loads, const PieceForces& forces,
+                       const Vector12& displacements) const;
+
+ private:
+  void add_beam(const Element& element, const ElementLoads& loads, const PieceForces& forces);
+  void add_string(const ElementLoads& loads, double force);
+  void add_bowing(const PieceForces& forces, const Vector12& displacements,
+                  FivePositions& sections) const;
+
+  ElementStiffness stiffness_;
+  ClampedEnds clamped_;
+  std::optional<BendingChain> chain_y_, chain_z_;
+  std::optional<Releases> releases_;
+  int negative_pivots_ = 0;
+};
+
+/// Axial forces in the middle of the pieces, from the end forces acting ON the element.
+PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads);
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,94 @@
+#include "aluframe/analysis/bending_chain.h"
+
+#include <algorithm>
+
+#include "aluframe/analysis/clamped_forces.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+/// Loads of an element that stand on one of its pieces, counted from the piece's start.
+class PieceLoads {
+ public:
+  PieceLoads(const ElementLoads& loads, std::size_t piece) {
+    const double length = loads.length / static_cast<double>(pieces);
+    const double start = length * static_cast<double>(piece);
+    for (const LocalDistributed& load : loads.distributed) {
+      const double from = std::max(load.from, start), to = std::min(load.to, start + length);
+      if (from >= to) continue;
+      distributed_.push_back({from - start, to - start, load.value_at(from), load.value_at(to)});
+    }
+    for (const LocalPoint& load : loads.points) {
+      const double place = load.at / length;
+      if (std::min(static_cast<std::size_t>(place), pieces - 1) != piece) continue;
+      points_.push_back({load.at - start, load.force, load.moment});
+    }
+    view_ = {length, distributed_, points_, loads.free};
+  }
+
+  const ElementLoads& view() const { return view_; }
+
+ private:
+  std::vector<LocalDistributed> distributed_;
+  std::vector<LocalPoint> points_;
+  ElementLoads view_;
+};
+
+int negative_eigenvalues(const Eigen::Matrix2d& k) {
+  if (k.determinant() < 0.0) return 1;
+  return k.trace() < 0.0 ? 2 : 0;
+}
+
+}  // namespace
+
+BendingChain::BendingChain(const BendingPlane& plane, const ElementLoads& loads, int axis,
+                           const PieceForces& forces) {
+  constexpr auto count = static_cast<double>(pieces);
+  // The share of shear grows with the square of the shorter length.
+  const BendingPlane piece{plane.length / count, plane.ei, plane.shear * count * count};
+  const Matrix4 bending = bending_stiffness(piece);
+  for (std::size_t i = 0; i < pieces; ++i) {
+    const Matrix4 k = bending + string_stiffness(piece, forces[i]);
+    const Vector4 held = clamped_plane(piece, PieceLoads(loads, i).view(), axis);
+    append(i, k, held);
+  }
+}
+
+void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& held) {
+  if (piece == 0) {
+    stiffness_ = k;
+    held_ = held;
+    return;
+  }
+  const Eigen::Matrix2d pivot = stiffness_.bottomRightCorner<2, 2>() + k.topLeftCorner<2, 2>();
+  negative_pivots_ += negative_eigenvalues(pivot);
+  const Eigen::Matrix2d inverse = pivot.inverse();
+  Eigen::Matrix<double, 2, 4> coupling;
+  coupling << stiffness_.bottomLeftCorner<2, 2>(), k.topRightCorner<2, 2>();
+  const Eigen::Vector2d force = held_.tail<2>() + held.head<2>();
+  Eliminated& node = inner_[piece - 1];
+  node.by_ends = inverse * coupling;
+  node.own = inverse * force;
+  Matrix4 joined = Matrix4::Zero();
+  joined.topLeftCorner<2, 2>() = stiffness_.topLeftCorner<2, 2>();
+  joined.bottomRightCorner<2, 2>() = k.bottomRightCorner<2, 2>();
+  stiffness_ = joined - coupling.transpose() * node.by_ends;
+  Vector4 forces;
+  forces << held_.head<2>(), held.tail<2>();
+  held_ = forces - coupling.transpose() * node.own;
+}
+
+std::array<double, pieces + 1> BendingChain::deflections(const Vector4& ends) const {
+  std::array<double, pieces + 1> result{};
+  result[0] = ends[0];
+  result[pieces] = ends[2];
+  Vector4 around = ends;
+  for (std::size_t i = pieces - 1; i >= 1; --i) {
+    around.tail<2>() = -(inner_[i - 1].by_ends * around + inner_[i - 1].own).eval();
+    result[i] = around[2];
+  }
+  return result;
+}
+
+}  // namespace aluframe::analysis

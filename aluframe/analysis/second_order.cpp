@@ -1,0 +1,205 @@
+#include "aluframe/analysis/second_order.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "aluframe/analysis/beam_column.h"
+#include "aluframe/analysis/input_check.h"
+#include "aluframe/analysis/mechanism.h"
+#include "aluframe/analysis/soft_motion.h"
+#include "aluframe/analysis/stiff_equations.h"
+#include "aluframe/analysis/words.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+using Found = std::optional<Problem>;
+
+/// Axial forces below this share of the loads do nothing worth another iteration.
+constexpr double least_axial_share = 1e-3;
+
+/// What iterates: elements under the axial forces of the last solution.
+class Iteration {
+ public:
+  Iteration(const Frame& frame, const LoadCase& loads)
+      : frame_(frame),
+        load_case_(loads),
+        geometry_(element_geometry(frame)),
+        equations_(frame),
+        loads_(frame, geometry_, loads),
+        forces_(frame.elements.size(), PieceForces{}),
+        solver_(make_solver()) {}
+
+  Found find_lost() const { return find_lost_load(frame_, equations_, load_case_); }
+  /// Solves once with the axial forces known so far and finds new ones.
+  Found step();
+  /// Largest change of an axial force in the last step, as a share of the largest.
+  double change() const { return change_; }
+  Result<CaseResult> result() const;
+
+ private:
+  Found make_columns();
+  Found solve_equations();
+  Found find_buckling(const Factorisation& done, const ScaledEquations& scaled) const;
+  Problem buckled_element(std::size_t place) const;
+  Problem buckled(const ScaledEquations& scaled) const;
+  void update_forces();
+  StiffnessSource stiffness() const;
+  ClampedSource clamped() const;
+
+  const Frame& frame_;
+  const LoadCase& load_case_;
+  std::vector<Geometry> geometry_;
+  Equations equations_;
+  LoadsByElement loads_;
+  std::vector<PieceForces> forces_, next_forces_;
+  std::vector<BeamColumn> columns_;
+  NodeValues displacements_;
+  Norms size_;
+  std::unique_ptr<LinearSolver> solver_;
+  double change_ = 0.0;
+  bool first_ = true;
+};
+
+StiffnessSource Iteration::stiffness() const {
+  return [this](std::size_t i, ElementStiffness& k) { k = columns_[i].stiffness(); };
+}
+
+ClampedSource Iteration::clamped() const {
+  return [this](std::size_t i, ClampedEnds& ends) { ends = columns_[i].clamped(); };
+}
+
+Problem Iteration::buckled_element(std::size_t place) const {
+  const PieceForces& n = forces_[place];
+  return {Problem::Kind::buckling,
+          fmt::format("{} buckles between its nodes: its axial force reaches {:.4g}",
+                      element_name(frame_, place), *std::min_element(n.begin(), n.end())),
+          std::nullopt, place};
+}
+
+Found Iteration::make_columns() {
+  columns_.clear();
+  columns_.reserve(frame_.elements.size());
+  for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
+    auto column = BeamColumn::of(frame_.elements[i], loads_.of(i), forces_[i]);
+    if (!column || column->negative_pivots() > 0) return buckled_element(i);
+    columns_.push_back(std::move(*column));
+  }
+  return std::nullopt;
+}
+
+Problem Iteration::buckled(const ScaledEquations& scaled) const {
+  return {Problem::Kind::buckling,
+          "the frame buckles under these loads: " +
+              tell_motion_near_zero(frame_, equations_, scaled),
+          std::nullopt, std::nullopt};
+}
+
+Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations& scaled) const {
+  if (first_) return find_problem(done, frame_, equations_, scaled);
+  using Status = Factorisation::Status;
+  const bool singular = done.status == Status::zero_pivot;
+  if (!singular && done.status != Status::done) {
+    return find_problem(done, frame_, equations_, scaled);
+  }
+  if (!singular && done.negative_pivots == 0) return std::nullopt;
+  return Problem{
+      Problem::Kind::buckling,
+      "the frame buckles under these loads: " + tell_motion_near_zero(frame_, equations_, scaled),
+      std::nullopt, std::nullopt};
+}
+
+Found Iteration::solve_equations() {
+  displacements_ = settlements(frame_, load_case_);
+  const EquivalentLoads loads =
+      equivalent_loads(frame_, geometry_, load_case_, displacements_, stiffness(), clamped());
+  size_ = loads.size;
+  if (equations_.count() == 0) return std::nullopt;
+  const ScaledEquations scaled = assemble(frame_, geometry_, equations_, stiffness());
+  if (auto problem = find_buckling(solver_->factorise(scaled.matrix), scaled)) return problem;
+  RightSides sides(equations_, scaled);
+  sides.add(loads.values);
+  const bool held = sides.solve(*solver_) >= least_softness;
+  if (!held) return first_ ? explain_mechanism(frame_, equations_, scaled) : buckled(scaled);
+  sides.add_displacements(0, displacements_);
+  return std::nullopt;
+}
+
+void Iteration::update_forces() {
+  next_forces_.resize(forces_.size());
+  double largest = least_axial_share * size_.force, change = 0.0;
+  for (std::size_t i = 0; i < forces_.size(); ++i) {
+    const Element& element = frame_.elements[i];
+    const Vector12 u = to_local(geometry_[i].axes, at_ends(element, displacements_));
+    const Vector12 f = columns_[i].stiffness().condensed * u + columns_[i].clamped().condensed;
+    next_forces_[i] = piece_forces(element.kind, f, loads_.of(i));
+    for (std::size_t j = 0; j < pieces; ++j) {
+      largest = std::max(largest, std::abs(next_forces_[i][j]));
+      change = std::max(change, std::abs(next_forces_[i][j] - forces_[i][j]));
+    }
+  }
+  change_ = change == 0.0 ? 0.0 : change / largest;
+}
+
+Found Iteration::step() {
+  if (!first_) forces_.swap(next_forces_);
+  if (auto problem = make_columns()) return problem;
+  if (auto problem = solve_equations()) return problem;
+  update_forces();
+  first_ = false;
+  return std::nullopt;
+}
+
+Result<CaseResult> Iteration::result() const {
+  CaseRecovery recovery(frame_, displacements_);
+  for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
+    const Element& element = frame_.elements[i];
+    const Vector12 u = to_local(geometry_[i].axes, recovery.displacements_of(element));
+    recovery.add(i, geometry_[i].axes, columns_[i].answer(element, loads_.of(i), forces_[i], u));
+  }
+  return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
+}
+
+Problem diverged(const SecondOrderOptions& options, double change) {
+  return {Problem::Kind::divergence,
+          fmt::format("no equilibrium of second order after {} iterations: axial forces still "
+                      "change by {:.1e} of the largest; the loads are close to what buckles the "
+                      "frame",
+                      options.most_iterations, change),
+          std::nullopt, std::nullopt};
+}
+
+}  // namespace
+
+std::string SecondOrderResult::message() const {
+  return fmt::format("in equilibrium after {} {}, axial forces certain to {:.1e}", iterations,
+                     iterations == 1 ? "iteration" : "iterations", change);
+}
+
+Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCase& loads,
+                                               const SecondOrderOptions& options) {
+  if (auto problem = find_problem(frame)) return std::move(*problem);
+  if (auto problem = find_problem(frame, loads)) return std::move(*problem);
+  Iteration iteration(frame, loads);
+  if (auto problem = iteration.find_lost()) return std::move(*problem);
+  if (auto problem = iteration.step()) return std::move(*problem);
+  SecondOrderResult solved;
+  do {
+    if (solved.iterations == options.most_iterations) return diverged(options, iteration.change());
+    if (auto problem = iteration.step()) return std::move(*problem);
+    ++solved.iterations;
+    solved.change = iteration.change();
+  } while (!(solved.change <= options.tolerance));
+  auto result = iteration.result();
+  if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
+  solved.result = std::get<CaseResult>(std::move(result));
+  if (auto problem = find_imbalance(solved.result, 0, options.residual_limit)) {
+    return std::move(*problem);
+  }
+  return solved;
+}
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "aluframe/analysis/analyse.h"
+
+namespace aluframe::analysis {
+
+struct SecondOrderOptions {
+  int most_iterations = 20;
+  /// Iterations end when no axial force changes by more than this share of the largest.
+  double tolerance = 1e-6;
+  double residual_limit = 1e-8;  ///< see Options
+};
+
+struct SecondOrderResult {
+  CaseResult result;
+  int iterations = 0;   ///< solutions beyond the one of first order
+  double change = 0.0;  ///< last change of an axial force, as a share of the largest
+  /// "in equilibrium after 3 iterations, axial forces certain to 2.0e-09"
+  std::string message() const;
+};
+
+/// Analysis of one combination in second order: axial forces act on the displaced frame, on the
+/// slope of the chords (P-Delta) and on the deflection between the nodes (P-delta). Displacements
+/// stay small, and so do the angles: forces are along the axes of the undisplaced elements.
+/// Elements do not shorten by bowing, and twisting by axial force is left out.
+///
+/// Superposition does not hold: analyse the combined loads (`combine`), not the cases.
+///
+/// Loads that the frame cannot carry are a problem that tells what buckles.
+Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCase& loads,
+                                               const SecondOrderOptions& options = {});
+
+}  // namespace aluframe::analysis
