@@ -11,9 +11,12 @@ namespace {
 
 /// An element's own forces span as many digits as double precision carries through it, less a few.
 constexpr double noise_in_element = 1e-10;
-/// Rounding of the sums that end forces are made of: 1e-16 of the largest of them, times some
-/// thousands that an unbalanced rounding grows by on its way through the frame.
+/// Rounding of the sums that end forces are made of: 1e-16 of the largest of them, times what an
+/// unbalanced rounding grows by on its way through the frame. Measured on forces that are zero by
+/// statics, in frames of up to 40 elements in a chain: 1e-14.
 constexpr double noise_in_case = 1e-12;
+/// Moments collect the rounding of forces over the extent of the frame. Measured: 1e-15.
+constexpr double noise_over_extent = 1e-13;
 
 template <class Forces>
 double largest_of(const Forces& forces, std::size_t first) {
@@ -75,7 +78,9 @@ void CaseRecovery::add(std::size_t element, const Axes& axes, const ElementAnswe
 }
 
 void CaseRecovery::remove_noise(CaseResult& result) const {
-  const double force = noise_in_case * largest_.force, moment = noise_in_case * largest_.moment;
+  const double force = noise_in_case * largest_.force;
+  const double moment = std::max(noise_in_case * largest_.moment,
+                                 noise_over_extent * largest_.force * extent_of(frame_).size);
   for (ElementForces& element : result.forces) {
     const double own_force = std::max(force, noise_in_element * largest_of(element, 0));
     const double own_moment = std::max(moment, noise_in_element * largest_of(element, 3));

@@ -40,18 +40,6 @@ Eigen::Vector3d position(const Node& node) {
   return {node.x, node.y, node.z};
 }
 
-/// Box around the nodes: middle and diagonal.
-struct Extent {
-  Eigen::Vector3d middle = Eigen::Vector3d::Zero();
-  double size = 0.0;
-};
-
-Extent extent_of(const Frame& frame) {
-  Eigen::AlignedBox3d box;
-  for (const Node& node : frame.nodes) box.extend(position(node));
-  return {box.center(), box.diagonal().norm()};
-}
-
 /// Sum of forces, and of moments about one point.
 class Sum {
  public:
@@ -75,6 +63,12 @@ class Sum {
 };
 
 }  // namespace
+
+Extent extent_of(const Frame& frame) {
+  Eigen::AlignedBox3d box;
+  for (const Node& node : frame.nodes) box.extend(position(node));
+  return {box.center(), box.diagonal().norm()};
+}
 
 Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
                               std::span<const Reaction> reactions, Order order) {

@@ -4,6 +4,13 @@
 
 namespace aluframe::analysis {
 
+/// Box around the nodes: its middle and its diagonal.
+struct Extent {
+  Eigen::Vector3d middle = Eigen::Vector3d::Zero();
+  double size = 0.0;
+};
+Extent extent_of(const Frame& frame);
+
 /// Loads and reactions of a case, all on nodes and all known.
 struct Balance {
   const Frame& frame;

@@ -92,10 +92,10 @@ Found Iteration::make_columns() {
 }
 
 Problem Iteration::buckled(const ScaledEquations& scaled) const {
-  return {Problem::Kind::buckling,
-          "the frame buckles under these loads: " +
-              tell_motion_near_zero(frame_, equations_, scaled),
-          std::nullopt, std::nullopt};
+  return {
+      Problem::Kind::buckling,
+      "the frame buckles under these loads: " + tell_motion_near_zero(frame_, equations_, scaled),
+      std::nullopt, std::nullopt};
 }
 
 Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations& scaled) const {
