@@ -5,23 +5,6 @@
 
 namespace aluframe::analysis {
 
-namespace {
-
-/// Work of the axial force on the way from the start to each quarter point: sum of force times
-/// rise.
-std::array<double, 5> bowing_moments(const std::array<double, pieces + 1>& deflections,
-                                     const PieceForces& forces) {
-  std::array<double, 5> moments{};
-  double sum = 0.0;
-  for (std::size_t i = 0; i < pieces; ++i) {
-    sum += forces[i] * (deflections[i + 1] - deflections[i]);
-    if ((i + 1) % (pieces / 4) == 0) moments[(i + 1) / (pieces / 4)] = sum;
-  }
-  return moments;
-}
-
-}  // namespace
-
 void BeamColumn::add_beam(const Element& element, const ElementLoads& loads,
                           const PieceForces& forces) {
   const Stiffness& s = element.stiffness;
@@ -53,7 +36,7 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
   column.clamped_.unreleased = clamped_forces(element, loads);
   if (element.kind == ElementKind::truss) {
     column.stiffness_.condensed = elastic;
-    column.add_string(loads, forces[0]);
+    column.add_string(loads, forces[0].start);
   } else {
     column.stiffness_.condensed.setZero();
     column.add_beam(element, loads, forces);
@@ -67,13 +50,12 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
   return column;
 }
 
-void BeamColumn::add_bowing(const PieceForces& forces, const Vector12& displacements,
-                            FivePositions& sections) const {
+void BeamColumn::add_bowing(const Vector12& displacements, FivePositions& sections) const {
   if (!chain_y_) return;
   Vector12 own = displacements;
   releases_->restore(clamped_.unreleased, own);
-  const auto z = bowing_moments(chain_z_->deflections(plane_part(places_z, own)), forces);
-  const auto y = bowing_moments(chain_y_->deflections(plane_part(places_y, own)), forces);
+  const auto z = chain_z_->bowing_moments(plane_part(places_z, own));
+  const auto y = chain_y_->bowing_moments(plane_part(places_y, own));
   // The ends hold what the nodes exert, the axial force's part included.
   for (int i = 1; i < 4; ++i) {
     sections(4, i) += z[static_cast<std::size_t>(i)];
@@ -82,24 +64,32 @@ void BeamColumn::add_bowing(const PieceForces& forces, const Vector12& displacem
 }
 
 ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loads,
-                                 const PieceForces& forces, const Vector12& displacements) const {
+                                 const Vector12& displacements) const {
   ElementAnswer answer;
   answer.end_forces = stiffness_.condensed * displacements + clamped_.condensed;
   answer.magnitudes = magnitudes_of(stiffness_, displacements, clamped_.unreleased, loads.length);
   answer.sections = section_forces(element.kind, answer.end_forces, loads);
-  add_bowing(forces, displacements, answer.sections);
+  add_bowing(displacements, answer.sections);
   return answer;
 }
 
 PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads) {
   PieceForces forces{};
   if (kind == ElementKind::truss) {
-    forces.fill(end_forces[6] - passed_to_ends(loads)[6]);
+    const double n = end_forces[6] - passed_to_ends(loads)[6];
+    forces.fill({n, n});
     return forces;
   }
+  const double length = loads.length / static_cast<double>(pieces);
   for (std::size_t i = 0; i < pieces; ++i) {
-    const double middle = loads.length * (static_cast<double>(i) + 0.5) / pieces;
-    forces[i] = -end_forces[0] - resultant_before(loads, middle).force.x();
+    // Through two places inside, because a point load may act at either end of the piece.
+    const auto force_at = [&](double part) {
+      const double x = length * (static_cast<double>(i) + part);
+      return -end_forces[0] - resultant_before(loads, x).force.x();
+    };
+    const double first = force_at(0.25), second = force_at(0.75);
+    const double middle = (first + second) / 2, rise = second - first;
+    forces[i] = {middle - rise, middle + rise};
   }
   return forces;
 }

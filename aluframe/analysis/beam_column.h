@@ -22,14 +22,13 @@ class BeamColumn {
   int negative_pivots() const { return negative_pivots_; }
 
   /// Forces under the displacements of its nodes, local axes.
-  ElementAnswer answer(const Element& element, const ElementLoads& loads, const PieceForces& forces,
+  ElementAnswer answer(const Element& element, const ElementLoads& loads,
                        const Vector12& displacements) const;
 
  private:
   void add_beam(const Element& element, const ElementLoads& loads, const PieceForces& forces);
   void add_string(const ElementLoads& loads, double force);
-  void add_bowing(const PieceForces& forces, const Vector12& displacements,
-                  FivePositions& sections) const;
+  void add_bowing(const Vector12& displacements, FivePositions& sections) const;
 
   ElementStiffness stiffness_;
   ClampedEnds clamped_;
@@ -38,7 +37,7 @@ class BeamColumn {
   int negative_pivots_ = 0;
 };
 
-/// Axial forces in the middle of the pieces, from the end forces acting ON the element.
+/// Axial forces of the pieces, from the end forces acting ON the element.
 PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads);
 
 }  // namespace aluframe::analysis

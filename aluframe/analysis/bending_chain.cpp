@@ -40,17 +40,21 @@ int negative_eigenvalues(const Eigen::Matrix2d& k) {
   return k.trace() < 0.0 ? 2 : 0;
 }
 
+/// One of several equal pieces: the share of shear grows with the square of the shorter length.
+BendingPlane piece_of(const BendingPlane& plane) {
+  constexpr auto count = static_cast<double>(pieces);
+  return {plane.length / count, plane.ei, plane.shear * count * count};
+}
+
 }  // namespace
 
 BendingChain::BendingChain(const BendingPlane& plane, const ElementLoads& loads, int axis,
-                           const PieceForces& forces) {
-  constexpr auto count = static_cast<double>(pieces);
-  // The share of shear grows with the square of the shorter length.
-  const BendingPlane piece{plane.length / count, plane.ei, plane.shear * count * count};
-  const Matrix4 bending = bending_stiffness(piece);
+                           const PieceForces& forces)
+    : piece_(piece_of(plane)), forces_(forces) {
+  const Matrix4 bending = bending_stiffness(piece_);
   for (std::size_t i = 0; i < pieces; ++i) {
-    const Matrix4 k = bending + string_stiffness(piece, forces[i]);
-    const Vector4 held = clamped_plane(piece, PieceLoads(loads, i).view(), axis);
+    const Matrix4 k = bending + string_stiffness(piece_, forces[i]);
+    const Vector4 held = clamped_plane(piece_, PieceLoads(loads, i).view(), axis);
     append(i, k, held);
   }
 }
@@ -79,16 +83,31 @@ void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& he
   held_ = forces - coupling.transpose() * node.own;
 }
 
-std::array<double, pieces + 1> BendingChain::deflections(const Vector4& ends) const {
-  std::array<double, pieces + 1> result{};
-  result[0] = ends[0];
-  result[pieces] = ends[2];
+std::array<Eigen::Vector2d, pieces + 1> BendingChain::displacements(const Vector4& ends) const {
+  std::array<Eigen::Vector2d, pieces + 1> result;
+  result[0] = ends.head<2>();
+  result[pieces] = ends.tail<2>();
   Vector4 around = ends;
   for (std::size_t i = pieces - 1; i >= 1; --i) {
     around.tail<2>() = -(inner_[i - 1].by_ends * around + inner_[i - 1].own).eval();
-    result[i] = around[2];
+    result[i] = around.tail<2>();
   }
   return result;
+}
+
+std::array<double, 5> BendingChain::bowing_moments(const Vector4& ends) const {
+  // A slope of 1 everywhere: what the force does on it is its integral with the real slope.
+  const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
+  const auto moved = displacements(ends);
+  std::array<double, 5> moments{};
+  double sum = 0.0;
+  for (std::size_t i = 0; i < pieces; ++i) {
+    Vector4 u;
+    u << moved[i], moved[i + 1];
+    sum += unit_slope.dot(string_stiffness(piece_, forces_[i]) * u);
+    if ((i + 1) % (pieces / 4) == 0) moments[(i + 1) / (pieces / 4)] = sum;
+  }
+  return moments;
 }
 
 }  // namespace aluframe::analysis

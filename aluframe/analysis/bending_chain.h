@@ -13,8 +13,8 @@ namespace aluframe::analysis {
 /// grows with the fourth power of a piece's length); their ends include the quarter points.
 inline constexpr std::size_t pieces = 8;
 
-/// Axial force of every piece, N, positive in tension.
-using PieceForces = std::array<double, pieces>;
+/// Axial force of every piece.
+using PieceForces = std::array<AxialForce, pieces>;
 
 /// One bending plane of an element under axial force, as a chain of pieces whose inner nodes are
 /// eliminated. Deflection against the chord of the ends and its moment of the axial force are both
@@ -31,8 +31,9 @@ class BendingChain {
   /// Negative pivots of the inner nodes: the element buckles between ends that stand still.
   int negative_pivots() const { return negative_pivots_; }
 
-  /// Deflections of the ends of the pieces, start to end, from the displacements of the two ends.
-  std::array<double, pieces + 1> deflections(const Vector4& ends) const;
+  /// Moments that the axial force adds between the start and the five positions, from the
+  /// displacements of the two ends: integral of the force times the slope.
+  std::array<double, 5> bowing_moments(const Vector4& ends) const;
 
  private:
   /// An eliminated node: its displacement is -(by_ends·(start, next node) + own).
@@ -42,7 +43,10 @@ class BendingChain {
   };
 
   void append(std::size_t piece, const Matrix4& k, const Vector4& held);
+  std::array<Eigen::Vector2d, pieces + 1> displacements(const Vector4& ends) const;
 
+  BendingPlane piece_;
+  PieceForces forces_;
   Matrix4 stiffness_;
   Vector4 held_;
   std::array<Eliminated, pieces - 1> inner_;

@@ -46,11 +46,12 @@ Matrix4 bending_stiffness(const BendingPlane& plane) {
   return k * (plane.ei / ((1.0 + p) * l * l * l));
 }
 
-Matrix4 string_stiffness(const BendingPlane& plane, double n) {
-  return n * integrate<Matrix4>(0.0, plane.length, [&](double x) -> Matrix4 {
-           const Vector4 slopes = axis_slopes_at(plane, x);
-           return slopes * slopes.transpose();
-         });
+Matrix4 string_stiffness(const BendingPlane& plane, const AxialForce& n) {
+  return integrate<Matrix4>(0.0, plane.length, [&](double x) -> Matrix4 {
+    const Vector4 slopes = axis_slopes_at(plane, x);
+    const double force = n.start + (n.end - n.start) * (x / plane.length);
+    return force * slopes * slopes.transpose();
+  });
 }
 
 Vector4 clamped_by_load(const BendingPlane& plane, const PlaneLoad& load) {

@@ -35,9 +35,14 @@ Vector4 axis_slopes_at(const BendingPlane& plane, double x);
 /// End forces per unit of the end displacements.
 Matrix4 bending_stiffness(const BendingPlane& plane);
 
-/// Added stiffness of a piece under an axial force, N, positive in tension: n·∫ w'·w' dx. With
-/// shear, the axial force acts on the slope of the axis (Engesser).
-Matrix4 string_stiffness(const BendingPlane& plane, double n);
+/// Axial force of a piece, N, positive in tension, linear from its start to its end.
+struct AxialForce {
+  double start = 0.0, end = 0.0;
+};
+
+/// Added stiffness of a piece under an axial force: integral of n·w'·w'. With shear, the axial
+/// force acts on the slope of the axis (Engesser).
+Matrix4 string_stiffness(const BendingPlane& plane, const AxialForce& n);
 
 /// End forces of the clamped piece under a load along w, and under a force along w or a moment
 /// along t at x.

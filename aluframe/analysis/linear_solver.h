@@ -26,7 +26,7 @@ struct Factorisation {
   Status status = Status::failed;
   int negative_pivots = 0;          ///< as many as the matrix has negative eigenvalues
   std::int64_t factor_entries = 0;  ///< numbers in the factor
-  std::int64_t memory_bytes = 0;    ///< what the factorisation took in all
+  std::int64_t memory_bytes = 0;    ///< what the factorisation took in all, to the megabyte
   int code = 0;                     ///< the solver library's own, for messages
 };
 

@@ -73,10 +73,11 @@ ClampedSource Iteration::clamped() const {
 }
 
 Problem Iteration::buckled_element(std::size_t place) const {
-  const PieceForces& n = forces_[place];
+  double least = 0.0;
+  for (const AxialForce& n : forces_[place]) least = std::min({least, n.start, n.end});
   return {Problem::Kind::buckling,
           fmt::format("{} buckles between its nodes: its axial force reaches {:.4g}",
-                      element_name(frame_, place), *std::min_element(n.begin(), n.end())),
+                      element_name(frame_, place), least),
           std::nullopt, place};
 }
 
@@ -137,8 +138,10 @@ void Iteration::update_forces() {
     const Vector12 f = columns_[i].stiffness().condensed * u + columns_[i].clamped().condensed;
     next_forces_[i] = piece_forces(element.kind, f, loads_.of(i));
     for (std::size_t j = 0; j < pieces; ++j) {
-      largest = std::max(largest, std::abs(next_forces_[i][j]));
-      change = std::max(change, std::abs(next_forces_[i][j] - forces_[i][j]));
+      const AxialForce &now = next_forces_[i][j], &before = forces_[i][j];
+      largest = std::max({largest, std::abs(now.start), std::abs(now.end)});
+      change =
+          std::max({change, std::abs(now.start - before.start), std::abs(now.end - before.end)});
     }
   }
   change_ = change == 0.0 ? 0.0 : change / largest;
@@ -158,7 +161,7 @@ Result<CaseResult> Iteration::result() const {
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Element& element = frame_.elements[i];
     const Vector12 u = to_local(geometry_[i].axes, recovery.displacements_of(element));
-    recovery.add(i, geometry_[i].axes, columns_[i].answer(element, loads_.of(i), forces_[i], u));
+    recovery.add(i, geometry_[i].axes, columns_[i].answer(element, loads_.of(i), u));
   }
   return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
 }

@@ -17,7 +17,9 @@ struct Fault {
   const char* text;
 };
 
-void PrintTo(const Fault& fault, std::ostream* stream) { *stream << fault.name; }
+void PrintTo(const Fault& fault, std::ostream* stream) {
+  *stream << fault.name;
+}
 
 class FrameWithAFault : public testing::TestWithParam<Fault> {};
 

@@ -17,7 +17,9 @@ struct NamedLoad {
   LoadCase load_case;
 };
 
-void PrintTo(const NamedLoad& load, std::ostream* stream) { *stream << load.name; }
+void PrintTo(const NamedLoad& load, std::ostream* stream) {
+  *stream << load.name;
+}
 
 NamedLoad distributed(std::string name, LoadAxes axes, double from, double to) {
   NamedLoad load{std::move(name), {}};
@@ -160,7 +162,9 @@ struct Textbook {
   double start_moment, end_moment, start_shear;  // parts of qL², qL², qL
 };
 
-void PrintTo(const Textbook& one, std::ostream* stream) { *stream << one.name; }
+void PrintTo(const Textbook& one, std::ostream* stream) {
+  *stream << one.name;
+}
 
 constexpr std::array<bool, 12> release(int a, int b = -1) {
   std::array<bool, 12> released{};
