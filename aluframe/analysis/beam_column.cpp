@@ -67,7 +67,7 @@ ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loa
                                  const Vector12& displacements) const {
   ElementAnswer answer;
   answer.end_forces = stiffness_.condensed * displacements + clamped_.condensed;
-  answer.magnitudes = magnitudes_of(stiffness_, displacements, clamped_.unreleased, loads.length);
+  answer.magnitude = magnitude_of(stiffness_, displacements, clamped_.unreleased, loads.length);
   answer.sections = section_forces(element.kind, answer.end_forces, loads);
   add_bowing(displacements, answer.sections);
   return answer;

@@ -18,13 +18,10 @@ constexpr double noise_in_case = 1e-12;
 /// Moments collect the rounding of forces over the extent of the frame. Measured: 1e-15.
 constexpr double noise_over_extent = 1e-13;
 
-template <class Forces>
-double largest_of(const Forces& forces, std::size_t first) {
-  double largest = 0.0;
-  for (const auto& section : forces) {
-    for (std::size_t i = first; i < first + 3; ++i) {
-      largest = std::max(largest, std::abs(static_cast<double>(section[i])));
-    }
+Norms largest_of(const ElementForces& forces) {
+  Norms largest;
+  for (const SectionForces& section : forces) {
+    for (std::size_t i = 0; i < 6; ++i) largest.include(i, static_cast<double>(section[i]));
   }
   return largest;
 }
@@ -70,11 +67,8 @@ void CaseRecovery::add(std::size_t element, const Axes& axes, const ElementAnswe
           static_cast<float>(answer.sections(i, position));
     }
   }
-  const Vector12& m = answer.magnitudes;
-  const double force = std::max(m.segment<3>(0).maxCoeff(), m.segment<3>(6).maxCoeff());
-  const double moment = std::max(m.segment<3>(3).maxCoeff(), m.segment<3>(9).maxCoeff());
-  largest_.force = std::max(largest_.force, force);
-  largest_.moment = std::max(largest_.moment, moment);
+  largest_.force = std::max(largest_.force, answer.magnitude.force);
+  largest_.moment = std::max(largest_.moment, answer.magnitude.moment);
 }
 
 void CaseRecovery::remove_noise(CaseResult& result) const {
@@ -82,8 +76,9 @@ void CaseRecovery::remove_noise(CaseResult& result) const {
   const double moment = std::max(noise_in_case * largest_.moment,
                                  noise_over_extent * largest_.force * extent_of(frame_).size);
   for (ElementForces& element : result.forces) {
-    const double own_force = std::max(force, noise_in_element * largest_of(element, 0));
-    const double own_moment = std::max(moment, noise_in_element * largest_of(element, 3));
+    const Norms own = largest_of(element);
+    const double own_force = std::max(force, noise_in_element * own.force);
+    const double own_moment = std::max(moment, noise_in_element * own.moment);
     for (SectionForces& section : element) {
       clear_below(own_force, 0, section);
       clear_below(own_moment, 3, section);

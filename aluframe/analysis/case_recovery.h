@@ -8,7 +8,7 @@ namespace aluframe::analysis {
 /// What one element answers to the displacements of its nodes, local axes.
 struct ElementAnswer {
   Vector12 end_forces;     ///< acting ON the element
-  Vector12 magnitudes;     ///< sums of the absolute values that the end forces are made of
+  Norms magnitude;         ///< size of what the end forces are sums of
   FivePositions sections;  ///< forces at the five positions
 };
 

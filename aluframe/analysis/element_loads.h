@@ -13,7 +13,10 @@ struct LocalDistributed {
   double from = 0.0, to = 0.0;
   Eigen::Vector3d from_value, to_value;
 
-  Eigen::Vector3d value_at(double x) const;
+  Eigen::Vector3d value_at(double x) const {
+    if (to == from) return from_value;
+    return from_value + (to_value - from_value) * ((x - from) / (to - from));
+  }
 };
 
 /// Force and moment in local axes at one place, mm from the start.

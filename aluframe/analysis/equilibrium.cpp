@@ -40,26 +40,34 @@ Eigen::Vector3d position(const Node& node) {
   return {node.x, node.y, node.z};
 }
 
-/// Sum of forces, and of moments about one point.
+/// Sum of forces, and of moments about one point; and the sums of their sizes.
 class Sum {
  public:
   explicit Sum(const Eigen::Vector3d& about) : about_(about) {}
 
   void add(const Node& node, const Eigen::Vector3d& force, const Eigen::Vector3d& moment) {
+    const Eigen::Vector3d turning = moment + (position(node) - about_).cross(force);
     force_ += force;
-    moment_ += moment + (position(node) - about_).cross(force);
+    moment_ += turning;
+    gross_.force += force.norm();
+    gross_.moment += turning.norm();
   }
   void add(const Node& node, const double* six) {
     add(node, Eigen::Vector3d(six[0], six[1], six[2]), Eigen::Vector3d(six[3], six[4], six[5]));
   }
-  Norms norms(Order order) const {
+  Norms net(Order order) const {
     // In second order the moments balance about displaced points only.
     return {force_.cwiseAbs().maxCoeff(),
             order == Order::first ? moment_.cwiseAbs().maxCoeff() : 0.0};
   }
+  /// What the net is to be measured by, not less than `least`.
+  Norms gross(const Norms& least) const {
+    return {std::max(gross_.force, least.force), std::max(gross_.moment, least.moment)};
+  }
 
  private:
   Eigen::Vector3d about_, force_ = Eigen::Vector3d::Zero(), moment_ = Eigen::Vector3d::Zero();
+  Norms gross_;
 };
 
 }  // namespace
@@ -85,7 +93,7 @@ Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
     sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);
   }
   return {share(unbalanced_nodes(b), b.size, longest(b.geometry)),
-          share(sum.norms(order), b.size, extent.size)};
+          share(sum.net(order), sum.gross(b.size), extent.size)};
 }
 
 }  // namespace aluframe::analysis

@@ -1,17 +1,16 @@
 #include "aluframe/analysis/linear_answer.h"
 
+#include <algorithm>
+
 namespace aluframe::analysis {
 
-Vector12 magnitudes_of(const ElementStiffness& k, const Vector12& u, const Vector12& clamped,
-                       double length) {
-  Vector12 sums = k.condensed.cwiseAbs() * u.cwiseAbs() + clamped.cwiseAbs();
-  // What releases cancel leaves its rounding behind.
-  sums = sums.cwiseMax(k.unreleased.cwiseProduct(u.cwiseAbs()));
-  for (const int end : {0, 6}) {
-    const double shear = std::max(sums[end + 1], sums[end + 2]) * length;
-    sums.segment<3>(end + 3) = sums.segment<3>(end + 3).cwiseMax(shear);
-  }
-  return sums;
+Norms magnitude_of(const ElementStiffness& k, const Vector12& u, const Vector12& clamped,
+                   double length) {
+  const Vector12 own = k.unreleased.cwiseProduct(u).cwiseAbs() + clamped.cwiseAbs();
+  const double axial = std::max(own[0], own[6]);
+  const double shear = std::max({own[1], own[2], own[7], own[8]});
+  const double moment = std::max(own.segment<3>(3).maxCoeff(), own.segment<3>(9).maxCoeff());
+  return {std::max({axial, shear, moment / length}), std::max(moment, shear * length)};
 }
 
 void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
@@ -28,9 +27,9 @@ void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
       clamped[c](i, held);
       const Vector12 u = to_local(geometry[i].axes, recoveries[c].displacements_of(element));
       ElementAnswer answer;
-      answer.end_forces.noalias() = k.condensed * u;
+      answer.end_forces = k.condensed.lazyProduct(u);
       answer.end_forces += held.condensed;
-      answer.magnitudes = magnitudes_of(k, u, held.unreleased, geometry[i].length);
+      answer.magnitude = magnitude_of(k, u, held.unreleased, geometry[i].length);
       answer.sections = section_forces(element.kind, answer.end_forces, loads[c].of(i));
       recoveries[c].add(i, geometry[i].axes, answer);
     }

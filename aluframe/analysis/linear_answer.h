@@ -9,10 +9,10 @@ namespace aluframe::analysis {
 void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
                     std::span<const LoadsByElement> loads, std::span<CaseRecovery> recoveries);
 
-/// Sums of the absolute values that k·u + clamped is made of, before and after condensation; the
-/// moments' not less than the shear forces' times the length.
+/// Size of what the end forces k·u + clamped are sums of, which their rounding goes by: shear
+/// forces and moments count for each other through the length.
 /// @param clamped end forces without releases
-Vector12 magnitudes_of(const ElementStiffness& k, const Vector12& u, const Vector12& clamped,
-                       double length);
+Norms magnitude_of(const ElementStiffness& k, const Vector12& u, const Vector12& clamped,
+                   double length);
 
 }  // namespace aluframe::analysis

@@ -1,8 +1,5 @@
 #include "aluframe/analysis/load_vector.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "aluframe/analysis/clamped_forces.h"
 #include "aluframe/analysis/releases.h"
 
@@ -65,11 +62,6 @@ ClampedSource clamped_source(const Frame& frame, const LoadsByElement& loads) {
   };
 }
 
-void Norms::include(std::size_t direction, double value) {
-  double& norm = direction % 6 < 3 ? force : moment;
-  norm = std::max(norm, std::abs(value));
-}
-
 EquivalentLoads equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
                                  const LoadCase& load_case, const NodeValues& moved,
                                  const StiffnessSource& stiffness, const ClampedSource& clamped) {
@@ -82,10 +74,9 @@ EquivalentLoads equivalent_loads(const Frame& frame, std::span<const Geometry> g
     const Element& element = frame.elements[i];
     const Axes& axes = geometry[i].axes;
     clamped(i, held);
-    const Vector12 ends = settles ? at_ends(element, moved) : Vector12::Zero();
-    if (!ends.isZero(0.0)) {
+    if (settles && !at_ends(element, moved).isZero(0.0)) {
       stiffness(i, k);
-      const Vector12 local = to_local(axes, ends);
+      const Vector12 local = to_local(axes, at_ends(element, moved));
       held.condensed += k.condensed * local;
       held.unreleased += k.unreleased.cwiseProduct(local).cwiseAbs();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <span>
 
 #include "aluframe/analysis/assembly.h"
@@ -32,7 +34,11 @@ ClampedSource clamped_source(const Frame& frame, const LoadsByElement& loads);
 struct Norms {
   double force = 0.0, moment = 0.0;
 
-  void include(std::size_t direction, double value);
+  /// @param direction 0 to 2 of a force, 3 to 5 of a moment, and so on by sixes
+  void include(std::size_t direction, double value) {
+    double& norm = direction % 6 < 3 ? force : moment;
+    norm = std::max(norm, std::abs(value));
+  }
 };
 
 /// All loads of a case as loads on nodes, and how large they are. Their size counts what clamped

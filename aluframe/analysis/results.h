@@ -42,11 +42,11 @@ struct Reaction {
   Vector6 value{};
 };
 
-/// How well a solution balances the loads: largest unbalanced force or moment, as a share of the
-/// largest load (moments are compared through the size of the frame).
+/// How well a solution balances the loads. Moments are compared with forces through lengths of the
+/// frame.
 struct Equilibrium {
-  double nodes = 0.0;  ///< of any node
-  double whole = 0.0;  ///< of the whole frame: loads against reactions
+  double nodes = 0.0;  ///< largest unbalanced force of any node over the largest load
+  double whole = 0.0;  ///< loads and reactions of the whole frame over the sum of their sizes
 };
 
 /// Answer of the frame to one load case.
