@@ -73,6 +73,7 @@ Found Run::solve_equations() {
 
 Result<Solution> Run::recover(const Options& options) {
   std::vector<CaseRecovery> recoveries;
+  recoveries.reserve(cases_.size());
   for (NodeValues& moved : moved_) recoveries.emplace_back(frame_, std::move(moved));
   recover_linear(frame_, geometry_, loads_, recoveries);
   Solution solution;

@@ -110,9 +110,11 @@ ScaledEquations Blocks::finish() {
   ScaledEquations result{std::move(matrix_), scales()};
   SymmetricMatrix& m = result.matrix;
   m.size = equations_.count();
-  const double* scale = result.scale.data() - 1;  // rows and columns count from 1
+  const auto scale = [&](int counted_from_one) {
+    return result.scale[static_cast<std::size_t>(counted_from_one - 1)];
+  };
   for (std::size_t i = 0; i < m.values.size(); ++i) {
-    m.values[i] *= scale[m.rows[i]] * scale[m.columns[i]];
+    m.values[i] *= scale(m.rows[i]) * scale(m.columns[i]);
   }
   return result;
 }

@@ -51,7 +51,7 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
 }
 
 void BeamColumn::add_bowing(const Vector12& displacements, FivePositions& sections) const {
-  if (!chain_y_) return;
+  if (!chain_y_ || !chain_z_ || !releases_) return;  // a truss
   Vector12 own = displacements;
   releases_->restore(clamped_.unreleased, own);
   const auto z = chain_z_->bowing_moments(plane_part(places_z, own));

@@ -94,6 +94,7 @@ std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
                                               const NodeValues& nodal) const {
   NodeValues sum(held_.size(), 0.0);
   std::vector<std::size_t> nodes;
+  nodes.reserve(frame_.supports.size() + frame_.springs.size());
   for (const Support& support : frame_.supports) nodes.push_back(support.node);
   for (const Spring& spring : frame_.springs) {
     nodes.push_back(spring.node);

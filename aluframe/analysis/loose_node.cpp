@@ -106,7 +106,7 @@ std::optional<Problem> find_loose_node(const Frame& frame, const Equations& equa
                     node_name(frame, node) + " " + motion + ": " + reason(frame, node, rotates),
                     node, std::nullopt};
   }
-  if (more > 0) {
+  if (found && more > 0) {
     found->text += fmt::format(" ({} more {} can move freely)", more, more == 1 ? "node" : "nodes");
   }
   return found;

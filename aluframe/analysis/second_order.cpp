@@ -107,10 +107,7 @@ Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations&
     return find_problem(done, frame_, equations_, scaled);
   }
   if (!singular && done.negative_pivots == 0) return std::nullopt;
-  return Problem{
-      Problem::Kind::buckling,
-      "the frame buckles under these loads: " + tell_motion_near_zero(frame_, equations_, scaled),
-      std::nullopt, std::nullopt};
+  return buckled(scaled);
 }
 
 Found Iteration::solve_equations() {
