@@ -30,7 +30,9 @@ struct Case {
 };
 
 /// What a failing test calls the case.
-inline void PrintTo(const Case& one, std::ostream* stream) { *stream << one.name; }
+inline void PrintTo(const Case& one, std::ostream* stream) {
+  *stream << one.name;
+}
 
 /// Reads a case. Throws std::runtime_error or nlohmann::json::exception on what it cannot mean.
 Case read_case(const std::filesystem::path& file);
