@@ -8,6 +8,7 @@
 #include "aluframe/io/model_edit.h"
 #include "aluframe/io/model_file.h"
 #include "tests/property/io_any_model.h"
+#include "tests/property/io_any_values.h"
 
 namespace aluframe::io {
 namespace {
