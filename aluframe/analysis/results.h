@@ -22,8 +22,8 @@ struct Problem {
   };
   Kind kind = Kind::input;
   std::string text;                    ///< "node 14 can rotate freely about X: ..."
-  std::optional<std::size_t> node;     ///< place in Frame::nodes
-  std::optional<std::size_t> element;  ///< place in Frame::elements
+  std::optional<std::size_t> node = std::nullopt;     ///< place in Frame::nodes
+  std::optional<std::size_t> element = std::nullopt;  ///< place in Frame::elements
 };
 
 /// A value, or the problem that stands in its way.

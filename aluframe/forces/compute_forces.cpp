@@ -1,23 +1,126 @@
 #include "aluframe/forces/compute_forces.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <optional>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/forces/second_order_forces.h"
 
 namespace aluframe::forces {
 
 namespace {
 
-bool carries_loads(const model::LoadCase& load_case) {
-  return load_case.loads != model::CaseLoads();
+using Answers = std::vector<const analysis::SecondOrderResult*>;
+
+analysis::Result<Summary> first_order(model::Model& model, Summary summary) {
+  const auto solved = analyse_model(model);
+  if (const auto* problem = std::get_if<analysis::Problem>(&solved)) return *problem;
+  const auto& solution = std::get<analysis::Solution>(solved);
+  model::ForceTable table = model.forces;
+  if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());
+  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
+    if (!has_loads(model.load_cases[load_case])) continue;
+    const analysis::CaseResult& result = solution.cases[load_case];
+    summary.residual =
+        std::max({summary.residual, result.equilibrium.nodes, result.equilibrium.whole});
+    for (std::size_t element = 0; element < result.forces.size(); ++element) {
+      table.set(element, load_case, {.at = result.forces[element], .inner = true});
+    }
+  }
+  model.forces = std::move(table);
+  summary.equations = solution.effort.equations;
+  return summary;
+}
+
+/// A pair of element and load case whose forces are given by another program.
+struct GivenPair {
+  model::Number element = 0;
+  model::Number load_case = 0;
+};
+
+std::optional<GivenPair> find_given(const model::Model& model) {
+  for (std::size_t element = 0; element < model.elements.size(); ++element) {
+    for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
+      if (model.forces.find(element, load_case) == nullptr) continue;
+      return GivenPair{model.elements[element].number, model.load_cases[load_case].number};
+    }
+  }
+  return std::nullopt;
+}
+
+/// True when every element has forces in every load case that carries loads.
+bool is_all_given(const model::Model& model) {
+  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
+    if (!has_loads(model.load_cases[load_case])) continue;
+    for (std::size_t element = 0; element < model.elements.size(); ++element) {
+      if (model.forces.find(element, load_case) == nullptr) return false;
+    }
+  }
+  return true;
+}
+
+/// The smaller or larger component of two at every position.
+template <class Choose>
+analysis::ElementForces extreme(const analysis::ElementForces& a, const analysis::ElementForces& b,
+                                Choose choose) {
+  analysis::ElementForces out{};
+  for (std::size_t position = 0; position < a.size(); ++position) {
+    for (std::size_t i = 0; i < a[position].size(); ++i) {
+      out[position][i] = choose(a[position][i], b[position][i]);
+    }
+  }
+  return out;
+}
+
+/// Both sides of a combination from the answers to its sets of loads; equal when there is but one.
+void set_sides(model::ForceTable& table, std::size_t combination, const Answers& answers) {
+  const std::size_t elements = answers.front()->result.forces.size();
+  for (std::size_t element = 0; element < elements; ++element) {
+    analysis::ElementForces maximum = answers.front()->result.forces[element];
+    analysis::ElementForces minimum = maximum;
+    for (const analysis::SecondOrderResult* answer : answers) {
+      const analysis::ElementForces& forces = answer->result.forces[element];
+      maximum = extreme(maximum, forces, [](float a, float b) { return std::max(a, b); });
+      minimum = extreme(minimum, forces, [](float a, float b) { return std::min(a, b); });
+    }
+    table.set(element, model::side_place(combination, 0), {.at = maximum, .inner = true});
+    table.set(element, model::side_place(combination, 1), {.at = minimum, .inner = true});
+  }
+}
+
+analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
+  if (const auto given = find_given(model)) {
+    return analysis::Problem{
+        .text =
+            fmt::format("element {} has given forces in load case {}, which second order cannot "
+                        "use: it needs loads alone",
+                        given->element, given->load_case)};
+  }
+  SecondOrderAnalyses analyses(model);
+  model::ForceTable table;
+  table.resize(model.elements.size(), model::side_place(model.combinations.size(), 0));
+  for (std::size_t place = 0; place < model.combinations.size(); ++place) {
+    if (!model.combinations[place].design) continue;
+    const auto solved = analyses.answers(place);
+    if (const auto* problem = std::get_if<analysis::Problem>(&solved)) return *problem;
+    set_sides(table, place, std::get<Answers>(solved));
+  }
+  summary.residual = analyses.largest_residual();
+  summary.second_order_analyses = analyses.count();
+  summary.iterations = analyses.most_iterations();
+  model.combined_forces = std::move(table);
+  return summary;
 }
 
 }  // namespace
 
-bool has_loads(const model::Model& model) {
-  return std::ranges::any_of(model.load_cases, carries_loads);
+bool has_loads(const model::LoadCase& load_case) {
+  return load_case.loads != model::CaseLoads();
 }
 
 analysis::Result<analysis::Solution> analyse_model(const model::Model& model) {
@@ -29,22 +132,12 @@ analysis::Result<analysis::Solution> analyse_model(const model::Model& model) {
   return analysis::analyse(frame_of(model), cases);
 }
 
-std::optional<std::string> compute_forces(model::Model& model) {
-  if (!has_loads(model)) return std::nullopt;
-  const auto solved = analyse_model(model);
-  if (const auto* problem = std::get_if<analysis::Problem>(&solved)) return problem->text;
-  const auto& solution = std::get<analysis::Solution>(solved);
-  model::ForceTable table = model.forces;
-  if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());
-  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
-    if (!carries_loads(model.load_cases[load_case])) continue;
-    const auto& forces = solution.cases[load_case].forces;
-    for (std::size_t element = 0; element < forces.size(); ++element) {
-      table.set(element, load_case, {.at = forces[element], .inner = true});
-    }
-  }
-  model.forces = std::move(table);
-  return std::nullopt;
+analysis::Result<Summary> compute_forces(model::Model& model) {
+  Summary summary;
+  summary.load_cases = static_cast<std::size_t>(std::ranges::count_if(model.load_cases, has_loads));
+  if (summary.load_cases == 0) return summary;
+  if (!model.analysis.second_order && is_all_given(model)) return Summary();
+  return model.analysis.second_order ? second_order(model, summary) : first_order(model, summary);
 }
 
 }  // namespace aluframe::forces

@@ -1,23 +1,32 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "aluframe/analysis/analyse.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::forces {
 
+/// What computing forces took, for the user to see.
+struct Summary {
+  std::size_t load_cases = 0;  ///< with loads; 0: there was nothing to analyse
+  int equations = 0;           ///< of the first-order analysis
+  /// Largest unbalanced part of the loads in any analysis.
+  double residual = 0.0;
+  std::size_t second_order_analyses = 0;
+  int iterations = 0;  ///< the most that one of them took
+};
+
 /// Load cases that carry loads: those that an analysis gives forces for.
-bool has_loads(const model::Model& model);
+bool has_loads(const model::LoadCase& load_case);
 
 /// Analyses the model under its load cases, all of them in their order; those without loads answer
 /// with zeros. @return the analysis's answer, or what stands in its way
 analysis::Result<analysis::Solution> analyse_model(const model::Model& model);
 
-/// Gives the model the forces of its load cases with loads, at five positions. Forces that it has
-/// already, of another program, stay.
+/// Gives the model the forces of its load cases with loads, at five positions; forces that it has
+/// already, of another program, stay, and when they are complete nothing is analysed. With
+/// `analysis.second_order` it is the design combinations that get forces, each analysed on its own,
+/// and the load cases get none.
 /// @return what stands in the way of the analysis; the model is then unchanged
-std::optional<std::string> compute_forces(model::Model& model);
+analysis::Result<Summary> compute_forces(model::Model& model);
 
 }  // namespace aluframe::forces

@@ -12,6 +12,7 @@ constexpr auto settings_fields =
     std::to_array<std::string_view>({"code", "rib", "rib_ratio", "safety_class", "strength_ratio",
                                      "seismic", "gamma_re_strength", "gamma_re_stability"});
 constexpr auto frame_fields = std::to_array<std::string_view>({"braced_a", "braced_b"});
+constexpr auto analysis_fields = std::to_array<std::string_view>({"second_order"});
 
 void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
   const std::optional<JsonValue> value = units.optional("force");
@@ -66,6 +67,10 @@ void read_settings(const JsonObject& root, model::Model& model) {
     const JsonObject object(*value, frame_fields);
     model.frame = model::FrameSettings{.braced_a = object.boolean_or("braced_a", false),
                                        .braced_b = object.boolean_or("braced_b", false)};
+  }
+  if (const std::optional<JsonValue> value = root.optional("analysis")) {
+    const JsonObject object(*value, analysis_fields);
+    model.analysis.second_order = object.boolean_or("second_order", false);
   }
 }
 

@@ -50,6 +50,7 @@ void write_head(ModelText& text, const model::Model& model) {
   text.field("units", units_line(model.units));
   if (model.design) text.field("settings", settings_line(*model.design));
   if (model.frame) text.field("frame", frame_line(*model.frame));
+  if (model.analysis.second_order) text.field("analysis", "{\"second_order\": true}");
   if (model.moving_load_code != 0) {
     text.field("moving_load_code", std::to_string(model.moving_load_code));
   }

@@ -164,6 +164,9 @@ bool CombinationEvaluator::is_seismic(Number combination) const {
 std::optional<CaseForces> CombinationEvaluator::evaluate(std::size_t element, Number combination,
                                                          Side side) const {
   const CombinationPlan& plan = plan_of(combination);
+  const std::size_t wanted = plan.two_sides && side == Side::minimum ? 1 : 0;
+  const std::size_t place = side_place(model_.combinations.position(combination), wanted);
+  if (const CaseForces* own = model_.combined_forces.find(element, place)) return *own;
   if (!plan.two_sides) return evaluate_sum(model_.forces, element, plan);
   bool inner = true;
   for (const auto& entry : plan.cases) {

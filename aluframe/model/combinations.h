@@ -38,6 +38,8 @@ enum class Side { maximum, minimum };
 /// its terms has two sides as well: its maximum takes the envelope's maximum for a positive factor
 /// and its minimum for a negative one. Sums are formed in double precision and rounded once.
 ///
+/// Forces that the model has for the combination itself go before what its terms give.
+///
 /// A load case takes part when the factors on the way to it are all other than 0. A term with
 /// factor 0 needs no forces and adds nothing to a sum; in an envelope it is the value 0.
 ///

@@ -53,6 +53,7 @@ struct Model {
   Units units;  ///< the user's, for what is shown
   std::optional<DesignSettings> design;
   std::optional<FrameSettings> frame;
+  AnalysisSettings analysis;
   Table<Material> materials;
   Table<Section> sections;
   Table<Node> nodes;
@@ -63,6 +64,15 @@ struct Model {
   Table<LoadCase> load_cases;
   Table<Combination> combinations;
   ForceTable forces;
+  /// Forces of combinations that were analysed on their own, in place of what their load cases add
+  /// up to; by element and `side_place` of the combination.
+  ForceTable combined_forces;
 };
+
+/// Place of a combination's side (0 maximum, 1 minimum) in the table of combined forces. One with a
+/// single side has the maximum only.
+constexpr std::size_t side_place(std::size_t combination, std::size_t side) {
+  return 2 * combination + side;
+}
 
 }  // namespace aluframe::model

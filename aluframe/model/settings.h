@@ -26,4 +26,12 @@ struct FrameSettings {
   friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
 };
 
+/// How element forces are computed from loads.
+struct AnalysisSettings {
+  /// Axial forces act on the displaced frame, each combination analysed on its own.
+  bool second_order = false;
+
+  friend bool operator==(const AnalysisSettings&, const AnalysisSettings&) = default;
+};
+
 }  // namespace aluframe::model

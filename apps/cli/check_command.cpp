@@ -105,7 +105,7 @@ void print_outcome(const services::CheckSummary& summary) {
 }
 
 std::filesystem::path result_path(const CheckOptions& options) {
-  return options.output.value_or(result_path_of(options.model));
+  return options.output.value_or(result_path_of(options.input.model));
 }
 
 services::SessionOptions session_options(const CheckOptions& options, ProgressBar& progress) {
@@ -118,10 +118,11 @@ services::SessionOptions session_options(const CheckOptions& options, ProgressBa
 }
 
 void print_summary(const model::Model& model, const services::CheckSummary& summary,
-                   const CheckOptions& options) {
+                   const forces::Summary& computed, const CheckOptions& options) {
   if (options.common.format == Format::table) {
-    fmt::print("{}  {:<14}{}\n", summary_text(model, summary), "results",
-               result_path(options).string());
+    const std::string forces = computed.load_cases > 0 ? forces_text(computed) : "";
+    fmt::print("{}", summary_text(model, summary, forces));
+    fmt::print("  {:<14}{}\n", "results", result_path(options).string());
   } else {
     fmt::print("{}", render(summary_table(summary), options.common.format, false));
     if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
@@ -130,13 +131,15 @@ void print_summary(const model::Model& model, const services::CheckSummary& summ
 
 }  // namespace
 
-std::string summary_text(const model::Model& model, const services::CheckSummary& summary) {
+std::string summary_text(const model::Model& model, const services::CheckSummary& summary,
+                         const std::string& forces) {
   std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
   const auto add = [&out](std::string_view name, const std::string& value) {
     out += fmt::format("  {:<14}{}\n", name, value);
   };
   add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
   add("combinations", combinations_text(summary));
+  if (!forces.empty()) add("forces", forces);
   add("checks",
       fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
   add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
@@ -149,21 +152,28 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
 }
 
 int run_check_command(const CheckOptions& options) {
-  const auto loaded = load_model(options.model, options.forces);
+  auto loaded = load_input(options.input);
   if (const auto* text = std::get_if<std::string>(&loaded)) {
     print_message(*text);
     return exit_input_error;
   }
-  const auto& model = std::get<model::Model>(loaded);
+  auto& input = std::get<Input>(loaded);
   ProgressBar progress(wants_progress(options.progress));
   services::SessionOptions session = session_options(options, progress);
-  if (const auto problem = limit(model, options.common, session)) {
-    print_message(options.model.string() + ": " + *problem);
+  if (const auto problem = limit(input, options.common, session)) {
+    print_message(options.input.model.string() + ": " + *problem);
     return exit_input_error;
   }
+  const auto computed = add_forces(options.input.model, input.model);
+  if (const auto* stop = std::get_if<Stop>(&computed)) {
+    print_message(stop->message);
+    return stop->status;
+  }
   note_interrupts();
-  const services::CheckSummary summary = services::run_check(model, std::move(session));
-  if (summary.records > 0) print_summary(model, summary, options);
+  const services::CheckSummary summary = services::run_check(input.model, std::move(session));
+  if (summary.records > 0) {
+    print_summary(input.model, summary, std::get<forces::Summary>(computed), options);
+  }
   print_outcome(summary);
   return exit_status(summary, options.strict);
 }

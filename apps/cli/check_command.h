@@ -7,13 +7,13 @@
 #include "aluframe/services/check_run.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/progress_bar.h"
+#include "apps/cli/run_input.h"
 
 namespace aluframe::cli {
 
 struct CheckOptions {
-  std::filesystem::path model;
+  InputOptions input;
   CommonOptions common;
-  std::optional<std::filesystem::path> forces;  ///< CSV in place of the model's forces
   std::optional<std::filesystem::path> output;  ///< result file; beside the model when not given
   ProgressMode progress = ProgressMode::automatic;
   services::Language language = services::Language::english;
@@ -25,6 +25,8 @@ struct CheckOptions {
 int run_check_command(const CheckOptions& options);
 
 /// The summary of a run for the user.
-std::string summary_text(const model::Model& model, const services::CheckSummary& summary);
+/// `forces` tells how they were computed; empty: they were given.
+std::string summary_text(const model::Model& model, const services::CheckSummary& summary,
+                         const std::string& forces = "");
 
 }  // namespace aluframe::cli

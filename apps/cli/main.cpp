@@ -6,6 +6,7 @@
 #include <string>
 #include <variant>
 
+#include "apps/cli/analyse_command.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/points_command.h"
@@ -49,6 +50,18 @@ auto one_of(Parse parse, const std::string& allowed) {
   };
 }
 
+void add_second_order(CLI::App& app, InputOptions& input) {
+  app.add_flag("--second-order", input.second_order,
+               "Compute forces in second order, each combination on its own");
+}
+
+void add_input(CLI::App& app, InputOptions& input) {
+  app.add_option("MODEL", input.model, "Model file")->required()->type_name("");
+  app.add_option("--forces", input.forces, "Element forces (CSV) in place of the model's")
+      ->type_name("FILE");
+  add_second_order(app, input);
+}
+
 void add_elements(CLI::App& app, CommonOptions& common) {
   add_parsed(app, "--elements", common.elements, ranges_or_throw,
              "Only these elements, such as 1,3,10-20");
@@ -69,9 +82,7 @@ void add_language(CLI::App& app, aluframe::services::Language& language) {
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check = app.add_subcommand("check", "Check every element of a model");
-  check->add_option("MODEL", options.model, "Model file")->required()->type_name("");
-  check->add_option("--forces", options.forces, "Element forces (CSV) in place of the model's")
-      ->type_name("FILE");
+  add_input(*check, options.input);
   check->add_option("--output", options.output, "Result file; beside the model when not given")
       ->type_name("FILE");
   add_common(*check, options.common);
@@ -116,10 +127,9 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
   results->callback([&] { status = run_results_command(options); });
 }
 
-void add_validate(CLI::App& app, ValidateOptions& options, int& status) {
+void add_validate(CLI::App& app, InputOptions& options, int& status) {
   CLI::App* validate = app.add_subcommand("validate", "Check a model file for faults");
-  validate->add_option("MODEL", options.model, "Model file")->required()->type_name("");
-  validate->add_option("--forces", options.forces, "Element forces (CSV)")->type_name("FILE");
+  add_input(*validate, options);
   validate->callback([&] { status = run_validate_command(options); });
 }
 
@@ -133,9 +143,7 @@ void add_points(CLI::App& app, PointsOptions& options, int& status) {
 
 void add_report(CLI::App& app, ReportOptions& options, int& status) {
   CLI::App* report = app.add_subcommand("report", "Write the calculation report of a model");
-  report->add_option("MODEL", options.model, "Model file")->required()->type_name("");
-  report->add_option("--forces", options.forces, "Element forces (CSV) in place of the model's")
-      ->type_name("FILE");
+  add_input(*report, options.input);
   add_elements(*report, options.common);
   report->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
@@ -171,6 +179,38 @@ void add_material_changes(CLI::App& settings, WantedChanges& wanted) {
   add_value("--f02-thick", wanted.f02_thick, "Proof strength above 10 mm, N/mm2");
 }
 
+void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
+  CLI::App* analyse = app.add_subcommand(
+      "analyse", "Show displacements, reactions and element forces under the loads of a model");
+  analyse->add_option("MODEL", options.input.model, "Model file")->required()->type_name("");
+  add_second_order(*analyse, options.input);
+  const auto add_ranges = [&](const char* name, NumberRanges& ranges, const char* help) {
+    add_parsed(*analyse, name, ranges, ranges_or_throw, help);
+  };
+  add_ranges("--cases", options.cases, "Only these load cases, such as 1,3,10-20");
+  add_ranges("--combinations", options.combinations, "These combinations in place of load cases");
+  add_ranges("--elements", options.elements, "Forces of these elements only");
+  add_ranges("--nodes", options.nodes, "Displacements and reactions of these nodes only");
+  const std::string tables = "summary, displacements, reactions, forces";
+  analyse
+      ->add_option_function<std::vector<std::string>>(
+          "--show",
+          [&options, tables](const std::vector<std::string>& names) {
+            for (const std::string& name : names) {
+              options.show.insert(one_of(parse_analysis_table, tables)("--show", name));
+            }
+          },
+          "Only these tables: " + tables)
+      ->delimiter(',')
+      ->type_name("TABLES");
+  add_parsed(*analyse, "--format", options.format, one_of(parse_format, "table, json, csv"),
+             "How to print: table, json or csv (one table)");
+  analyse->add_option("--units", options.units, "Units, such as N,mm; the model's when not given")
+      ->type_name("FORCE,LENGTH");
+  analyse->add_option("--output", options.output, "Write to this file")->type_name("FILE");
+  analyse->callback([&] { status = run_analyse_command(options); });
+}
+
 void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   CLI::App* settings =
       app.add_subcommand("settings", "Show or change the design settings and materials of a model");
@@ -190,13 +230,15 @@ int run(int argc, char** argv) {
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
   app.require_subcommand(1);
   int status = exit_done;
+  AnalyseOptions analyse;
   CheckOptions check;
   ResultsOptions results;
-  ValidateOptions validate;
+  InputOptions validate;
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
   add_check(app, check, status);
+  add_analyse(app, analyse, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
   add_points(app, points, status);

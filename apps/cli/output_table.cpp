@@ -23,7 +23,7 @@ std::string name_of_non_finite(double value) {
 }
 
 struct TextOf {
-  int decimals;
+  const Column& column;
   std::string operator()(std::monostate) const { return "-"; }
   /// A name may hold a line break or an escape: neither may break the table or reach the terminal.
   std::string operator()(std::string text) const {
@@ -33,8 +33,9 @@ struct TextOf {
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
   std::string operator()(bool value) const { return value ? "yes" : "no"; }
   std::string operator()(double value) const {
-    return std::isfinite(value) ? fmt::format("{:.{}f}", value, decimals)
-                                : name_of_non_finite(value);
+    if (!std::isfinite(value)) return name_of_non_finite(value);
+    return column.is_scientific ? fmt::format("{:.1e}", value)
+                                : fmt::format("{:.{}f}", value, column.decimals);
   }
 };
 
@@ -103,7 +104,7 @@ std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
   for (const auto& row : table.rows) {
     auto& line = texts.emplace_back();
     for (std::size_t i = 0; i < row.size(); ++i) {
-      line.push_back(std::visit(TextOf{table.columns[i].decimals}, row[i]));
+      line.push_back(std::visit(TextOf{table.columns[i]}, row[i]));
     }
   }
   return texts;

@@ -17,10 +17,11 @@ std::optional<Format> parse_format(std::string_view name);
 using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
 
 struct Column {
-  std::string key;        ///< name in JSON and CSV
-  std::string heading;    ///< name in a text table
-  int decimals = 3;       ///< of numbers in a text table
-  bool is_ratio = false;  ///< shown in red where it exceeds 1
+  std::string key;             ///< name in JSON and CSV
+  std::string heading;         ///< name in a text table
+  int decimals = 3;            ///< of numbers in a text table
+  bool is_ratio = false;       ///< shown in red where it exceeds 1
+  bool is_scientific = false;  ///< "2.1e-14" in a text table
 };
 
 /// Rows for the user, printed in any of the formats.

@@ -31,16 +31,16 @@ struct Files {
 };
 
 Files files_of(const ReportOptions& options) {
-  return {options.results.value_or(result_path_of(options.model)),
-          options.output.value_or(beside_model(options.model, ".alu"))};
+  return {options.results.value_or(result_path_of(options.input.model)),
+          options.output.value_or(beside_model(options.input.model, ".alu"))};
 }
 
 /// What would be overwritten that the user cannot mean, or nothing.
 std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
   const auto is_input = [&](const fs::path& path) {
-    return services::is_same_file(path, options.model) ||
+    return services::is_same_file(path, options.input.model) ||
            services::is_same_file(path, files.results) ||
-           (options.forces && services::is_same_file(path, *options.forces));
+           (options.input.forces && services::is_same_file(path, *options.input.forces));
   };
   if (is_input(files.report)) return files.report.string() + ": would be overwritten by the report";
   if (!options.readable) return std::nullopt;
@@ -93,7 +93,7 @@ int exit_status(const services::ReportSummary& summary) {
 void warn_about_stored(const ReportOptions& options, const Files& files) {
   if (!fs::exists(files.results)) return;
   const auto reader = store::ResultReader::open(files.results);
-  warn_about_results(options.model, files.results, reader->state());
+  warn_about_results(options.input.model, files.results, reader->state());
 }
 
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
@@ -133,14 +133,19 @@ std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
   if (options.open) {
     if (const auto problem = editor_problem()) return *problem;
   }
-  const auto loaded = load_model(options.model, options.forces);
+  auto loaded = load_input(options.input);
   if (const auto* text = std::get_if<std::string>(&loaded)) return *text;
-  const auto& model = std::get<model::Model>(loaded);
+  auto& input = std::get<Input>(loaded);
   auto session = session_options(options, files, std::get<UnitPair>(units));
-  if (const auto problem = limit(model, options.common, session)) {
-    return options.model.string() + ": " + *problem;
+  if (const auto problem = limit(input, options.common, session)) {
+    return options.input.model.string() + ": " + *problem;
   }
-  return run(options, model, std::move(session));
+  const auto computed = add_forces(options.input.model, input.model);
+  if (const auto* stop = std::get_if<Stop>(&computed)) {
+    print_message(stop->message);
+    return stop->status;
+  }
+  return run(options, input.model, std::move(session));
 }
 
 }  // namespace

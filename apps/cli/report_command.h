@@ -6,13 +6,13 @@
 
 #include "aluframe/services/report_run.h"
 #include "apps/cli/common_options.h"
+#include "apps/cli/run_input.h"
 
 namespace aluframe::cli {
 
 struct ReportOptions {
-  std::filesystem::path model;
+  InputOptions input;
   CommonOptions common;
-  std::optional<std::filesystem::path> forces;    ///< CSV in place of the model's forces
   std::optional<std::filesystem::path> results;   ///< result file; beside the model when not given
   std::optional<std::filesystem::path> output;    ///< report; beside the model when not given
   std::optional<std::filesystem::path> readable;  ///< copy in UTF-8

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <variant>
 
 #include "apps/cli/exit_status.h"
+#include "apps/cli/output_file.h"
 #include "apps/cli/result_tables.h"
 #include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
@@ -170,21 +170,6 @@ void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
   }
 }
 
-int print(const std::string& text, const std::optional<fs::path>& path) {
-  if (!path) {
-    fmt::print("{}", text);
-    return exit_done;
-  }
-  std::ofstream file(*path, std::ios::binary);
-  file << text;
-  file.close();
-  if (file.fail()) {
-    print_message(path->string() + ": cannot be written");
-    return exit_failure;
-  }
-  return exit_done;
-}
-
 }  // namespace
 
 std::string sort_names() {
@@ -206,9 +191,9 @@ int run_results_command(const ResultsOptions& options) {
     refuse_own_input(options, file);
     reader = store::ResultReader::open(file);
     warn_about_results(options.input, file, reader->state());
-    return print(options.element ? element_text(*reader, *options.element, options, view)
-                                 : list_text(*reader, options, view),
-                 options.output);
+    return write_output(options.element ? element_text(*reader, *options.element, options, view)
+                                        : list_text(*reader, options, view),
+                        options.output);
   } catch (const InputError& error) {
     print_message(file.string() + ": " + error.text);
     return exit_input_error;

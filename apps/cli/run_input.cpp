@@ -13,6 +13,8 @@ namespace aluframe::cli {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 template <class Entities>
 std::vector<model::Number> numbers_of(const Entities& entities) {
   std::vector<model::Number> numbers;
@@ -30,21 +32,56 @@ std::vector<model::Number> design_combinations(const model::Model& model) {
 
 }  // namespace
 
-std::variant<model::Model, std::string> load_model(
-    const std::filesystem::path& file, const std::optional<std::filesystem::path>& forces) {
-  auto read = io::read_model(file);
+std::variant<Input, std::string> load_input(const InputOptions& options) {
+  auto read = io::read_model(options.model);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
   auto& model = std::get<model::Model>(read);
-  if (forces) {
-    const auto rows = io::read_forces_csv(*forces, model);
+  if (options.forces) {
+    const auto rows = io::read_forces_csv(*options.forces, model);
     if (const auto* problem = std::get_if<io::Problem>(&rows)) return problem->message();
   }
-  return std::move(model);
+  if (options.second_order) model.analysis.second_order = true;
+  std::string digest = io::model_digest(model);
+  return Input{std::move(model), std::move(digest)};
 }
 
-std::optional<std::string> limit(const model::Model& model, const CommonOptions& common,
+Stop stop_of(const fs::path& file, const analysis::Problem& problem) {
+  using Kind = analysis::Problem::Kind;
+  std::string place;
+  if (problem.kind == Kind::input) {
+    if (problem.element) place = fmt::format("/elements/{}: ", *problem.element);
+    if (problem.node) place = fmt::format("/nodes/{}: ", *problem.node);
+  }
+  const bool is_of_input = problem.kind == Kind::input || problem.kind == Kind::mechanism ||
+                           problem.kind == Kind::buckling;
+  return {fmt::format("{}: {}{}", file.string(), place, problem.text),
+          is_of_input ? exit_input_error : exit_failure};
+}
+
+std::variant<forces::Summary, Stop> add_forces(const fs::path& file, model::Model& model) {
+  auto computed = forces::compute_forces(model);
+  if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
+    return stop_of(file, *problem);
+  }
+  return std::get<forces::Summary>(computed);
+}
+
+std::string forces_text(const forces::Summary& summary) {
+  const auto plural = [](std::size_t count) { return count == 1 ? "" : "s"; };
+  if (summary.second_order_analyses > 0) {
+    return fmt::format("{} second-order analys{}, at most {} iterations, residual {:.1e}",
+                       summary.second_order_analyses,
+                       summary.second_order_analyses == 1 ? "is" : "es", summary.iterations,
+                       summary.residual);
+  }
+  return fmt::format("linear analysis of {} load case{}, residual {:.1e}", summary.load_cases,
+                     plural(summary.load_cases), summary.residual);
+}
+
+std::optional<std::string> limit(const Input& input, const CommonOptions& common,
                                  services::SessionOptions& out) {
-  out.model_digest = io::model_digest(model);
+  const model::Model& model = input.model;
+  out.model_digest = input.digest;
   if (!common.elements.empty()) {
     auto selected = select(common.elements, numbers_of(model.elements), "element");
     if (const auto* text = std::get_if<std::string>(&selected)) return "--elements: " + *text;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "aluframe/io/model_file.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/terminal.h"
@@ -29,7 +28,8 @@ std::string missing_forces(const model::Model& model) {
   return out;
 }
 
-void print_content(const std::string& file, const model::Model& model) {
+void print_content(const std::string& file, const model::Model& model,
+                   const forces::Summary& computed) {
   const auto design = std::ranges::count_if(
       model.combinations, [](const model::Combination& combination) { return combination.design; });
   fmt::print(
@@ -37,26 +37,25 @@ void print_content(const std::string& file, const model::Model& model) {
       "{} combinations ({} for design)\n{}",
       file, model.nodes.size(), model.elements.size(), model.members.size(), model.sections.size(),
       model.materials.size(), model.load_cases.size(), model.combinations.size(), design,
-      missing_forces(model));
+      computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
+  if (computed.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }
 
 }  // namespace
 
-int run_validate_command(const ValidateOptions& options) {
-  auto read = io::read_model(options.model);
-  if (const auto* problem = std::get_if<io::Problem>(&read)) {
-    print_message(problem->message());
+int run_validate_command(const InputOptions& options) {
+  auto loaded = load_input(options);
+  if (const auto* text = std::get_if<std::string>(&loaded)) {
+    print_message(*text);
     return exit_input_error;
   }
-  auto& model = std::get<model::Model>(read);
-  if (options.forces) {
-    const auto rows = io::read_forces_csv(*options.forces, model);
-    if (const auto* problem = std::get_if<io::Problem>(&rows)) {
-      print_message(problem->message());
-      return exit_input_error;
-    }
+  model::Model& model = std::get<Input>(loaded).model;
+  const auto computed = add_forces(options.model, model);
+  if (const auto* stop = std::get_if<Stop>(&computed)) {
+    print_message(stop->message);
+    return stop->status;
   }
-  print_content(options.model.string(), model);
+  print_content(options.model.string(), model, std::get<forces::Summary>(computed));
   return exit_done;
 }
 

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
+#include "apps/cli/run_input.h"
 
 namespace aluframe::cli {
 
-struct ValidateOptions {
-  std::filesystem::path model;
-  std::optional<std::filesystem::path> forces;
-};
-
-/// Reads a model, and forces from CSV when given, and says what it holds or what is wrong with it.
+/// Reads a model, and forces from CSV when given, computes the forces of its loads, and says what
+/// it holds or what is wrong with it.
 /// @return the exit status
-int run_validate_command(const ValidateOptions& options);
+int run_validate_command(const InputOptions& options);
 
 }  // namespace aluframe::cli

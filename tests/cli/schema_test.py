@@ -31,6 +31,7 @@ FULL = {
                  "strength_ratio": 0.9, "seismic": True, "gamma_re_strength": 0.7,
                  "gamma_re_stability": 0.75},
     "frame": {"braced_a": True, "braced_b": False},
+    "analysis": {"second_order": False},
     "materials": [
         {"number": 1, "name": "M", "alloy": "5083-O/F"},
         {"number": 2, "grade": "X", "standard": "S", "f02_thin": 110, "f02_thick": 100, "fu": 160,
@@ -58,14 +59,14 @@ FULL = {
     "elements": [{
         "number": 134217727, "name": "E", "nodes": [1, 2], "section": 1, "material": 2, "beta": -90,
         "kind": "truss", "member_type": "brace",
-        "releases": {"start": ["N", "Fy", "Fz"], "end": ["Mx", "My", "Mz"]},
+        "releases": {"start": ["Fy", "Fz"], "end": ["Mx", "My", "Mz"]},
         "design": {
             "stability_coefficients": {"y": 0.5, "z": 0.6}, "rib": {"stiffened": True, "ratio": 1.2},
             "weld_coefficient": 0.9, "haz_width": 1,
             "moment_factors": {"y": {"value": -0.5}, "z": {"loading": 3}},
             "length_factors": {"y": 2}, "slenderness_limits": {
                 "checked": False, "compression": 0, "tension": 350}}},
-        {"number": 1, "nodes": [3, 4], "section": 2, "material": 1}],
+        {"number": 1, "nodes": [3, 4], "section": 2, "material": 1, "releases": {"start": ["N"]}}],
     "members": [{"number": 1, "name": "m", "elements": [134217727],
                  "length_factors": {"y": 1, "z": 0.7}}],
     "load_cases": [
@@ -103,6 +104,8 @@ BROKEN = {
     "unknown safety class": (["settings", "safety_class"], 4),
     "ratio of zero": (["settings", "rib_ratio"], 0),
     "unknown frame axis": (["frame", "braced_c"], True),
+    "unknown analysis option": (["analysis", "order"], 2),
+    "second order as a number": (["analysis", "second_order"], 2),
     "unknown alloy": (["materials", 0, "alloy"], "6063-T7"),
     "alloy beside values": (["materials", 0, "fu"], 160),
     "strength of zero": (["materials", 1, "f02_thin"], 0),

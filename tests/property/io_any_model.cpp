@@ -260,6 +260,7 @@ Model any_model() {
   model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);
   model.frame = any_optional([] { return FrameSettings{any_flag(), any_flag()}; });
+  model.analysis.second_order = any_flag();
   for (const Number number : {3U, 1U}) {
     model.materials.add(any_material(number));
     model.sections.add(any_section(number));

@@ -85,6 +85,7 @@ void require_equal(const Model& expected, const Model& actual) {
   RC_ASSERT(expected.units == actual.units);
   RC_ASSERT(expected.design == actual.design);
   RC_ASSERT(expected.frame == actual.frame);
+  RC_ASSERT(expected.analysis == actual.analysis);
   RC_ASSERT(expected.supports.size() == actual.supports.size());
   for (std::size_t i = 0; i < expected.supports.size(); ++i) {
     require_equal(expected.supports[i], actual.supports[i]);

@@ -1,0 +1,61 @@
+#include "aluframe/forces/analyse_sets.h"
+
+#include <utility>
+#include <variant>
+
+#include "aluframe/analysis/analyse.h"
+#include "aluframe/forces/frame_of_model.h"
+
+namespace aluframe::forces {
+
+namespace {
+
+using Answers = std::vector<analysis::SecondOrderResult>;
+
+std::vector<analysis::LoadCase> loads_of_sets(const model::Model& model,
+                                              std::span<const LoadSet> sets) {
+  std::vector<analysis::LoadCase> cases;
+  for (const model::LoadCase& load_case : model.load_cases) {
+    cases.push_back(loads_of(model, load_case));
+  }
+  std::vector<analysis::LoadCase> out;
+  for (const LoadSet& set : sets) {
+    std::vector<analysis::FactoredCase> factored;
+    for (const auto& entry : set) factored.push_back({&cases[entry.load_case], entry.factor});
+    out.push_back(analysis::combine(factored));
+  }
+  return out;
+}
+
+analysis::Result<Answers> in_first_order(const analysis::Frame& frame,
+                                         std::span<const analysis::LoadCase> loads) {
+  auto solved = analysis::analyse(frame, loads);
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+  Answers answers;
+  for (analysis::CaseResult& result : std::get<analysis::Solution>(solved).cases) {
+    answers.push_back({.result = std::move(result)});
+  }
+  return answers;
+}
+
+analysis::Result<Answers> in_second_order(const analysis::Frame& frame,
+                                          std::span<const analysis::LoadCase> loads) {
+  Answers answers;
+  for (const analysis::LoadCase& load_case : loads) {
+    auto solved = analysis::analyse_second_order(frame, load_case);
+    if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+    answers.push_back(std::get<analysis::SecondOrderResult>(std::move(solved)));
+  }
+  return answers;
+}
+
+}  // namespace
+
+analysis::Result<Answers> analyse_sets(const model::Model& model, std::span<const LoadSet> sets,
+                                       Order order) {
+  const analysis::Frame frame = frame_of(model);
+  const std::vector<analysis::LoadCase> loads = loads_of_sets(model, sets);
+  return order == Order::first ? in_first_order(frame, loads) : in_second_order(frame, loads);
+}
+
+}  // namespace aluframe::forces

@@ -1,0 +1,73 @@
+#include "aluframe/forces/second_order_forces.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "aluframe/forces/frame_of_model.h"
+
+namespace aluframe::forces {
+
+using analysis::SecondOrderResult;
+
+SecondOrderAnalyses::SecondOrderAnalyses(const model::Model& model)
+    : model_(model), plans_(model::compile_combinations(model)), frame_(frame_of(model)) {
+  loads_.reserve(model.load_cases.size());
+  for (const model::LoadCase& load_case : model.load_cases) {
+    loads_.push_back(loads_of(model, load_case));
+  }
+}
+
+std::optional<std::string> SecondOrderAnalyses::missing_loads(const LoadSet& set) const {
+  for (const auto& entry : set) {
+    const model::LoadCase& load_case = model_.load_cases[entry.load_case];
+    if (load_case.loads != model::CaseLoads()) continue;
+    return fmt::format(
+        "load case {} has no loads, and second order cannot use forces that are given",
+        load_case.number);
+  }
+  return std::nullopt;
+}
+
+analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const LoadSet& set) {
+  Key key;
+  std::vector<analysis::FactoredCase> cases;
+  for (const auto& entry : set) {
+    key.emplace_back(entry.load_case, entry.factor);
+    cases.push_back({&loads_[entry.load_case], entry.factor});
+  }
+  if (const auto known = answers_.find(key); known != answers_.end()) return &known->second;
+  auto solved = analysis::analyse_second_order(frame_, analysis::combine(cases));
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+  const auto [place, is_new] =
+      answers_.emplace(std::move(key), std::get<SecondOrderResult>(std::move(solved)));
+  const SecondOrderResult& result = place->second;
+  most_iterations_ = std::max(most_iterations_, result.iterations);
+  const analysis::Equilibrium& balance = result.result.equilibrium;
+  largest_residual_ = std::max({largest_residual_, balance.nodes, balance.whole});
+  return &result;
+}
+
+analysis::Result<std::vector<const SecondOrderResult*>> SecondOrderAnalyses::answers(
+    std::size_t place) {
+  const auto sets = load_sets_of(model_, plans_, place);
+  if (const auto* text = std::get_if<std::string>(&sets)) return analysis::Problem{.text = *text};
+  std::vector<const SecondOrderResult*> found;
+  for (const LoadSet& set : std::get<std::vector<LoadSet>>(sets)) {
+    const auto name = [&] {
+      return fmt::format("combination {}", model_.combinations[place].number);
+    };
+    if (const auto text = missing_loads(set))
+      return analysis::Problem{.text = name() + ": " + *text};
+    auto solved = answer(set);
+    if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+      problem->text = name() + ": " + problem->text;
+      return std::move(*problem);
+    }
+    found.push_back(std::get<const SecondOrderResult*>(solved));
+  }
+  return found;
+}
+
+}  // namespace aluframe::forces
