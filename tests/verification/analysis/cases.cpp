@@ -12,6 +12,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr std::array force_names{"N", "Fy", "Fz", "Mx", "My", "Mz"};
+constexpr std::array reaction_names{"Fx", "Fy", "Fz", "Mx", "My", "Mz"};
 constexpr std::array displacement_names{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
 
 std::size_t place_of(const std::string& name, const std::array<const char*, 6>& names) {
@@ -122,6 +123,13 @@ LoadCase read_load_case(const Json& json) {
   return result;
 }
 
+const std::array<const char*, 6>& names_of(const std::string& what) {
+  if (what == "force") return force_names;
+  if (what == "reaction") return reaction_names;
+  if (what == "displacement") return displacement_names;
+  throw std::runtime_error("unknown result " + what);
+}
+
 Expected read_expected(const Json& json, double relative) {
   Expected expected;
   expected.load_case = json.value("case", std::size_t{1}) - 1;
@@ -129,9 +137,7 @@ Expected read_expected(const Json& json, double relative) {
   const bool force = expected.what == "force";
   expected.place = place_at(json, force ? "element" : "node");
   if (force) expected.position = json.at("position");
-  const bool displacement = expected.what == "displacement";
-  expected.component =
-      place_of(json.at("component"), displacement ? displacement_names : force_names);
+  expected.component = place_of(json.at("component"), names_of(expected.what));
   expected.value = json.at("value");
   // An absolute tolerance states the digits that were published.
   expected.tolerance = json.value("tolerance", relative * std::abs(expected.value));
@@ -143,8 +149,8 @@ Expected read_expected(const Json& json, double relative) {
 std::string Expected::text() const {
   const std::string number = std::to_string(place + 1);
   const std::string of_case = "case " + std::to_string(load_case + 1) + " ";
-  if (what == "displacement") return of_case + displacement_names[component] + " of node " + number;
-  const std::string name = force_names[component];
+  const std::string name = names_of(what)[component];
+  if (what == "displacement") return of_case + name + " of node " + number;
   if (what == "reaction") return of_case + "reaction " + name + " of node " + number;
   return of_case + name + " of element " + number + " at " + std::to_string(position) + "/4";
 }
