@@ -127,6 +127,16 @@ inline LoadCase any_loads(const Frame& frame) {
   return loads;
 }
 
+/// Loads of every kind, with those that have directions of their own: projected ones and weight.
+inline LoadCase any_loads_of_a_site(const Frame& frame) {
+  LoadCase loads = any_loads(frame);
+  loads.self_weight = any_vector(2);
+  loads.distributed.push_back({place_below(frame.elements.size()), LoadAxes::projected,
+                               any_vector(8), any_vector(8), number_between(0, 0.4),
+                               number_between(0.5, 1)});
+  return loads;
+}
+
 /// Results of all cases; a problem fails the property.
 inline std::vector<CaseResult> solved(const Frame& frame, const std::vector<LoadCase>& cases) {
   auto result = analyse(frame, cases);

@@ -2,6 +2,7 @@
 #include <rapidcheck/gtest.h>
 
 #include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/second_order.h"
 #include "analysis_frames.h"
 
 namespace aluframe::analysis {
@@ -19,7 +20,7 @@ RC_GTEST_PROP(FrameLaws, EveryNodeIsInEquilibrium, ()) {
   // Beams only: what acts on a truss's length goes to its nodes and is not in its section forces.
   Frame frame = any_frame();
   for (Element& e : frame.elements) e.kind = ElementKind::beam;
-  const LoadCase loads = any_loads(frame);
+  const LoadCase loads = any_loads_of_a_site(frame);
   const CaseResult result = solved(frame, {loads})[0];
   std::vector<Vector6> rest(frame.nodes.size());
   double force = 0.0;
@@ -51,8 +52,7 @@ RC_GTEST_PROP(FrameLaws, EveryNodeIsInEquilibrium, ()) {
 
 RC_GTEST_PROP(FrameLaws, TheWholeIsInEquilibrium, ()) {
   const Frame frame = any_frame();
-  LoadCase loads = any_loads(frame);
-  loads.self_weight = any_vector(1);
+  const LoadCase loads = any_loads_of_a_site(frame);
   const CaseResult result = solved(frame, {loads})[0];
   // Soft frames of random releases lose a few of the sixteen digits.
   RC_ASSERT(result.equilibrium.nodes <= 1e-9);
@@ -61,7 +61,7 @@ RC_GTEST_PROP(FrameLaws, TheWholeIsInEquilibrium, ()) {
 
 RC_GTEST_PROP(FrameLaws, ResultsOfLoadsAddUp, ()) {
   const Frame frame = any_frame();
-  const LoadCase a = any_loads(frame), b = any_loads(frame);
+  const LoadCase a = any_loads_of_a_site(frame), b = any_loads_of_a_site(frame);
   const double fa = number_between(-2, 2), fb = number_between(-2, 2);
   const std::array<FactoredCase, 2> parts{{{&a, fa}, {&b, fb}}};
   const auto results = solved(frame, {a, b, combine(parts)});
@@ -76,6 +76,25 @@ RC_GTEST_PROP(FrameLaws, ResultsOfLoadsAddUp, ()) {
   }
   // The parts may be several times as large as their sum.
   assert_same_forces(results[2].forces, sum, 5e-5);
+}
+
+RC_GTEST_PROP(FrameLaws, SmallLoadsHaveTheSameForcesInSecondOrder, ()) {
+  const Frame frame = any_frame();
+  const LoadCase loads = any_loads_of_a_site(frame);
+  // So small that their axial forces add next to nothing to any stiffness.
+  const LoadCase small = combine(std::array<FactoredCase, 1>{{{&loads, 1e-9}}});
+  const auto second = analyse_second_order(frame, small);
+  if (const auto* problem = std::get_if<Problem>(&second)) RC_FAIL(problem->text);
+  std::vector<ElementForces> first = solved(frame, {small})[0].forces;
+  std::vector<ElementForces> found = std::get<SecondOrderResult>(second).result.forces;
+  for (auto* forces : {&first, &found}) {
+    for (ElementForces& element : *forces) {
+      for (SectionForces& at : element) {
+        for (float& force : at) force *= 1e9F;
+      }
+    }
+  }
+  assert_same_forces(found, first, 5e-6);
 }
 
 RC_GTEST_PROP(FrameLaws, DisplacementAtOnePlaceFromAnotherIsMutual, ()) {

@@ -113,8 +113,46 @@ const Fault load_faults[] = {
      [](Frame&, LoadCase& c) { c.nodal.push_back({1, {0, 0, 1e38}}); },
      "the forces are too large to compute with"},
 };
+const Fault huge_loads[] = {
+    {"HugeForce", [](Frame&, LoadCase& c) { c.nodal.push_back({1, {0, 0, 1e300}}); },
+     "the forces are too large to compute with"},
+    {"HugeSpanLoad",
+     [](Frame&, LoadCase& c) {
+       c.distributed.push_back({.element = 0, .from_value = {0, 0, 1e307}, .to_value = {0, 0, 1}});
+     },
+     "the forces are too large to compute with"},
+    {"HugeWarmth",
+     [](Frame& f, LoadCase& c) {
+       f.elements[0].expansion = 1;
+       c.temperatures.push_back({.element = 0, .change = 1e303});
+     },
+     "the forces are too large to compute with"},
+    {"HugeWeight",
+     [](Frame& f, LoadCase& c) {
+       f.elements[0].density = 1e300;
+       c.self_weight = {0, 0, -1e300};
+     },
+     "the forces are too large to compute with"},
+    {"HugeSettlement",
+     [](Frame& f, LoadCase& c) {
+       f.supports.push_back({1, pinned});
+       c.settlements.push_back({1, dz, 1e300});
+     },
+     "the forces are too large to compute with"},
+};
+INSTANTIATE_TEST_SUITE_P(HugeLoads, FrameWithAFault, testing::ValuesIn(huge_loads),
+                         [](const auto& fault) { return fault.param.name; });
+
 INSTANTIATE_TEST_SUITE_P(Loads, FrameWithAFault, testing::ValuesIn(load_faults),
                          [](const auto& fault) { return fault.param.name; });
+
+TEST(ExtremeStiffness, OfTheWholeFrameCarriesItsLoadByStatics) {
+  Frame frame = cantilever(1000);
+  frame.elements[0].stiffness.e = frame.elements[0].stiffness.g = 1e295;
+  LoadCase load_case;
+  load_case.nodal.push_back({1, {0, 0, -5}});
+  EXPECT_THAT(solved(frame, load_case).forces[0][0][my], float_near(-5000, 5000));
+}
 
 TEST(ExtremeStiffness, BesideOrdinaryOnesIsNotTrusted) {
   Frame frame = cantilever(1000);

@@ -40,6 +40,19 @@ TEST(Mechanism, UnsupportedPartIsNamedByItsNodes) {
   EXPECT_EQ(mechanism(frame), "nothing supports the part of the structure with nodes 5-7");
 }
 
+TEST(Mechanism, PartsThatStandByThemselvesAreNone) {
+  Frame frame = beam_of(1);
+  add_node(frame, 0, 5000, 0);
+  add_node(frame, 2000, 5000, 0);
+  add_element(frame, 2, 3);
+  frame.supports = {{0, clamped}, {2, clamped}};
+  LoadCase pull;
+  pull.nodal = {{1, {500}}, {3, {700}}};
+  const CaseResult r = solved(frame, pull);
+  EXPECT_EQ(r.forces[0][0][n], 500.0F);
+  EXPECT_EQ(r.forces[1][0][n], 700.0F);
+}
+
 TEST(Mechanism, SupportsThatLetTheWholeSlideAreTold) {
   Frame frame = beam_of(4);
   frame.supports = {{0, {false, true, true, true}}, {4, {false, true, true, false}}};
