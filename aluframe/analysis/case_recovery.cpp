@@ -34,6 +34,11 @@ void clear_below(double limit, std::size_t first, Values& values) {
   }
 }
 
+Problem too_large() {
+  return {Problem::Kind::equilibrium, "the forces are too large to compute with", std::nullopt,
+          std::nullopt};
+}
+
 bool all_finite(const std::vector<ElementForces>& forces) {
   for (const ElementForces& element : forces) {
     for (const SectionForces& section : element) {
@@ -124,10 +129,7 @@ Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCa
                                         const LoadsByElement& loads,
                                         std::span<const Geometry> geometry, const Norms& size,
                                         Order order) {
-  if (!all_finite(forces_)) {
-    return Problem{Problem::Kind::equilibrium, "the forces are too large to compute with",
-                   std::nullopt, std::nullopt};
-  }
+  if (!all_finite(forces_)) return too_large();
   const NodeValues nodal = nodal_loads(frame_, load_case);
   CaseResult result;
   result.displacements = by_node(displacements_);
@@ -135,6 +137,8 @@ Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCa
   result.equilibrium =
       check_equilibrium({frame_, equations, geometry, nodal, size, held_, displacements_}, loads,
                         result.reactions, order);
+  // Sums of moments overflow before forces do.
+  if (!std::isfinite(result.equilibrium.nodes + result.equilibrium.whole)) return too_large();
   result.forces = std::move(forces_);
   remove_noise(result);
   return result;

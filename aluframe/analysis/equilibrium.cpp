@@ -11,7 +11,10 @@ namespace {
 double share(const Norms& unbalanced, const Norms& loads, double length) {
   const double force = std::max(loads.force, loads.moment / length);
   const auto part = [](double value, double whole) { return value == 0.0 ? 0.0 : value / whole; };
-  return std::max(part(unbalanced.force, force), part(unbalanced.moment, force * length));
+  const double of_forces = part(unbalanced.force, force);
+  const double of_moments = part(unbalanced.moment, force * length);
+  // What is not a number is the worst.
+  return of_forces > of_moments || std::isnan(of_forces) ? of_forces : of_moments;
 }
 
 double longest(std::span<const Geometry> geometry) {
