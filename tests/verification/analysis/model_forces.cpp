@@ -28,7 +28,8 @@ int run(const char* path) {
   auto read = io::read_model(path);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return fail(problem->message());
   auto& model = std::get<model::Model>(read);
-  if (const auto problem = forces::compute_forces(model)) return fail(*problem);
+  const auto computed = forces::compute_forces(model);
+  if (const auto* problem = std::get_if<analysis::Problem>(&computed)) return fail(problem->text);
   for (std::size_t element = 0; element < model.elements.size(); ++element) {
     for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
       print(model, element, load_case);
