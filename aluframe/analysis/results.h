@@ -21,9 +21,10 @@ struct Problem {
     solver        ///< the equations could not be solved for another reason
   };
   Kind kind = Kind::input;
-  std::string text;                    ///< "node 14 can rotate freely about X: ..."
+  std::string text;                                   ///< "node 14 can rotate freely about X: ..."
   std::optional<std::size_t> node = std::nullopt;     ///< place in Frame::nodes
   std::optional<std::size_t> element = std::nullopt;  ///< place in Frame::elements
+  std::optional<std::size_t> load_case = std::nullopt;  ///< place among those analysed
 };
 
 /// A value, or the problem that stands in its way.

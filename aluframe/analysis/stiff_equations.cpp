@@ -54,11 +54,11 @@ std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load
   const double largest = std::max(result.equilibrium.nodes, result.equilibrium.whole);
   if (largest <= limit) return std::nullopt;
   return Problem{
-      Problem::Kind::equilibrium,
-      fmt::format("load case {} of the analysis leaves {:.1e} of its loads unbalanced, more than "
-                  "{:.0e}: the frame is too soft, or its stiffnesses are too different",
-                  load_case + 1, largest, limit),
-      std::nullopt, std::nullopt};
+      .kind = Problem::Kind::equilibrium,
+      .text = fmt::format("{:.1e} of the loads stay unbalanced, more than {:.0e}: the frame "
+                          "is too soft, or its stiffnesses are too different",
+                          largest, limit),
+      .load_case = load_case};
 }
 
 }  // namespace aluframe::analysis

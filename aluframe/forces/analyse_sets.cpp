@@ -41,9 +41,12 @@ analysis::Result<Answers> in_first_order(const analysis::Frame& frame,
 analysis::Result<Answers> in_second_order(const analysis::Frame& frame,
                                           std::span<const analysis::LoadCase> loads) {
   Answers answers;
-  for (const analysis::LoadCase& load_case : loads) {
-    auto solved = analysis::analyse_second_order(frame, load_case);
-    if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+  for (std::size_t i = 0; i < loads.size(); ++i) {
+    auto solved = analysis::analyse_second_order(frame, loads[i]);
+    if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+      problem->load_case = i;
+      return std::move(*problem);
+    }
     answers.push_back(std::get<analysis::SecondOrderResult>(std::move(solved)));
   }
   return answers;

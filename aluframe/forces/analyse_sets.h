@@ -12,7 +12,7 @@ enum class Order { first, second };
 
 /// Displacements, reactions and element forces of the model under each of the sets of loads, in
 /// their order. In first order, iterations and change are 0.
-/// @return the answers, or what stands in the way of one of them
+/// @return the answers, or what stands in the way; with the place of its set where it is of one
 analysis::Result<std::vector<analysis::SecondOrderResult>> analyse_sets(
     const model::Model& model, std::span<const LoadSet> sets, Order order);
 

@@ -18,8 +18,14 @@ namespace {
 using Answers = std::vector<const analysis::SecondOrderResult*>;
 
 analysis::Result<Summary> first_order(model::Model& model, Summary summary) {
-  const auto solved = analyse_model(model);
-  if (const auto* problem = std::get_if<analysis::Problem>(&solved)) return *problem;
+  auto solved = analyse_model(model);
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+    if (problem->load_case) {
+      const model::Number number = model.load_cases[*problem->load_case].number;
+      problem->text = fmt::format("load case {}: {}", number, problem->text);
+    }
+    return std::move(*problem);
+  }
   const auto& solution = std::get<analysis::Solution>(solved);
   model::ForceTable table = model.forces;
   if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());

@@ -138,7 +138,12 @@ AnalysisView analysed(const AnalyseOptions& options, const model::Model& model) 
   Subjects subjects = chosen_subjects(options, model);
   auto solved = forces::analyse_sets(
       model, subjects.sets, view.second_order ? forces::Order::second : forces::Order::first);
-  if (const auto* problem = std::get_if<analysis::Problem>(&solved)) {
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+    if (problem->load_case) {
+      problem->text =
+          fmt::format("{} {}: {}", subjects.of_combinations ? "combination" : "load case",
+                      subjects.numbers[*problem->load_case], problem->text);
+    }
     throw stop_of(options.input.model, *problem);
   }
   view.answers = std::get<std::vector<analysis::SecondOrderResult>>(std::move(solved));
