@@ -1,0 +1,197 @@
+// The frame analysis against the solver library's own three steps on the same matrix, for building
+// grids of several sizes, in one run. Medians of processor time; repetitions take turns.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "aluframe/analysis/analyse.h"
+#include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/second_order.h"
+#include "bench/building_grid.h"
+#include "bench/library_steps.h"
+
+namespace {
+
+namespace analysis = aluframe::analysis;
+
+constexpr std::array<std::size_t, 4> sizes{100, 1'000, 10'000, 50'000};
+/// Cases beyond the first; their cost is the difference of two analyses over their number.
+constexpr std::size_t further_cases = 10;
+
+/// What is the same for all measurements of one size.
+struct Grid {
+  analysis::Frame frame;
+  std::vector<analysis::LoadCase> cases;
+  analysis::SymmetricMatrix matrix;
+
+  explicit Grid(std::size_t elements)
+      : frame(building_grid::frame_of_about(elements)),
+        cases(building_grid::load_cases(frame, 1 + further_cases)) {
+    const auto geometry = analysis::element_geometry(frame);
+    matrix = analysis::assemble(frame, geometry, analysis::Equations(frame),
+                                analysis::elastic_source(frame, geometry))
+                 .matrix;
+  }
+};
+
+const Grid& grid_of(std::size_t elements) {
+  static std::map<std::size_t, Grid> grids;
+  return grids.try_emplace(elements, elements).first->second;
+}
+
+/// The value of a result, or the end of the program: a problem is no measurement.
+template <class Value>
+Value value_of(analysis::Result<Value> result) {
+  if (const auto* problem = std::get_if<analysis::Problem>(&result)) {
+    std::fprintf(stderr, "%s\n", problem->text.c_str());
+    std::exit(1);
+  }
+  return std::get<Value>(std::move(result));
+}
+
+void analyse(benchmark::State& state, std::size_t elements, std::size_t cases) {
+  const Grid& grid = grid_of(elements);
+  analysis::Effort effort;
+  for (auto _ : state) {
+    const auto solution =
+        value_of(analysis::analyse(grid.frame, std::span(grid.cases).first(cases)));
+    effort = solution.effort;
+  }
+  const double factor = 8.0 * static_cast<double>(effort.factor_entries);
+  state.counters["factor entries"] = static_cast<double>(effort.factor_entries);
+  state.counters["memory/factor"] = static_cast<double>(effort.solver_memory_bytes) / factor;
+}
+
+/// Analysis of the places, factorisation, and solution of one right side.
+void three_steps(benchmark::State& state, std::size_t elements) {
+  const Grid& grid = grid_of(elements);
+  std::int64_t entries = 0;
+  for (auto _ : state) {
+    LibrarySteps library(grid.matrix);
+    library.analyse();
+    library.factorise();
+    std::vector<double> column(static_cast<std::size_t>(grid.matrix.size), 1.0);
+    library.solve(column);
+    benchmark::DoNotOptimize(column.data());
+    entries = library.factor_entries();
+  }
+  state.counters["factor entries"] = static_cast<double>(entries);
+}
+
+/// The library's solution of as many right sides as there are further cases.
+void block_solution(benchmark::State& state, std::size_t elements) {
+  const Grid& grid = grid_of(elements);
+  LibrarySteps library(grid.matrix);
+  library.analyse();
+  library.factorise();
+  std::vector<double> columns(further_cases * static_cast<std::size_t>(grid.matrix.size));
+  for (auto _ : state) {
+    std::fill(columns.begin(), columns.end(), 1.0);
+    library.solve(columns);
+    benchmark::DoNotOptimize(columns.data());
+  }
+}
+
+void second_order(benchmark::State& state, std::size_t elements) {
+  const Grid& grid = grid_of(elements);
+  const std::array parts{analysis::FactoredCase{&grid.cases[0], 1.3},
+                         analysis::FactoredCase{&grid.cases[2], 1.5}};
+  const analysis::LoadCase loads = analysis::combine(parts);
+  int iterations = 0;
+  for (auto _ : state) {
+    iterations = value_of(analysis::analyse_second_order(grid.frame, loads)).iterations;
+  }
+  state.counters["iterations"] = iterations;
+}
+
+std::string name_of(const char* what, std::size_t elements) {
+  return std::string(what) + "/" + std::to_string(elements);
+}
+
+constexpr std::array measurements{"whole", "library", "cases", "block", "second"};
+
+/// Keeps medians of processor time and the counters, and prints what they come to.
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.aggregate_name != "median") continue;
+      medians_[run.run_name.function_name] = run;
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+
+  void print_ratios() const {
+    std::printf("\n%9s %10s %10s %8s %14s %14s\n", "elements", "ms", "/library", "memory",
+                "further case", "second order");
+    for (const std::size_t size : sizes) {
+      if (!is_complete(size)) continue;  // a filter on the command line
+      const double whole = time("whole", size), library = time("library", size);
+      const double further = (time("cases", size) - whole) / static_cast<double>(further_cases);
+      const double block = time("block", size) / static_cast<double>(further_cases);
+      std::printf("%9zu %10.1f %10.2f %8.2f %14.2f %14.2f\n", size, whole, whole / library,
+                  counter("whole", size, "memory/factor"), further / block,
+                  time("second", size) / whole);
+    }
+    std::printf(
+        "/library: by the library's three steps; memory: the solver's, by 8 bytes an entry of the\n"
+        "factor; further case: by its share of a block solution; second order: by the first\n");
+  }
+
+ private:
+  bool is_complete(std::size_t size) const {
+    return std::ranges::all_of(
+        measurements, [&](const char* what) { return medians_.contains(name_of(what, size)); });
+  }
+  double time(const char* what, std::size_t size) const {
+    return medians_.at(name_of(what, size)).GetAdjustedCPUTime();
+  }
+  double counter(const char* what, std::size_t size, const char* counter) const {
+    return medians_.at(name_of(what, size)).counters.at(counter);
+  }
+
+  std::map<std::string, Run> medians_;
+};
+
+template <class Function>
+void add(const char* what, std::size_t elements, Function function) {
+  const int repetitions = elements > 10'000 ? 3 : elements > 1'000 ? 5 : 9;
+  benchmark::RegisterBenchmark(name_of(what, elements).c_str(), function)
+      ->Unit(benchmark::kMillisecond)
+      ->MinTime(0.1)
+      ->Repetitions(repetitions)
+      ->ReportAggregatesOnly(true);
+}
+
+void add_all(std::size_t size) {
+  add("whole", size, [size](benchmark::State& state) { analyse(state, size, 1); });
+  add("library", size, [size](benchmark::State& state) { three_steps(state, size); });
+  add("cases", size, [size](benchmark::State& state) { analyse(state, size, 1 + further_cases); });
+  add("block", size, [size](benchmark::State& state) { block_solution(state, size); });
+  add("second", size, [size](benchmark::State& state) { second_order(state, size); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::string interleave = "--benchmark_enable_random_interleaving=true";
+  std::vector<char*> arguments(argv, argv + argc);
+  arguments.insert(arguments.begin() + 1, interleave.data());
+  int count = static_cast<int>(arguments.size());
+  arguments.push_back(nullptr);
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  for (const std::size_t size : sizes) add_all(size);
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  reporter.print_ratios();
+  return 0;
+}
