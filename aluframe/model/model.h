@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,20 +21,24 @@ class ForceTable {
   void resize(std::size_t elements, std::size_t cases) {
     cases_ = cases;
     forces_.assign(elements * cases, {});
-    given_.assign(elements * cases, false);
+    given_.assign(elements * cases, 0);
   }
   /// @return false, with nothing changed, when the pair has forces already
   bool set(std::size_t element, std::size_t load_case, const CaseForces& forces) {
     const std::size_t place = element * cases_ + load_case;
-    if (given_[place]) return false;
+    if (given_[place] != 0) return false;
     forces_[place] = forces;
-    given_[place] = true;
+    given_[place] = 1;
     return true;
   }
   /// Forces of the pair, or null when the model has none.
   const CaseForces* find(std::size_t element, std::size_t load_case) const {
     const std::size_t place = element * cases_ + load_case;
-    return place < given_.size() && given_[place] ? &forces_[place] : nullptr;
+    return place < given_.size() && given_[place] != 0 ? &forces_[place] : nullptr;
+  }
+  /// Forces of an element, case by case; zeros where the model has none.
+  const CaseForces* of_element(std::size_t element) const {
+    return forces_.data() + element * cases_;
   }
 
   friend bool operator==(const ForceTable&, const ForceTable&) = default;
@@ -41,7 +46,7 @@ class ForceTable {
  private:
   std::size_t cases_ = 0;
   std::vector<CaseForces> forces_;
-  std::vector<bool> given_;
+  std::vector<std::uint8_t> given_;  ///< 1 or 0; bytes, because single bits take longer to read
 };
 
 /// A frame with everything that its design check needs. Lengths in mm, forces in N, stresses in
