@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "aluframe/analysis/equilibrium.h"
 
@@ -18,19 +19,29 @@ constexpr double noise_in_case = 1e-12;
 /// Moments collect the rounding of forces over the extent of the frame. Measured: 1e-15.
 constexpr double noise_over_extent = 1e-13;
 
-Norms largest_of(const ElementForces& forces) {
-  Norms largest;
-  for (const SectionForces& section : forces) {
-    for (std::size_t i = 0; i < 6; ++i) largest.include(i, static_cast<double>(section[i]));
-  }
+/// Larger of `largest` and the sizes of three values.
+float largest_of(float largest, const float* three) {
+  for (std::size_t i = 0; i < 3; ++i) largest = std::max(largest, std::abs(three[i]));
   return largest;
 }
 
-/// Sets values up to `limit` to zero: forces from `first` = 0, moments from 3.
-template <class Values>
-void clear_below(double limit, std::size_t first, Values& values) {
-  for (std::size_t i = first; i < first + 3; ++i) {
-    if (std::abs(static_cast<double>(values[i])) <= limit) values[i] = 0;
+Norms largest_of(const ElementForces& forces) {
+  float force = 0.0F, moment = 0.0F;
+  for (const SectionForces& section : forces) {
+    force = largest_of(force, section.data());
+    moment = largest_of(moment, section.data() + 3);
+  }
+  return {static_cast<double>(force), static_cast<double>(moment)};
+}
+
+/// Sets three values up to `limit` to zero: forces, or moments. Without a branch, because which of
+/// them are noise cannot be foreseen.
+template <class Value>
+void clear_below(double limit, Value* three) {
+  const auto own_limit =
+      static_cast<Value>(std::min(limit, double{std::numeric_limits<Value>::max()}));
+  for (std::size_t i = 0; i < 3; ++i) {
+    three[i] = std::abs(three[i]) <= own_limit ? Value{0} : three[i];
   }
 }
 
@@ -40,19 +51,18 @@ Problem too_large() {
 }
 
 bool all_finite(const std::vector<ElementForces>& forces) {
-  for (const ElementForces& element : forces) {
-    for (const SectionForces& section : element) {
-      for (const float force : section) {
-        if (!std::isfinite(force)) return false;
-      }
-    }
-  }
-  return true;
+  if (forces.empty()) return true;
+  constexpr std::size_t of_element = sizeof(ElementForces) / sizeof(float);
+  const Eigen::Map<const Eigen::ArrayXf> all(forces.front().front().data(),
+                                             static_cast<Eigen::Index>(of_element * forces.size()));
+  return std::isfinite(all.abs().maxCoeff<Eigen::PropagateNaN>());
 }
 
 std::vector<Vector6> by_node(const NodeValues& values) {
   std::vector<Vector6> result(values.size() / 6);
-  for (std::size_t i = 0; i < values.size(); ++i) result[i / 6][i % 6] = values[i];
+  for (std::size_t i = 0; i < result.size(); ++i) {
+    std::copy_n(values.begin() + static_cast<std::ptrdiff_t>(6 * i), 6, result[i].begin());
+  }
   return result;
 }
 
@@ -85,13 +95,13 @@ void CaseRecovery::remove_noise(CaseResult& result) const {
     const double own_force = std::max(force, noise_in_element * own.force);
     const double own_moment = std::max(moment, noise_in_element * own.moment);
     for (SectionForces& section : element) {
-      clear_below(own_force, 0, section);
-      clear_below(own_moment, 3, section);
+      clear_below(own_force, section.data());
+      clear_below(own_moment, section.data() + 3);
     }
   }
   for (Reaction& reaction : result.reactions) {
-    clear_below(force, 0, reaction.value);
-    clear_below(moment, 3, reaction.value);
+    clear_below(force, reaction.value.data());
+    clear_below(moment, reaction.value.data() + 3);
   }
 }
 

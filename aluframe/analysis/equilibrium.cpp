@@ -33,8 +33,12 @@ Norms unbalanced_nodes(const Balance& b) {
     }
   }
   Norms norms;
-  for (std::size_t i = 0; i < rest.size(); ++i) {
-    if (b.equations.at(i / 6, i % 6) >= 0) norms.include(i % 6, rest[i] - b.nodal[i]);
+  for (std::size_t node = 0; node < b.frame.nodes.size(); ++node) {
+    const int* equations = b.equations.of_node(node);
+    for (std::size_t i = 0; i < 6; ++i) {
+      const std::size_t place = 6 * node + i;
+      if (equations[i] >= 0) norms.include(i, rest[place] - b.nodal[place]);
+    }
   }
   return norms;
 }
