@@ -3,11 +3,10 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <vector>
-
-#include "aluframe/catalogue/profiles.h"
 
 namespace aluframe::catalogue {
 
@@ -56,15 +55,17 @@ std::string dimensions_text(model::Shape shape) {
 
 }  // namespace
 
-std::variant<model::Section, std::string> section_named(std::string_view name) {
+std::variant<model::Section, std::string> section_named(std::string_view name,
+                                                        std::span<const Profile> own) {
+  const auto mine = std::ranges::find(own, name, &Profile::name);
+  if (mine != own.end()) return section_of(*mine);
   if (const Profile* profile = find_profile(name)) return section_of(*profile);
   const std::size_t blank = name.find(' ');
   const auto shape = model::parse_shape(name.substr(0, blank));
   if (!shape || *shape == model::Shape::other || blank == std::string_view::npos) {
     return fmt::format(
         "found '{}', must be a standard profile or a shape (C, H, T, B, P, 2C, SR), a blank and "
-        "its "
-        "dimensions in mm, such as H 300x150x8x12",
+        "its dimensions in mm, such as H 300x150x8x12",
         name);
   }
   const auto numbers = numbers_of(tidy(name.substr(blank)));

@@ -16,6 +16,11 @@ using model::Shape;
 
 constexpr double millimetres_per_inch = 25.4;
 
+/// What the profiles of a series have in common.
+struct ProfileSource {
+  const char* series;
+  const char* source;
+};
 constexpr ProfileSource i_beam_source{
     "AA I", "Aluminum Association standard I-beams (Aluminum Design Manual), depth x lb/ft"};
 constexpr ProfileSource channel_source{
@@ -48,10 +53,15 @@ constexpr HollowSize tube_sizes[] = {
 };
 constexpr double round_sizes[] = {10, 12, 16, 20, 25, 30, 40, 50, 60, 80, 100};
 
+Profile make_profile(std::string name, Shape shape, const std::array<double, 8>& dimensions,
+                     const ProfileSource& source) {
+  return {std::move(name), shape, dimensions, source.series, source.source};
+}
+
 Profile in_inches(std::string name, Shape shape, std::array<double, 8> inches,
                   const ProfileSource& source) {
   for (double& length : inches) length *= millimetres_per_inch;
-  return {std::move(name), shape, inches, &source};
+  return make_profile(std::move(name), shape, inches, source);
 }
 
 void add_flanged(std::vector<Profile>& out) {
@@ -80,16 +90,14 @@ void add_hollow(std::vector<Profile>& out) {
   }
   for (const auto& [depth, width, thin, thick] : box_sizes) {
     for (const double t : {thin, thick}) {
-      out.push_back({fmt::format("B {:g}x{:g}x{:g}", depth, width, t),
-                     Shape::box,
-                     {depth, width, t, t, width - t, t},
-                     &box_source});
+      out.push_back(make_profile(fmt::format("B {:g}x{:g}x{:g}", depth, width, t), Shape::box,
+                                 {depth, width, t, t, width - t, t}, box_source));
     }
   }
   for (const auto& [diameter, same, thin, thick] : tube_sizes) {
     for (const double t : {thin, thick}) {
-      out.push_back(
-          {fmt::format("P {:g}x{:g}", diameter, t), Shape::pipe, {same, t}, &tube_source});
+      out.push_back(make_profile(fmt::format("P {:g}x{:g}", diameter, t), Shape::pipe, {same, t},
+                                 tube_source));
     }
   }
 }
@@ -99,8 +107,8 @@ std::vector<Profile> make_profiles() {
   add_flanged(out);
   add_hollow(out);
   for (const double diameter : round_sizes) {
-    out.push_back(
-        {fmt::format("SR {:g}", diameter), Shape::solid_round, {diameter}, &round_source});
+    out.push_back(make_profile(fmt::format("SR {:g}", diameter), Shape::solid_round, {diameter},
+                               round_source));
   }
   return out;
 }

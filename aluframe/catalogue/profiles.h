@@ -9,23 +9,18 @@
 
 namespace aluframe::catalogue {
 
-/// Where a profile's dimensions come from.
-struct ProfileSource {
-  std::string_view name;  ///< as `aluframe section --list` shows it
-  std::string_view rule;  ///< the publication, or the rule that makes the series
-};
-
-/// A standard profile: its name in model files, its shape and its dimensions.
+/// A profile of a catalogue, ours or a user's.
 struct Profile {
-  std::string name;
+  std::string name;  ///< by which model files call it
   model::Shape shape = model::Shape::other;
   std::array<double, 8> dimensions{};  ///< mm, in the order of `model::dimension_names`
-  const ProfileSource* source = nullptr;
+  std::string series;                  ///< standard profiles: what their names begin with
+  std::string source;                  ///< the publication, or the rule that makes the series
 };
 
 /// All standard profiles, series by series, small ones first.
 std::span<const Profile> profiles();
-/// The profile of this name, or null. Exact and case-sensitive.
+/// The standard profile of this name, or null. Exact and case-sensitive.
 const Profile* find_profile(std::string_view name);
 /// A section of the profile.
 model::Section section_of(const Profile& profile);

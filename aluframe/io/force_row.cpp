@@ -2,13 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
+#include "aluframe/io/csv_number.h"
 #include "aluframe/io/failure.h"
-#include "aluframe/io/json_value.h"
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
 
@@ -18,14 +16,6 @@ namespace {
 
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
 
-bool equal_but_for_case(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
 /// Place of a name among the columns; their number when it is none of them.
 std::size_t column_of(std::string_view name) {
   std::size_t column = 0;
@@ -33,18 +23,6 @@ std::size_t column_of(std::string_view name) {
     ++column;
   }
   return column;
-}
-
-/// The number that the whole of a text is, and nothing; or what a number must be.
-std::pair<double, std::string_view> parse_number(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
-  double value = 0.0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc::invalid_argument || end != text.data() + text.size()) {
-    return {0.0, "must be a number"};
-  }
-  const bool is_in_range = error == std::errc{} && std::abs(value) <= largest_number;
-  return {value, is_in_range ? std::string_view() : number_range};
 }
 
 }  // namespace

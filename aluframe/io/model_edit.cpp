@@ -97,14 +97,15 @@ void require_changes(const model::Model& edited, const ModelChanges& changes) {
 }
 
 /// The model of a text. Throws Failure.
-model::Model read_or_throw(std::string_view text) {
-  auto read = parse_model(text, {});
+model::Model read_or_throw(std::string_view text, const std::filesystem::path* folder) {
+  auto read = parse_model(text, {}, folder);
   if (auto* problem = std::get_if<Problem>(&read)) throw Failure{problem->place, problem->text};
   return std::get<model::Model>(std::move(read));
 }
 
-std::string edit_text(std::string_view text, const ModelChanges& changes) {
-  const model::Model model = read_or_throw(text);
+std::string edit_text(std::string_view text, const ModelChanges& changes,
+                      const std::filesystem::path* folder) {
+  const model::Model model = read_or_throw(text, folder);
   const std::size_t begin = text.size() - without_byte_order_mark(text).size();
   const auto members = json_members(text, json_value_at(text, begin));
   std::vector<Replacement> replacements;
@@ -113,7 +114,7 @@ std::string edit_text(std::string_view text, const ModelChanges& changes) {
   }
   add_material_replacements(text, members, model, changes, replacements);
   std::string edited = replaced(text, std::move(replacements));
-  require_changes(read_or_throw(edited), changes);
+  require_changes(read_or_throw(edited, folder), changes);
   return edited;
 }
 
@@ -132,9 +133,10 @@ ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
 }
 
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
-                                    const ModelChanges& changes) {
+                                    const ModelChanges& changes,
+                                    const std::filesystem::path* folder) {
   try {
-    return edit_text(text, changes);
+    return edit_text(text, changes, folder);
   } catch (const Failure& failure) {
     return Problem{name, failure.place, failure.text};
   }
@@ -143,7 +145,8 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
 Result<std::string> edit_model_file(const std::filesystem::path& path,
                                     const ModelChanges& changes) {
   try {
-    return edit_text(load_file(path), changes);
+    const std::filesystem::path folder = path.parent_path();
+    return edit_text(load_file(path), changes, &folder);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   }

@@ -32,10 +32,12 @@ ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
 /// written anew, each on one line; settings that the file lacks come behind its "units", or behind
 /// the last field of its head. The new text was read back and holds the changed values.
 /// @param name stands for the file in messages
+/// @param folder where the catalogues lie that the text names; null: it must name none
 /// @return a problem when the text is no model, lacks one of the materials, or a model file cannot
 ///         hold one of the values
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
-                                    const ModelChanges& changes);
+                                    const ModelChanges& changes,
+                                    const std::filesystem::path* folder = nullptr);
 
 /// The same of a file, which stays as it is.
 Result<std::string> edit_model_file(const std::filesystem::path& path, const ModelChanges& changes);

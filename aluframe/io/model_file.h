@@ -14,10 +14,13 @@ namespace aluframe::io {
 Result<model::Model> read_model(const std::filesystem::path& path);
 
 /// The same from text; `name` stands for the file in messages.
-Result<model::Model> parse_model(std::string_view text, const std::string& name);
+/// @param folder where the catalogues lie that the text names; null: it must name none
+Result<model::Model> parse_model(std::string_view text, const std::string& name,
+                                 const std::filesystem::path* folder = nullptr);
 
-/// The model as a model file in its own units. Reading it back gives an equal model (lengths and
-/// forces to the last digit but one, where a unit's factor rounds).
+/// The model as a model file in its own units; sections with their dimensions, not with the profile
+/// that gave them, so that the text needs no catalogue. Reading it back gives an equal model
+/// (lengths and forces to the last digit but one, where a unit's factor rounds).
 std::string write_model(const model::Model& model);
 
 /// 16 characters that tell any two states of a model and its forces apart (64-bit FNV-1a of what

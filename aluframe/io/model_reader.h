@@ -1,24 +1,33 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "aluframe/catalogue/profiles.h"
 #include "aluframe/io/json_value.h"
 #include "aluframe/io/scales.h"
 #include "aluframe/model/model.h"
 
 /// Readers of the parts of a model file, one function a topic. Each takes the file's root object,
 /// converts to N and mm, checks what it can check with the parts read before it, and throws Failure
-/// at the first fault. Order: units, settings, materials, sections, nodes, supports, elements,
-/// members, load cases, combinations, forces.
+/// at the first fault. Order: units, settings, materials, catalogues, sections, nodes, supports,
+/// elements, members, load cases, combinations, forces.
 namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
 void read_settings(const JsonObject& root, model::Model& model);
 void read_materials(const JsonObject& root, model::Model& model);
-void read_sections(const JsonObject& root, const Scales& scales, model::Model& model);
+/// Profiles of the user's catalogues, which lie in the model's folder or on paths from there.
+/// @param folder null for a model that is in no file
+std::vector<catalogue::Profile> read_catalogues(const JsonObject& root,
+                                                const std::filesystem::path* folder);
+/// `own`: the user's profiles, which sections may name.
+void read_sections(const JsonObject& root, const Scales& scales,
+                   const std::vector<catalogue::Profile>& own, model::Model& model);
 void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model);
 /// Needs nodes.
 void read_supports(const JsonObject& root, const Scales& scales, model::Model& model);

@@ -13,8 +13,8 @@ namespace {
 
 constexpr auto top_level_fields = std::to_array<std::string_view>(
     {"$schema", "format", "version", "title", "description", "units", "settings", "frame",
-     "analysis", "materials", "sections", "nodes", "supports", "elements", "members", "moving_load_code",
-     "load_cases", "combinations", "forces"});
+     "analysis", "catalogues", "materials", "sections", "nodes", "supports", "elements", "members",
+     "moving_load_code", "load_cases", "combinations", "forces"});
 
 /// First of all: a file of another kind or of a later version has fields of its own, and calling
 /// those unknown would mislead.
@@ -30,7 +30,7 @@ void require_format(const JsonValue& root) {
   }
 }
 
-model::Model read_document(const JsonValue& value) {
+model::Model read_document(const JsonValue& value, const std::filesystem::path* folder) {
   require_format(value);
   const JsonObject root(value, top_level_fields);
   model::Model model;
@@ -40,7 +40,7 @@ model::Model read_document(const JsonValue& value) {
   const Scales scales(model.units);
   read_settings(root, model);
   read_materials(root, model);
-  read_sections(root, scales, model);
+  read_sections(root, scales, read_catalogues(root, folder), model);
   read_nodes(root, scales, model);
   read_supports(root, scales, model);
   read_elements(root, scales, model);
@@ -51,21 +51,22 @@ model::Model read_document(const JsonValue& value) {
   return model;
 }
 
-model::Model read_text(std::string_view with_mark) {
+model::Model read_text(std::string_view with_mark, const std::filesystem::path* folder) {
   const std::string_view text = without_byte_order_mark(with_mark);
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     throw Failure{"", "is empty, expected a model"};
   }
   require_utf8(text);
   const JsonDocument document(text);
-  return read_document(JsonValue(document, JsonDocument::root));
+  return read_document(JsonValue(document, JsonDocument::root), folder);
 }
 
 }  // namespace
 
-Result<model::Model> parse_model(std::string_view text, const std::string& name) {
+Result<model::Model> parse_model(std::string_view text, const std::string& name,
+                                 const std::filesystem::path* folder) {
   try {
-    return read_text(text);
+    return read_text(text, folder);
   } catch (const Failure& failure) {
     return Problem{name, failure.place, failure.text};
   }
@@ -73,7 +74,8 @@ Result<model::Model> parse_model(std::string_view text, const std::string& name)
 
 Result<model::Model> read_model(const std::filesystem::path& path) {
   try {
-    return read_text(load_file(path));
+    const std::filesystem::path folder = path.parent_path();
+    return read_text(load_file(path), &folder);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "aluframe/io/model_reader.h"
+#include "aluframe/io/named_section.h"
 #include "aluframe/section/section_properties.h"
 
 namespace aluframe::io {
@@ -13,7 +14,7 @@ namespace {
 using model::Shape;
 
 constexpr auto section_fields = std::to_array<std::string_view>(
-    {"number", "name", "shape", "dimensions", "welded", "properties"});
+    {"number", "name", "profile", "shape", "dimensions", "welded", "properties"});
 constexpr auto property_fields = std::to_array<std::string_view>(
     {"area", "it", "iyy", "izz", "qyb", "qzb", "iw", "shear_centre_z", "point_y", "point_z"});
 /// Without these a section that is given by its properties alone has no stresses.
@@ -122,16 +123,24 @@ void require_buildable(const JsonObject& dimensions, const model::Section& secti
   dimensions.optional(name).value_or(dimensions.value()).fail(problem->text);
 }
 
-model::Section read_section(const JsonObject& object, const Scales& scales) {
-  model::Section section;
-  section.number = object.required("number").entity_number();
-  section.name = object.string_or("name", "");
-  section.shape = read_shape(object.required("shape"));
-  section.welded = object.boolean_or("welded", false);
-  if (section.shape == Shape::other) require_needed_properties(object);
-  if (const auto properties = object.optional("properties")) {
-    section.given = read_properties(*properties, scales);
+/// Shape and dimensions of a profile, whose name is also the section's unless it has one.
+model::Section read_profile(const JsonObject& object, const JsonValue& profile,
+                            const std::vector<catalogue::Profile>& own) {
+  for (const char* field : {"shape", "dimensions"}) {
+    if (const auto value = object.optional(field)) value->fail("the profile has its own");
   }
+  auto named = named_section(profile.string(), own);
+  if (auto* text = std::get_if<std::string>(&named)) profile.fail(std::move(*text));
+  return std::get<model::Section>(std::move(named));
+}
+
+/// A section by its shape and dimensions.
+model::Section read_shape_and_dimensions(const JsonObject& object, const Scales& scales) {
+  model::Section section;
+  const auto shape = object.optional("shape");
+  if (!shape) object.value().fail("missing field \"shape\" or \"profile\"");
+  section.shape = read_shape(*shape);
+  if (section.shape == Shape::other) require_needed_properties(object);
   const std::optional<JsonValue> value =
       section.shape == Shape::other ? object.optional("dimensions") : object.required("dimensions");
   if (value) {
@@ -142,12 +151,28 @@ model::Section read_section(const JsonObject& object, const Scales& scales) {
   return section;
 }
 
+model::Section read_section(const JsonObject& object, const Scales& scales,
+                            const std::vector<catalogue::Profile>& own) {
+  const model::Number number = object.required("number").entity_number();
+  const auto profile = object.optional("profile");
+  model::Section section =
+      profile ? read_profile(object, *profile, own) : read_shape_and_dimensions(object, scales);
+  section.number = number;
+  section.name = object.string_or("name", section.name);
+  section.welded = object.boolean_or("welded", false);
+  if (const auto properties = object.optional("properties")) {
+    section.given = read_properties(*properties, scales);
+  }
+  return section;
+}
+
 }  // namespace
 
-void read_sections(const JsonObject& root, const Scales& scales, model::Model& model) {
+void read_sections(const JsonObject& root, const Scales& scales,
+                   const std::vector<catalogue::Profile>& own, model::Model& model) {
   for (const JsonValue value : root.required("sections").list()) {
     const JsonObject object(value, section_fields);
-    add_entity(object, model.sections, read_section(object, scales), "sections");
+    add_entity(object, model.sections, read_section(object, scales, own), "sections");
   }
 }
 

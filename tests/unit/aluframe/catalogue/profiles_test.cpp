@@ -28,9 +28,9 @@ TEST(StandardProfiles, AreAtLeastAHundredWithNamesOfTheirOwn) {
 
 TEST(StandardProfiles, EachHaveASourceOrRule) {
   for (const Profile& profile : profiles()) {
-    ASSERT_NE(profile.source, nullptr) << profile.name;
-    EXPECT_TRUE(profile.name.starts_with(profile.source->name)) << profile.name;
-    EXPECT_FALSE(profile.source->rule.empty()) << profile.name;
+    EXPECT_FALSE(profile.series.empty()) << profile.name;
+    EXPECT_TRUE(profile.name.starts_with(profile.series)) << profile.name;
+    EXPECT_FALSE(profile.source.empty()) << profile.name;
   }
 }
 
