@@ -45,6 +45,7 @@ struct SectionProperties {
   double qyb = 0.0;  ///< Q/b for shear along z: largest first moment over the width it acts on, mm²
   double qzb = 0.0;  ///< Q/b for shear along y
   double iw = 0.0;   ///< warping constant about the shear centre
+  double shear_centre_y = 0.0;  ///< from the centroid; of a channel beyond its web, else 0
   double shear_centre_z = 0.0;  ///< from the centroid
   /// Stress points: top left, top right, bottom right, bottom left.
   std::array<double, 4> point_y{};

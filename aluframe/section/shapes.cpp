@@ -151,6 +151,7 @@ SectionProperties channel_properties(const Dimensions& d) {
   SectionProperties out = from_plates(sums, d.h, {0.0, d.b1, d.b2, 0.0});
   out.it = open_torsion_constant(std::array{top, bottom, Strip{depth, d.tw}});
   out.iw = warping.constant;
+  out.shear_centre_y = d.tw / 2.0 + warping.shear_centre_y - sums.y;
   out.shear_centre_z = middle_line_z(d) + warping.shear_centre_z - sums.z;
   out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z, roundings);
   out.qzb = largest_moment_over_thickness({.inner = 0.0,

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "aluframe/section/mesh_properties.h"
 #include "aluframe/section/outline.h"
 #include "aluframe/section/section_properties.h"
 
@@ -15,6 +14,8 @@ namespace {
 
 /// Free space around the material, as a share of the larger size.
 constexpr double margin_share = 0.15;
+/// Width of a letter, of which few are wider, as a share of the font's size.
+constexpr double letter_width = 0.7;
 
 struct Direction {
   double y, z, length;
@@ -89,15 +90,18 @@ std::string escaped(const std::string& text) {
 
 std::string sketch_of(const model::Section& section) {
   const Outline outline = outline_of(section);
-  const double shear_z = properties_of(section).shear_centre_z;
-  const double shear_y =
-      section.shape == model::Shape::channel ? properties_of(mesh_of(section)).shear_centre_y : 0.0;
+  const model::SectionProperties properties = properties_of(section);
+  const double shear_y = properties.shear_centre_y;
+  const double shear_z = properties.shear_centre_z;
   const Frame f = frame_of(outline, shear_y, shear_z);
   const double size = std::max(f.right - f.left, f.top - f.bottom);
   const double margin = margin_share * size;
   const double mark = size / 40.0;
   const double width = f.right - f.left + 2.0 * margin;
   const double height = f.top - f.bottom + 3.0 * margin;
+  const double letters =
+      letter_width * static_cast<double>(std::max<std::size_t>(1, section.name.size()));
+  const double font_size = std::min(0.5 * margin, width / letters);
   return fmt::format(
       "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0:.4g}mm\" height=\"{1:.4g}mm\" "
       "viewBox=\"{2:.6g} {3:.6g} {0:.6g} {1:.6g}\">\n"
@@ -111,7 +115,7 @@ std::string sketch_of(const model::Section& section) {
       "text-anchor=\"middle\">{13}</text>\n"
       "</svg>\n",
       width, height, f.left - margin, -f.top - margin, path_text(outline), size / 250.0, -mark,
-      mark, shear_y, -shear_z, (f.left + f.right) / 2.0, -f.bottom + 1.2 * margin, 0.5 * margin,
+      mark, shear_y, -shear_z, (f.left + f.right) / 2.0, -f.bottom + 1.2 * margin, font_size,
       escaped(section.name));
 }
 

@@ -12,6 +12,7 @@
 #include "apps/cli/points_command.h"
 #include "apps/cli/report_command.h"
 #include "apps/cli/results_command.h"
+#include "apps/cli/section_command.h"
 #include "apps/cli/settings_command.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
@@ -158,6 +159,46 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   report->callback([&] { status = run_report_command(options); });
 }
 
+std::optional<aluframe::model::Shape> shape_of_list(const std::string& name) {
+  const auto shape = aluframe::model::parse_shape(name);
+  return shape != aluframe::model::Shape::other ? shape : std::nullopt;
+}
+
+void add_section(CLI::App& app, SectionOptions& options, int& status) {
+  CLI::App* section =
+      app.add_subcommand("section", "Show the constants of a section, or list the profiles");
+  section
+      ->add_option("NAME", options.name,
+                   "A profile, or a shape and its dimensions in mm, such as \"H 300x150x8x12\"")
+      ->type_name("");
+  section
+      ->add_option_function<std::string>(
+          "--list",
+          [&options](const std::string& shape) {
+            options.list = true;
+            if (!shape.empty()) {
+              options.shape = one_of(shape_of_list, "C, H, T, B, P, 2C, SR")("--list", shape);
+            }
+          },
+          "List the profiles, all or of one shape: C, H, T, B, P, 2C, SR")
+      ->expected(0, 1)
+      ->type_name("[SHAPE]");
+  section
+      ->add_option("--catalogue", options.catalogues, "Profiles of your own (CSV); may be repeated")
+      ->expected(1)
+      ->take_all()
+      ->type_name("FILE");
+  section->add_option("--svg", options.svg, "Draw the section")->type_name("FILE");
+  section
+      ->add_option("--mesh", options.across,
+                   "Cells of the mesh across the thinnest plate, 4 when not given")
+      ->check(CLI::Range(1, most_cells_across))
+      ->type_name("NUMBER");
+  add_parsed(*section, "--format", options.format, one_of(parse_format, "table, json, csv"),
+             "How to print: table, json or csv");
+  section->callback([&] { status = run_section_command(options); });
+}
+
 /// Options of the one material that is to be changed.
 void add_material_changes(CLI::App& settings, WantedChanges& wanted) {
   CLI::Option* material =
@@ -237,6 +278,7 @@ int run(int argc, char** argv) {
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
+  SectionOptions section;
   add_check(app, check, status);
   add_analyse(app, analyse, status);
   add_results(app, results, status);
@@ -244,6 +286,7 @@ int run(int argc, char** argv) {
   add_points(app, points, status);
   add_report(app, report, status);
   add_settings(app, settings, status);
+  add_section(app, section, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,0 +1,76 @@
+#include "apps/cli/section_command.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+
+#include "aluframe/io/catalogue_csv.h"
+#include "aluframe/io/named_section.h"
+#include "aluframe/section/sketch.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/section_tables.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+using catalogue::Profile;
+
+/// The user's profiles; nothing when one of the files is at fault, which is printed.
+std::optional<std::vector<Profile>> own_profiles(const SectionOptions& options) {
+  std::vector<Profile> own;
+  for (const auto& file : options.catalogues) {
+    const auto read = io::read_catalogue_csv(file, own);
+    if (const auto* problem = std::get_if<io::Problem>(&read)) {
+      print_message(problem->message());
+      return std::nullopt;
+    }
+  }
+  return own;
+}
+
+int list(const SectionOptions& options, const std::vector<Profile>& own) {
+  fmt::print("{}", profile_list(own, options.shape, options.format));
+  return exit_done;
+}
+
+/// @return false when the drawing cannot be written, which is printed
+bool draw(const std::filesystem::path& file, const model::Section& section) {
+  std::ofstream stream(file, std::ios::binary);
+  stream << section::sketch_of(section);
+  stream.close();
+  if (stream.fail()) print_message(file.string() + ": cannot be written");
+  return !stream.fail();
+}
+
+int show(const SectionOptions& options, const std::vector<Profile>& own) {
+  const auto named = io::named_section(*options.name, own);
+  if (const auto* text = std::get_if<std::string>(&named)) {
+    print_message("NAME: " + *text);
+    return exit_input_error;
+  }
+  const auto& section = std::get<model::Section>(named);
+  fmt::print("{}", section_text({section, own, options.across}, options.format));
+  return !options.svg || draw(*options.svg, section) ? exit_done : exit_failure;
+}
+
+}  // namespace
+
+int run_section_command(const SectionOptions& options) {
+  if (options.list == options.name.has_value()) {
+    print_message(options.list
+                      ? "NAME: --list takes none"
+                      : "NAME: is missing; give a section such as \"H 300x150x8x12\", or --list");
+    return exit_input_error;
+  }
+  if (options.list && options.svg) {
+    print_message("--svg: draws one section, not the list");
+    return exit_input_error;
+  }
+  const auto own = own_profiles(options);
+  if (!own) return exit_input_error;
+  return options.list ? list(options, *own) : show(options, *own);
+}
+
+}  // namespace aluframe::cli
