@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "aluframe/model/loads.h"
+#include "aluframe/model/settings.h"
 #include "aluframe/model/structure.h"
 
 namespace aluframe::io {
@@ -43,6 +44,11 @@ inline constexpr std::array load_case_kinds{
 inline constexpr std::array combination_kinds{
     NamedValue{"linear", model::CombinationKind::linear},
     NamedValue{"envelope", model::CombinationKind::envelope},
+};
+
+inline constexpr std::array length_factor_sources{
+    NamedValue{"computed", model::LengthFactors::computed},
+    NamedValue{"one", model::LengthFactors::one},
 };
 
 /// Supported directions, by their place in model::Support::restrained.

@@ -2,6 +2,7 @@
 
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/model_reader.h"
+#include "aluframe/io/named_values.h"
 
 namespace aluframe::io {
 
@@ -11,7 +12,8 @@ constexpr auto unit_fields = std::to_array<std::string_view>({"force", "length",
 constexpr auto settings_fields =
     std::to_array<std::string_view>({"code", "rib", "rib_ratio", "safety_class", "strength_ratio",
                                      "seismic", "gamma_re_strength", "gamma_re_stability"});
-constexpr auto frame_fields = std::to_array<std::string_view>({"braced_a", "braced_b"});
+constexpr auto frame_fields =
+    std::to_array<std::string_view>({"braced_a", "braced_b", "length_factors"});
 constexpr auto analysis_fields = std::to_array<std::string_view>({"second_order"});
 
 void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
@@ -46,6 +48,16 @@ model::DesignSettings read_design_settings(const JsonObject& object) {
   return settings;
 }
 
+model::FrameSettings read_frame_settings(const JsonObject& object) {
+  model::FrameSettings frame;
+  frame.braced_a = object.boolean_or("braced_a", frame.braced_a);
+  frame.braced_b = object.boolean_or("braced_b", frame.braced_b);
+  if (const auto source = object.optional("length_factors")) {
+    frame.length_factors = source->one_of<model::LengthFactors>(length_factor_sources);
+  }
+  return frame;
+}
+
 }  // namespace
 
 model::Units read_units(const JsonObject& root) {
@@ -64,9 +76,7 @@ void read_settings(const JsonObject& root, model::Model& model) {
     model.design = read_design_settings(JsonObject(*value, settings_fields));
   }
   if (const std::optional<JsonValue> value = root.optional("frame")) {
-    const JsonObject object(*value, frame_fields);
-    model.frame = model::FrameSettings{.braced_a = object.boolean_or("braced_a", false),
-                                       .braced_b = object.boolean_or("braced_b", false)};
+    model.frame = read_frame_settings(JsonObject(*value, frame_fields));
   }
   if (const std::optional<JsonValue> value = root.optional("analysis")) {
     const JsonObject object(*value, analysis_fields);

@@ -140,6 +140,7 @@ void read_elements(const JsonObject& root, const Scales& scales, model::Model& m
 
 void read_members(const JsonObject& root, model::Model& model) {
   const std::optional<JsonValue> list = root.optional("members");
+  model.finds_members = !list;
   if (!list) return;
   Owners owners;
   for (const JsonValue value : list->list()) {

@@ -67,7 +67,7 @@ void write_structure(ModelText& text, const model::Model& model, const Scales& s
   }
   text.list("elements", model.elements,
             [&](const model::Element& element) { return element_line(element, scales); });
-  if (!model.members.empty()) text.list("members", model.members, member_line);
+  if (!model.finds_members) text.list("members", model.members, member_line);
 }
 
 /// The `forces` list, which is opened by its first entry: a model without forces has none.

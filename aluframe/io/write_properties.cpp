@@ -2,6 +2,7 @@
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_lines.h"
+#include "aluframe/io/named_values.h"
 
 namespace aluframe::io {
 
@@ -79,7 +80,13 @@ std::string settings_line(const model::DesignSettings& settings) {
 }
 
 std::string frame_line(const model::FrameSettings& frame) {
-  return JsonLine().flag("braced_a", frame.braced_a).flag("braced_b", frame.braced_b).str();
+  const model::FrameSettings standard;
+  return JsonLine()
+      .flag("braced_a", frame.braced_a)
+      .flag("braced_b", frame.braced_b)
+      .text_unless("length_factors", name_in(length_factor_sources, frame.length_factors),
+                   name_in(length_factor_sources, standard.length_factors))
+      .str();
 }
 
 std::string material_line(const model::Material& material) {

@@ -65,6 +65,9 @@ struct Model {
   std::vector<Support> supports;
   Table<Element> elements;
   Table<Member> members;
+  /// The file names no members: those that belong together are to be found (members::complete).
+  /// What was found stays out of the file when the model is written.
+  bool finds_members = false;
   int moving_load_code = 0;  ///< code that the moving loads follow, one of `moving_load_codes`
   Table<LoadCase> load_cases;
   Table<Combination> combinations;

@@ -18,10 +18,17 @@ struct DesignSettings {
   friend bool operator==(const DesignSettings&, const DesignSettings&) = default;
 };
 
-/// Whether the frame is braced against sway along its two axes.
+/// Where effective length factors come from that the model does not give.
+enum class LengthFactors {
+  computed,  ///< from the stiffness of what frames into the ends
+  one        ///< they are 1
+};
+
+/// Whether the frame is braced against sway along its two axes: a is global X, b global Y.
 struct FrameSettings {
   bool braced_a = false;
   bool braced_b = false;
+  LengthFactors length_factors = LengthFactors::computed;
 
   friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
 };

@@ -195,7 +195,8 @@ void add_structure(Model& model) {
     member.elements.push_back(max_number - place);
   }
   member.length_factors = any_optional(any_pair);
-  if (any_flag()) model.members.add(std::move(member));
+  model.finds_members = any_flag();
+  if (!model.finds_members && any_flag()) model.members.add(std::move(member));
 }
 
 CombinationTerm any_term(const Model& model) {
@@ -259,7 +260,10 @@ Model any_model() {
   model.units = any_units();
   model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);
-  model.frame = any_optional([] { return FrameSettings{any_flag(), any_flag()}; });
+  model.frame = any_optional([] {
+    return FrameSettings{any_flag(), any_flag(),
+                         any_of({LengthFactors::computed, LengthFactors::one})};
+  });
   model.analysis.second_order = any_flag();
   for (const Number number : {3U, 1U}) {
     model.materials.add(any_material(number));

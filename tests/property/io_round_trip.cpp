@@ -95,6 +95,7 @@ void require_equal(const Model& expected, const Model& actual) {
   require_equal_tables(expected.nodes, actual.nodes);
   require_equal_tables(expected.elements, actual.elements);
   require_equal_tables(expected.members, actual.members);
+  RC_ASSERT(expected.finds_members == actual.finds_members);
   require_equal_tables(expected.load_cases, actual.load_cases);
   require_equal_tables(expected.combinations, actual.combinations);
   RC_ASSERT(expected.forces == actual.forces);

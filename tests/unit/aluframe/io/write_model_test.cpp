@@ -58,7 +58,8 @@ TEST(WriteModel, WritesListsThatAModelNeedsEvenWhenEmpty) {
   "materials": [],
   "sections": [],
   "nodes": [],
-  "elements": []
+  "elements": [],
+  "members": []
 }
 )");
 }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "aluframe/model/model.h"
+
+namespace aluframe::members {
+
+/// Where an effective length factor comes from.
+enum class FactorSource {
+  given_element,  ///< `design.length_factors` of the element
+  given_member,   ///< `length_factors` of the member
+  one,            ///< the model asks for 1
+  no_supports,    ///< 1: without any support the model does not say what holds the frame
+  truss,          ///< 1: axial-only elements are hinged at both ends
+  non_sway,       ///< computed, both ends held
+  sway,           ///< computed, ends move
+  cantilever      ///< computed, an end is free
+};
+
+/// "given (element)", "sway" and so on, for the user.
+std::string_view name_of(FactorSource source);
+
+struct LengthFactor {
+  double k = 1.0;
+  FactorSource source = FactorSource::one;
+  /// G of the start and the end (chart_equations.h) when computed.
+  std::array<double, 2> g{};
+};
+
+/// Effective length factors of a member, or of an element that belongs to none.
+struct StretchFactors {
+  const model::Member* member = nullptr;  ///< null for a lone element
+  std::vector<model::Number> elements;
+  double length = 0.0;  ///< mm, what the factors are of
+  LengthFactor y, z;    ///< for buckling about the section's y and z
+};
+
+/// Factors of all members, then of all lone elements, in the order of the file. What the model
+/// gives goes first; an element's own factors only stand here when it is alone, within a member
+/// they are that element's business. The others are computed from the ends (end_restraint.h):
+/// - In a model without any support (its forces come from elsewhere) factors are 1.
+/// - An end that no other element and no support holds against moving makes a cantilever.
+/// - Columns sway, unless supports hold both their ends, or the frame is braced
+///   (model::FrameSettings): about y they move along z, about z along y; braced_a holds what moves
+///   along global X, braced_b along global Y, both together any direction.
+/// - Beams and inclined elements do not sway; trusses have 1.
+/// The model must be consistent, as its reader leaves it, and outlive what is returned.
+std::vector<StretchFactors> length_factors(const model::Model& model);
+
+}  // namespace aluframe::members

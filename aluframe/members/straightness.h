@@ -1,0 +1,43 @@
+#pragma once
+
+#include "aluframe/analysis/local_axes.h"
+#include "aluframe/model/model.h"
+
+namespace aluframe::members {
+
+/// Elements off one line by less than this, rad, are collinear: coordinates rounded to a millimetre
+/// turn an element of a metre by as much.
+inline constexpr double collinear_limit = 1e-3;
+
+/// Length and local axes of an element, as the analysis has them.
+inline analysis::Geometry geometry_of(const model::Model& model, const model::Element& element) {
+  const auto point = [&](model::Number number) {
+    const model::Node& node = *model.nodes.find(number);
+    return analysis::Node{node.number, node.x, node.y, node.z};
+  };
+  return analysis::geometry_between(point(element.nodes[0]), point(element.nodes[1]), element.beta);
+}
+
+/// Direction in which an element leaves the node at one of its ends (0 start, 1 end).
+inline Eigen::Vector3d away_from(const analysis::Geometry& element, std::size_t end) {
+  const Eigen::Vector3d x = element.axes.row(0).transpose();
+  return end == 0 ? x : Eigen::Vector3d(-x);
+}
+
+/// Whether two elements that meet with the given ends lie on one line, on both sides of the node.
+inline bool goes_on(const analysis::Geometry& a, std::size_t end_of_a, const analysis::Geometry& b,
+                    std::size_t end_of_b) {
+  const Eigen::Vector3d in = away_from(a, end_of_a);
+  const Eigen::Vector3d out = away_from(b, end_of_b);
+  return in.dot(out) < 0.0 && in.cross(out).norm() <= collinear_limit;
+}
+
+/// Whether two sections stand alike: their z axes agree. Their y axes are then parallel, and
+/// opposite when the elements point against each other.
+inline bool stands_alike(const analysis::Geometry& a, const analysis::Geometry& b) {
+  const Eigen::Vector3d up = a.axes.row(2).transpose();
+  const Eigen::Vector3d other = b.axes.row(2).transpose();
+  return up.dot(other) > 0.0 && up.cross(other).norm() <= collinear_limit;
+}
+
+}  // namespace aluframe::members

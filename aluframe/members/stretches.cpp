@@ -1,0 +1,91 @@
+#include "aluframe/members/stretches.h"
+
+#include <utility>
+
+#include "aluframe/section/section_properties.h"
+
+namespace aluframe::members {
+
+namespace {
+
+std::size_t end_at(const model::Element& element, model::Number node) {
+  return element.nodes[0] == node ? 0 : 1;
+}
+
+/// The node at which a chain starts: that of its first element which the second does not share.
+model::Number start_of(const model::Model& model, const std::vector<std::size_t>& elements) {
+  const model::Element& first = model.elements[elements.front()];
+  if (elements.size() == 1) return first.nodes[0];
+  const model::Element& second = model.elements[elements[1]];
+  const bool turned = second.nodes[0] == first.nodes[0] || second.nodes[1] == first.nodes[0];
+  return first.nodes[turned ? 1 : 0];
+}
+
+}  // namespace
+
+Stretches::Stretches(const model::Model& model)
+    : model_(model), connectivity_(model), places_(model.elements.size()) {
+  for (const model::Section& section : model.sections) {
+    const model::SectionProperties properties = section::properties_of(section);
+    inertias_.push_back({properties.iyy, properties.izz});
+  }
+  for (const model::Element& element : model.elements) {
+    geometry_.push_back(geometry_of(model, element));
+  }
+  for (const model::Member& member : model.members) {
+    std::vector<std::size_t> elements;
+    for (const model::Number number : member.elements) {
+      elements.push_back(model.elements.position(number));
+    }
+    add(&member, std::move(elements));
+  }
+  for (std::size_t place = 0; place < model.elements.size(); ++place) {
+    if (connectivity_.member_of(model.elements[place].number) == nullptr) add(nullptr, {place});
+  }
+}
+
+void Stretches::add(const model::Member* member, std::vector<std::size_t> elements) {
+  Stretch stretch{.member = member, .elements = std::move(elements)};
+  model::Number node = start_of(model_, stretch.elements);
+  stretch.nodes[0] = node;
+  for (const std::size_t place : stretch.elements) {
+    const model::Element& element = model_.elements[place];
+    const std::size_t near = end_at(element, node);
+    if (place == stretch.elements.front()) stretch.ends[0] = {place, near};
+    const double length = geometry_[place].length;
+    const std::array<double, 2> stiffness = stiffness_of(place);
+    for (std::size_t axis = 0; axis < 2; ++axis)
+      stretch.stiffness[axis] += length * stiffness[axis];
+    Place& where = places_[place];
+    where.stretch = all_.size();
+    where.along[near] = stretch.length;
+    stretch.length += length;
+    where.along[1 - near] = stretch.length;
+    node = element.nodes[1 - near];
+    stretch.ends[1] = {place, 1 - near};
+  }
+  stretch.nodes[1] = node;
+  for (double& stiffness : stretch.stiffness) stiffness /= stretch.length;
+  all_.push_back(std::move(stretch));
+}
+
+std::array<double, 2> Stretches::stiffness_of(std::size_t element) const {
+  const model::Element& of = model_.elements[element];
+  const double e = model_.materials.find(of.material)->e;
+  const auto& [iyy, izz] = inertias_[model_.sections.position(of.section)];
+  return {e * iyy, e * izz};
+}
+
+Stretches::Arm Stretches::arm(const ElementEnd& at) const {
+  const Place& place = places_[at.element];
+  const Stretch& stretch = all_[place.stretch];
+  const double from = place.along[at.end];
+  if (place.along[1 - at.end] > from) return {&stretch, stretch.length - from, 1};
+  return {&stretch, from, 0};
+}
+
+Eigen::Vector3d Stretches::direction(std::size_t element, Axis axis) const {
+  return geometry_[element].axes.row(axis == Axis::y ? 1 : 2).transpose();
+}
+
+}  // namespace aluframe::members

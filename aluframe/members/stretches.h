@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "aluframe/members/straightness.h"
+#include "aluframe/model/members.h"
+
+namespace aluframe::members {
+
+/// The two axes of a section that bending turns about.
+enum class Axis : std::size_t { y, z };
+
+/// What ends at a node of a stretch: an element (its place in the table) and which of its ends.
+struct ElementEnd {
+  std::size_t element = 0;
+  std::size_t end = 0;
+};
+
+/// A member, or an element that belongs to none, as one bar. A member that the file names may be
+/// bent or change its section: its length is along its elements, its stiffness the mean over that
+/// length, its axes those of its first element.
+struct Stretch {
+  const model::Member* member = nullptr;  ///< null for a lone element
+  std::vector<std::size_t> elements;      ///< places in the table, from start to end
+  std::array<model::Number, 2> nodes{};   ///< start, end
+  std::array<ElementEnd, 2> ends{};       ///< what lies there
+  double length = 0.0;                    ///< mm
+  std::array<double, 2> stiffness{};      ///< E·I about y and z, N·mm²
+};
+
+/// All stretches of a model, members first, then lone elements, each in the order of the file. The
+/// model must be consistent, as its reader leaves it, and outlive the object.
+class Stretches {
+ public:
+  explicit Stretches(const model::Model& model);
+
+  const model::Model& model() const { return model_; }
+  const model::Connectivity& connectivity() const { return connectivity_; }
+  const std::vector<Stretch>& all() const { return all_; }
+  const analysis::Geometry& geometry(std::size_t element) const { return geometry_[element]; }
+
+  /// What of an element's stretch leads away from the node at one of its ends, through the element.
+  struct Arm {
+    const Stretch* stretch = nullptr;
+    double length = 0.0;      ///< mm, from the node to the end of the stretch
+    std::size_t far_end = 0;  ///< which end of the stretch that is
+  };
+  Arm arm(const ElementEnd& at) const;
+
+  /// Unit vector of an element's axis.
+  Eigen::Vector3d direction(std::size_t element, Axis axis) const;
+
+ private:
+  void add(const model::Member* member, std::vector<std::size_t> elements);
+  std::array<double, 2> stiffness_of(std::size_t element) const;
+
+  /// Where an element lies in its stretch.
+  struct Place {
+    std::size_t stretch = 0;
+    std::array<double, 2> along{};  ///< distance of its two ends from the stretch's start, mm
+  };
+
+  const model::Model& model_;
+  model::Connectivity connectivity_;
+  std::vector<analysis::Geometry> geometry_;
+  std::vector<std::array<double, 2>> inertias_;  ///< Iyy and Izz by the place of the section, mm⁴
+  std::vector<Stretch> all_;
+  std::vector<Place> places_;
+};
+
+}  // namespace aluframe::members
