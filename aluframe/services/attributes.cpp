@@ -247,11 +247,4 @@ UINT Attributes::GetShowElemByIncludeElem(UINT elem) const {
   return member == nullptr ? elem : member->elements.front();
 }
 
-int Attributes::member_length_factors(UINT elem, T_KFAC_D& out) const {
-  const model::Member* member = connectivity_.member_of(elem);
-  if (member == nullptr || !member->length_factors) return 0;
-  out = {member->length_factors->y, member->length_factors->z};
-  return 1;
-}
-
 }  // namespace aluframe::services

@@ -64,9 +64,6 @@ class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
   double GetMembTotalLength(UINT memb) const override;
   UINT GetShowElemByIncludeElem(UINT elem) const override;
 
-  /// Effective length factors that the model gives for the member of an element; nothing otherwise.
-  int member_length_factors(UINT elem, T_KFAC_D& out) const;
-
  private:
   const model::ElementDesign* design_of(UINT elem) const;
 

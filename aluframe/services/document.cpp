@@ -1,7 +1,10 @@
 #include "aluframe/services/document.h"
 
+#include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
+#include "aluframe/members/length_factors.h"
 #include "aluframe/model/units.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/text.h"
@@ -70,12 +73,13 @@ int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {
   return 1;
 }
 
-int GivenLengthFactors::Calc_KFactor(const CArray<UINT>& elems, int, int, int, CDgnDynData& out) {
+int FrameLengthFactors::Calc_KFactor(const CArray<UINT>& elems, int, int, int, CDgnDynData& out) {
   out.RemoveAllKFactors();
-  for (const UINT elem : elems) {
-    T_KFAC_D factors;
-    if (attributes_.member_length_factors(elem, factors) == 0) continue;
-    out.SetKFactor(attributes_.GetShowElemByIncludeElem(elem), factors);
+  const std::unordered_set<UINT> wanted(elems.begin(), elems.end());
+  for (const members::StretchFactors& factors : members::length_factors(model_)) {
+    const bool is_wanted = std::ranges::any_of(
+        factors.elements, [&wanted](model::Number element) { return wanted.contains(element); });
+    if (is_wanted) out.SetKFactor(factors.elements.front(), {factors.y.k, factors.z.k});
   }
   return 1;
 }

@@ -52,16 +52,19 @@ class DesignData : public CDgnDynData {
   std::unordered_map<UINT, T_KFAC_D> factors_;
 };
 
-/// Takes the length factors that the model gives for its members.
-class GivenLengthFactors : public CKFactor {
+/// Effective length factors of members and lone elements: those that the model gives for a member,
+/// else computed from its frame (aluframe/members/length_factors.h).
+class FrameLengthFactors : public CKFactor {
  public:
-  explicit GivenLengthFactors(const Attributes& attributes) : attributes_(attributes) {}
+  /// `model` must outlive the object.
+  explicit FrameLengthFactors(const model::Model& model) : model_(model) {}
   void SetIsAluDgn(int) override {}
+  /// Gives `out` the factors of what these elements belong to, by display key, and nothing else.
   int Calc_KFactor(const CArray<UINT>& elems, int option1, int option2, int option3,
                    CDgnDynData& out) override;
 
  private:
-  const Attributes& attributes_;
+  const model::Model& model_;
 };
 
 /// Where message boxes go.

@@ -80,7 +80,7 @@ Session::Session(const model::Model& model, SessionOptions options)
                 options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 
 std::unique_ptr<CKFactor> Session::CreateKFactor() {
-  return std::make_unique<GivenLengthFactors>(attributes_);
+  return std::make_unique<FrameLengthFactors>(model_);
 }
 
 std::unique_ptr<CDgnProgressDlg> Session::CreateProgressDlg() {

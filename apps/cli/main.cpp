@@ -9,6 +9,7 @@
 #include "apps/cli/analyse_command.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/members_command.h"
 #include "apps/cli/points_command.h"
 #include "apps/cli/report_command.h"
 #include "apps/cli/results_command.h"
@@ -132,6 +133,16 @@ void add_validate(CLI::App& app, InputOptions& options, int& status) {
   CLI::App* validate = app.add_subcommand("validate", "Check a model file for faults");
   add_input(*validate, options);
   validate->callback([&] { status = run_validate_command(options); });
+}
+
+void add_members(CLI::App& app, MembersOptions& options, int& status) {
+  CLI::App* members =
+      app.add_subcommand("members", "Show members, their lengths and effective length factors");
+  members->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  add_elements(*members, options.common);
+  add_parsed(*members, "--format", options.common.format, one_of(parse_format, "table, json, csv"),
+             "How to print: table, json or csv");
+  members->callback([&] { status = run_members_command(options); });
 }
 
 void add_points(CLI::App& app, PointsOptions& options, int& status) {
@@ -275,6 +286,7 @@ int run(int argc, char** argv) {
   CheckOptions check;
   ResultsOptions results;
   InputOptions validate;
+  MembersOptions members;
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
@@ -283,6 +295,7 @@ int run(int argc, char** argv) {
   add_analyse(app, analyse, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
+  add_members(app, members, status);
   add_points(app, points, status);
   add_report(app, report, status);
   add_settings(app, settings, status);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "aluframe/io/model_file.h"
+#include "aluframe/members/find_members.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/terminal.h"
 
@@ -36,13 +37,14 @@ std::variant<Input, std::string> load_input(const InputOptions& options) {
   auto read = io::read_model(options.model);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
   auto& model = std::get<model::Model>(read);
+  const std::size_t found = members::complete(model);
   if (options.forces) {
     const auto rows = io::read_forces_csv(*options.forces, model);
     if (const auto* problem = std::get_if<io::Problem>(&rows)) return problem->message();
   }
   if (options.second_order) model.analysis.second_order = true;
   std::string digest = io::model_digest(model);
-  return Input{std::move(model), std::move(digest)};
+  return Input{std::move(model), found, std::move(digest)};
 }
 
 Stop stop_of(const fs::path& file, const analysis::Problem& problem) {

@@ -25,9 +25,10 @@ struct InputOptions {
   bool second_order = false;                    ///< whatever the model says
 };
 
-/// A model as its file has it.
+/// A model as its file has it, and with the members that the file leaves to be found.
 struct Input {
   model::Model model;
+  std::size_t found_members = 0;  ///< of its members, those that the file leaves to be found
   /// Digest of what is to be checked: the model, its loads and the forces that it is given.
   std::string digest;
 };

@@ -28,15 +28,24 @@ std::string missing_forces(const model::Model& model) {
   return out;
 }
 
-void print_content(const std::string& file, const model::Model& model,
-                   const forces::Summary& computed) {
+/// "12 members", and how many of them the file leaves to be found.
+std::string count_of_members(const Input& input) {
+  const model::Model& model = input.model;
+  if (!model.finds_members) return fmt::format("{} members", model.members.size());
+  return fmt::format("{} members ({} found automatically)", model.members.size(),
+                     input.found_members);
+}
+
+void print_content(const std::string& file, const Input& input, const forces::Summary& computed) {
+  const model::Model& model = input.model;
   const auto design = std::ranges::count_if(
       model.combinations, [](const model::Combination& combination) { return combination.design; });
   fmt::print(
-      "{}: valid\n  {} nodes, {} elements, {} members, {} sections, {} materials, {} load cases, "
+      "{}: valid\n  {} nodes, {} elements, {}, {} sections, {} materials, {} load cases, "
       "{} combinations ({} for design)\n{}",
-      file, model.nodes.size(), model.elements.size(), model.members.size(), model.sections.size(),
-      model.materials.size(), model.load_cases.size(), model.combinations.size(), design,
+      file, model.nodes.size(), model.elements.size(), count_of_members(input),
+      model.sections.size(), model.materials.size(), model.load_cases.size(),
+      model.combinations.size(), design,
       computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
   if (computed.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }
@@ -49,13 +58,13 @@ int run_validate_command(const InputOptions& options) {
     print_message(*text);
     return exit_input_error;
   }
-  model::Model& model = std::get<Input>(loaded).model;
-  const auto computed = add_forces(options.model, model);
+  Input& input = std::get<Input>(loaded);
+  const auto computed = add_forces(options.model, input.model);
   if (const auto* stop = std::get_if<Stop>(&computed)) {
     print_message(stop->message);
     return stop->status;
   }
-  print_content(options.model.string(), model, std::get<forces::Summary>(computed));
+  print_content(options.model.string(), input, std::get<forces::Summary>(computed));
   return exit_done;
 }
 

@@ -3,13 +3,16 @@
 #include <utility>
 
 #include "aluframe/io/model_file.h"
+#include "aluframe/members/find_members.h"
 
 namespace aluframe::desktop {
 
 std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesystem::path& path) {
   auto read = io::read_model(path);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
-  return ModelDocument(path, std::get<model::Model>(std::move(read)));
+  auto& model = std::get<model::Model>(read);
+  members::complete(model);
+  return ModelDocument(path, std::move(model));
 }
 
 ModelDocument::ModelDocument(std::filesystem::path path, model::Model model)

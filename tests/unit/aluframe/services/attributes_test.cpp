@@ -118,15 +118,6 @@ TEST_F(AttributesTest, AMemberIsAsLongAsItsElements) {
   EXPECT_EQ(attributes_.GetMembTotalLength(7), 5000.0);
 }
 
-TEST_F(AttributesTest, LengthFactorsOfAMemberAreThoseOfTheModelOrNone) {
-  T_KFAC_D factors;
-  ASSERT_EQ(attributes_.member_length_factors(3, factors), 1);
-  EXPECT_EQ(factors.dKy, 0.8);
-  EXPECT_EQ(factors.dKz, 0.9);
-  EXPECT_EQ(attributes_.member_length_factors(1, factors), 0) << "its own are no member's";
-  EXPECT_EQ(attributes_.member_length_factors(99, factors), 0);
-}
-
 TEST_F(AttributesTest, ReleasesAndSupportsKeepTheHostsOrder) {
   T_FRLS_D releases;
   ASSERT_EQ(attributes_.GetFrlsElem(2, releases), 1);

@@ -95,12 +95,10 @@ class LengthFactorsTest : public testing::Test {
   void compute(std::initializer_list<UINT> elems) {
     CArray<UINT> keys;
     for (const UINT elem : elems) keys.Add(elem);
-    EXPECT_EQ(GivenLengthFactors(attributes_).Calc_KFactor(keys, 0, 0, 0, data_), 1);
+    EXPECT_EQ(FrameLengthFactors(model_).Calc_KFactor(keys, 0, 0, 0, data_), 1);
   }
 
   const model::Model model_ = sample_model();
-  const UnitScale scale_;
-  const Attributes attributes_{model_, scale_};
   DesignData data_;
 };
 
@@ -113,13 +111,40 @@ TEST_F(LengthFactorsTest, AMembersGivenFactorsStandUnderItsDisplayKey) {
   EXPECT_EQ(data_.GetKFactor(3, found), 0);
 }
 
-TEST_F(LengthFactorsTest, WhatBelongsToNoMemberHasNoFactors) {
-  compute({1, 4, 99});
+// Axial-only elements are hinged at both ends.
+TEST_F(LengthFactorsTest, WhatBelongsToNoMemberHasItsOwn) {
+  compute({1, 5, 99});
+  T_KFAC_D found;
+  ASSERT_EQ(data_.GetKFactor(1, found), 1);
+  EXPECT_EQ(found.dKy, 0.5);
+  EXPECT_EQ(found.dKz, 2.0);
+  ASSERT_EQ(data_.GetKFactor(5, found), 1);
+  EXPECT_EQ(found.dKy, 1.0);
+}
+
+TEST_F(LengthFactorsTest, WhatWasNotAskedForHasNone) {
+  compute({1, 99});
   T_KFAC_D found{5.0, 6.0};
-  EXPECT_EQ(data_.GetKFactor(1, found), 0);
+  EXPECT_EQ(data_.GetKFactor(2, found), 0);
   EXPECT_EQ(data_.GetKFactor(99, found), 0);
   EXPECT_EQ(data_.GetKFactor(0, found), 0);
   EXPECT_EQ(found.dKy, 5.0);
+}
+
+// The member of beams 2 and 3 ends at a tie, which holds no rotation. At the column it is released
+// about y, and about z held by the column, which lets it turn: K of two hinges about y, and about z
+// between 0.699 of a clamp and 1 of a hinge.
+TEST(ComputedLengthFactors, AreThoseOfTheFrame) {
+  const model::Model model = sample_with(R"(, "length_factors": { "y": 0.8, "z": 0.9 })", "");
+  CArray<UINT> keys;
+  keys.Add(3);
+  DesignData data;
+  ASSERT_EQ(FrameLengthFactors(model).Calc_KFactor(keys, 0, 0, 0, data), 1);
+  T_KFAC_D found;
+  ASSERT_EQ(data.GetKFactor(2, found), 1);
+  EXPECT_EQ(found.dKy, 1.0);
+  EXPECT_GT(found.dKz, 0.7);
+  EXPECT_LT(found.dKz, 0.99);
 }
 
 TEST_F(LengthFactorsTest, FactorsOfTheRunBeforeAreGone) {

@@ -150,7 +150,7 @@ TEST_F(SessionTest, ProgressTellsTheMonitorWhatIsDone) {
   EXPECT_EQ(session_.monitor().not_checked()[0].element, 4U);
 }
 
-TEST_F(SessionTest, LengthFactorsAreThoseThatTheModelGives) {
+TEST_F(SessionTest, LengthFactorsThatTheModelGivesGoFirst) {
   CArray<UINT> elems;
   elems.Add(3);
   ASSERT_EQ(session_.CreateKFactor()->Calc_KFactor(elems, 0, 0, 0, *session_.DgnDynData()), 1);

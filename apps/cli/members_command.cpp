@@ -1,0 +1,99 @@
+#include "apps/cli/members_command.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "aluframe/members/length_factors.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/run_input.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+std::vector<Column> columns(const model::Model& model) {
+  const std::string unit(model::name_of(model.units.length));
+  return {{.key = "member", .heading = "member"},
+          {.key = "name", .heading = "name"},
+          {.key = "elements", .heading = "elements"},
+          {.key = "origin", .heading = "origin"},
+          {.key = "length_" + unit, .heading = "length " + unit},
+          {.key = "ky", .heading = "Ky"},
+          {.key = "ky_source", .heading = "Ky from"},
+          {.key = "kz", .heading = "Kz"},
+          {.key = "kz_source", .heading = "Kz from"},
+          {.key = "own_factors", .heading = "own factors"}};
+}
+
+/// The elements of a member from its start to its end, as "1-3, 7".
+std::string in_order(const std::vector<model::Number>& elements) {
+  std::string text;
+  for (std::size_t first = 0; first < elements.size();) {
+    std::size_t last = first;
+    while (last + 1 < elements.size() && elements[last + 1] == elements[last] + 1) ++last;
+    text += fmt::format("{}{}", text.empty() ? "" : ", ", elements[first]);
+    if (last > first) text += fmt::format("-{}", elements[last]);
+    first = last + 1;
+  }
+  return text;
+}
+
+/// Elements of a member whose own factors the checks take in place of the member's.
+Cell own_factors(const model::Model& model, const members::StretchFactors& of) {
+  std::vector<model::Number> own;
+  for (const model::Number number : of.elements) {
+    if (model.elements.find(number)->design.length_factors) own.push_back(number);
+  }
+  if (of.elements.size() == 1 || own.empty()) return {};
+  return in_order(own);
+}
+
+std::string origin(const model::Model& model, const members::StretchFactors& of) {
+  if (of.member == nullptr) return "lone element";
+  return model.finds_members ? "found" : "file";
+}
+
+std::vector<Cell> row(const model::Model& model, const members::StretchFactors& of) {
+  std::vector<Cell> cells(2);
+  if (of.member != nullptr) {
+    cells[0] = std::int64_t{of.member->number};
+    if (!of.member->name.empty()) cells[1] = of.member->name;
+  }
+  const double unit = model::millimetres_per(model.units.length);
+  cells.insert(cells.end(), {in_order(of.elements), origin(model, of), of.length / unit, of.y.k,
+                             std::string(members::name_of(of.y.source)), of.z.k,
+                             std::string(members::name_of(of.z.source)), own_factors(model, of)});
+  return cells;
+}
+
+bool is_wanted(const members::StretchFactors& of, const NumberRanges& elements) {
+  return elements.empty() || std::ranges::any_of(of.elements, [&](model::Number element) {
+           return elements.contains(element);
+         });
+}
+
+}  // namespace
+
+int run_members_command(const MembersOptions& options) {
+  const auto loaded = load_model(options.model, std::nullopt);
+  if (const auto* problem = std::get_if<std::string>(&loaded)) {
+    print_message(*problem);
+    return exit_input_error;
+  }
+  const auto& model = std::get<model::Model>(loaded);
+  services::SessionOptions named;
+  if (const auto problem = limit(model, options.common, named)) {
+    print_message(*problem);
+    return exit_input_error;
+  }
+  OutputTable table{.columns = columns(model), .rows = {}};
+  for (const members::StretchFactors& of : members::length_factors(model)) {
+    if (is_wanted(of, options.common.elements)) table.rows.push_back(row(model, of));
+  }
+  fmt::print("{}", render(table, options.common.format, false));
+  return exit_done;
+}
+
+}  // namespace aluframe::cli

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+
+#include "apps/cli/common_options.h"
+
+namespace aluframe::cli {
+
+struct MembersOptions {
+  std::filesystem::path model;
+  CommonOptions common;
+};
+
+/// Shows every member and every element that belongs to none, with its length and effective length
+/// factors and where these come from; only those with one of the elements that the user names.
+/// @return the exit status
+int run_members_command(const MembersOptions& options);
+
+}  // namespace aluframe::cli
