@@ -77,17 +77,18 @@ bool is_wanted(const members::StretchFactors& of, const NumberRanges& elements) 
 }  // namespace
 
 int run_members_command(const MembersOptions& options) {
-  const auto loaded = load_model(options.model, std::nullopt);
+  const auto loaded = load_input({.model = options.model, .forces = std::nullopt});
   if (const auto* problem = std::get_if<std::string>(&loaded)) {
     print_message(*problem);
     return exit_input_error;
   }
-  const auto& model = std::get<model::Model>(loaded);
+  const auto& input = std::get<Input>(loaded);
   services::SessionOptions named;
-  if (const auto problem = limit(model, options.common, named)) {
-    print_message(*problem);
+  if (const auto problem = limit(input, options.common, named)) {
+    print_message(options.model.string() + ": " + *problem);
     return exit_input_error;
   }
+  const model::Model& model = input.model;
   OutputTable table{.columns = columns(model), .rows = {}};
   for (const members::StretchFactors& of : members::length_factors(model)) {
     if (is_wanted(of, options.common.elements)) table.rows.push_back(row(model, of));
