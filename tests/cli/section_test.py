@@ -9,6 +9,8 @@ from math import pi
 
 import pytest
 
+from conftest import ROOT
+
 SHAPES = ["H 300x150x8x12", "C 200x80x6x10", "T 180x120x8x10", "B 200x100x5x8", "P 100x5",
           "2C 200x80x6x10x12", "SR 50"]
 
@@ -152,6 +154,23 @@ def test_a_listed_profile_can_be_shown(aluframe):
     shown = aluframe.json("section", listed["name"])
     assert shown["formula"]["area"] == listed["area"]
     assert shown["source"] == listed["source"]
+
+
+def test_the_documented_catalogue_and_names_are_read(aluframe):
+    text = (ROOT / "docs" / "sections.md").read_text(encoding="utf-8")
+    aluframe.write(re.search(r"```csv\n(.*?)```", text, re.DOTALL).group(1), "mine.csv")
+    listed = aluframe.json("section", "--list", "--catalogue", "mine.csv")
+    assert [profile["name"] for profile in listed[:2]] == ["Mullion 60", "Handrail"]
+    # Handrail: nominal size 1 1/2, schedule 40
+    assert listed[1]["area"] == pytest.approx(
+        next(p["area"] for p in listed if p["name"] == "NPS 1 1/2 SCH 40"))
+
+
+def test_the_documented_output_is_what_is_shown(aluframe):
+    text = (ROOT / "docs" / "sections.md").read_text(encoding="utf-8")
+    shown = aluframe("section", "C 200x80x6x10").stdout
+    for part in re.search(r'x6x10"\n(C 200.*?)```', text, re.DOTALL).group(1).split("...\n"):
+        assert part in shown
 
 
 CATALOGUE = """name,shape,H,B,tw,tf1,unit,source

@@ -56,6 +56,30 @@ TEST(StandardProfiles, WeighWhatIsPublished) {
   check(standard_channels(), standard_i_beams().size());
 }
 
+// Aluminum Design Manual, pipe of 6061 in schedules 40 and 80, lb/ft to 0.001 (the largest to
+// 0.01).
+TEST(StandardProfiles, PipesWeighWhatIsPublished) {
+  constexpr struct {
+    const char* size;
+    double schedule_40, schedule_80;
+  } weights[] = {
+      {"1/2", 0.294, 0.376},   {"3/4", 0.391, 0.510},   {"1", 0.581, 0.751},
+      {"1 1/4", 0.786, 1.037}, {"1 1/2", 0.940, 1.256}, {"2", 1.264, 1.737},
+      {"2 1/2", 2.004, 2.650}, {"3", 2.621, 3.547},     {"3 1/2", 3.151, 4.326},
+      {"4", 3.733, 5.183},     {"5", 5.057, 7.188},     {"6", 6.564, 9.884},
+      {"8", 9.878, 15.01},
+  };
+  const auto weight = [](const std::string& name) {
+    const Profile* pipe = find_profile(name);
+    return pipe != nullptr ? area_in_square_inches(*pipe) * weight_per_area : 0.0;
+  };
+  for (const auto& [size, schedule_40, schedule_80] : weights) {
+    const std::string name = std::string("NPS ") + size;
+    EXPECT_NEAR(weight(name + " SCH 40"), schedule_40, 6e-4) << name;
+    EXPECT_NEAR(weight(name + " SCH 80"), schedule_80, schedule_80 > 10.0 ? 6e-3 : 6e-4) << name;
+  }
+}
+
 // Pipe of 2 in, schedule 40: π/4·(2.375² − 2.067²) = 1.07453 in², the published 1.07.
 TEST(StandardProfiles, PipesHaveTheAreaOfTheirRing) {
   const Profile* pipe = find_profile("NPS 2 SCH 40");
