@@ -140,6 +140,20 @@ class ProfileRows {
   std::size_t count_ = 0;
 };
 
+/// A name must not mean two things, and a profile must be a section.
+void require_usable(const catalogue::Profile& profile, const ProfileRows& reader,
+                    const std::vector<catalogue::Profile>& own) {
+  const std::string name = in_quotes(profile.name);
+  const auto other = std::ranges::find(own, profile.name, &catalogue::Profile::name);
+  if (other != own.end()) reader.fail(fmt::format("{} is given in {}", name, other->series));
+  if (std::holds_alternative<model::Section>(catalogue::section_named(profile.name))) {
+    reader.fail(fmt::format("{} names a section without a catalogue, choose another", name));
+  }
+  if (const auto problem = section::find_dimension_problem(section_of(profile))) {
+    reader.fail(fmt::format("{} cannot be built: {}", name, problem->text));
+  }
+}
+
 std::vector<catalogue::Profile> read_profiles(std::string_view text, const std::string& file,
                                               const std::vector<catalogue::Profile>& own) {
   require_utf8(text);
@@ -151,16 +165,11 @@ std::vector<catalogue::Profile> read_profiles(std::string_view text, const std::
   while (rows.next()) {
     catalogue::Profile profile = reader.profile();
     const auto [before, is_new] = lines.emplace(profile.name, rows.line());
-    const std::string name = in_quotes(profile.name);
-    if (!is_new) reader.fail(fmt::format("{} is given before, in line {}", name, before->second));
-    const auto other = std::ranges::find(own, profile.name, &catalogue::Profile::name);
-    if (other != own.end()) reader.fail(fmt::format("{} is given in {}", name, other->series));
-    if (std::holds_alternative<model::Section>(catalogue::section_named(profile.name))) {
-      reader.fail(fmt::format("{} names a section without a catalogue, choose another", name));
+    if (!is_new) {
+      reader.fail(
+          fmt::format("{} is given before, in line {}", in_quotes(profile.name), before->second));
     }
-    if (const auto problem = section::find_dimension_problem(section_of(profile))) {
-      reader.fail(fmt::format("{} cannot be built: {}", name, problem->text));
-    }
+    require_usable(profile, reader, own);
     out.push_back(std::move(profile));
   }
   if (out.empty()) throw Failure{"", "has no rows of profiles below the header"};

@@ -8,6 +8,7 @@
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/sketch.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/profile_list.h"
 #include "apps/cli/section_tables.h"
 #include "apps/cli/terminal.h"
 

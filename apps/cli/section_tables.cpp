@@ -19,10 +19,6 @@ using catalogue::Profile;
 using model::Section;
 using model::SectionProperties;
 
-/// Of aluminium in the catalogue of alloys, kg/m³.
-constexpr double density = 2700.0;
-constexpr double kg_per_m_of_mm2 = density * 1e-6;
-
 /// A constant with what the mesh gives for it.
 struct Value {
   const char* key;
@@ -46,7 +42,7 @@ double share(double formula, double mesh, double of) {
 std::vector<Value> values_of(const SectionProperties& p) {
   return {
       {"area", "A", "area", "mm2", p.area, {}},
-      {"mass", "m", "mass per metre", "kg/m", p.area * kg_per_m_of_mm2, {}},
+      {"mass", "m", "mass per metre", "kg/m", p.area * mass_per_area, {}},
       {"iyy", "Iyy", "second moment about y", "mm4", p.iyy, {}},
       {"izz", "Izz", "second moment about z", "mm4", p.izz, {}},
       {"radius_y", "iy", "radius of gyration", "mm", std::sqrt(p.iyy / p.area), {}},
@@ -92,15 +88,6 @@ std::string engineering(double value) {
 
 std::string per_cent(double value) {
   return fmt::format("{:.2f}", std::abs(value) < 0.005 ? 0.0 : value);
-}
-
-std::string dimensions_text(const Section& section) {
-  std::string text;
-  const auto names = model::dimension_names(section.shape);
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    text += fmt::format("{}{} {:.6g}", i == 0 ? "" : "  ", names[i], section.dimensions[i]);
-  }
-  return text;
 }
 
 const Profile* profile_of(const ShownSection& shown) {
@@ -162,7 +149,7 @@ std::string notes_on(const Section& section, bool on_mesh) {
       "  its width, V*(Q/b)/I is the shear stress\n"
       "  shear centre from the centroid, its difference in per cent of the larger side\n"
       "  formula: thin walls on their middle lines; mesh: finite elements, sharp corners\n",
-      density);
+      aluminium_density);
   if (has_radii(section))
     notes += "  corner radii r1, r2 count in A, Iyy, Izz and Qyb, not in the rest\n";
   if (!on_mesh) notes += "  the walls are too thin for the mesh\n";
@@ -192,7 +179,7 @@ std::string as_json(const ShownSection& shown, std::span<const Value> values,
   nlohmann::ordered_json out = {{"name", section.name},
                                 {"shape", model::name_of(section.shape)},
                                 {"source", source_of(shown)},
-                                {"density", density}};
+                                {"density", aluminium_density}};
   const auto names = model::dimension_names(section.shape);
   for (std::size_t i = 0; i < names.size(); ++i) {
     out["dimensions"][std::string(names[i])] = section.dimensions[i];
@@ -218,38 +205,16 @@ std::string as_csv(std::span<const Value> values, std::span<const Value> twist) 
   return to_csv(table);
 }
 
-/// The list as a table; its sources are told below it, once a series.
-OutputTable list_table(std::span<const Profile* const> profiles, Format format) {
-  OutputTable table;
-  table.columns = {{"name", "name"},
-                   {"shape", "shape"},
-                   {"dimensions", "dimensions, mm"},
-                   {"area", "A, mm2", 1},
-                   {"mass", "kg/m", 3}};
-  if (format != Format::table) table.columns.push_back({"source", "source"});
-  for (const Profile* profile : profiles) {
-    const Section section = section_of(*profile);
-    const double area = section::properties_of(section).area;
-    auto& row = table.rows.emplace_back();
-    row = {profile->name, std::string(model::name_of(profile->shape)), dimensions_text(section),
-           area, area * kg_per_m_of_mm2};
-    if (format != Format::table) row.emplace_back(profile->source);
-  }
-  return table;
-}
+}  // namespace
 
-std::string sources_text(std::span<const Profile* const> profiles) {
+std::string dimensions_text(const Section& section) {
   std::string text;
-  std::string told;
-  for (const Profile* profile : profiles) {
-    if (profile->source == told) continue;
-    told = profile->source;
-    text += fmt::format("  {}: {}\n", profile->series, told);
+  const auto names = model::dimension_names(section.shape);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    text += fmt::format("{}{} {:.6g}", i == 0 ? "" : "  ", names[i], section.dimensions[i]);
   }
   return text;
 }
-
-}  // namespace
 
 std::string section_text(const ShownSection& shown, Format format) {
   const SectionProperties properties = section::properties_of(shown.section);
@@ -258,21 +223,6 @@ std::string section_text(const ShownSection& shown, Format format) {
   if (format == Format::json) return as_json(shown, values, twist);
   if (format == Format::csv) return as_csv(values, twist);
   return as_text(shown, values, twist);
-}
-
-std::string profile_list(const std::vector<Profile>& own, std::optional<model::Shape> shape,
-                         Format format) {
-  std::vector<const Profile*> chosen;
-  for (const std::span<const Profile> part :
-       {std::span<const Profile>(own), catalogue::profiles()}) {
-    for (const Profile& profile : part) {
-      if (!shape || profile.shape == *shape) chosen.push_back(&profile);
-    }
-  }
-  const std::string table = render(list_table(chosen, format), format, false);
-  if (format != Format::table) return table;
-  return fmt::format("{}\n{} profiles; mass with a density of {:g} kg/m3\n{}", table, chosen.size(),
-                     density, sources_text(chosen));
 }
 
 }  // namespace aluframe::cli

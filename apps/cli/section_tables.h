@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,13 @@
 #include "apps/cli/output_table.h"
 
 namespace aluframe::cli {
+
+/// Of the alloys of GB 50429-2007, kg/m³; kg/m of one mm².
+inline constexpr double aluminium_density = 2700.0;
+inline constexpr double mass_per_area = aluminium_density * 1e-6;
+
+/// "H 300  B1 150  tw 8", in mm.
+std::string dimensions_text(const model::Section& section);
 
 /// One section to be shown.
 struct ShownSection {
@@ -19,9 +25,5 @@ struct ShownSection {
 
 /// Dimensions, sketch and constants, and torsion and warping by formula and on the mesh.
 std::string section_text(const ShownSection& shown, Format format);
-
-/// The user's profiles and the standard ones, of one shape or of all.
-std::string profile_list(const std::vector<catalogue::Profile>& own,
-                         std::optional<model::Shape> shape, Format format);
 
 }  // namespace aluframe::cli
