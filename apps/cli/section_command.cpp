@@ -45,8 +45,8 @@ bool draw(const std::filesystem::path& file, const model::Section& section) {
   return !stream.fail();
 }
 
-int show(const SectionOptions& options, const std::vector<Profile>& own) {
-  const auto named = io::named_section(*options.name, own);
+int show(const SectionOptions& options, const std::string& name, const std::vector<Profile>& own) {
+  const auto named = io::named_section(name, own);
   if (const auto* text = std::get_if<std::string>(&named)) {
     print_message("NAME: " + *text);
     return exit_input_error;
@@ -71,7 +71,7 @@ int run_section_command(const SectionOptions& options) {
   }
   const auto own = own_profiles(options);
   if (!own) return exit_input_error;
-  return options.list ? list(options, *own) : show(options, *own);
+  return options.name ? show(options, *options.name, *own) : list(options, *own);
 }
 
 }  // namespace aluframe::cli

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <span>
 
 #include "aluframe/section/second_computation.h"
@@ -27,7 +28,7 @@ struct Value {
   const char* unit;
   double value;
   std::optional<double> mesh;
-  std::optional<double> difference = {};  ///< of the formula from the mesh, per cent
+  std::optional<double> difference = std::nullopt;  ///< of the formula from the mesh, per cent
 };
 
 double extent(const std::array<double, 4>& points, bool largest) {
