@@ -56,7 +56,7 @@ std::string profile_list(const std::vector<Profile>& own, std::optional<model::S
       if (!shape || profile.shape == *shape) chosen.push_back(&profile);
     }
   }
-  const std::string table = render(list_table(chosen, format), format, false);
+  std::string table = render(list_table(chosen, format), format, false);
   if (format != Format::table) return table;
   return fmt::format("{}\n{} profiles; mass with a density of {:g} kg/m3\n{}", table, chosen.size(),
                      aluminium_density, sources_text(chosen));
