@@ -33,21 +33,22 @@ bool sways(const Stretches& stretches, const Stretch& stretch, const Eigen::Vect
 
 LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis axis) {
   const Axis other = axis == Axis::y ? Axis::z : Axis::y;
+  const Stretch line = stretches.line_of(stretch);
   const Eigen::Vector3d moves = stretches.direction(stretch.elements.front(), other);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};
-  if (is_free_end(stretches, stretch, 0, moves) || is_free_end(stretches, stretch, 1, moves)) {
+  if (is_free_end(stretches, line, 0, moves) || is_free_end(stretches, line, 1, moves)) {
     buckling = Buckling::cantilever;
     factor.source = FactorSource::cantilever;
-  } else if (sways(stretches, stretch, moves)) {
+  } else if (sways(stretches, line, moves)) {
     buckling = Buckling::sway;
     factor.source = FactorSource::sway;
   }
   for (const std::size_t end : {0U, 1U}) {
-    factor.g[end] = end_ratio(stretches, stretch, end, axis, buckling);
+    factor.g[end] = end_ratio(stretches, line, end, axis, buckling);
   }
   const auto solve = buckling == Buckling::non_sway ? non_sway_factor : sway_factor;
-  factor.k = solve(factor.g[0], factor.g[1]);
+  factor.k = solve(factor.g[0], factor.g[1]) * line.length / stretch.length;
   return factor;
 }
 

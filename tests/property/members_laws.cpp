@@ -122,6 +122,14 @@ RC_GTEST_PROP(LengthFactorLaws, FactorsDoNotDependOnHowColumnsAreDivided, ()) {
     RC_ASSERT(std::abs(of_split[i].y.k - of_whole[i].y.k) < 1e-9);
     RC_ASSERT(std::abs(of_split[i].z.k - of_whole[i].z.k) < 1e-9);
   }
+  // Without members the two parts of a column have its buckling length still.
+  split.model().members = {};
+  for (const StretchFactors& part : length_factors(split.model())) {
+    const std::size_t column = (part.elements[0] - 1) % 10;
+    if (part.elements[0] > 20) continue;  // beams
+    const double expected = of_whole[column].y.k * of_whole[column].length;
+    RC_ASSERT(std::abs(part.y.k * part.length / expected - 1.0) < 1e-9);
+  }
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ TEST(DocumentedExample, HasTheStructureItDescribes) {
   EXPECT_EQ(model.nodes[1], (model::Node{.number = 2, .name = "", .x = 0, .y = 0, .z = 3600}));
   ASSERT_EQ(model.elements.size(), 1U);
   EXPECT_THAT(model.elements[0].nodes, ElementsAre(1, 2));
-  ASSERT_EQ(model.supports.size(), 1U);
+  ASSERT_EQ(model.supports.size(), 2U);
   EXPECT_THAT(model.supports[0].restrained, ElementsAre(true, true, true, false, false, true));
 }
 
@@ -281,6 +281,20 @@ TEST(Members, HaveTheirElementsAndLengthFactors) {
   EXPECT_EQ(model.members[0].name, "Post");
   EXPECT_THAT(model.members[0].elements, ElementsAre(1, 2));
   EXPECT_EQ(model.members[0].length_factors, (model::ElementDesign::AxisPair{0.7, 1.0}));
+}
+
+TEST(Members, AreToBeFoundOnlyWhenTheFileHasNoListOfThem) {
+  const std::string named = R"("members": [{"number": 1, "elements": [1, 2]}],)";
+  EXPECT_FALSE(model_of(small_model).finds_members);
+  EXPECT_FALSE(model_of(replaced(small_model, named, R"("members": [],)")).finds_members);
+  EXPECT_TRUE(model_of(replaced(small_model, named, "")).finds_members);
+}
+
+TEST(FrameSettings, TakeLengthFactorsAsOneWhenTheFileSaysSo) {
+  const model::Model asking = model_of(
+      replaced(small_model, R"("braced_a": true)", R"("braced_a": true, "length_factors": "one")"));
+  EXPECT_EQ(asking.frame->length_factors, model::LengthFactors::one);
+  EXPECT_EQ(model_of(small_model).frame->length_factors, model::LengthFactors::computed);
 }
 
 TEST(LoadCases, AreOfTheKindThatTheFileGives) {

@@ -222,6 +222,23 @@ TEST(Cantilever, IsOneOnlyAboutTheAxisThatItsTipMovesAbout) {
   EXPECT_EQ(factors_of(frame, 1).z.source, FactorSource::non_sway) << "held along Y";
 }
 
+// Two elements of 3 m and 2 m, in no member together: the mast of 5 m buckles as one.
+TEST(Cantilever, OfTwoSectionsBucklesAsOne) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 5).beam(2, 2, 3).fixed(1);
+  frame.with(2, [](Element& upper) { upper.section = 2; });
+  EXPECT_NEAR(factors_of(frame, 1).y.k, 2.0 * 5 / 3, exact);
+  EXPECT_NEAR(factors_of(frame, 2).y.k, 2.0 * 5 / 2, exact);
+}
+
+TEST(Column, EndsAtAHingeWithinItsLine) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 5).beam(2, 2, 3).fixed(1).hinged(3).braced(true, true);
+  frame.release(2, {my_start});
+  EXPECT_EQ(factors_of(frame, 1).y.g[1], hinge);
+  EXPECT_EQ(factors_of(frame, 2).y.k, 1.0);
+}
+
 // A tip that moves but does not turn: the sway mode between clamps.
 TEST(Cantilever, WithAGuidedTipHasItsLength) {
   FrameBuilder frame = column();
