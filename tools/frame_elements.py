@@ -4,8 +4,8 @@ Units N and mm. Local axes: x from start to end, y parallel to the section's fla
 web; docs/sign-convention.md has the picture. Twelve-entry vectors hold, for the start and then the
 end, three forces and three moments acting ON the element, right-handed about x, y, z.
 
-Beams are Euler-Bernoulli beams (no shear deformation) with axial force, bending in two planes and
-St-Venant torsion; truss elements carry axial force only.
+Beams have axial force, bending in two planes with shear flexibility (Timoshenko) and St-Venant
+torsion; truss elements carry axial force only.
 """
 
 import math
@@ -37,6 +37,8 @@ class Bar:
     g: float  # shear modulus, N/mm²
     expansion: float  # 1/K
     mass: float  # kg/mm
+    ay: float = 0.0  # area that a shear force along y deforms, mm²; 0: rigid in shear
+    az: float = 0.0  # the same along z
     beta: float = 0.0  # degrees, right-handed about x
     truss: bool = False
     released: tuple[int, ...] = field(default=())  # places in the 12 end forces
@@ -81,9 +83,15 @@ def elastic_stiffness(bar: Bar, length: float) -> Matrix:
     add_spring(k, 0, bar.e * bar.area / length)
     if not bar.truss:
         add_spring(k, 3, bar.g * bar.it / length)
-        add_bending(k, (1, 5, 7, 11), bar.e * bar.izz, length, 1.0)
-        add_bending(k, (2, 4, 8, 10), bar.e * bar.iyy, length, -1.0)
+        ei_y, ei_z = bar.e * bar.iyy, bar.e * bar.izz
+        add_bending(k, (1, 5, 7, 11), ei_z, length, shear_ratio(ei_z, bar.g * bar.ay, length), 1.0)
+        add_bending(k, (2, 4, 8, 10), ei_y, length, shear_ratio(ei_y, bar.g * bar.az, length), -1.0)
     return k
+
+
+def shear_ratio(ei: float, shear_stiffness: float, length: float) -> float:
+    """Deflection by shear against that by bending, between clamped ends: 12·EI/(G·As·L²)."""
+    return 12 * ei / (shear_stiffness * length**2) if shear_stiffness > 0.0 else 0.0
 
 
 def add_spring(k: Matrix, place: int, stiffness: float) -> None:
@@ -92,10 +100,13 @@ def add_spring(k: Matrix, place: int, stiffness: float) -> None:
     k[place][other] = k[other][place] = -stiffness
 
 
-def add_bending(k: Matrix, places: tuple[int, ...], ei: float, length: float, sign: float) -> None:
-    """One bending plane; `sign` is that of the slope dv/dx as a right-handed rotation."""
-    shear, mixed = 12 * ei / length**3, sign * 6 * ei / length**2
-    near, far = 4 * ei / length, 2 * ei / length
+def add_bending(k: Matrix, places: tuple[int, ...], ei: float, length: float, phi: float,
+                sign: float) -> None:
+    """One bending plane with the shear ratio phi (Przemieniecki, Theory of Matrix Structural
+    Analysis, ch. 5); `sign` is that of the slope dv/dx as a right-handed rotation."""
+    soft = ei / (1 + phi)
+    shear, mixed = 12 * soft / length**3, sign * 6 * soft / length**2
+    near, far = (4 + phi) * soft / length, (2 - phi) * soft / length
     block = [
         [shear, mixed, -shear, mixed],
         [mixed, near, -mixed, far],
@@ -108,7 +119,11 @@ def add_bending(k: Matrix, places: tuple[int, ...], ei: float, length: float, si
 
 
 def clamped_forces(bar: Bar, length: float, load: SpanLoad) -> Vector:
-    """End forces of the element with both ends held, under the load between them."""
+    """End forces of the element with both ends held, under the load between them.
+
+    Those of a uniform load do not depend on the shear flexibility: nothing turns its ends, and the
+    load is symmetric.
+    """
     thermal = bar.e * bar.area * load.strain
     forces = [thermal, 0.0, 0.0, 0.0, 0.0, 0.0, -thermal, 0.0, 0.0, 0.0, 0.0, 0.0]
     if bar.truss:

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Writes the model files in examples/ from their compact descriptions in tools/example_models.
 
-The element forces are those of tools/frame_analysis.py. The same files come out on every run.
+Their load cases carry loads, from which the program computes the forces; where a file stands for one
+with the forces of another program, they are those of tools/frame_analysis.py. The same files come out
+on every run.
 """
 
 import argparse
@@ -15,10 +17,17 @@ from model_text import model_text
 EXAMPLES_FOLDER = Path(__file__).resolve().parent.parent / "examples"
 
 
+def with_forces_for_loads(model: dict) -> dict:
+    """The model with the forces that follow from its loads, and without these."""
+    cases = [{name: case[name] for name in ("number", "name", "kind")}
+             for case in model["load_cases"]]
+    return model | {"load_cases": cases, "forces": forces_of(model)}
+
+
 def example_text(name: str) -> str:
     builder = EXAMPLES[name]()
     model = builder.model()
-    return model_text(model | {"forces": forces_of(model, builder.loads())})
+    return model_text(with_forces_for_loads(model) if builder.imported_forces else model)
 
 
 def write_all(folder: Path) -> None:

@@ -2,7 +2,7 @@
 
 Sections are taken as sharp-cornered rectangles: corner radii are neglected. y is parallel to the
 flanges, z runs up the web; the product of inertia is neglected, so y and z are taken as principal
-axes. Lengths are in the unit of the dimensions.
+axes. Torsion is that of thin walls along their middle lines. Lengths are in the unit of the dimensions.
 """
 
 import math
@@ -32,20 +32,20 @@ class Plate:
     def area(self) -> float:
         return self.width * self.height
 
-    @property
-    def torsion(self) -> float:
-        """b·t³/3 of a thin strip."""
-        return max(self.width, self.height) * min(self.width, self.height) ** 3 / 3
+
+def open_torsion(*walls: tuple[float, float]) -> float:
+    """Σ l·t³/3 of thin walls, each the length of its middle line and its thickness."""
+    return sum(length * thickness**3 / 3 for length, thickness in walls)
 
 
-def of_plates(plates: list[Plate], it: float | None = None) -> Properties:
-    """Sums rectangles about their common centroid. Without `it` the section is open: Σ b·t³/3."""
+def of_plates(plates: list[Plate], it: float) -> Properties:
+    """Sums rectangles about their common centroid."""
     area = sum(p.area for p in plates)
     y0 = sum(p.area * p.y for p in plates) / area
     z0 = sum(p.area * p.z for p in plates) / area
     iyy = sum(p.width * p.height**3 / 12 + p.area * (p.z - z0) ** 2 for p in plates)
     izz = sum(p.height * p.width**3 / 12 + p.area * (p.y - y0) ** 2 for p in plates)
-    return Properties(area, sum(p.torsion for p in plates) if it is None else it, iyy, izz)
+    return Properties(area, it, iyy, izz)
 
 
 def i_shape(d: dict[str, float]) -> Properties:
@@ -55,17 +55,18 @@ def i_shape(d: dict[str, float]) -> Properties:
         Plate(d["B1"], d["tf1"], 0, d["H"] - d["tf1"] / 2),
         Plate(d["tw"], web, 0, tf2 + web / 2),
         Plate(b2, tf2, 0, tf2 / 2),
-    ])
+    ], open_torsion((d["B1"], d["tf1"]), (b2, tf2), (d["H"] - (d["tf1"] + tf2) / 2, d["tw"])))
 
 
 def channel(d: dict[str, float]) -> Properties:
     tf2, b2 = d.get("tf2", d["tf1"]), d.get("B2", d["B1"])
-    web = d["H"] - d["tf1"] - tf2
+    web, half = d["H"] - d["tf1"] - tf2, d["tw"] / 2
     return of_plates([
         Plate(d["B1"], d["tf1"], d["B1"] / 2, d["H"] - d["tf1"] / 2),
-        Plate(d["tw"], web, d["tw"] / 2, tf2 + web / 2),
+        Plate(d["tw"], web, half, tf2 + web / 2),
         Plate(b2, tf2, b2 / 2, tf2 / 2),
-    ])
+    ], open_torsion((d["B1"] - half, d["tf1"]), (b2 - half, tf2),
+                    (d["H"] - (d["tf1"] + tf2) / 2, d["tw"])))
 
 
 def tee(d: dict[str, float]) -> Properties:
@@ -73,7 +74,7 @@ def tee(d: dict[str, float]) -> Properties:
     return of_plates([
         Plate(d["B"], d["tf"], 0, d["H"] - d["tf"] / 2),
         Plate(d["tw"], web, 0, web / 2),
-    ])
+    ], open_torsion((d["B"], d["tf"]), (d["H"] - d["tf"] / 2, d["tw"])))
 
 
 def box(d: dict[str, float]) -> Properties:
@@ -101,7 +102,8 @@ def double_channel(d: dict[str, float]) -> Properties:
             Plate(tw, web, web_y, tf + web / 2),
             Plate(d["B"], tf, flange_y, tf / 2),
         ]
-    return of_plates(plates)
+    flange = (d["B"] - tw / 2, tf)
+    return of_plates(plates, 2 * open_torsion(flange, flange, (d["H"] - tf, tw)))
 
 
 def round_shape(outer: float, inner: float) -> Properties:

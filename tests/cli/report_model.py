@@ -1,11 +1,16 @@
 """What a report must say of its model, worked out from the model file alone.
 
-The rules are written down here a second time, plainly, for models in kN, m and mm with given forces.
+The rules are written down here a second time, plainly, for models in kN, m and mm. Where a model gives loads
+in place of forces, these come from the analysis in tools/frame_analysis.py.
 """
 
 import math
 
 from report_reader import POSITIONS
+from tool_runner import TOOLS  # noqa: F401 - makes the tools known
+
+from frame_analysis import analyse_model
+from frame_loads import has_loads
 
 KILO = 1000.0  # kN to N, and m to mm
 
@@ -31,7 +36,16 @@ class ModelFacts:
         self.materials = self._by_number("materials")
         self.cases = self._by_number("load_cases")
         self.combinations = self._by_number("combinations")
-        self.forces = {(row["element"], row["case"]): row["values"] for row in model["forces"]}
+        self.forces = self._forces_under_loads()
+        self.forces |= {(row["element"], row["case"]): row["values"] for row in model.get("forces", [])}
+
+    def _forces_under_loads(self):
+        if not any(map(has_loads, self.cases.values())):
+            return {}
+        frame, results = analyse_model(self.model)
+        return {(bar.number, case): [[v / (KILO if i < 3 else KILO**2) for i, v in enumerate(row)]
+                                     for row in result.forces[place]]
+                for case, result in results.items() for place, bar in enumerate(frame.bars)}
 
     def _by_number(self, name):
         return {entry["number"]: entry for entry in self.model.get(name, [])}

@@ -9,16 +9,17 @@ from tool_runner import run
 from frame_analysis import forces_of
 from frame_elements import FrameError
 from section_properties import properties_of
+from shear_areas import shear_areas_of
 
 AREA, IT, IYY, IZZ = 2000.0, 3e6, 8e6, 2e6
 E, G, DENSITY = 70000.0, 70000.0 / 2.6, 2.7e-6
 
-CANTILEVER = [{"node": 1, "restrained": ["all"]}]
+CANTILEVER = [{"node": 1, "restrained": "all"}]
 SIMPLE = [
     {"node": 1, "restrained": ["Dx", "Dy", "Dz", "Rx"]},
     {"node": 2, "restrained": ["Dy", "Dz"]},
 ]
-CLAMPED = [{"node": 1, "restrained": ["all"]}, {"node": 2, "restrained": ["all"]}]
+CLAMPED = [{"node": 1, "restrained": "all"}, {"node": 2, "restrained": "all"}]
 DOWN = {"span": [{"elements": [1], "direction": "Z", "value": -6.0}]}  # kN/m
 
 
@@ -32,7 +33,6 @@ def frame(points, elements, supports):
         "supports": supports,
         "elements": [{"number": i, "nodes": list(ends), "section": 1, "material": 1, **more}
                      for i, (ends, more) in enumerate(elements, 1)],
-        "load_cases": [{"number": 1}],
     }
 
 
@@ -42,7 +42,11 @@ def beam(supports, end=(4, 0, 0), **more):
 
 def solve(model, loads):
     """Rows of forces by element number."""
-    return {f["element"]: f["values"] for f in forces_of(model, [{"case": 1, **loads}])}
+    return {f["element"]: f["values"] for f in forces_of(loaded(model, loads))}
+
+
+def loaded(model, loads):
+    return model | {"load_cases": [{"number": 1, **loads}]}
 
 
 def near(*expected):
@@ -142,6 +146,34 @@ def test_a_held_element_that_warms_up_is_compressed():
     assert column(rows, "N") == near(*[-96.6] * 5)
 
 
+def test_a_load_per_projected_length_is_less_on_a_slope():
+    snow = {"span": [{"elements": [1], "direction": "Z", "projected": True, "value": -6.0}]}
+    rows = solve(beam(SIMPLE, end=(4, 0, 3)), snow)[1]
+    # 24 kN on 4 m seen from above; moments as those of a level beam of that span.
+    assert column(rows, "My") == near(0, 9, 12, 9, 0)
+
+
+def test_the_weight_may_act_sideways():
+    rows = solve(beam(SIMPLE), {"self_weight": {"Y": 0.5}})[1]
+    # −qL²/8 with half of the weight: the side y > 0 is in tension.
+    q = 0.5 * AREA * DENSITY * 9.80665  # kN/m
+    assert column(rows, "Mz") == near(0, -1.5 * q, -2 * q, -1.5 * q, 0)
+
+
+def test_a_propped_deep_beam_leaves_more_to_its_prop_because_shear_deforms_it():
+    pipe = {"number": 1, "shape": "P", "dimensions": {"D": 300, "t": 10}}
+    supports = [CANTILEVER[0], {"node": 2, "restrained": ["Dz"]}]
+    model = beam(supports, end=(1, 0, 0)) | {"sections": [pipe]}
+    rows = solve(model, DOWN)[1]
+    # Deflections of the free end, with half of the pipe's area in shear:
+    # q·L⁴/(8·EI) + q·L²/(2·G·As) = R·(L³/(3·EI) + L/(G·As)).
+    ei = E * math.pi / 64 * (300**4 - 280**4)
+    ga = G * math.pi / 4 * (300**2 - 280**2) / 2
+    prop = 6 * (1000**4 / (8 * ei) + 1000**2 / (2 * ga)) / (1000**3 / (3 * ei) + 1000 / ga) / 1000
+    assert prop > 2.25 * 1.04  # 3/8·q·L without shear flexibility: the effect is not small
+    assert rows[4][2] == pytest.approx(-prop, abs=2e-6)
+
+
 def test_a_bent_cantilever_twists_its_first_leg():
     model = frame([(0, 0, 0), (2, 0, 0), (2, 1, 0)], [((1, 2), {}), ((2, 3), {})], CANTILEVER)
     rows = solve(model, {"nodal": [{"nodes": [3], "Fz": -5}]})
@@ -152,7 +184,7 @@ def test_a_bent_cantilever_twists_its_first_leg():
 
 def test_two_elements_in_a_row_share_moments_by_their_stiffness():
     points = [(0, 0, 0), (2, 0, 0), (6, 0, 0)]
-    supports = [{"node": 1, "restrained": ["all"]}, {"node": 3, "restrained": ["all"]},
+    supports = [{"node": 1, "restrained": "all"}, {"node": 3, "restrained": "all"},
                 {"node": 2, "restrained": ["Dx", "Dy", "Dz"]}]
     model = frame(points, [((1, 2), {}), ((2, 3), {})], supports)
     rows = solve(model, {"nodal": [{"nodes": [2], "My": 9}]})
@@ -228,6 +260,44 @@ def test_section_properties_match_hand_calculation(shape, dimensions, expected):
     assert (found.area, found.iyy, found.izz) == pytest.approx(expected, rel=1e-8)
 
 
+@pytest.mark.parametrize("shape, dimensions, expected", [
+    # Σ l·t³/3 along middle lines, by hand: flanges 100 × 10, web 190 × 6.
+    ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10}, (2 * 100 * 1000 + 190 * 216) / 3),
+    # Flanges 100 × 10 and 60 × 8, web 191 × 6.
+    ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10, "B2": 60, "tf2": 8},
+     (100 * 1000 + 60 * 512 + 191 * 216) / 3),
+    # Flange 60 × 10, web 55 × 10.
+    ("T", {"H": 60, "B": 60, "tw": 10, "tf": 10}, (60 + 55) * 1000 / 3),
+    # Flanges 47 × 10 to the middle of the web, web 90 × 6.
+    ("C", {"H": 100, "B1": 50, "tw": 6, "tf1": 10}, (2 * 47 * 1000 + 90 * 216) / 3),
+    ("2C", {"H": 100, "B": 50, "tw": 6, "tf": 10, "C": 20}, 2 * (2 * 47 * 1000 + 90 * 216) / 3),
+])
+def test_an_open_section_twists_as_its_thin_walls(shape, dimensions, expected):
+    found = properties_of({"number": 1, "shape": shape, "dimensions": dimensions})
+    assert found.it == pytest.approx(expected, rel=1e-12)
+
+
+@pytest.mark.parametrize("shape, dimensions, expected", [
+    # Along y: 5/6 of the flanges; along z: the web over 190 mm.
+    ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10}, (5 / 6 * 2000, 1140)),
+    ("C", {"H": 100, "B1": 48, "tw": 6, "tf1": 10}, (800, 540)),
+    ("2C", {"H": 100, "B": 48, "tw": 6, "tf": 10, "C": 20}, (1600, 1080)),
+    ("T", {"H": 60, "B": 60, "tw": 10, "tf": 10}, (500, 500)),
+    # Walls along middle lines: 2·5·56, 2·4·95.
+    ("B", {"H": 100, "B": 60, "tw": 4, "tf1": 5}, (560, 760)),
+    # Half of π/4·(100² − 80²); 0.9 of π·10².
+    ("P", {"D": 100, "t": 10}, (450 * math.pi, 450 * math.pi)),
+    ("SR", {"D": 20}, (90 * math.pi, 90 * math.pi)),
+])
+def test_shear_areas_match_hand_calculation(shape, dimensions, expected):
+    found = shear_areas_of({"number": 1, "shape": shape, "dimensions": dimensions})
+    assert found == pytest.approx(expected, rel=1e-12)
+
+
+def test_a_section_of_given_properties_is_rigid_in_shear():
+    assert shear_areas_of(frame([(0, 0, 0)], [], [])["sections"][0]) == (0, 0)
+
+
 def test_a_square_box_twists_by_bredt():
     found = properties_of({"number": 1, "shape": "B",
                            "dimensions": {"H": 100, "B": 100, "tw": 5, "tf1": 5}})
@@ -239,32 +309,39 @@ def test_a_square_box_twists_by_bredt():
 
 
 def test_frame_analysis_writes_a_model_with_forces(tmp_path):
-    (tmp_path / "beam.json").write_text(json.dumps(beam(SIMPLE)), encoding="utf-8")
-    loads = {"cases": [{"case": 1, **DOWN}]}
-    (tmp_path / "loads.json").write_text(json.dumps(loads), encoding="utf-8")
-    run("frame_analysis.py", tmp_path / "beam.json", "--loads", tmp_path / "loads.json",
-        "--output", tmp_path / "out.json")
+    (tmp_path / "beam.json").write_text(json.dumps(loaded(beam(SIMPLE), DOWN)), encoding="utf-8")
+    run("frame_analysis.py", tmp_path / "beam.json", "--output", tmp_path / "out.json")
     model = json.loads((tmp_path / "out.json").read_text(encoding="utf-8"))
     assert model["forces"][0]["values"][2] == near(0, 0, 0, 0, 12, 0)
+    assert model["load_cases"] == [{"number": 1, **DOWN}]
 
 
 def test_frame_analysis_works_in_the_units_of_the_file(tmp_path):
     model = beam(SIMPLE, end=(4000, 0, 0)) | {"units": {"force": "N", "length": "mm"}}
-    rows = solve(model, {"span": [{"elements": [1], "direction": "Z", "value": -6.0}]})[1]
+    rows = solve(model, {"span": [{"elements": "all", "direction": "Z", "value": -6.0}]})[1]
     # 6 N/mm on 4000 mm: wL²/8.
     assert rows[2][4] == pytest.approx(12e6, abs=1)
 
 
 @pytest.mark.parametrize("loads, message", [
-    ({"cases": [{"case": 9}]}, "load case 9 does not exist"),
-    ({"cases": [{"case": 1, "nodal": [{"nodes": [7], "Fz": 1}]}]}, "node 7 does not exist"),
-    ({"cases": [{"case": 1, "span": [{"elements": [1], "direction": "up", "value": 1}]}]},
-     "direction 'up'"),
+    ({"nodal": [{"nodes": [7], "Fz": 1}]}, "node 7 does not exist"),
+    ({"span": [{"elements": [1], "direction": "up", "value": 1}]}, "direction 'up'"),
+    ({"points": [{"elements": [1], "direction": "Z", "at": 0.5, "force": 1}]},
+     "load case 1: loads of the kind 'points'"),
+    ({"span": [{"elements": [1], "direction": "Z", "from": 0.5, "value": 1}]},
+     "load case 1: 'from' of span loads"),
 ])
 def test_frame_analysis_says_what_is_wrong_with_loads(tmp_path, loads, message):
-    (tmp_path / "beam.json").write_text(json.dumps(beam(SIMPLE)), encoding="utf-8")
-    (tmp_path / "loads.json").write_text(json.dumps(loads), encoding="utf-8")
-    done = run("frame_analysis.py", tmp_path / "beam.json", "--loads", tmp_path / "loads.json",
-               status=1)
+    (tmp_path / "beam.json").write_text(json.dumps(loaded(beam(SIMPLE), loads)), encoding="utf-8")
+    done = run("frame_analysis.py", tmp_path / "beam.json", status=1)
     assert message in done.stderr
     assert done.stdout == ""
+
+
+@pytest.mark.parametrize("change, message", [
+    ({"analysis": {"second_order": True}}, "second-order analysis"),
+    ({"supports": [{"node": 1, "springs": {"Dz": 5}}]}, "support of node 1: springs"),
+])
+def test_frame_analysis_refuses_what_it_cannot_analyse(change, message):
+    with pytest.raises(FrameError, match=message):
+        solve(beam(SIMPLE) | change, DOWN)

@@ -5,6 +5,8 @@ from dataclasses import dataclass, field
 
 from model_text import tidy
 
+LOAD_DIGITS = 6  # that loads are written with
+
 
 @dataclass(frozen=True)
 class Source:
@@ -16,24 +18,40 @@ class Source:
 
 @dataclass
 class Case:
-    """A load case and its loads, in the form of the loads file of tools/frame_analysis.py."""
+    """A load case and its loads, in kN, m and K."""
 
     source: Source
-    loads: dict
+    entry: dict  # of the model file, without its loads on spans
+    # Sums of what acts on each element in each direction, per projected length or not.
+    sums: dict[tuple[int, str, bool], float] = field(default_factory=dict)
 
-    def span(self, elements: Iterable[int], direction: str, value: float) -> None:
+    def span(self, elements: Iterable[int], direction: str, value: float,
+             projected: bool = False) -> None:
         """Force per length of the elements, along global X, Y, Z or local x, y, z."""
-        self._add("span", {"elements": list(elements), "direction": direction, "value": value})
+        for element in elements:
+            place = (element, direction, projected)
+            self.sums[place] = self.sums.get(place, 0.0) + value
 
     def nodal(self, nodes: Iterable[int], **components: float) -> None:
         """Fx, Fy, Fz, Mx, My, Mz at each of the nodes, global."""
-        self._add("nodal", {"nodes": list(nodes), **components})
+        self._add("nodal", {"nodes": list(nodes)} | {
+            name: tidy(value, LOAD_DIGITS) for name, value in components.items()})
 
     def temperature(self, elements: Iterable[int], change: float) -> None:
         self._add("temperature", {"elements": list(elements), "change": change})
 
     def _add(self, kind: str, load: dict) -> None:
-        self.loads.setdefault(kind, []).append(load)
+        self.entry.setdefault(kind, []).append(load)
+
+    def model_entry(self) -> dict:
+        """The load case of the model file; elements with the same load stand together."""
+        groups: dict[tuple[str, bool, float], list[int]] = {}
+        for (element, direction, projected), value in self.sums.items():
+            groups.setdefault((direction, projected, tidy(value, LOAD_DIGITS)), []).append(element)
+        spans = [{"elements": sorted(elements), "direction": direction}
+                 | ({"projected": True} if projected else {}) | {"value": value}
+                 for (direction, projected, value), elements in groups.items()]
+        return self.entry | ({"span": spans} if spans else {})
 
 
 @dataclass
@@ -44,6 +62,8 @@ class Builder:
     description: str
     settings: dict
     frame: dict = field(default_factory=dict)
+    analysis: dict = field(default_factory=dict)
+    imported_forces: bool = False  # the file gives forces in place of loads
     cases: list[Case] = field(default_factory=list)
     lists: dict[str, list[dict]] = field(default_factory=lambda: {
         name: [] for name in ("materials", "sections", "nodes", "supports", "elements", "members",
@@ -82,9 +102,9 @@ class Builder:
         return self._append("members", {"name": name, "elements": elements} | fields)
 
     def add_case(self, name: str, kind: str = "static", self_weight: float = 0.0) -> Case:
-        number = self._append("load_cases", {"name": name, "kind": kind})
-        loads = {"case": number} | ({"self_weight": self_weight} if self_weight else {})
-        self.cases.append(Case(Source("case", number), loads))
+        entry = {"name": name, "kind": kind} | ({"self_weight": self_weight} if self_weight else {})
+        number = self._append("load_cases", entry)
+        self.cases.append(Case(Source("case", number), {"number": number, **entry}))
         return self.cases[-1]
 
     def combine(self, name: str, *terms: tuple[float, Case | Source], **fields: object) -> Source:
@@ -97,15 +117,14 @@ class Builder:
         return Source("combination", number)
 
     def model(self) -> dict:
-        """The model file without forces."""
+        """The model file with its loads, whether they are written into it or not."""
         head = {"format": "aluframe-model", "version": 1, "title": self.title,
                 "description": self.description,
                 "units": {"force": "kN", "length": "m", "section": "mm"},
                 "settings": self.settings}
         if self.frame:
             head["frame"] = self.frame
-        return head | {name: entries for name, entries in self.lists.items() if entries}
-
-    def loads(self) -> list[dict]:
-        """The cases of the loads file."""
-        return [case.loads for case in self.cases]
+        if self.analysis:
+            head["analysis"] = self.analysis
+        lists = self.lists | {"load_cases": [case.model_entry() for case in self.cases]}
+        return head | {name: entries for name, entries in lists.items() if entries}

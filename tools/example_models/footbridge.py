@@ -131,7 +131,8 @@ def describe() -> Builder:
         "Covered footbridge of 24 m",
         "Footbridge between two station buildings in Hangzhou: two welded trusses of double "
         "channels, box posts and pipe diagonals, the deck on cross beams between the lower chords "
-        "and a light roof on the upper ones. The forces come from tools/frame_analysis.py.",
+        "and a light roof on the upper ones. The forces are computed from the loads: a crowd on all or "
+        "half of the deck, wind, earthquake, and the sun on the upper chords.",
         {"code": "GB50429-2007", "rib": True, "safety_class": 2, "strength_ratio": 0.9,
          "seismic": True})
     bridge = Bridge(b)

@@ -91,8 +91,8 @@ def describe() -> Builder:
     b = Builder(
         "Curtain wall of mullions and transoms over two storeys",
         "Part of a stick curtain wall at the corner of an office building in Shanghai: mullions of "
-        "two storeys hung from the upper floor, 1.5 m apart, insulating glass between. The forces "
-        "come from tools/frame_analysis.py.",
+        "two storeys hung from the upper floor, 1.5 m apart, insulating glass between. The forces are "
+        "computed from the loads of the panes, shared out between transoms and mullions.",
         {"code": "GB50429-2007", "rib": True, "safety_class": 2, "seismic": True})
     wall = Wall(b)
     dead = b.add_case("DL", self_weight=1.0)

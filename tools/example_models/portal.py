@@ -161,10 +161,10 @@ def describe() -> Builder:
         "Workshop portal with crane brackets",
         "Two frames of a light workshop in Suzhou: columns and rafters of unequal H sections with "
         "a tie rod, tee brackets that carry the crane rails beside the columns, channels at eaves "
-        "and ridge, tee braces in the walls. Bracket A1 comes out slightly over 1 on purpose; the "
-        "forces come from tools/frame_analysis.py.",
+        "and ridge, tee braces in the walls. Bracket A1 comes out slightly over 1 on purpose. The file "
+        "gives the forces of another analysis program (tools/frame_analysis.py) in place of loads.",
         {"code": "GB50429-2007", "rib": False, "safety_class": 2, "strength_ratio": 0.9},
-        {"braced_a": False, "braced_b": True})
+        {"braced_a": False, "braced_b": True}, imported_forces=True)
     shop = Workshop(b)
     cases = {"DL": b.add_case("DL", self_weight=1.05)}
     load_roof(cases["DL"], shop, ROOF)
