@@ -1,7 +1,7 @@
 """The analysis against a second one that shares no code with it: tools/frame_analysis.py.
 
-Both get the same section constants, rigid in shear, and the same loads: those of the examples' frames,
-and random frames of beams, trusses, releases and turned sections.
+Both get the same model: the examples' frames with their loads, and random frames of beams, trusses,
+releases and turned sections. Section constants are each program's own.
 """
 
 import math
@@ -12,33 +12,13 @@ from pathlib import Path
 
 import pytest
 from example_models import EXAMPLES
-from frame_analysis import Units, make_frame, make_loads
-from frame_solver import analyse
+from frame_analysis import analyse_model
 from model_text import model_text
-from section_properties import properties_of
 
 # Forces are kept in single precision, 6e-8 of each; measured against the largest of a case.
 TOLERANCE = 2e-7
 # A moment that is zero is the rounding of a force over lengths of a metre.
 METRE = 1000.0
-
-LOADS = ("self_weight", "nodal", "span", "temperature")
-
-
-def by_its_constants(section: dict) -> dict:
-    """The section as constants without a shape, so that both programs use the same."""
-    found = properties_of(section)
-    return {"number": section["number"], "shape": "UP", "properties": {
-        "area": found.area, "it": found.it, "iyy": found.iyy, "izz": found.izz,
-        "point_y": [-50, 50, 50, -50], "point_z": [100, 100, -100, -100]}}
-
-
-def with_loads(model: dict, cases: list[dict]) -> dict:
-    """The model with the loads in its load cases and sections without a shape."""
-    loads = {case["case"]: {key: case[key] for key in LOADS if key in case} for case in cases}
-    return model | {
-        "sections": [by_its_constants(section) for section in model["sections"]],
-        "load_cases": [case | loads[case["number"]] for case in model["load_cases"]]}
 
 
 def found_forces(model: dict, folder: Path) -> dict:
@@ -55,12 +35,11 @@ def found_forces(model: dict, folder: Path) -> dict:
     return rows
 
 
-def expected_forces(model: dict, cases: list[dict]) -> dict:
+def expected_forces(model: dict) -> dict:
     """The same by the second analysis."""
-    frame, units = make_frame(model), Units(model)
-    results = analyse(frame, [make_loads(case, frame, units) for case in cases])
-    return {(bar.number, case["case"]): result.forces[place]
-            for case, result in zip(cases, results) for place, bar in enumerate(frame.bars)}
+    frame, results = analyse_model(model)
+    return {(bar.number, case): result.forces[place]
+            for case, result in results.items() for place, bar in enumerate(frame.bars)}
 
 
 def sizes(rows: list) -> tuple[float, float]:
@@ -69,10 +48,9 @@ def sizes(rows: list) -> tuple[float, float]:
             max(abs(value) for row in rows for value in row[3:]))
 
 
-def compare(model: dict, cases: list[dict], folder: Path) -> None:
-    model = with_loads(model, cases)
-    found, expected = found_forces(model, folder), expected_forces(model, cases)
-    for case in (case["case"] for case in cases):
+def compare(model: dict, folder: Path) -> None:
+    found, expected = found_forces(model, folder), expected_forces(model)
+    for case in (case["number"] for case in model["load_cases"]):
         pairs = {pair: rows for pair, rows in expected.items() if pair[1] == case}
         force, moment = sizes([row for rows in pairs.values() for row in rows])
         limits = [TOLERANCE * max(force, moment / METRE)] * 3 + [
@@ -85,13 +63,10 @@ def compare(model: dict, cases: list[dict], folder: Path) -> None:
 
 @pytest.mark.parametrize("name", EXAMPLES)
 def test_example_has_the_forces_of_the_second_analysis(name, tmp_path):
-    builder = EXAMPLES[name]()
-    cases = [case for case in builder.loads() if any(key in case for key in LOADS)]
-    model = builder.model()
-    known = {case["case"] for case in cases}
-    model["load_cases"] = [c for c in model["load_cases"] if c["number"] in known]
+    model = EXAMPLES[name]().model()
+    model.pop("analysis", None)  # in first order
     model.pop("combinations", None)
-    compare(model, cases, tmp_path)
+    compare(model, tmp_path)
 
 
 def random_element(number: int, nodes: list[int], dice: random.Random, stands: bool) -> dict:
@@ -125,10 +100,15 @@ def random_model(dice: random.Random) -> dict:
         "sections": [
             {"number": 1, "shape": "P", "dimensions": {"D": 120, "t": 6}},
             {"number": 2, "shape": "H", "dimensions": {"H": 200, "B1": 100, "tw": 6, "tf1": 9}}],
-        "nodes": nodes, "elements": elements, "load_cases": [{"number": 1}, {"number": 7}],
+        "nodes": nodes, "elements": elements,
         "supports": [
             {"node": nodes[0]["number"], "restrained": ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]},
             {"node": nodes[-1]["number"], "restrained": dice.sample(["Dx", "Dy", "Dz"], 2)}]}
+
+
+def random_loaded_model(dice: random.Random) -> dict:
+    model = random_model(dice)
+    return model | {"load_cases": [random_case(number, model, dice) for number in (1, 7)]}
 
 
 def random_case(number: int, model: dict, dice: random.Random) -> dict:
@@ -139,7 +119,7 @@ def random_case(number: int, model: dict, dice: random.Random) -> dict:
         return round(dice.uniform(-5, 5), 2)
 
     return {
-        "case": number, "self_weight": dice.choice([1, 0.5]),
+        "number": number, "self_weight": dice.choice([1, 0.5]),
         "nodal": [{"nodes": some(model["nodes"][1:]), "Fx": value(), "Fy": value(), "Fz": value(),
                    "Mx": value(), "My": value(), "Mz": value()}],
         "span": [{"elements": some(model["elements"]), "direction": axis, "value": value() or 1}
@@ -149,19 +129,14 @@ def random_case(number: int, model: dict, dice: random.Random) -> dict:
 
 @pytest.mark.parametrize("seed", range(40))
 def test_random_frame_has_the_forces_of_the_second_analysis(seed, tmp_path):
-    dice = random.Random(seed)
-    model = random_model(dice)
-    compare(model, [random_case(case["number"], model, dice) for case in model["load_cases"]],
-            tmp_path)
+    compare(random_loaded_model(random.Random(seed)), tmp_path)
 
 
 def test_a_difference_is_noticed(tmp_path):
     """The comparison itself: a load that only one of the two gets fails."""
-    dice = random.Random(1)
-    model = random_model(dice)
-    cases = [random_case(case["number"], model, dice) for case in model["load_cases"]]
-    found = found_forces(with_loads(model, cases), tmp_path)
-    cases[0]["self_weight"] *= 1.001
-    expected = expected_forces(with_loads(model, cases), cases)
+    model = random_loaded_model(random.Random(1))
+    found = found_forces(model, tmp_path)
+    model["load_cases"][0]["self_weight"] *= 1.001
+    expected = expected_forces(model)
     pair = (1, model["load_cases"][0]["number"])
     assert not math.isclose(found[pair][0][2], expected[pair][0][2], rel_tol=1e-7)
