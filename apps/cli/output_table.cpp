@@ -22,6 +22,13 @@ std::string name_of_non_finite(double value) {
   return value > 0 ? "inf" : "-inf";
 }
 
+/// What rounds to zero has no sign: "-0.000" would look as if it meant something.
+std::string fixed(double value, int decimals) {
+  std::string text = fmt::format("{:.{}f}", value, decimals);
+  if (text.find_first_of("123456789") == std::string::npos) std::erase(text, '-');
+  return text;
+}
+
 struct TextOf {
   const Column& column;
   std::string operator()(std::monostate) const { return "-"; }
@@ -34,8 +41,7 @@ struct TextOf {
   std::string operator()(bool value) const { return value ? "yes" : "no"; }
   std::string operator()(double value) const {
     if (!std::isfinite(value)) return name_of_non_finite(value);
-    return column.is_scientific ? fmt::format("{:.1e}", value)
-                                : fmt::format("{:.{}f}", value, column.decimals);
+    return column.is_scientific ? fmt::format("{:.1e}", value) : fixed(value, column.decimals);
   }
 };
 

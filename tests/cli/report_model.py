@@ -1,7 +1,8 @@
 """What a report must say of its model, worked out from the model file alone.
 
 The rules are written down here a second time, plainly, for models in kN, m and mm. Where a model gives loads
-in place of forces, these come from the analysis in tools/frame_analysis.py.
+in place of forces, these come from the analysis in tools/frame_analysis.py; that is of first order, so for
+second order `program_forces` tells what `aluframe analyse` shows of each combination.
 """
 
 import math
@@ -26,7 +27,8 @@ EARTHQUAKES = {"response_spectrum", "eccentric_spectrum", "seismic_static"}
 
 
 class ModelFacts:
-    def __init__(self, model):
+    def __init__(self, model, program_forces=None):
+        """program_forces: five rows by element and combination, in kN and m; none of envelopes."""
         assert model["units"] == {"force": "kN", "length": "m", "section": "mm"}
         self.model = model
         self.settings = model.get("settings", {})
@@ -36,7 +38,8 @@ class ModelFacts:
         self.materials = self._by_number("materials")
         self.cases = self._by_number("load_cases")
         self.combinations = self._by_number("combinations")
-        self.forces = self._forces_under_loads()
+        self.program_forces = program_forces or {}
+        self.forces = {} if program_forces else self._forces_under_loads()
         self.forces |= {(row["element"], row["case"]): row["values"] for row in model.get("forces", [])}
 
     def _forces_under_loads(self):
@@ -131,6 +134,8 @@ class ModelFacts:
         """N, Fy, Fz, Mx, My, Mz in N and mm, of the largest (1) or smallest (-1) side, and the largest
         magnitude of a term."""
         entry = self.combinations[combination]
+        if (element, combination) in self.program_forces:
+            return self._at(position, self.program_forces[element, combination])
         terms = [self._term_forces(element, term, side, position) for term in entry["terms"]]
         if entry.get("kind") != "envelope":
             return [sum(column) for column in zip(*terms)]
@@ -143,10 +148,14 @@ class ModelFacts:
             values = self.side_forces(
                 element, term["combination"], side if factor >= 0 else -side, position)
         else:
-            rows = self.forces[element, term["case"]]
-            row = rows[{"I": 0, "J": -1}.get(position, POSITIONS.index(position))]
-            values = [row[i] * KILO * (1 if i < 3 else KILO) for i in range(6)]
+            values = self._at(position, self.forces[element, term["case"]])
         return [factor * value for value in values]
+
+    @staticmethod
+    def _at(position, rows):
+        """The row of a position, in N and mm."""
+        row = rows[{"I": 0, "J": -1}.get(position, POSITIONS.index(position))]
+        return [row[i] * KILO * (1 if i < 3 else KILO) for i in range(6)]
 
     def is_earthquake(self, combination):
         entry = self.combinations[combination]

@@ -22,8 +22,8 @@ RAFTER = {"length_factors": {"y": 1.0, "z": 0.35}}
 class Frame:
     def __init__(self, b: Builder) -> None:
         b.add_material("6061-T6")
-        column = b.add_section("Column H 150x110", "H", H=150, B1=110, tw=7, tf1=10)
-        rafter = b.add_section("Rafter H 180x110", "H", H=180, B1=110, tw=6, tf1=10)
+        column = b.add_section("Column H 180x130", "H", H=180, B1=130, tw=7, tf1=10)
+        rafter = b.add_section("Rafter H 200x130", "H", H=200, B1=130, tw=6, tf1=10)
         feet = [b.node(x, 0.0, 0.0) for x in (0.0, SPAN)]
         self.eaves = [b.node(x, 0.0, EAVES) for x in (0.0, SPAN)]
         ridge = b.node(SPAN / 2, 0.0, RIDGE)
