@@ -83,7 +83,7 @@ def test_every_printed_ratio_is_the_one_that_the_check_stored(aluframe, path):
     aluframe("report", path, "--results", "out.aluresult", "--output", "out.alu")
     results = governing_by_element(aluframe.json("results", "out.aluresult"))
     seismic = ModelFacts(json.loads(path.read_text("utf-8"))).shows_seismic_factor
-    compared = 0
+    elements, compared = len(results), 0
     for member in read_report(text_of(aluframe, "out.alu"), seismic=seismic).members:
         stored = results.pop(member.number)
         assert [block.item for block in member.blocks] == [item for item in ORDER if item in stored]
@@ -97,7 +97,7 @@ def test_every_printed_ratio_is_the_one_that_the_check_stored(aluframe, path):
             assert block.R.text == f"{ratio:10.3{kind}}", f"{member.number} {block.item}"
             compared += 1
     assert not results
-    assert compared > 100
+    assert compared >= elements
 
 
 @pytest.mark.parametrize("code", [*range(1, 17), 18, 100])
