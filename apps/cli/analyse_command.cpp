@@ -156,9 +156,10 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
   std::string out;
   for (const AnalysisTable table : all_tables) {
     if (!options.show.empty() && !options.show.contains(table)) continue;
-    const std::string text = render(analysis_table(table, view), options.format, false);
+    std::string text = render(analysis_table(table, view), options.format, false);
     if (options.format == Format::csv) return text;
     if (options.format == Format::json) {
+      if (text.ends_with('\n')) text.pop_back();
       out += fmt::format("{}\"{}\": {}", out.empty() ? "{" : ",\n", name_of(table), text);
     } else {
       out += fmt::format("{}{}\n{}", out.empty() ? "" : "\n", heading_of(table), text);
