@@ -80,7 +80,7 @@ def test_only_the_members_of_named_elements_are_shown(aluframe):
 def test_an_element_that_is_not_there_is_an_error(aluframe):
     aluframe.write(PORTAL)
     message = aluframe("members", "frame.json", "--elements", "9", status=1).stderr
-    assert message == "--elements: there is no element 9\n"
+    assert message == "frame.json: --elements: there is no element 9\n"
 
 
 def test_a_list_can_be_read_as_csv(aluframe):

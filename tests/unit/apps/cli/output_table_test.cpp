@@ -68,8 +68,13 @@ TEST(OutputTable, NumbersHaveTheDecimalsOfTheirColumn) {
   const OutputTable table{{{.key = "a", .heading = "a"},
                            {.key = "b", .heading = "b", .decimals = 0},
                            {.key = "c", .heading = "c", .decimals = 4}},
-                          {{1.23456789, 2.5001, -0.00004}}};
-  EXPECT_EQ(to_text(table, false), "    a  b        c\n-----  -  -------\n1.235  3  -0.0000\n");
+                          {{1.23456789, 2.5001, -0.00006}}};
+  EXPECT_EQ(to_text(table, false), "    a  b        c\n-----  -  -------\n1.235  3  -0.0001\n");
+}
+
+TEST(OutputTable, WhatRoundsToZeroHasNoSign) {
+  const OutputTable table{{{.key = "a", .heading = "a"}}, {{-0.0004}}};
+  EXPECT_EQ(to_text(table, false), "    a\n-----\n0.000\n");
 }
 
 TEST(OutputTable, TruthIsNamedByTheFormat) {
