@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/analysis/dense_kernels.h"
 #include "aluframe/analysis/linear_solver.h"
 
 namespace aluframe::analysis {
@@ -57,6 +58,7 @@ class MumpsSolver final : public LinearSolver {
 };
 
 MumpsSolver::MumpsSolver() {
+  take_own_dense_kernels();
   data_.par = 1;
   data_.sym = symmetric_without_pivoting;
   data_.comm_fortran = whole_world;
