@@ -17,6 +17,7 @@
 #include "aluframe/analysis/second_order.h"
 #include "bench/building_grid.h"
 #include "bench/library_steps.h"
+#include "bench/median_runs.h"
 
 namespace {
 
@@ -124,16 +125,8 @@ bool iterates(std::size_t elements) {
 }
 
 /// Keeps medians of processor time and the counters, and prints what they come to.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public bench::MedianRuns {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.aggregate_name != "median") continue;
-      medians_[run.run_name.function_name] = run;
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
   void print_ratios() const {
     std::printf("\n%9s %10s %10s %8s %14s %14s\n", "elements", "ms", "/library", "memory",
                 "further case", "second order");
@@ -144,7 +137,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
       const double block = time("block", size) / static_cast<double>(further_cases);
       std::printf("%9zu %10.1f %10.2f %8.2f %14.2f", size, whole, whole / library,
                   counter("whole", size, "memory/factor"), further / block);
-      if (medians_.contains(name_of("second", size))) {
+      if (medians().contains(name_of("second", size))) {
         std::printf(" %14.2f", time("second", size) / whole);
       }
       std::printf("\n");
@@ -158,16 +151,14 @@ class RatioReporter : public benchmark::ConsoleReporter {
  private:
   bool is_complete(std::size_t size) const {
     return std::ranges::all_of(
-        measurements, [&](const char* what) { return medians_.contains(name_of(what, size)); });
+        measurements, [&](const char* what) { return medians().contains(name_of(what, size)); });
   }
   double time(const char* what, std::size_t size) const {
-    return medians_.at(name_of(what, size)).GetAdjustedCPUTime();
+    return medians().at(name_of(what, size)).GetAdjustedCPUTime();
   }
   double counter(const char* what, std::size_t size, const char* counter) const {
-    return medians_.at(name_of(what, size)).counters.at(counter);
+    return medians().at(name_of(what, size)).counters.at(counter);
   }
-
-  std::map<std::string, Run> medians_;
 };
 
 template <class Function>
@@ -192,13 +183,7 @@ void add_all(std::size_t size) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string interleave = "--benchmark_enable_random_interleaving=true";
-  std::vector<char*> arguments(argv, argv + argc);
-  arguments.insert(arguments.begin() + 1, interleave.data());
-  int count = static_cast<int>(arguments.size());
-  arguments.push_back(nullptr);
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  if (!bench::initialise(argc, argv)) return 1;
   for (const std::size_t size : sizes) add_all(size);
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -6,11 +6,10 @@
 
 #include <cstdio>
 #include <cstring>
-#include <map>
-#include <string>
 #include <vector>
 
 #include "aluframe/model/combinations.h"
+#include "bench/median_runs.h"
 
 namespace {
 
@@ -90,38 +89,26 @@ void copy(benchmark::State& state) {
 }
 
 /// Prints as usual and keeps the median speeds for the ratio.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public bench::MedianRuns {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.aggregate_name != "median") continue;
-      speeds_[run.run_name.function_name] = run.counters.at("bytes_per_second");
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
   void print_ratio() const {
-    if (speeds_.size() < 2) return;  // a filter on the command line
-    const double evaluation = (case_count + 1) * forces_bytes / speeds_.at("combine");
+    if (medians().size() < 2) return;  // a filter on the command line
+    const double evaluation = (case_count + 1) * forces_bytes / speed("combine");
     std::printf("\none combination of %zu cases: %.0f ns, %.2f of the speed of copying\n",
-                case_count, 1e9 * evaluation, speeds_.at("combine") / speeds_.at("copy"));
+                case_count, 1e9 * evaluation, speed("combine") / speed("copy"));
     std::printf("wanted: 0.5 or more\n");
   }
 
  private:
-  std::map<std::string, double> speeds_;
+  double speed(const char* name) const {
+    return medians().at(name).counters.at("bytes_per_second");
+  }
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string interleave = "--benchmark_enable_random_interleaving=true";
-  std::vector<char*> arguments(argv, argv + argc);
-  arguments.insert(arguments.begin() + 1, interleave.data());
-  int count = static_cast<int>(arguments.size());
-  arguments.push_back(nullptr);
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  if (!bench::initialise(argc, argv)) return 1;
   BENCHMARK(combine)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly(true);
   BENCHMARK(copy)->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly(true);
   RatioReporter reporter;

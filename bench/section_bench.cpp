@@ -1,15 +1,15 @@
-// Constants of sections by formula, shape by shape, beside five textbook formulas of a sharp-cornered
-// symmetric I-section: what the arithmetic of the simplest section costs at least.
+// Constants of sections by formula, shape by shape, beside five textbook formulas of a
+// sharp-cornered symmetric I-section: what the arithmetic of the simplest section costs at least.
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 #include <cstdio>
-#include <map>
 #include <string>
 
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/shear_areas.h"
+#include "bench/median_runs.h"
 
 namespace {
 
@@ -71,40 +71,24 @@ void constants(benchmark::State& state, const Sample& sample) {
 }
 
 /// Prints as usual and, at the end, nanoseconds and ratios of the medians.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public bench::MedianRuns {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-      }
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
   void print_ratios() const {
-    if (!medians_.contains("textbook")) return;  // a filter on the command line
+    if (!medians().contains("textbook")) return;  // a filter on the command line
     std::printf("\n%-16s %8s %10s\n", "section", "ns", "/textbook");
-    for (const auto& [name, time] : medians_) {
-      std::printf("%-16s %8.0f %10.1f\n", name.c_str(), time, time / medians_.at("textbook"));
+    const double textbook = medians().at("textbook").GetAdjustedCPUTime();
+    for (const auto& [name, median] : medians()) {
+      const double time = median.GetAdjustedCPUTime();
+      std::printf("%-16s %8.0f %10.1f\n", name.c_str(), time, time / textbook);
     }
     std::printf("wanted: at most 10000 ns a section\n");
   }
-
- private:
-  std::map<std::string, double> medians_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string interleave = "--benchmark_enable_random_interleaving=true";
-  std::vector<char*> arguments(argv, argv + argc);
-  arguments.insert(arguments.begin() + 1, interleave.data());
-  int count = static_cast<int>(arguments.size());
-  arguments.push_back(nullptr);
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  if (!bench::initialise(argc, argv)) return 1;
   const auto repeated = [](benchmark::internal::Benchmark* bench) {
     bench->MinTime(0.05)->Repetitions(9)->ReportAggregatesOnly(true);
   };

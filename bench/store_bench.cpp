@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "aluframe/store/result_file.h"
+#include "bench/median_runs.h"
 #include "bench/store_loops.h"
 #include "bench/store_records.h"
 
@@ -158,41 +158,25 @@ BENCHMARK(pack_records)->Unit(benchmark::kMicrosecond);
 BENCHMARK(read_one_record)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 /// Prints as usual and keeps the medians for the ratios.
-class RatioReporter : public benchmark::ConsoleReporter {
+class RatioReporter : public bench::MedianRuns {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
-      }
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-
   void print_ratios() const {
-    if (medians_.size() < 3) return;
-    const double own = medians_.at("store");
+    if (medians().size() < 3) return;
+    const double own = time("store");
     std::printf("store / bare SQLite, same rows and settings: %.2f of its speed\n",
-                medians_.at("bare_sqlite") / own);
+                time("bare_sqlite") / own);
     std::printf("store / one row per record, write-ahead log: %.2f of its speed\n",
-                medians_.at("one_row_per_record") / own);
+                time("one_row_per_record") / own);
   }
 
  private:
-  std::map<std::string, double> medians_;
+  double time(const char* name) const { return medians().at(name).GetAdjustedRealTime(); }
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Repetitions take turns, so that other load on the machine meets all of them alike.
-  std::string interleave = "--benchmark_enable_random_interleaving=true";
-  std::vector<char*> arguments(argv, argv + argc);
-  arguments.insert(arguments.begin() + 1, interleave.data());
-  int count = static_cast<int>(arguments.size());
-  arguments.push_back(nullptr);
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  if (!bench::initialise(argc, argv)) return 1;
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   reporter.print_ratios();
