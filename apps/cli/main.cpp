@@ -196,8 +196,7 @@ void add_section(CLI::App& app, SectionOptions& options, int& status) {
       ->type_name("[SHAPE]");
   section
       ->add_option("--catalogue", options.catalogues, "Profiles of your own (CSV); may be repeated")
-      ->expected(1)
-      ->take_all()
+      ->allow_extra_args(false)  // what follows the file is the section's name
       ->type_name("FILE");
   section->add_option("--svg", options.svg, "Draw the section")->type_name("FILE");
   section

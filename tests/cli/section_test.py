@@ -192,6 +192,13 @@ def test_profiles_of_ones_own_are_shown_and_listed(aluframe):
     assert listed[1]["area"] == pytest.approx((2 - 1.75 * 0.75) * 25.4**2)
 
 
+def test_a_catalogue_may_stand_before_the_name(aluframe):
+    aluframe.write(CATALOGUE, "mine.csv")
+    aluframe.write(CATALOGUE.replace("Mullion 60", "Post").replace("Rail", "Sill"), "more.csv")
+    shown = aluframe("section", "--catalogue", "mine.csv", "--catalogue", "more.csv", "Post").stdout
+    assert shown.startswith("Post\n")
+
+
 def test_a_model_names_profiles_of_its_catalogues(aluframe, pipe_beam):
     aluframe.write(CATALOGUE, "mine.csv")
     pipe_beam["catalogues"] = ["mine.csv"]
