@@ -276,7 +276,7 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   settings->callback([&] { status = run_settings_command(options); });
 }
 
-int run(int argc, char** argv) {
+int run_program(int argc, char** argv) {
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
   app.require_subcommand(1);
@@ -307,11 +307,19 @@ int run(int argc, char** argv) {
   return status;
 }
 
+/// The status, or that of a failure when a command that ended well lost part of its output.
+int with_output_checked(int status) {
+  const bool failed_already = status == exit_failure || status == exit_input_error;
+  if (finish_stdout() || failed_already) return status;
+  print_message("standard output: cannot be written");
+  return exit_failure;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
-    return run(argc, argv);
+    return with_output_checked(run_program(argc, argv));
   } catch (const std::exception& error) {
     print_message(std::string("aluframe: ") + error.what());
     return exit_failure;

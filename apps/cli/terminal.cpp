@@ -39,6 +39,10 @@ void print_message(const std::string& text) {
   fmt::print(stderr, "{}\n", text);
 }
 
+bool finish_stdout() {
+  return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
 void note_interrupts() {
   std::signal(SIGINT, note_signal);
   std::signal(SIGTERM, note_signal);

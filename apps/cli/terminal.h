@@ -14,6 +14,10 @@ bool stdout_wants_colour();
 /// Prints a line to standard error.
 void print_message(const std::string& text);
 
+/// Writes out what standard output still holds. @return false when some of what was printed since
+/// the start did not arrive, because the disk behind it is full for example
+bool finish_stdout();
+
 /// From now on Ctrl-C and a polite request to end are noted instead of ending the program; a second
 /// one ends it.
 void note_interrupts();
