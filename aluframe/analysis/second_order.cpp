@@ -76,7 +76,7 @@ Problem Iteration::buckled_element(std::size_t place) const {
   double least = 0.0;
   for (const AxialForce& n : forces_[place]) least = std::min({least, n.start, n.end});
   return {Problem::Kind::buckling,
-          fmt::format("{} buckles between its nodes: its axial force reaches {:.4g}",
+          fmt::format("{} buckles between its nodes: its axial force reaches {:.4g} N",
                       element_name(frame_, place), least),
           std::nullopt, place};
 }

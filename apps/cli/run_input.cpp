@@ -50,10 +50,8 @@ std::variant<Input, std::string> load_input(const InputOptions& options) {
 Stop stop_of(const fs::path& file, const analysis::Problem& problem) {
   using Kind = analysis::Problem::Kind;
   std::string place;
-  if (problem.kind == Kind::input) {
-    if (problem.element) place = fmt::format("/elements/{}: ", *problem.element);
-    if (problem.node) place = fmt::format("/nodes/{}: ", *problem.node);
-  }
+  if (problem.element) place = fmt::format("/elements/{}: ", *problem.element);
+  if (problem.node) place = fmt::format("/nodes/{}: ", *problem.node);
   const bool is_of_input = problem.kind == Kind::input || problem.kind == Kind::mechanism ||
                            problem.kind == Kind::buckling;
   return {fmt::format("{}: {}{}", file.string(), place, problem.text),

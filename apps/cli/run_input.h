@@ -45,7 +45,9 @@ struct Stop {
 /// Computes the forces that follow from the model's loads.
 std::variant<forces::Summary, Stop> add_forces(const std::filesystem::path& file,
                                                model::Model& model);
-/// The problem of an analysis as it is told, with the place in the file of what it is about.
+
+/// The problem of an analysis as it is told, with the JSON path of the element or node that it is
+/// about, of the first one when there are several.
 Stop stop_of(const std::filesystem::path& file, const analysis::Problem& problem);
 /// "linear analysis of 4 load cases, residual 2.1e-14", for the user.
 std::string forces_text(const forces::Summary& summary);

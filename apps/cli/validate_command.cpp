@@ -28,25 +28,30 @@ std::string missing_forces(const model::Model& model) {
   return out;
 }
 
+/// "1 node", "12 nodes".
+std::string counted(std::size_t count, const char* what) {
+  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
 /// "12 members", and how many of them the file leaves to be found.
 std::string count_of_members(const Input& input) {
   const model::Model& model = input.model;
-  if (!model.finds_members) return fmt::format("{} members", model.members.size());
-  return fmt::format("{} members ({} found automatically)", model.members.size(),
-                     input.found_members);
+  const std::string members = counted(model.members.size(), "member");
+  if (!model.finds_members) return members;
+  return fmt::format("{} ({} found automatically)", members, input.found_members);
 }
 
 void print_content(const std::string& file, const Input& input, const forces::Summary& computed) {
   const model::Model& model = input.model;
   const auto design = std::ranges::count_if(
       model.combinations, [](const model::Combination& combination) { return combination.design; });
-  fmt::print(
-      "{}: valid\n  {} nodes, {} elements, {}, {} sections, {} materials, {} load cases, "
-      "{} combinations ({} for design)\n{}",
-      file, model.nodes.size(), model.elements.size(), count_of_members(input),
-      model.sections.size(), model.materials.size(), model.load_cases.size(),
-      model.combinations.size(), design,
-      computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
+  fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", file,
+             counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
+             count_of_members(input), counted(model.sections.size(), "section"),
+             counted(model.materials.size(), "material"),
+             counted(model.load_cases.size(), "load case"),
+             counted(model.combinations.size(), "combination"), design,
+             computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
   if (computed.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }
 

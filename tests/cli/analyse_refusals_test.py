@@ -42,10 +42,10 @@ HINGED_CHAIN = {
 
 
 @pytest.mark.parametrize("change, words", [
-    ({"supports": without(SIMPLE, 2, "Dz")}, "the supports do not hold the structure"),
+    ({"supports": without(SIMPLE, 2, "Dz")}, "/nodes/0: the supports do not hold the structure"),
     ({"supports": without(SIMPLE, 1, "Rx")}, "turn about an axis along X"),
-    ({"supports": []}, "nothing supports the structure"),
-    (HINGED_CHAIN, "node 14 can rotate freely about Y"),
+    ({"supports": []}, "/nodes/0: nothing supports the structure"),
+    (HINGED_CHAIN, "/nodes/1: node 14 can rotate freely about Y"),
 ], ids=["a missing support", "no hold against twisting", "no support", "a node of hinges"])
 @pytest.mark.parametrize("command", ["analyse", "check", "validate", "report"])
 def test_what_moves_is_told_in_words(aluframe, beam, command, change, words):
@@ -61,7 +61,14 @@ def test_parts_that_nothing_supports_are_named(aluframe, beam):
     beam["elements"].append({"number": 2, "nodes": [3, 4], "section": 1, "material": 1})
     aluframe.write(beam)
     done = aluframe("analyse", "frame.json", status=1)
-    assert "nothing supports the part of the structure with nodes 3-4" in done.stderr
+    assert "/nodes/2: nothing supports the part of the structure with nodes 3-4" in done.stderr
+
+
+def test_releases_that_leave_an_element_without_hold_are_told_with_their_place(aluframe, beam):
+    beam["elements"][0]["releases"] = {"start": ["Mx"], "end": ["Mx"]}
+    aluframe.write(beam)
+    done = aluframe("analyse", "frame.json", status=1)
+    assert "frame.json: /elements/0: element 1: nothing holds it any more" in done.stderr
 
 
 def changed(path, value):

@@ -108,4 +108,4 @@ def test_a_good_model_is_called_valid_and_its_content_is_listed(aluframe, pipe_b
     aluframe.write(pipe_beam)
     out = aluframe("validate", "frame.json").stdout
     assert out.startswith("frame.json: valid")
-    assert "2 nodes, 1 elements, 0 members (0 found automatically), 1 sections" in out
+    assert "2 nodes, 1 element, 0 members (0 found automatically), 1 section," in out

@@ -203,6 +203,7 @@ TEST(SecondOrder, ElementThatBucklesBetweenClampedNodesIsNamed) {
   const Problem problem = buckling_of(strut(true, true), push_and_load(5 * euler_load(), 0.0));
   EXPECT_THAT(problem.text, testing::StartsWith("element 1 buckles between its nodes: its axial "
                                                 "force reaches -"));
+  EXPECT_THAT(problem.text, testing::EndsWith(" N"));
   EXPECT_EQ(problem.element, 0U);
 }
 
