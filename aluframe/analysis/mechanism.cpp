@@ -1,12 +1,17 @@
 #include "aluframe/analysis/mechanism.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 #include "aluframe/analysis/loose_node.h"
 #include "aluframe/analysis/loose_part.h"
 #include "aluframe/analysis/soft_motion.h"
+#include "aluframe/analysis/words.h"
 
 namespace aluframe::analysis {
 
@@ -37,11 +42,53 @@ double softness(std::span<const double> load, std::span<const double> answer) {
   return energy / squares / largest;
 }
 
+namespace {
+
+/// A stiffness against moving one end of an element, N/mm, and the element's place.
+struct EndStiffness {
+  double value = 0.0;
+  std::size_t element = 0;
+};
+
+/// E·A/L and, of a beam, 12·E·I/L³ about both axes and G·It/L³, which holds against twisting by
+/// forces a length L apart. Finite and positive in a frame whose input has no problem.
+std::vector<EndStiffness> end_stiffnesses(const Frame& frame) {
+  std::vector<EndStiffness> all;
+  for (std::size_t i = 0; i < frame.elements.size(); ++i) {
+    const Element& element = frame.elements[i];
+    const Node &a = frame.nodes[element.start], &b = frame.nodes[element.end];
+    const double length = std::hypot(b.x - a.x, b.y - a.y, b.z - a.z);
+    const auto& [e, g, area, ay, az, it, iyy, izz] = element.stiffness;
+    all.push_back({e * area / length, i});
+    if (element.kind == ElementKind::truss) continue;
+    for (const double rigidity : {12 * e * iyy, 12 * e * izz, g * it}) {
+      all.push_back({rigidity / (length * length * length), i});
+    }
+  }
+  return all;
+}
+
+/// Stiffnesses so far apart that the soft ones may drown in the rounding of the stiff ones, as
+/// after a wrong power of ten; empty when they are not.
+std::string unlike_stiffnesses(const Frame& frame) {
+  const auto all = end_stiffnesses(frame);
+  const auto [least, most] = std::ranges::minmax(all, {}, &EndStiffness::value);
+  if (!(least.value < least_softness * most.value)) return "";
+  return fmt::format(
+      "; or stiffnesses are too far apart to compute with: {:.1e} N/mm of {}, {:.1e} N/mm of {}",
+      least.value, element_name(frame, least.element), most.value,
+      element_name(frame, most.element));
+}
+
+}  // namespace
+
 Problem explain_mechanism(const Frame& frame, const Equations& equations,
                           const ScaledEquations& scaled) {
   if (auto problem = find_loose_part(frame)) return *problem;
-  if (auto problem = find_loose_node(frame, equations, scaled)) return *problem;
-  return tell_softest_motion(frame, equations, scaled);
+  auto found = find_loose_node(frame, equations, scaled);
+  Problem problem = found ? std::move(*found) : tell_softest_motion(frame, equations, scaled);
+  problem.text += unlike_stiffnesses(frame);
+  return problem;
 }
 
 }  // namespace aluframe::analysis

@@ -22,7 +22,8 @@ double softness(std::span<const double> load, std::span<const double> answer);
 
 /// Tells what moves in a frame whose equations are singular, or nearly: a part that the supports do
 /// not hold, a node that its elements do not hold, or the nodes that move most in the softest
-/// motion of the whole.
+/// motion of the whole. Names the softest and the stiffest element too when a ratio of
+/// 1/least_softness between them may be the reason.
 Problem explain_mechanism(const Frame& frame, const Equations& equations,
                           const ScaledEquations& scaled);
 

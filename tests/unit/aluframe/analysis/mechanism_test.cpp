@@ -147,6 +147,19 @@ TEST(Mechanism, PortalOfHingesSwaysAndItsMovingNodesAreNamed) {
             "nodes 2-3 can move freely along X: no element or support resists it");
 }
 
+TEST(Mechanism, StiffnessesTooFarApartAreNamed) {
+  // By hand, elements of 1 m: G·It/L³ = 27000·3.1e5/1e9 = 8.37 N/mm is the least of every element;
+  // 12·E·Iyy/L³ = 12·7e4·1e30/1e9 = 8.4e26 N/mm the most of the second one.
+  Frame frame;
+  for (const double x : {0.0, 1000.0, 2000.0, 3000.0}) add_node(frame, x, 0, 0);
+  for (std::size_t i = 0; i < 3; ++i) add_element(frame, i, i + 1);
+  frame.elements[1].stiffness.iyy = 1e30;
+  frame.supports = {{0, clamped}, {3, clamped}};
+  EXPECT_THAT(mechanism(frame),
+              testing::EndsWith("; or stiffnesses are too far apart to compute with: "
+                                "8.4e+00 N/mm of element 1, 8.4e+26 N/mm of element 2"));
+}
+
 TEST(Mechanism, BracedPortalOfHingesStands) {
   Frame frame = hinged_portal();
   add_truss(frame, 0, 2);
