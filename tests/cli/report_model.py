@@ -7,6 +7,7 @@ second order `program_forces` tells what `aluframe analyse` shows of each combin
 
 import math
 
+from report_members import FoundColumns
 from report_reader import POSITIONS
 from tool_runner import TOOLS  # noqa: F401 - makes the tools known
 
@@ -90,7 +91,9 @@ class ModelFacts:
 
     def length(self, number):
         """Length of the member that an element is in, mm."""
-        for member in self.model.get("members", []):
+        if "members" not in self.model:
+            return sum(self._own_length(each) for each in FoundColumns(self.model).run_of(number))
+        for member in self.model["members"]:
             if number in member["elements"]:
                 return sum(self._own_length(each) for each in member["elements"])
         return self._own_length(number)
@@ -116,6 +119,7 @@ class ModelFacts:
         return self.alloy(number) in WEAKLY_HARDENING
 
     def length_factor(self, number, axis):
+        """Of the file, else 1: so much has a column whose storeys are alike and turn freely at the ends."""
         factors = self.elements[number].get("design", {}).get("length_factors")
         for member in self.model.get("members", []):
             if factors is None and number in member["elements"]:
