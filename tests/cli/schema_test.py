@@ -30,7 +30,7 @@ FULL = {
     "settings": {"code": "GB50429-2007", "rib": False, "rib_ratio": 1.1, "safety_class": 3,
                  "strength_ratio": 0.9, "seismic": True, "gamma_re_strength": 0.7,
                  "gamma_re_stability": 0.75},
-    "frame": {"braced_a": True, "braced_b": False},
+    "frame": {"braced_a": True, "braced_b": False, "length_factors": "one"},
     "analysis": {"second_order": False},
     "catalogues": [],
     "materials": [
