@@ -29,26 +29,35 @@ class Run {
   Result<Solution> recover(const Options& options);
 
  private:
-  void add_case(const LoadCase& load_case, RightSides& sides);
+  void add_loads(RightSides& sides);
 
   const Frame& frame_;
   std::span<const LoadCase> cases_;
   std::vector<Geometry> geometry_;
   Equations equations_;
   std::vector<LoadsByElement> loads_;
+  std::vector<ClampedElements> clamped_;
   std::vector<NodeValues> moved_;
   std::vector<Norms> sizes_;
   Effort effort_;
 };
 
-void Run::add_case(const LoadCase& load_case, RightSides& sides) {
-  loads_.emplace_back(frame_, geometry_, load_case);
-  moved_.push_back(settlements(frame_, load_case));
-  const EquivalentLoads loads =
-      equivalent_loads(frame_, geometry_, load_case, moved_.back(),
-                       elastic_source(frame_, geometry_), clamped_source(frame_, loads_.back()));
-  sizes_.push_back(loads.size);
-  sides.add(loads.values);
+void Run::add_loads(RightSides& sides) {
+  loads_.reserve(cases_.size());
+  for (const LoadCase& load_case : cases_) loads_.emplace_back(frame_, geometry_, load_case);
+  clamped_ = clamp_elements(frame_, loads_);
+  const StiffnessSource stiffness = elastic_source(frame_, geometry_);
+  for (std::size_t c = 0; c < cases_.size(); ++c) {
+    EquivalentLoads loads(frame_, geometry_, cases_[c]);
+    for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
+      if (!clamped_[c].is_loaded(i)) continue;
+      loads.add_clamped(i, clamped_[c].condensed(i), clamped_[c].unreleased(i));
+    }
+    loads.add_settlements(stiffness);
+    sizes_.push_back(loads.size());
+    moved_.push_back(settlements(frame_, cases_[c]));
+    sides.add(loads.values());
+  }
 }
 
 Found Run::solve_equations() {
@@ -58,8 +67,7 @@ Found Run::solve_equations() {
   const ScaledEquations scaled =
       assemble(frame_, geometry_, equations_, elastic_source(frame_, geometry_));
   RightSides sides(equations_, scaled);
-  loads_.reserve(cases_.size());
-  for (const LoadCase& load_case : cases_) add_case(load_case, sides);
+  add_loads(sides);
   if (equations_.count() == 0) return std::nullopt;
   const auto solver = make_solver();
   const Factorisation done = solver->factorise(scaled.matrix);
@@ -75,7 +83,7 @@ Result<Solution> Run::recover(const Options& options) {
   std::vector<CaseRecovery> recoveries;
   recoveries.reserve(cases_.size());
   for (NodeValues& moved : moved_) recoveries.emplace_back(frame_, std::move(moved));
-  recover_linear(frame_, geometry_, loads_, recoveries);
+  recover_linear(frame_, geometry_, {loads_, clamped_, recoveries});
   Solution solution;
   solution.effort = effort_;
   for (std::size_t i = 0; i < cases_.size(); ++i) {

@@ -1,6 +1,5 @@
 #include "aluframe/analysis/beam_column.h"
 
-#include "aluframe/analysis/clamped_forces.h"
 #include "aluframe/analysis/linear_answer.h"
 
 namespace aluframe::analysis {
@@ -67,7 +66,9 @@ ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loa
                                  const Vector12& displacements) const {
   ElementAnswer answer;
   answer.end_forces = stiffness_.condensed * displacements + clamped_.condensed;
-  answer.magnitude = magnitude_of(stiffness_, displacements, clamped_.unreleased, loads.length);
+  const Vector12 own =
+      stiffness_.unreleased.cwiseProduct(displacements).cwiseAbs() + clamped_.unreleased.cwiseAbs();
+  answer.magnitude = magnitude_of(own, loads.length);
   answer.sections = section_forces(element.kind, answer.end_forces, loads);
   add_bowing(displacements, answer.sections);
   return answer;

@@ -4,6 +4,7 @@
 
 #include "aluframe/analysis/bending_chain.h"
 #include "aluframe/analysis/case_recovery.h"
+#include "aluframe/analysis/clamped_forces.h"
 #include "aluframe/analysis/releases.h"
 
 namespace aluframe::analysis {

@@ -19,29 +19,43 @@ constexpr double noise_in_case = 1e-12;
 /// Moments collect the rounding of forces over the extent of the frame. Measured: 1e-15.
 constexpr double noise_over_extent = 1e-13;
 
-/// Larger of `largest` and the sizes of three values.
-float largest_of(float largest, const float* three) {
-  for (std::size_t i = 0; i < 3; ++i) largest = std::max(largest, std::abs(three[i]));
-  return largest;
-}
+constexpr std::size_t of_element = sizeof(ElementForces) / sizeof(float);
 
-Norms largest_of(const ElementForces& forces) {
-  float force = 0.0F, moment = 0.0F;
-  for (const SectionForces& section : forces) {
-    force = largest_of(force, section.data());
-    moment = largest_of(moment, section.data() + 3);
+Norms largest_of(const float* sections) {
+  // Two sections fill whole registers; the third pair overlaps the second, which a maximum allows.
+  using Pair = Eigen::Array<float, 12, 1>;
+  Pair largest = Pair::Zero();
+  for (const std::size_t pair : {0, 12, 18}) {
+    largest = largest.max(Eigen::Map<const Pair>(sections + pair).abs());
   }
-  return {static_cast<double>(force), static_cast<double>(moment)};
+  Norms norms;
+  for (std::size_t i = 0; i < 12; ++i) {
+    norms.include(i, static_cast<double>(largest[static_cast<int>(i)]));
+  }
+  return norms;
 }
 
-/// Sets three values up to `limit` to zero: forces, or moments. Without a branch, because which of
-/// them are noise cannot be foreseen.
-template <class Value>
-void clear_below(double limit, Value* three) {
-  const auto own_limit =
-      static_cast<Value>(std::min(limit, double{std::numeric_limits<Value>::max()}));
-  for (std::size_t i = 0; i < 3; ++i) {
-    three[i] = std::abs(three[i]) <= own_limit ? Value{0} : three[i];
+/// The nearest number that a float can hold.
+float limit_of(double limit) {
+  return static_cast<float>(std::min(limit, double{std::numeric_limits<float>::max()}));
+}
+
+/// Sets values up to their limit to zero. In one loop without a branch, which the compiler turns
+/// into operations on several values, because which of them are noise cannot be foreseen.
+void clear_below(const Norms& limits, float* sections) {
+  const float force = limit_of(limits.force), moment = limit_of(limits.moment);
+  std::array<float, of_element> limit;
+  for (std::size_t i = 0; i < of_element; i += 6) {
+    for (std::size_t j = 0; j < 6; ++j) limit[i + j] = j < 3 ? force : moment;
+  }
+  for (std::size_t i = 0; i < of_element; ++i) {
+    sections[i] = std::abs(sections[i]) <= limit[i] ? 0.0F : sections[i];
+  }
+}
+
+void clear_below(const Norms& limits, Vector6& six) {
+  for (std::size_t i = 0; i < 6; ++i) {
+    if (std::abs(six[i]) <= (i < 3 ? limits.force : limits.moment)) six[i] = 0.0;
   }
 }
 
@@ -52,10 +66,10 @@ Problem too_large() {
 
 bool all_finite(const std::vector<ElementForces>& forces) {
   if (forces.empty()) return true;
-  constexpr std::size_t of_element = sizeof(ElementForces) / sizeof(float);
   const Eigen::Map<const Eigen::ArrayXf> all(forces.front().front().data(),
                                              static_cast<Eigen::Index>(of_element * forces.size()));
-  return std::isfinite(all.abs().maxCoeff<Eigen::PropagateNaN>());
+  // Infinity times zero is not a number, and stays so in a sum.
+  return (all * 0.0F).sum() == 0.0F;
 }
 
 std::vector<Vector6> by_node(const NodeValues& values) {
@@ -74,35 +88,18 @@ CaseRecovery::CaseRecovery(const Frame& frame, NodeValues displacements)
       held_(displacements_.size(), 0.0),
       forces_(frame.elements.size()) {}
 
-void CaseRecovery::add(std::size_t element, const Axes& axes, const ElementAnswer& answer) {
-  add_at_ends(frame_.elements[element], to_global(axes, answer.end_forces), held_);
-  for (int position = 0; position < 5; ++position) {
-    for (int i = 0; i < 6; ++i) {
-      forces_[element][static_cast<std::size_t>(position)][static_cast<std::size_t>(i)] =
-          static_cast<float>(answer.sections(i, position));
-    }
-  }
-  largest_.force = std::max(largest_.force, answer.magnitude.force);
-  largest_.moment = std::max(largest_.moment, answer.magnitude.moment);
-}
-
 void CaseRecovery::remove_noise(CaseResult& result) const {
   const double force = noise_in_case * largest_.force;
   const double moment = std::max(noise_in_case * largest_.moment,
                                  noise_over_extent * largest_.force * extent_of(frame_).size);
   for (ElementForces& element : result.forces) {
-    const Norms own = largest_of(element);
-    const double own_force = std::max(force, noise_in_element * own.force);
-    const double own_moment = std::max(moment, noise_in_element * own.moment);
-    for (SectionForces& section : element) {
-      clear_below(own_force, section.data());
-      clear_below(own_moment, section.data() + 3);
-    }
+    float* const sections = element.front().data();
+    const Norms own = largest_of(sections);
+    clear_below({std::max(force, noise_in_element * own.force),
+                 std::max(moment, noise_in_element * own.moment)},
+                sections);
   }
-  for (Reaction& reaction : result.reactions) {
-    clear_below(force, reaction.value.data());
-    clear_below(moment, reaction.value.data() + 3);
-  }
+  for (Reaction& reaction : result.reactions) clear_below({force, moment}, reaction.value);
 }
 
 std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,

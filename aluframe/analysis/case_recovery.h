@@ -24,7 +24,11 @@ class CaseRecovery {
   Vector12 displacements_of(const Element& element) const {
     return at_ends(element, displacements_);
   }
-  void add(std::size_t element, const Axes& axes, const ElementAnswer& answer);
+  /// @param end_forces in global axes, twelve values that act ON the element
+  /// @param sections its five positions one after the other, thirty values
+  template <class EndForces, class Sections>
+  void add(std::size_t element, const EndForces& end_forces, const Sections& sections,
+           const Norms& magnitude);
 
   /// @param size of the loads that the displacements were solved for
   Result<CaseResult> finish(const Equations& equations, const LoadCase& load_case,
@@ -41,5 +45,15 @@ class CaseRecovery {
   std::vector<ElementForces> forces_;
   Norms largest_;  // of the sums that end forces are made of: what rounding is measured by
 };
+
+template <class EndForces, class Sections>
+void CaseRecovery::add(std::size_t element, const EndForces& end_forces, const Sections& sections,
+                       const Norms& magnitude) {
+  add_at_ends(frame_.elements[element], end_forces, held_);
+  using Forces = Eigen::Matrix<float, 30, 1>;
+  Eigen::Map<Forces>(forces_[element].front().data()) = sections.template cast<float>();
+  largest_.force = std::max(largest_.force, magnitude.force);
+  largest_.moment = std::max(largest_.moment, magnitude.moment);
+}
 
 }  // namespace aluframe::analysis

@@ -5,6 +5,12 @@
 
 namespace aluframe::analysis {
 
+/// End forces of a clamped element under its loads, local axes.
+struct ClampedEnds {
+  Vector12 condensed;   ///< with its releases
+  Vector12 unreleased;  ///< as if nothing were released
+};
+
 /// End forces, acting ON the element in local axes, that hold both its ends still under its loads.
 /// Exact for every load, shear flexibility included: the shapes that the loads are weighed with are
 /// those of the unloaded element (reciprocity). A truss passes its loads on to its ends as a simply

@@ -103,14 +103,6 @@ void LoadsByElement::add_temperatures(const Frame& frame, const LoadCase& load_c
   }
 }
 
-ElementLoads LoadsByElement::of(std::size_t element) const {
-  const std::size_t d = distributed_begin_[element], p = points_begin_[element];
-  return {lengths_[element],
-          {distributed_.data() + d, distributed_begin_[element + 1] - d},
-          {points_.data() + p, points_begin_[element + 1] - p},
-          free_.empty() ? FreeDeformation{} : free_[element]};
-}
-
 Resultant resultant_before(const ElementLoads& loads, double x) {
   Resultant sum;
   const auto add = [&](double at, const Eigen::Vector3d& force) {

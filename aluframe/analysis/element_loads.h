@@ -29,6 +29,8 @@ struct LocalPoint {
 /// d²w/dx² of its two bending planes, 1/mm.
 struct FreeDeformation {
   double strain = 0.0, curvature_y = 0.0, curvature_z = 0.0;
+
+  bool operator==(const FreeDeformation&) const = default;
 };
 
 /// Loads of one case on one element, in local axes.
@@ -45,7 +47,23 @@ class LoadsByElement {
  public:
   LoadsByElement(const Frame& frame, std::span<const Geometry> geometry, const LoadCase& load_case);
 
-  ElementLoads of(std::size_t element) const;
+  ElementLoads of(std::size_t element) const {
+    const std::size_t d = distributed_begin_[element], p = points_begin_[element];
+    return {lengths_[element],
+            {distributed_.data() + d, distributed_begin_[element + 1] - d},
+            {points_.data() + p, points_begin_[element + 1] - p},
+            free_.empty() ? FreeDeformation{} : free_[element]};
+  }
+
+  /// Whether forces act on the element between its nodes.
+  bool has_forces(std::size_t element) const {
+    return distributed_begin_[element] != distributed_begin_[element + 1] ||
+           points_begin_[element] != points_begin_[element + 1];
+  }
+  /// Whether anything acts on it, its temperature included.
+  bool is_loaded(std::size_t element) const {
+    return has_forces(element) || (!free_.empty() && free_[element] != FreeDeformation{});
+  }
 
  private:
   void add_distributed(const Frame& frame, std::span<const Geometry> geometry,

@@ -90,11 +90,16 @@ Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
   if (b.frame.elements.empty()) return {};
   const Extent extent = extent_of(b.frame);
   Sum sum(extent.middle);
-  for (std::size_t i = 0; i < b.frame.nodes.size(); ++i) sum.add(b.frame.nodes[i], &b.nodal[6 * i]);
+  for (std::size_t i = 0; i < b.frame.nodes.size(); ++i) {
+    const double* six = &b.nodal[6 * i];
+    if (std::any_of(six, six + 6, [](double value) { return value != 0.0; })) {
+      sum.add(b.frame.nodes[i], six);
+    }
+  }
   for (const Reaction& r : reactions) sum.add(b.frame.nodes[r.node], r.value.data());
   for (std::size_t i = 0; i < b.frame.elements.size(); ++i) {
+    if (!loads.has_forces(i)) continue;
     const ElementLoads here = loads.of(i);
-    if (here.distributed.empty() && here.points.empty()) continue;
     const Resultant all = resultant_before(here, here.length);
     const Eigen::Matrix3d back = b.geometry[i].axes.transpose();
     sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);

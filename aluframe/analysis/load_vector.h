@@ -13,22 +13,25 @@ namespace aluframe::analysis {
 using NodeValues = std::vector<double>;
 
 /// The twelve values of an element's two nodes.
-Vector12 at_ends(const Element& element, const NodeValues& values);
-void add_at_ends(const Element& element, const Vector12& part, NodeValues& values);
+inline Vector12 at_ends(const Element& element, const NodeValues& values) {
+  using Six = Eigen::Map<const Eigen::Matrix<double, 6, 1>>;
+  Vector12 ends;
+  ends << Six(&values[6 * element.start]), Six(&values[6 * element.end]);
+  return ends;
+}
+template <class Twelve>
+void add_at_ends(const Element& element, const Twelve& part, NodeValues& values) {
+  double* const starts = &values[6 * element.start];
+  double* const ends = &values[6 * element.end];
+  for (int i = 0; i < 6; ++i) {
+    starts[i] += part[i];
+    ends[i] += part[6 + i];
+  }
+}
 
 /// Loads that the case puts on nodes, and displacements that it prescribes to supports.
 NodeValues nodal_loads(const Frame& frame, const LoadCase& load_case);
 NodeValues settlements(const Frame& frame, const LoadCase& load_case);
-
-/// End forces of a clamped element under its loads, local axes.
-struct ClampedEnds {
-  Vector12 condensed;   ///< with its releases
-  Vector12 unreleased;  ///< as if nothing were released
-};
-
-/// Gives the clamped ends of the element at a place.
-using ClampedSource = std::function<void(std::size_t, ClampedEnds&)>;
-ClampedSource clamped_source(const Frame& frame, const LoadsByElement& loads);
 
 /// Largest force and largest moment of several.
 struct Norms {
@@ -44,16 +47,28 @@ struct Norms {
 /// All loads of a case as loads on nodes, and how large they are. Their size counts what clamped
 /// elements and prescribed displacements would exert before releases and sums take from it: a
 /// temperature that releases let go free is a load of that size all the same.
-struct EquivalentLoads {
-  NodeValues values;
-  Norms size;
-};
+class EquivalentLoads {
+ public:
+  /// Starts with the loads that the case puts on nodes.
+  EquivalentLoads(const Frame& frame, std::span<const Geometry> geometry,
+                  const LoadCase& load_case);
 
-/// Given loads, those that hold clamped elements turned round, and those of prescribed
-/// displacements.
-/// @param moved displacements with nothing but the prescribed ones
-EquivalentLoads equivalent_loads(const Frame& frame, std::span<const Geometry> geometry,
-                                 const LoadCase& load_case, const NodeValues& moved,
-                                 const StiffnessSource& stiffness, const ClampedSource& clamped);
+  /// Adds the end forces that hold a clamped element, turned round; local axes.
+  /// @param unreleased the same as if nothing were released
+  void add_clamped(std::size_t element, const Vector12& condensed, const Vector12& unreleased);
+
+  /// Adds what the elements exert under the prescribed displacements alone.
+  void add_settlements(const StiffnessSource& stiffness);
+
+  const NodeValues& values() const { return values_; }
+  const Norms& size() const { return size_; }
+
+ private:
+  const Frame& frame_;
+  std::span<const Geometry> geometry_;
+  const LoadCase& load_case_;
+  NodeValues values_;
+  Norms size_;
+};
 
 }  // namespace aluframe::analysis

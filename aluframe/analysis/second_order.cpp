@@ -48,7 +48,7 @@ class Iteration {
   Problem buckled(const ScaledEquations& scaled) const;
   void update_forces();
   StiffnessSource stiffness() const;
-  ClampedSource clamped() const;
+  EquivalentLoads equivalent_loads() const;
 
   const Frame& frame_;
   const LoadCase& load_case_;
@@ -68,8 +68,15 @@ StiffnessSource Iteration::stiffness() const {
   return [this](std::size_t i, ElementStiffness& k) { k = columns_[i].stiffness(); };
 }
 
-ClampedSource Iteration::clamped() const {
-  return [this](std::size_t i, ClampedEnds& ends) { ends = columns_[i].clamped(); };
+EquivalentLoads Iteration::equivalent_loads() const {
+  EquivalentLoads loads(frame_, geometry_, load_case_);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (!loads_.is_loaded(i)) continue;
+    const ClampedEnds& ends = columns_[i].clamped();
+    loads.add_clamped(i, ends.condensed, ends.unreleased);
+  }
+  loads.add_settlements(stiffness());
+  return loads;
 }
 
 Problem Iteration::buckled_element(std::size_t place) const {
@@ -112,14 +119,13 @@ Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations&
 
 Found Iteration::solve_equations() {
   displacements_ = settlements(frame_, load_case_);
-  const EquivalentLoads loads =
-      equivalent_loads(frame_, geometry_, load_case_, displacements_, stiffness(), clamped());
-  size_ = loads.size;
+  const EquivalentLoads loads = equivalent_loads();
+  size_ = loads.size();
   if (equations_.count() == 0) return std::nullopt;
   const ScaledEquations scaled = assemble(frame_, geometry_, equations_, stiffness());
   if (auto problem = find_buckling(solver_->factorise(scaled.matrix), scaled)) return problem;
   RightSides sides(equations_, scaled);
-  sides.add(loads.values);
+  sides.add(loads.values());
   const bool held = sides.solve(*solver_) >= least_softness;
   if (!held) return first_ ? explain_mechanism(frame_, equations_, scaled) : buckled(scaled);
   sides.add_displacements(0, displacements_);
@@ -158,7 +164,9 @@ Result<CaseResult> Iteration::result() const {
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Element& element = frame_.elements[i];
     const Vector12 u = to_local(geometry_[i].axes, recovery.displacements_of(element));
-    recovery.add(i, geometry_[i].axes, columns_[i].answer(element, loads_.of(i), u));
+    const ElementAnswer answer = columns_[i].answer(element, loads_.of(i), u);
+    recovery.add(i, to_global(geometry_[i].axes, answer.end_forces), answer.sections.reshaped(),
+                 answer.magnitude);
   }
   return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
 }
