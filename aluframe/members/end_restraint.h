@@ -11,18 +11,6 @@ enum class Buckling {
   cantilever  ///< bars are bent at this end only: 3·EI/L; also the one that continues the stretch
 };
 
-/// Whether a support holds an end of a stretch (0 start, 1 end) rigidly against moving along a
-/// direction square to it (unit vector, to 1°). A support that does not act along the direction
-/// holds it too when whatever it leaves free would change the bar's length: a vertical support
-/// under a sloping beam.
-bool is_held_along(const Stretches& stretches, const Stretch& stretch, std::size_t end,
-                   const Eigen::Vector3d& direction);
-
-/// Whether nothing holds an end against moving along a direction: no other element is there, and no
-/// support that acts that way.
-bool is_free_end(const Stretches& stretches, const Stretch& stretch, std::size_t end,
-                 const Eigen::Vector3d& direction);
-
 /// G of one end (0 start, 1 end) for buckling about an axis of the stretch: c·Σ(EI/L) of the
 /// stretch and the one that continues it, over the rotational stiffness about the axis that is
 /// there, c being 2, and 6 for sway and cantilevers.
@@ -30,12 +18,12 @@ bool is_free_end(const Stretches& stretches, const Stretch& stretch, std::size_t
 /// 0 where a support fixes the rotation about the axis; infinite where the stretch is released
 /// about it, or nothing resists. Otherwise resist
 /// - springs of the support, by their part about the axis,
-/// - the bars that end or pass there, with I about their own y and z, by the part of each about the
-///   axis. A bar that is released at the node about its y (z) has none of Iy (Iz), and torsion of
-///   bars is left out. By their far ends bars have, as above, 2, 6 or 3·EI/L, but 3·EI/L where they
-///   are hinged and 4·EI/L where they are fixed there, and nothing where that end is free.
-/// A support fixes a rotation that lies within 1° of the directions that it restrains, and leaves
-/// any other free.
+/// - the bars that end or pass there (restraining_bar.h), by the part of their axes about that
+/// axis.
+///   A bar that is released at the node about its y (z) has none of Iy (Iz), and torsion of bars is
+///   left out. By their far ends bars have, as above, 2, 6 or 3·EI/L, but 3·EI/L where they are
+///   hinged (with sway also where no column turns along) and 4·EI/L where they are fixed there, and
+///   nothing where that end is free.
 double end_ratio(const Stretches& stretches, const Stretch& stretch, std::size_t end, Axis axis,
                  Buckling buckling);
 

@@ -4,6 +4,7 @@
 
 #include "aluframe/members/chart_equations.h"
 #include "aluframe/members/end_restraint.h"
+#include "aluframe/members/end_support.h"
 
 namespace aluframe::members {
 
@@ -27,8 +28,8 @@ bool sways(const Stretches& stretches, const Stretch& stretch, const Eigen::Vect
   const model::Element& first = model.elements[stretch.elements.front()];
   if (model::member_type(model, first) != model::MemberType::column) return false;
   if (is_braced_along(model, direction)) return false;
-  return !is_held_along(stretches, stretch, 0, direction) ||
-         !is_held_along(stretches, stretch, 1, direction);
+  return !is_held_along(stretches, stretch.ends[0], direction) ||
+         !is_held_along(stretches, stretch.ends[1], direction);
 }
 
 LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis axis) {
@@ -37,7 +38,7 @@ LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis a
   const Eigen::Vector3d moves = stretches.direction(stretch.elements.front(), other);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};
-  if (is_free_end(stretches, line, 0, moves) || is_free_end(stretches, line, 1, moves)) {
+  if (is_free_end(stretches, line.ends[0], moves) || is_free_end(stretches, line.ends[1], moves)) {
     buckling = Buckling::cantilever;
     factor.source = FactorSource::cantilever;
   } else if (sways(stretches, line, moves)) {

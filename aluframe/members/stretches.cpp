@@ -123,8 +123,8 @@ Stretches::Arm Stretches::arm(const ElementEnd& at) const {
   const Place& place = places_[at.element];
   const Stretch& stretch = all_[place.stretch];
   const double from = place.along[at.end];
-  if (place.along[1 - at.end] > from) return {&stretch, stretch.length - from, 1};
-  return {&stretch, from, 0};
+  if (place.along[1 - at.end] > from) return {&stretch, stretch.length - from};
+  return {&stretch, from};
 }
 
 Eigen::Vector3d Stretches::direction(std::size_t element, Axis axis) const {

@@ -41,12 +41,15 @@ class Stretches {
   const model::Connectivity& connectivity() const { return connectivity_; }
   const std::vector<Stretch>& all() const { return all_; }
   const analysis::Geometry& geometry(std::size_t element) const { return geometry_[element]; }
+  /// E·I of an element about its own axis, N·mm².
+  double stiffness(std::size_t element, Axis axis) const {
+    return stiffness_of(element)[static_cast<std::size_t>(axis)];
+  }
 
   /// What of an element's stretch leads away from the node at one of its ends, through the element.
   struct Arm {
     const Stretch* stretch = nullptr;
-    double length = 0.0;      ///< mm, from the node to the end of the stretch
-    std::size_t far_end = 0;  ///< which end of the stretch that is
+    double length = 0.0;  ///< mm, from the node to the end of the stretch
   };
   Arm arm(const ElementEnd& at) const;
 

@@ -1,0 +1,65 @@
+#include "aluframe/members/end_support.h"
+
+namespace aluframe::members {
+
+namespace {
+
+/// Sine of 10°: a bar steeper than that against what its support leaves free cannot move along it.
+constexpr double steep = 0.1736;
+
+/// Places of rotations among the six directions of a support.
+constexpr std::size_t rotations = 3;
+
+/// What a support's rigid directions, from `first` on, leave of a vector: 0 (translations) or 3
+/// (rotations).
+Eigen::Vector3d left_free(const model::Support& support, std::size_t first,
+                          Eigen::Vector3d vector) {
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (support.restrained[first + i]) vector[static_cast<Eigen::Index>(i)] = 0.0;
+  }
+  return vector;
+}
+
+}  // namespace
+
+model::Number node_of(const Stretches& stretches, const ElementEnd& at) {
+  return stretches.model().elements[at.element].nodes[at.end];
+}
+
+const model::Support* support_at(const Stretches& stretches, const ElementEnd& at) {
+  return stretches.connectivity().support_of(node_of(stretches, at));
+}
+
+bool fixes_rotation(const model::Support* support, const Eigen::Vector3d& axis) {
+  return support != nullptr && left_free(*support, rotations, axis).norm() <= alignment;
+}
+
+double spring_about(const model::Support* support, const Eigen::Vector3d& axis) {
+  if (support == nullptr) return 0.0;
+  double stiffness = 0.0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const double component = axis[static_cast<Eigen::Index>(i)];
+    stiffness += support->springs[rotations + i] * component * component;
+  }
+  return stiffness;
+}
+
+bool is_held_along(const Stretches& stretches, const ElementEnd& at,
+                   const Eigen::Vector3d& direction) {
+  const model::Support* support = support_at(stretches, at);
+  if (support == nullptr) return false;
+  Eigen::Vector3d free = left_free(*support, 0, direction);
+  const Eigen::Vector3d bar = stretches.geometry(at.element).axes.row(0).transpose();
+  const Eigen::Vector3d along = left_free(*support, 0, bar);
+  // The bar keeps its length, so its end does not move along it either.
+  if (along.norm() > steep) free -= free.dot(along) / along.squaredNorm() * along;
+  return free.norm() <= alignment;
+}
+
+bool is_free_end(const Stretches& stretches, const ElementEnd& at,
+                 const Eigen::Vector3d& direction) {
+  return stretches.connectivity().elements_at(node_of(stretches, at)).size() == 1 &&
+         !is_held_along(stretches, at, direction);
+}
+
+}  // namespace aluframe::members
