@@ -20,6 +20,17 @@ Eigen::Vector3d left_free(const model::Support& support, std::size_t first,
   return vector;
 }
 
+/// Stiffness of a support's springs along a direction, from `first` on: 0 or 3, as above.
+double spring_stiffness(const model::Support& support, std::size_t first,
+                        const Eigen::Vector3d& direction) {
+  double stiffness = 0.0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const double component = direction[static_cast<Eigen::Index>(i)];
+    stiffness += support.springs[first + i] * component * component;
+  }
+  return stiffness;
+}
+
 }  // namespace
 
 model::Number node_of(const Stretches& stretches, const ElementEnd& at) {
@@ -35,13 +46,7 @@ bool fixes_rotation(const model::Support* support, const Eigen::Vector3d& axis) 
 }
 
 double spring_about(const model::Support* support, const Eigen::Vector3d& axis) {
-  if (support == nullptr) return 0.0;
-  double stiffness = 0.0;
-  for (std::size_t i = 0; i < 3; ++i) {
-    const double component = axis[static_cast<Eigen::Index>(i)];
-    stiffness += support->springs[rotations + i] * component * component;
-  }
-  return stiffness;
+  return support == nullptr ? 0.0 : spring_stiffness(*support, rotations, axis);
 }
 
 bool is_held_along(const Stretches& stretches, const ElementEnd& at,
@@ -60,6 +65,16 @@ bool is_free_end(const Stretches& stretches, const ElementEnd& at,
                  const Eigen::Vector3d& direction) {
   return stretches.connectivity().elements_at(node_of(stretches, at)).size() == 1 &&
          !is_held_along(stretches, at, direction);
+}
+
+bool acts_on_bending(const Stretches& stretches, const ElementEnd& at,
+                     const Eigen::Vector3d& about) {
+  const model::Support* support = support_at(stretches, at);
+  if (support == nullptr) return false;
+  const Eigen::Vector3d bar = stretches.geometry(at.element).axes.row(0).transpose();
+  const Eigen::Vector3d across = about.cross(bar).normalized();
+  return is_held_along(stretches, at, across) || fixes_rotation(support, about) ||
+         spring_about(support, about) > 0.0 || spring_stiffness(*support, 0, across) > 0.0;
 }
 
 }  // namespace aluframe::members

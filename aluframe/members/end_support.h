@@ -32,4 +32,9 @@ bool is_held_along(const Stretches& stretches, const ElementEnd& at,
 bool is_free_end(const Stretches& stretches, const ElementEnd& at,
                  const Eigen::Vector3d& direction);
 
+/// Whether a support or a spring takes part when an element that ends there bends about an axis: by
+/// the deflection or by the rotation. One that holds it sideways only does not.
+bool acts_on_bending(const Stretches& stretches, const ElementEnd& at,
+                     const Eigen::Vector3d& about);
+
 }  // namespace aluframe::members

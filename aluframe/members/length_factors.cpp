@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "aluframe/members/buckling_line.h"
 #include "aluframe/members/chart_equations.h"
 #include "aluframe/members/end_restraint.h"
-#include "aluframe/members/end_support.h"
 
 namespace aluframe::members {
 
@@ -34,7 +34,7 @@ bool sways(const Stretches& stretches, const Stretch& stretch, const Eigen::Vect
 
 LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis axis) {
   const Axis other = axis == Axis::y ? Axis::z : Axis::y;
-  const Stretch line = stretches.line_of(stretch);
+  const Stretch line = line_of(stretches, stretch, axis);
   const Eigen::Vector3d moves = stretches.direction(stretch.elements.front(), other);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};

@@ -47,8 +47,7 @@ struct StretchFactors {
 ///   (model::FrameSettings): about y they move along z, about z along y; braced_a holds what moves
 ///   along global X, braced_b along global Y, both together any direction.
 /// - Beams and inclined elements do not sway; trusses have 1.
-/// - Stretches that go straight on past a node that is no joint (Stretches::line_of) have the
-/// factor
+/// - Stretches that go straight on past a node that is no joint (buckling_line.h) have the factor
 ///   of all of them together, times its length over their own.
 /// The model must be consistent, as its reader leaves it, and outlive what is returned.
 std::vector<StretchFactors> length_factors(const model::Model& model);

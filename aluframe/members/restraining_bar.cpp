@@ -60,7 +60,7 @@ Joint joint_at(const Stretches& stretches, const ElementEnd& at, const Eigen::Ve
 /// The element that a bar goes on in past an end, or nothing where the bar ends.
 std::optional<ElementEnd> onward(const Stretches& stretches, const ElementEnd& at,
                                  const Eigen::Vector3d& about) {
-  if (support_at(stretches, at) != nullptr || !bends_about(stretches, at, about)) {
+  if (acts_on_bending(stretches, at, about) || !bends_about(stretches, at, about)) {
     return std::nullopt;
   }
   const Joint joint = joint_at(stretches, at, about);

@@ -17,7 +17,7 @@ enum class FarEnd {
 /// A bar from a joint to the next one. However many elements, members and sections it is made of,
 /// it bends as one: it goes on through a node where exactly one other element bends about its axis,
 /// round a corner as well (over the ridge of a gable frame), and ends
-/// - at a support, a spring or a release about its axis,
+/// - at a release about its axis, a support or a spring that acts in its plane of bending,
 /// - where several elements bend about its axis,
 /// - where a column stands, hinged or not; a bar of columns ends where there is none above.
 struct RestrainingBar {

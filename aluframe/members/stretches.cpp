@@ -21,13 +21,6 @@ model::Number start_of(const model::Model& model, const std::vector<std::size_t>
   return first.nodes[turned ? 1 : 0];
 }
 
-/// Whether an element bends about both its axes up to its end.
-bool passes_moments(const model::Element& element, std::size_t end) {
-  constexpr std::size_t my = 4, mz = 5;
-  return element.kind == model::ElementKind::beam && !element.released[6 * end + my] &&
-         !element.released[6 * end + mz];
-}
-
 }  // namespace
 
 Stretches::Stretches(const model::Model& model)
@@ -83,40 +76,6 @@ std::array<double, 2> Stretches::stiffness_of(std::size_t element) const {
   const double e = model_.materials.find(of.material)->e;
   const auto& [iyy, izz] = inertias_[model_.sections.position(of.section)];
   return {e * iyy, e * izz};
-}
-
-std::optional<ElementEnd> Stretches::continuation(const ElementEnd& at) const {
-  const model::Element& element = model_.elements[at.element];
-  const model::Number node = element.nodes[at.end];
-  const std::vector<model::Number>& meeting = connectivity_.elements_at(node);
-  if (meeting.size() != 2 || connectivity_.support_of(node) != nullptr) return std::nullopt;
-  const std::size_t place =
-      model_.elements.position(meeting[0] == element.number ? meeting[1] : meeting[0]);
-  const model::Element& other = model_.elements[place];
-  const ElementEnd next{place, end_at(other, node)};
-  const bool goes_on_stiffly = goes_on(geometry_[at.element], at.end, geometry_[place], next.end) &&
-                               stands_alike(geometry_[at.element], geometry_[place]) &&
-                               passes_moments(element, at.end) && passes_moments(other, next.end);
-  return goes_on_stiffly ? std::optional(next) : std::nullopt;
-}
-
-Stretch Stretches::line_of(const Stretch& stretch) const {
-  Stretch line = stretch;
-  std::array<double, 2> sums{stretch.stiffness[0] * stretch.length,
-                             stretch.stiffness[1] * stretch.length};
-  for (const std::size_t end : {0U, 1U}) {
-    for (auto next = continuation(line.ends[end]); next; next = continuation(line.ends[end])) {
-      const Stretch& onward = all_[places_[next->element].stretch];
-      if (&onward == &stretch) break;  // bent members that the file names may close a ring
-      const std::size_t far = onward.nodes[0] == line.nodes[end] ? 1 : 0;
-      line.nodes[end] = onward.nodes[far];
-      line.ends[end] = onward.ends[far];
-      line.length += onward.length;
-      for (std::size_t i = 0; i < 2; ++i) sums[i] += onward.stiffness[i] * onward.length;
-    }
-  }
-  for (std::size_t i = 0; i < 2; ++i) line.stiffness[i] = sums[i] / line.length;
-  return line;
 }
 
 Stretches::Arm Stretches::arm(const ElementEnd& at) const {

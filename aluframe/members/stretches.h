@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 #include "aluframe/members/straightness.h"
@@ -53,19 +52,12 @@ class Stretches {
   };
   Arm arm(const ElementEnd& at) const;
 
-  /// A stretch together with those that continue it straight on past nodes that are no joints:
-  /// without a support, without any third element, and without a release of a bending moment. Such
-  /// stretches (of another section, say) buckle as one. Its elements are those of `stretch` alone.
-  Stretch line_of(const Stretch& stretch) const;
-
   /// Unit vector of an element's axis.
   Eigen::Vector3d direction(std::size_t element, Axis axis) const;
 
  private:
   void add(const model::Member* member, std::vector<std::size_t> elements);
   std::array<double, 2> stiffness_of(std::size_t element) const;
-  /// The element that alone continues another past its end, or nothing.
-  std::optional<ElementEnd> continuation(const ElementEnd& at) const;
 
   /// Where an element lies in its stretch.
   struct Place {

@@ -231,6 +231,14 @@ TEST(Cantilever, OfTwoSectionsBucklesAsOne) {
   EXPECT_NEAR(factors_of(frame, 2).y.k, 2.0 * 5 / 2, exact);
 }
 
+TEST(Column, BucklesAsOneInThePlaneInWhichNothingHoldsItsMiddle) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 5).beam(2, 2, 3).hinged(1).hinged(3);
+  frame.support(2, {false, true, false, false, false, false});
+  EXPECT_NEAR(factors_of(frame, 1).y.k, 5.0 / 3, exact) << "along X";
+  EXPECT_NEAR(factors_of(frame, 1).z.k, 1.0, exact) << "along Y";
+}
+
 TEST(Column, EndsAtAHingeWithinItsLine) {
   FrameBuilder frame = column();
   frame.node(3, 0, 0, 5).beam(2, 2, 3).fixed(1).hinged(3).braced(true, true);

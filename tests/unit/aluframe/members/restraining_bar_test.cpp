@@ -66,6 +66,21 @@ TEST(RestrainingBar, GoesOnPastSecondaryBeams) {
   EXPECT_NEAR(head_ratio(frame), 1.0, exact) << "which could only twist";
 }
 
+// As in a plane model: held along Y, and against turning out of its plane.
+TEST(RestrainingBar, GoesOnPastSupportsThatHoldItSidewaysOnly) {
+  FrameBuilder frame = portal_in_pieces();
+  for (const Number node : {5U, 6U}) {
+    frame.support(node, {false, true, false, true, false, true});
+  }
+  EXPECT_NEAR(head_ratio(frame), 1.0, exact);
+}
+
+TEST(RestrainingBar, EndsAtASpringInItsPlane) {
+  FrameBuilder frame = portal_in_pieces();
+  frame.support(5, {}, {0, 0, 100, 0, 0, 0});
+  EXPECT_NEAR(head_ratio(frame), 2.0 * 0.5 / 3.0, exact) << "3·EI/L of 0.5 m";
+}
+
 TEST(RestrainingBar, EndsAtASupport) {
   FrameBuilder frame = portal_in_pieces();
   frame.support(5, {false, false, true, false, false, false});
