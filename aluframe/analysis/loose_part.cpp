@@ -114,7 +114,9 @@ std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::si
   const std::string what = (whole ? "the structure with " : "the part of the structure with ") +
                            node_names(frame, part.nodes);
   const auto problem = [&](std::string text) {
-    return Problem{Problem::Kind::mechanism, std::move(text), part.nodes.front(), std::nullopt};
+    // The whole structure has no node to point at.
+    const auto node = whole ? std::nullopt : std::optional(part.nodes.front());
+    return Problem{Problem::Kind::mechanism, std::move(text), node, std::nullopt};
   };
   if (part.support.isZero(0.0)) return problem("nothing supports " + what);
   const Eigen::SelfAdjointEigenSolver<Matrix6> modes(part.support);
