@@ -5,6 +5,7 @@
 #include "aluframe/members/buckling_line.h"
 #include "aluframe/members/chart_equations.h"
 #include "aluframe/members/end_restraint.h"
+#include "aluframe/members/restraining_bar.h"
 
 namespace aluframe::members {
 
@@ -23,11 +24,19 @@ bool is_braced_along(const model::Model& model, const Eigen::Vector3d& direction
   return (frame.braced_a || !moves_along_x) && (frame.braced_b || !moves_along_y);
 }
 
-bool sways(const Stretches& stretches, const Stretch& stretch, const Eigen::Vector3d& direction) {
+/// Whether a stretch sways when it buckles about an axis, its ends moving along a direction.
+bool sways(const Stretches& stretches, const Stretch& stretch, Axis axis,
+           const Eigen::Vector3d& direction) {
   const model::Model& model = stretches.model();
-  const model::Element& first = model.elements[stretch.elements.front()];
-  if (model::member_type(model, first) != model::MemberType::column) return false;
+  const std::size_t first = stretch.elements.front();
+  if (!is_upright(model, model.elements[first], stretches.geometry(first))) return false;
   if (is_braced_along(model, direction)) return false;
+  // A diagonal on hinges is no leg: it could not stand.
+  const bool is_leg = model::member_type(model, model.elements[first]) != model::MemberType::column;
+  if (is_leg && is_released(stretches, stretch.ends[0], axis) &&
+      is_released(stretches, stretch.ends[1], axis)) {
+    return false;
+  }
   return !is_held_along(stretches, stretch.ends[0], direction) ||
          !is_held_along(stretches, stretch.ends[1], direction);
 }
@@ -41,7 +50,7 @@ LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis a
   if (is_free_end(stretches, line.ends[0], moves) || is_free_end(stretches, line.ends[1], moves)) {
     buckling = Buckling::cantilever;
     factor.source = FactorSource::cantilever;
-  } else if (sways(stretches, line, moves)) {
+  } else if (sways(stretches, line, axis, moves)) {
     buckling = Buckling::sway;
     factor.source = FactorSource::sway;
   }

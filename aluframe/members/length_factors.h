@@ -43,10 +43,11 @@ struct StretchFactors {
 /// they are that element's business. The others are computed from the ends (end_restraint.h):
 /// - In a model without any support (its forces come from elsewhere) factors are 1.
 /// - An end that no other element and no support holds against moving makes a cantilever.
-/// - Columns sway, unless supports hold both their ends, or the frame is braced
+/// - Columns, and inclined legs within 30° of the vertical, sway, unless supports hold both their
+/// ends, or the frame is braced
 ///   (model::FrameSettings): about y they move along z, about z along y; braced_a holds what moves
 ///   along global X, braced_b along global Y, both together any direction.
-/// - Beams and inclined elements do not sway; trusses have 1.
+/// - Beams and other inclined elements do not sway; trusses have 1.
 /// - Stretches that go straight on past a node that is no joint (buckling_line.h) have the factor
 ///   of all of them together, times its length over their own.
 /// The model must be consistent, as its reader leaves it, and outlive what is returned.

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cmath>
+
 #include "aluframe/analysis/local_axes.h"
+#include "aluframe/model/members.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::members {
@@ -38,6 +41,18 @@ inline bool stands_alike(const analysis::Geometry& a, const analysis::Geometry& 
   const Eigen::Vector3d up = a.axes.row(2).transpose();
   const Eigen::Vector3d other = b.axes.row(2).transpose();
   return up.dot(other) > 0.0 && up.cross(other).norm() <= collinear_limit;
+}
+
+/// Whether an element carries a frame as a column does: one by its member type, or an inclined one
+/// within 30° of the vertical, a leg. Beams only; what the checks take it for is its member type.
+inline bool is_upright(const model::Model& model, const model::Element& element,
+                       const analysis::Geometry& geometry) {
+  constexpr double cosine_of_30_degrees = 0.8660254;
+  if (element.kind != model::ElementKind::beam) return false;
+  const model::MemberType type = model::member_type(model, element);
+  if (type == model::MemberType::column) return true;
+  return type == model::MemberType::brace && !element.member_type &&
+         std::abs(geometry.axes(0, 2)) >= cosine_of_30_degrees;
 }
 
 }  // namespace aluframe::members

@@ -272,6 +272,44 @@ TEST(Cantilever, IsHeldByTheSpanBehindIt) {
   EXPECT_EQ(factors_of(frame, 1).y.k, 1.0);
 }
 
+/// A trestle of 3 m on hinged feet, whose legs lean inwards by `lean` m.
+FrameBuilder trestle(double lean) {
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 0).node(2, lean, 0, 3).node(3, 5 - lean, 0, 3).node(4, 5, 0, 0);
+  return frame.hinged(1).hinged(4).beam(1, 1, 2).beam(2, 4, 3).beam(3, 2, 3);
+}
+
+// 12° of lean: the beam, which turns at both ends alike, counts with 6·EI/L.
+TEST(Leg, SwaysAsAColumnDoes) {
+  FrameBuilder frame = trestle(0.64);
+  const LengthFactor y = factors_of(frame, 1).y;
+  EXPECT_EQ(y.source, FactorSource::sway);
+  EXPECT_NEAR(y.g[1], (5 - 2 * 0.64) / std::hypot(0.64, 3), exact);
+}
+
+TEST(Leg, IsHeldByBracing) {
+  FrameBuilder frame = trestle(0.64);
+  frame.braced(true, true);
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::non_sway);
+}
+
+TEST(Leg, ThatLeansByMoreThanThirtyDegreesIsHeld) {
+  FrameBuilder frame = trestle(1.8);
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::non_sway);
+}
+
+TEST(Leg, IsNoneWhenItIsADiagonalOnHinges) {
+  FrameBuilder frame = trestle(0.64);
+  frame.release(1, {my_start, my_end});
+  EXPECT_EQ(factors_of(frame, 1).y.k, 1.0);
+}
+
+TEST(Leg, IsNoneWhenTheModelCallsItABrace) {
+  FrameBuilder frame = trestle(0.64);
+  frame.with(1, [](Element& leg) { leg.member_type = model::MemberType::brace; });
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::non_sway);
+}
+
 // The roller leaves the beam's end free along X, but there the beam would have to change its
 // length.
 TEST(SlopingBeam, IsHeldByARollerAtItsEnd) {
