@@ -76,6 +76,8 @@ double end_ratio(const Stretches& stretches, const Stretch& stretch, std::size_t
   constexpr double hinged = std::numeric_limits<double>::infinity();
   const ElementEnd& own = stretch.ends[end];
   if (is_released(stretches, own, axis)) return hinged;
+  // What a cantilever carries at its tip turns with it.
+  if (buckling == Buckling::cantilever && stretches.is_carried(own)) return hinged;
   const Eigen::Vector3d about = stretches.direction(stretch.ends[0].element, axis);
   const model::Support* support = support_at(stretches, own);
   if (fixes_rotation(support, about)) return 0.0;

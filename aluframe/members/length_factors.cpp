@@ -24,6 +24,17 @@ bool is_braced_along(const model::Model& model, const Eigen::Vector3d& direction
   return (frame.braced_a || !moves_along_x) && (frame.braced_b || !moves_along_y);
 }
 
+/// Whether an end moves because nothing but the stretch itself holds it along a direction. Bracing,
+/// which the model does not show, holds what stands on a column, but no bare tip.
+bool is_tip(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& direction) {
+  if (is_free_end(stretches, at, direction)) return true;
+  const model::Model& model = stretches.model();
+  const bool is_braced =
+      is_upright(model, model.elements[at.element], stretches.geometry(at.element)) &&
+      is_braced_along(model, direction);
+  return stretches.is_carried(at) && !is_braced;
+}
+
 /// Whether a stretch sways when it buckles about an axis, its ends moving along a direction.
 bool sways(const Stretches& stretches, const Stretch& stretch, Axis axis,
            const Eigen::Vector3d& direction) {
@@ -47,7 +58,7 @@ LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis a
   const Eigen::Vector3d moves = stretches.direction(stretch.elements.front(), other);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};
-  if (is_free_end(stretches, line.ends[0], moves) || is_free_end(stretches, line.ends[1], moves)) {
+  if (is_tip(stretches, line.ends[0], moves) || is_tip(stretches, line.ends[1], moves)) {
     buckling = Buckling::cantilever;
     factor.source = FactorSource::cantilever;
   } else if (sways(stretches, line, axis, moves)) {

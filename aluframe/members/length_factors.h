@@ -42,7 +42,8 @@ struct StretchFactors {
 /// gives goes first; an element's own factors only stand here when it is alone, within a member
 /// they are that element's business. The others are computed from the ends (end_restraint.h):
 /// - In a model without any support (its forces come from elsewhere) factors are 1.
-/// - An end that no other element and no support holds against moving makes a cantilever.
+/// - An end that no other element and no support holds against moving makes a cantilever, and one
+///   that carries what nothing else holds (carried_ends.h), unless it is a column's and braced.
 /// - Columns, and inclined legs within 30° of the vertical, sway, unless supports hold both their
 /// ends, or the frame is braced
 ///   (model::FrameSettings): about y they move along z, about z along y; braced_a holds what moves

@@ -91,6 +91,7 @@ Walk walk_from(const Stretches& stretches, const ElementEnd& first, const Eigen:
 
 /// Whether nothing holds an end against moving when its element bends about an axis.
 bool ends_freely(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& about) {
+  if (stretches.is_carried(at)) return true;
   const Eigen::Vector3d bar = stretches.geometry(at.element).axes.row(0).transpose();
   return is_free_end(stretches, at, about.cross(bar).normalized());
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "aluframe/members/carried_ends.h"
 #include "aluframe/section/section_properties.h"
 
 namespace aluframe::members {
@@ -24,7 +25,10 @@ model::Number start_of(const model::Model& model, const std::vector<std::size_t>
 }  // namespace
 
 Stretches::Stretches(const model::Model& model)
-    : model_(model), connectivity_(model), places_(model.elements.size()) {
+    : model_(model),
+      connectivity_(model),
+      carried_(carried_ends(model, connectivity_)),
+      places_(model.elements.size()) {
   for (const model::Section& section : model.sections) {
     const model::SectionProperties properties = section::properties_of(section);
     inertias_.push_back({properties.iyy, properties.izz});

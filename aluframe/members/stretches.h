@@ -40,6 +40,8 @@ class Stretches {
   const model::Connectivity& connectivity() const { return connectivity_; }
   const std::vector<Stretch>& all() const { return all_; }
   const analysis::Geometry& geometry(std::size_t element) const { return geometry_[element]; }
+  /// Whether what is connected at an end of an element hangs on it alone (carried_ends.h).
+  bool is_carried(const ElementEnd& at) const { return carried_[at.element][at.end]; }
   /// E·I of an element about its own axis, N·mm².
   double stiffness(std::size_t element, Axis axis) const {
     return stiffness_of(element)[static_cast<std::size_t>(axis)];
@@ -68,6 +70,7 @@ class Stretches {
   const model::Model& model_;
   model::Connectivity connectivity_;
   std::vector<analysis::Geometry> geometry_;
+  std::vector<std::array<bool, 2>> carried_;
   std::vector<std::array<double, 2>> inertias_;  ///< Iyy and Izz by the place of the section, mm⁴
   std::vector<Stretch> all_;
   std::vector<Place> places_;

@@ -247,6 +247,33 @@ TEST(Column, EndsAtAHingeWithinItsLine) {
   EXPECT_EQ(factors_of(frame, 2).y.k, 1.0);
 }
 
+TEST(Cantilever, IsOneWithASignAtItsTip) {
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 3).node(2, 3, 0, 3).beam(1, 1, 2).fixed(1);
+  // The sign: a closed square under the tip.
+  frame.node(3, 3, 0, 2).node(4, 3, 1, 2).node(5, 3, 1, 3);
+  frame.beam(2, 2, 3).beam(3, 3, 4).beam(4, 4, 5).beam(5, 5, 2);
+  const StretchFactors factors = factors_of(frame, 1);
+  EXPECT_EQ(factors.y.source, FactorSource::cantilever);
+  EXPECT_NEAR(factors.y.k, 2.0, exact);
+  EXPECT_NEAR(factors.z.k, 2.0, exact);
+}
+
+TEST(Cantilever, IsNoneWhereASecondWayLeadsToASupport) {
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 3).node(2, 3, 0, 3).beam(1, 1, 2).fixed(1);
+  frame.node(3, 3, 2, 3).node(4, 3, 4, 3).beam(2, 2, 3).beam(3, 3, 4).hinged(4);
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::non_sway);
+}
+
+TEST(Cantilever, IsNoColumnOfABracedFrame) {
+  FrameBuilder frame = column();
+  frame.fixed(1).node(3, 1, 0, 3).beam(2, 2, 3);
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::cantilever);
+  frame.braced(true, true);
+  EXPECT_EQ(factors_of(frame, 1).y.source, FactorSource::non_sway);
+}
+
 // A tip that moves but does not turn: the sway mode between clamps.
 TEST(Cantilever, WithAGuidedTipHasItsLength) {
   FrameBuilder frame = column();
