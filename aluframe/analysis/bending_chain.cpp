@@ -52,17 +52,39 @@ BendingChain::BendingChain(const BendingPlane& plane, const ElementLoads& loads,
                            const PieceForces& forces)
     : piece_(piece_of(plane)), forces_(forces) {
   const Matrix4 bending = bending_stiffness(piece_);
+  // Turned without bending, a piece has the forces of its string alone.
+  const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
   for (std::size_t i = 0; i < pieces; ++i) {
-    const Matrix4 k = bending + string_stiffness(piece_, forces[i]);
+    const Matrix4 string = string_stiffness(piece_, forces[i]);
     const Vector4 held = clamped_plane(piece_, PieceLoads(loads, i).view(), axis);
-    append(i, k, held);
+    append(i, bending + string, held, string * unit_slope);
   }
+  balance();
 }
 
-void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& held) {
+/// Elimination leaves rounding of the pieces' stiffness, hundreds of times that of the element, in
+/// what should cost nothing: moving the element as a rigid body. In a chain of many elements that
+/// rounding outgrows the loads. So only the stiffness against rotations is kept, and the rest
+/// follows from it by statics: no force when moved, and those of the strings when turned.
+void BendingChain::balance() {
+  const double length = piece_.length * static_cast<double>(pieces);
+  Matrix4& k = stiffness_;
+  for (const int rotation : {1, 3}) {
+    const double force = (turned_[rotation] - k(rotation, 1) - k(rotation, 3)) / length;
+    k(rotation, 2) = k(2, rotation) = force;
+    k(rotation, 0) = k(0, rotation) = -force;
+  }
+  const double force = (turned_[2] - k(2, 1) - k(2, 3)) / length;
+  k(0, 0) = k(2, 2) = force;
+  k(0, 2) = k(2, 0) = -force;
+}
+
+void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& held,
+                          const Vector4& turned) {
   if (piece == 0) {
     stiffness_ = k;
     held_ = held;
+    turned_ = turned;
     return;
   }
   const Eigen::Matrix2d pivot = stiffness_.bottomRightCorner<2, 2>() + k.topLeftCorner<2, 2>();
@@ -81,6 +103,9 @@ void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& he
   Vector4 forces;
   forces << held_.head<2>(), held.tail<2>();
   held_ = forces - coupling.transpose() * node.own;
+  const Eigen::Vector2d turning = turned_.tail<2>() + turned.head<2>();
+  forces << turned_.head<2>(), turned.tail<2>();
+  turned_ = forces - coupling.transpose() * (inverse * turning);
 }
 
 std::array<Eigen::Vector2d, pieces + 1> BendingChain::displacements(const Vector4& ends) const {

@@ -42,13 +42,15 @@ class BendingChain {
     Eigen::Vector2d own;
   };
 
-  void append(std::size_t piece, const Matrix4& k, const Vector4& held);
+  void append(std::size_t piece, const Matrix4& k, const Vector4& held, const Vector4& turned);
+  void balance();
   std::array<Eigen::Vector2d, pieces + 1> displacements(const Vector4& ends) const;
 
   BendingPlane piece_;
   PieceForces forces_;
   Matrix4 stiffness_;
   Vector4 held_;
+  Vector4 turned_;  ///< end forces of the element turned as a rigid body by a slope of 1
   std::array<Eliminated, pieces - 1> inner_;
   int negative_pivots_ = 0;
 };

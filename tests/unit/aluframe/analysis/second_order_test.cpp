@@ -141,6 +141,25 @@ TEST(SecondOrder, CantileverMastHasTheTangentMomentAtItsFoot) {
   EXPECT_NEAR(r.result.reactions[0].value[ry], -expected, 1e-4 * expected);
 }
 
+// The rounding of a hundred short stiff pieces must not outgrow the loads of the slender mast.
+TEST(SecondOrder, CantileverMastOfManyElementsHasTheSameMoment) {
+  const Stiffness s = plain_stiffness();
+  constexpr std::size_t count = 100;
+  Frame frame;
+  for (std::size_t i = 0; i <= count; ++i) {
+    add_node(frame, 0, 0, length * static_cast<double>(i) / count);
+    if (i > 0) add_element(frame, i - 1, i);
+  }
+  frame.supports = {{0, clamped}, {count, {false, true}}};
+  LoadCase loads;
+  loads.nodal.push_back({count, {700, 0, -0.2 * euler_load()}});
+  const double k = std::sqrt(0.2 * euler_load() / (s.e * s.iyy));
+  const auto r = second_order(frame, loads);
+  const double expected = 700 * std::tan(k * length) / k;
+  // Single precision of forces; the pieces are short enough to leave no error of their own.
+  EXPECT_NEAR(std::abs(r.result.forces[0][0][my]), expected, 1e-6 * expected);
+}
+
 /// A pendulum of a truss on a hinge, its top held by a spring sideways.
 Frame pendulum(double spring) {
   Frame frame;
