@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "aluframe/members/restraining_bar.h"
+
 namespace aluframe::members {
 
 namespace {
@@ -13,36 +15,41 @@ bool passes_moments(const model::Element& element, std::size_t end) {
          !element.released[6 * end + mz];
 }
 
-/// The element that alone continues another past its end, or nothing.
-std::optional<ElementEnd> continuation(const Stretches& stretches, const ElementEnd& at,
-                                       const Eigen::Vector3d& about) {
+bool continues(const Stretches& stretches, const ElementEnd& at, const ElementEnd& next) {
   const model::Table<model::Element>& elements = stretches.model().elements;
-  const model::Element& element = elements[at.element];
-  const model::Number node = node_of(stretches, at);
-  const std::vector<model::Number>& meeting = stretches.connectivity().elements_at(node);
-  if (meeting.size() != 2 || acts_on_bending(stretches, at, about)) return std::nullopt;
-  const std::size_t place =
-      elements.position(meeting[0] == element.number ? meeting[1] : meeting[0]);
-  const model::Element& other = elements[place];
-  const ElementEnd next{place, other.nodes[0] == node ? std::size_t{0} : std::size_t{1}};
   const analysis::Geometry& here = stretches.geometry(at.element);
-  const analysis::Geometry& there = stretches.geometry(place);
-  const bool goes_on_stiffly = goes_on(here, at.end, there, next.end) &&
-                               stands_alike(here, there) && passes_moments(element, at.end) &&
-                               passes_moments(other, next.end);
-  return goes_on_stiffly ? std::optional(next) : std::nullopt;
+  const analysis::Geometry& there = stretches.geometry(next.element);
+  return goes_on(here, at.end, there, next.end) && stands_alike(here, there) &&
+         passes_moments(elements[at.element], at.end) &&
+         passes_moments(elements[next.element], next.end);
+}
+
+/// The one element that continues another past its end, or nothing.
+std::optional<ElementEnd> continuation(const Stretches& stretches, const ElementEnd& at,
+                                       const Eigen::Vector3d& about, Meeting meeting) {
+  if (acts_on_bending(stretches, at, about)) return std::nullopt;
+  std::optional<ElementEnd> next;
+  bool is_joint = false;
+  visit_others(stretches, at, [&](const ElementEnd& other) {
+    if (!next && continues(stretches, at, other)) {
+      next = other;
+    } else {
+      is_joint = is_joint || meeting == Meeting::none || bends_about(stretches, other, about);
+    }
+  });
+  return is_joint ? std::nullopt : next;
 }
 
 }  // namespace
 
-Stretch line_of(const Stretches& stretches, const Stretch& stretch, Axis axis) {
+Stretch line_of(const Stretches& stretches, const Stretch& stretch, Axis axis, Meeting meeting) {
   const Eigen::Vector3d about = stretches.direction(stretch.ends[0].element, axis);
   Stretch line = stretch;
   std::array<double, 2> sums{stretch.stiffness[0] * stretch.length,
                              stretch.stiffness[1] * stretch.length};
   for (const std::size_t end : {0U, 1U}) {
-    for (auto next = continuation(stretches, line.ends[end], about); next;
-         next = continuation(stretches, line.ends[end], about)) {
+    for (auto next = continuation(stretches, line.ends[end], about, meeting); next;
+         next = continuation(stretches, line.ends[end], about, meeting)) {
       const Stretch& onward = *stretches.arm(*next).stretch;
       if (&onward == &stretch) break;  // bent members that the file names may close a ring
       const std::size_t far = onward.nodes[0] == line.nodes[end] ? 1 : 0;

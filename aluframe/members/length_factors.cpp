@@ -54,8 +54,13 @@ bool sways(const Stretches& stretches, const Stretch& stretch, Axis axis,
 
 LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis axis) {
   const Axis other = axis == Axis::y ? Axis::z : Axis::y;
-  const Stretch line = line_of(stretches, stretch, axis);
-  const Eigen::Vector3d moves = stretches.direction(stretch.elements.front(), other);
+  const std::size_t first = stretch.elements.front();
+  const Eigen::Vector3d moves = stretches.direction(first, other);
+  const model::Model& model = stretches.model();
+  const bool may_sway = is_upright(model, model.elements[first], stretches.geometry(first)) &&
+                        !is_braced_along(model, moves);
+  const Stretch line =
+      line_of(stretches, stretch, axis, may_sway ? Meeting::without_hold : Meeting::none);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};
   if (is_tip(stretches, line.ends[0], moves) || is_tip(stretches, line.ends[1], moves)) {

@@ -23,16 +23,6 @@ double share_of(const Stretches& stretches, std::size_t element, Axis axis,
   return cosine * cosine;
 }
 
-/// Whether an element's end passes a moment about an axis on to its bending.
-bool bends_about(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& about) {
-  if (stretches.model().elements[at.element].kind != model::ElementKind::beam) return false;
-  double share = 0.0;
-  for (const Axis axis : {Axis::y, Axis::z}) {
-    if (!is_released(stretches, at, axis)) share += share_of(stretches, at.element, axis, about);
-  }
-  return share >= least_share;
-}
-
 double flexibility_of(const Stretches& stretches, std::size_t element,
                       const Eigen::Vector3d& about) {
   double stiffness = 0.0;
@@ -112,6 +102,15 @@ FarEnd far_end(const Stretches& stretches, const ElementEnd& at, const Eigen::Ve
 }
 
 }  // namespace
+
+bool bends_about(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& about) {
+  if (stretches.model().elements[at.element].kind != model::ElementKind::beam) return false;
+  double share = 0.0;
+  for (const Axis axis : {Axis::y, Axis::z}) {
+    if (!is_released(stretches, at, axis)) share += share_of(stretches, at.element, axis, about);
+  }
+  return share >= least_share;
+}
 
 bool is_released(const Stretches& stretches, const ElementEnd& at, Axis axis) {
   const model::Element& element = stretches.model().elements[at.element];

@@ -40,6 +40,10 @@ void visit_others(const Stretches& stretches, const ElementEnd& at, Visit visit)
   }
 }
 
+/// Whether an element's end passes a moment about an axis on to its bending: a beam whose own axes,
+/// as far as they are not released there, lie within 45° of it.
+bool bends_about(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& about);
+
 /// Whether an element's end is released about an axis of its own.
 bool is_released(const Stretches& stretches, const ElementEnd& at, Axis axis);
 

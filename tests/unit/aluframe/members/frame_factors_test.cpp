@@ -239,6 +239,22 @@ TEST(Column, BucklesAsOneInThePlaneInWhichNothingHoldsItsMiddle) {
   EXPECT_NEAR(factors_of(frame, 1).z.k, 1.0, exact) << "along Y";
 }
 
+// Two storeys of 3 m, clamped at the foot, with a beam along X at half height: in the plane Y-Z
+// nothing holds the middle, and the column is a mast of 6 m.
+TEST(Column, GoesOnPastABeamSquareToThePlaneInWhichItSways) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 6).beam(2, 2, 3).fixed(1).node(4, 3, 0, 3).beam(3, 2, 4).hinged(4);
+  EXPECT_NEAR(factors_of(frame, 1).z.k, 2.0 * 6 / 3, exact);
+  EXPECT_NEAR(factors_of(frame, 2).z.k, 2.0 * 6 / 3, exact);
+}
+
+TEST(Column, IsHeldAtABeamSquareToThePlaneOfItsBracing) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 6).beam(2, 2, 3).fixed(1).node(4, 3, 0, 3).beam(3, 2, 4).hinged(4);
+  frame.support(3, {true, true, false, false, false, false}).braced(true, true);
+  EXPECT_NEAR(factors_of(frame, 2).z.k, 1.0, exact) << "hinged at 3 m and at its top";
+}
+
 TEST(Column, EndsAtAHingeWithinItsLine) {
   FrameBuilder frame = column();
   frame.node(3, 0, 0, 5).beam(2, 2, 3).fixed(1).hinged(3).braced(true, true);
