@@ -29,7 +29,7 @@ CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, co
   return app
       .add_option_function<std::string>(
           name, [&value, parse, name](const std::string& text) { value = parse(name, text); }, help)
-      ->type_name("");
+      ->type_name("VALUE");
 }
 
 NumberRanges ranges_or_throw(const std::string& name, const std::string& text) {
@@ -276,6 +276,19 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   settings->callback([&] { status = run_settings_command(options); });
 }
 
+/// What is wrong with a first word that is no command: the parser would only say that one is
+/// missing.
+std::optional<std::string> unknown_command(const CLI::App& app, int argc, char** argv) {
+  const std::string word = argc > 1 ? argv[1] : "-";
+  if (word.starts_with('-')) return std::nullopt;
+  std::string names;
+  for (const CLI::App* command : app.get_subcommands({})) {
+    if (command->get_name() == word) return std::nullopt;
+    names += (names.empty() ? "" : ", ") + command->get_name();
+  }
+  return "found command '" + word + "', must be one of " + names;
+}
+
 int run_program(int argc, char** argv) {
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
@@ -299,6 +312,10 @@ int run_program(int argc, char** argv) {
   add_report(app, report, status);
   add_settings(app, settings, status);
   add_section(app, section, status);
+  if (const auto unknown = unknown_command(app, argc, argv)) {
+    print_message(*unknown);
+    return exit_input_error;
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -261,6 +261,11 @@ def test_wrong_usage_ends_with_status_1(aluframe, pipe_beam, arguments):
     assert aluframe(*arguments, status=1).stderr != ""
 
 
+def test_a_word_that_is_no_command_is_told_with_the_commands(aluframe):
+    done = aluframe("analyze", "frame.json", status=1)
+    assert done.stderr.startswith("found command 'analyze', must be one of check, analyse, ")
+
+
 def test_results_without_a_run_say_what_is_missing(aluframe, pipe_beam):
     aluframe.write(pipe_beam)
     assert "frame.aluresult" in aluframe("results", "frame.json", status=1).stderr
