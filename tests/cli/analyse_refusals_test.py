@@ -71,6 +71,21 @@ def test_releases_that_leave_an_element_without_hold_are_told_with_their_place(a
     assert "frame.json: /elements/0: element 1: nothing holds it any more" in done.stderr
 
 
+def test_results_and_report_from_before_stay_when_the_analysis_fails(aluframe, beam):
+    beam["combinations"] = [{"number": 1, "terms": [{"case": 1}]}]
+    aluframe.write(beam)
+    aluframe("check", "frame.json")
+    aluframe("report", "frame.json")
+    kept = {path.name: path.read_bytes() for path in aluframe.folder.iterdir()
+            if path.name != "frame.json"}
+    assert kept.keys() == {"frame.aluresult", "frame.alu"}
+    aluframe.write(beam | {"supports": []})
+    for command in ("check", "report"):
+        aluframe(command, "frame.json", status=1)
+    assert {path.name: path.read_bytes() for path in aluframe.folder.iterdir()
+            if path.name != "frame.json"} == kept
+
+
 def changed(path, value):
     """A change of the model at a path: the last name of the path is set, "-" appends."""
     def change(model):
