@@ -36,26 +36,28 @@ class Run {
   std::vector<Geometry> geometry_;
   Equations equations_;
   std::vector<LoadsByElement> loads_;
-  std::vector<ClampedElements> clamped_;
+  ClampedElements clamped_;
   std::vector<NodeValues> moved_;
   std::vector<Norms> sizes_;
   Effort effort_;
 };
 
 void Run::add_loads(RightSides& sides) {
-  loads_.reserve(cases_.size());
-  for (const LoadCase& load_case : cases_) loads_.emplace_back(frame_, geometry_, load_case);
-  clamped_ = clamp_elements(frame_, loads_);
-  const StiffnessSource stiffness = elastic_source(frame_, geometry_);
-  for (std::size_t c = 0; c < cases_.size(); ++c) {
-    EquivalentLoads loads(frame_, geometry_, cases_[c]);
-    for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
-      if (!clamped_[c].is_loaded(i)) continue;
-      loads.add_clamped(i, clamped_[c].condensed(i), clamped_[c].unreleased(i));
+  std::vector<EquivalentLoads> equivalent;
+  for (const LoadCase& load_case : cases_) {
+    loads_.emplace_back(frame_, geometry_, load_case);
+    moved_.push_back(settlements(frame_, load_case));
+    equivalent.emplace_back(frame_, geometry_, load_case);
+    equivalent.back().add_settlements(elastic_source(frame_, geometry_));
+  }
+  clamped_ = ClampedElements(frame_, loads_);
+  for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
+    for (const ClampedElement& held : clamped_.of(i)) {
+      equivalent[held.load_case].add_clamped(i, held.condensed, held.unreleased);
     }
-    loads.add_settlements(stiffness);
+  }
+  for (const EquivalentLoads& loads : equivalent) {
     sizes_.push_back(loads.size());
-    moved_.push_back(settlements(frame_, cases_[c]));
     sides.add(loads.values());
   }
 }
@@ -83,7 +85,7 @@ Result<Solution> Run::recover(const Options& options) {
   std::vector<CaseRecovery> recoveries;
   recoveries.reserve(cases_.size());
   for (NodeValues& moved : moved_) recoveries.emplace_back(frame_, std::move(moved));
-  recover_linear(frame_, geometry_, {loads_, clamped_, recoveries});
+  recover_linear(frame_, geometry_, loads_, clamped_, recoveries);
   Solution solution;
   solution.effort = effort_;
   for (std::size_t i = 0; i < cases_.size(); ++i) {

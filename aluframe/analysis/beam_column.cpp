@@ -66,9 +66,9 @@ ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loa
                                  const Vector12& displacements) const {
   ElementAnswer answer;
   answer.end_forces = stiffness_.condensed * displacements + clamped_.condensed;
-  const Vector12 own =
-      stiffness_.unreleased.cwiseProduct(displacements).cwiseAbs() + clamped_.unreleased.cwiseAbs();
-  answer.magnitude = magnitude_of(own, loads.length);
+  const Vector12 own = stiffness_.unreleased.cwiseProduct(displacements);
+  answer.magnitude =
+      magnitude_of(EndSizes::of(own), EndSizes::of(clamped_.unreleased), loads.length);
   answer.sections = section_forces(element.kind, answer.end_forces, loads);
   add_bowing(displacements, answer.sections);
   return answer;

@@ -1,71 +1,50 @@
 #include "aluframe/analysis/clamped_elements.h"
 
-#include <algorithm>
-
 #include "aluframe/analysis/releases.h"
 
 namespace aluframe::analysis {
 
 namespace {
 
-bool has_release(const Element& element) {
-  return element.released != std::array<bool, 12>{};
-}
-
-bool is_loaded(std::size_t element, std::span<const LoadsByElement> loads) {
-  return std::ranges::any_of(
-      loads, [&](const LoadsByElement& of_case) { return of_case.is_loaded(element); });
-}
-
-void clamp_rigidly_joined(const Frame& frame, std::size_t place,
-                          std::span<const LoadsByElement> loads,
-                          std::span<ClampedElements> clamped) {
-  for (std::size_t c = 0; c < loads.size(); ++c) {
-    if (!loads[c].is_loaded(place)) continue;
-    clamped[c].add_rigidly_joined(place, clamped_forces(frame.elements[place], loads[c].of(place)));
+/// Per element, where its cases begin, and the end.
+std::vector<std::size_t> begins(std::size_t elements, std::span<const LoadsByElement> loads) {
+  std::vector<std::size_t> begin(elements + 1, 0);
+  for (const LoadsByElement& of_case : loads) {
+    for (std::size_t i = 0; i < elements; ++i) begin[i + 1] += of_case.is_loaded(i) ? 1 : 0;
   }
+  for (std::size_t i = 0; i < elements; ++i) begin[i + 1] += begin[i];
+  return begin;
 }
 
-void clamp_released(const Frame& frame, std::size_t place, std::span<const LoadsByElement> loads,
-                    std::span<ClampedElements> clamped) {
-  if (!is_loaded(place, loads)) return;
-  const Element& element = frame.elements[place];
-  Matrix12 k = elastic_stiffness(element, loads.front().of(place).length);
-  const auto releases = Releases::condense(element.released, k);
+std::optional<Releases> releases_of(const Element& element, double length) {
+  if (element.released == std::array<bool, 12>{}) return std::nullopt;
+  Matrix12 k = elastic_stiffness(element, length);
+  return Releases::condense(element.released, k);
+}
+
+/// Fills the places of one element.
+void clamp(const Element& element, std::size_t place, std::span<const LoadsByElement> loads,
+           std::span<ClampedElement> places) {
+  if (places.empty()) return;
+  const auto releases = releases_of(element, loads.front().of(place).length);
+  auto next = places.begin();
   for (std::size_t c = 0; c < loads.size(); ++c) {
     if (!loads[c].is_loaded(place)) continue;
-    ClampedEnds ends;
-    ends.unreleased = clamped_forces(element, loads[c].of(place));
-    ends.condensed = ends.unreleased;
-    if (releases) releases->condense_forces(ends.condensed);
-    clamped[c].add(place, ends);
+    const Vector12 ends = clamped_forces(element, loads[c].of(place));
+    *next = {c, EndSizes::of(ends), ends};
+    if (releases) releases->condense_forces(next->condensed);
+    ++next;
   }
 }
 
 }  // namespace
 
-void ClampedElements::add(std::size_t element, const ClampedEnds& ends) {
-  places_[element] = {next_place(), next_place() + 1};
-  ends_.push_back(ends.condensed);
-  ends_.push_back(ends.unreleased);
-}
-
-void ClampedElements::add_rigidly_joined(std::size_t element, const Vector12& ends) {
-  places_[element] = {next_place(), next_place()};
-  ends_.push_back(ends);
-}
-
-std::vector<ClampedElements> clamp_elements(const Frame& frame,
-                                            std::span<const LoadsByElement> loads) {
-  std::vector<ClampedElements> clamped(loads.size(), ClampedElements(frame.elements.size()));
+ClampedElements::ClampedElements(const Frame& frame, std::span<const LoadsByElement> loads)
+    : begin_(begins(frame.elements.size(), loads)), all_(begin_.back()) {
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
-    if (has_release(frame.elements[i])) {
-      clamp_released(frame, i, loads, clamped);
-    } else {
-      clamp_rigidly_joined(frame, i, loads, clamped);
-    }
+    const auto places = std::span(all_).subspan(begin_[i], begin_[i + 1] - begin_[i]);
+    clamp(frame.elements[i], i, loads, places);
   }
-  return clamped;
 }
 
 }  // namespace aluframe::analysis

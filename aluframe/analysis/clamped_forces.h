@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
 #include "aluframe/analysis/element_loads.h"
 #include "aluframe/analysis/element_stiffness.h"
 
@@ -9,6 +12,18 @@ namespace aluframe::analysis {
 struct ClampedEnds {
   Vector12 condensed;   ///< with its releases
   Vector12 unreleased;  ///< as if nothing were released
+};
+
+/// Largest sizes among the twelve end forces of an element.
+struct EndSizes {
+  double axial = 0.0, shear = 0.0, moment = 0.0;  ///< N, Fy and Fz, all moments
+
+  /// @param ends twelve values, of whichever sign
+  template <class Ends>
+  static EndSizes of(const Ends& ends) {
+    const auto largest = [&](auto... places) { return std::max({std::abs(ends[places])...}); };
+    return {largest(0, 6), largest(1, 2, 7, 8), largest(3, 4, 5, 9, 10, 11)};
+  }
 };
 
 /// End forces, acting ON the element in local axes, that hold both its ends still under its loads.

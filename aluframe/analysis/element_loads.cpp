@@ -114,6 +114,10 @@ Resultant resultant_before(const ElementLoads& loads, double x) {
   for (const LocalDistributed& load : loads.distributed) {
     const double to = std::min(load.to, x);
     if (to <= load.from) continue;
+    if (load.from_value == load.to_value) {
+      add((load.from + to) / 2.0, (to - load.from) * load.from_value);
+      continue;
+    }
     // Two triangles, each acting at the third that is nearer to its larger end.
     const double third = (to - load.from) / 3.0;
     add(load.from + third, 1.5 * third * load.from_value);

@@ -57,8 +57,9 @@ class LoadsByElement {
 
   /// Whether forces act on the element between its nodes.
   bool has_forces(std::size_t element) const {
-    return distributed_begin_[element] != distributed_begin_[element + 1] ||
-           points_begin_[element] != points_begin_[element + 1];
+    return (!distributed_.empty() &&
+            distributed_begin_[element] != distributed_begin_[element + 1]) ||
+           (!points_.empty() && points_begin_[element] != points_begin_[element + 1]);
   }
   /// Whether anything acts on it, its temperature included.
   bool is_loaded(std::size_t element) const {

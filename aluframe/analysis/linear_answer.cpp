@@ -57,48 +57,89 @@ Columns<12> displacements(const Element& element, const Axes& axes,
   return to_local(axes, global);
 }
 
-/// Answers of one element to as many cases as are computed together, or fewer.
-void answer(const Frame& frame, std::size_t place, const Geometry& geometry,
-            const ElementStiffness& k, const LoadedCases& cases) {
-  const Element& element = frame.elements[place];
-  const Columns<12> u = displacements(element, geometry.axes, cases.recoveries);
-  Columns<12> end_forces = product(k.condensed, u);
-  Columns<12> own = (k.unreleased.asDiagonal() * u).cwiseAbs();
-  for (std::size_t c = 0; c < cases.clamped.size(); ++c) {
-    if (!cases.clamped[c].is_loaded(place)) continue;
-    const auto column = static_cast<int>(c);
-    end_forces.col(column) += cases.clamped[c].condensed(place);
-    own.col(column) += cases.clamped[c].unreleased(place).cwiseAbs();
+/// Cases that one element answers together.
+struct Group {
+  std::size_t first = 0;  // place of the first among all cases
+  std::span<CaseRecovery> recoveries;
+  std::span<const ClampedElement> clamped;  // the element, in those that load it
+
+  Eigen::Index column(const ClampedElement& held) const {
+    return static_cast<Eigen::Index>(held.load_case - first);
   }
+};
+
+/// The next group, whose clamped ends it takes away from the front of those that are left.
+Group next_group(std::size_t first, std::span<CaseRecovery> recoveries,
+                 std::span<const ClampedElement>& left) {
+  const std::size_t count = std::min(together, recoveries.size() - first);
+  std::size_t loaded = 0;
+  while (loaded < left.size() && left[loaded].load_case < first + count) ++loaded;
+  const Group group{first, recoveries.subspan(first, count), left.first(loaded)};
+  left = left.subspan(loaded);
+  return group;
+}
+
+/// One element, and what is the same for it in all cases.
+struct Place {
+  std::size_t element = 0;
+  ElementKind kind = ElementKind::beam;
+  const Geometry& geometry;
+  const ElementStiffness& stiffness;
+};
+
+Columns<30> sections_of(const Place& place, const Columns<12>& end_forces,
+                        std::span<const LoadsByElement> loads, const Group& group) {
   Columns<30> sections;
-  sections_of_ends(element.kind, geometry.length, end_forces, sections);
-  const Columns<12> global = to_global(geometry.axes, end_forces);
-  for (std::size_t c = 0; c < cases.recoveries.size(); ++c) {
-    const auto column = static_cast<int>(c);
-    if (cases.loads[c].has_forces(place)) {
-      sections.col(column) += sections_of_loads(element.kind, cases.loads[c].of(place)).reshaped();
-    }
-    cases.recoveries[c].add(place, global.col(column), sections.col(column),
-                            magnitude_of(own.col(column), geometry.length));
+  sections_of_ends(place.kind, place.geometry.length, end_forces, sections);
+  for (const ClampedElement& held : group.clamped) {
+    const LoadsByElement& of_case = loads[held.load_case];
+    if (!of_case.has_forces(place.element)) continue;
+    const FivePositions between = sections_of_loads(place.kind, of_case.of(place.element));
+    sections.col(group.column(held)) += between.reshaped();
+  }
+  return sections;
+}
+
+void answer(const Place& place, const Columns<12>& u, std::span<const LoadsByElement> loads,
+            const Group& group) {
+  const Columns<12> own = place.stiffness.unreleased.asDiagonal() * u;
+  Columns<12> end_forces = product(place.stiffness.condensed, u);
+  std::array<EndSizes, together> clamped{};
+  for (const ClampedElement& held : group.clamped) {
+    end_forces.col(group.column(held)) += held.condensed;
+    clamped[held.load_case - group.first] = held.unreleased;
+  }
+  const Columns<30> sections = sections_of(place, end_forces, loads, group);
+  const Columns<12> global = to_global(place.geometry.axes, end_forces);
+  for (std::size_t c = 0; c < group.recoveries.size(); ++c) {
+    const auto i = static_cast<Eigen::Index>(c);
+    group.recoveries[c].add(
+        place.element, global.col(i), sections.col(i),
+        magnitude_of(EndSizes::of(own.col(i)), clamped[c], place.geometry.length));
   }
 }
 
 }  // namespace
 
-LoadedCases LoadedCases::part(std::size_t first, std::size_t most) const {
-  const std::size_t count = std::min(most, recoveries.size() - first);
-  return {loads.subspan(first, count), clamped.subspan(first, count),
-          recoveries.subspan(first, count)};
+Norms magnitude_of(const EndSizes& own, const EndSizes& clamped, double length) {
+  const double shear = own.shear + clamped.shear, moment = own.moment + clamped.moment;
+  return {std::max({own.axial + clamped.axial, shear, moment / length}),
+          std::max(moment, shear * length)};
 }
 
 void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
-                    const LoadedCases& cases) {
+                    std::span<const LoadsByElement> loads, const ClampedElements& clamped,
+                    std::span<CaseRecovery> recoveries) {
   const StiffnessSource stiffness = elastic_source(frame, geometry);
   ElementStiffness k;
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
     stiffness(i, k);
-    for (std::size_t first = 0; first < cases.recoveries.size(); first += together) {
-      answer(frame, i, geometry[i], k, cases.part(first, together));
+    const Element& element = frame.elements[i];
+    const Place place{i, element.kind, geometry[i], k};
+    std::span<const ClampedElement> left = clamped.of(i);
+    for (std::size_t first = 0; first < recoveries.size(); first += together) {
+      const Group group = next_group(first, recoveries, left);
+      answer(place, displacements(element, geometry[i].axes, group.recoveries), loads, group);
     }
   }
 }

@@ -28,10 +28,11 @@ EquivalentLoads::EquivalentLoads(const Frame& frame, std::span<const Geometry> g
 }
 
 void EquivalentLoads::add_clamped(std::size_t element, const Vector12& condensed,
-                                  const Vector12& unreleased) {
-  const Vector12 global = to_global(geometry_[element].axes, condensed);
-  add_at_ends(frame_.elements[element], (-global).eval(), values_);
-  for (int i = 0; i < 12; ++i) size_.include(static_cast<std::size_t>(i), unreleased[i]);
+                                  const EndSizes& unreleased) {
+  const Vector12 global = -to_global(geometry_[element].axes, condensed);
+  add_at_ends(frame_.elements[element], global, values_);
+  size_.force = std::max({size_.force, unreleased.axial, unreleased.shear});
+  size_.moment = std::max(size_.moment, unreleased.moment);
 }
 
 void EquivalentLoads::add_settlements(const StiffnessSource& stiffness) {
@@ -43,7 +44,7 @@ void EquivalentLoads::add_settlements(const StiffnessSource& stiffness) {
     if (ends.isZero(0.0)) continue;
     stiffness(i, k);
     const Vector12 local = to_local(geometry_[i].axes, ends);
-    add_clamped(i, k.condensed * local, k.unreleased.cwiseProduct(local));
+    add_clamped(i, k.condensed * local, EndSizes::of(k.unreleased.cwiseProduct(local)));
   }
 }
 

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "aluframe/analysis/assembly.h"
-#include "aluframe/analysis/element_loads.h"
+#include "aluframe/analysis/clamped_forces.h"
 
 namespace aluframe::analysis {
 
@@ -54,8 +54,8 @@ class EquivalentLoads {
                   const LoadCase& load_case);
 
   /// Adds the end forces that hold a clamped element, turned round; local axes.
-  /// @param unreleased the same as if nothing were released
-  void add_clamped(std::size_t element, const Vector12& condensed, const Vector12& unreleased);
+  /// @param unreleased sizes of the same as if nothing were released
+  void add_clamped(std::size_t element, const Vector12& condensed, const EndSizes& unreleased);
 
   /// Adds what the elements exert under the prescribed displacements alone.
   void add_settlements(const StiffnessSource& stiffness);

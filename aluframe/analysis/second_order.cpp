@@ -73,7 +73,7 @@ EquivalentLoads Iteration::equivalent_loads() const {
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (!loads_.is_loaded(i)) continue;
     const ClampedEnds& ends = columns_[i].clamped();
-    loads.add_clamped(i, ends.condensed, ends.unreleased);
+    loads.add_clamped(i, ends.condensed, EndSizes::of(ends.unreleased));
   }
   loads.add_settlements(stiffness());
   return loads;
