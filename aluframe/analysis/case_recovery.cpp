@@ -28,11 +28,9 @@ Norms largest_of(const float* sections) {
   for (const std::size_t pair : {0, 12, 18}) {
     largest = largest.max(Eigen::Map<const Pair>(sections + pair).abs());
   }
-  Norms norms;
-  for (std::size_t i = 0; i < 12; ++i) {
-    norms.include(i, static_cast<double>(largest[static_cast<int>(i)]));
-  }
-  return norms;
+  const Eigen::Array<float, 6, 1> six = largest.head<6>().max(largest.tail<6>());
+  return {static_cast<double>(six.head<3>().maxCoeff()),
+          static_cast<double>(six.tail<3>().maxCoeff())};
 }
 
 /// The nearest number that a float can hold.

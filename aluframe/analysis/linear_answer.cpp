@@ -9,6 +9,10 @@ namespace {
 /// Cases whose answers are computed together, each in a column: the processor works on several
 /// numbers of a row at once.
 constexpr std::size_t together = 4;
+/// Elements that answer one after the other to the same cases: the memory of a case is walked
+/// along, and their stiffnesses stay in the cache until all cases are answered.
+constexpr std::size_t of_block = 32;
+
 template <int rows>
 using Columns = Eigen::Matrix<double, rows, static_cast<int>(together), Eigen::RowMajor>;
 
@@ -57,65 +61,67 @@ Columns<12> displacements(const Element& element, const Axes& axes,
   return to_local(axes, global);
 }
 
-/// Cases that one element answers together.
-struct Group {
-  std::size_t first = 0;  // place of the first among all cases
-  std::span<CaseRecovery> recoveries;
-  std::span<const ClampedElement> clamped;  // the element, in those that load it
-
-  Eigen::Index column(const ClampedElement& held) const {
-    return static_cast<Eigen::Index>(held.load_case - first);
-  }
-};
-
-/// The next group, whose clamped ends it takes away from the front of those that are left.
-Group next_group(std::size_t first, std::span<CaseRecovery> recoveries,
-                 std::span<const ClampedElement>& left) {
-  const std::size_t count = std::min(together, recoveries.size() - first);
-  std::size_t loaded = 0;
-  while (loaded < left.size() && left[loaded].load_case < first + count) ++loaded;
-  const Group group{first, recoveries.subspan(first, count), left.first(loaded)};
-  left = left.subspan(loaded);
-  return group;
-}
-
 /// One element, and what is the same for it in all cases.
 struct Place {
   std::size_t element = 0;
-  ElementKind kind = ElementKind::beam;
-  const Geometry& geometry;
-  const ElementStiffness& stiffness;
+  const Geometry* geometry = nullptr;
+  ElementStiffness stiffness;
+  std::span<const ClampedElement> clamped;  // in the cases that are not answered yet
 };
 
-Columns<30> sections_of(const Place& place, const Columns<12>& end_forces,
-                        std::span<const LoadsByElement> loads, const Group& group) {
+/// Cases that an element answers together.
+struct Group {
+  std::size_t first = 0;  // place of the first among all cases
+  std::span<CaseRecovery> recoveries;
+  std::span<const LoadsByElement> loads;
+
+  std::size_t place_of(const ClampedElement& held) const { return held.load_case - first; }
+  Eigen::Index column_of(const ClampedElement& held) const {
+    return static_cast<Eigen::Index>(place_of(held));
+  }
+};
+
+/// The element in the cases of the group that load it, which it takes from those not answered yet.
+std::span<const ClampedElement> take_clamped(const Group& group, Place& place) {
+  const std::size_t end = group.first + group.recoveries.size();
+  std::size_t count = 0;
+  while (count < place.clamped.size() && place.clamped[count].load_case < end) ++count;
+  const auto taken = place.clamped.first(count);
+  place.clamped = place.clamped.subspan(count);
+  return taken;
+}
+
+Columns<30> sections_of(const Element& element, const Place& place, const Columns<12>& end_forces,
+                        std::span<const ClampedElement> clamped, const Group& group) {
   Columns<30> sections;
-  sections_of_ends(place.kind, place.geometry.length, end_forces, sections);
-  for (const ClampedElement& held : group.clamped) {
-    const LoadsByElement& of_case = loads[held.load_case];
-    if (!of_case.has_forces(place.element)) continue;
-    const FivePositions between = sections_of_loads(place.kind, of_case.of(place.element));
-    sections.col(group.column(held)) += between.reshaped();
+  sections_of_ends(element.kind, place.geometry->length, end_forces, sections);
+  for (const ClampedElement& held : clamped) {
+    const LoadsByElement& loads = group.loads[group.place_of(held)];
+    if (!loads.has_forces(place.element)) continue;
+    const FivePositions between = sections_of_loads(element.kind, loads.of(place.element));
+    sections.col(group.column_of(held)) += between.reshaped();
   }
   return sections;
 }
 
-void answer(const Place& place, const Columns<12>& u, std::span<const LoadsByElement> loads,
-            const Group& group) {
+void answer(const Element& element, Place& place, const Group& group) {
+  const Axes& axes = place.geometry->axes;
+  const Columns<12> u = displacements(element, axes, group.recoveries);
   const Columns<12> own = place.stiffness.unreleased.asDiagonal() * u;
   Columns<12> end_forces = product(place.stiffness.condensed, u);
-  std::array<EndSizes, together> clamped{};
-  for (const ClampedElement& held : group.clamped) {
-    end_forces.col(group.column(held)) += held.condensed;
-    clamped[held.load_case - group.first] = held.unreleased;
+  std::array<EndSizes, together> sizes{};
+  const auto clamped = take_clamped(group, place);
+  for (const ClampedElement& held : clamped) {
+    end_forces.col(group.column_of(held)) += held.condensed;
+    sizes[group.place_of(held)] = held.unreleased;
   }
-  const Columns<30> sections = sections_of(place, end_forces, loads, group);
-  const Columns<12> global = to_global(place.geometry.axes, end_forces);
+  const Columns<30> sections = sections_of(element, place, end_forces, clamped, group);
+  const Columns<12> global = to_global(axes, end_forces);
   for (std::size_t c = 0; c < group.recoveries.size(); ++c) {
     const auto i = static_cast<Eigen::Index>(c);
     group.recoveries[c].add(
         place.element, global.col(i), sections.col(i),
-        magnitude_of(EndSizes::of(own.col(i)), clamped[c], place.geometry.length));
+        magnitude_of(EndSizes::of(own.col(i)), sizes[c], place.geometry->length));
   }
 }
 
@@ -131,15 +137,19 @@ void recover_linear(const Frame& frame, std::span<const Geometry> geometry,
                     std::span<const LoadsByElement> loads, const ClampedElements& clamped,
                     std::span<CaseRecovery> recoveries) {
   const StiffnessSource stiffness = elastic_source(frame, geometry);
-  ElementStiffness k;
-  for (std::size_t i = 0; i < frame.elements.size(); ++i) {
-    stiffness(i, k);
-    const Element& element = frame.elements[i];
-    const Place place{i, element.kind, geometry[i], k};
-    std::span<const ClampedElement> left = clamped.of(i);
+  std::vector<Place> block;
+  for (std::size_t begin = 0; begin < frame.elements.size(); begin += of_block) {
+    block.resize(std::min(of_block, frame.elements.size() - begin));
+    for (std::size_t i = 0; i < block.size(); ++i) {
+      block[i].element = begin + i;
+      block[i].geometry = &geometry[begin + i];
+      block[i].clamped = clamped.of(begin + i);
+      stiffness(begin + i, block[i].stiffness);
+    }
     for (std::size_t first = 0; first < recoveries.size(); first += together) {
-      const Group group = next_group(first, recoveries, left);
-      answer(place, displacements(element, geometry[i].axes, group.recoveries), loads, group);
+      const std::size_t count = std::min(together, recoveries.size() - first);
+      const Group group{first, recoveries.subspan(first, count), loads.subspan(first, count)};
+      for (Place& place : block) answer(frame.elements[place.element], place, group);
     }
   }
 }
