@@ -36,7 +36,7 @@ std::string counted(std::size_t count, const char* what) {
 /// "12 members", and how many of them the file leaves to be found.
 std::string count_of_members(const Input& input) {
   const model::Model& model = input.model;
-  const std::string members = counted(model.members.size(), "member");
+  std::string members = counted(model.members.size(), "member");
   if (!model.finds_members) return members;
   return fmt::format("{} ({} found automatically)", members, input.found_members);
 }
