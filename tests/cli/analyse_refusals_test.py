@@ -42,9 +42,9 @@ HINGED_CHAIN = {
 
 
 @pytest.mark.parametrize("change, words", [
-    ({"supports": without(SIMPLE, 2, "Dz")}, "/nodes/0: the supports do not hold the structure"),
+    ({"supports": without(SIMPLE, 2, "Dz")}, "frame.json: the supports do not hold the structure"),
     ({"supports": without(SIMPLE, 1, "Rx")}, "turn about an axis along X"),
-    ({"supports": []}, "/nodes/0: nothing supports the structure"),
+    ({"supports": []}, "frame.json: nothing supports the structure"),
     (HINGED_CHAIN, "/nodes/1: node 14 can rotate freely about Y"),
 ], ids=["a missing support", "no hold against twisting", "no support", "a node of hinges"])
 @pytest.mark.parametrize("command", ["analyse", "check", "validate", "report"])
