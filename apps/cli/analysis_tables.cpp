@@ -112,6 +112,16 @@ OutputTable summary_table(const AnalysisView& view) {
   return table;
 }
 
+/// The six components, in the view's units, behind what they are of.
+template <class Components, class ScaleOf>
+std::vector<Cell> with_components(std::vector<Cell> row, const Components& components,
+                                  ScaleOf scale_of) {
+  for (std::size_t i = 0; i < components.size(); ++i) {
+    row.emplace_back(static_cast<double>(components[i]) / scale_of(i));
+  }
+  return row;
+}
+
 OutputTable displacements_table(const AnalysisView& view) {
   const io::Scales scales(view.units);
   OutputTable table;
@@ -122,11 +132,9 @@ OutputTable displacements_table(const AnalysisView& view) {
     for (std::size_t node = 0; node < displacements.size(); ++node) {
       const model::Number number = view.model->nodes[node].number;
       if (!view.shows_node(number)) continue;
-      std::vector<Cell> row{whole(view.subjects[s]), whole(number)};
-      for (std::size_t i = 0; i < 6; ++i) {
-        row.emplace_back(displacements[node][i] / scales.of_displacement(i));
-      }
-      table.rows.push_back(std::move(row));
+      table.rows.push_back(
+          with_components({whole(view.subjects[s]), whole(number)}, displacements[node],
+                          [&](std::size_t i) { return scales.of_displacement(i); }));
     }
   }
   return table;
@@ -143,11 +151,8 @@ OutputTable reactions_table(const AnalysisView& view) {
     for (const analysis::Reaction& reaction : view.answers[s].result.reactions) {
       const model::Number number = view.model->nodes[reaction.node].number;
       if (!view.shows_node(number)) continue;
-      std::vector<Cell> row{whole(view.subjects[s]), whole(number)};
-      for (std::size_t i = 0; i < 6; ++i) {
-        row.emplace_back(reaction.value[i] / scales.of_component(i));
-      }
-      table.rows.push_back(std::move(row));
+      table.rows.push_back(with_components({whole(view.subjects[s]), whole(number)}, reaction.value,
+                                           [&](std::size_t i) { return scales.of_component(i); }));
     }
   }
   return table;
@@ -168,12 +173,9 @@ OutputTable forces_table(const AnalysisView& view) {
       const model::Number number = view.model->elements[element].number;
       if (!view.shows_element(number)) continue;
       for (std::size_t position = 0; position < forces[element].size(); ++position) {
-        std::vector<Cell> row{whole(number), whole(view.subjects[s]), whole(position)};
-        for (std::size_t i = 0; i < 6; ++i) {
-          row.emplace_back(static_cast<double>(forces[element][position][i]) /
-                           scales.of_component(i));
-        }
-        table.rows.push_back(std::move(row));
+        table.rows.push_back(with_components(
+            {whole(number), whole(view.subjects[s]), whole(position)}, forces[element][position],
+            [&](std::size_t i) { return scales.of_component(i); }));
       }
     }
   }
