@@ -86,11 +86,14 @@ Result<Solution> Run::recover(const Options& options) {
   recoveries.reserve(cases_.size());
   for (NodeValues& moved : moved_) recoveries.emplace_back(frame_, std::move(moved));
   recover_linear(frame_, geometry_, loads_, clamped_, recoveries);
+  clamped_ = {};
   Solution solution;
   solution.effort = effort_;
   for (std::size_t i = 0; i < cases_.size(); ++i) {
+    // Gives its memory back to the next case.
+    CaseRecovery recovery = std::move(recoveries[i]);
     auto result =
-        recoveries[i].finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i], Order::first);
+        recovery.finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i], Order::first);
     if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
     solution.cases.push_back(std::get<CaseResult>(std::move(result)));
     if (auto problem = find_imbalance(solution.cases.back(), i, options.residual_limit)) {
