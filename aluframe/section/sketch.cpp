@@ -103,7 +103,8 @@ std::string sketch_of(const model::Section& section) {
       letter_width * static_cast<double>(std::max<std::size_t>(1, section.name.size()));
   const double font_size = std::min(0.5 * margin, width / letters);
   return fmt::format(
-      "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0:.4g}mm\" height=\"{1:.4g}mm\" "
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" style=\"background:white\" width=\"{0:.4g}mm\" "
+      "height=\"{1:.4g}mm\" "
       "viewBox=\"{2:.6g} {3:.6g} {0:.6g} {1:.6g}\">\n"
       "  <path d=\"{4}\" fill=\"#b8c4d0\" stroke=\"#203040\" stroke-width=\"{5:.4g}\" "
       "fill-rule=\"evenodd\"/>\n"
