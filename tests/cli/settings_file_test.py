@@ -6,8 +6,6 @@ import resource
 import signal
 import stat
 import subprocess
-import tempfile
-from pathlib import Path
 
 import pytest
 
@@ -50,9 +48,10 @@ def test_permissions_and_links_stay(frame):
     assert sorted(os.listdir(frame.folder)) == ["frame.json", "link.json"]
 
 
-def run_limited(frame, limit):
-    return subprocess.run([frame.path, "settings", "frame.json", "--set", "rib=off"], cwd=frame.folder,
-                          capture_output=True, text=True, check=False, timeout=60, preexec_fn=limit)
+def run_limited(frame, limit=None, under=()):
+    return subprocess.run([*under, frame.path, "settings", "frame.json", "--set", "rib=off"],
+                          cwd=frame.folder, capture_output=True, text=True, check=False, timeout=60,
+                          preexec_fn=limit)
 
 
 def test_a_full_disk_keeps_the_old_file_and_leaves_no_half_of_the_new_one(frame):
@@ -74,19 +73,15 @@ def test_a_write_protected_file_is_not_replaced(frame):
 
 
 def test_a_folder_that_takes_no_new_file_keeps_the_old_one(frame):
-    def become_nobody():  # permissions do not count for the superuser
-        if os.geteuid() == 0:
-            os.setuid(65534)
-
-    with tempfile.TemporaryDirectory() as folder:  # everybody may go into it, unlike into the test's
-        frame.folder = Path(folder)
-        frame.write(MODEL).chmod(0o666)
-        frame.folder.chmod(0o555)
-        done = run_limited(frame, become_nobody)
-        frame.folder.chmod(0o755)
-        assert (done.returncode, done.stdout) == (2, "")
-        assert done.stderr == "frame.json: cannot be saved: Permission denied\n"
-        assert text_of(frame) == MODEL
+    frame.write(MODEL)
+    frame.folder.chmod(0o555)
+    # Permissions to write count for the superuser, too, without this capability.
+    under = ("setpriv", "--bounding-set=-dac_override") if os.geteuid() == 0 else ()
+    done = run_limited(frame, under=under)
+    frame.folder.chmod(0o755)
+    assert (done.returncode, done.stdout) == (2, "")
+    assert done.stderr == "frame.json: cannot be saved: Permission denied\n"
+    assert text_of(frame) == MODEL
 
 
 # What follows
