@@ -91,10 +91,10 @@ Moving moving_most(const std::vector<Eigen::Vector3d>& motion) {
   Moving result;
   for (const auto& m : motion) {
     // A hair's more is needed, so that of nodes moving alike the first one counts.
-    if (m.norm() > result.direction.norm() * (1.0 + 1e-6)) result.direction = m;
+    if (m.stableNorm() > result.direction.stableNorm() * (1.0 + 1e-6)) result.direction = m;
   }
   for (std::size_t i = 0; i < motion.size(); ++i) {
-    if (motion[i].norm() >= 0.5 * result.direction.norm()) result.nodes.push_back(i);
+    if (motion[i].stableNorm() >= 0.5 * result.direction.stableNorm()) result.nodes.push_back(i);
   }
   return result;
 }
@@ -114,13 +114,17 @@ struct Told {
   bool turns = false;
 };
 
-Told most_of(const Frame& frame, const Equations& equations, const ScaledEquations& scaled,
-             const SoftMotion& motion) {
+/// Nothing when the motion is too large or too small for numbers.
+std::optional<Told> most_of(const Frame& frame, const Equations& equations,
+                            const ScaledEquations& scaled, const SoftMotion& motion) {
   const Moving shifted_most = moving_most(by_node(frame, equations, scaled, motion, 0));
   const Moving turned_most = moving_most(by_node(frame, equations, scaled, motion, 3));
-  const bool turns =
-      shifted_most.direction.norm() < 1e-3 * turned_most.direction.norm() * mean_length(frame);
-  return {turns ? turned_most : shifted_most, turns};
+  const bool turns = shifted_most.direction.stableNorm() <
+                     1e-3 * turned_most.direction.stableNorm() * mean_length(frame);
+  const Moving& most = turns ? turned_most : shifted_most;
+  const double size = most.direction.stableNorm();
+  if (!std::isfinite(size) || size == 0.0) return std::nullopt;
+  return Told{most, turns};
 }
 
 }  // namespace
@@ -130,7 +134,9 @@ Problem tell_softest_motion(const Frame& frame, const Equations& equations,
   Problem problem{Problem::Kind::mechanism, "the stiffness is singular", {}, {}};
   const auto motion = softest(scaled.matrix, shift);
   if (!motion) return problem;
-  const auto [moving, turns] = most_of(frame, equations, scaled, *motion);
+  const auto told = most_of(frame, equations, scaled, *motion);
+  if (!told) return problem;
+  const auto& [moving, turns] = *told;
   const bool free = motion->softness < no_resistance;
   problem.text = node_names(frame, moving.nodes) + (turns ? " can rotate" : " can move") +
                  (free ? " freely" : " almost freely") + (turns ? " about " : " along ") +
@@ -144,8 +150,9 @@ Problem tell_softest_motion(const Frame& frame, const Equations& equations,
 std::string tell_motion_near_zero(const Frame& frame, const Equations& equations,
                                   const ScaledEquations& scaled) {
   const auto motion = softest(scaled.matrix, 0.0);
-  if (!motion) return "its stiffness is used up";
-  const auto [moving, turns] = most_of(frame, equations, scaled, *motion);
+  const auto told = motion ? most_of(frame, equations, scaled, *motion) : std::nullopt;
+  if (!told) return "its stiffness is used up";
+  const auto& [moving, turns] = *told;
   const std::string verb = moving.nodes.size() == 1 ? "s" : "";
   return node_names(frame, moving.nodes) + (turns ? " turn" : " move") + verb +
          (turns ? " about " : " along ") + axis_name(moving.direction);

@@ -41,7 +41,9 @@ std::string axis_name(std::size_t direction) {
 }
 
 std::string axis_name(const Eigen::Vector3d& direction) {
-  const Eigen::Vector3d unit = direction.normalized();
+  if (!direction.allFinite() || direction.isZero(0.0)) return "an uncertain direction";
+  // Stable, because the squares of a small direction vanish.
+  const Eigen::Vector3d unit = direction.stableNormalized();
   for (int i = 0; i < 3; ++i) {
     if (std::abs(unit[i]) > 0.9999) return axis_name(static_cast<std::size_t>(i));
   }

@@ -13,7 +13,8 @@ namespace aluframe::analysis {
 /// "X", "Y" or "Z" of one of the six directions of a node.
 std::string axis_name(std::size_t direction);
 
-/// "X", or "(0.707, 0.707, 0)" for a direction along none of the axes; either sense.
+/// "X", or "(0.707, 0.707, 0)" for a direction along none of the axes; either sense. A direction
+/// that is zero or not finite is "an uncertain direction".
 std::string axis_name(const Eigen::Vector3d& direction);
 
 /// "node 14", "element 3".

@@ -40,6 +40,19 @@ TEST(Words, OtherDirectionsAreUnitVectorsThatBeginPositive) {
   EXPECT_EQ(axis_name(Eigen::Vector3d(-3, 0, 4)), "(0.6, 0, -0.8)");
 }
 
+TEST(Words, SmallDirectionsHaveTheirNamesAsWell) {
+  EXPECT_EQ(axis_name(Eigen::Vector3d(0, 0, 1e-200)), "Z");
+  EXPECT_EQ(axis_name(Eigen::Vector3d(-3e-200, 0, 4e-200)), "(0.6, 0, -0.8)");
+}
+
+TEST(Words, NoDirectionIsUncertain) {
+  EXPECT_EQ(axis_name(Eigen::Vector3d(0, 0, 0)), "an uncertain direction");
+}
+
+TEST(Words, DirectionWithoutANumberIsUncertain) {
+  EXPECT_EQ(axis_name(Eigen::Vector3d(1, std::nan(""), 0)), "an uncertain direction");
+}
+
 TEST(Words, ThreePartsAreListedWithAnAnd) {
   const std::array<std::string, 3> parts{"X", "Y", "Z"};
   EXPECT_EQ(listed(parts), "X, Y and Z");
