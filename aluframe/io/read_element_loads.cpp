@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -41,6 +42,37 @@ void read_projection(const JsonObject& object, model::LoadDirection& direction) 
     projected->fail_with("only a load along X, Y or Z can be projected");
   }
   direction.axes = model::LoadAxes::projected;
+}
+
+/// Whether the element has any length across the axis.
+bool is_seen_along(const model::Model& model, const model::Element& element, std::size_t axis) {
+  const model::Node& start = *model.nodes.find(element.nodes[0]);
+  const model::Node& end = *model.nodes.find(element.nodes[1]);
+  const std::array across{end.x != start.x, end.y != start.y, end.z != start.z};
+  for (std::size_t i = 0; i < across.size(); ++i) {
+    if (i != axis && across[i]) return true;
+  }
+  return false;
+}
+
+/// A projected load acts on nothing when all its elements lie along its direction.
+void require_seen_length(const JsonObject& object, const model::SpanLoad& load,
+                         const LoadContext& context) {
+  if (load.direction.axes != model::LoadAxes::projected) return;
+  const auto is_seen = [&](const model::Element& element) {
+    return is_seen_along(context.model, element, load.direction.axis);
+  };
+  const auto& elements = context.model.elements;
+  const bool any = load.elements.all
+                       ? std::ranges::any_of(elements, is_seen)
+                       : std::ranges::any_of(load.elements.numbers, [&](model::Number number) {
+                           return is_seen(*elements.find(number));
+                         });
+  if (any) return;
+  object.required("projected")
+      .fail(
+          "acts on nothing: all elements of the load lie along its "
+          "direction");
 }
 
 /// Values at the two ends of a load.
@@ -113,6 +145,7 @@ model::SpanLoad read_span_load(const JsonValue& value, const LoadContext& contex
   read_projection(object, load.direction);
   read_span_values(object, context.scales.per_length, load);
   read_part_of_span(object, load);
+  require_seen_length(object, load, context);
   return load;
 }
 

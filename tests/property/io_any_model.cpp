@@ -178,13 +178,14 @@ Element any_element(const Model& model, Number place) {
       .design = any_design()};
 }
 
-/// A chain of nodes with an element between each and the next, and perhaps a member of them all.
+/// A chain of nodes with an element between each and the next, none along an axis, and perhaps a
+/// member of them all.
 void add_structure(Model& model) {
   const Number elements = *rc::gen::inRange<Number>(1, 6);
   for (Number place = 0; place <= elements; ++place) {
     model.nodes.add({.number = node_number(place),
                      .name = any_name(),
-                     .x = any_between(-1e5, 1e5),
+                     .x = 3e5 * place + any_between(-1e5, 1e5),
                      .y = any_between(-1e5, 1e5),
                      .z = 5000.0 * place});
     if (any_flag()) model.supports.push_back(any_support(node_number(place)));

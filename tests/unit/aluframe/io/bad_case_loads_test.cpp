@@ -127,6 +127,10 @@ INSTANTIATE_TEST_SUITE_P(
         BadLoads{"ProjectionOfALocalDirection",
                  R"("span": [{"elements": [1], "direction": "z", "value": 1, "projected": true}])",
                  "span/0/projected: found true, only a load along X, Y or Z can be projected"},
+        BadLoads{"ProjectionAlongTheElement",
+                 R"("span": [{"elements": [1], "direction": "Z", "value": 1, "projected": true}])",
+                 "span/0/projected: acts on nothing: all elements of the load lie along its "
+                 "direction"},
         BadLoads{"BeginningBeforeTheElement",
                  R"("span": [{"elements": [1], "direction": "Z", "value": 1, "from": -0.1}])",
                  "span/0/from: found -0.1, must be between 0 and 1"},

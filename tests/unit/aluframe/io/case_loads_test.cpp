@@ -146,6 +146,16 @@ TEST(SpanLoads, AreProjectedWhenTheFileSaysSo) {
   EXPECT_EQ(load.direction, (model::LoadDirection{LoadAxes::projected, 0}));
 }
 
+TEST(SpanLoads, MayBeProjectedOntoAllWhenOneElementAtLeastIsSeen) {
+  // Elements 2 and 3 stay upright: snow falls past them.
+  const std::string text = with_loads(
+      R"("span": [{"elements": "all", "direction": "Z", "projected": true, "value": 1}])");
+  const model::CaseLoads loads =
+      loads_of(replaced(text, R"("number": 1, "x": 0)", R"("number": 1, "x": 9)"));
+  ASSERT_EQ(loads.span.size(), 1U);
+  EXPECT_TRUE(loads.span[0].elements.all);
+}
+
 TEST(SpanLoads, AreNotProjectedWhenTheFileSaysSo) {
   const auto load =
       span_load(R"({"elements": [1], "direction": "x", "value": 1, "projected": false})");

@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(
         R"("self_weight": {"Y": 0.7})", R"("nodal": [{"nodes": [4, 2], "Fx": 0.3, "Mz": -2.7}])",
         R"("nodal": [{"nodes": "all", "Fy": 1, "Fz": 2, "Mx": 3, "My": 4}])",
         R"("span": [{"elements": [1, 3], "direction": "z", "value": -1.2}])",
-        R"("span": [{"elements": "all", "direction": "Z", "projected": true, "value": -0.5}])",
+        R"("span": [{"elements": "all", "direction": "X", "projected": true, "value": -0.5}])",
         R"("span": [{"elements": [2], "direction": "X", "value": 1, "from": 0.25, "to": 0.5}])",
         R"("span": [{"elements": [2], "direction": "y", "values": [0, 0.7], "to": 0.1}])",
         R"("points": [{"elements": [1], "direction": "Y", "at": 0.5, "force": -10.1}])",
