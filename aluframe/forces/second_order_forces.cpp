@@ -46,6 +46,7 @@ analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const Loa
   most_iterations_ = std::max(most_iterations_, result.iterations);
   const analysis::Equilibrium& balance = result.result.equilibrium;
   largest_residual_ = std::max({largest_residual_, balance.nodes, balance.whole});
+  largest_force_error_ = std::max(largest_force_error_, balance.force_error);
   return &result;
 }
 
