@@ -1,5 +1,6 @@
 #include "aluframe/store/record_packing.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -33,9 +34,7 @@ std::uint64_t bits_of(double value) {
 }
 
 bool holds_something(const PositionBits& bits) {
-  std::uint64_t any = 0;
-  for (const std::uint64_t value : bits) any |= value;
-  return any != 0;
+  return std::ranges::any_of(bits, [](std::uint64_t value) { return value != 0; });
 }
 
 bool head_follows_from(const T_RALU_D& record, const RecordKey& key, int member_type) {
