@@ -22,8 +22,9 @@ using Found = std::optional<Problem>;
 /// Axial forces below this share of the loads do nothing worth another iteration.
 constexpr double least_axial_share = 1e-3;
 /// Softness below which every step is refined: the tip of a long oblique chain moves so far that
-/// the axial forces of its elements would be rounding, and the steps would not settle.
-constexpr double soft = 1e-10;
+/// the axial forces of its elements would be rounding, and the steps would not settle. Building
+/// grids of 10,000 elements lie at 1e-4.
+constexpr double soft = 1e-8;
 
 /// What iterates: elements under the axial forces of the last solution.
 class Iteration {

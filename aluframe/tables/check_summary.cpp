@@ -86,14 +86,15 @@ OutputTable summary_table(const services::CheckSummary& summary) {
 std::string forces_text(const forces::Summary& summary) {
   if (summary.load_cases == 0) return "";
   const auto plural = [](std::size_t count) { return count == 1 ? "" : "s"; };
+  const std::string accuracy = fmt::format("residual {:.1e}, forces certain to {:.1e}",
+                                           summary.residual, summary.force_error);
   if (summary.second_order_analyses > 0) {
-    return fmt::format("{} second-order analys{}, at most {} iterations, residual {:.1e}",
-                       summary.second_order_analyses,
-                       summary.second_order_analyses == 1 ? "is" : "es", summary.iterations,
-                       summary.residual);
+    return fmt::format(
+        "{} second-order analys{}, at most {} iterations, {}", summary.second_order_analyses,
+        summary.second_order_analyses == 1 ? "is" : "es", summary.iterations, accuracy);
   }
-  return fmt::format("linear analysis of {} load case{}, residual {:.1e}", summary.load_cases,
-                     plural(summary.load_cases), summary.residual);
+  return fmt::format("linear analysis of {} load case{}, {}", summary.load_cases,
+                     plural(summary.load_cases), accuracy);
 }
 
 }  // namespace aluframe::tables
