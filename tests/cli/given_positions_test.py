@@ -8,7 +8,7 @@ from conftest import ROOT
 
 # 4 m without a load: Fz = 2 kN all along, My from -3 to 5 kN·m.
 UNLOADED = [[0, 0, 2, 0, -3, 0], [0, 0, 2, 0, 5, 0]]
-LOADED = [[0, 0, 10, 0, 0, 0], [0, 0, -10, 0, 0, 0]]
+LOADED = [[20, 0, 10, 0, 0, 0], [20, 0, -10, 0, 0, 0]]
 
 
 def documented_example():
