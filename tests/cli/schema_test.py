@@ -90,7 +90,7 @@ FULL = {
         {"number": 1, "name": "c", "kind": "envelope", "seismic": True, "design": False,
          "terms": [{"case": 1, "factor": -1.3}, {"case": 2}]},
         {"number": 2, "terms": [{"combination": 1}]}],
-    "forces": [{"element": 134217727, "case": 1, "values": [[1, 2, 3, 4, 5, 6]] * 2},
+    "forces": [{"element": 134217727, "case": 1, "values": [[1, 0, 0, 4, 5, 6]] * 2},
                {"element": 134217727, "case": 2, "values": [[0, 0, 0, 0, 0, 0.5]] * 5}],
 }
 
