@@ -61,8 +61,12 @@ inline double RaluSeverity(double demand, double capacity) {
 /// ratio, with its sign. Equals do not govern over each other.
 inline bool RaluGoverns(double demandA, double capacityA, double demandB, double capacityB) {
   if (demandA == demandB && capacityA == capacityB) return false;
-  // Products are rounded in order, so this is certain, and nearly always spares two divisions.
-  if (capacityA > 0.0 && capacityB > 0.0 && demandA * capacityB < demandB * capacityA) return false;
+  // Products are rounded in order, so this is certain for ratios that are not negative (a negative
+  // one may overflow, which makes it the worst). It spares nearly every division.
+  if (demandA >= 0.0 && capacityA > 0.0 && capacityB > 0.0 &&
+      demandA * capacityB < demandB * capacityA) {
+    return false;
+  }
   return RaluSeverity(demandA, capacityA) > RaluSeverity(demandB, capacityB);
 }
 
