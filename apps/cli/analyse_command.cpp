@@ -7,9 +7,9 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/forces/analyse_sets.h"
 #include "aluframe/forces/load_sets.h"
-#include "aluframe/services/report_file.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -181,8 +181,9 @@ int run(const AnalyseOptions& options) {
   if (!options.cases.empty() && !options.combinations.empty()) {
     throw Stop{"--cases and --combinations do not go together", exit_input_error};
   }
-  if (options.output && services::is_same_file(*options.output, options.input.model)) {
-    throw Stop{"--output: " + options.output->string() + " is the input", exit_input_error};
+  if (const auto problem = files::find_overwriting({{"the output", options.output}},
+                                                   {{"the model", options.input.model}})) {
+    throw Stop{*problem, exit_input_error};
   }
   const auto loaded = load_input(options.input);
   if (const auto* text = std::get_if<std::string>(&loaded)) throw Stop{*text, exit_input_error};

@@ -8,6 +8,7 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/io/model_file.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/result_tables.h"
@@ -152,6 +153,12 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
 }
 
 int run_check_command(const CheckOptions& options) {
+  if (const auto problem = files::find_overwriting(
+          {{"the result file", result_path(options), files::FileKind::results}},
+          {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
+    print_message(*problem);
+    return exit_input_error;
+  }
   auto loaded = load_input(options.input);
   if (const auto* text = std::get_if<std::string>(&loaded)) {
     print_message(*text);

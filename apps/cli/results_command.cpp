@@ -6,6 +6,7 @@
 #include <cmath>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/result_tables.h"
@@ -159,17 +160,6 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   return out;
 }
 
-/// The table must not take the place of what it was made from.
-void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
-  if (!options.output) return;
-  std::error_code error;
-  for (const fs::path& input : {options.input, file}) {
-    if (fs::equivalent(*options.output, input, error)) {
-      throw InputError{"--output: " + options.output->string() + " is the input"};
-    }
-  }
-}
-
 }  // namespace
 
 std::string sort_names() {
@@ -188,7 +178,12 @@ int run_results_command(const ResultsOptions& options) {
   std::unique_ptr<store::ResultReader> reader;
   try {
     const ResultView view = view_of(options.units);
-    refuse_own_input(options, file);
+    if (const auto problem =
+            files::find_overwriting({{"the table", options.output}},
+                                    {{"the result file", file}, {"the model", options.input}})) {
+      print_message(*problem);
+      return exit_input_error;
+    }
     reader = store::ResultReader::open(file);
     warn_about_results(options.input, file, reader->state());
     return write_output(options.element ? element_text(*reader, *options.element, options, view)
