@@ -34,7 +34,7 @@ model::Model read_document(const JsonValue& value, const std::filesystem::path* 
   require_format(value);
   const JsonObject root(value, top_level_fields);
   model::Model model;
-  model.title = root.string_or("title", "");
+  model.title = root.plain_text_or("title", "");
   model.description = root.string_or("description", "");
   model.units = read_units(root);
   const Scales scales(model.units);

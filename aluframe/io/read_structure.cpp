@@ -61,7 +61,7 @@ model::Element read_element(const JsonObject& object, const Scales& scales,
                             const model::Model& model) {
   model::Element element;
   element.number = object.required("number").entity_number();
-  element.name = object.string_or("name", "");
+  element.name = object.plain_text_or("name", "");
   element.nodes = read_end_nodes(object.required("nodes"), model);
   element.section = read_reference(object.required("section"), model.sections, "section");
   element.material = read_reference(object.required("material"), model.materials, "material");
@@ -88,7 +88,7 @@ using Owners = std::unordered_map<model::Number, model::Number>;
 model::Member read_member(const JsonObject& object, const model::Model& model, Owners& owners) {
   model::Member member;
   member.number = object.required("number").entity_number();
-  member.name = object.string_or("name", "");
+  member.name = object.plain_text_or("name", "");
   member.length_factors = read_axis_pair(object, "length_factors");
   const JsonValue elements = object.required("elements");
   for (const JsonValue value : elements.list()) {
@@ -121,7 +121,7 @@ void read_nodes(const JsonObject& root, const Scales& scales, model::Model& mode
     const JsonObject object(value, node_fields);
     model::Node node;
     node.number = object.required("number").entity_number();
-    node.name = object.string_or("name", "");
+    node.name = object.plain_text_or("name", "");
     node.x = scales.length * object.required("x").number();
     node.y = scales.length * object.required("y").number();
     node.z = scales.length * object.required("z").number();

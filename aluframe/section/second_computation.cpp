@@ -1,6 +1,9 @@
 #include "aluframe/section/second_computation.h"
 
+#include <algorithm>
+
 #include "aluframe/section/mesh_properties.h"
+#include "aluframe/section/section_properties.h"
 #include "aluframe/section/shapes.h"
 
 namespace aluframe::section {
@@ -10,12 +13,20 @@ namespace {
 /// Share of Iyy + Izz below which rounding shows in It.
 constexpr double smallest_it = 1e-6;
 
+/// Rounding can make the mesh's It out of nothing, so the formula's counts too.
+bool is_accurate(const MeshProperties& mesh, const model::Section& section) {
+  model::Section by_formula;
+  by_formula.shape = section.shape;
+  by_formula.dimensions = section.dimensions;
+  const double it = std::min(mesh.it, properties_of(by_formula).it);
+  return it >= smallest_it * (mesh.iyy + mesh.izz);
+}
+
 }  // namespace
 
 std::optional<SecondComputation> compute_on_mesh(const model::Section& section, int across) {
   const MeshProperties mesh = properties_of(mesh_of(section, across));
-  const bool is_accurate = mesh.it >= smallest_it * (mesh.iyy + mesh.izz);
-  if (!is_accurate) return std::nullopt;
+  if (!is_accurate(mesh, section)) return std::nullopt;
   if (section.shape != model::Shape::double_channel) {
     return SecondComputation{mesh.it, mesh.iw, mesh.shear_centre_y, mesh.shear_centre_z};
   }

@@ -4,6 +4,7 @@
 
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/run/check.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/check_summary.h"
@@ -65,12 +66,20 @@ void print_summary(const run::Input& input, const services::CheckSummary& summar
 }  // namespace
 
 int run_check_command(const CheckOptions& options) {
+  const std::filesystem::path results =
+      options.output.value_or(run::result_path_of(options.input.model));
+  if (const auto problem = files::find_overwriting(
+          {{"the result file", results, files::FileKind::results}},
+          {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
+    print_message(*problem);
+    return exit_input_error;
+  }
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   ProgressBar progress(wants_progress(options.progress));
   const run::CheckOptions check{
-      .results = options.output.value_or(run::result_path_of(options.input.model)),
+      .results = results,
       .language = options.language,
       .progress = &progress,
       .message = print_message};

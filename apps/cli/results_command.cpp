@@ -6,6 +6,7 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
@@ -84,17 +85,6 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   return out;
 }
 
-/// The table must not take the place of what it was made from.
-void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
-  if (!options.output) return;
-  std::error_code error;
-  for (const fs::path& input : {options.input, file}) {
-    if (fs::equivalent(*options.output, input, error)) {
-      throw InputError{"--output: " + options.output->string() + " is the input"};
-    }
-  }
-}
-
 }  // namespace
 
 int run_results_command(const ResultsOptions& options) {
@@ -102,7 +92,12 @@ int run_results_command(const ResultsOptions& options) {
   std::unique_ptr<store::ResultReader> reader;
   try {
     const tables::ResultView view = view_of(options.units);
-    refuse_own_input(options, file);
+    if (const auto problem =
+            files::find_overwriting({{"the table", options.output}},
+                                    {{"the result file", file}, {"the model", options.input}})) {
+      print_message(*problem);
+      return exit_input_error;
+    }
     reader = store::ResultReader::open(file);
     for (const std::string& text : run::cautions(options.input, file, reader->state())) {
       print_message(text);

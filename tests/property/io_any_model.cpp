@@ -14,7 +14,7 @@ namespace {
 
 std::string any_name() {
   return any_of<std::string>(
-      {"", "A", "C1 \"top\"", "line\nbreak\\", "\xE6\xA2\x81 \xF0\x9F\x8F\x97"});
+      {"", "A", "C1 \"top\"", "back\\slash", "\xE6\xA2\x81 \xF0\x9F\x8F\x97"});
 }
 
 Units any_units() {
@@ -257,7 +257,7 @@ void add_forces(Model& model) {
 Model any_model() {
   Model model;
   model.title = any_name();
-  model.description = any_name();
+  model.description = any_of<std::string>({"", "one line", "line\nbreak\t\\"});
   model.units = any_units();
   model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);

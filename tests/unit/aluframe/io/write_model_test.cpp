@@ -95,8 +95,10 @@ TEST(WriteModel, KeepsSettingsThatAreAllDefault) {
 
 TEST(WriteModel, EscapesTextAndReplacesBytesThatAreNotUtf8) {
   model::Model model = model_of(small_model);
-  model.title = "a\"b\\c\n\x01 \xE6\xA2\x81";
+  model.title = "a\"b\\c \xE6\xA2\x81";
   EXPECT_EQ(model_of(write_model(model)).title, model.title);
+  model.description = "a\"b\\c\n\x01 \xE6\xA2\x81";
+  EXPECT_EQ(model_of(write_model(model)).description, model.description);
   model.title = "M\xFCller";
   EXPECT_EQ(model_of(write_model(model)).title, "M\xEF\xBF\xBDller");
 }
