@@ -249,7 +249,8 @@ TEST(Element, TakesItsOrientationFromAVectorOrANode) {
     const std::string field = R"("nodes": [2, 3], "orientation": )" + std::string(text);
     return model_of(replaced(small_model, R"("nodes": [2, 3])", field)).elements[1].orientation;
   };
-  EXPECT_EQ(orientation(R"({"vector": [1, -2, 0.5]})"), (Vector{1.0, -2.0, 0.5}));
+  EXPECT_EQ(orientation(R"({"vector": [1, -2, 0.5]})"),
+            (model::Orientation{Vector{1.0, -2.0, 0.5}}));
   // From node 2 of the upright element to a node aside of it.
   const std::string aside =
       replaced(small_model, R"("number": 4, "x": 0)", R"("number": 4, "x": 9)");
