@@ -7,7 +7,7 @@
 namespace aluframe::section {
 
 // St-Venant torsion constant of open sections of sharp-cornered plates, mm⁴. Lengths in mm, all
-// positive. Against finite elements: within 0.5 % for the profiles of the catalogue, within 2 % for
+// positive. Against finite elements: within 0.5 % for the profiles of the catalogue, within 3 % for
 // plates from twice as long as thick (tests/property/section_meshes.cpp). Flanges that hardly stand
 // out over the web are not such plates: torsion_remark (second_computation.h) finds them.
 
