@@ -243,6 +243,22 @@ TEST(Element, HasWhatTheFileGives) {
                                             true, false, false, false, true, false));
 }
 
+TEST(Element, TakesItsOrientationFromAVectorOrANode) {
+  using Vector = std::array<double, 3>;
+  const auto orientation = [](std::string_view text) {
+    const std::string field = R"("nodes": [2, 3], "orientation": )" + std::string(text);
+    return model_of(replaced(small_model, R"("nodes": [2, 3])", field)).elements[1].orientation;
+  };
+  EXPECT_EQ(orientation(R"({"vector": [1, -2, 0.5]})"),
+            (model::Orientation{Vector{1.0, -2.0, 0.5}}));
+  // From node 2 of the upright element to a node aside of it.
+  const std::string aside =
+      replaced(small_model, R"("number": 4, "x": 0)", R"("number": 4, "x": 9)");
+  const std::string text =
+      replaced(aside, R"("nodes": [2, 3])", R"("nodes": [2, 3], "orientation": {"node": 4})");
+  EXPECT_EQ(model_of(text).elements[1].orientation, model::Orientation{model::Number{4}});
+}
+
 TEST(ElementDesignAttributes, AreTakenFromTheFile) {
   const model::ElementDesign design = design_of(
       R"("stability_coefficients": {"y": 0.5, "z": 0.6}, "rib": {"stiffened": false, "ratio": 1.5},

@@ -23,13 +23,16 @@ TEST(WriteModel, PutsAnEntityOnALineAndLeavesDefaultsOut) {
   ],
   "nodes": [
     {"number": 1, "x": 0, "y": 0, "z": 0},
-    {"number": 2, "name": "top", "x": 0.1, "y": -2.7, "z": 3.6}
+    {"number": 2, "name": "top", "x": 0.1, "y": -2.7, "z": 3.6},
+    {"number": 3, "x": 5, "y": 0, "z": 0}
   ],
   "supports": [
     {"node": 1, "restrained": ["Dx", "Dy", "Dz", "Rz"]}
   ],
   "elements": [
-    {"number": 1, "nodes": [1, 2], "section": 1, "material": 1, "kind": "truss", "releases": {"end": ["My", "Mz"]}, "design": {"haz_width": 25.4}}
+    {"number": 1, "nodes": [1, 2], "section": 1, "material": 1, "kind": "truss", "releases": {"end": ["My", "Mz"]}, "design": {"haz_width": 25.4}},
+    {"number": 2, "nodes": [1, 2], "section": 1, "material": 1, "orientation": {"vector": [0, 0.1, -2]}, "beta": 90},
+    {"number": 3, "nodes": [1, 2], "section": 1, "material": 1, "orientation": {"node": 3}}
   ],
   "members": [
     {"number": 1, "elements": [1], "length_factors": {"y": 0.7, "z": 1}}
