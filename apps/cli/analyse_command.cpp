@@ -71,7 +71,7 @@ Subjects chosen_combinations(const AnalyseOptions& options, const model::Model& 
   Subjects subjects{.of_combinations = true, .numbers = {}, .sets = {}};
   std::vector<model::Number> existing;
   for (const model::Combination& combination : model.combinations) {
-    existing.push_back(combination.number);
+    if (!combination.state_of) existing.push_back(combination.number);
   }
   const auto plans = model::compile_combinations(model);
   std::vector<model::Number> envelopes;

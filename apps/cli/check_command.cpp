@@ -9,6 +9,8 @@
 #include <variant>
 
 #include "aluframe/io/model_file.h"
+#include "aluframe/model/envelopes.h"
+#include "apps/cli/envelope_remark.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/result_tables.h"
 #include "apps/cli/run_input.h"
@@ -45,6 +47,9 @@ int exit_status(const services::CheckSummary& summary, bool strict) {
 
 std::string combination_text(const model::Model& model, const T_RALU_ITEM& check) {
   const model::Combination* combination = model.combinations.find(check.nLComb);
+  if (combination != nullptr && combination->state_of) {
+    return "combination " + model::label_of(*combination);
+  }
   const std::string name = combination == nullptr || combination->name.empty()
                                ? ""
                                : fmt::format(" \"{}\"", combination->name);
@@ -53,6 +58,10 @@ std::string combination_text(const model::Model& model, const T_RALU_ITEM& check
 }
 
 std::string combinations_text(const services::CheckSummary& summary) {
+  if (summary.by_states) {
+    return fmt::format("{} (as {} state{})", summary.combinations, summary.sides,
+                       summary.sides == 1 ? "" : "s");
+  }
   if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
   return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
 }
@@ -65,8 +74,18 @@ std::string worst_text(const model::Model& model, const services::CheckSummary& 
                      combination_text(model, worst.check));
 }
 
+/// Number and name of the combination that governs; of an envelope for a state of it.
+std::pair<Cell, Cell> worst_combination(const model::Model& model,
+                                        const services::CheckSummary& summary) {
+  if (!summary.worst) return {};
+  const model::Number number = summary.worst->check.nLComb;
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
+  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
+}
+
 /// The run as a table of one row, for JSON and CSV.
-OutputTable summary_table(const services::CheckSummary& summary) {
+OutputTable summary_table(const model::Model& model, const services::CheckSummary& summary) {
   const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
   OutputTable table;
   std::vector<Cell> row;
@@ -87,7 +106,9 @@ OutputTable summary_table(const services::CheckSummary& summary) {
   add("worst_element", any ? whole(summary.worst->element) : Cell());
   add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
+  auto [combination, name] = worst_combination(model, summary);
+  add("worst_combination", std::move(combination));
+  add("worst_combination_name", std::move(name));
   add("not_checked", whole(summary.not_checked.size()));
   table.rows.push_back(std::move(row));
   return table;
@@ -124,7 +145,7 @@ void print_summary(const model::Model& model, const services::CheckSummary& summ
     fmt::print("{}", summary_text(model, summary, forces));
     fmt::print("  {:<14}{}\n", "results", result_path(options).string());
   } else {
-    fmt::print("{}", render(summary_table(summary), options.common.format, false));
+    fmt::print("{}", render(summary_table(model, summary), options.common.format, false));
     if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
   }
 }
@@ -164,6 +185,7 @@ int run_check_command(const CheckOptions& options) {
     print_message(options.input.model.string() + ": " + *problem);
     return exit_input_error;
   }
+  remark_on_extremes(model::checked_by_extremes(input.model, session.combinations));
   const auto computed = add_forces(options.input.model, input.model);
   if (const auto* stop = std::get_if<Stop>(&computed)) {
     print_message(stop->message);

@@ -5,8 +5,10 @@
 #include <exception>
 #include <variant>
 
+#include "aluframe/model/envelopes.h"
 #include "aluframe/services/readable_report.h"
 #include "aluframe/services/report_file.h"
+#include "apps/cli/envelope_remark.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/result_tables.h"
@@ -140,6 +142,7 @@ std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
   if (const auto problem = limit(input, options.common, session)) {
     return options.input.model.string() + ": " + *problem;
   }
+  remark_on_extremes(model::checked_by_extremes(input.model, session.combinations));
   const auto computed = add_forces(options.input.model, input.model);
   if (const auto* stop = std::get_if<Stop>(&computed)) {
     print_message(stop->message);

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <variant>
 
+#include "apps/cli/envelope_remark.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/result_tables.h"
@@ -108,6 +110,24 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   return out;
 }
 
+/// The combinations of the run that the user names by their own numbers or by their envelope's.
+std::set<model::Number> chosen_combinations(const store::RunInfo& info,
+                                            const NumberRanges& ranges) {
+  std::vector<model::Number> existing;
+  for (const store::CombinationRow& row : info.combinations) existing.push_back(row.number);
+  for (const store::EnvelopeState& row : info.envelope_states) existing.push_back(row.envelope);
+  const auto selected = select(ranges, existing, "result of a combination");
+  if (const auto* text = std::get_if<std::string>(&selected)) {
+    throw InputError{"--combinations: " + *text};
+  }
+  const auto& numbers = std::get<std::vector<model::Number>>(selected);
+  std::set<model::Number> chosen(numbers.begin(), numbers.end());
+  for (const store::EnvelopeState& row : info.envelope_states) {
+    if (ranges.contains(row.envelope)) chosen.insert(row.combination);
+  }
+  return chosen;
+}
+
 std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader, model::Number element,
                                                 const ResultsOptions& options) {
   std::vector<store::StoredRecord> records = reader.read_all(element);
@@ -115,16 +135,10 @@ std::vector<store::StoredRecord> chosen_records(store::ResultReader& reader, mod
     throw InputError{fmt::format("--element: there is no result of element {}", element)};
   }
   if (!options.common.combinations.empty()) {
-    std::vector<model::Number> numbers;
-    for (const store::CombinationRow& row : reader.info().combinations) {
-      numbers.push_back(row.number);
-    }
-    const auto selected = select(options.common.combinations, numbers, "result of a combination");
-    if (const auto* text = std::get_if<std::string>(&selected)) {
-      throw InputError{"--combinations: " + *text};
-    }
+    const std::set<model::Number> chosen =
+        chosen_combinations(reader.info(), options.common.combinations);
     std::erase_if(records, [&](const store::StoredRecord& record) {
-      return record.combination != 0 && !options.common.combinations.contains(record.combination);
+      return record.combination != 0 && !chosen.contains(record.combination);
     });
   }
   return records;
@@ -159,6 +173,14 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   return out;
 }
 
+std::vector<model::Number> two_sided_combinations(const store::RunInfo& info) {
+  std::vector<model::Number> numbers;
+  for (const store::CombinationRow& row : info.combinations) {
+    if (row.two_sides) numbers.push_back(row.number);
+  }
+  return numbers;
+}
+
 /// The table must not take the place of what it was made from.
 void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
   if (!options.output) return;
@@ -191,6 +213,7 @@ int run_results_command(const ResultsOptions& options) {
     refuse_own_input(options, file);
     reader = store::ResultReader::open(file);
     warn_about_results(options.input, file, reader->state());
+    remark_on_extremes(two_sided_combinations(reader->info()));
     return write_output(options.element ? element_text(*reader, *options.element, options, view)
                                         : list_text(*reader, options, view),
                         options.output);

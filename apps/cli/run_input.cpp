@@ -7,6 +7,7 @@
 
 #include "aluframe/io/model_file.h"
 #include "aluframe/members/find_members.h"
+#include "aluframe/model/envelopes.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/terminal.h"
 
@@ -23,14 +24,6 @@ std::vector<model::Number> numbers_of(const Entities& entities) {
   return numbers;
 }
 
-std::vector<model::Number> design_combinations(const model::Model& model) {
-  std::vector<model::Number> numbers;
-  for (const model::Combination& combination : model.combinations) {
-    if (combination.design) numbers.push_back(combination.number);
-  }
-  return numbers;
-}
-
 }  // namespace
 
 std::variant<Input, std::string> load_input(const InputOptions& options) {
@@ -44,6 +37,9 @@ std::variant<Input, std::string> load_input(const InputOptions& options) {
   }
   if (options.second_order) model.analysis.second_order = true;
   std::string digest = io::model_digest(model);
+  if (const auto text = model::expand_envelopes(model)) {
+    return fmt::format("{}: {}", options.model.string(), *text);
+  }
   return Input{std::move(model), found, std::move(digest)};
 }
 
@@ -88,10 +84,10 @@ std::optional<std::string> limit(const Input& input, const CommonOptions& common
     out.selected = std::get<std::vector<model::Number>>(std::move(selected));
   }
   if (!common.combinations.empty()) {
-    auto selected = select(common.combinations, design_combinations(model), "design combination");
+    auto selected = select(common.combinations, model::design_numbers(model), "design combination");
     if (const auto* text = std::get_if<std::string>(&selected)) return "--combinations: " + *text;
-    const auto& numbers = std::get<std::vector<model::Number>>(selected);
-    out.combinations = {numbers.begin(), numbers.end()};
+    out.combinations =
+        model::checked_combinations(model, std::get<std::vector<model::Number>>(selected));
   }
   return std::nullopt;
 }

@@ -25,7 +25,8 @@ struct InputOptions {
   bool second_order = false;                    ///< whatever the model says
 };
 
-/// A model as its file has it, and with the members that the file leaves to be found.
+/// A model as its file has it, with the members that the file leaves to be found and the states of
+/// its envelopes.
 struct Input {
   model::Model model;
   std::size_t found_members = 0;  ///< of its members, those that the file leaves to be found

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "aluframe/model/envelopes.h"
+#include "apps/cli/envelope_remark.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/number_ranges.h"
 #include "apps/cli/terminal.h"
@@ -43,14 +45,17 @@ std::string count_of_members(const Input& input) {
 
 void print_content(const std::string& file, const Input& input, const forces::Summary& computed) {
   const model::Model& model = input.model;
-  const auto design = std::ranges::count_if(
-      model.combinations, [](const model::Combination& combination) { return combination.design; });
+  const auto is_state = [](const model::Combination& combination) {
+    return combination.state_of.has_value();
+  };
+  const auto states = static_cast<std::size_t>(std::ranges::count_if(model.combinations, is_state));
+  const std::size_t design = model::design_numbers(model).size() - states;
   fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", file,
              counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
              count_of_members(input), counted(model.sections.size(), "section"),
              counted(model.materials.size(), "material"),
              counted(model.load_cases.size(), "load case"),
-             counted(model.combinations.size(), "combination"), design,
+             counted(model.combinations.size() - states, "combination"), design,
              computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
   if (computed.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }
@@ -69,6 +74,7 @@ int run_validate_command(const InputOptions& options) {
     print_message(stop->message);
     return stop->status;
   }
+  remark_on_extremes(model::checked_by_extremes(input.model, {}));
   print_content(options.model.string(), input, std::get<forces::Summary>(computed));
   return exit_done;
 }
