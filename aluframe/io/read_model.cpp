@@ -12,9 +12,10 @@ namespace aluframe::io {
 namespace {
 
 constexpr auto top_level_fields = std::to_array<std::string_view>(
-    {"$schema",  "format",   "version",          "title",      "description",  "units", "settings",
-     "frame",    "analysis", "catalogues",       "materials",  "sections",     "nodes", "supports",
-     "elements", "members",  "moving_load_code", "load_cases", "combinations", "forces"});
+    {"$schema",    "format",       "version",  "title",     "description", "units",
+     "settings",   "frame",        "analysis", "envelopes", "catalogues",  "materials",
+     "sections",   "nodes",        "supports", "elements",  "members",     "moving_load_code",
+     "load_cases", "combinations", "forces"});
 
 /// First of all: a file of another kind or of a later version has fields of its own, and calling
 /// those unknown would mislead.

@@ -7,6 +7,7 @@
 
 #include "aluframe/io/model_file.h"
 #include "aluframe/members/find_members.h"
+#include "aluframe/model/envelopes.h"
 
 namespace aluframe::run {
 
@@ -20,14 +21,6 @@ std::vector<model::Number> element_numbers(const model::Model& model) {
   return numbers;
 }
 
-std::vector<model::Number> design_combinations(const model::Model& model) {
-  std::vector<model::Number> numbers;
-  for (const model::Combination& combination : model.combinations) {
-    if (combination.design) numbers.push_back(combination.number);
-  }
-  return numbers;
-}
-
 /// Limits the input to what is selected. @return the message when something of it does not exist
 std::optional<std::string> limit(const Selection& selection, Input& input) {
   if (!selection.elements.empty()) {
@@ -36,11 +29,11 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
     input.elements = std::get<std::vector<model::Number>>(std::move(chosen));
   }
   if (!selection.combinations.empty()) {
-    const auto chosen = model::select(selection.combinations, design_combinations(input.model),
+    const auto chosen = model::select(selection.combinations, model::design_numbers(input.model),
                                       "design combination");
     if (const auto* text = std::get_if<std::string>(&chosen)) return "--combinations: " + *text;
-    const auto& numbers = std::get<std::vector<model::Number>>(chosen);
-    input.combinations = {numbers.begin(), numbers.end()};
+    input.combinations =
+        model::checked_combinations(input.model, std::get<std::vector<model::Number>>(chosen));
   }
   return std::nullopt;
 }
@@ -60,6 +53,9 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
   }
   if (options.second_order) input.model.analysis.second_order = true;
   input.digest = io::model_digest(input.model);
+  if (const auto text = model::expand_envelopes(input.model)) {
+    return Problem{options.model.string() + ": " + *text};
+  }
   if (const auto problem = limit(selection, input)) {
     return Problem{options.model.string() + ": " + *problem};
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -48,6 +49,24 @@ void sort_elements(std::vector<ElementResult>& elements, const std::string& key)
       return goes_before(a, b, item->second);
     });
   }
+}
+
+/// The combinations of the run that the user names by their own numbers or by their envelope's.
+Result<std::set<model::Number>> chosen_combinations(const store::RunInfo& info,
+                                                    const model::NumberRanges& ranges) {
+  std::vector<model::Number> existing;
+  for (const store::CombinationRow& row : info.combinations) existing.push_back(row.number);
+  for (const store::EnvelopeState& row : info.envelope_states) existing.push_back(row.envelope);
+  const auto selected = model::select(ranges, existing, "result of a combination");
+  if (const auto* text = std::get_if<std::string>(&selected)) {
+    return Problem{"--combinations: " + *text};
+  }
+  const auto& numbers = std::get<std::vector<model::Number>>(selected);
+  std::set<model::Number> chosen(numbers.begin(), numbers.end());
+  for (const store::EnvelopeState& row : info.envelope_states) {
+    if (ranges.contains(row.envelope)) chosen.insert(row.combination);
+  }
+  return chosen;
 }
 
 }  // namespace
@@ -102,14 +121,11 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
     return Problem{fmt::format("--element: there is no result of element {}", element)};
   }
   if (combinations.empty()) return records;
-  std::vector<model::Number> numbers;
-  for (const store::CombinationRow& row : reader.info().combinations) numbers.push_back(row.number);
-  const auto selected = model::select(combinations, numbers, "result of a combination");
-  if (const auto* text = std::get_if<std::string>(&selected)) {
-    return Problem{"--combinations: " + *text};
-  }
+  auto chosen = chosen_combinations(reader.info(), combinations);
+  if (auto* problem = std::get_if<Problem>(&chosen)) return std::move(*problem);
+  const auto& numbers = std::get<std::set<model::Number>>(chosen);
   std::erase_if(records, [&](const store::StoredRecord& record) {
-    return record.combination != 0 && !combinations.contains(record.combination);
+    return record.combination != 0 && !numbers.contains(record.combination);
   });
   return records;
 }

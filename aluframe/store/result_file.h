@@ -20,6 +20,17 @@ struct CombinationRow {
   std::string name;
   bool two_sides = false;
   bool seismic = false;
+  /// The envelope that it is a state of; nothing: a combination of the model itself.
+  std::optional<std::uint32_t> state_of = std::nullopt;
+};
+
+/// A combination of the run that stands for one state of an envelope. It may be a combination of
+/// the model, or a state of another envelope.
+struct EnvelopeState {
+  std::uint32_t envelope = 0;
+  std::uint32_t combination = 0;
+
+  friend bool operator==(const EnvelopeState&, const EnvelopeState&) = default;
 };
 
 /// What the result file says about its run.
@@ -29,6 +40,8 @@ struct RunInfo {
   std::string program;  ///< name and version of the program
   std::vector<CombinationRow> combinations;
   std::string model_digest;  ///< tells states of a model and its forces apart; empty: unknown
+  /// All states of the envelopes that are checked by them.
+  std::vector<EnvelopeState> envelope_states = {};
 };
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "aluframe/model/envelopes.h"
 #include "aluframe/tables/result_tables.h"
 
 namespace aluframe::tables {
@@ -14,6 +15,9 @@ namespace {
 
 std::string combination_text(const model::Model& model, const T_RALU_ITEM& check) {
   const model::Combination* combination = model.combinations.find(check.nLComb);
+  if (combination != nullptr && combination->state_of) {
+    return "combination " + model::label_of(*combination);
+  }
   const std::string name = combination == nullptr || combination->name.empty()
                                ? ""
                                : fmt::format(" \"{}\"", combination->name);
@@ -22,6 +26,10 @@ std::string combination_text(const model::Model& model, const T_RALU_ITEM& check
 }
 
 std::string combinations_text(const services::CheckSummary& summary) {
+  if (summary.by_states) {
+    return fmt::format("{} (as {} state{})", summary.combinations, summary.sides,
+                       summary.sides == 1 ? "" : "s");
+  }
   if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
   return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
 }
@@ -32,6 +40,16 @@ std::string worst_text(const model::Model& model, const services::CheckSummary& 
   return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
                      item_name(worst.item), worst.element, position_name(worst.check.nPos),
                      combination_text(model, worst.check));
+}
+
+/// Number and name of the combination that governs; of an envelope for a state of it.
+std::pair<Cell, Cell> worst_combination(const model::Model& model,
+                                        const services::CheckSummary& summary) {
+  if (!summary.worst) return {};
+  const model::Number number = summary.worst->check.nLComb;
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
+  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
 }
 
 }  // namespace
@@ -56,7 +74,7 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
   return out;
 }
 
-OutputTable summary_table(const services::CheckSummary& summary) {
+OutputTable summary_table(const model::Model& model, const services::CheckSummary& summary) {
   const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
   OutputTable table;
   std::vector<Cell> row;
@@ -77,7 +95,9 @@ OutputTable summary_table(const services::CheckSummary& summary) {
   add("worst_element", any ? whole(summary.worst->element) : Cell());
   add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
+  auto [combination, name] = worst_combination(model, summary);
+  add("worst_combination", std::move(combination));
+  add("worst_combination_name", std::move(name));
   add("not_checked", whole(summary.not_checked.size()));
   table.rows.push_back(std::move(row));
   return table;

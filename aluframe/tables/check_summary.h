@@ -15,7 +15,7 @@ std::string summary_text(const model::Model& model, const services::CheckSummary
                          const std::string& forces = "");
 
 /// The run as a table of one row, for JSON and CSV.
-OutputTable summary_table(const services::CheckSummary& summary);
+OutputTable summary_table(const model::Model& model, const services::CheckSummary& summary);
 
 /// "linear analysis of 4 load cases, residual 2.1e-14, forces certain to 4.0e-14", for the user;
 /// empty: nothing was analysed.

@@ -41,6 +41,12 @@ std::string heading_of(int item) {
   }
 }
 
+/// The combination of the model; of a state its envelope.
+std::uint32_t number_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? number : found->state_of.value_or(number);
+}
+
 std::string name_of_combination(const store::RunInfo& info, std::uint32_t number) {
   const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
   return found == info.combinations.end() ? "" : found->name;
@@ -196,7 +202,7 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
     row.push_back(ratio_cell(worst.governing.dDemand, worst.governing.dCapacity));
     row.push_back(text(item_name(worst.item)));
     row.push_back(text(position_name(worst.governing.nPos)));
-    row.push_back(whole(worst.governing.nLComb));
+    row.push_back(whole(number_of_combination(info, worst.governing.nLComb)));
     row.push_back(name_of_combination(info, worst.governing.nLComb));
     row.push_back(side_of(info, worst.governing.nLComb, worst.governing.nMinSide));
     table.rows.push_back(std::move(row));
@@ -219,7 +225,7 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
       std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
       add_check(row, check.item, check.governing.dDemand, check.governing.dCapacity, view);
       row.push_back(text(position_name(check.governing.nPos)));
-      row.push_back(whole(check.governing.nLComb));
+      row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
       row.push_back(name_of_combination(info, check.governing.nLComb));
       row.push_back(side_of(info, check.governing.nLComb, check.governing.nMinSide));
       table.rows.push_back(std::move(row));
@@ -241,9 +247,10 @@ OutputTable position_ratios_table(const std::vector<store::StoredRecord>& record
     for (int p = 0; p < kCheckPositions; ++p) {
       std::vector<Cell> ratios = ratios_of(stored.record.aSect[static_cast<std::size_t>(p)]);
       if (is_empty(ratios)) continue;
-      std::vector<Cell> row{
-          whole(stored.combination), name_of_combination(info, stored.combination),
-          side_of(info, stored.combination, stored.min_side), text(position_name(p))};
+      std::vector<Cell> row{whole(number_of_combination(info, stored.combination)),
+                            name_of_combination(info, stored.combination),
+                            side_of(info, stored.combination, stored.min_side),
+                            text(position_name(p))};
       row.insert(row.end(), ratios.begin(), ratios.end());
       table.rows.push_back(std::move(row));
     }
@@ -267,10 +274,10 @@ OutputTable all_checks_table(std::uint32_t element, const std::vector<store::Sto
         const T_RALU_RLT& check =
             stored.record.aSect[static_cast<std::size_t>(p)].aItem[static_cast<std::size_t>(item)];
         if (RaluIsEmpty(check.dDemand, check.dCapacity)) continue;
-        std::vector<Cell> row{whole(element), whole(stored.combination),
-                              name_of_combination(info, stored.combination),
-                              side_of(info, stored.combination, stored.min_side),
-                              text(position_name(p))};
+        std::vector<Cell> row{
+            whole(element), whole(number_of_combination(info, stored.combination)),
+            name_of_combination(info, stored.combination),
+            side_of(info, stored.combination, stored.min_side), text(position_name(p))};
         add_check(row, item, check.dDemand, check.dCapacity, view);
         table.rows.push_back(std::move(row));
       }

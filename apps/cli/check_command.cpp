@@ -58,7 +58,7 @@ void print_summary(const run::Input& input, const services::CheckSummary& summar
     fmt::print("{}", tables::summary_text(input.model, summary, tables::forces_text(input.forces)));
     fmt::print("  {:<14}{}\n", "results", results.string());
   } else {
-    fmt::print("{}", tables::render(tables::summary_table(summary), format, false));
+    fmt::print("{}", tables::render(tables::summary_table(input.model, summary), format, false));
     if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
   }
 }

@@ -32,6 +32,7 @@ FULL = {
                  "gamma_re_stability": 0.75},
     "frame": {"braced_a": True, "braced_b": False, "length_factors": "one"},
     "analysis": {"second_order": False},
+    "envelopes": "extremes",
     "catalogues": [],
     "materials": [
         {"number": 1, "name": "M", "alloy": "5083-O/F"},
@@ -116,6 +117,7 @@ BROKEN = {
     "unknown frame axis": (["frame", "braced_c"], True),
     "unknown analysis option": (["analysis", "order"], 2),
     "second order as a number": (["analysis", "second_order"], 2),
+    "unknown way of checking envelopes": (["envelopes"], "sides"),
     "unknown alloy": (["materials", 0, "alloy"], "6063-T7"),
     "alloy beside values": (["materials", 0, "fu"], 160),
     "strength of zero": (["materials", 1, "f02_thin"], 0),

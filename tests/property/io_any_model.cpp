@@ -277,6 +277,7 @@ Model any_model() {
                          any_of({LengthFactors::computed, LengthFactors::one})};
   });
   model.analysis.second_order = any_flag();
+  model.envelopes = any_flag() ? Envelopes::states : Envelopes::extremes;
   for (const Number number : {3U, 1U}) {
     model.materials.add(any_material(number));
     model.sections.add(any_section(number));

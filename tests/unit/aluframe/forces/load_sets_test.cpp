@@ -111,7 +111,7 @@ TEST(LoadSets, OfALinearCombinationWithAnEnvelopeAreRefused) {
   EXPECT_EQ(
       std::get<std::string>(load_sets_of(model, plans, 1)),
       "combination 7 adds an envelope to other forces, which second order cannot analyse; put "
-      "the other forces into the terms of the envelope");
+      "check envelopes by their states");
 }
 
 }  // namespace

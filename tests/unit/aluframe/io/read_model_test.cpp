@@ -116,6 +116,16 @@ TEST(Frame, DirectionThatIsNotSaidToBeBracedSways) {
   EXPECT_FALSE(frame.braced_b);
 }
 
+TEST(Envelopes, AreCheckedByTheirStatesUnlessTheFileSaysOtherwise) {
+  EXPECT_EQ(model_of(small_model).envelopes, model::Envelopes::states);
+  const auto with = [](const char* value) {
+    return replaced(small_model, R"("frame": {)",
+                    std::string("\"envelopes\": ") + value + R"(, "frame": {)");
+  };
+  EXPECT_EQ(model_of(with(R"("states")")).envelopes, model::Envelopes::states);
+  EXPECT_EQ(model_of(with(R"("extremes")")).envelopes, model::Envelopes::extremes);
+}
+
 TEST(OwnMaterial, HasTheDocumentedDefaults) {
   const model::Material material = model_of(replaced(small_model, R"("alloy": "6063-T5")",
                                                      R"("grade": "X", "f02_thin": 120, "fu": 180)"))

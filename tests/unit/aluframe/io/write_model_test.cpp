@@ -13,6 +13,7 @@ TEST(WriteModel, PutsAnEntityOnALineAndLeavesDefaultsOut) {
   "units": {"force": "kN", "length": "m", "section": "mm"},
   "settings": {"code": "GB50429-2007", "safety_class": 1},
   "frame": {"braced_a": true, "braced_b": false},
+  "envelopes": "extremes",
   "materials": [
     {"number": 1, "alloy": "6063-T5"},
     {"number": 2, "name": "own", "grade": "X", "f02_thin": 120, "fu": 180}

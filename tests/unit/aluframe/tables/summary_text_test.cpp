@@ -63,6 +63,13 @@ TEST(SummaryText, CountsBothSidesBesideTheCombinations) {
   EXPECT_EQ(line_of(summary, "combinations"), "  combinations  3 (4 with both sides of envelopes)");
 }
 
+TEST(SummaryText, SaysHowManyStatesAreChecked) {
+  services::CheckSummary summary = sample_summary();
+  summary.by_states = true;
+  summary.sides = 2;  // other combinations stand for some envelopes
+  EXPECT_EQ(line_of(summary, "combinations"), "  combinations  3 (as 2 states)");
+}
+
 TEST(SummaryText, NamesTheSideOfTheWorstCheck) {
   services::CheckSummary summary = sample_summary();
   summary.worst = worst(4, 1);
