@@ -30,6 +30,7 @@ CaseLoads case_loads(const Frame& frame, const LoadCase& load_case, const LoadsB
 std::optional<Problem> LinearRefinement::factorise() {
   if (solver_) return std::nullopt;
   solver_ = make_solver();
+  if (equations_.count() == 0) return std::nullopt;
   ScaledEquations scaled =
       assemble(frame_, geometry_, equations_, elastic_source(frame_, geometry_));
   const Factorisation done = solver_->factorise(scaled.matrix);

@@ -87,7 +87,7 @@ void Refinement::correct() {
   for (std::size_t i = 0; i < column.size(); ++i) {
     column[i] = rest_[place(i)].value() * of_.scale[i];
   }
-  of_.solver.solve(column);
+  if (!column.empty()) of_.solver.solve(column);
   for (std::size_t i = 0; i < column.size(); ++i) {
     moved_[place(i)] += Extended(column[i] * of_.scale[i]);
   }
