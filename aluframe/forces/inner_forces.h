@@ -4,17 +4,14 @@
 #include <span>
 #include <vector>
 
+#include "aluframe/forces/bowed_line.h"
 #include "aluframe/forces/load_sets.h"
 #include "aluframe/forces/span_changes.h"
+#include "aluframe/forces/weights.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::forces {
-
-/// Weights of a sum of N, My and Mz, such as a stress: 1/A, 1/Wy and 1/Wz.
-struct Weights {
-  double n = 0.0, my = 0.0, mz = 0.0;
-};
 
 /// Forces of a section between the ends of an element.
 struct PlaceForces {
@@ -30,7 +27,8 @@ enum class PlaceSide { towards_start, towards_end };
 ///
 /// Built once from the loads of a model, which must outlive it; const and safe to use from several
 /// threads. Forces follow by statics from those at the start of the element and the loads between
-/// its ends. Where given forces of a load case do not follow from the loads of the model, a
+/// its ends; in second order moments follow from the deflection that agrees with the five
+/// positions. Where given forces of a load case do not follow from the loads of the model, a
 /// distributed load stands for what they show, linear between the five positions.
 ///
 ///     const InnerForces inner(model);
@@ -44,8 +42,9 @@ class InnerForces {
   /// unsigned maxima of a response spectrum. Nothing is found for combinations with them.
   std::span<const SpanChanges::Pair> unknown() const { return changes_.unknown(); }
 
-  /// Whether any load case loads the element between its ends; if not it has no peaks there.
-  bool has_loads(std::size_t element) const { return changes_.any(element); }
+  /// Whether the element can have peaks: some load case loads it between its ends, or its axial
+  /// force bends it further.
+  bool has_peaks(std::size_t element) const { return changes_.any(element) || is_bowed(element); }
 
   /// Appends to `out`, in ascending order, the places of an element between its five positions
   /// - where a force or moment acts, both of its sides (also the inner side of an end), and
@@ -53,9 +52,8 @@ class InnerForces {
   ///   its values at the five positions; a millionth counts as rounding of those.
   /// What follows from those components linearly is therefore nowhere larger than at the five
   /// positions and these places. Nothing for trusses and where the inner positions are unknown.
-  /// Nothing in second order.
   /// A combination with two sides has the extremes of its parts, at the places of the parts by
-  /// themselves.
+  /// themselves; nothing in second order, where the forces of the parts are not kept.
   /// @param element its place in the model's table
   /// @param five the combination's forces, as the evaluator of combinations gives them
   void peaks(std::size_t element, model::Number combination, model::Side side,
@@ -79,6 +77,17 @@ class InnerForces {
     auto operator<=>(const Place&) const = default;
   };
 
+  InnerForces(const model::Model& model, const analysis::Frame& frame);
+
+  /// Whether the axial force acts on the deflection.
+  bool is_bowed(std::size_t element) const {
+    return !planes_.empty() && planes_[element][0].ei > 0.0;
+  }
+  bool is_straight(std::size_t element, const model::CaseForces& five) const;
+  BowedLine bowed_line(std::size_t element,
+                       std::span<const model::CombinationPlan::CaseFactor> cases,
+                       const model::CaseForces& five,
+                       std::span<const FactoredChange> changes) const;
   bool is_known(std::size_t element,
                 std::span<const model::CombinationPlan::CaseFactor> cases) const;
   std::vector<Place> envelope_places(std::size_t element, const model::CombinationPlan& plan,
@@ -89,6 +98,7 @@ class InnerForces {
   const model::Model& model_;
   std::vector<model::CombinationPlan> plans_;
   SpanChanges changes_;
+  std::vector<BowedLine::Planes> planes_;  ///< by element, in second order
 };
 
 }  // namespace aluframe::forces

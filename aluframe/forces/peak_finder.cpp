@@ -16,9 +16,6 @@ constexpr double noise = 1e-9;
 constexpr double next_to_position = 1e-4;
 constexpr double same_place = 1e-9;
 
-constexpr std::array<std::array<double, 2>, 4> sign_pairs{
-    {{1.0, 1.0}, {1.0, -1.0}, {-1.0, 1.0}, {-1.0, -1.0}}};
-
 double sum_of(const Weights& w, const std::array<double, 2>& signs,
               const std::array<double, 6>& forces) {
   return w.n * forces[0] + signs[0] * w.my * forces[4] + signs[1] * w.mz * forces[5];
@@ -88,58 +85,44 @@ bool PositionExtremes::exceeded_by(const std::array<double, 6>& forces) const {
   return found;
 }
 
-void PeakFinder::find(double length, const model::CaseForces& five,
-                      std::span<const Weights> weights, std::vector<PlaceForces>& out) {
+template <class Line>
+void PeakFinder<Line>::find(const Line& line, double length,
+                            std::span<const FactoredChange> changes, const model::CaseForces& five,
+                            std::span<const Weights> weights, std::vector<PlaceForces>& out) {
   length_ = length;
+  changes_ = changes;
   five_ = &five;
   weights_ = weights;
   out_ = &out;
-  line_ = SectionLine::from(five.at[0]);
+  line_ = line;
   x_ = 0.0;
   next_ = 0;
   has_extremes_ = false;
-  while (next_ < changes.size()) {
-    const double piece = changes[next_].change->x - x_;
-    if (piece > 0.0) scan_piece(piece);
-    line_.advance(piece);
-    x_ = changes[next_].change->x;
+  while (next_ < changes_.size()) {
+    go_to(changes_[next_].change->x);
     apply_changes();
   }
-  if (x_ < length) scan_piece(length - x_);
+  go_to(length);
 }
 
-/// The extremes of N, Fy and Fz, of the moments and of the sums until the next change.
-void PeakFinder::scan_piece(double length) {
-  const bool is_loaded =
-      line_.rate != std::array<double, 3>{} || line_.slope != std::array<double, 3>{};
-  if (!is_loaded) return;  // forces are constant and moments linear
-  candidates_.clear();
-  const Quadratic n{line_.rate[0], line_.slope[0], 0.0};
-  const Quadratic my{line_.forces[2], line_.rate[2], line_.slope[2]};
-  const Quadratic mz{line_.forces[1], line_.rate[1], line_.slope[1]};
-  scan(n, length);
-  scan(my, length);
-  scan(mz, length);
-  for (const std::size_t i : {1, 2}) scan({line_.rate[i], line_.slope[i], 0.0}, length);
-  const int growing = !n.is_zero() + !my.is_zero() + !mz.is_zero();
-  for (const Weights& w : weights_) {
-    if (growing < 2) break;  // the sums have their extremes where the one component has its own
-    for (const auto& signs : sign_pairs) {
-      scan(w.n * n + signs[0] * w.my * my + signs[1] * w.mz * mz, length);
-    }
+/// Takes the line to a place without changes before it.
+template <class Line>
+void PeakFinder<Line>::go_to(double x) {
+  while (x_ < x) {
+    const double left = x - x_, piece = line_.longest_piece(left);
+    scan_piece(piece);
+    line_.advance(piece);
+    x_ = left - piece <= same_place * length_ ? x : x_ + piece;
   }
-  report_candidates();
 }
 
-/// Notes where what grows so has its extremes.
-void PeakFinder::scan(const Quadratic& growth, double length) {
-  for_each_root(growth, length, [&](double distance) {
+template <class Line>
+void PeakFinder<Line>::scan_piece(double length) {
+  candidates_.clear();
+  line_.for_each_extreme(length, weights_, [&](double distance) {
     if (is_next_to_position((x_ + distance) / length_, next_to_position)) return;
     candidates_.push_back(distance);
   });
-}
-
-void PeakFinder::report_candidates() {
   std::ranges::sort(candidates_);
   double last = -length_;
   for (const double distance : candidates_) {
@@ -151,11 +134,12 @@ void PeakFinder::report_candidates() {
 }
 
 /// Takes the line over the place where it stands, with all changes there.
-void PeakFinder::apply_changes() {
+template <class Line>
+void PeakFinder<Line>::apply_changes() {
   const std::array<double, 6> before = line_.forces;
   const std::array<double, 3> rate_before = line_.rate;
-  for (; next_ < changes.size() && changes[next_].change->x == x_; ++next_) {
-    line_.add(*changes[next_].change, changes[next_].factor);
+  for (; next_ < changes_.size() && changes_[next_].change->x == x_; ++next_) {
+    line_.add(*changes_[next_].change, changes_[next_].factor);
   }
   const bool is_position = is_next_to_position(x_ / length_, same_place);
   if (line_.forces != before) {
@@ -169,7 +153,8 @@ void PeakFinder::apply_changes() {
 
 /// Where a distributed load begins or ends, forces have a kink, and so have sums with N. Moments
 /// grow on smoothly.
-bool PeakFinder::is_kink_beyond_positions(const std::array<double, 3>& rate_before) {
+template <class Line>
+bool PeakFinder<Line>::is_kink_beyond_positions(const std::array<double, 3>& rate_before) {
   if (!weights_.empty() && rate_before[0] != line_.rate[0]) return exceeds(line_.forces);
   for (std::size_t i = 0; i < 3; ++i) {
     const bool turns = rate_before[i] * line_.rate[i] <= 0.0;
@@ -178,18 +163,24 @@ bool PeakFinder::is_kink_beyond_positions(const std::array<double, 3>& rate_befo
   return false;
 }
 
-const PositionExtremes& PeakFinder::extremes() {
+template <class Line>
+const PositionExtremes& PeakFinder<Line>::extremes() {
   if (!has_extremes_) extremes_.set(*five_, weights_, length_);
   has_extremes_ = true;
   return extremes_;
 }
 
-bool PeakFinder::exceeds(const std::array<double, 6>& forces) {
+template <class Line>
+bool PeakFinder<Line>::exceeds(const std::array<double, 6>& forces) {
   return extremes().exceeded_by(forces);
 }
 
-void PeakFinder::report(double x, const std::array<double, 6>& forces) {
+template <class Line>
+void PeakFinder<Line>::report(double x, const std::array<double, 6>& forces) {
   out_->push_back({x, x / length_, forces});
 }
+
+template class PeakFinder<SectionLine>;
+template class PeakFinder<BowedLine>;
 
 }  // namespace aluframe::forces

@@ -8,12 +8,6 @@
 
 namespace aluframe::forces {
 
-/// A change of the loads of a case, and the factor of the case.
-struct FactoredChange {
-  const SpanChange* change = nullptr;
-  double factor = 1.0;
-};
-
 /// Largest and smallest values at the five positions: of the six components and of the weighted
 /// sums. Keeps its memory from one element to the next.
 class PositionExtremes {
@@ -37,18 +31,19 @@ class PositionExtremes {
 
 /// Finds the peaks of one element under one combination of loads, from its start to its end. Reused
 /// for many, so that nothing is allocated per element.
+/// @tparam Line how the forces go on: SectionLine or BowedLine
+template <class Line>
 class PeakFinder {
  public:
-  /// Load changes in ascending order of their places.
-  std::vector<FactoredChange> changes;
-
-  void find(double length, const model::CaseForces& five, std::span<const Weights> weights,
+  /// @param line at the start of the element
+  /// @param changes in ascending order of their places
+  void find(const Line& line, double length, std::span<const FactoredChange> changes,
+            const model::CaseForces& five, std::span<const Weights> weights,
             std::vector<PlaceForces>& out);
 
  private:
+  void go_to(double x);
   void scan_piece(double length);
-  void scan(const Quadratic& growth, double length);
-  void report_candidates();
   void apply_changes();
   void report(double x, const std::array<double, 6>& forces);
   bool is_kink_beyond_positions(const std::array<double, 3>& rate_before);
@@ -56,10 +51,11 @@ class PeakFinder {
   bool exceeds(const std::array<double, 6>& forces);
 
   double length_ = 0.0;
+  std::span<const FactoredChange> changes_;
   const model::CaseForces* five_ = nullptr;
   std::span<const Weights> weights_;
   std::vector<PlaceForces>* out_ = nullptr;
-  SectionLine line_;
+  Line line_;
   double x_ = 0.0;                  ///< where the line stands
   std::size_t next_ = 0;            ///< first change that is not applied yet
   std::vector<double> candidates_;  ///< distances from x_

@@ -120,6 +120,11 @@ SpanChanges::SpanChanges(const model::Model& model, const analysis::Frame& frame
   for (std::size_t i = 0; i < model.load_cases.size(); ++i) {
     const analysis::LoadsByElement loads(frame, geometry, loads_of(model, model.load_cases[i]));
     cases_.push_back(changes_of(model, frame, loads, i));
+    if (!model.load_cases[i].loads.temperature.empty()) {
+      for (std::size_t e = 0; e < frame.elements.size(); ++e) {
+        cases_.back().free.push_back(loads.of(e).free);
+      }
+    }
   }
   std::ranges::sort(unknown_);
 }

@@ -53,6 +53,11 @@ class SpanChanges {
   /// Whether any case loads the element between its ends.
   bool any(std::size_t element) const { return loaded_[element] != 0; }
   double length_of(std::size_t element) const { return lengths_[element]; }
+  /// What the element would do by itself under its temperature.
+  analysis::FreeDeformation free_of(std::size_t element, std::size_t load_case) const {
+    const Case& one = cases_[load_case];
+    return one.free.empty() ? analysis::FreeDeformation() : one.free[element];
+  }
   /// Pairs whose given forces show that something acts between the ends, but not what.
   std::span<const Pair> unknown() const { return unknown_; }
 
@@ -61,6 +66,7 @@ class SpanChanges {
   struct Case {
     std::vector<std::uint32_t> begin;  ///< empty when the case has none
     std::vector<SpanChange> changes;
+    std::vector<analysis::FreeDeformation> free;  ///< by element; empty without temperatures
   };
 
   Case changes_of(const model::Model& model, const analysis::Frame& frame,
