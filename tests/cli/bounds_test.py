@@ -105,5 +105,6 @@ def test_any_ratio_of_plates_is_shown_in_little_memory(aluframe, name, mesh):
 def test_a_mesh_says_nothing_of_walls_that_rounding_hides(aluframe):
     # By the formula It is 2 mm4, 2.5e-9 of Iyy + Izz; rounding alone leaves about 1e-6 of that sum.
     found = aluframe.json("section", "H 3000x1500x0.1x0.1")
-    assert found["formula"]["it"] == pytest.approx((2 * 1500 + 2999.9) * 0.1**3 / 3)
+    # Free ends and junctions of plates change it by about t/b, less than 1/1000.
+    assert found["formula"]["it"] == pytest.approx((2 * 1500 + 2999.9) * 0.1**3 / 3, rel=1e-3)
     assert found["mesh"]["it"] is None
