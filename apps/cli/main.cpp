@@ -150,6 +150,8 @@ void add_points(CLI::App& app, PointsOptions& options, int& status) {
       app.add_subcommand("points", "Check bare points: JSON Lines in, JSON Lines out");
   points->add_option("FILE", options.input, "One check point a line; - or none: standard input")
       ->type_name("");
+  points->add_flag("--second-opinion", options.second_opinion,
+                   "Safe ratios beside the results (docs/behaviour.md)");
   points->callback([&] { status = run_points_command(options); });
 }
 
