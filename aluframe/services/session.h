@@ -12,6 +12,7 @@
 #include "aluframe/services/document.h"
 #include "aluframe/services/messages.h"
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/services/run_observer.h"
 #include "host/host_services.h"
 
 namespace aluframe::services {
@@ -47,6 +48,8 @@ struct SessionOptions {
   std::function<int(const std::string&, UINT)> message_box;
   /// Digest of the model and its forces, which goes into the result file; empty: none.
   std::string model_digest;
+  /// Follows the run; null: nobody does.
+  RunObserver* observer = nullptr;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };
