@@ -1,5 +1,6 @@
 #include "aluframe/services/design_manager.h"
 
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -15,13 +16,11 @@ constexpr std::size_t first_moment = 3;
 
 void fill_position(std::array<float, 9>& out, const model::SectionForces& forces,
                    const UnitScale& scale) {
+  std::ranges::copy(forces, out.begin());
+  if (scale.is_identity()) return;
   for (std::size_t i = 0; i < forces.size(); ++i) {
-    if (scale.is_identity()) {
-      out[i] = forces[i];
-    } else {
-      const double value = static_cast<double>(forces[i]);
-      out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
-    }
+    const double value = static_cast<double>(forces[i]);
+    out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
   }
 }
 

@@ -4,10 +4,10 @@
 
 #include <limits>
 
-#include "apps/cli/result_tables.h"
-#include "tests/unit/apps/cli/result_samples.h"
+#include "aluframe/tables/result_tables.h"
+#include "tests/unit/aluframe/tables/result_samples.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 namespace {
 
 using Row = std::vector<Cell>;
@@ -33,8 +33,8 @@ store::StoredRecord record(std::uint32_t combination, int min_side) {
 
 TEST(OverviewTable, HasOneLineAnElementWithAllRatiosAndTheWorst) {
   const OutputTable table = overview_table(
-      by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150),
-                  row(2, RALU_SHEAR_Z, 11, 55)}),
+      run::by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150),
+                       row(2, RALU_SHEAR_Z, 11, 55)}),
       sample_info());
   EXPECT_EQ(keys_of(table), (Keys{"element", "type", "strength ratio", "shear y ratio",
                                   "shear z ratio", "stability ratio", "combined stability ratio",
@@ -49,7 +49,7 @@ TEST(OverviewTable, HasOneLineAnElementWithAllRatiosAndTheWorst) {
 
 TEST(OverviewTable, SlendernessWithoutALimitHasNoRatio) {
   const OutputTable table =
-      overview_table(by_element({row(5, RALU_SLENDERNESS_Y, 120, 0)}), sample_info());
+      overview_table(run::by_element({row(5, RALU_SLENDERNESS_Y, 120, 0)}), sample_info());
   constexpr std::size_t slenderness_y = 7, worst = 9;
   EXPECT_TRUE(is_empty(table.rows[0][slenderness_y]));
   EXPECT_TRUE(is_empty(table.rows[0][worst]));
@@ -57,7 +57,7 @@ TEST(OverviewTable, SlendernessWithoutALimitHasNoRatio) {
 
 TEST(GoverningTable, HasOneLineACheck) {
   const OutputTable table = governing_table(
-      by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150)}),
+      run::by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150)}),
       sample_info(), {});
   EXPECT_EQ(keys_of(table), (Keys{"element", "member_type", "item", "demand", "capacity", "unit",
                                   "ratio", "position", "combination", "combination_name", "side"}));
@@ -71,7 +71,7 @@ TEST(GoverningTable, HasOneLineACheck) {
 // 1 N/mm² = 1000 kN/m²; a slenderness is a number.
 TEST(GoverningTable, OnlyStressesAreScaled) {
   const OutputTable table = governing_table(
-      by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150)}),
+      run::by_element({row(5, RALU_STRENGTH, 50, 100), row(5, RALU_SLENDERNESS_Y, 120, 150)}),
       sample_info(), {1000.0, "kN/m²"});
   constexpr std::size_t demand = 3, capacity = 4, unit = 5, ratio = 6;
   EXPECT_EQ(table.rows[0][demand], Cell(50e3));
@@ -84,7 +84,7 @@ TEST(GoverningTable, OnlyStressesAreScaled) {
 
 TEST(GoverningTable, SlendernessWithoutALimitHasADemandOnly) {
   const OutputTable table =
-      governing_table(by_element({row(5, RALU_SLENDERNESS_Y, 120, 0)}), sample_info(), {});
+      governing_table(run::by_element({row(5, RALU_SLENDERNESS_Y, 120, 0)}), sample_info(), {});
   constexpr std::size_t demand = 3, capacity = 4, ratio = 6;
   EXPECT_EQ(table.rows[0][demand], Cell(120.0));
   EXPECT_TRUE(is_empty(table.rows[0][capacity]));
@@ -92,14 +92,14 @@ TEST(GoverningTable, SlendernessWithoutALimitHasADemandOnly) {
 }
 
 TEST(GoverningTable, ADemandThatIsNoNumberIsShown) {
-  const OutputTable table =
-      governing_table(by_element({row(5, RALU_STRENGTH, not_a_number, 100)}), sample_info(), {});
+  const OutputTable table = governing_table(
+      run::by_element({row(5, RALU_STRENGTH, not_a_number, 100)}), sample_info(), {});
   EXPECT_NE(to_csv(table).find("strength,nan,100,N/mm²,nan"), std::string::npos);
 }
 
 TEST(GoverningTable, ACombinationThatTheRunDoesNotListHasNoName) {
   const OutputTable table =
-      governing_table(by_element({row(5, RALU_STRENGTH, 50, 100)}), store::RunInfo(), {});
+      governing_table(run::by_element({row(5, RALU_STRENGTH, 50, 100)}), store::RunInfo(), {});
   EXPECT_EQ(table.rows[0][9], text(""));
   EXPECT_TRUE(is_empty(table.rows[0][10]));
 }
@@ -154,4 +154,4 @@ TEST(AllChecksTable, TheUnusedItemIsNotShown) {
 }
 
 }  // namespace
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "apps/cli/check_command.h"
+#include "aluframe/tables/check_summary.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 namespace {
 
 model::Model sample_model() {
@@ -95,4 +95,4 @@ TEST(SummaryText, AModelWithoutATitleIsUntitled) {
 }
 
 }  // namespace
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 enum class Format { table, json, csv };
 
@@ -43,4 +43,4 @@ std::string to_json(const OutputTable& table);
 /// The table in one of the three formats.
 std::string render(const OutputTable& table, Format format, bool colour);
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

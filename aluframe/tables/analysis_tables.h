@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "aluframe/analysis/second_order.h"
 #include "aluframe/model/model.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/run/analysis.h"
+#include "aluframe/tables/output_table.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 /// What of an analysis is shown.
 enum class AnalysisTable { summary, displacements, reactions, forces };
@@ -21,10 +21,7 @@ std::optional<AnalysisTable> parse_analysis_table(std::string_view name);
 /// An analysis as it is shown.
 struct AnalysisView {
   const model::Model* model = nullptr;
-  bool of_combinations = false;                      ///< else of load cases
-  std::vector<model::Number> subjects;               ///< their numbers
-  std::vector<analysis::SecondOrderResult> answers;  ///< one for each subject
-  bool second_order = false;
+  const run::Analysis* analysis = nullptr;
   model::Units units;
   std::function<bool(model::Number)> shows_node, shows_element;
 };
@@ -37,4 +34,4 @@ std::string_view heading_of(AnalysisTable table);
 /// rotations. Forces of load cases in CSV are what `--forces` reads.
 OutputTable analysis_table(AnalysisTable table, const AnalysisView& view);
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -1,4 +1,4 @@
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +10,7 @@
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/text.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 namespace {
 
@@ -214,4 +214,4 @@ std::string render(const OutputTable& table, Format format, bool colour) {
   return to_text(table, colour);
 }
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -3,14 +3,12 @@
 #include <vector>
 
 #include "aluframe/store/result_file.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
+#include "tests/unit/aluframe/run/governing_row.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
-/// The governing check of a beam: at its start, in combination 3.
-inline store::GoverningRow row(std::uint32_t element, int item, double demand, double capacity) {
-  return {element, 2, item, {.nPos = 0, .dDemand = demand, .dCapacity = capacity, .nLComb = 3}};
-}
+using run::row;
 
 /// A run of combination 3 and the envelope 4.
 inline store::RunInfo sample_info() {
@@ -31,4 +29,4 @@ inline std::vector<std::string> keys_of(const OutputTable& table) {
   return keys;
 }
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

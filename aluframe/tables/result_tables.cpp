@@ -1,4 +1,4 @@
-#include "apps/cli/result_tables.h"
+#include "aluframe/tables/result_tables.h"
 
 #include <fmt/format.h>
 
@@ -8,10 +8,10 @@
 #include <map>
 #include <utility>
 
+#include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
-#include "apps/cli/number_ranges.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 namespace {
 
@@ -167,41 +167,14 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items) {
     std::ranges::sort(elements);
     const std::string combination =
         group.second ? fmt::format(", combination {}", *group.second) : "";
-    out +=
-        fmt::format("    element {}{}: {}\n", join_as_ranges(elements), combination, group.first);
+    out += fmt::format("    element {}{}: {}\n", model::join_as_ranges(elements), combination,
+                       group.first);
   }
   return out;
 }
 
-const store::GoverningRow& ElementResult::worst() const {
-  const auto judged = [](const store::GoverningRow& row) {
-    return services::was_judged(row.governing.dDemand, row.governing.dCapacity);
-  };
-  const store::GoverningRow* worst = &items.front();
-  for (const store::GoverningRow& row : items) {
-    if (!judged(row)) continue;
-    if (!judged(*worst) || row.governing.ComPair(worst->governing) != 0) worst = &row;
-  }
-  return *worst;
-}
-
-const store::GoverningRow* ElementResult::find(int item) const {
-  const auto found = std::ranges::find(items, item, &store::GoverningRow::item);
-  return found == items.end() ? nullptr : &*found;
-}
-
-std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& rows) {
-  std::vector<ElementResult> elements;
-  for (const store::GoverningRow& row : rows) {
-    if (elements.empty() || elements.back().element != row.element) {
-      elements.push_back({row.element, row.member_type, {}});
-    }
-    elements.back().items.push_back(row);
-  }
-  return elements;
-}
-
-OutputTable overview_table(const std::vector<ElementResult>& elements, const store::RunInfo& info) {
+OutputTable overview_table(const std::vector<run::ElementResult>& elements,
+                           const store::RunInfo& info) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"}, {.key = "type", .heading = "type"}};
   add_ratio_columns(table);
@@ -211,7 +184,7 @@ OutputTable overview_table(const std::vector<ElementResult>& elements, const sto
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
-  for (const ElementResult& element : elements) {
+  for (const run::ElementResult& element : elements) {
     std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
     for (const int item : shown_items) {
       const store::GoverningRow* check = element.find(item);
@@ -231,8 +204,8 @@ OutputTable overview_table(const std::vector<ElementResult>& elements, const sto
   return table;
 }
 
-OutputTable governing_table(const std::vector<ElementResult>& elements, const store::RunInfo& info,
-                            const ResultView& view) {
+OutputTable governing_table(const std::vector<run::ElementResult>& elements,
+                            const store::RunInfo& info, const ResultView& view) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"},
                    {.key = "member_type", .heading = "type"}};
@@ -241,7 +214,7 @@ OutputTable governing_table(const std::vector<ElementResult>& elements, const st
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "combination_name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
-  for (const ElementResult& element : elements) {
+  for (const run::ElementResult& element : elements) {
     for (const store::GoverningRow& check : element.items) {
       std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
       add_check(row, check.item, check.governing.dDemand, check.governing.dCapacity, view);
@@ -306,4 +279,4 @@ OutputTable all_checks_table(std::uint32_t element, const std::vector<store::Sto
   return table;
 }
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

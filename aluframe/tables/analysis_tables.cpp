@@ -1,4 +1,4 @@
-#include "apps/cli/analysis_tables.h"
+#include "aluframe/tables/analysis_tables.h"
 
 #include <fmt/format.h>
 
@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "aluframe/io/scales.h"
-#include "apps/cli/result_tables.h"
+#include "aluframe/tables/result_tables.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 namespace {
 
@@ -39,7 +39,7 @@ std::string moment_unit(const model::Units& units) {
 }
 
 Column subject_column(const AnalysisView& view) {
-  const std::string key = view.of_combinations ? "combination" : "case";
+  const std::string key = view.analysis->of_combinations ? "combination" : "case";
   return {.key = key, .heading = key};
 }
 
@@ -74,8 +74,8 @@ LargestMove largest_move(const analysis::CaseResult& result) {
 }
 
 std::string subject_name(const AnalysisView& view, model::Number number) {
-  return view.of_combinations ? view.model->combinations.find(number)->name
-                              : view.model->load_cases.find(number)->name;
+  return view.analysis->of_combinations ? view.model->combinations.find(number)->name
+                                        : view.model->load_cases.find(number)->name;
 }
 
 OutputTable summary_table(const AnalysisView& view) {
@@ -92,21 +92,22 @@ OutputTable summary_table(const AnalysisView& view) {
     table.columns.back().heading = "sum of " + table.columns.back().heading;
   }
   table.columns.push_back({.key = "residual", .heading = "residual", .is_scientific = true});
-  if (view.second_order) table.columns.push_back({.key = "iterations", .heading = "iterations"});
-  for (std::size_t s = 0; s < view.subjects.size(); ++s) {
-    const analysis::CaseResult& result = view.answers[s].result;
+  if (view.analysis->second_order)
+    table.columns.push_back({.key = "iterations", .heading = "iterations"});
+  for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
+    const analysis::CaseResult& result = view.analysis->answers[s].result;
     const LargestMove move = largest_move(result);
-    std::vector<Cell> row{whole(view.subjects[s]), subject_name(view, view.subjects[s]),
-                          whole(view.model->nodes[move.node].number),
-                          move.distance / scales.length};
+    std::vector<Cell> row{
+        whole(view.analysis->subjects[s]), subject_name(view, view.analysis->subjects[s]),
+        whole(view.model->nodes[move.node].number), move.distance / scales.length};
     analysis::Vector3 sum{};
     for (const analysis::Reaction& reaction : result.reactions) {
       for (std::size_t i = 0; i < 3; ++i) sum[i] += reaction.value[i];
     }
     for (const double value : sum) row.emplace_back(value / scales.force);
     row.emplace_back(std::max(result.equilibrium.nodes, result.equilibrium.whole));
-    if (view.second_order)
-      row.push_back(whole(static_cast<std::size_t>(view.answers[s].iterations)));
+    if (view.analysis->second_order)
+      row.push_back(whole(static_cast<std::size_t>(view.analysis->answers[s].iterations)));
     table.rows.push_back(std::move(row));
   }
   return table;
@@ -127,13 +128,13 @@ OutputTable displacements_table(const AnalysisView& view) {
   OutputTable table;
   table.columns = {subject_column(view), {.key = "node", .heading = "node"}};
   for (std::size_t i = 0; i < 6; ++i) table.columns.push_back(displacement_column(i, view.units));
-  for (std::size_t s = 0; s < view.subjects.size(); ++s) {
-    const auto& displacements = view.answers[s].result.displacements;
+  for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
+    const auto& displacements = view.analysis->answers[s].result.displacements;
     for (std::size_t node = 0; node < displacements.size(); ++node) {
       const model::Number number = view.model->nodes[node].number;
       if (!view.shows_node(number)) continue;
       table.rows.push_back(
-          with_components({whole(view.subjects[s]), whole(number)}, displacements[node],
+          with_components({whole(view.analysis->subjects[s]), whole(number)}, displacements[node],
                           [&](std::size_t i) { return scales.of_displacement(i); }));
     }
   }
@@ -147,11 +148,12 @@ OutputTable reactions_table(const AnalysisView& view) {
   for (std::size_t i = 0; i < 6; ++i) {
     table.columns.push_back(force_column(reaction_names[i], i, view.units));
   }
-  for (std::size_t s = 0; s < view.subjects.size(); ++s) {
-    for (const analysis::Reaction& reaction : view.answers[s].result.reactions) {
+  for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
+    for (const analysis::Reaction& reaction : view.analysis->answers[s].result.reactions) {
       const model::Number number = view.model->nodes[reaction.node].number;
       if (!view.shows_node(number)) continue;
-      table.rows.push_back(with_components({whole(view.subjects[s]), whole(number)}, reaction.value,
+      table.rows.push_back(with_components({whole(view.analysis->subjects[s]), whole(number)},
+                                           reaction.value,
                                            [&](std::size_t i) { return scales.of_component(i); }));
     }
   }
@@ -167,15 +169,15 @@ OutputTable forces_table(const AnalysisView& view) {
   for (std::size_t i = 0; i < 6; ++i) {
     table.columns.push_back(force_column(force_names[i], i, view.units));
   }
-  for (std::size_t s = 0; s < view.subjects.size(); ++s) {
-    const auto& forces = view.answers[s].result.forces;
+  for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
+    const auto& forces = view.analysis->answers[s].result.forces;
     for (std::size_t element = 0; element < forces.size(); ++element) {
       const model::Number number = view.model->elements[element].number;
       if (!view.shows_element(number)) continue;
       for (std::size_t position = 0; position < forces[element].size(); ++position) {
         table.rows.push_back(with_components(
-            {whole(number), whole(view.subjects[s]), whole(position)}, forces[element][position],
-            [&](std::size_t i) { return scales.of_component(i); }));
+            {whole(number), whole(view.analysis->subjects[s]), whole(position)},
+            forces[element][position], [&](std::size_t i) { return scales.of_component(i); }));
       }
     }
   }
@@ -212,4 +214,4 @@ OutputTable analysis_table(AnalysisTable table, const AnalysisView& view) {
   return forces_table(view);
 }
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -9,12 +9,12 @@
 
 #include "aluframe/model/table.h"
 
-namespace aluframe::cli {
+namespace aluframe::model {
 
 /// Numbers from `first` to `last`, both included.
 struct NumberRange {
-  model::Number first = 0;
-  model::Number last = 0;
+  Number first = 0;
+  Number last = 0;
 
   friend bool operator==(const NumberRange&, const NumberRange&) = default;
 };
@@ -26,7 +26,7 @@ class NumberRanges {
   explicit NumberRanges(std::vector<NumberRange> ranges) : ranges_(std::move(ranges)) {}
 
   bool empty() const { return ranges_.empty(); }
-  bool contains(model::Number number) const;
+  bool contains(Number number) const;
   const std::vector<NumberRange>& ranges() const { return ranges_; }
 
  private:
@@ -37,12 +37,12 @@ class NumberRanges {
 std::variant<NumberRanges, std::string> parse_number_ranges(std::string_view text);
 
 /// "1, 3, 10-20" of sorted numbers.
-std::string join_as_ranges(const std::vector<model::Number>& sorted);
+std::string join_as_ranges(const std::vector<Number>& sorted);
 
 /// The members of `existing` that the ranges name, in their own order; or, when a range names none
 /// at all, a message that says which.
-std::variant<std::vector<model::Number>, std::string> select(
-    const NumberRanges& ranges, const std::vector<model::Number>& existing,
-    const std::string& what);
+std::variant<std::vector<Number>, std::string> select(const NumberRanges& ranges,
+                                                      const std::vector<Number>& existing,
+                                                      const std::string& what);
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::model

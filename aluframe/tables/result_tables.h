@@ -4,11 +4,12 @@
 #include <string_view>
 #include <vector>
 
+#include "aluframe/run/element_result.h"
 #include "aluframe/services/check_run.h"
 #include "aluframe/store/result_file.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 /// "strength", "shear y", ... of a RALU_ITEM_TYPE.
 std::string_view item_name(int item);
@@ -23,21 +24,6 @@ std::string short_number(double value);
 /// What could not be checked, grouped by reason, as lines for the user.
 std::string not_checked_text(const std::vector<store::NotChecked>& items);
 
-/// The governing checks of one element.
-struct ElementResult {
-  std::uint32_t element = 0;
-  int member_type = 0;
-  std::vector<store::GoverningRow> items;
-
-  /// The worst of them; a slenderness without a limit only when there is nothing else.
-  const store::GoverningRow& worst() const;
-  /// The check of an item type, or null.
-  const store::GoverningRow* find(int item) const;
-};
-
-/// Governing rows put together per element, in the order of the rows.
-std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& rows);
-
 /// How results are shown.
 struct ResultView {
   double stress_scale = 1.0;  ///< what a stress in N/mm² is multiplied by
@@ -45,10 +31,11 @@ struct ResultView {
 };
 
 /// One line an element: the ratio of every check item, and which one governs, where.
-OutputTable overview_table(const std::vector<ElementResult>& elements, const store::RunInfo& info);
+OutputTable overview_table(const std::vector<run::ElementResult>& elements,
+                           const store::RunInfo& info);
 /// One line an element and check item, with demand and capacity.
-OutputTable governing_table(const std::vector<ElementResult>& elements, const store::RunInfo& info,
-                            const ResultView& view);
+OutputTable governing_table(const std::vector<run::ElementResult>& elements,
+                            const store::RunInfo& info, const ResultView& view);
 /// All ratios of one element: one line a combination, side and position.
 OutputTable position_ratios_table(const std::vector<store::StoredRecord>& records,
                                   const store::RunInfo& info);
@@ -56,4 +43,4 @@ OutputTable position_ratios_table(const std::vector<store::StoredRecord>& record
 OutputTable all_checks_table(std::uint32_t element, const std::vector<store::StoredRecord>& records,
                              const store::RunInfo& info, const ResultView& view);
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

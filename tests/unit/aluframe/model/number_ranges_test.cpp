@@ -1,8 +1,8 @@
-#include "apps/cli/number_ranges.h"
+#include "aluframe/model/number_ranges.h"
 
 #include <gtest/gtest.h>
 
-namespace aluframe::cli {
+namespace aluframe::model {
 namespace {
 
 using Numbers = std::vector<model::Number>;
@@ -82,4 +82,4 @@ TEST(NumberRanges, ARangeThatNamesNothingIsRefused) {
 }
 
 }  // namespace
-}  // namespace aluframe::cli
+}  // namespace aluframe::model

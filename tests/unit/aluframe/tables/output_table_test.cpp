@@ -1,10 +1,10 @@
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -164,4 +164,4 @@ TEST(OutputTable, RendersTheFormatThatIsAskedFor) {
 }
 
 }  // namespace
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

@@ -1,0 +1,133 @@
+#include "aluframe/run/results.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <variant>
+
+namespace aluframe::run {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sort keys that name a check item.
+constexpr std::pair<std::string_view, int> item_sort_keys[] = {
+    {"strength", RALU_STRENGTH},
+    {"shear-y", RALU_SHEAR_Y},
+    {"shear-z", RALU_SHEAR_Z},
+    {"stability", RALU_STABILITY},
+    {"combined-stability", RALU_COMBINED_STABILITY},
+    {"slenderness-y", RALU_SLENDERNESS_Y},
+    {"slenderness-z", RALU_SLENDERNESS_Z},
+};
+
+/// True when the first element goes before the second by the check item.
+bool goes_before(const ElementResult& a, const ElementResult& b, int item) {
+  const store::GoverningRow* first = a.find(item);
+  const store::GoverningRow* second = b.find(item);
+  if (first == nullptr || second == nullptr) return first != nullptr && second == nullptr;
+  return first->governing.ComPair(second->governing) != 0;
+}
+
+void sort_elements(std::vector<ElementResult>& elements, const std::string& key) {
+  if (key == "element") {
+    std::ranges::stable_sort(elements, {}, &ElementResult::element);
+  } else if (key == "ratio") {
+    std::ranges::stable_sort(elements, [](const ElementResult& a, const ElementResult& b) {
+      return a.worst().governing.ComPair(b.worst().governing) != 0;
+    });
+  } else {
+    const auto* const item =
+        std::ranges::find(item_sort_keys, key, &std::pair<std::string_view, int>::first);
+    std::ranges::stable_sort(elements, [&](const ElementResult& a, const ElementResult& b) {
+      return goes_before(a, b, item->second);
+    });
+  }
+}
+
+}  // namespace
+
+fs::path result_path_of(fs::path model) {
+  return model.replace_extension(".aluresult");
+}
+
+fs::path result_file_of(const fs::path& input) {
+  return input.extension() == ".aluresult" ? input : result_path_of(input);
+}
+
+std::string sort_names() {
+  std::string names = "element, ratio";
+  for (const auto& [name, item] : item_sort_keys) names += ", " + std::string(name);
+  return names;
+}
+
+bool is_sort_name(const std::string& name) {
+  return name == "element" || name == "ratio" ||
+         std::ranges::any_of(item_sort_keys, [&](const auto& key) { return key.first == name; });
+}
+
+Result<std::vector<ElementResult>> elements_of(store::ResultReader& reader,
+                                               const ResultsQuery& query) {
+  std::vector<ElementResult> elements = by_element(reader.governing());
+  if (!query.elements.empty()) {
+    auto selected = model::select(query.elements, reader.elements(), "result of an element");
+    if (const auto* text = std::get_if<std::string>(&selected)) {
+      return Problem{"--elements: " + *text};
+    }
+    std::erase_if(elements, [&](const ElementResult& element) {
+      return !query.elements.contains(element.element);
+    });
+  }
+  if (query.over) {
+    std::erase_if(elements, [&](const ElementResult& element) {
+      const double ratio = element.worst().governing.Ratio();
+      return std::isfinite(ratio) && ratio <= *query.over;
+    });
+  }
+  sort_elements(elements, query.sort);
+  if (query.top && elements.size() > *query.top) elements.resize(*query.top);
+  return elements;
+}
+
+Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
+                                                    model::Number element,
+                                                    const model::NumberRanges& combinations) {
+  std::vector<store::StoredRecord> records = reader.read_all(element);
+  if (records.empty()) {
+    return Problem{fmt::format("--element: there is no result of element {}", element)};
+  }
+  if (combinations.empty()) return records;
+  std::vector<model::Number> numbers;
+  for (const store::CombinationRow& row : reader.info().combinations) numbers.push_back(row.number);
+  const auto selected = model::select(combinations, numbers, "result of a combination");
+  if (const auto* text = std::get_if<std::string>(&selected)) {
+    return Problem{"--combinations: " + *text};
+  }
+  std::erase_if(records, [&](const store::StoredRecord& record) {
+    return record.combination != 0 && !combinations.contains(record.combination);
+  });
+  return records;
+}
+
+std::vector<std::string> cautions(const fs::path& input, const fs::path& file,
+                                  store::RunState state) {
+  std::vector<std::string> out;
+  if (state == store::RunState::running) {
+    out.push_back(file.string() + ": these results are of a run that did not finish");
+  } else if (state != store::RunState::complete) {
+    out.push_back(file.string() + ": these results are of a run that was stopped before its end");
+  }
+  std::error_code error;
+  if (input != file && fs::last_write_time(input, error) > fs::last_write_time(file, error) &&
+      !error) {
+    out.push_back(input.string() + " is newer than its results; check it again");
+  }
+  return out;
+}
+
+}  // namespace aluframe::run
