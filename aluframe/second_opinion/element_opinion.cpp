@@ -13,6 +13,8 @@ constexpr double noise_share = 1e-6;
 constexpr double tolerance = 1e-10;
 /// A ratio that is larger by less is the same one, computed another way.
 constexpr double same = 1e-9;
+/// Torsion that raises the stress by less leaves the ratio to bending and shear.
+constexpr double worth_a_ratio = 1.01;
 /// A moment that the engine takes for positive and that stresses nothing.
 constexpr double tiny_moment = 1e-6;
 
@@ -144,7 +146,7 @@ void ElementOpinion::ask_shear(const Position& at, const T_RALU_SECT& code, Take
 
 /// C1, C2, C3, C4, S6: lateral-torsional buckling as if no axial force acted, with |My| and Mz.
 template <class Take>
-void ElementOpinion::ask_lateral(const Position& at, Take& take) {
+void ElementOpinion::ask_lateral(const Position& at, Take& take) const {
   const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
   const double my = std::fabs(at.my);
   if (my <= my_noise_ || !std::isfinite(unit.safe)) return;
@@ -329,6 +331,13 @@ SafeRatio ElementOpinion::of_member(const AluDgnSectForce& largest, bool has_spa
   return out;
 }
 
+double ElementOpinion::lateral_ratio(const AluDgnSectForce& force) const {
+  double ratio = 0.0;
+  auto take = [&](const Answer& answer) { ratio = answer.ratio; };
+  ask_lateral(position_of(force), take);
+  return ratio;
+}
+
 std::optional<double> ElementOpinion::torsion_ratio(const AluDgnSectForce& force,
                                                     const T_RALU_SECT& code) const {
   const double mx = std::fabs(force.dForce[ALU_FORCE_MX]);
@@ -337,8 +346,10 @@ std::optional<double> ElementOpinion::torsion_ratio(const AluDgnSectForce& force
   const double shear = std::max(std::fabs(force.dForce[ALU_FORCE_FY]) * units_.shear_y,
                                 std::fabs(force.dForce[ALU_FORCE_FZ]) * units_.shear_z);
   const double sigma = code.aItem[RALU_STRENGTH].dDemand;
-  const double tau = k * (mx * units_.torsion + shear);
-  return std::sqrt(sigma * sigma + 3.0 * tau * tau) / units_.f;
+  const auto equivalent = [&](double tau) { return std::sqrt(sigma * sigma + 3.0 * tau * tau); };
+  const double with = equivalent(k * (mx * units_.torsion + shear));
+  if (!(with > worth_a_ratio * equivalent(k * shear))) return std::nullopt;
+  return with / units_.f;
 }
 
 }  // namespace aluframe::second_opinion

@@ -48,28 +48,33 @@ class ElementOpinion {
   std::vector<Answer> answers(const AluDgnSectForce& force, const T_RALU_SECT& code);
 
   /// √(σ² + 3·τ²)/f at a position where torsion acts: σ of the strength check, τ of torsion and the
-  /// larger shear together. Nothing without torsion or where the section cannot be formed.
+  /// larger shear together. Nothing where torsion adds less than 1 % to the stress, and where the
+  /// section cannot be formed.
   std::optional<double> torsion_ratio(const AluDgnSectForce& force, const T_RALU_SECT& code) const;
 
   const UnitStresses& units() const { return units_; }
+  bool is_unsymmetric() const { return subject_.is_unsymmetric; }
   /// Axial force and moments below which they are noise of an analysis: 1e-6 of what the section
   /// carries alone, N and N·mm.
   double axial_noise() const { return axial_noise_; }
   bool is_bent(const AluDgnSectForce& force) const;
+  /// k of strength and shear checks: γ0, or γRE in a seismic combination.
+  double strength_factor(const AluDgnSectForce& force) const;
+  /// Lateral-torsional buckling as if no axial force acted; 0 where it cannot be.
+  double lateral_ratio(const AluDgnSectForce& force) const;
 
  private:
   struct Position;
 
   template <class Take>
   void each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, Take& take);
-  double strength_factor(const AluDgnSectForce& force) const;
   double stability_factor(const AluDgnSectForce& force) const;
   Position position_of(const AluDgnSectForce& force) const;
 
   template <class Take>
   void ask_shear(const Position& at, const T_RALU_SECT& code, Take& take);
   template <class Take>
-  void ask_lateral(const Position& at, Take& take);
+  void ask_lateral(const Position& at, Take& take) const;
   template <class Take>
   void ask_strength(const Position& at, Take& take);
   template <class Take>

@@ -8,7 +8,7 @@ namespace aluframe::second_opinion {
 namespace {
 
 /// Places in model::SectionForces.
-enum Component : std::size_t { axial = 0, about_y = 4, about_z = 5 };
+enum Component : std::size_t { about_y = 4, about_z = 5 };
 
 constexpr std::size_t position_count = 5;
 /// Rounding of forces to single precision stays far below it.
@@ -46,12 +46,6 @@ bool has_span_moments(const LargestForces& largest, const model::SectionForces& 
 
 }  // namespace
 
-void LargestForces::add(const model::SectionForces& at) {
-  n = std::min(n, moment(at, axial));
-  my_max = std::max(my_max, moment(at, about_y));
-  my_min = std::min(my_min, moment(at, about_y));
-  mz = std::max(mz, std::fabs(moment(at, about_z)));
-}
 
 LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t element,
                                      model::Number combination, model::Side side) const {
@@ -72,6 +66,12 @@ LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t elem
   }
   largest.has_span_moments = curved || has_span_moments(largest, start, end);
   return largest;
+}
+
+void MemberExtremes::finished_element(const MemberChain& member) {
+  const auto known = known_.find(member.elements.front());
+  if (known == known_.end()) return;
+  if (++known->second.elements_done >= member.elements.size()) known_.erase(known);
 }
 
 LargestForces MemberExtremes::of(const MemberChain& member, std::size_t element,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <map>
 #include <tuple>
@@ -25,8 +27,18 @@ struct LargestForces {
   /// Moments grow between the ends of the member, by loads or by what frames in there.
   bool has_span_moments = false;
 
-  void add(const model::SectionForces& at);
+  template <class SixForces>
+  void add(const SixForces& at);
 };
+
+template <class SixForces>
+void LargestForces::add(const SixForces& at) {
+  // N, Fy, Fz, Mx, My, Mz.
+  n = std::min(n, static_cast<double>(at[0]));
+  my_max = std::max(my_max, static_cast<double>(at[4]));
+  my_min = std::min(my_min, static_cast<double>(at[4]));
+  mz = std::max(mz, std::fabs(static_cast<double>(at[5])));
+}
 
 /// Finds the largest forces of members. Only elements with the section and material of the asked
 /// one count: what another section carries says nothing about it.
@@ -40,14 +52,16 @@ class MemberExtremes {
   /// @param own its forces for the combination
   LargestForces of(const MemberChain& member, std::size_t element, model::Number combination,
                    model::Side side, const model::CaseForces& own);
+  /// An element of the member asks no more; after its last one nothing of it is kept.
+  void finished_element(const MemberChain& member);
 
  private:
   /// Combination, side, section and material.
   using Key = std::tuple<model::Number, int, model::Number, model::Number>;
-  /// What is known of a member until all its elements have asked for the last time.
+  /// What is known of a member until all its elements are done.
   struct Known {
     std::map<Key, LargestForces> forces;
-    std::map<std::pair<model::Number, int>, std::size_t> asked;
+    std::size_t elements_done = 0;
   };
 
   LargestForces gather(const MemberChain& member, std::size_t element, model::Number combination,

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "aluframe/forces/inner_forces.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/model/model.h"
 #include "aluframe/second_opinion/element_opinion.h"
@@ -82,20 +83,27 @@ class RunOpinion : public services::RunObserver {
   void start(std::uint32_t element);
   void finish(const T_RALU_D& governing);
   void ask_positions(const Place& place, const model::CaseForces& forces, const T_RALU_D& record);
+  void ask_between(const Place& place, const model::CaseForces& forces);
   void ask_member(const Place& place, const model::CaseForces& forces);
   void note_unchecked(const Place& place, const AluDgnSectForce& force, const T_RALU_SECT& code);
   void note(Unchecked::Kind kind, double magnitude, const Place& place,
             std::optional<double> ratio);
   void keep(const SafeRatio& ratio, const Place& place);
-  AluDgnSectForce section_force(const Place& place, const model::SectionForces& at) const;
+  AluDgnSectForce section_force(const Place& place) const;
+  bool is_held_at(const MemberChain& chain, model::Number node) const;
+  ElementFacts facts_of(const MemberChain& chain, const model::Element& element) const;
   AluDgnEndForce end_moments(const Place& place, const model::CaseForces& own) const;
 
   const model::Model& model_;
   model::CombinationEvaluator evaluator_;
   std::vector<bool> is_seismic_;  ///< by place of the combination
   MemberExtremes extremes_;
+  forces::InnerForces inner_;
+  std::vector<forces::PlaceForces> places_;  ///< kept, so that a record allocates nothing
   Engine engine_;
+  std::vector<std::vector<std::size_t>> node_elements_;  ///< beams at each node
   std::unique_ptr<Current> current_;
+  AluDgnEndForce end_;  ///< of the member, for the record at hand
   RunSafe result_;
 };
 

@@ -82,6 +82,7 @@ void ask_strength(Engine& engine, const ALU_DGN_DATA& plain, UnitStresses& out) 
   };
   out.bending_y = {strength({.my = unit_moment}), strength({.my = -unit_moment})};
   out.bending_z = strength({.mz = -unit_moment});
+  out.axial = stress_of(engine, plain, {.n = unit_force}, RALU_STRENGTH) / unit_force;
 }
 
 void ask_shear(Engine& engine, const ALU_DGN_DATA& plain, UnitStresses& out) {

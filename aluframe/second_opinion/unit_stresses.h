@@ -39,6 +39,7 @@ struct LateralUnit {
 struct UnitStresses {
   bool formed = false;  ///< the checks can form the section's parameters in bending
   double f = 0.0, fv = 0.0;
+  double axial = 0.0;  ///< strength, of N, per N
   std::array<double, 2> bending_y{};  ///< strength, of My > 0 and My < 0, per N·mm
   double bending_z = 0.0;             ///< strength, of Mz, per N·mm
   double shear_y = 0.0, shear_z = 0.0;  ///< per N

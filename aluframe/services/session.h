@@ -50,6 +50,8 @@ struct SessionOptions {
   std::string model_digest;
   /// Follows the run; null: nobody does.
   RunObserver* observer = nullptr;
+  /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
+  std::function<void(store::ResultWriter&)> before_finish;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };
@@ -84,6 +86,7 @@ class Session : public host::HostServices {
 
   RunMonitor& monitor() { return monitor_; }
   DesignManager& manager() { return manager_; }
+  const SessionOptions& options() const { return options_; }
   /// What the dialogs changed.
   const ModelEditor& editor() const { return document_.editor(); }
   /// True once the listener has asked to stop.
