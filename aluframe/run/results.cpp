@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <limits>
 #include <set>
 #include <string_view>
 #include <system_error>
@@ -35,12 +37,27 @@ bool goes_before(const ElementResult& a, const ElementResult& b, int item) {
   return first->governing.ComPair(second->governing) != 0;
 }
 
-void sort_elements(std::vector<ElementResult>& elements, const std::string& key) {
+using SafeByElement = std::map<std::uint32_t, store::SafeRow>;
+
+/// The safe ratio, what is not finite before anything, nothing last.
+double safe_rank(const SafeByElement& safe, std::uint32_t element) {
+  const auto found = safe.find(element);
+  if (found == safe.end()) return -std::numeric_limits<double>::infinity();
+  const double ratio = found->second.safe;
+  return std::isfinite(ratio) ? ratio : std::numeric_limits<double>::infinity();
+}
+
+void sort_elements(std::vector<ElementResult>& elements, const std::string& key,
+                   const SafeByElement& safe) {
   if (key == "element") {
     std::ranges::stable_sort(elements, {}, &ElementResult::element);
   } else if (key == "ratio") {
     std::ranges::stable_sort(elements, [](const ElementResult& a, const ElementResult& b) {
       return a.worst().governing.ComPair(b.worst().governing) != 0;
+    });
+  } else if (key == "safe") {
+    std::ranges::stable_sort(elements, std::greater<>(), [&](const ElementResult& element) {
+      return safe_rank(safe, element.element);
     });
   } else {
     const auto* const item =
@@ -79,14 +96,20 @@ fs::path result_file_of(const fs::path& input) {
   return input.extension() == ".aluresult" ? input : result_path_of(input);
 }
 
+SafeByElement safe_by_element(store::ResultReader& reader) {
+  SafeByElement safe;
+  for (store::SafeRow& row : reader.safe()) safe.emplace(row.element, std::move(row));
+  return safe;
+}
+
 std::string sort_names() {
-  std::string names = "element, ratio";
+  std::string names = "element, ratio, safe";
   for (const auto& [name, item] : item_sort_keys) names += ", " + std::string(name);
   return names;
 }
 
 bool is_sort_name(const std::string& name) {
-  return name == "element" || name == "ratio" ||
+  return name == "element" || name == "ratio" || name == "safe" ||
          std::ranges::any_of(item_sort_keys, [&](const auto& key) { return key.first == name; });
 }
 
@@ -102,13 +125,15 @@ Result<std::vector<ElementResult>> elements_of(store::ResultReader& reader,
       return !query.elements.contains(element.element);
     });
   }
+  const SafeByElement safe = safe_by_element(reader);
   if (query.over) {
     std::erase_if(elements, [&](const ElementResult& element) {
       const double ratio = element.worst().governing.Ratio();
-      return std::isfinite(ratio) && ratio <= *query.over;
+      return std::isfinite(ratio) && ratio <= *query.over &&
+             safe_rank(safe, element.element) <= *query.over;
     });
   }
-  sort_elements(elements, query.sort);
+  sort_elements(elements, query.sort, safe);
   if (query.top && elements.size() > *query.top) elements.resize(*query.top);
   return elements;
 }

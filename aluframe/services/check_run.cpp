@@ -40,6 +40,7 @@ void finish_file(Session& session, RunOutcome outcome) {
     for (const store::NotChecked& item : session.monitor().not_checked()) {
       writer->add_not_checked(item);
     }
+    if (session.options().before_finish) session.options().before_finish(*writer);
   } catch (const std::exception&) {
     writer->finish(store::RunState::failed);
     throw;

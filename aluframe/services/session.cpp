@@ -93,7 +93,7 @@ Session::Session(const model::Model& model, SessionOptions options)
       attributes_(model_, scale_),
       tool_(model_, evaluator_, monitor_, options_.selected, options_.combinations),
       manager_(model_, evaluator_, scale_, monitor_, options_.result_path,
-               run_info(model_, evaluator_, options_), options_.create_writer),
+               run_info(model_, evaluator_, options_), options_.create_writer, options_.observer),
       document_(model_, attributes_, tool_, manager_, scale_, options_.editable,
                 options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 

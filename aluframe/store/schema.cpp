@@ -54,6 +54,25 @@ CREATE TABLE not_checked (
   element INTEGER NOT NULL,
   combination INTEGER,
   reason TEXT NOT NULL);
+CREATE TABLE safe (
+  element INTEGER PRIMARY KEY,
+  code_ratio,
+  safe_ratio,
+  item_name TEXT NOT NULL,
+  item INTEGER NOT NULL,
+  rules TEXT NOT NULL,
+  combination INTEGER NOT NULL,
+  min_side INTEGER NOT NULL,
+  fraction,
+  from_start_mm);
+CREATE TABLE remark (
+  sequence INTEGER PRIMARY KEY,
+  kind TEXT NOT NULL,
+  elements TEXT NOT NULL,
+  text TEXT NOT NULL,
+  ratio,
+  element INTEGER,
+  combination INTEGER);
 CREATE TABLE record (
   element INTEGER PRIMARY KEY,
   data BLOB NOT NULL);

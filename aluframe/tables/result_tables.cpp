@@ -116,6 +116,35 @@ void add_check(std::vector<Cell>& row, int item, double demand, double capacity,
   row.push_back(ratio_cell(demand, capacity));
 }
 
+/// The safe ratio and its rules; nothing for an element without a second opinion.
+void add_safe(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  const auto found = safe.find(element);
+  row.push_back(found == safe.end() ? Cell() : Cell(found->second.safe));
+  row.push_back(found == safe.end() || found->second.rules.empty() ? Cell()
+                                                                   : text(found->second.rules));
+}
+
+void add_safe_columns(OutputTable& table) {
+  for (const char* key : {"safe_ratio", "safe_rules", "safe_item", "safe_combination",
+                          "safe_fraction", "safe_from_start_mm"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+}
+
+void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  add_safe(row, safe, element);
+  const auto found = safe.find(element);
+  if (found == safe.end()) {
+    row.insert(row.end(), 4, Cell());
+    return;
+  }
+  const store::SafeRow& of = found->second;
+  row.push_back(text(item_name(of.item)));
+  row.push_back(whole(of.combination));
+  row.push_back(of.fraction ? Cell(*of.fraction) : Cell());
+  row.push_back(of.fraction ? Cell(of.from_start) : Cell());
+}
+
 }  // namespace
 
 std::string_view item_name(int item) {
@@ -179,8 +208,46 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items) {
   return out;
 }
 
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
+  std::string out = "  remarks\n";
+  for (const store::RemarkRow& remark : remarks) {
+    out += fmt::format("    {}", remark.kind);
+    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
+    out += ": " + remark.text;
+    if (remark.ratio) {
+      out += fmt::format("; second opinion {}", short_number(*remark.ratio));
+      if (remark.element) out += fmt::format(" (element {}", *remark.element);
+      if (remark.element && remark.combination) {
+        out += fmt::format(", combination {}", *remark.combination);
+      }
+      if (remark.element) out += ")";
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
+  const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
+  const std::string name = name_of_combination(info, row.combination);
+  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}{}",
+                     short_number(row.safe), item_name(row.item), rules, short_number(row.code),
+                     place_text(row), row.combination, name.empty() ? "" : " \"" + name + "\"");
+}
+
+std::string place_text(const store::SafeRow& row) {
+  if (!row.fraction) return "whole member";
+  for (int position = 0; position < kCheckPositions; ++position) {
+    if (*row.fraction * (kCheckPositions - 1) == position) {
+      return fmt::format("position {}", position_name(position));
+    }
+  }
+  return fmt::format("{:.0f} mm from the start ({:.3f} of the length)", row.from_start,
+                     *row.fraction);
+}
+
 OutputTable overview_table(const std::vector<run::ElementResult>& elements,
-                           const store::RunInfo& info) {
+                           const store::RunInfo& info, const SafeByElement& safe) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"}, {.key = "type", .heading = "type"}};
   add_ratio_columns(table);
@@ -190,6 +257,10 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) {
+    table.columns.push_back({.key = "safe", .heading = "safe", .decimals = 4, .is_ratio = true});
+    table.columns.push_back({.key = "rules", .heading = "rules"});
+  }
   for (const run::ElementResult& element : elements) {
     std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
     for (const int item : shown_items) {
@@ -205,13 +276,15 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
     row.push_back(whole(number_of_combination(info, worst.governing.nLComb)));
     row.push_back(name_of_combination(info, worst.governing.nLComb));
     row.push_back(side_of(info, worst.governing.nLComb, worst.governing.nMinSide));
+    if (!safe.empty()) add_safe(row, safe, element.element);
     table.rows.push_back(std::move(row));
   }
   return table;
 }
 
 OutputTable governing_table(const std::vector<run::ElementResult>& elements,
-                            const store::RunInfo& info, const ResultView& view) {
+                            const store::RunInfo& info, const ResultView& view,
+                            const SafeByElement& safe) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"},
                    {.key = "member_type", .heading = "type"}};
@@ -220,6 +293,7 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "combination_name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) add_safe_columns(table);
   for (const run::ElementResult& element : elements) {
     for (const store::GoverningRow& check : element.items) {
       std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
@@ -228,6 +302,7 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
       row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
       row.push_back(name_of_combination(info, check.governing.nLComb));
       row.push_back(side_of(info, check.governing.nLComb, check.governing.nMinSide));
+      if (!safe.empty()) add_safe_in_full(row, safe, element.element);
       table.rows.push_back(std::move(row));
     }
   }

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
@@ -26,7 +27,20 @@ void print_assertions(const services::CheckSummary& summary) {
   }
 }
 
-int exit_status(const services::CheckSummary& summary, bool strict) {
+/// Whether something of the run fails that `strict` looks at.
+bool fails(const run::CheckResult& result, Strictness strict) {
+  if (strict == Strictness::none) return false;
+  if (result.summary.elements_over_limit > 0) return true;
+  if (strict == Strictness::checks) return false;
+  const auto is_over = [](const store::RemarkRow& remark) {
+    return remark.ratio && services::exceeds_limit(*remark.ratio);
+  };
+  return (result.safe && result.safe->over > 0) || std::ranges::any_of(result.remarks, is_over) ||
+         !result.summary.not_checked.empty();
+}
+
+int exit_status(const run::CheckResult& result, Strictness strict) {
+  const services::CheckSummary& summary = result.summary;
   switch (summary.outcome) {
     case services::RunOutcome::cancelled:
       return exit_cancelled;
@@ -38,7 +52,7 @@ int exit_status(const services::CheckSummary& summary, bool strict) {
       break;
   }
   if (summary.checked_elements == 0) return exit_failure;
-  return strict && summary.elements_over_limit > 0 ? exit_over_limit : exit_done;
+  return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
 void print_outcome(const services::CheckSummary& summary) {
@@ -52,14 +66,16 @@ void print_outcome(const services::CheckSummary& summary) {
   print_assertions(summary);
 }
 
-void print_summary(const run::Input& input, const services::CheckSummary& summary,
+void print_summary(const run::Input& input, const run::CheckResult& result,
                    const std::filesystem::path& results, tables::Format format) {
   if (format == tables::Format::table) {
-    fmt::print("{}", tables::summary_text(input.model, summary, tables::forces_text(input.forces)));
+    fmt::print("{}", tables::summary_text(input.model, result, tables::forces_text(input.forces)));
     fmt::print("  {:<14}{}\n", "results", results.string());
   } else {
-    fmt::print("{}", tables::render(tables::summary_table(input.model, summary), format, false));
-    if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
+    fmt::print("{}", tables::render(tables::summary_table(input.model, result), format, false));
+    const auto& not_checked = result.summary.not_checked;
+    if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
+    if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
   }
 }
 
@@ -82,12 +98,15 @@ int run_check_command(const CheckOptions& options) {
       .results = results,
       .language = options.language,
       .progress = &progress,
-      .message = print_message};
+      .message = print_message,
+      .second_opinion = options.second_opinion};
   note_interrupts();
-  const services::CheckSummary summary = run::check(input, check);
-  if (summary.records > 0) print_summary(input, summary, check.results, options.common.format);
-  print_outcome(summary);
-  return exit_status(summary, options.strict);
+  const run::CheckResult result = run::check(input, check);
+  if (result.summary.records > 0) {
+    print_summary(input, result, check.results, options.common.format);
+  }
+  print_outcome(result.summary);
+  return exit_status(result, options.strict);
 }
 
 }  // namespace aluframe::cli

@@ -44,11 +44,15 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
                       const tables::ResultView& view) {
   const auto elements = value_of(run::elements_of(reader, options.query));
   if (options.format != tables::Format::table) {
-    return tables::render(tables::governing_table(elements, reader.info(), view), options.format,
-                          false);
+    return tables::render(
+        tables::governing_table(elements, reader.info(), view, run::safe_by_element(reader)),
+        options.format, false);
   }
-  std::string out = tables::to_text(tables::overview_table(elements, reader.info()),
-                                    !options.output && stdout_wants_colour());
+  std::string out = tables::to_text(
+      tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
+      !options.output && stdout_wants_colour());
+  const std::vector<store::RemarkRow> remarks = reader.remarks();
+  if (!remarks.empty()) out += "\n" + tables::remarks_text(remarks);
   const std::vector<store::NotChecked> not_checked = reader.not_checked();
   if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked);
   return out;
@@ -77,6 +81,10 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   std::string out;
   // The governing checks are those of all combinations.
   if (options.combinations.empty()) out = governing_text(reader, element, view, colour);
+  const auto safe = run::safe_by_element(reader);
+  if (const auto found = safe.find(element); found != safe.end()) {
+    out += tables::safe_text(found->second, reader.info()) + "\n\n";
+  }
   out += fmt::format("Element {}: ratios of every combination and position\n", element);
   out += tables::to_text(tables::position_ratios_table(records, reader.info()), colour);
   std::vector<store::NotChecked> not_checked = reader.not_checked();
