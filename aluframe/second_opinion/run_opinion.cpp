@@ -184,7 +184,7 @@ void RunOpinion::ask_positions(const Place& place, const model::CaseForces& forc
 
 void RunOpinion::ask_between(const Place& place, const model::CaseForces& forces) {
   places_.clear();
-  if (!inner_.has_loads(current_->place)) return;
+  if (!inner_.has_peaks(current_->place)) return;
   inner_.peaks(current_->place, place.combination, side_of(place.min_side), forces,
                current_->weights, places_);
   AluDgnSectForce force = section_force(place);

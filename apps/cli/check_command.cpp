@@ -7,6 +7,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/check.h"
+#include "aluframe/run/remarks.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/result_tables.h"
@@ -93,6 +94,7 @@ int run_check_command(const CheckOptions& options) {
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   ProgressBar progress(wants_progress(options.progress));
   const run::CheckOptions check{
       .results = results,

@@ -7,6 +7,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/run/remarks.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
 #include "aluframe/services/readable_report.h"
@@ -133,7 +134,9 @@ int prepare_and_write(const ReportOptions& options) {
   }
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
-  return write(options, std::get<run::Input>(prepared), std::get<UnitPair>(units));
+  const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
+  return write(options, input, std::get<UnitPair>(units));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
+#include "aluframe/run/remarks.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
@@ -110,6 +111,7 @@ int run_results_command(const ResultsOptions& options) {
     for (const std::string& text : run::cautions(options.input, file, reader->state())) {
       print_message(text);
     }
+    if (const auto remark = run::extremes_remark(reader->info())) print_message(*remark);
     return write_output(options.element ? element_text(*reader, *options.element, options, view)
                                         : list_text(*reader, options, view),
                         options.output);

@@ -6,8 +6,11 @@
 
 #include "aluframe/model/envelopes.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/run/remarks.h"
 #include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/result_tables.h"
 #include "apps/cli/common_options.h"
+#include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
 
@@ -65,7 +68,11 @@ void print_content(const run::Input& input) {
 int run_validate_command(const run::InputOptions& options) {
   const auto prepared = run::prepare(options);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
-  print_content(std::get<run::Input>(prepared));
+  const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
+  print_content(input);
+  const std::vector<store::RemarkRow> remarks = run::input_remarks(input);
+  if (!remarks.empty()) fmt::print("{}", tables::remarks_text(remarks));
   return exit_done;
 }
 
