@@ -34,6 +34,7 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
     const analysis::CaseResult& result = solution.cases[load_case];
     summary.residual =
         std::max({summary.residual, result.equilibrium.nodes, result.equilibrium.whole});
+    summary.force_error = std::max(summary.force_error, result.equilibrium.force_error);
     for (std::size_t element = 0; element < result.forces.size(); ++element) {
       table.set(element, load_case, {.at = result.forces[element], .inner = true});
     }
@@ -117,6 +118,7 @@ analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
     set_sides(table, place, std::get<Answers>(solved));
   }
   summary.residual = analyses.largest_residual();
+  summary.force_error = analyses.largest_force_error();
   summary.second_order_analyses = analyses.count();
   summary.iterations = analyses.most_iterations();
   model.combined_forces = std::move(table);

@@ -12,8 +12,10 @@ namespace aluframe::forces {
 struct Summary {
   std::size_t load_cases = 0;  ///< with loads; 0: there was nothing to analyse
   int equations = 0;           ///< of the first-order analysis
-  /// Largest unbalanced part of the loads in any analysis.
+  /// Largest unbalanced part of the forces in any analysis.
   double residual = 0.0;
+  /// Largest estimated error of the forces in any analysis, as a share of the largest force.
+  double force_error = 0.0;
   std::size_t second_order_analyses = 0;
   int iterations = 0;  ///< the most that one of them took
   /// Given forces at the two ends of elements that are loaded between them: in a combination with

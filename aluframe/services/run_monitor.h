@@ -81,7 +81,8 @@ class RunMonitor {
   void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_governing(std::uint32_t element, const T_RALU_D& record);
   void note_left_out_forces(std::size_t position, const T_RALU_SECT& result);
-  void add_pending(const store::NotChecked& item);
+  /// What a state lacks is told of its envelope.
+  void add_pending(store::NotChecked item);
   std::string reason_without_result(std::uint32_t element) const;
 
   const model::Model& model_;

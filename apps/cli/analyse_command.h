@@ -3,19 +3,19 @@
 #include <set>
 #include <string_view>
 
-#include "apps/cli/analysis_tables.h"
-#include "apps/cli/run_input.h"
+#include "aluframe/run/analysis.h"
+#include "aluframe/tables/analysis_tables.h"
+#include "apps/cli/common_options.h"
 
 namespace aluframe::cli {
 
 struct AnalyseOptions {
-  InputOptions input;
-  NumberRanges cases;            ///< empty: all with loads
-  NumberRanges combinations;     ///< shown in place of load cases when there are any
-  NumberRanges elements;         ///< whose forces are shown; empty: all
-  NumberRanges nodes;            ///< whose displacements and reactions are shown; empty: all
-  std::set<AnalysisTable> show;  ///< empty: everything
-  Format format = Format::table;
+  run::InputOptions input;
+  run::AnalysisOptions subjects;
+  model::NumberRanges elements;  ///< whose forces are shown; empty: all
+  model::NumberRanges nodes;     ///< whose displacements and reactions are shown; empty: all
+  std::set<tables::AnalysisTable> show;  ///< empty: everything
+  tables::Format format = tables::Format::table;
   std::optional<std::string> units;  ///< "kN,m"; the model's when not given
   std::optional<std::filesystem::path> output;
 };

@@ -3,15 +3,15 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <map>
-#include <utility>
 #include <variant>
 
-#include "aluframe/io/model_file.h"
+#include "aluframe/files/output_guard.h"
+#include "aluframe/run/check.h"
+#include "aluframe/run/remarks.h"
+#include "aluframe/run/results.h"
+#include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
-#include "apps/cli/result_tables.h"
-#include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -28,7 +28,20 @@ void print_assertions(const services::CheckSummary& summary) {
   }
 }
 
-int exit_status(const services::CheckSummary& summary, bool strict) {
+/// Whether something of the run fails that `strict` looks at.
+bool fails(const run::CheckResult& result, Strictness strict) {
+  if (strict == Strictness::none) return false;
+  if (result.summary.elements_over_limit > 0) return true;
+  if (strict == Strictness::checks) return false;
+  const auto is_over = [](const store::RemarkRow& remark) {
+    return remark.ratio && services::exceeds_limit(*remark.ratio);
+  };
+  return (result.safe && result.safe->over > 0) || std::ranges::any_of(result.remarks, is_over) ||
+         !result.summary.not_checked.empty();
+}
+
+int exit_status(const run::CheckResult& result, Strictness strict) {
+  const services::CheckSummary& summary = result.summary;
   switch (summary.outcome) {
     case services::RunOutcome::cancelled:
       return exit_cancelled;
@@ -40,57 +53,7 @@ int exit_status(const services::CheckSummary& summary, bool strict) {
       break;
   }
   if (summary.checked_elements == 0) return exit_failure;
-  return strict && summary.elements_over_limit > 0 ? exit_over_limit : exit_done;
-}
-
-std::string combination_text(const model::Model& model, const T_RALU_ITEM& check) {
-  const model::Combination* combination = model.combinations.find(check.nLComb);
-  const std::string name = combination == nullptr || combination->name.empty()
-                               ? ""
-                               : fmt::format(" \"{}\"", combination->name);
-  return fmt::format("combination {}{}{}", check.nLComb, name,
-                     check.nMinSide != 0 ? " (minimum side)" : "");
-}
-
-std::string combinations_text(const services::CheckSummary& summary) {
-  if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
-  return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
-}
-
-std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
-  if (!summary.worst) return "none";
-  const services::WorstCheck& worst = *summary.worst;
-  return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
-                     item_name(worst.item), worst.element, position_name(worst.check.nPos),
-                     combination_text(model, worst.check));
-}
-
-/// The run as a table of one row, for JSON and CSV.
-OutputTable summary_table(const services::CheckSummary& summary) {
-  const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
-  OutputTable table;
-  std::vector<Cell> row;
-  const auto add = [&](const char* key, Cell value) {
-    table.columns.push_back({.key = key, .heading = key});
-    row.push_back(std::move(value));
-  };
-  add("outcome", std::string(outcome_name(summary.outcome)));
-  add("elements", whole(summary.elements));
-  add("checked_elements", whole(summary.checked_elements));
-  add("combinations", whole(summary.combinations));
-  add("checked_positions", whole(summary.checked_positions));
-  add("records", whole(summary.records));
-  add("seconds", summary.seconds);
-  add("elements_over_1", whole(summary.elements_over_limit));
-  const bool any = summary.worst.has_value();
-  add("worst_ratio", any ? Cell(summary.worst->check.Ratio()) : Cell());
-  add("worst_element", any ? whole(summary.worst->element) : Cell());
-  add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
-  add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
-  add("not_checked", whole(summary.not_checked.size()));
-  table.rows.push_back(std::move(row));
-  return table;
+  return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
 void print_outcome(const services::CheckSummary& summary) {
@@ -104,78 +67,48 @@ void print_outcome(const services::CheckSummary& summary) {
   print_assertions(summary);
 }
 
-std::filesystem::path result_path(const CheckOptions& options) {
-  return options.output.value_or(result_path_of(options.input.model));
-}
-
-services::SessionOptions session_options(const CheckOptions& options, ProgressBar& progress) {
-  services::SessionOptions session;
-  session.result_path = result_path(options);
-  session.language = options.language;
-  session.progress = &progress;
-  session.message = print_message;
-  return session;
-}
-
-void print_summary(const model::Model& model, const services::CheckSummary& summary,
-                   const forces::Summary& computed, const CheckOptions& options) {
-  if (options.common.format == Format::table) {
-    const std::string forces = computed.load_cases > 0 ? forces_text(computed) : "";
-    fmt::print("{}", summary_text(model, summary, forces));
-    fmt::print("  {:<14}{}\n", "results", result_path(options).string());
+void print_summary(const run::Input& input, const run::CheckResult& result,
+                   const std::filesystem::path& results, tables::Format format) {
+  if (format == tables::Format::table) {
+    fmt::print("{}", tables::summary_text(input.model, result, tables::forces_text(input.forces)));
+    fmt::print("  {:<14}{}\n", "results", results.string());
   } else {
-    fmt::print("{}", render(summary_table(summary), options.common.format, false));
-    if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
+    fmt::print("{}", tables::render(tables::summary_table(input.model, result), format, false));
+    const auto& not_checked = result.summary.not_checked;
+    if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
+    if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
   }
 }
 
 }  // namespace
 
-std::string summary_text(const model::Model& model, const services::CheckSummary& summary,
-                         const std::string& forces) {
-  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
-  const auto add = [&out](std::string_view name, const std::string& value) {
-    out += fmt::format("  {:<14}{}\n", name, value);
-  };
-  add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
-  add("combinations", combinations_text(summary));
-  if (!forces.empty()) add("forces", forces);
-  add("checks",
-      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
-  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
-                          static_cast<double>(summary.checked_positions) / summary.seconds));
-  add("worst ratio", worst_text(model, summary));
-  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
-                            summary.elements_over_limit == 1 ? "" : "s"));
-  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
-  return out;
-}
-
 int run_check_command(const CheckOptions& options) {
-  auto loaded = load_input(options.input);
-  if (const auto* text = std::get_if<std::string>(&loaded)) {
-    print_message(*text);
+  const std::filesystem::path results =
+      options.output.value_or(run::result_path_of(options.input.model));
+  if (const auto problem = files::find_overwriting(
+          {{"the result file", results, files::FileKind::results}},
+          {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
+    print_message(*problem);
     return exit_input_error;
   }
-  auto& input = std::get<Input>(loaded);
+  const auto prepared = run::prepare(options.input, options.common.selection);
+  if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
+  const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   ProgressBar progress(wants_progress(options.progress));
-  services::SessionOptions session = session_options(options, progress);
-  if (const auto problem = limit(input, options.common, session)) {
-    print_message(options.input.model.string() + ": " + *problem);
-    return exit_input_error;
-  }
-  const auto computed = add_forces(options.input.model, input.model);
-  if (const auto* stop = std::get_if<Stop>(&computed)) {
-    print_message(stop->message);
-    return stop->status;
-  }
+  const run::CheckOptions check{
+      .results = results,
+      .language = options.language,
+      .progress = &progress,
+      .message = print_message,
+      .second_opinion = options.second_opinion};
   note_interrupts();
-  const services::CheckSummary summary = services::run_check(input.model, std::move(session));
-  if (summary.records > 0) {
-    print_summary(input.model, summary, std::get<forces::Summary>(computed), options);
+  const run::CheckResult result = run::check(input, check);
+  if (result.summary.records > 0) {
+    print_summary(input, result, check.results, options.common.format);
   }
-  print_outcome(summary);
-  return exit_status(summary, options.strict);
+  print_outcome(result.summary);
+  return exit_status(result, options.strict);
 }
 
 }  // namespace aluframe::cli

@@ -1,23 +1,28 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
+#include <utility>
+#include <variant>
 
-#include "apps/cli/number_ranges.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/model/units.h"
+#include "aluframe/run/input.h"
+#include "aluframe/tables/output_table.h"
+#include "apps/cli/exit_status.h"
 
 namespace aluframe::cli {
 
 /// Options that several commands share.
 struct CommonOptions {
-  NumberRanges elements;
-  NumberRanges combinations;
-  Format format = Format::table;
+  run::Selection selection;
+  tables::Format format = tables::Format::table;
 };
 
-/// Where the results of a model are kept: beside it, with the extension ".aluresult".
-inline std::filesystem::path result_path_of(std::filesystem::path model) {
-  return model.replace_extension(".aluresult");
-}
+using UnitPair = std::pair<model::ForceUnit, model::LengthUnit>;
+
+/// Reads "kN,m". @return the units, or what is wrong with the text
+std::variant<UnitPair, std::string> parse_unit_pair(const std::string& text);
+
+/// Prints why a run stops. @return the exit status
+ExitStatus stop(const run::Problem& problem);
 
 }  // namespace aluframe::cli

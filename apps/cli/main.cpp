@@ -21,6 +21,9 @@
 namespace {
 
 using namespace aluframe::cli;
+namespace model = aluframe::model;
+namespace run = aluframe::run;
+namespace tables = aluframe::tables;
 
 /// An option whose text is read by `parse`, which returns nothing or a message when it cannot.
 template <class Value, class Parse>
@@ -32,12 +35,12 @@ CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, co
       ->type_name("VALUE");
 }
 
-NumberRanges ranges_or_throw(const std::string& name, const std::string& text) {
-  auto parsed = parse_number_ranges(text);
+model::NumberRanges ranges_or_throw(const std::string& name, const std::string& text) {
+  auto parsed = model::parse_number_ranges(text);
   if (const auto* problem = std::get_if<std::string>(&parsed)) {
     throw CLI::ValidationError(name, *problem);
   }
-  return std::get<NumberRanges>(std::move(parsed));
+  return std::get<model::NumberRanges>(std::move(parsed));
 }
 
 /// Reads one of a few words.
@@ -52,29 +55,31 @@ auto one_of(Parse parse, const std::string& allowed) {
   };
 }
 
-void add_second_order(CLI::App& app, InputOptions& input) {
+void add_second_order(CLI::App& app, run::InputOptions& input) {
   app.add_flag("--second-order", input.second_order,
                "Compute forces in second order, each combination on its own");
 }
 
-void add_input(CLI::App& app, InputOptions& input) {
+void add_input(CLI::App& app, run::InputOptions& input) {
   app.add_option("MODEL", input.model, "Model file")->required()->type_name("");
   app.add_option("--forces", input.forces, "Element forces (CSV) in place of the model's")
       ->type_name("FILE");
   add_second_order(app, input);
 }
 
-void add_elements(CLI::App& app, CommonOptions& common) {
-  add_parsed(app, "--elements", common.elements, ranges_or_throw,
+void add_elements(CLI::App& app, model::NumberRanges& elements) {
+  add_parsed(app, "--elements", elements, ranges_or_throw,
              "Only these elements, such as 1,3,10-20");
 }
 
-void add_common(CLI::App& app, CommonOptions& common) {
-  add_elements(app, common);
-  add_parsed(app, "--combinations", common.combinations, ranges_or_throw,
+void add_combinations(CLI::App& app, model::NumberRanges& combinations) {
+  add_parsed(app, "--combinations", combinations, ranges_or_throw,
              "Only these combinations, such as 1,3,10-20");
-  add_parsed(app, "--format", common.format, one_of(parse_format, "table, json, csv"),
-             "How to print: table, json or csv");
+}
+
+void add_format(CLI::App& app, tables::Format& format,
+                const std::string& help = "How to print: table, json or csv") {
+  add_parsed(app, "--format", format, one_of(tables::parse_format, "table, json, csv"), help);
 }
 
 void add_language(CLI::App& app, aluframe::services::Language& language) {
@@ -82,17 +87,40 @@ void add_language(CLI::App& app, aluframe::services::Language& language) {
              "Language of the design module's messages: en or zh");
 }
 
+std::optional<Strictness> parse_strictness(const std::string& word) {
+  if (word == "checks") return Strictness::checks;
+  return word == "safe" ? std::optional(Strictness::safe) : std::nullopt;
+}
+
+std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) {
+  if (word == "on") return run::SecondOpinion::on;
+  return word == "off" ? std::optional(run::SecondOpinion::off) : std::nullopt;
+}
+
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check = app.add_subcommand("check", "Check every element of a model");
   add_input(*check, options.input);
   check->add_option("--output", options.output, "Result file; beside the model when not given")
       ->type_name("FILE");
-  add_common(*check, options.common);
+  add_elements(*check, options.common.selection.elements);
+  add_combinations(*check, options.common.selection.combinations);
+  add_format(*check, options.common.format);
   add_parsed(*check, "--progress", options.progress,
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
   add_language(*check, options.language);
-  check->add_flag("--strict", options.strict, "Exit with status 4 when a ratio exceeds 1");
+  check
+      ->add_flag_function(
+          "--strict{checks}",
+          [check, &options](std::int64_t) {
+            const std::string word = check->get_option("--strict")->as<std::string>();
+            options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
+          },
+          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
+          "at what is not checked");
+  add_parsed(*check, "--second-opinion", options.second_opinion,
+             one_of(parse_second_opinion, "on, off"),
+             "Safe ratios beside those of the checks: on or off");
   check->callback([&] { status = run_check_command(options); });
 }
 
@@ -101,21 +129,24 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
   results->add_option("MODEL", options.input, "Model file, or a result file (.aluresult)")
       ->required()
       ->type_name("");
-  add_common(*results, options.common);
-  results->add_option("--sort", options.sort, "Sort by " + sort_names())
+  add_elements(*results, options.query.elements);
+  add_combinations(*results, options.combinations);
+  add_format(*results, options.format);
+  results->add_option("--sort", options.query.sort, "Sort by " + run::sort_names())
       ->check([](const std::string& name) {
-        return is_sort_name(name) ? std::string()
-                                  : "found '" + name + "', must be one of " + sort_names();
+        return run::is_sort_name(name)
+                   ? std::string()
+                   : "found '" + name + "', must be one of " + run::sort_names();
       })
       ->type_name("KEY");
-  results->add_option("--top", options.top, "Only the first N elements")
+  results->add_option("--top", options.query.top, "Only the first N elements")
       ->check([](const std::string& text) {
         return text.find_first_not_of("0123456789") == std::string::npos
                    ? std::string()
                    : "found '" + text + "', must be a whole number, 0 or more";
       })
       ->type_name("N");
-  results->add_option("--over", options.over, "Only elements with a ratio above this")
+  results->add_option("--over", options.query.over, "Only elements with a ratio above this")
       ->type_name("RATIO");
   results->add_option("--element", options.element, "One element: every combination and position")
       ->type_name("NUMBER");
@@ -129,7 +160,7 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
   results->callback([&] { status = run_results_command(options); });
 }
 
-void add_validate(CLI::App& app, InputOptions& options, int& status) {
+void add_validate(CLI::App& app, run::InputOptions& options, int& status) {
   CLI::App* validate = app.add_subcommand("validate", "Check a model file for faults");
   add_input(*validate, options);
   validate->callback([&] { status = run_validate_command(options); });
@@ -139,9 +170,8 @@ void add_members(CLI::App& app, MembersOptions& options, int& status) {
   CLI::App* members =
       app.add_subcommand("members", "Show members, their lengths and effective length factors");
   members->add_option("MODEL", options.model, "Model file")->required()->type_name("");
-  add_elements(*members, options.common);
-  add_parsed(*members, "--format", options.common.format, one_of(parse_format, "table, json, csv"),
-             "How to print: table, json or csv");
+  add_elements(*members, options.common.selection.elements);
+  add_format(*members, options.common.format);
   members->callback([&] { status = run_members_command(options); });
 }
 
@@ -150,13 +180,15 @@ void add_points(CLI::App& app, PointsOptions& options, int& status) {
       app.add_subcommand("points", "Check bare points: JSON Lines in, JSON Lines out");
   points->add_option("FILE", options.input, "One check point a line; - or none: standard input")
       ->type_name("");
+  points->add_flag("--second-opinion", options.second_opinion,
+                   "Safe ratios beside the results (docs/behaviour.md)");
   points->callback([&] { status = run_points_command(options); });
 }
 
 void add_report(CLI::App& app, ReportOptions& options, int& status) {
   CLI::App* report = app.add_subcommand("report", "Write the calculation report of a model");
   add_input(*report, options.input);
-  add_elements(*report, options.common);
+  add_elements(*report, options.common.selection.elements);
   report->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
   report->add_option("--output", options.output, "Report (.alu); beside the model when not given")
@@ -204,8 +236,7 @@ void add_section(CLI::App& app, SectionOptions& options, int& status) {
                    "Cells of the mesh across the thinnest plate, 4 when not given")
       ->check(CLI::Range(1, most_cells_across))
       ->type_name("NUMBER");
-  add_parsed(*section, "--format", options.format, one_of(parse_format, "table, json, csv"),
-             "How to print: table, json or csv");
+  add_format(*section, options.format);
   section->callback([&] { status = run_section_command(options); });
 }
 
@@ -235,11 +266,12 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
       "analyse", "Show displacements, reactions and element forces under the loads of a model");
   analyse->add_option("MODEL", options.input.model, "Model file")->required()->type_name("");
   add_second_order(*analyse, options.input);
-  const auto add_ranges = [&](const char* name, NumberRanges& ranges, const char* help) {
+  const auto add_ranges = [&](const char* name, model::NumberRanges& ranges, const char* help) {
     add_parsed(*analyse, name, ranges, ranges_or_throw, help);
   };
-  add_ranges("--cases", options.cases, "Only these load cases, such as 1,3,10-20");
-  add_ranges("--combinations", options.combinations, "These combinations in place of load cases");
+  add_ranges("--cases", options.subjects.cases, "Only these load cases, such as 1,3,10-20");
+  add_ranges("--combinations", options.subjects.combinations,
+             "These combinations in place of load cases");
   add_ranges("--elements", options.elements, "Forces of these elements only");
   add_ranges("--nodes", options.nodes, "Displacements and reactions of these nodes only");
   const std::string tables = "summary, displacements, reactions, forces";
@@ -248,14 +280,13 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
           "--show",
           [&options, tables](const std::vector<std::string>& names) {
             for (const std::string& name : names) {
-              options.show.insert(one_of(parse_analysis_table, tables)("--show", name));
+              options.show.insert(one_of(tables::parse_analysis_table, tables)("--show", name));
             }
           },
           "Only these tables: " + tables)
       ->delimiter(',')
       ->type_name("TABLES");
-  add_parsed(*analyse, "--format", options.format, one_of(parse_format, "table, json, csv"),
-             "How to print: table, json or csv (one table)");
+  add_format(*analyse, options.format, "How to print: table, json or csv (one table)");
   analyse->add_option("--units", options.units, "Units, such as N,mm; the model's when not given")
       ->type_name("FORCE,LENGTH");
   analyse->add_option("--output", options.output, "Write to this file")->type_name("FILE");
@@ -271,8 +302,7 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
       ->take_all()
       ->expected(1);
   add_material_changes(*settings, options.changes);
-  add_parsed(*settings, "--format", options.format, one_of(parse_format, "table, json, csv"),
-             "How to print: table, json or csv");
+  add_format(*settings, options.format);
   settings->callback([&] { status = run_settings_command(options); });
 }
 
@@ -297,7 +327,7 @@ int run_program(int argc, char** argv) {
   AnalyseOptions analyse;
   CheckOptions check;
   ResultsOptions results;
-  InputOptions validate;
+  run::InputOptions validate;
   MembersOptions members;
   PointsOptions points;
   ReportOptions report;

@@ -5,15 +5,13 @@
 #include <algorithm>
 
 #include "aluframe/members/length_factors.h"
-#include "apps/cli/exit_status.h"
-#include "apps/cli/run_input.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/common_options.h"
 
 namespace aluframe::cli {
 
 namespace {
 
-std::vector<Column> columns(const model::Model& model) {
+std::vector<tables::Column> columns(const model::Model& model) {
   const std::string unit(model::name_of(model.units.length));
   return {{.key = "member", .heading = "member"},
           {.key = "name", .heading = "name"},
@@ -41,7 +39,7 @@ std::string in_order(const std::vector<model::Number>& elements) {
 }
 
 /// Elements of a member whose own factors the checks take in place of the member's.
-Cell own_factors(const model::Model& model, const members::StretchFactors& of) {
+tables::Cell own_factors(const model::Model& model, const members::StretchFactors& of) {
   std::vector<model::Number> own;
   for (const model::Number number : of.elements) {
     if (model.elements.find(number)->design.length_factors) own.push_back(number);
@@ -55,8 +53,8 @@ std::string origin(const model::Model& model, const members::StretchFactors& of)
   return model.finds_members ? "found" : "file";
 }
 
-std::vector<Cell> row(const model::Model& model, const members::StretchFactors& of) {
-  std::vector<Cell> cells(2);
+std::vector<tables::Cell> row(const model::Model& model, const members::StretchFactors& of) {
+  std::vector<tables::Cell> cells(2);
   if (of.member != nullptr) {
     cells[0] = std::int64_t{of.member->number};
     if (!of.member->name.empty()) cells[1] = of.member->name;
@@ -68,7 +66,7 @@ std::vector<Cell> row(const model::Model& model, const members::StretchFactors& 
   return cells;
 }
 
-bool is_wanted(const members::StretchFactors& of, const NumberRanges& elements) {
+bool is_wanted(const members::StretchFactors& of, const model::NumberRanges& elements) {
   return elements.empty() || std::ranges::any_of(of.elements, [&](model::Number element) {
            return elements.contains(element);
          });
@@ -77,23 +75,15 @@ bool is_wanted(const members::StretchFactors& of, const NumberRanges& elements) 
 }  // namespace
 
 int run_members_command(const MembersOptions& options) {
-  const auto loaded = load_input({.model = options.model, .forces = std::nullopt});
-  if (const auto* problem = std::get_if<std::string>(&loaded)) {
-    print_message(*problem);
-    return exit_input_error;
-  }
-  const auto& input = std::get<Input>(loaded);
-  services::SessionOptions named;
-  if (const auto problem = limit(input, options.common, named)) {
-    print_message(options.model.string() + ": " + *problem);
-    return exit_input_error;
-  }
+  const auto read = run::read_input({.model = options.model}, options.common.selection);
+  if (const auto* problem = std::get_if<run::Problem>(&read)) return stop(*problem);
+  const auto& input = std::get<run::Input>(read);
   const model::Model& model = input.model;
-  OutputTable table{.columns = columns(model), .rows = {}};
+  tables::OutputTable table{.columns = columns(model), .rows = {}};
   for (const members::StretchFactors& of : members::length_factors(model)) {
-    if (is_wanted(of, options.common.elements)) table.rows.push_back(row(model, of));
+    if (is_wanted(of, options.common.selection.elements)) table.rows.push_back(row(model, of));
   }
-  fmt::print("{}", render(table, options.common.format, false));
+  fmt::print("{}", tables::render(table, options.common.format, false));
   return exit_done;
 }
 

@@ -15,21 +15,21 @@ using catalogue::Profile;
 using model::Section;
 
 /// The list as a table; its sources are told below it, once a series.
-OutputTable list_table(std::span<const Profile* const> profiles, Format format) {
-  OutputTable table;
+tables::OutputTable list_table(std::span<const Profile* const> profiles, tables::Format format) {
+  tables::OutputTable table;
   table.columns = {{"name", "name"},
                    {"shape", "shape"},
                    {"dimensions", "dimensions, mm"},
                    {"area", "A, mm2", 1},
                    {"mass", "kg/m", 3}};
-  if (format != Format::table) table.columns.push_back({"source", "source"});
+  if (format != tables::Format::table) table.columns.push_back({"source", "source"});
   for (const Profile* profile : profiles) {
     const Section section = section_of(*profile);
     const double area = section::properties_of(section).area;
     auto& row = table.rows.emplace_back();
     row = {profile->name, std::string(model::name_of(profile->shape)), dimensions_text(section),
            area, area * mass_per_area};
-    if (format != Format::table) row.emplace_back(profile->source);
+    if (format != tables::Format::table) row.emplace_back(profile->source);
   }
   return table;
 }
@@ -48,7 +48,7 @@ std::string sources_text(std::span<const Profile* const> profiles) {
 }  // namespace
 
 std::string profile_list(const std::vector<Profile>& own, std::optional<model::Shape> shape,
-                         Format format) {
+                         tables::Format format) {
   std::vector<const Profile*> chosen;
   for (const std::span<const Profile> part :
        {std::span<const Profile>(own), catalogue::profiles()}) {
@@ -56,8 +56,8 @@ std::string profile_list(const std::vector<Profile>& own, std::optional<model::S
       if (!shape || profile.shape == *shape) chosen.push_back(&profile);
     }
   }
-  std::string table = render(list_table(chosen, format), format, false);
-  if (format != Format::table) return table;
+  std::string table = tables::render(list_table(chosen, format), format, false);
+  if (format != tables::Format::table) return table;
   return fmt::format("{}\n{} profiles; mass with a density of {:g} kg/m3\n{}", table, chosen.size(),
                      aluminium_density, sources_text(chosen));
 }

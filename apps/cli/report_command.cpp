@@ -5,12 +5,14 @@
 #include <exception>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/run/remarks.h"
+#include "aluframe/run/report.h"
+#include "aluframe/run/results.h"
 #include "aluframe/services/readable_report.h"
-#include "aluframe/services/report_file.h"
+#include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
-#include "apps/cli/number_ranges.h"
-#include "apps/cli/result_tables.h"
-#include "apps/cli/run_input.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/text_editor.h"
 #include "apps/cli/user_locale.h"
@@ -31,33 +33,28 @@ struct Files {
 };
 
 Files files_of(const ReportOptions& options) {
-  return {options.results.value_or(result_path_of(options.input.model)),
+  return {options.results.value_or(run::result_path_of(options.input.model)),
           options.output.value_or(beside_model(options.input.model, ".alu"))};
 }
 
-/// What would be overwritten that the user cannot mean, or nothing.
+/// What would be overwritten that the user cannot mean, or nothing. The results are added to, so
+/// they are an output as well.
 std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
-  const auto is_input = [&](const fs::path& path) {
-    return services::is_same_file(path, options.input.model) ||
-           services::is_same_file(path, files.results) ||
-           (options.input.forces && services::is_same_file(path, *options.input.forces));
-  };
-  if (is_input(files.report)) return files.report.string() + ": would be overwritten by the report";
-  if (!options.readable) return std::nullopt;
-  if (is_input(*options.readable) || services::is_same_file(*options.readable, files.report)) {
-    return options.readable->string() + ": would be overwritten by the readable copy";
-  }
-  return std::nullopt;
+  return files::find_overwriting(
+      {{"the result file", files.results, files::FileKind::results},
+       {"the report", files.report},
+       {"the readable copy", options.readable}},
+      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 
-services::SessionOptions session_options(const ReportOptions& options, const Files& files,
-                                         const UnitPair& units) {
-  services::SessionOptions session;
-  session.result_path = files.results;
-  session.language = options.language;
-  session.message = print_message;
-  session.units = T_UNIT_INDEX{static_cast<int>(units.first), static_cast<int>(units.second)};
-  return session;
+run::ReportOptions report_options(const ReportOptions& options, const Files& files,
+                                  const UnitPair& units) {
+  return {.results = files.results,
+          .report = files.report,
+          .force = units.first,
+          .length = units.second,
+          .language = options.language,
+          .message = print_message};
 }
 
 void print_summary(const services::ReportSummary& summary, const Files& files) {
@@ -65,16 +62,17 @@ void print_summary(const services::ReportSummary& summary, const Files& files) {
              summary.reported.size() == 1 ? "" : "s", files.report.string());
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
-                              files.results.string(), join_as_ranges(summary.checked_now)));
+                              files.results.string(), model::join_as_ranges(summary.checked_now)));
   }
   if (!summary.not_reported.empty()) {
-    print_message(fmt::format("without results: element {}", join_as_ranges(summary.not_reported)));
+    print_message(
+        fmt::format("without results: element {}", model::join_as_ranges(summary.not_reported)));
   }
   if (!summary.without_checks.empty()) {
     print_message(
-        fmt::format("no check to show: element {}", join_as_ranges(summary.without_checks)));
+        fmt::format("no check to show: element {}", model::join_as_ranges(summary.without_checks)));
   }
-  if (!summary.not_checked.empty()) print_message(not_checked_text(summary.not_checked));
+  if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
 }
 
 int exit_status(const services::ReportSummary& summary) {
@@ -93,7 +91,10 @@ int exit_status(const services::ReportSummary& summary) {
 void warn_about_stored(const ReportOptions& options, const Files& files) {
   if (!fs::exists(files.results)) return;
   const auto reader = store::ResultReader::open(files.results);
-  warn_about_results(options.input.model, files.results, reader->state());
+  for (const std::string& text :
+       run::cautions(options.input.model, files.results, reader->state())) {
+    print_message(text);
+  }
 }
 
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
@@ -111,11 +112,10 @@ int finish(const ReportOptions& options, const Files& files) {
   return exit_failure;
 }
 
-int run(const ReportOptions& options, const model::Model& model, services::SessionOptions session) {
+int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
   const Files files = files_of(options);
   warn_about_stored(options, files);
-  const services::ReportSummary summary =
-      services::run_report(model, std::move(session), files.report);
+  const services::ReportSummary summary = run::report(input, report_options(options, files, units));
   if (summary.outcome == services::RunOutcome::complete) print_summary(summary, files);
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
@@ -124,28 +124,19 @@ int run(const ReportOptions& options, const model::Model& model, services::Sessi
   return status == exit_done ? finish(options, files) : status;
 }
 
-/// Everything that is wrong with the input, or the model and what to do with it.
-std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
-  const Files files = files_of(options);
+/// Everything that is wrong with the options, or the model and what to do with it.
+int prepare_and_write(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
-  if (const auto* text = std::get_if<std::string>(&units)) return "--units: " + *text;
-  if (const auto problem = overwriting_problem(options, files)) return *problem;
+  if (const auto* text = std::get_if<std::string>(&units)) return stop({"--units: " + *text});
+  if (const auto problem = overwriting_problem(options, files_of(options))) return stop({*problem});
   if (options.open) {
-    if (const auto problem = editor_problem()) return *problem;
+    if (const auto problem = editor_problem()) return stop({*problem});
   }
-  auto loaded = load_input(options.input);
-  if (const auto* text = std::get_if<std::string>(&loaded)) return *text;
-  auto& input = std::get<Input>(loaded);
-  auto session = session_options(options, files, std::get<UnitPair>(units));
-  if (const auto problem = limit(input, options.common, session)) {
-    return options.input.model.string() + ": " + *problem;
-  }
-  const auto computed = add_forces(options.input.model, input.model);
-  if (const auto* stop = std::get_if<Stop>(&computed)) {
-    print_message(stop->message);
-    return stop->status;
-  }
-  return run(options, input.model, std::move(session));
+  const auto prepared = run::prepare(options.input, options.common.selection);
+  if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
+  const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
+  return write(options, input, std::get<UnitPair>(units));
 }
 
 }  // namespace
@@ -153,10 +144,7 @@ std::variant<std::string, int> prepare_and_run(const ReportOptions& options) {
 int run_report_command(const ReportOptions& options) {
   prepare_user_locale();
   try {
-    const auto done = prepare_and_run(options);
-    if (const auto* status = std::get_if<int>(&done)) return *status;
-    print_message(std::get<std::string>(done));
-    return exit_input_error;
+    return prepare_and_write(options);
   } catch (const std::exception& error) {
     print_message(error.what());
     return exit_failure;

@@ -4,14 +4,13 @@
 #include <optional>
 #include <string>
 
-#include "aluframe/services/report_run.h"
+#include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
-#include "apps/cli/run_input.h"
 
 namespace aluframe::cli {
 
 struct ReportOptions {
-  InputOptions input;
+  run::InputOptions input;
   CommonOptions common;
   std::optional<std::filesystem::path> results;   ///< result file; beside the model when not given
   std::optional<std::filesystem::path> output;    ///< report; beside the model when not given

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "aluframe/model/section.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
 namespace aluframe::cli {
 
@@ -20,7 +20,7 @@ struct SectionOptions {
   std::vector<std::filesystem::path> catalogues;  ///< the user's, beside the standard one
   std::optional<std::filesystem::path> svg;       ///< where to draw the section
   int across = 4;
-  Format format = Format::table;
+  tables::Format format = tables::Format::table;
 };
 
 /// Prints the constants of one section, or the catalogue. @return the exit status

@@ -111,18 +111,18 @@ std::string indented(const std::string& lines) {
 }
 
 std::string values_text(std::span<const Value> values) {
-  OutputTable table;
+  tables::OutputTable table;
   table.columns = {
       {"what", "constant"}, {"symbol", "symbol"}, {"value", "value"}, {"unit", "unit"}};
   for (const Value& v : values) {
     table.rows.push_back(
         {std::string(v.what), std::string(v.symbol), engineering(v.value), v.unit});
   }
-  return to_text(table, false);
+  return tables::to_text(table, false);
 }
 
 std::string twist_text(std::span<const Value> values) {
-  OutputTable table;
+  tables::OutputTable table;
   table.columns = {{"what", "torsion and warping"},
                    {"symbol", "symbol"},
                    {"value", "formula"},
@@ -131,10 +131,10 @@ std::string twist_text(std::span<const Value> values) {
                    {"difference", "differ by %"}};
   for (const Value& v : values) {
     table.rows.push_back({std::string(v.what), std::string(v.symbol), engineering(v.value),
-                          v.mesh ? Cell(engineering(*v.mesh)) : Cell(), v.unit,
-                          v.difference ? Cell(per_cent(*v.difference)) : Cell()});
+                          v.mesh ? tables::Cell(engineering(*v.mesh)) : tables::Cell(), v.unit,
+                          v.difference ? tables::Cell(per_cent(*v.difference)) : tables::Cell()});
   }
-  return to_text(table, false);
+  return tables::to_text(table, false);
 }
 
 bool has_radii(const Section& section) {
@@ -195,15 +195,15 @@ std::string as_json(const ShownSection& shown, std::span<const Value> values,
 }
 
 std::string as_csv(std::span<const Value> values, std::span<const Value> twist) {
-  OutputTable table;
+  tables::OutputTable table;
   table.columns = {{"constant", ""}, {"unit", ""}, {"formula", ""}, {"mesh", ""}};
   for (const auto part : {values, twist}) {
     for (const Value& v : part) {
-      table.rows.push_back(
-          {std::string(v.key), std::string(v.unit), v.value, v.mesh ? Cell(*v.mesh) : Cell()});
+      table.rows.push_back({std::string(v.key), std::string(v.unit), v.value,
+                            v.mesh ? tables::Cell(*v.mesh) : tables::Cell()});
     }
   }
-  return to_csv(table);
+  return tables::to_csv(table);
 }
 
 }  // namespace
@@ -217,12 +217,12 @@ std::string dimensions_text(const Section& section) {
   return text;
 }
 
-std::string section_text(const ShownSection& shown, Format format) {
+std::string section_text(const ShownSection& shown, tables::Format format) {
   const SectionProperties properties = section::properties_of(shown.section);
   const std::vector<Value> values = values_of(properties);
   const std::vector<Value> twist = twist_of(shown, properties);
-  if (format == Format::json) return as_json(shown, values, twist);
-  if (format == Format::csv) return as_csv(values, twist);
+  if (format == tables::Format::json) return as_json(shown, values, twist);
+  if (format == tables::Format::csv) return as_csv(values, twist);
   return as_text(shown, values, twist);
 }
 

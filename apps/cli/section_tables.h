@@ -5,7 +5,7 @@
 
 #include "aluframe/catalogue/profiles.h"
 #include "aluframe/model/section.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
 namespace aluframe::cli {
 
@@ -24,6 +24,6 @@ struct ShownSection {
 };
 
 /// Dimensions, sketch and constants, and torsion and warping by formula and on the mesh.
-std::string section_text(const ShownSection& shown, Format format);
+std::string section_text(const ShownSection& shown, tables::Format format);
 
 }  // namespace aluframe::cli

@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "aluframe/catalogue/alloys.h"
+#include "aluframe/model/number_ranges.h"
 #include "aluframe/services/design_codes.h"
 #include "aluframe/services/settings_rules.h"
 #include "aluframe/services/text.h"
-#include "apps/cli/number_ranges.h"
 #include "apps/cli/settings_fields.h"
 
 namespace aluframe::cli {
@@ -163,7 +163,7 @@ std::string material_numbers(const model::Model& model) {
   std::vector<model::Number> numbers;
   for (const Material& material : model.materials) numbers.push_back(material.number);
   std::ranges::sort(numbers);
-  return join_as_ranges(numbers);
+  return model::join_as_ranges(numbers);
 }
 
 void apply_material(const WantedChanges& wanted, model::Model& model, Problems& problems) {

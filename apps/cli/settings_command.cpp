@@ -6,7 +6,7 @@
 
 #include "aluframe/io/model_edit.h"
 #include "aluframe/io/model_file.h"
-#include "apps/cli/common_options.h"
+#include "aluframe/run/results.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/settings_tables.h"
 #include "apps/cli/terminal.h"
@@ -29,14 +29,15 @@ int show(const SettingsOptions& options, const model::Model& model) {
 }
 
 /// Shows what was changed, and which results that makes old.
-void report(const SettingsOptions& options, const OutputTable& difference) {
-  fmt::print("{}", options.format == Format::table ? difference_text(difference)
-                                                   : render(difference, options.format, false));
+void report(const SettingsOptions& options, const tables::OutputTable& difference) {
+  fmt::print("{}", options.format == tables::Format::table
+                       ? difference_text(difference)
+                       : tables::render(difference, options.format, false));
   if (difference.rows.empty()) {
     print_message(options.model.string() + ": nothing to change");
     return;
   }
-  const std::filesystem::path results = result_path_of(options.model);
+  const std::filesystem::path results = run::result_path_of(options.model);
   std::error_code ignored;
   if (std::filesystem::exists(results, ignored)) {
     print_message(results.string() + " is out of date; check the model again");

@@ -2,14 +2,14 @@
 
 #include <filesystem>
 
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 #include "apps/cli/settings_changes.h"
 
 namespace aluframe::cli {
 
 struct SettingsOptions {
   std::filesystem::path model;
-  Format format = Format::table;
+  tables::Format format = tables::Format::table;
   WantedChanges changes;
 };
 

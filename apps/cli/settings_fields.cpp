@@ -10,14 +10,14 @@ namespace aluframe::cli {
 namespace {
 
 struct CellOf {
-  Cell operator()(bool value) const { return value; }
-  Cell operator()(int value) const { return std::int64_t{value}; }
-  Cell operator()(double value) const { return value; }
-  Cell operator()(const std::string& value) const { return value; }
+  tables::Cell operator()(bool value) const { return value; }
+  tables::Cell operator()(int value) const { return std::int64_t{value}; }
+  tables::Cell operator()(double value) const { return value; }
+  tables::Cell operator()(const std::string& value) const { return value; }
 };
 
 template <class Record>
-Cell cell_of(const Record& record, const Field<Record>& field) {
+tables::Cell cell_of(const Record& record, const Field<Record>& field) {
   return std::visit([&](auto member) { return CellOf()(record.*member); }, field.member);
 }
 
@@ -31,16 +31,17 @@ struct OptionText {
 
 }  // namespace
 
-Cell value_of(const model::DesignSettings& settings, const Field<model::DesignSettings>& field) {
+tables::Cell value_of(const model::DesignSettings& settings,
+                      const Field<model::DesignSettings>& field) {
   if (field.name != code_field) return cell_of(settings, field);
   return services::to_utf8(services::shown_code_name(services::to_wide(settings.code)));
 }
 
-Cell value_of(const model::Material& material, const Field<model::Material>& field) {
+tables::Cell value_of(const model::Material& material, const Field<model::Material>& field) {
   return cell_of(material, field);
 }
 
-std::string option_text(const Cell& value) {
+std::string option_text(const tables::Cell& value) {
   return std::visit(OptionText(), value);
 }
 

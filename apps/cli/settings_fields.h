@@ -8,7 +8,7 @@
 
 #include "aluframe/model/material.h"
 #include "aluframe/model/settings.h"
-#include "apps/cli/output_table.h"
+#include "aluframe/tables/output_table.h"
 
 // The settings and materials of a model field by field, by their names in model files.
 
@@ -49,10 +49,11 @@ inline constexpr Field<model::Material> material_fields[] = {
 // clang-format on
 
 /// A field's value; the design code by the name that the user knows.
-Cell value_of(const model::DesignSettings& settings, const Field<model::DesignSettings>& field);
-Cell value_of(const model::Material& material, const Field<model::Material>& field);
+tables::Cell value_of(const model::DesignSettings& settings,
+                      const Field<model::DesignSettings>& field);
+tables::Cell value_of(const model::Material& material, const Field<model::Material>& field);
 
 /// A value as options take it: on or off, a number with as few digits as it needs.
-std::string option_text(const Cell& value);
+std::string option_text(const tables::Cell& value);
 
 }  // namespace aluframe::cli

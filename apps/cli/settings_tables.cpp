@@ -21,8 +21,8 @@ DesignSettings settings_of(const model::Model& model) {
   return model.design.value_or(DesignSettings());
 }
 
-OutputTable settings_table(const model::Model& model) {
-  OutputTable table;
+tables::OutputTable settings_table(const model::Model& model) {
+  tables::OutputTable table;
   table.columns = {{"key", "setting"}, {"value", "value"}};
   const DesignSettings settings = settings_of(model);
   for (const Field<DesignSettings>& field : settings_fields) {
@@ -31,8 +31,8 @@ OutputTable settings_table(const model::Model& model) {
   return table;
 }
 
-OutputTable materials_table(const model::Model& model) {
-  OutputTable table;
+tables::OutputTable materials_table(const model::Model& model) {
+  tables::OutputTable table;
   table.columns = {{"number", "material"}};
   for (const Field<Material>& field : material_fields) {
     table.columns.push_back({std::string(field.name), std::string(field.name)});
@@ -42,15 +42,15 @@ OutputTable materials_table(const model::Model& model) {
     row.push_back(std::int64_t{material.number});
     for (const Field<Material>& field : material_fields) {
       const std::string text = option_text(value_of(material, field));
-      row.push_back(text.empty() ? Cell() : text);
+      row.push_back(text.empty() ? tables::Cell() : text);
     }
   }
   return table;
 }
 
 /// Everything as a list of values.
-OutputTable long_table(const model::Model& model) {
-  OutputTable table;
+tables::OutputTable long_table(const model::Model& model) {
+  tables::OutputTable table;
   table.columns = {{"record", "record"}, {"number", "number"}, {"key", "key"}, {"value", "value"}};
   const DesignSettings settings = settings_of(model);
   for (const Field<DesignSettings>& field : settings_fields) {
@@ -65,7 +65,7 @@ OutputTable long_table(const model::Model& model) {
   return table;
 }
 
-nlohmann::ordered_json json_of(const Cell& cell) {
+nlohmann::ordered_json json_of(const tables::Cell& cell) {
   return std::visit(
       [](const auto& value) -> nlohmann::ordered_json {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::monostate>) {
@@ -96,7 +96,7 @@ std::string as_json(const model::Model& model) {
 }
 
 /// Texts that may be empty or have blanks stand in quotes.
-std::string shown(const Cell& value) {
+std::string shown(const tables::Cell& value) {
   const std::string text = option_text(value);
   const bool bare = !text.empty() && text.find(' ') == std::string::npos;
   return bare ? text : '"' + text + '"';
@@ -104,16 +104,17 @@ std::string shown(const Cell& value) {
 
 }  // namespace
 
-std::string settings_text(const model::Model& model, Format format) {
-  if (format == Format::json) return as_json(model);
-  if (format == Format::csv) return to_csv(long_table(model));
-  return to_text(settings_table(model), false) + "\n" + to_text(materials_table(model), false);
+std::string settings_text(const model::Model& model, tables::Format format) {
+  if (format == tables::Format::json) return as_json(model);
+  if (format == tables::Format::csv) return tables::to_csv(long_table(model));
+  return tables::to_text(settings_table(model), false) + "\n" +
+         tables::to_text(materials_table(model), false);
 }
 
-OutputTable settings_difference(const model::Model& before, const model::Model& after) {
-  const OutputTable old_values = long_table(before);
-  const OutputTable new_values = long_table(after);
-  OutputTable table;
+tables::OutputTable settings_difference(const model::Model& before, const model::Model& after) {
+  const tables::OutputTable old_values = long_table(before);
+  const tables::OutputTable new_values = long_table(after);
+  tables::OutputTable table;
   table.columns = {{"record", "record"},
                    {"number", "number"},
                    {"key", "key"},
@@ -121,7 +122,7 @@ OutputTable settings_difference(const model::Model& before, const model::Model& 
                    {"after", "after"}};
   for (std::size_t i = 0; i < new_values.rows.size(); ++i) {
     const auto& row = new_values.rows[i];
-    const Cell& old_value = old_values.rows[i].back();
+    const tables::Cell& old_value = old_values.rows[i].back();
     if (row.back() != old_value) {
       table.rows.push_back({row[0], row[1], row[2], old_value, row.back()});
     }
@@ -129,7 +130,7 @@ OutputTable settings_difference(const model::Model& before, const model::Model& 
   return table;
 }
 
-std::string difference_text(const OutputTable& difference) {
+std::string difference_text(const tables::OutputTable& difference) {
   std::string out;
   for (const auto& row : difference.rows) {
     const auto* number = std::get_if<std::int64_t>(&row[1]);

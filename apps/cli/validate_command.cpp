@@ -4,8 +4,12 @@
 
 #include <algorithm>
 
-#include "apps/cli/exit_status.h"
-#include "apps/cli/number_ranges.h"
+#include "aluframe/model/envelopes.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/run/remarks.h"
+#include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/result_tables.h"
+#include "apps/cli/common_options.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -23,7 +27,7 @@ std::string missing_forces(const model::Model& model) {
     if (missing.empty()) continue;
     std::ranges::sort(missing);
     out += fmt::format("  load case {} has no forces for element {}\n", model.load_cases[c].number,
-                       join_as_ranges(missing));
+                       model::join_as_ranges(missing));
   }
   return out;
 }
@@ -34,42 +38,41 @@ std::string counted(std::size_t count, const char* what) {
 }
 
 /// "12 members", and how many of them the file leaves to be found.
-std::string count_of_members(const Input& input) {
+std::string count_of_members(const run::Input& input) {
   const model::Model& model = input.model;
   std::string members = counted(model.members.size(), "member");
   if (!model.finds_members) return members;
   return fmt::format("{} ({} found automatically)", members, input.found_members);
 }
 
-void print_content(const std::string& file, const Input& input, const forces::Summary& computed) {
+void print_content(const run::Input& input) {
   const model::Model& model = input.model;
-  const auto design = std::ranges::count_if(
-      model.combinations, [](const model::Combination& combination) { return combination.design; });
-  fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", file,
+  const auto is_state = [](const model::Combination& combination) {
+    return combination.state_of.has_value();
+  };
+  const auto states = static_cast<std::size_t>(std::ranges::count_if(model.combinations, is_state));
+  const std::size_t design = model::design_numbers(model).size() - states;
+  const std::string forces = tables::forces_text(input.forces);
+  fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", input.file.string(),
              counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
              count_of_members(input), counted(model.sections.size(), "section"),
              counted(model.materials.size(), "material"),
              counted(model.load_cases.size(), "load case"),
-             counted(model.combinations.size(), "combination"), design,
-             computed.load_cases > 0 ? "  " + forces_text(computed) + "\n" : "");
-  if (computed.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
+             counted(model.combinations.size() - states, "combination"), design,
+             forces.empty() ? "" : "  " + forces + "\n");
+  if (input.forces.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }
 
 }  // namespace
 
-int run_validate_command(const InputOptions& options) {
-  auto loaded = load_input(options);
-  if (const auto* text = std::get_if<std::string>(&loaded)) {
-    print_message(*text);
-    return exit_input_error;
-  }
-  Input& input = std::get<Input>(loaded);
-  const auto computed = add_forces(options.model, input.model);
-  if (const auto* stop = std::get_if<Stop>(&computed)) {
-    print_message(stop->message);
-    return stop->status;
-  }
-  print_content(options.model.string(), input, std::get<forces::Summary>(computed));
+int run_validate_command(const run::InputOptions& options) {
+  const auto prepared = run::prepare(options);
+  if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
+  const auto& input = std::get<run::Input>(prepared);
+  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
+  print_content(input);
+  const std::vector<store::RemarkRow> remarks = run::input_remarks(input);
+  if (!remarks.empty()) fmt::print("{}", tables::remarks_text(remarks));
   return exit_done;
 }
 

@@ -2,17 +2,14 @@
 
 #include <utility>
 
-#include "aluframe/io/model_file.h"
-#include "aluframe/members/find_members.h"
+#include "aluframe/run/input.h"
 
 namespace aluframe::desktop {
 
 std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesystem::path& path) {
-  auto read = io::read_model(path);
-  if (const auto* problem = std::get_if<io::Problem>(&read)) return problem->message();
-  auto& model = std::get<model::Model>(read);
-  members::complete(model);
-  return ModelDocument(path, std::move(model));
+  auto read = run::read_input({.model = path});
+  if (const auto* problem = std::get_if<run::Problem>(&read)) return problem->text;
+  return ModelDocument(path, std::get<run::Input>(std::move(read)).model);
 }
 
 ModelDocument::ModelDocument(std::filesystem::path path, model::Model model)

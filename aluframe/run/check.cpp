@@ -1,0 +1,34 @@
+#include "aluframe/run/check.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "aluframe/run/remarks.h"
+#include "aluframe/run/session_options.h"
+
+namespace aluframe::run {
+
+CheckResult check(const Input& input, const CheckOptions& options) {
+  services::SessionOptions session = session_options(input, options.results);
+  session.language = options.language;
+  session.progress = options.progress;
+  session.message = options.message;
+  CheckResult result;
+  std::optional<second_opinion::RunOpinion> opinion;
+  if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
+  result.remarks = input_remarks(input);
+  session.before_finish = [&](store::ResultWriter& writer) {
+    if (opinion) {
+      const std::vector<store::SafeRow> rows = safe_rows(opinion->result());
+      for (const store::SafeRow& row : rows) writer.add_safe(row);
+      result.safe = summary_of(rows);
+      std::ranges::move(unchecked_remarks(opinion->result()), std::back_inserter(result.remarks));
+    }
+    for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
+  };
+  result.summary = services::run_check(input.model, std::move(session));
+  return result;
+}
+
+}  // namespace aluframe::run

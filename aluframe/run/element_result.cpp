@@ -1,0 +1,37 @@
+#include "aluframe/run/element_result.h"
+
+#include <algorithm>
+
+#include "aluframe/services/run_monitor.h"
+
+namespace aluframe::run {
+
+const store::GoverningRow& ElementResult::worst() const {
+  const auto judged = [](const store::GoverningRow& row) {
+    return services::was_judged(row.governing.dDemand, row.governing.dCapacity);
+  };
+  const store::GoverningRow* worst = &items.front();
+  for (const store::GoverningRow& row : items) {
+    if (!judged(row)) continue;
+    if (!judged(*worst) || row.governing.ComPair(worst->governing) != 0) worst = &row;
+  }
+  return *worst;
+}
+
+const store::GoverningRow* ElementResult::find(int item) const {
+  const auto found = std::ranges::find(items, item, &store::GoverningRow::item);
+  return found == items.end() ? nullptr : &*found;
+}
+
+std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& rows) {
+  std::vector<ElementResult> elements;
+  for (const store::GoverningRow& row : rows) {
+    if (elements.empty() || elements.back().element != row.element) {
+      elements.push_back({row.element, row.member_type, {}});
+    }
+    elements.back().items.push_back(row);
+  }
+  return elements;
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "aluframe/store/result_file.h"
+
+namespace aluframe::run {
+
+/// The governing checks of one element.
+struct ElementResult {
+  std::uint32_t element = 0;
+  int member_type = 0;
+  std::vector<store::GoverningRow> items;
+
+  /// The worst of them; a slenderness without a limit only when there is nothing else.
+  const store::GoverningRow& worst() const;
+  /// The check of an item type, or null.
+  const store::GoverningRow* find(int item) const;
+};
+
+/// Governing rows put together per element, in the order of the rows.
+std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& rows);
+
+}  // namespace aluframe::run

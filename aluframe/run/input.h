@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "aluframe/analysis/frame.h"
+#include "aluframe/forces/compute_forces.h"
+#include "aluframe/model/model.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/run/problem.h"
+
+// What every run over a model begins with: the model read and completed, limited to what the user
+// named, and given its forces.
+//
+//     auto prepared = run::prepare({.model = "frame.json"});
+//     if (const auto* problem = std::get_if<run::Problem>(&prepared)) ...
+//     const auto& input = std::get<run::Input>(prepared);
+
+namespace aluframe::run {
+
+/// What a run makes its model from.
+struct InputOptions {
+  std::filesystem::path model;
+  /// CSV in place of the model's forces.
+  std::optional<std::filesystem::path> forces = std::nullopt;
+  bool second_order = false;  ///< whatever the model says
+};
+
+/// What the user limits a run to; empty: everything.
+struct Selection {
+  model::NumberRanges elements;
+  model::NumberRanges combinations;  ///< design combinations
+};
+
+/// A model as its file has it, and with the members that the file leaves to be found.
+struct Input {
+  std::filesystem::path file;
+  model::Model model;
+  std::size_t found_members = 0;  ///< of its members, those that the file leaves to be found
+  /// Digest of what is to be checked: the model, its loads and the forces that it is given.
+  std::string digest;
+  std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
+  std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
+  forces::Summary forces;                ///< how forces were computed, once they are
+};
+
+/// Reads the model, and the forces that take the place of its own, and completes it. What the
+/// selection names must exist.
+Result<Input> read_input(const InputOptions& options, const Selection& selection = {});
+
+/// Reads the input and computes the forces that follow from the model's loads.
+Result<Input> prepare(const InputOptions& options, const Selection& selection = {});
+
+/// The problem of an analysis as it is told, with the JSON path of the element or node that it is
+/// about, of the first one when there are several.
+Problem problem_of(const std::filesystem::path& file, const analysis::Problem& problem);
+
+}  // namespace aluframe::run

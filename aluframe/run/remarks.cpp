@@ -1,0 +1,111 @@
+#include "aluframe/run/remarks.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "aluframe/members/axes_remarks.h"
+#include "aluframe/model/envelopes.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/remarks/remarks.h"
+#include "aluframe/section/second_computation.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using Numbers = std::set<model::Number>;
+
+store::RemarkRow row_of(const std::string& kind, const Numbers& elements, std::string text) {
+  store::RemarkRow row;
+  row.kind = kind;
+  row.elements = model::join_as_ranges({elements.begin(), elements.end()});
+  row.text = std::move(text);
+  return row;
+}
+
+void add_of_model(const model::Model& model, std::vector<store::RemarkRow>& rows) {
+  for (remarks::Remark& remark : remarks::model_remarks(model)) {
+    store::RemarkRow row = row_of(remark.rule, {remark.elements.begin(), remark.elements.end()},
+                                  std::move(remark.text));
+    row.element = remark.element;
+    rows.push_back(std::move(row));
+  }
+}
+
+/// One row with the text of the first; the others lean as little.
+void add_of_axes(const model::Model& model, std::vector<store::RemarkRow>& rows) {
+  const auto found = members::axes_remarks(model);
+  if (found.empty()) return;
+  Numbers elements;
+  for (const members::AxesRemark& remark : found) elements.insert(remark.element);
+  store::RemarkRow row = row_of("axes", elements, found.front().text);
+  if (found.size() > 1) {
+    row.text = fmt::format("of element {} {}; the others likewise", found.front().element,
+                           found.front().text);
+  }
+  row.element = found.front().element;
+  rows.push_back(std::move(row));
+}
+
+void add_of_sections(const model::Model& model, std::vector<store::RemarkRow>& rows) {
+  std::map<model::Number, Numbers> used;
+  for (const model::Element& element : model.elements) {
+    used[element.section].insert(element.number);
+  }
+  for (const auto& [number, elements] : used) {
+    const auto text = section::torsion_remark(*model.sections.find(number));
+    if (text) rows.push_back(row_of("It", elements, fmt::format("section {}: {}", number, *text)));
+  }
+}
+
+/// A row a load case, because each is given apart.
+void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
+  std::map<model::Number, Numbers> by_case;
+  for (const auto& [element, load_case] : input.forces.without_inner) {
+    by_case[load_case].insert(element);
+  }
+  for (const auto& [load_case, elements] : by_case) {
+    rows.push_back(row_of(
+        "ends", elements,
+        fmt::format("load case {} has forces at the two ends only, while loads act between them: "
+                    "nothing is known there, give five rows",
+                    load_case)));
+  }
+}
+
+}  // namespace
+
+std::vector<store::RemarkRow> input_remarks(const Input& input) {
+  std::vector<store::RemarkRow> rows;
+  add_of_positions(input, rows);
+  add_of_axes(input.model, rows);
+  add_of_sections(input.model, rows);
+  add_of_model(input.model, rows);
+  return rows;
+}
+
+std::optional<std::string> extremes_remark(std::vector<model::Number> combinations) {
+  if (combinations.empty()) return std::nullopt;
+  std::ranges::sort(combinations);
+  return fmt::format(
+      "remark: combination {}: checked by extremes (\"envelopes\": \"extremes\"), whose "
+      "forces need not act together; the ratio of a state in it may be higher",
+      model::join_as_ranges(combinations));
+}
+
+std::optional<std::string> extremes_remark(const Input& input) {
+  return extremes_remark(model::checked_by_extremes(input.model, input.combinations));
+}
+
+std::optional<std::string> extremes_remark(const store::RunInfo& info) {
+  std::vector<model::Number> numbers;
+  for (const store::CombinationRow& row : info.combinations) {
+    if (row.two_sides) numbers.push_back(row.number);
+  }
+  return extremes_remark(std::move(numbers));
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "aluframe/model/units.h"
+#include "aluframe/run/input.h"
+#include "aluframe/services/report_run.h"
+
+namespace aluframe::run {
+
+struct ReportOptions {
+  std::filesystem::path results;  ///< of the check that the report goes by
+  std::filesystem::path report;   ///< the file to be written
+  model::ForceUnit force = model::ForceUnit::newton;
+  model::LengthUnit length = model::LengthUnit::millimetre;
+  services::Language language = services::Language::english;
+  std::function<void(const std::string&)> message;  ///< what the design module says to the user
+};
+
+/// Writes the calculation report of what `prepare` has made ready.
+services::ReportSummary report(const Input& input, const ReportOptions& options);
+
+}  // namespace aluframe::run

@@ -1,0 +1,159 @@
+#include "aluframe/tables/check_summary.h"
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+#include "aluframe/model/envelopes.h"
+#include "aluframe/tables/result_tables.h"
+
+namespace aluframe::tables {
+
+namespace {
+
+std::string combination_text(const model::Model& model, std::uint32_t number, int min_side) {
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination != nullptr && combination->state_of) {
+    return "combination " + model::label_of(*combination);
+  }
+  const std::string name = combination == nullptr || combination->name.empty()
+                               ? ""
+                               : fmt::format(" \"{}\"", combination->name);
+  return fmt::format("combination {}{}{}", number, name,
+                     min_side != 0 ? " (minimum side)" : "");
+}
+
+std::string combinations_text(const services::CheckSummary& summary) {
+  if (summary.by_states) {
+    return fmt::format("{} (as {} state{})", summary.combinations, summary.sides,
+                       summary.sides == 1 ? "" : "s");
+  }
+  if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
+  return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
+}
+
+std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
+  if (!summary.worst) return "none";
+  const services::WorstCheck& worst = *summary.worst;
+  return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
+                     item_name(worst.item), worst.element, position_name(worst.check.nPos),
+                     combination_text(model, worst.check.nLComb, worst.check.nMinSide));
+}
+
+std::string safe_text(const model::Model& model, const store::SafeRow& row) {
+  const std::string rules = row.rules.empty() ? "" : fmt::format(", {}", row.rules);
+  return fmt::format("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
+                     item_name(row.item), rules, short_number(row.code), row.element,
+                     place_text(row), combination_text(model, row.combination, row.min_side));
+}
+
+std::string safe_over_text(const run::SafeSummary& safe) {
+  return fmt::format("{} element{}, {} of which no check says so", safe.over,
+                     safe.over == 1 ? "" : "s", safe.unsaid);
+}
+
+/// The second opinion of the run; empty cells without one.
+template <class Add>
+void add_safe(const run::CheckResult& result, Add add) {
+  const auto whole = [](std::size_t value) { return Cell(static_cast<std::int64_t>(value)); };
+  const store::SafeRow* worst =
+      result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
+  add("safe_over_1", result.safe ? whole(result.safe->over) : Cell());
+  add("safe_over_1_unsaid", result.safe ? whole(result.safe->unsaid) : Cell());
+  add("safe_ratio", worst != nullptr ? Cell(worst->safe) : Cell());
+  add("safe_code_ratio", worst != nullptr ? Cell(worst->code) : Cell());
+  add("safe_element", worst != nullptr ? whole(worst->element) : Cell());
+  add("safe_item", worst != nullptr ? Cell(std::string(item_name(worst->item))) : Cell());
+  add("safe_rules", worst != nullptr ? Cell(worst->rules) : Cell());
+  add("safe_combination", worst != nullptr ? whole(worst->combination) : Cell());
+  add("safe_fraction",
+      worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
+  add("remarks", whole(result.remarks.size()));
+}
+
+/// Number and name of the combination that governs; of an envelope for a state of it.
+std::pair<Cell, Cell> worst_combination(const model::Model& model,
+                                        const services::CheckSummary& summary) {
+  if (!summary.worst) return {};
+  const model::Number number = summary.worst->check.nLComb;
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
+  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
+}
+
+}  // namespace
+
+std::string summary_text(const model::Model& model, const run::CheckResult& result,
+                         const std::string& forces) {
+  const services::CheckSummary& summary = result.summary;
+  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
+  const auto add = [&out](std::string_view name, const std::string& value) {
+    out += fmt::format("  {:<14}{}\n", name, value);
+  };
+  add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
+  add("combinations", combinations_text(summary));
+  if (!forces.empty()) add("forces", forces);
+  add("checks",
+      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
+  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
+                          static_cast<double>(summary.checked_positions) / summary.seconds));
+  add("worst ratio", worst_text(model, summary));
+  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
+                            summary.elements_over_limit == 1 ? "" : "s"));
+  if (result.safe && result.safe->worst) {
+    add("safe ratio", safe_text(model, *result.safe->worst));
+    add("safe over 1", safe_over_text(*result.safe));
+  }
+  if (!result.remarks.empty()) out += remarks_text(result.remarks);
+  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
+  return out;
+}
+
+OutputTable summary_table(const model::Model& model, const run::CheckResult& result) {
+  const services::CheckSummary& summary = result.summary;
+  const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
+  OutputTable table;
+  std::vector<Cell> row;
+  const auto add = [&](const char* key, Cell value) {
+    table.columns.push_back({.key = key, .heading = key});
+    row.push_back(std::move(value));
+  };
+  add("outcome", std::string(outcome_name(summary.outcome)));
+  add("elements", whole(summary.elements));
+  add("checked_elements", whole(summary.checked_elements));
+  add("combinations", whole(summary.combinations));
+  add("checked_positions", whole(summary.checked_positions));
+  add("records", whole(summary.records));
+  add("seconds", summary.seconds);
+  add("elements_over_1", whole(summary.elements_over_limit));
+  const bool any = summary.worst.has_value();
+  add("worst_ratio", any ? Cell(summary.worst->check.Ratio()) : Cell());
+  add("worst_element", any ? whole(summary.worst->element) : Cell());
+  add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
+  add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
+  auto [combination, name] = worst_combination(model, summary);
+  add("worst_combination", std::move(combination));
+  add("worst_combination_name", std::move(name));
+  add("not_checked", whole(summary.not_checked.size()));
+  add_safe(result, add);
+  table.rows.push_back(std::move(row));
+  return table;
+}
+
+std::string forces_text(const forces::Summary& summary) {
+  if (summary.load_cases == 0) return "";
+  const auto plural = [](std::size_t count) { return count == 1 ? "" : "s"; };
+  const std::string accuracy = fmt::format("residual {:.1e}, forces certain to {:.1e}",
+                                           summary.residual, summary.force_error);
+  if (summary.second_order_analyses > 0) {
+    return fmt::format(
+        "{} second-order analys{}, at most {} iterations, {}", summary.second_order_analyses,
+        summary.second_order_analyses == 1 ? "is" : "es", summary.iterations, accuracy);
+  }
+  return fmt::format("linear analysis of {} load case{}, {}", summary.load_cases,
+                     plural(summary.load_cases), accuracy);
+}
+
+}  // namespace aluframe::tables

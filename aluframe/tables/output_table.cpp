@@ -1,0 +1,217 @@
+#include "aluframe/tables/output_table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "aluframe/services/run_monitor.h"
+#include "aluframe/services/text.h"
+
+namespace aluframe::tables {
+
+namespace {
+
+constexpr const char* red = "\x1b[31m";
+constexpr const char* plain = "\x1b[0m";
+
+std::string name_of_non_finite(double value) {
+  if (std::isnan(value)) return "nan";
+  return value > 0 ? "inf" : "-inf";
+}
+
+/// What rounds to zero has no sign: "-0.000" would look as if it meant something.
+std::string fixed(double value, int decimals) {
+  std::string text = fmt::format("{:.{}f}", value, decimals);
+  if (text.find_first_of("123456789") == std::string::npos) std::erase(text, '-');
+  return text;
+}
+
+struct TextOf {
+  const Column& column;
+  std::string operator()(std::monostate) const { return "-"; }
+  /// A name may hold a line break or an escape: neither may break the table or reach the terminal.
+  std::string operator()(std::string text) const {
+    std::ranges::replace_if(text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+    return text;
+  }
+  std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
+  std::string operator()(bool value) const { return value ? "yes" : "no"; }
+  std::string operator()(double value) const {
+    if (!std::isfinite(value)) return name_of_non_finite(value);
+    return column.is_scientific ? fmt::format("{:.1e}", value) : fixed(value, column.decimals);
+  }
+};
+
+struct CsvOf {
+  std::string operator()(std::monostate) const { return ""; }
+  std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
+  std::string operator()(bool value) const { return value ? "true" : "false"; }
+  std::string operator()(double value) const { return full_number(value); }
+  std::string operator()(const std::string& text) const {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+  }
+};
+
+struct JsonOf {
+  nlohmann::ordered_json operator()(std::monostate) const { return nullptr; }
+  nlohmann::ordered_json operator()(double value) const {
+    if (!std::isfinite(value)) return name_of_non_finite(value);
+    return value;
+  }
+  template <class Value>
+  nlohmann::ordered_json operator()(const Value& value) const {
+    return value;
+  }
+};
+
+/// Characters that take two columns of a terminal: Chinese, Japanese and Korean script, full-width
+/// forms, pictographs (Unicode, East Asian width).
+constexpr std::pair<wchar_t, wchar_t> wide_characters[] = {
+    {0x1100, 0x115F}, {0x2E80, 0x303E}, {0x3041, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},
+    {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}, {0x1F300, 0x1FAFF}, {0x20000, 0x3FFFD},
+};
+
+bool is_wide(wchar_t character) {
+  return std::ranges::any_of(wide_characters, [character](const auto& range) {
+    return range.first <= character && character <= range.second;
+  });
+}
+
+/// Columns of the screen that a UTF-8 text takes.
+std::size_t display_width(std::string_view text) {
+  const CString characters = services::to_wide(text);
+  std::size_t width = 0;
+  for (int i = 0; i < characters.GetLength(); ++i) width += is_wide(characters.GetAt(i)) ? 2 : 1;
+  return width;
+}
+
+std::string padded(const std::string& text, std::size_t width, bool to_left) {
+  const std::string blanks(width - std::min(width, display_width(text)), ' ');
+  return to_left ? text + blanks : blanks + text;
+}
+
+bool is_over(const Column& column, const Cell& cell) {
+  const double* ratio = std::get_if<double>(&cell);
+  return column.is_ratio && ratio != nullptr && services::exceeds_limit(*ratio);
+}
+
+void trim_right(std::string& line) {
+  line.erase(line.find_last_not_of(' ') + 1);
+}
+
+std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
+  std::vector<std::vector<std::string>> texts;
+  for (const auto& row : table.rows) {
+    auto& line = texts.emplace_back();
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line.push_back(std::visit(TextOf{table.columns[i]}, row[i]));
+    }
+  }
+  return texts;
+}
+
+std::vector<std::size_t> widths_of(const OutputTable& table,
+                                   const std::vector<std::vector<std::string>>& texts) {
+  std::vector<std::size_t> widths;
+  widths.reserve(table.columns.size());
+  for (const Column& column : table.columns) widths.push_back(display_width(column.heading));
+  for (const auto& line : texts) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      widths[i] = std::max(widths[i], display_width(line[i]));
+    }
+  }
+  return widths;
+}
+
+/// A column of texts stands to the left, one of numbers to the right.
+bool stands_left(const OutputTable& table, std::size_t column) {
+  return std::ranges::any_of(table.rows, [column](const auto& row) {
+    return std::holds_alternative<std::string>(row[column]);
+  });
+}
+
+}  // namespace
+
+std::optional<Format> parse_format(std::string_view name) {
+  if (name == "table") return Format::table;
+  if (name == "json") return Format::json;
+  if (name == "csv") return Format::csv;
+  return std::nullopt;
+}
+
+std::string full_number(double value) {
+  return std::isfinite(value) ? fmt::format("{:.17g}", value) : name_of_non_finite(value);
+}
+
+std::string to_text(const OutputTable& table, bool colour) {
+  const auto texts = texts_of(table);
+  const auto widths = widths_of(table, texts);
+  std::string out;
+  const auto add_line = [&](const auto& cell_text) {
+    std::string line;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      line += (i == 0 ? "" : "  ") + cell_text(i);
+    }
+    trim_right(line);
+    out += line + "\n";
+  };
+  std::vector<bool> left(table.columns.size());
+  for (std::size_t i = 0; i < left.size(); ++i) left[i] = stands_left(table, i);
+  add_line([&](std::size_t i) { return padded(table.columns[i].heading, widths[i], left[i]); });
+  add_line([&](std::size_t i) { return std::string(widths[i], '-'); });
+  for (std::size_t r = 0; r < texts.size(); ++r) {
+    add_line([&](std::size_t i) {
+      const std::string text = padded(texts[r][i], widths[i], left[i]);
+      return colour && is_over(table.columns[i], table.rows[r][i]) ? red + text + plain : text;
+    });
+  }
+  return out;
+}
+
+std::string to_csv(const OutputTable& table) {
+  std::string out;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    out += (i == 0 ? "" : ",") + CsvOf()(table.columns[i].key);
+  }
+  out += "\n";
+  for (const auto& row : table.rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      out += (i == 0 ? "" : ",") + std::visit(CsvOf(), row[i]);
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+std::string to_json(const OutputTable& table) {
+  std::string out = "[";
+  for (std::size_t r = 0; r < table.rows.size(); ++r) {
+    nlohmann::ordered_json object = nlohmann::ordered_json::object();
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      object[table.columns[i].key] = std::visit(JsonOf(), table.rows[r][i]);
+    }
+    out += (r == 0 ? "\n  " : ",\n  ") +
+           object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+  }
+  return out + (table.rows.empty() ? "]\n" : "\n]\n");
+}
+
+std::string render(const OutputTable& table, Format format, bool colour) {
+  switch (format) {
+    case Format::json:
+      return to_json(table);
+    case Format::csv:
+      return to_csv(table);
+    case Format::table:
+      break;
+  }
+  return to_text(table, colour);
+}
+
+}  // namespace aluframe::tables

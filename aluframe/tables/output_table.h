@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace aluframe::tables {
+
+enum class Format { table, json, csv };
+
+std::optional<Format> parse_format(std::string_view name);
+
+/// Nothing, a text, a whole number, a number or a truth value.
+using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+
+struct Column {
+  std::string key;             ///< name in JSON and CSV
+  std::string heading;         ///< name in a text table
+  int decimals = 3;            ///< of numbers in a text table
+  bool is_ratio = false;       ///< shown in red where it exceeds 1
+  bool is_scientific = false;  ///< "2.1e-14" in a text table
+};
+
+/// Rows for the user, printed in any of the formats.
+struct OutputTable {
+  std::vector<Column> columns;
+  std::vector<std::vector<Cell>> rows;
+};
+
+/// A number with 17 significant digits, "inf", "-inf" or "nan".
+std::string full_number(double value);
+
+/// Aligned columns; what holds nothing is shown as "-".
+std::string to_text(const OutputTable& table, bool colour);
+/// Comma-separated values with a header line; texts are quoted where they must be.
+std::string to_csv(const OutputTable& table);
+/// A list with one object a row; numbers that are not finite are texts.
+std::string to_json(const OutputTable& table);
+
+/// The table in one of the three formats.
+std::string render(const OutputTable& table, Format format, bool colour);
+
+}  // namespace aluframe::tables

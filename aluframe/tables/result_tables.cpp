@@ -1,0 +1,364 @@
+#include "aluframe/tables/result_tables.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/services/run_monitor.h"
+
+namespace aluframe::tables {
+
+namespace {
+
+constexpr std::array<std::string_view, kResultItems> item_names{
+    "strength",           "shear y", "shear z",       "stability",
+    "combined stability", "unused",  "slenderness y", "slenderness z"};
+
+/// Check items with a place in the tables: all but the one that no check fills.
+constexpr std::array shown_items{
+    RALU_STRENGTH,           RALU_SHEAR_Y,       RALU_SHEAR_Z,      RALU_STABILITY,
+    RALU_COMBINED_STABILITY, RALU_SLENDERNESS_Y, RALU_SLENDERNESS_Z};
+
+bool is_slenderness(int item) {
+  return item == RALU_SLENDERNESS_Y || item == RALU_SLENDERNESS_Z;
+}
+
+std::string heading_of(int item) {
+  switch (item) {
+    case RALU_COMBINED_STABILITY:
+      return "combined";
+    case RALU_SLENDERNESS_Y:
+      return "slender y";
+    case RALU_SLENDERNESS_Z:
+      return "slender z";
+    default:
+      return std::string(item_name(item));
+  }
+}
+
+/// The combination of the model; of a state its envelope.
+std::uint32_t number_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? number : found->state_of.value_or(number);
+}
+
+std::string name_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? "" : found->name;
+}
+
+/// "max", "min", or nothing for a combination with one side.
+Cell side_of(const store::RunInfo& info, std::uint32_t number, int min_side) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  if (found == info.combinations.end() || !found->two_sides) return {};
+  return std::string(min_side != 0 ? "min" : "max");
+}
+
+Cell whole(std::uint32_t value) {
+  return static_cast<std::int64_t>(value);
+}
+
+Cell text(std::string_view value) {
+  return std::string(value);
+}
+
+double shown(int item, double value, const ResultView& view) {
+  return is_slenderness(item) ? value : value * view.stress_scale;
+}
+
+/// The ratio, or nothing where the demand was not set against a limit.
+Cell ratio_cell(double demand, double capacity) {
+  if (!services::was_judged(demand, capacity)) return {};
+  return RaluRatio(demand, capacity);
+}
+
+std::vector<Cell> ratios_of(const T_RALU_SECT& position) {
+  std::vector<Cell> cells;
+  for (const int item : shown_items) {
+    const T_RALU_RLT& check = position.aItem[static_cast<std::size_t>(item)];
+    cells.push_back(ratio_cell(check.dDemand, check.dCapacity));
+  }
+  return cells;
+}
+
+bool is_empty(const std::vector<Cell>& cells) {
+  return std::ranges::all_of(
+      cells, [](const Cell& cell) { return std::holds_alternative<std::monostate>(cell); });
+}
+
+void add_ratio_columns(OutputTable& table) {
+  for (const int item : shown_items) {
+    table.columns.push_back({.key = std::string(item_name(item)) + " ratio",
+                             .heading = heading_of(item),
+                             .is_ratio = true});
+  }
+}
+
+void add_check_columns(OutputTable& table) {
+  table.columns.push_back({.key = "item", .heading = "check"});
+  table.columns.push_back({.key = "demand", .heading = "demand"});
+  table.columns.push_back({.key = "capacity", .heading = "capacity"});
+  table.columns.push_back({.key = "unit", .heading = "unit"});
+  table.columns.push_back({.key = "ratio", .heading = "ratio", .decimals = 4, .is_ratio = true});
+}
+
+void add_check(std::vector<Cell>& row, int item, double demand, double capacity,
+               const ResultView& view) {
+  row.push_back(text(item_name(item)));
+  row.push_back(shown(item, demand, view));
+  row.push_back(capacity == 0.0 ? Cell() : Cell(shown(item, capacity, view)));
+  row.push_back(is_slenderness(item) ? Cell() : Cell(view.stress_unit));
+  row.push_back(ratio_cell(demand, capacity));
+}
+
+/// The safe ratio and its rules; nothing for an element without a second opinion.
+void add_safe(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  const auto found = safe.find(element);
+  row.push_back(found == safe.end() ? Cell() : Cell(found->second.safe));
+  row.push_back(found == safe.end() || found->second.rules.empty() ? Cell()
+                                                                   : text(found->second.rules));
+}
+
+void add_safe_columns(OutputTable& table) {
+  for (const char* key : {"safe_ratio", "safe_rules", "safe_item", "safe_combination",
+                          "safe_fraction", "safe_from_start_mm"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+}
+
+void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  add_safe(row, safe, element);
+  const auto found = safe.find(element);
+  if (found == safe.end()) {
+    row.insert(row.end(), 4, Cell());
+    return;
+  }
+  const store::SafeRow& of = found->second;
+  row.push_back(text(item_name(of.item)));
+  row.push_back(whole(of.combination));
+  row.push_back(of.fraction ? Cell(*of.fraction) : Cell());
+  row.push_back(of.fraction ? Cell(of.from_start) : Cell());
+}
+
+}  // namespace
+
+std::string_view item_name(int item) {
+  return item_names.at(static_cast<std::size_t>(item));
+}
+
+std::string_view position_name(int position) {
+  constexpr std::array<std::string_view, kCheckPositions> names{"I", "1/4", "1/2", "3/4", "J"};
+  return position < 0 || position >= kCheckPositions ? "-"
+                                                     : names[static_cast<std::size_t>(position)];
+}
+
+std::string_view member_type_name(int type) {
+  switch (type) {
+    case 1:
+      return "column";
+    case 2:
+      return "beam";
+    case 3:
+      return "brace";
+    case 5:
+      return "truss";
+    default:
+      return "-";
+  }
+}
+
+std::string_view outcome_name(services::RunOutcome outcome) {
+  switch (outcome) {
+    case services::RunOutcome::complete:
+      return "complete";
+    case services::RunOutcome::nothing_to_check:
+      return "nothing to check";
+    case services::RunOutcome::cancelled:
+      return "cancelled";
+    case services::RunOutcome::failed:
+      break;
+  }
+  return "failed";
+}
+
+std::string short_number(double value) {
+  return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
+}
+
+std::string not_checked_text(const std::vector<store::NotChecked>& items) {
+  using Group = std::pair<std::string, std::optional<std::uint32_t>>;
+  std::map<Group, std::vector<model::Number>> groups;
+  for (const store::NotChecked& item : items) {
+    auto& elements = groups[{item.reason, item.combination}];
+    if (elements.empty() || elements.back() != item.element) elements.push_back(item.element);
+  }
+  std::string out = "  not checked\n";
+  for (auto& [group, elements] : groups) {
+    std::ranges::sort(elements);
+    const std::string combination =
+        group.second ? fmt::format(", combination {}", *group.second) : "";
+    out += fmt::format("    element {}{}: {}\n", model::join_as_ranges(elements), combination,
+                       group.first);
+  }
+  return out;
+}
+
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
+  std::string out = "  remarks\n";
+  for (const store::RemarkRow& remark : remarks) {
+    out += fmt::format("    {}", remark.kind);
+    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
+    out += ": " + remark.text;
+    if (remark.ratio) {
+      out += fmt::format("; second opinion {}", short_number(*remark.ratio));
+      if (remark.element) out += fmt::format(" (element {}", *remark.element);
+      if (remark.element && remark.combination) {
+        out += fmt::format(", combination {}", *remark.combination);
+      }
+      if (remark.element) out += ")";
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
+  const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
+  const std::string name = name_of_combination(info, row.combination);
+  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}{}",
+                     short_number(row.safe), item_name(row.item), rules, short_number(row.code),
+                     place_text(row), row.combination, name.empty() ? "" : " \"" + name + "\"");
+}
+
+std::string place_text(const store::SafeRow& row) {
+  if (!row.fraction) return "whole member";
+  for (int position = 0; position < kCheckPositions; ++position) {
+    if (*row.fraction * (kCheckPositions - 1) == position) {
+      return fmt::format("position {}", position_name(position));
+    }
+  }
+  return fmt::format("{:.0f} mm from the start ({:.3f} of the length)", row.from_start,
+                     *row.fraction);
+}
+
+OutputTable overview_table(const std::vector<run::ElementResult>& elements,
+                           const store::RunInfo& info, const SafeByElement& safe) {
+  OutputTable table;
+  table.columns = {{.key = "element", .heading = "element"}, {.key = "type", .heading = "type"}};
+  add_ratio_columns(table);
+  table.columns.push_back({.key = "ratio", .heading = "worst", .decimals = 4, .is_ratio = true});
+  table.columns.push_back({.key = "item", .heading = "check"});
+  table.columns.push_back({.key = "position", .heading = "pos"});
+  table.columns.push_back({.key = "combination", .heading = "comb"});
+  table.columns.push_back({.key = "name", .heading = "name"});
+  table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) {
+    table.columns.push_back({.key = "safe", .heading = "safe", .decimals = 4, .is_ratio = true});
+    table.columns.push_back({.key = "rules", .heading = "rules"});
+  }
+  for (const run::ElementResult& element : elements) {
+    std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
+    for (const int item : shown_items) {
+      const store::GoverningRow* check = element.find(item);
+      row.push_back(check == nullptr
+                        ? Cell()
+                        : ratio_cell(check->governing.dDemand, check->governing.dCapacity));
+    }
+    const store::GoverningRow& worst = element.worst();
+    row.push_back(ratio_cell(worst.governing.dDemand, worst.governing.dCapacity));
+    row.push_back(text(item_name(worst.item)));
+    row.push_back(text(position_name(worst.governing.nPos)));
+    row.push_back(whole(number_of_combination(info, worst.governing.nLComb)));
+    row.push_back(name_of_combination(info, worst.governing.nLComb));
+    row.push_back(side_of(info, worst.governing.nLComb, worst.governing.nMinSide));
+    if (!safe.empty()) add_safe(row, safe, element.element);
+    table.rows.push_back(std::move(row));
+  }
+  return table;
+}
+
+OutputTable governing_table(const std::vector<run::ElementResult>& elements,
+                            const store::RunInfo& info, const ResultView& view,
+                            const SafeByElement& safe) {
+  OutputTable table;
+  table.columns = {{.key = "element", .heading = "element"},
+                   {.key = "member_type", .heading = "type"}};
+  add_check_columns(table);
+  table.columns.push_back({.key = "position", .heading = "pos"});
+  table.columns.push_back({.key = "combination", .heading = "comb"});
+  table.columns.push_back({.key = "combination_name", .heading = "name"});
+  table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) add_safe_columns(table);
+  for (const run::ElementResult& element : elements) {
+    for (const store::GoverningRow& check : element.items) {
+      std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
+      add_check(row, check.item, check.governing.dDemand, check.governing.dCapacity, view);
+      row.push_back(text(position_name(check.governing.nPos)));
+      row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
+      row.push_back(name_of_combination(info, check.governing.nLComb));
+      row.push_back(side_of(info, check.governing.nLComb, check.governing.nMinSide));
+      if (!safe.empty()) add_safe_in_full(row, safe, element.element);
+      table.rows.push_back(std::move(row));
+    }
+  }
+  return table;
+}
+
+OutputTable position_ratios_table(const std::vector<store::StoredRecord>& records,
+                                  const store::RunInfo& info) {
+  OutputTable table;
+  table.columns = {{.key = "combination", .heading = "comb"},
+                   {.key = "name", .heading = "name"},
+                   {.key = "side", .heading = "side"},
+                   {.key = "position", .heading = "pos"}};
+  add_ratio_columns(table);
+  for (const store::StoredRecord& stored : records) {
+    if (stored.combination == 0) continue;
+    for (int p = 0; p < kCheckPositions; ++p) {
+      std::vector<Cell> ratios = ratios_of(stored.record.aSect[static_cast<std::size_t>(p)]);
+      if (is_empty(ratios)) continue;
+      std::vector<Cell> row{whole(number_of_combination(info, stored.combination)),
+                            name_of_combination(info, stored.combination),
+                            side_of(info, stored.combination, stored.min_side),
+                            text(position_name(p))};
+      row.insert(row.end(), ratios.begin(), ratios.end());
+      table.rows.push_back(std::move(row));
+    }
+  }
+  return table;
+}
+
+OutputTable all_checks_table(std::uint32_t element, const std::vector<store::StoredRecord>& records,
+                             const store::RunInfo& info, const ResultView& view) {
+  OutputTable table;
+  table.columns = {{.key = "element", .heading = "element"},
+                   {.key = "combination", .heading = "comb"},
+                   {.key = "combination_name", .heading = "name"},
+                   {.key = "side", .heading = "side"},
+                   {.key = "position", .heading = "pos"}};
+  add_check_columns(table);
+  for (const store::StoredRecord& stored : records) {
+    if (stored.combination == 0) continue;
+    for (int p = 0; p < kCheckPositions; ++p) {
+      for (const int item : shown_items) {
+        const T_RALU_RLT& check =
+            stored.record.aSect[static_cast<std::size_t>(p)].aItem[static_cast<std::size_t>(item)];
+        if (RaluIsEmpty(check.dDemand, check.dCapacity)) continue;
+        std::vector<Cell> row{
+            whole(element), whole(number_of_combination(info, stored.combination)),
+            name_of_combination(info, stored.combination),
+            side_of(info, stored.combination, stored.min_side), text(position_name(p))};
+        add_check(row, item, check.dDemand, check.dCapacity, view);
+        table.rows.push_back(std::move(row));
+      }
+    }
+  }
+  return table;
+}
+
+}  // namespace aluframe::tables
