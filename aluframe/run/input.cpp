@@ -7,6 +7,7 @@
 
 #include "aluframe/io/model_file.h"
 #include "aluframe/members/find_members.h"
+#include "aluframe/run/setup.h"
 
 namespace aluframe::run {
 
@@ -48,7 +49,8 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
 }  // namespace
 
 Result<Input> read_input(const InputOptions& options, const Selection& selection) {
-  auto read = io::read_model(options.model);
+  io::FileNotes notes;
+  auto read = io::read_model(options.model, &notes);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return Problem{problem->message()};
   Input input;
   input.file = options.model;
@@ -58,7 +60,13 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
     const auto rows = io::read_forces_csv(*options.forces, input.model);
     if (const auto* problem = std::get_if<io::Problem>(&rows)) return Problem{problem->message()};
   }
-  if (options.second_order) input.model.analysis.second_order = true;
+  const bool second_order = std::exchange(
+      input.model.analysis.second_order, input.model.analysis.second_order || options.second_order);
+  input.options = options;
+  input.setup =
+      setup_of(input.model, {.given_settings = notes.given_settings,
+                             .forces = options.forces,
+                             .second_order_asked = options.second_order && !second_order});
   input.digest = io::model_digest(input.model);
   if (const auto problem = limit(selection, input)) {
     return Problem{options.model.string() + ": " + *problem};

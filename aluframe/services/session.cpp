@@ -20,9 +20,12 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
                       .code = "GB 50429-2007",
                       .program = "aluframe",
                       .combinations = {},
-                      .model_digest = options.model_digest};
+                      .model_digest = options.model_digest,
+                      .setup = options.setup,
+                      .model_elements = static_cast<std::uint32_t>(model.elements.size())};
   for (const model::Combination& combination : model.combinations) {
     if (!combination.design) continue;
+    ++info.model_combinations;
     if (!options.combinations.empty() && !options.combinations.contains(combination.number)) {
       continue;
     }

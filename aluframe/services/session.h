@@ -47,6 +47,8 @@ struct SessionOptions {
   std::function<int(const std::string&, UINT)> message_box;
   /// Digest of the model and its forces, which goes into the result file; empty: none.
   std::string model_digest;
+  /// How the run was made, which goes into the result file too.
+  store::RunSetup setup;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };

@@ -14,7 +14,7 @@ namespace aluframe::store {
 /// Marks an SQLite file as a result file ("AluR").
 inline constexpr std::uint32_t application_id = 0x416C7552;
 /// Raised when an older program could misread the file.
-inline constexpr int format_version = 2;
+inline constexpr int format_version = 3;
 
 /// Item types as the table `governing` names them, by RALU_ITEM_TYPE.
 inline constexpr std::array<const char*, kResultItems> item_names = {

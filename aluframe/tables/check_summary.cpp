@@ -2,10 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <utility>
 
+#include "aluframe/tables/not_checked_tables.h"
+#include "aluframe/tables/output_table.h"
 #include "aluframe/tables/result_tables.h"
 
 namespace aluframe::tables {
@@ -21,9 +24,40 @@ std::string combination_text(const model::Model& model, const T_RALU_ITEM& check
                      check.nMinSide != 0 ? " (minimum side)" : "");
 }
 
-std::string combinations_text(const services::CheckSummary& summary) {
-  if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
-  return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
+/// "4 of 5 checked", and of how many in the model when the run is limited to some.
+std::string elements_text(const run::Input& input, const services::CheckSummary& summary) {
+  const std::string text =
+      fmt::format("{} of {} checked", summary.checked_elements, summary.elements);
+  return input.elements.empty()
+             ? text
+             : fmt::format("{}; the model has {}", text, input.model.elements.size());
+}
+
+std::size_t design_combinations(const model::Model& model) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      model.combinations,
+      [](const model::Combination& combination) { return combination.design; }));
+}
+
+std::string combinations_text(const run::Input& input, const services::CheckSummary& summary) {
+  std::string text = fmt::format("{}", summary.combinations);
+  if (summary.sides != summary.combinations) {
+    text += fmt::format(" ({} with both sides of envelopes)", summary.sides);
+  }
+  if (input.combinations.empty()) return text;
+  return fmt::format("{}; the model has {} for design", text, design_combinations(input.model));
+}
+
+/// "safety class 2, gamma0 1 (default)", a line a setting.
+std::string settings_text(const store::RunSetup& setup) {
+  std::string out;
+  for (const store::SettingRow& row : setup.settings) {
+    std::string name = row.key;
+    std::ranges::replace(name, '_', ' ');
+    out += fmt::format("  {:<14}{} {} ({})\n", out.empty() ? "settings" : "", name, row.value,
+                       row.origin);
+  }
+  return out;
 }
 
 std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
@@ -34,29 +68,8 @@ std::string worst_text(const model::Model& model, const services::CheckSummary& 
                      combination_text(model, worst.check));
 }
 
-}  // namespace
-
-std::string summary_text(const model::Model& model, const services::CheckSummary& summary,
-                         const std::string& forces) {
-  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
-  const auto add = [&out](std::string_view name, const std::string& value) {
-    out += fmt::format("  {:<14}{}\n", name, value);
-  };
-  add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
-  add("combinations", combinations_text(summary));
-  if (!forces.empty()) add("forces", forces);
-  add("checks",
-      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
-  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
-                          static_cast<double>(summary.checked_positions) / summary.seconds));
-  add("worst ratio", worst_text(model, summary));
-  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
-                            summary.elements_over_limit == 1 ? "" : "s"));
-  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
-  return out;
-}
-
-OutputTable summary_table(const services::CheckSummary& summary) {
+/// The run as a table of one row.
+OutputTable summary_table(const run::Input& input, const services::CheckSummary& summary) {
   const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
   OutputTable table;
   std::vector<Cell> row;
@@ -79,8 +92,65 @@ OutputTable summary_table(const services::CheckSummary& summary) {
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
   add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
   add("not_checked", whole(summary.not_checked.size()));
+  add("model_elements", whole(input.model.elements.size()));
+  add("model_combinations", whole(design_combinations(input.model)));
   table.rows.push_back(std::move(row));
   return table;
+}
+
+OutputTable settings_table(const store::RunSetup& setup) {
+  OutputTable table;
+  for (const char* key : {"key", "value", "from"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+  for (const store::SettingRow& row : setup.settings) {
+    table.rows.push_back({row.key, row.value, row.origin});
+  }
+  return table;
+}
+
+}  // namespace
+
+std::string summary_text(const run::Input& input, const services::CheckSummary& summary) {
+  const model::Model& model = input.model;
+  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
+  const auto add = [&out](std::string_view name, const std::string& value) {
+    out += fmt::format("  {:<14}{}\n", name, value);
+  };
+  out += settings_text(input.setup);
+  add("elements", elements_text(input, summary));
+  add("combinations", combinations_text(input, summary));
+  const std::string forces = forces_text(input.forces);
+  if (!forces.empty()) add("forces", forces);
+  add("checks",
+      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
+  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
+                          static_cast<double>(summary.checked_positions) / summary.seconds));
+  add("worst ratio", worst_text(model, summary));
+  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
+                            summary.elements_over_limit == 1 ? "" : "s"));
+  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
+  return out;
+}
+
+std::string summary_csv(const run::Input& input, const services::CheckSummary& summary) {
+  OutputTable table = summary_table(input, summary);
+  const auto add = [&table](const std::string& key, Cell value) {
+    table.columns.push_back({.key = key, .heading = key});
+    table.rows.front().push_back(std::move(value));
+  };
+  for (const store::SettingRow& row : input.setup.settings) {
+    add(row.key, row.value);
+    add(row.key + "_from", row.origin);
+  }
+  add("not_checked_reasons", not_checked_line(summary.not_checked));
+  return to_csv(table);
+}
+
+std::string summary_json(const run::Input& input, const services::CheckSummary& summary) {
+  return to_json_with(summary_table(input, summary),
+                      {{"settings", settings_table(input.setup)},
+                       {"not_checked_groups", not_checked_table(summary.not_checked)}});
 }
 
 std::string forces_text(const forces::Summary& summary) {

@@ -3,19 +3,18 @@
 #include <string>
 
 #include "aluframe/forces/compute_forces.h"
-#include "aluframe/model/model.h"
+#include "aluframe/run/input.h"
 #include "aluframe/services/check_run.h"
-#include "aluframe/tables/output_table.h"
 
 namespace aluframe::tables {
 
-/// The summary of a run for the user.
-/// `forces` tells how they were computed; empty: they were given.
-std::string summary_text(const model::Model& model, const services::CheckSummary& summary,
-                         const std::string& forces = "");
+/// The summary of a run for the user, with the settings that it went by.
+std::string summary_text(const run::Input& input, const services::CheckSummary& summary);
 
-/// The run as a table of one row, for JSON and CSV.
-OutputTable summary_table(const services::CheckSummary& summary);
+/// The run as one row of CSV, settings and what was not checked in columns of their own, or as a
+/// list of one JSON object, with both as lists in it.
+std::string summary_csv(const run::Input& input, const services::CheckSummary& summary);
+std::string summary_json(const run::Input& input, const services::CheckSummary& summary);
 
 /// "linear analysis of 4 load cases, residual 2.1e-14", for the user; empty: nothing was analysed.
 std::string forces_text(const forces::Summary& summary);

@@ -7,7 +7,7 @@
 #include "aluframe/run/check.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/check_summary.h"
-#include "aluframe/tables/result_tables.h"
+#include "aluframe/tables/not_checked_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
 
@@ -54,12 +54,12 @@ void print_outcome(const services::CheckSummary& summary) {
 void print_summary(const run::Input& input, const services::CheckSummary& summary,
                    const std::filesystem::path& results, tables::Format format) {
   if (format == tables::Format::table) {
-    fmt::print("{}", tables::summary_text(input.model, summary, tables::forces_text(input.forces)));
-    fmt::print("  {:<14}{}\n", "results", results.string());
-  } else {
-    fmt::print("{}", tables::render(tables::summary_table(summary), format, false));
-    if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
+    fmt::print("{}  {:<14}{}\n", tables::summary_text(input, summary), "results", results.string());
+    return;
   }
+  fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, summary)
+                                                  : tables::summary_csv(input, summary));
+  if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
 }
 
 }  // namespace
