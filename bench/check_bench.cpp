@@ -58,6 +58,8 @@ class KeepingWriter : public store::ResultWriter {
   }
   bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { return false; }
   void add_not_checked(const store::NotChecked&) override {}
+  void add_safe(const store::SafeRow&) override {}
+  void add_remark(const store::RemarkRow&) override {}
   void flush() override {}
   void finish(store::RunState) override {}
   std::uint64_t record_count() const override { return count_; }

@@ -8,7 +8,8 @@ What it cannot analyse it refuses; tools/frame_loads.py lists the loads that it 
 
 Signs (docs/sign-convention.md): local x from start to end, y parallel to the flanges, z up along
 the web; for an element that is not vertical z lies upwards in the vertical plane through the axis,
-for a vertical one y is the global Y direction; beta turns y and z about x, right-handed. N is
+for a vertical one y is the global Y direction; an orientation gives the side of z in their place;
+beta turns y and z about x, right-handed. N is
 positive in tension. My > 0 compresses the fibre on the positive z side (top), Mz > 0 the one on
 the positive y side, so dMy/dx = Fz and dMz/dx = Fy: a beam under gravity has Fz > 0 at its start
 and My > 0 in its span. Mx > 0 has its vector on the end face of the start piece along x.
@@ -50,7 +51,21 @@ def make_section(section: dict, unit: float) -> Section:
     return Section(Properties(found.area * unit**2, *inertias), ay, az)
 
 
-def make_bar(element: dict, nodes: dict[int, int], section: Section, material: dict) -> Bar:
+def reference_of(element: dict, nodes: dict[int, int],
+                 points: list[list[float]]) -> tuple[float, ...] | None:
+    """The global direction that the orientation of an element gives."""
+    if "orientation" not in element:
+        return None
+    orientation = element["orientation"]
+    if "vector" in orientation:
+        return tuple(orientation["vector"])
+    start, to = (points[find(nodes, node, "node")]
+                 for node in (element["nodes"][0], orientation["node"]))
+    return tuple(b - a for a, b in zip(start, to))
+
+
+def make_bar(element: dict, nodes: dict[int, int], points: list[list[float]], section: Section,
+             material: dict) -> Bar:
     e = material.get("e", 70000.0)
     releases = element.get("releases", {})
     released = tuple(
@@ -64,6 +79,7 @@ def make_bar(element: dict, nodes: dict[int, int], section: Section, material: d
         g=e / (2 * (1 + material.get("poisson", 0.3))),
         expansion=material.get("thermal_expansion", 2.3e-5),
         mass=material.get("density", 2.7e-6) * constants.area, beta=element.get("beta", 0.0),
+        reference=reference_of(element, nodes, points),
         truss=element.get("kind") == "truss", released=released)
 
 
@@ -83,12 +99,12 @@ def make_frame(model: dict) -> Frame:
     nodes = {node["number"]: place for place, node in enumerate(model["nodes"])}
     sections = {s["number"]: make_section(s, units.section) for s in model["sections"]}
     materials = by_number(model["materials"])
+    points = [[node[axis] * units.length for axis in "xyz"] for node in model["nodes"]]
     bars = [
-        make_bar(element, nodes, find(sections, element["section"], "section"),
+        make_bar(element, nodes, points, find(sections, element["section"], "section"),
                  find(materials, element["material"], "material"))
         for element in model["elements"]
     ]
-    points = [[node[axis] * units.length for axis in "xyz"] for node in model["nodes"]]
     return Frame(list(nodes), points, fixed_directions(model.get("supports", []), nodes), bars)
 
 

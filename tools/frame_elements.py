@@ -17,6 +17,9 @@ Matrix = list[list[float]]
 # A pivot this small against its own diagonal means that releases left nothing to hold the end.
 RELEASE_TOLERANCE = 1e-9
 
+# An axis that leaves the vertical by less than this part of its length is vertical.
+VERTICAL = 1e-3
+
 
 class FrameError(ValueError):
     """The frame or its loads cannot be analysed; the text says why, for the user."""
@@ -40,6 +43,7 @@ class Bar:
     ay: float = 0.0  # area that a shear force along y deforms, mm²; 0: rigid in shear
     az: float = 0.0  # the same along z
     beta: float = 0.0  # degrees, right-handed about x
+    reference: tuple[float, ...] | None = None  # global direction on whose side z lies
     truss: bool = False
     released: tuple[int, ...] = field(default=())  # places in the 12 end forces
 
@@ -60,16 +64,26 @@ def length_between(start: Vector, end: Vector) -> float:
     return math.sqrt(sum((b - a) ** 2 for a, b in zip(start, end)))
 
 
-def local_axes(start: Vector, end: Vector, beta: float) -> Matrix:
-    """Unit vectors of x, y, z as rows. Vertical: the axis leaves the vertical by less than 1e-6."""
+def side_of_z(x: Vector, reference: tuple[float, ...] | None) -> Vector:
+    """A direction whose part across the axis x is that of z before beta."""
+    if reference is not None:
+        return list(reference)
+    if math.hypot(x[0], x[1]) >= VERTICAL:
+        return [0.0, 0.0, 1.0]
+    return cross(x, [0.0, 1.0, 0.0])  # vertical: y is global Y
+
+
+def local_axes(start: Vector, end: Vector, bar: Bar) -> Matrix:
+    """Unit vectors of x, y, z of an element between two points, as rows."""
     length = length_between(start, end)
     x = [(b - a) / length for a, b in zip(start, end)]
-    flat = math.hypot(x[0], x[1])
-    y = [0.0, 1.0, 0.0] if flat < 1e-6 else [-x[1] / flat, x[0] / flat, 0.0]
+    y = cross(side_of_z(x, bar.reference), x)
+    width = math.hypot(*y)
+    if bar.reference is not None and width < VERTICAL * math.hypot(*bar.reference):
+        raise FrameError(f"element {bar.number}: its orientation lies along its axis")
+    y = [value / width for value in y]
     z = cross(x, y)
-    if flat < 1e-6:
-        y = cross(z, x)
-    c, s = math.cos(math.radians(beta)), math.sin(math.radians(beta))
+    c, s = math.cos(math.radians(bar.beta)), math.sin(math.radians(bar.beta))
     return [
         x,
         [c * b + s * d for b, d in zip(y, z)],

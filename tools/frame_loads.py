@@ -53,7 +53,7 @@ def along_local(frame: Frame, bar: Bar, load: dict, value: float) -> list[float]
     start, end = frame.points[bar.start], frame.points[bar.end]
     if load.get("projected", False):
         value *= seen_along(start, end, "XYZ".index(direction))
-    return [value * axis["XYZ".index(direction)] for axis in local_axes(start, end, bar.beta)]
+    return [value * axis["XYZ".index(direction)] for axis in local_axes(start, end, bar)]
 
 
 def seen_along(start: list[float], end: list[float], axis: int) -> float:

@@ -85,7 +85,7 @@ def make_element(frame: Frame, place: int, cases: list[Loads]) -> Element:
     clamped = [clamped_forces(bar, length, span) for span in spans]
     condense(bar, stiffness, clamped)
     places = [6 * node + i for node in (bar.start, bar.end) for i in range(6)]
-    return Element(bar, length, local_axes(start, end, bar.beta), places, clamped, stiffness)
+    return Element(bar, length, local_axes(start, end, bar), places, clamped, stiffness)
 
 
 def number_unknowns(frame: Frame, elements: list[Element]) -> dict[int, int]:

@@ -2,7 +2,8 @@
 
 Sections are taken as sharp-cornered rectangles: corner radii are neglected. y is parallel to the
 flanges, z runs up the web; the product of inertia is neglected, so y and z are taken as principal
-axes. Torsion is that of thin walls along their middle lines. Lengths are in the unit of the dimensions.
+axes. Open sections twist by their rectangles with free ends (Roark) and the junctions of webs and flanges (El
+Darwish and Johnston); boxes by Bredt's formula. Lengths are in the unit of the dimensions.
 """
 
 import math
@@ -33,9 +34,44 @@ class Plate:
         return self.width * self.height
 
 
-def open_torsion(*walls: tuple[float, float]) -> float:
-    """Σ l·t³/3 of thin walls, each the length of its middle line and its thickness."""
-    return sum(length * thickness**3 / 3 for length, thickness in walls)
+def rectangle(length: float, thickness: float, ends: int) -> float:
+    """Torsion constant of a rectangle with some of its two short sides free, the others joined."""
+    b, t = max(length, thickness), min(length, thickness)
+    return b * t**3 * (1 / 3 - ends * 0.105 * t / b * (1 - t**4 / (12 * b**4)))
+
+
+def junction(t: float, w: float) -> float:
+    """What a web w thick adds where it meets the middle of a flange t thick, w not above t."""
+    alpha = max(0.0, -0.042 + 0.2204 * w / t - 0.0725 * (w / t) ** 2)
+    return alpha * ((t**2 + w**2 / 4) / t) ** 4
+
+
+def web_in_the_middle(depth: float, tw: float, flanges: list[tuple[float, float]],
+                      free_ends: int) -> float:
+    """H and T: a thicker web runs through the flange, and leaves of the junction what equal plates have
+    beyond two crossing rectangles."""
+    web, total = depth - sum(t for _, t in flanges), 0.0
+    for width, t in flanges:
+        total += rectangle(width, t, 2)
+        if tw > t:
+            total += junction(t, t) - (1 / 3 - 0.105) * t**4
+            web, free_ends = web + t, free_ends + 1
+        else:
+            total += junction(t, tw)
+    return total + rectangle(web, tw, free_ends)
+
+
+def web_at_the_edge(depth: float, tw: float, flanges: list[tuple[float, float]]) -> float:
+    """C: in each corner the thicker plate is whole, the other one starts at its middle line."""
+    web, free_ends, total = depth - sum(t for _, t in flanges), 0, 0.0
+    for width, t in flanges:
+        if tw > t:
+            total += rectangle(width - tw / 2, t, 1)
+            web, free_ends = web + t, free_ends + 1
+        else:
+            total += rectangle(width, t, 2)
+            web += t / 2
+    return total + rectangle(web, tw, free_ends)
 
 
 def of_plates(plates: list[Plate], it: float) -> Properties:
@@ -55,7 +91,7 @@ def i_shape(d: dict[str, float]) -> Properties:
         Plate(d["B1"], d["tf1"], 0, d["H"] - d["tf1"] / 2),
         Plate(d["tw"], web, 0, tf2 + web / 2),
         Plate(b2, tf2, 0, tf2 / 2),
-    ], open_torsion((d["B1"], d["tf1"]), (b2, tf2), (d["H"] - (d["tf1"] + tf2) / 2, d["tw"])))
+    ], web_in_the_middle(d["H"], d["tw"], [(d["B1"], d["tf1"]), (b2, tf2)], 0))
 
 
 def channel(d: dict[str, float]) -> Properties:
@@ -65,8 +101,7 @@ def channel(d: dict[str, float]) -> Properties:
         Plate(d["B1"], d["tf1"], d["B1"] / 2, d["H"] - d["tf1"] / 2),
         Plate(d["tw"], web, half, tf2 + web / 2),
         Plate(b2, tf2, b2 / 2, tf2 / 2),
-    ], open_torsion((d["B1"] - half, d["tf1"]), (b2 - half, tf2),
-                    (d["H"] - (d["tf1"] + tf2) / 2, d["tw"])))
+    ], web_at_the_edge(d["H"], d["tw"], [(d["B1"], d["tf1"]), (b2, tf2)]))
 
 
 def tee(d: dict[str, float]) -> Properties:
@@ -74,7 +109,7 @@ def tee(d: dict[str, float]) -> Properties:
     return of_plates([
         Plate(d["B"], d["tf"], 0, d["H"] - d["tf"] / 2),
         Plate(d["tw"], web, 0, web / 2),
-    ], open_torsion((d["B"], d["tf"]), (d["H"] - d["tf"] / 2, d["tw"])))
+    ], web_in_the_middle(d["H"], d["tw"], [(d["B"], d["tf"])], 1))
 
 
 def box(d: dict[str, float]) -> Properties:
@@ -102,8 +137,7 @@ def double_channel(d: dict[str, float]) -> Properties:
             Plate(tw, web, web_y, tf + web / 2),
             Plate(d["B"], tf, flange_y, tf / 2),
         ]
-    flange = (d["B"] - tw / 2, tf)
-    return of_plates(plates, 2 * open_torsion(flange, flange, (d["H"] - tf, tw)))
+    return of_plates(plates, 2 * web_at_the_edge(d["H"], tw, [(d["B"], tf), (d["B"], tf)]))
 
 
 def round_shape(outer: float, inner: float) -> Properties:

@@ -2,6 +2,7 @@
 
 #include "aluframe/analysis/input_check.h"
 #include "aluframe/analysis/linear_answer.h"
+#include "aluframe/analysis/linear_refinement.h"
 #include "aluframe/analysis/mechanism.h"
 #include "aluframe/analysis/stiff_equations.h"
 
@@ -89,14 +90,19 @@ Result<Solution> Run::recover(const Options& options) {
   clamped_ = {};
   Solution solution;
   solution.effort = effort_;
+  LinearRefinement refinement(frame_, geometry_, equations_);
   for (std::size_t i = 0; i < cases_.size(); ++i) {
     // Gives its memory back to the next case.
     CaseRecovery recovery = std::move(recoveries[i]);
     auto result =
         recovery.finish(equations_, cases_[i], loads_[i], geometry_, sizes_[i], Order::first);
+    if (const auto* first = std::get_if<CaseResult>(&result);
+        first && needs_refinement(first->equilibrium)) {
+      result = refinement.refine(*first, cases_[i], loads_[i], sizes_[i]);
+    }
     if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
     solution.cases.push_back(std::get<CaseResult>(std::move(result)));
-    if (auto problem = find_imbalance(solution.cases.back(), i, options.residual_limit)) {
+    if (auto problem = find_imbalance(solution.cases.back(), i, options)) {
       return std::move(*problem);
     }
   }

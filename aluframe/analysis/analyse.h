@@ -9,8 +9,11 @@
 namespace aluframe::analysis {
 
 struct Options {
-  /// Share of the loads that may stay unbalanced; a case above it has no result.
+  /// Share of the largest force that may stay unbalanced at a node, and of all loads and reactions
+  /// in the whole frame; a case above it has no result.
   double residual_limit = 1e-8;
+  /// Estimated error of the forces, as a share of the largest; a case above it has no result.
+  double error_limit = 1e-6;
 };
 
 /// What the solution of the equations took.

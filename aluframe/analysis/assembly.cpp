@@ -126,6 +126,7 @@ StiffnessSource elastic_source(const Frame& frame, std::span<const Geometry> geo
     const Element& element = frame.elements[place];
     stiffness.condensed = elastic_stiffness(element, geometry[place].length);
     stiffness.unreleased = stiffness.condensed.diagonal();
+    stiffness.turned.setZero();
     Releases::condense(element.released, stiffness.condensed);
   };
 }

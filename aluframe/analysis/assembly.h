@@ -13,6 +13,9 @@ namespace aluframe::analysis {
 struct ElementStiffness {
   Matrix12 condensed;   ///< with its releases
   Vector12 unreleased;  ///< diagonal as if nothing were released; also without axial forces
+  /// End forces per radian that the element turns as a whole, positive as dw/dx in both planes:
+  /// what its axial force exerts; with its releases. 0 in first order.
+  Vector12 turned;
 };
 
 /// Gives the stiffness of the element at a place.

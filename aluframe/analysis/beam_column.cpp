@@ -15,6 +15,8 @@ void BeamColumn::add_beam(const Element& element, const ElementLoads& loads,
   add_spring(3, s.g * s.it / loads.length, k);
   add_plane(places_y, chain_y_->stiffness(), k);
   add_plane(places_z, chain_z_->stiffness(), k);
+  add_plane(places_y, chain_y_->turned(), stiffness_.turned);
+  add_plane(places_z, chain_z_->turned(), stiffness_.turned);
   Vector12& held = clamped_.unreleased;
   for (const PlanePlaces* places : {&places_y, &places_z}) {
     for (const int place : places->place) held[place] = 0.0;
@@ -24,7 +26,11 @@ void BeamColumn::add_beam(const Element& element, const ElementLoads& loads,
 }
 
 void BeamColumn::add_string(const ElementLoads& loads, double force) {
-  for (const int place : {1, 2}) add_spring(place, force / loads.length, stiffness_.condensed);
+  for (const int place : {1, 2}) {
+    add_spring(place, force / loads.length, stiffness_.condensed);
+    stiffness_.turned[place] = -force;
+    stiffness_.turned[place + 6] = force;
+  }
 }
 
 std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLoads& loads,
@@ -32,6 +38,7 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
   BeamColumn column;
   const Matrix12 elastic = elastic_stiffness(element, loads.length);
   column.stiffness_.unreleased = elastic.diagonal();
+  column.stiffness_.turned.setZero();
   column.clamped_.unreleased = clamped_forces(element, loads);
   if (element.kind == ElementKind::truss) {
     column.stiffness_.condensed = elastic;
@@ -46,6 +53,7 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
       Releases::condense(element.released, column.stiffness_.condensed, &column.negative_pivots_);
   if (!column.releases_) return std::nullopt;
   column.releases_->condense_forces(column.clamped_.condensed);
+  column.releases_->condense_forces(column.stiffness_.turned);
   return column;
 }
 
@@ -69,9 +77,16 @@ ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loa
   const Vector12 own = stiffness_.unreleased.cwiseProduct(displacements);
   answer.magnitude =
       magnitude_of(EndSizes::of(own), EndSizes::of(clamped_.unreleased), loads.length);
-  answer.sections = section_forces(element.kind, answer.end_forces, loads);
-  add_bowing(displacements, answer.sections);
+  answer.sections = sections(element, loads, displacements, answer.end_forces);
   return answer;
+}
+
+FivePositions BeamColumn::sections(const Element& element, const ElementLoads& loads,
+                                   const Vector12& displacements,
+                                   const Vector12& end_forces) const {
+  FivePositions sections = section_forces(element.kind, end_forces, loads);
+  add_bowing(displacements, sections);
+  return sections;
 }
 
 PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads) {

@@ -25,6 +25,9 @@ class BeamColumn {
   /// Forces under the displacements of its nodes, local axes.
   ElementAnswer answer(const Element& element, const ElementLoads& loads,
                        const Vector12& displacements) const;
+  /// Forces at the five positions where the end forces are known.
+  FivePositions sections(const Element& element, const ElementLoads& loads,
+                         const Vector12& displacements, const Vector12& end_forces) const;
 
  private:
   void add_beam(const Element& element, const ElementLoads& loads, const PieceForces& forces);

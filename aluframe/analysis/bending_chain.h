@@ -28,6 +28,8 @@ class BendingChain {
 
   const Matrix4& stiffness() const { return stiffness_; }  ///< of the two ends
   const Vector4& clamped() const { return held_; }         ///< end forces of the clamped element
+  /// End forces of the element turned as a whole by a slope of 1.
+  const Vector4& turned() const { return turned_; }
   /// Negative pivots of the inner nodes: the element buckles between ends that stand still.
   int negative_pivots() const { return negative_pivots_; }
 
@@ -50,7 +52,7 @@ class BendingChain {
   PieceForces forces_;
   Matrix4 stiffness_;
   Vector4 held_;
-  Vector4 turned_;  ///< end forces of the element turned as a rigid body by a slope of 1
+  Vector4 turned_;
   std::array<Eliminated, pieces - 1> inner_;
   int negative_pivots_ = 0;
 };

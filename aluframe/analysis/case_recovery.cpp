@@ -57,6 +57,21 @@ void clear_below(const Norms& limits, Vector6& six) {
   }
 }
 
+/// Sets forces to zero that are noise in the case or in their element.
+/// @return the largest force and moment of any element
+Norms remove_noise(const Norms& of_case, std::vector<ElementForces>& forces) {
+  Norms largest;
+  for (ElementForces& element : forces) {
+    float* const sections = element.front().data();
+    const Norms own = largest_of(sections);
+    largest = {std::max(largest.force, own.force), std::max(largest.moment, own.moment)};
+    clear_below({std::max(of_case.force, noise_in_element * own.force),
+                 std::max(of_case.moment, noise_in_element * own.moment)},
+                sections);
+  }
+  return largest;
+}
+
 Problem too_large() {
   return {Problem::Kind::equilibrium, "the forces are too large to compute with", std::nullopt,
           std::nullopt};
@@ -80,24 +95,19 @@ std::vector<Vector6> by_node(const NodeValues& values) {
 
 }  // namespace
 
-CaseRecovery::CaseRecovery(const Frame& frame, NodeValues displacements)
+CaseRecovery::CaseRecovery(const Frame& frame, NodeValues displacements, double error)
     : frame_(frame),
       displacements_(std::move(displacements)),
       held_(displacements_.size(), 0.0),
-      forces_(frame.elements.size()) {}
+      forces_(frame.elements.size()),
+      error_(error) {}
 
-void CaseRecovery::remove_noise(CaseResult& result) const {
-  const double force = noise_in_case * largest_.force;
-  const double moment = std::max(noise_in_case * largest_.moment,
-                                 noise_over_extent * largest_.force * extent_of(frame_).size);
-  for (ElementForces& element : result.forces) {
-    float* const sections = element.front().data();
-    const Norms own = largest_of(sections);
-    clear_below({std::max(force, noise_in_element * own.force),
-                 std::max(moment, noise_in_element * own.moment)},
-                sections);
-  }
-  for (Reaction& reaction : result.reactions) clear_below({force, moment}, reaction.value);
+/// Forces and moments of the case up to which they may be rounding.
+Norms CaseRecovery::noise() const {
+  const double uncertain = std::max(noise_in_case, error_);
+  return {uncertain * largest_.force,
+          std::max(uncertain * largest_.moment,
+                   noise_over_extent * largest_.force * extent_of(frame_).size)};
 }
 
 std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
@@ -139,13 +149,16 @@ Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCa
   CaseResult result;
   result.displacements = by_node(displacements_);
   result.reactions = reactions(equations, nodal);
-  result.equilibrium =
-      check_equilibrium({frame_, equations, geometry, nodal, size, held_, displacements_}, loads,
-                        result.reactions, order);
-  // Sums of moments overflow before forces do.
-  if (!std::isfinite(result.equilibrium.nodes + result.equilibrium.whole)) return too_large();
   result.forces = std::move(forces_);
-  remove_noise(result);
+  const Norms limit = noise(), inside = remove_noise(limit, result.forces);
+  const Norms largest{std::max(size.force, inside.force), std::max(size.moment, inside.moment)};
+  Equilibrium& found = result.equilibrium;
+  found = check_equilibrium({frame_, equations, geometry, nodal, largest, held_, displacements_},
+                            loads, result.reactions, order);
+  found.force_error = std::max(error_, found.force_error);
+  // Sums of moments overflow before forces do.
+  if (!std::isfinite(found.nodes + found.whole + found.force_error)) return too_large();
+  for (Reaction& reaction : result.reactions) clear_below(limit, reaction.value);
   return result;
 }
 

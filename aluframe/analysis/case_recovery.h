@@ -19,7 +19,8 @@ enum class Order { first, second };
 class CaseRecovery {
  public:
   /// @param displacements of all nodes, prescribed ones included
-  CaseRecovery(const Frame& frame, NodeValues displacements);
+  /// @param error of the forces, known from their refinement, as a share of the largest
+  CaseRecovery(const Frame& frame, NodeValues displacements, double error = 0.0);
 
   Vector12 displacements_of(const Element& element) const {
     return at_ends(element, displacements_);
@@ -36,13 +37,14 @@ class CaseRecovery {
                             const Norms& size, Order order);
 
  private:
-  void remove_noise(CaseResult& result) const;
+  Norms noise() const;
   std::vector<Reaction> reactions(const Equations& equations, const NodeValues& nodal) const;
 
   const Frame& frame_;
   NodeValues displacements_;
   NodeValues held_;  // what the elements take from each node
   std::vector<ElementForces> forces_;
+  double error_;
   Norms largest_;  // of the sums that end forces are made of: what rounding is measured by
 };
 

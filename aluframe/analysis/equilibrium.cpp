@@ -7,24 +7,25 @@ namespace aluframe::analysis {
 
 namespace {
 
-/// Largest share of the loads, forces and moments made comparable by a length.
-double share(const Norms& unbalanced, const Norms& loads, double length) {
-  const double force = std::max(loads.force, loads.moment / length);
-  const auto part = [](double value, double whole) { return value == 0.0 ? 0.0 : value / whole; };
-  const double of_forces = part(unbalanced.force, force);
-  const double of_moments = part(unbalanced.moment, force * length);
-  // What is not a number is the worst.
-  return of_forces > of_moments || std::isnan(of_forces) ? of_forces : of_moments;
-}
-
 double longest(std::span<const Geometry> geometry) {
   double length = 0.0;
   for (const Geometry& g : geometry) length = std::max(length, g.length);
   return length;
 }
 
+/// Forces and moments of many nodes: the largest, and the roots of the sums of squares.
+struct Rest {
+  Norms largest, together;
+
+  void include(std::size_t direction, double value) {
+    largest.include(direction, value);
+    (direction < 3 ? together.force : together.moment) += value * value;
+  }
+  void finish() { together = {std::sqrt(together.force), std::sqrt(together.moment)}; }
+};
+
 /// What is left over at the nodes' free directions.
-Norms unbalanced_nodes(const Balance& b) {
+Rest unbalanced_nodes(const Balance& b) {
   NodeValues rest = b.held;
   for (const Spring& spring : b.frame.springs) {
     for (std::size_t i = 0; i < 6; ++i) {
@@ -32,15 +33,16 @@ Norms unbalanced_nodes(const Balance& b) {
       rest[place] += spring.stiffness[i] * b.displacements[place];
     }
   }
-  Norms norms;
+  Rest unbalanced;
   for (std::size_t node = 0; node < b.frame.nodes.size(); ++node) {
     const int* equations = b.equations.of_node(node);
     for (std::size_t i = 0; i < 6; ++i) {
       const std::size_t place = 6 * node + i;
-      if (equations[i] >= 0) norms.include(i, rest[place] - b.nodal[place]);
+      if (equations[i] >= 0) unbalanced.include(i, rest[place] - b.nodal[place]);
     }
   }
-  return norms;
+  unbalanced.finish();
+  return unbalanced;
 }
 
 Eigen::Vector3d position(const Node& node) {
@@ -85,6 +87,20 @@ Extent extent_of(const Frame& frame) {
   return {box.center(), box.diagonal().norm()};
 }
 
+Lengths lengths_of(const Frame& frame, std::span<const Geometry> geometry) {
+  return {longest(geometry), extent_of(frame).size};
+}
+
+double share(const Norms& part, const Norms& whole, const Lengths& lengths) {
+  const auto share_of = [](double value, double all) { return value == 0.0 ? 0.0 : value / all; };
+  const double of_forces =
+      share_of(part.force, std::max(whole.force, whole.moment / lengths.extent));
+  const double of_moments =
+      share_of(part.moment, std::max(whole.moment, whole.force * lengths.longest));
+  // What is not a number is the worst.
+  return of_forces > of_moments || std::isnan(of_forces) ? of_forces : of_moments;
+}
+
 Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
                               std::span<const Reaction> reactions, Order order) {
   if (b.frame.elements.empty()) return {};
@@ -104,8 +120,13 @@ Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
     const Eigen::Matrix3d back = b.geometry[i].axes.transpose();
     sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);
   }
-  return {share(unbalanced_nodes(b), b.size, longest(b.geometry)),
-          share(sum.net(order), sum.gross(b.size), extent.size)};
+  const Rest rest = unbalanced_nodes(b);
+  const Lengths lengths{longest(b.geometry), extent.size};
+  const Norms through_frame{rest.together.force,
+                            rest.together.moment + extent.size * rest.together.force};
+  return {share(rest.largest, b.size, lengths),
+          share(sum.net(order), sum.gross(b.size), {extent.size, extent.size}),
+          share(through_frame, b.size, lengths)};
 }
 
 }  // namespace aluframe::analysis

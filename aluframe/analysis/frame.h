@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// Analysis of three-dimensional frames: straight prismatic elements, small displacements, linear
@@ -12,6 +13,11 @@ namespace aluframe::analysis {
 
 using Vector3 = std::array<double, 3>;  ///< along X, Y, Z
 using Vector6 = std::array<double, 6>;  ///< along X, Y, Z, then about X, Y, Z (right-handed)
+
+/// A direction that leaves another by less than this part of its length counts as parallel to it:
+/// an element's axis as vertical, a reference direction as one that says nothing. Coordinates
+/// rounded to a millimetre turn an element of a metre by as much.
+inline constexpr double parallel_limit = 1e-3;
 
 /// Number that the user knows a node or an element by; messages name it.
 using Number = std::uint32_t;
@@ -46,6 +52,8 @@ struct Element {
   std::size_t start = 0, end = 0;  ///< places in Frame::nodes
   Stiffness stiffness;
   double beta = 0.0;  ///< degrees, turns y and z about x
+  /// Global direction on whose side z lies, of any length; not parallel to the axis.
+  std::optional<Vector3> reference = std::nullopt;
   ElementKind kind = ElementKind::beam;
   std::array<bool, 12> released{};
   double density = 0.0;    ///< kg/mm³, for self-weight

@@ -97,6 +97,9 @@ std::optional<Problem> check_element(const Frame& frame, std::size_t place) {
   for (const double value : {element.beta, element.density, element.expansion}) {
     if (!std::isfinite(value)) return at_element(frame, place, "a number of it is not finite");
   }
+  if (element.reference && !(reference_sine(a, b, *element.reference) >= parallel_limit)) {
+    return at_element(frame, place, "its reference direction lies along its axis");
+  }
   return check_releases(frame, place, length);
 }
 

@@ -7,24 +7,30 @@ namespace aluframe::analysis {
 
 namespace {
 
-/// An axis that leaves the vertical by less than this part of its length is vertical.
-constexpr double vertical_limit = 1e-6;
+Eigen::Vector3d span_of(const Node& start, const Node& end) {
+  return {end.x - start.x, end.y - start.y, end.z - start.z};
+}
 
-Eigen::Vector3d horizontal_normal(const Eigen::Vector3d& x) {
+Eigen::Vector3d default_y(const Eigen::Vector3d& x) {
   const double flat = std::hypot(x.x(), x.y());
-  if (flat >= vertical_limit) return {-x.y() / flat, x.x() / flat, 0.0};
-  // Global Y made perpendicular to an axis that is vertical but for the tolerance.
+  if (flat >= parallel_limit) return {-x.y() / flat, x.x() / flat, 0.0};
   return (Eigen::Vector3d::UnitY() - x.y() * x).normalized();
+}
+
+/// Square to the plane of the axis and the direction that z leans to.
+Eigen::Vector3d y_beside(const Vector3& reference, const Eigen::Vector3d& x) {
+  return Eigen::Vector3d::Map(reference.data()).stableNormalized().cross(x).normalized();
 }
 
 }  // namespace
 
-Geometry geometry_between(const Node& start, const Node& end, double beta) {
-  const Eigen::Vector3d span(end.x - start.x, end.y - start.y, end.z - start.z);
+Geometry geometry_between(const Node& start, const Node& end, double beta,
+                          const std::optional<Vector3>& reference) {
+  const Eigen::Vector3d span = span_of(start, end);
   Geometry geometry;
   geometry.length = span.stableNorm();
   const Eigen::Vector3d x = span / geometry.length;
-  const Eigen::Vector3d y = horizontal_normal(x);
+  const Eigen::Vector3d y = reference ? y_beside(*reference, x) : default_y(x);
   const Eigen::Vector3d z = x.cross(y);
   const double angle = beta * std::numbers::pi / 180.0;
   geometry.axes.row(0) = x;
@@ -33,12 +39,17 @@ Geometry geometry_between(const Node& start, const Node& end, double beta) {
   return geometry;
 }
 
+double reference_sine(const Node& start, const Node& end, const Vector3& reference) {
+  const Eigen::Vector3d x = span_of(start, end).stableNormalized();
+  return Eigen::Vector3d::Map(reference.data()).stableNormalized().cross(x).norm();
+}
+
 std::vector<Geometry> element_geometry(const Frame& frame) {
   std::vector<Geometry> geometry;
   geometry.reserve(frame.elements.size());
   for (const Element& element : frame.elements) {
-    geometry.push_back(
-        geometry_between(frame.nodes[element.start], frame.nodes[element.end], element.beta));
+    geometry.push_back(geometry_between(frame.nodes[element.start], frame.nodes[element.end],
+                                        element.beta, element.reference));
   }
   return geometry;
 }

@@ -11,10 +11,16 @@ struct Geometry {
   Axes axes = Axes::Identity();
 };
 
-/// Geometry of an element between two nodes that lie apart. z lies in the vertical plane through
-/// the axis and points upwards; a vertical element (off the vertical by less than 1e-6 of its
-/// length) has y along global Y. `beta`, degrees, then turns y and z about x, right-handed.
-Geometry geometry_between(const Node& start, const Node& end, double beta);
+/// Geometry of an element between two nodes that lie apart. z lies in the plane of the axis and the
+/// `reference` direction, on its side (reference_sine must be parallel_limit or more). Without one
+/// z lies in the vertical plane through the axis and points upwards; a vertical element (its axis
+/// leaves the vertical by less than parallel_limit of its length) has y along global Y, made
+/// perpendicular to the axis. `beta`, degrees, then turns y and z about x, right-handed.
+Geometry geometry_between(const Node& start, const Node& end, double beta,
+                          const std::optional<Vector3>& reference = std::nullopt);
+
+/// Sine of the angle between an element's axis and a reference direction; 0 for one without length.
+double reference_sine(const Node& start, const Node& end, const Vector3& reference);
 
 /// Geometry of every element of the frame.
 std::vector<Geometry> element_geometry(const Frame& frame);

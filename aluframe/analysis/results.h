@@ -46,8 +46,13 @@ struct Reaction {
 /// How well a solution balances the loads. Moments are compared with forces through lengths of the
 /// frame.
 struct Equilibrium {
-  double nodes = 0.0;  ///< largest unbalanced force of any node over the largest load
+  /// Largest unbalanced force of any node over the largest load or element force.
+  double nodes = 0.0;
   double whole = 0.0;  ///< loads and reactions of the whole frame over the sum of their sizes
+  /// Estimated error of the element forces over the largest of them, before their rounding to
+  /// single precision: what the unbalanced forces of all nodes may do together, or the last change
+  /// of forces that needed refinement.
+  double force_error = 0.0;
 };
 
 /// Answer of the frame to one load case.

@@ -8,6 +8,7 @@
 #include "aluframe/analysis/beam_column.h"
 #include "aluframe/analysis/input_check.h"
 #include "aluframe/analysis/mechanism.h"
+#include "aluframe/analysis/refinement.h"
 #include "aluframe/analysis/soft_motion.h"
 #include "aluframe/analysis/stiff_equations.h"
 #include "aluframe/analysis/words.h"
@@ -20,6 +21,10 @@ using Found = std::optional<Problem>;
 
 /// Axial forces below this share of the loads do nothing worth another iteration.
 constexpr double least_axial_share = 1e-3;
+/// Softness below which every step is refined: the tip of a long oblique chain moves so far that
+/// the axial forces of its elements would be rounding, and the steps would not settle. Building
+/// grids of 10,000 elements lie at 1e-4.
+constexpr double soft = 1e-8;
 
 /// What iterates: elements under the axial forces of the last solution.
 class Iteration {
@@ -38,7 +43,7 @@ class Iteration {
   Found step();
   /// Largest change of an axial force in the last step, as a share of the largest.
   double change() const { return change_; }
-  Result<CaseResult> result() const;
+  Result<CaseResult> result();
 
  private:
   Found make_columns();
@@ -46,7 +51,11 @@ class Iteration {
   Found find_buckling(const Factorisation& done, const ScaledEquations& scaled) const;
   Problem buckled_element(std::size_t place) const;
   Problem buckled(const ScaledEquations& scaled) const;
+  void refine_answer();
+  Vector12 end_forces(std::size_t place) const;
   void update_forces();
+  Result<CaseResult> plain_result() const;
+  Result<CaseResult> refined_result() const;
   StiffnessSource stiffness() const;
   EquivalentLoads equivalent_loads() const;
 
@@ -58,6 +67,8 @@ class Iteration {
   std::vector<PieceForces> forces_, next_forces_;
   std::vector<BeamColumn> columns_;
   NodeValues displacements_;
+  std::optional<RefinedCase> refined_;  // where double precision does not suffice
+  std::vector<double> scale_;           // of the equations that gave them
   Norms size_;
   std::unique_ptr<LinearSolver> solver_;
   double change_ = 0.0;
@@ -119,27 +130,43 @@ Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations&
 
 Found Iteration::solve_equations() {
   displacements_ = settlements(frame_, load_case_);
+  refined_.reset();
   const EquivalentLoads loads = equivalent_loads();
   size_ = loads.size();
   if (equations_.count() == 0) return std::nullopt;
   const ScaledEquations scaled = assemble(frame_, geometry_, equations_, stiffness());
+  scale_ = scaled.scale;
   if (auto problem = find_buckling(solver_->factorise(scaled.matrix), scaled)) return problem;
   RightSides sides(equations_, scaled);
   sides.add(loads.values());
-  const bool held = sides.solve(*solver_) >= least_softness;
+  const double softest = sides.solve(*solver_);
+  const bool held = softest >= least_softness;
   if (!held) return first_ ? explain_mechanism(frame_, equations_, scaled) : buckled(scaled);
   sides.add_displacements(0, displacements_);
+  if (softest < soft) refine_answer();
   return std::nullopt;
+}
+
+void Iteration::refine_answer() {
+  CaseLoads loads{nodal_loads(frame_, load_case_), {}, size_};
+  for (const BeamColumn& column : columns_) loads.clamped.push_back(column.clamped().condensed);
+  refined_ =
+      refine({frame_, geometry_, equations_, scale_, stiffness(), *solver_}, loads, displacements_);
+  displacements_ = refined_->displacements;
+}
+
+Vector12 Iteration::end_forces(std::size_t place) const {
+  if (refined_) return refined_->end_forces[place];
+  const Vector12 u =
+      to_local(geometry_[place].axes, at_ends(frame_.elements[place], displacements_));
+  return columns_[place].stiffness().condensed * u + columns_[place].clamped().condensed;
 }
 
 void Iteration::update_forces() {
   next_forces_.resize(forces_.size());
   double largest = least_axial_share * size_.force, change = 0.0;
   for (std::size_t i = 0; i < forces_.size(); ++i) {
-    const Element& element = frame_.elements[i];
-    const Vector12 u = to_local(geometry_[i].axes, at_ends(element, displacements_));
-    const Vector12 f = columns_[i].stiffness().condensed * u + columns_[i].clamped().condensed;
-    next_forces_[i] = piece_forces(element.kind, f, loads_.of(i));
+    next_forces_[i] = piece_forces(frame_.elements[i].kind, end_forces(i), loads_.of(i));
     for (std::size_t j = 0; j < pieces; ++j) {
       const AxialForce &now = next_forces_[i][j], &before = forces_[i][j];
       largest = std::max({largest, std::abs(now.start), std::abs(now.end)});
@@ -159,7 +186,7 @@ Found Iteration::step() {
   return std::nullopt;
 }
 
-Result<CaseResult> Iteration::result() const {
+Result<CaseResult> Iteration::plain_result() const {
   CaseRecovery recovery(frame_, displacements_);
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Element& element = frame_.elements[i];
@@ -169,6 +196,29 @@ Result<CaseResult> Iteration::result() const {
                  answer.magnitude);
   }
   return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
+}
+
+Result<CaseResult> Iteration::refined_result() const {
+  CaseRecovery recovery(frame_, displacements_, refined_->force_error);
+  for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
+    const Element& element = frame_.elements[i];
+    const Axes& axes = geometry_[i].axes;
+    const Vector12 u = to_local(axes, recovery.displacements_of(element));
+    const Vector12& ends = refined_->end_forces[i];
+    const FivePositions sections = columns_[i].sections(element, loads_.of(i), u, ends);
+    recovery.add(i, to_global(axes, ends), sections.reshaped(), refined_->largest);
+  }
+  return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
+}
+
+Result<CaseResult> Iteration::result() {
+  if (!refined_) {
+    auto plain = plain_result();
+    const auto* found = std::get_if<CaseResult>(&plain);
+    if (found == nullptr || !needs_refinement(found->equilibrium)) return plain;
+    refine_answer();
+  }
+  return refined_result();
 }
 
 Problem diverged(const SecondOrderOptions& options, double change) {
@@ -204,7 +254,7 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   auto result = iteration.result();
   if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
   solved.result = std::get<CaseResult>(std::move(result));
-  if (auto problem = find_imbalance(solved.result, 0, options.residual_limit)) {
+  if (auto problem = find_imbalance(solved.result, 0, options.limits)) {
     return std::move(*problem);
   }
   return solved;

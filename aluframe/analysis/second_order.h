@@ -8,7 +8,7 @@ struct SecondOrderOptions {
   int most_iterations = 20;
   /// Iterations end when no axial force changes by more than this share of the largest.
   double tolerance = 1e-6;
-  double residual_limit = 1e-8;  ///< see Options
+  Options limits = {};
 };
 
 struct SecondOrderResult {

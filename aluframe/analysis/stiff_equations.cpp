@@ -8,6 +8,15 @@
 
 namespace aluframe::analysis {
 
+namespace {
+
+/// What double precision leaves unbalanced in an ordinary frame, and the error that its forces then
+/// have. Measured on building grids of 50,000 elements: 4e-12 and 3e-10.
+constexpr double ordinary_residual = 1e-9;
+constexpr double ordinary_error = 1e-8;
+
+}  // namespace
+
 std::optional<Problem> find_problem(const Factorisation& factorisation, const Frame& frame,
                                     const Equations& equations, const ScaledEquations& scaled) {
   using Status = Factorisation::Status;
@@ -49,16 +58,24 @@ void RightSides::add_displacements(std::size_t load_case, NodeValues& moved) con
   }
 }
 
+bool needs_refinement(const Equilibrium& e) {
+  return std::max(e.nodes, e.whole) > ordinary_residual || e.force_error > ordinary_error;
+}
+
 std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load_case,
-                                      double limit) {
-  const double largest = std::max(result.equilibrium.nodes, result.equilibrium.whole);
-  if (largest <= limit) return std::nullopt;
-  return Problem{
-      .kind = Problem::Kind::equilibrium,
-      .text = fmt::format("{:.1e} of the loads stay unbalanced, more than {:.0e}: the frame "
-                          "is too soft, or its stiffnesses are too different",
-                          largest, limit),
-      .load_case = load_case};
+                                      const Options& options) {
+  const Equilibrium& e = result.equilibrium;
+  const double unbalanced = std::max(e.nodes, e.whole);
+  const bool is_balanced = unbalanced <= options.residual_limit;
+  if (is_balanced && e.force_error <= options.error_limit) return std::nullopt;
+  const std::string found =
+      is_balanced ? fmt::format("the forces are certain to {:.1e} of the largest, not to {:.0e}",
+                                e.force_error, options.error_limit)
+                  : fmt::format("{:.1e} of the forces stay unbalanced, more than {:.0e}",
+                                unbalanced, options.residual_limit);
+  return Problem{.kind = Problem::Kind::equilibrium,
+                 .text = found + ": the frame is too soft, or its stiffnesses are too different",
+                 .load_case = load_case};
 }
 
 }  // namespace aluframe::analysis

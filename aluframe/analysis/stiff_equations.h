@@ -29,8 +29,12 @@ class RightSides {
   std::vector<double> columns_;
 };
 
+/// Whether double precision does not suffice for a case: what is left unbalanced is more than the
+/// rounding of an ordinary frame, by which the forces stay far from `Options::error_limit`.
+bool needs_refinement(const Equilibrium& equilibrium);
+
 /// The problem of a case whose result does not balance its loads.
 std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load_case,
-                                      double limit);
+                                      const Options& options);
 
 }  // namespace aluframe::analysis

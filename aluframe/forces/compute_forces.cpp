@@ -17,7 +17,8 @@ namespace {
 
 using Answers = std::vector<const analysis::SecondOrderResult*>;
 
-analysis::Result<Summary> first_order(model::Model& model, Summary summary) {
+analysis::Result<Summary> first_order(model::Model& model, model::ForceTable table,
+                                      Summary summary) {
   auto solved = analyse_model(model);
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     if (problem->load_case) {
@@ -27,13 +28,13 @@ analysis::Result<Summary> first_order(model::Model& model, Summary summary) {
     return std::move(*problem);
   }
   const auto& solution = std::get<analysis::Solution>(solved);
-  model::ForceTable table = model.forces;
   if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());
   for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
     if (!has_loads(model.load_cases[load_case])) continue;
     const analysis::CaseResult& result = solution.cases[load_case];
     summary.residual =
         std::max({summary.residual, result.equilibrium.nodes, result.equilibrium.whole});
+    summary.force_error = std::max(summary.force_error, result.equilibrium.force_error);
     for (std::size_t element = 0; element < result.forces.size(); ++element) {
       table.set(element, load_case, {.at = result.forces[element], .inner = true});
     }
@@ -121,6 +122,7 @@ analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
     set_sides(table, place, std::get<Answers>(solved));
   }
   summary.residual = analyses.largest_residual();
+  summary.force_error = analyses.largest_force_error();
   summary.second_order_analyses = analyses.count();
   summary.iterations = analyses.most_iterations();
   model.combined_forces = std::move(table);
@@ -148,9 +150,18 @@ analysis::Result<Summary> compute_forces(model::Model& model) {
   }
   Summary summary;
   summary.load_cases = static_cast<std::size_t>(std::ranges::count_if(model.load_cases, has_loads));
-  if (summary.load_cases == 0) return summary;
-  if (!model.analysis.second_order && is_all_given(model)) return Summary();
-  return model.analysis.second_order ? second_order(model, summary) : first_order(model, summary);
+  if (model.analysis.second_order && summary.load_cases > 0) return second_order(model, summary);
+  auto completed = complete_positions(model);
+  if (auto* problem = std::get_if<analysis::Problem>(&completed)) return std::move(*problem);
+  auto& given = std::get<GivenPositions>(completed);
+  summary.without_inner = std::move(given.without_inner);
+  if (summary.load_cases > 0 && !is_all_given(model)) {
+    return first_order(model, given.forces ? *std::move(given.forces) : model.forces,
+                       std::move(summary));
+  }
+  summary.load_cases = 0;  // nothing to analyse
+  if (given.forces) model.forces = *std::move(given.forces);
+  return summary;
 }
 
 }  // namespace aluframe::forces

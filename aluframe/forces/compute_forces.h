@@ -1,6 +1,9 @@
 #pragma once
 
+#include <vector>
+
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/forces/given_positions.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::forces {
@@ -9,10 +12,15 @@ namespace aluframe::forces {
 struct Summary {
   std::size_t load_cases = 0;  ///< with loads; 0: there was nothing to analyse
   int equations = 0;           ///< of the first-order analysis
-  /// Largest unbalanced part of the loads in any analysis.
+  /// Largest unbalanced part of the forces in any analysis.
   double residual = 0.0;
+  /// Largest estimated error of the forces in any analysis, as a share of the largest force.
+  double force_error = 0.0;
   std::size_t second_order_analyses = 0;
   int iterations = 0;  ///< the most that one of them took
+  /// Given forces at the two ends of elements that are loaded between them: in a combination with
+  /// these, nothing is known between the ends.
+  std::vector<ElementCase> without_inner;
 };
 
 /// Load cases that carry loads: those that an analysis gives forces for.
@@ -23,9 +31,10 @@ bool has_loads(const model::LoadCase& load_case);
 analysis::Result<analysis::Solution> analyse_model(const model::Model& model);
 
 /// Gives the model the forces of its load cases with loads, at five positions; forces that it has
-/// already, of another program, stay, and when they are complete nothing is analysed. With
-/// `analysis.second_order` it is the design combinations that get forces, each analysed on its own,
-/// and the load cases get none.
+/// already, of another program, stay, and when they are complete nothing is analysed. Those that it
+/// has for two ends get the other positions where combinations need them (`complete_positions`).
+/// With `analysis.second_order` it is the design combinations that get forces, each analysed on its
+/// own, and the load cases get none.
 /// @return what stands in the way of the analysis; the model is then unchanged
 analysis::Result<Summary> compute_forces(model::Model& model);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "aluframe/model/orientation.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/shear_areas.h"
 
@@ -56,6 +57,7 @@ analysis::Element element_of(const model::Model& model, const model::Element& el
           .end = model.nodes.position(element.nodes[1]),
           .stiffness = stiffnesses.of(element),
           .beta = element.beta,
+          .reference = model::reference_direction(model, element),
           .kind = is_truss ? analysis::ElementKind::truss : analysis::ElementKind::beam,
           .released = element.released,
           .density = material.density,

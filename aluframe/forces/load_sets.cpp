@@ -33,8 +33,8 @@ class Gatherer {
       add(scaled(plan.cases, factor));
     } else if (plan.kind == model::CombinationKind::linear) {
       problem_ = fmt::format(
-          "combination {} adds an envelope to other forces, which second order cannot analyse; put "
-          "the other forces into the terms of the envelope",
+          "combination {} adds an envelope to other forces, which second order cannot analyse; "
+          "check envelopes by their states",
           model_.combinations[place].number);
     } else {
       for (const CombinationPlan::Term& term : plan.terms) gather_term(term, factor);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/model/envelopes.h"
 
 namespace aluframe::forces {
 
@@ -46,6 +47,7 @@ analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const Loa
   most_iterations_ = std::max(most_iterations_, result.iterations);
   const analysis::Equilibrium& balance = result.result.equilibrium;
   largest_residual_ = std::max({largest_residual_, balance.nodes, balance.whole});
+  largest_force_error_ = std::max(largest_force_error_, balance.force_error);
   return &result;
 }
 
@@ -55,9 +57,7 @@ analysis::Result<std::vector<const SecondOrderResult*>> SecondOrderAnalyses::ans
   if (const auto* text = std::get_if<std::string>(&sets)) return analysis::Problem{.text = *text};
   std::vector<const SecondOrderResult*> found;
   for (const LoadSet& set : std::get<std::vector<LoadSet>>(sets)) {
-    const auto name = [&] {
-      return fmt::format("combination {}", model_.combinations[place].number);
-    };
+    const auto name = [&] { return "combination " + model::label_of(model_.combinations[place]); };
     if (const auto text = missing_loads(set))
       return analysis::Problem{.text = name() + ": " + *text};
     auto solved = answer(set);

@@ -27,6 +27,7 @@ class SecondOrderAnalyses {
   std::size_t count() const { return answers_.size(); }  ///< analyses made so far
   int most_iterations() const { return most_iterations_; }
   double largest_residual() const { return largest_residual_; }
+  double largest_force_error() const { return largest_force_error_; }
 
  private:
   /// A set of loads to look it up by.
@@ -42,6 +43,7 @@ class SecondOrderAnalyses {
   std::map<Key, analysis::SecondOrderResult> answers_;
   int most_iterations_ = 0;
   double largest_residual_ = 0.0;
+  double largest_force_error_ = 0.0;
 };
 
 }  // namespace aluframe::forces

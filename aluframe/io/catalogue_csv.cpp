@@ -15,6 +15,7 @@
 #include "aluframe/io/failure.h"
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/model/plain_text.h"
 #include "aluframe/model/units.h"
 #include "aluframe/section/section_properties.h"
 
@@ -52,15 +53,14 @@ class ProfileRows {
       fail(fmt::format("found {} cells, the header has {}", rows_.cells().size(), count_));
     }
     catalogue::Profile profile;
-    profile.name = cell("name");
+    profile.name = plain_cell("name");
     if (profile.name.empty()) fail("name: must not be empty");
     if (shown(profile.name) != profile.name) {
-      fail(fmt::format("name: found {}, must be at most 60 letters on one line",
-                       in_quotes(profile.name)));
+      fail(fmt::format("name: found {}, must be at most 60 letters", in_quotes(profile.name)));
     }
     profile.shape = shape();
     profile.series = file_;
-    profile.source = cell("source");
+    profile.source = plain_cell("source");
     if (profile.source.empty()) profile.source = fmt::format("{}, line {}", file_, rows_.line());
     read_dimensions(profile);
     return profile;
@@ -89,6 +89,15 @@ class ProfileRows {
     return rows_.cells()[place_[column]];
   }
   std::string_view cell(std::string_view name) const { return cell_at(column_named(name)); }
+
+  /// A cell that stands in lines of tables and reports.
+  std::string_view plain_cell(std::string_view column) const {
+    const std::string_view text = cell(column);
+    if (const auto found = model::find_control_character(text)) {
+      fail(fmt::format("{}: found {}, {}", column, *found, model::plain_text_rule));
+    }
+    return text;
+  }
 
   [[noreturn]] void fail_at(std::string_view column, std::string_view allowed) const {
     fail(fmt::format("{}: found {}, {}", column, in_quotes(cell(column)), allowed));

@@ -8,6 +8,7 @@
 #include "aluframe/io/failure.h"
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/model/plain_text.h"
 
 namespace aluframe::io {
 
@@ -64,6 +65,14 @@ bool JsonValue::boolean() const {
 std::string_view JsonValue::string() const {
   require(Kind::string, "must be a text");
   return document_->string(place_);
+}
+
+std::string_view JsonValue::plain_text() const {
+  const std::string_view text = string();
+  if (const auto found = model::find_control_character(text)) {
+    fail(fmt::format("found {}, {}", *found, model::plain_text_rule));
+  }
+  return text;
 }
 
 void JsonValue::require_text(std::string_view allowed) const {
@@ -173,6 +182,11 @@ bool JsonObject::boolean_or(std::string_view name, bool standard) const {
 std::string JsonObject::string_or(std::string_view name, std::string_view standard) const {
   const std::optional<JsonValue> found = optional(name);
   return std::string(found ? found->string() : standard);
+}
+
+std::string JsonObject::plain_text_or(std::string_view name, std::string_view standard) const {
+  const std::optional<JsonValue> found = optional(name);
+  return std::string(found ? found->plain_text() : standard);
 }
 
 }  // namespace aluframe::io

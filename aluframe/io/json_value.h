@@ -44,6 +44,7 @@ class JsonValue {
   model::Number entity_number() const;
   bool boolean() const;
   std::string_view string() const;
+  std::string_view plain_text() const;  ///< on one line, for reports (model/plain_text.h)
   void require_text(std::string_view allowed) const;  ///< exactly this text
   List list() const;
   /// The value of the name that was found.
@@ -123,6 +124,7 @@ class JsonObject {
   double not_negative_or(std::string_view name, double standard) const;
   bool boolean_or(std::string_view name, bool standard) const;
   std::string string_or(std::string_view name, std::string_view standard) const;
+  std::string plain_text_or(std::string_view name, std::string_view standard) const;
 
   const JsonValue& value() const { return value_; }
 

@@ -50,13 +50,17 @@ std::string number_text(double value, double scale) {
 
 void append_number(std::string& text, float value, double scale) {
   const double in_unit = static_cast<double>(value) / scale;
-  const std::size_t begin = text.size();
+  // Sign, point and exponent take at most 7 characters beside the digits.
+  std::array<char, single_most_digits + 7> number;
+  std::string_view written;
   for (int digits = single_fewest_digits; digits <= single_most_digits; ++digits) {
-    text.resize(begin);
-    fmt::format_to(std::back_inserter(text), "{:.{}g}", in_unit, digits);
-    const double in_file = read_back(std::string_view(text).substr(begin));
-    if (static_cast<float>(scale * in_file) == value) break;
+    const char* end =
+        std::to_chars(number.begin(), number.end(), in_unit, std::chars_format::general, digits)
+            .ptr;
+    written = {number.data(), static_cast<std::size_t>(end - number.data())};
+    if (static_cast<float>(scale * read_back(written)) == value) break;
   }
+  text += written;
 }
 
 std::string json_string(std::string_view text) {

@@ -4,12 +4,10 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <vector>
 
 #include "aluframe/catalogue/designation.h"
-#include "aluframe/io/json_value.h"
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/section/section_properties.h"
@@ -69,10 +67,6 @@ std::string suggestion_for(std::string_view name, std::span<const catalogue::Pro
   return fmt::format("; did you mean \"{}\"?", fmt::join(near, "\" or \""));
 }
 
-bool is_too_large(double length) {
-  return std::abs(length) > largest_number;
-}
-
 }  // namespace
 
 std::variant<model::Section, std::string> named_section(std::string_view name,
@@ -83,9 +77,6 @@ std::variant<model::Section, std::string> named_section(std::string_view name,
   auto found = catalogue::section_named(name, own);
   if (auto* text = std::get_if<std::string>(&found)) return *text + suggestion_for(name, own);
   auto& section = std::get<model::Section>(found);
-  if (std::ranges::any_of(section.dimensions, is_too_large)) {
-    return fmt::format("found '{}', each dimension {}", name, number_range);
-  }
   if (const auto problem = section::find_dimension_problem(section)) {
     return fmt::format("found '{}', which cannot be built: {}", name, problem->text);
   }

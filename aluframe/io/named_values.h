@@ -46,6 +46,11 @@ inline constexpr std::array combination_kinds{
     NamedValue{"envelope", model::CombinationKind::envelope},
 };
 
+inline constexpr std::array envelope_checks{
+    NamedValue{"states", model::Envelopes::states},
+    NamedValue{"extremes", model::Envelopes::extremes},
+};
+
 inline constexpr std::array length_factor_sources{
     NamedValue{"computed", model::LengthFactors::computed},
     NamedValue{"one", model::LengthFactors::one},

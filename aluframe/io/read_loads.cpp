@@ -45,7 +45,7 @@ model::CombinationTerm read_term(const JsonValue& value, const model::Model& mod
 model::Combination read_combination(const JsonObject& object, const model::Model& model) {
   model::Combination combination;
   combination.number = object.required("number").entity_number();
-  combination.name = object.string_or("name", "");
+  combination.name = object.plain_text_or("name", "");
   if (const auto kind = object.optional("kind")) {
     combination.kind = kind->one_of<model::CombinationKind>(combination_kinds);
   }
@@ -94,7 +94,7 @@ void read_load_cases(const JsonObject& root, const Scales& scales, model::Model&
     const JsonObject object(value, load_case_fields);
     model::LoadCase load_case;
     load_case.number = object.required("number").entity_number();
-    load_case.name = object.string_or("name", "");
+    load_case.name = object.plain_text_or("name", "");
     if (const auto kind = object.optional("kind")) {
       load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
     }

@@ -36,8 +36,8 @@ model::Material read_own_values(const JsonObject& object) {
         "missing field \"alloy\", or \"grade\", \"f02_thin\" and \"fu\" for values of your own");
   }
   model::Material material;
-  material.grade = grade->string();
-  material.standard = object.string_or("standard", user_standard);
+  material.grade = grade->plain_text();
+  material.standard = object.plain_text_or("standard", user_standard);
   if (material.standard == catalogue::alloy_standard &&
       catalogue::find_alloy(material.grade) == nullptr) {
     grade->fail_with("must be one of " + catalogue::alloy_names() + " under the standard \"" +
@@ -62,7 +62,7 @@ void read_materials(const JsonObject& root, model::Model& model) {
     const std::optional<JsonValue> alloy = object.optional("alloy");
     model::Material material = alloy ? read_alloy(object, *alloy) : read_own_values(object);
     material.number = number;
-    material.name = object.string_or("name", "");
+    material.name = object.plain_text_or("name", "");
     add_entity(object, model.materials, std::move(material), "materials");
   }
 }

@@ -12,9 +12,10 @@ namespace aluframe::io {
 namespace {
 
 constexpr auto top_level_fields = std::to_array<std::string_view>(
-    {"$schema",  "format",   "version",          "title",      "description",  "units", "settings",
-     "frame",    "analysis", "catalogues",       "materials",  "sections",     "nodes", "supports",
-     "elements", "members",  "moving_load_code", "load_cases", "combinations", "forces"});
+    {"$schema",    "format",       "version",  "title",     "description", "units",
+     "settings",   "frame",        "analysis", "envelopes", "catalogues",  "materials",
+     "sections",   "nodes",        "supports", "elements",  "members",     "moving_load_code",
+     "load_cases", "combinations", "forces"});
 
 /// First of all: a file of another kind or of a later version has fields of its own, and calling
 /// those unknown would mislead.
@@ -35,7 +36,7 @@ model::Model read_document(const JsonValue& value, const std::filesystem::path* 
   require_format(value);
   const JsonObject root(value, top_level_fields);
   model::Model model;
-  model.title = root.string_or("title", "");
+  model.title = root.plain_text_or("title", "");
   model.description = root.string_or("description", "");
   model.units = read_units(root);
   const Scales scales(model.units);

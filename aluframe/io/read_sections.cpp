@@ -1,5 +1,8 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -49,13 +52,43 @@ std::array<double, 8> read_dimensions(const JsonObject& object, Shape shape, dou
   return dimensions;
 }
 
+/// What sections of allowed dimensions have is a property of so many lengths.
+enum class Power { area = 2, second_moment = 4, warping = 6 };
+
+/// Checks the size of a property, in the file's units: `scale` mm in a unit of it.
+void require_size(const JsonValue& value, double least, double most, double scale) {
+  const double number = value.number();
+  if (number >= least / scale && number <= most / scale) return;
+  value.fail_with(fmt::format("must be between {:g} and {:g}", least / scale, most / scale));
+}
+
+double positive_property(const JsonValue& value, Power power, double scale) {
+  const int lengths = static_cast<int>(power);
+  static_cast<void>(value.positive());
+  require_size(value, std::pow(section::smallest_dimension, lengths),
+               std::pow(section::largest_dimension, lengths), scale);
+  return scale * value.number();
+}
+
+double property_or_zero(const JsonValue& value, Power power, double scale) {
+  static_cast<void>(value.not_negative());
+  require_size(value, 0.0, std::pow(section::largest_dimension, static_cast<int>(power)), scale);
+  return scale * value.number();
+}
+
+/// A place along y or z.
+double read_place(const JsonValue& value, double scale) {
+  require_size(value, -section::largest_dimension, section::largest_dimension, scale);
+  return value.number();
+}
+
 std::array<double, 4> read_points(const JsonValue& value, double scale) {
   if (const std::size_t count = value.list().size(); count != 4) {
     value.fail("found " + std::to_string(count) + " numbers, must be 4, one for each stress point");
   }
   std::array<double, 4> points{};
   std::size_t i = 0;
-  for (const JsonValue point : value.list()) points[i++] = scale * point.number();
+  for (const JsonValue point : value.list()) points[i++] = scale * read_place(point, scale);
   return points;
 }
 
@@ -64,6 +97,11 @@ std::array<double, 4> read_point_y(const JsonValue& value, double scale) {
   const std::array<double, 4> y = read_points(value, scale);
   const auto is_zero = [](double at) { return at == 0.0; };
   if (std::ranges::all_of(y, is_zero)) value.fail("found 0 four times, one must differ from 0");
+  const auto is_near = [](double at) { return std::abs(at) < section::smallest_dimension; };
+  if (std::ranges::all_of(y, is_near)) {
+    value.fail(fmt::format("found four numbers near 0, one must be at least {:g} from it",
+                           section::smallest_dimension / scale));
+  }
   return y;
 }
 
@@ -78,6 +116,10 @@ std::array<double, 4> read_point_z(const JsonValue& value, double scale) {
     if (!is_top && !(z[i] < 0.0)) {
       point.fail_with("must be negative: the bottom lies below the centroid");
     }
+    if (std::abs(z[i]) < section::smallest_dimension) {
+      point.fail_with(fmt::format("must be at least {:g} from the centroid",
+                                  section::smallest_dimension / scale));
+    }
     ++i;
   }
   return z;
@@ -86,18 +128,20 @@ std::array<double, 4> read_point_z(const JsonValue& value, double scale) {
 model::GivenProperties read_properties(const JsonValue& value, const Scales& scales) {
   const JsonObject object(value, property_fields);
   model::GivenProperties given;
-  const auto read = [&](std::string_view field, double scale, auto access) {
+  const auto read = [&](std::string_view field, Power power, double scale, auto access) {
     const std::optional<JsonValue> found = object.optional(field);
-    return found ? std::optional(scale * ((*found).*access)()) : std::nullopt;
+    return found ? std::optional(access(*found, power, scale)) : std::nullopt;
   };
-  given.area = read("area", scales.section_2, &JsonValue::positive);
-  given.iyy = read("iyy", scales.section_4, &JsonValue::positive);
-  given.izz = read("izz", scales.section_4, &JsonValue::positive);
-  given.it = read("it", scales.section_4, &JsonValue::not_negative);
-  given.qyb = read("qyb", scales.section_2, &JsonValue::not_negative);
-  given.qzb = read("qzb", scales.section_2, &JsonValue::not_negative);
-  given.iw = read("iw", scales.section_6, &JsonValue::not_negative);
-  given.shear_centre_z = read("shear_centre_z", scales.section, &JsonValue::number);
+  given.area = read("area", Power::area, scales.section_2, positive_property);
+  given.iyy = read("iyy", Power::second_moment, scales.section_4, positive_property);
+  given.izz = read("izz", Power::second_moment, scales.section_4, positive_property);
+  given.it = read("it", Power::second_moment, scales.section_4, property_or_zero);
+  given.qyb = read("qyb", Power::area, scales.section_2, property_or_zero);
+  given.qzb = read("qzb", Power::area, scales.section_2, property_or_zero);
+  given.iw = read("iw", Power::warping, scales.section_6, property_or_zero);
+  if (const auto centre = object.optional("shear_centre_z")) {
+    given.shear_centre_z = scales.section * read_place(*centre, scales.section);
+  }
   if (const auto points = object.optional("point_y")) {
     given.point_y = read_point_y(*points, scales.section);
   }
@@ -158,7 +202,7 @@ model::Section read_section(const JsonObject& object, const Scales& scales,
   model::Section section =
       profile ? read_profile(object, *profile, own) : read_shape_and_dimensions(object, scales);
   section.number = number;
-  section.name = object.string_or("name", section.name);
+  section.name = object.plain_text_or("name", section.name);
   section.welded = object.boolean_or("welded", false);
   if (const auto properties = object.optional("properties")) {
     section.given = read_properties(*properties, scales);

@@ -82,6 +82,9 @@ void read_settings(const JsonObject& root, model::Model& model) {
     const JsonObject object(*value, analysis_fields);
     model.analysis.second_order = object.boolean_or("second_order", false);
   }
+  if (const std::optional<JsonValue> value = root.optional("envelopes")) {
+    model.envelopes = value->one_of<model::Envelopes>(envelope_checks);
+  }
 }
 
 std::vector<std::string> given_settings(const JsonObject& root) {

@@ -1,21 +1,26 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
 #include <unordered_map>
 #include <utility>
 
+#include "aluframe/analysis/frame.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_values.h"
 #include "aluframe/model/members.h"
+#include "aluframe/model/orientation.h"
 
 namespace aluframe::io {
 
 namespace {
 
 constexpr auto node_fields = std::to_array<std::string_view>({"number", "name", "x", "y", "z"});
-constexpr auto element_fields =
-    std::to_array<std::string_view>({"number", "name", "nodes", "section", "material", "beta",
-                                     "kind", "member_type", "releases", "design"});
+constexpr auto element_fields = std::to_array<std::string_view>(
+    {"number", "name", "nodes", "section", "material", "orientation", "beta", "kind", "member_type",
+     "releases", "design"});
+constexpr auto orientation_fields = std::to_array<std::string_view>({"vector", "node"});
 constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"});
 constexpr auto member_fields =
     std::to_array<std::string_view>({"number", "name", "elements", "length_factors"});
@@ -45,6 +50,41 @@ std::array<bool, 12> read_releases(const JsonValue& value) {
   return released;
 }
 
+std::array<double, 3> read_direction(const JsonValue& value) {
+  if (const std::size_t count = value.list().size(); count != 3) {
+    value.fail("found " + std::to_string(count) + " components, must be 3: X, Y and Z");
+  }
+  std::array<double, 3> direction{};
+  std::size_t i = 0;
+  for (const JsonValue component : value.list()) direction[i++] = component.number();
+  return direction;
+}
+
+model::Orientation read_orientation(const JsonValue& value, const model::Model& model) {
+  const JsonObject object(value, orientation_fields);
+  const auto vector = object.optional("vector");
+  const auto node = object.optional("node");
+  if (vector.has_value() == node.has_value()) {
+    value.fail("one of \"vector\" and \"node\" is needed, found " +
+               std::string(vector ? "both" : "neither"));
+  }
+  if (vector) return read_direction(*vector);
+  return read_reference(*node, model.nodes, "node");
+}
+
+/// Fails at the orientation of an element whose reference direction does not turn its section.
+void require_turning(const JsonValue& orientation, const model::Element& element,
+                     const model::Model& model) {
+  const double sine = model::orientation_sine(model, element);
+  if (sine >= analysis::parallel_limit) return;
+  const auto [x, y, z] = *model::reference_direction(model, element);
+  const bool is_node = std::holds_alternative<model::Number>(*element.orientation);
+  orientation.fail(fmt::format(
+      "the direction ({:.6g}, {:.6g}, {:.6g}){} lies along the element's axis: the sine of the "
+      "angle between them is {:.3g}, must be {:g} or more",
+      x, y, z, is_node ? " mm to the node" : "", sine, analysis::parallel_limit));
+}
+
 /// Fails at the `nodes` of an element without length.
 void require_length(const JsonObject& object, const model::Element& element,
                     const model::Model& model) {
@@ -61,10 +101,12 @@ model::Element read_element(const JsonObject& object, const Scales& scales,
                             const model::Model& model) {
   model::Element element;
   element.number = object.required("number").entity_number();
-  element.name = object.string_or("name", "");
+  element.name = object.plain_text_or("name", "");
   element.nodes = read_end_nodes(object.required("nodes"), model);
   element.section = read_reference(object.required("section"), model.sections, "section");
   element.material = read_reference(object.required("material"), model.materials, "material");
+  const auto orientation = object.optional("orientation");
+  if (orientation) element.orientation = read_orientation(*orientation, model);
   element.beta = object.number_or("beta", 0.0);
   if (const auto kind = object.optional("kind")) {
     element.kind = kind->one_of<model::ElementKind>(element_kinds);
@@ -79,6 +121,7 @@ model::Element read_element(const JsonObject& object, const Scales& scales,
     element.design = read_element_design(*design, scales);
   }
   require_length(object, element, model);
+  if (orientation) require_turning(*orientation, element, model);
   return element;
 }
 
@@ -88,7 +131,7 @@ using Owners = std::unordered_map<model::Number, model::Number>;
 model::Member read_member(const JsonObject& object, const model::Model& model, Owners& owners) {
   model::Member member;
   member.number = object.required("number").entity_number();
-  member.name = object.string_or("name", "");
+  member.name = object.plain_text_or("name", "");
   member.length_factors = read_axis_pair(object, "length_factors");
   const JsonValue elements = object.required("elements");
   for (const JsonValue value : elements.list()) {
@@ -121,7 +164,7 @@ void read_nodes(const JsonObject& root, const Scales& scales, model::Model& mode
     const JsonObject object(value, node_fields);
     model::Node node;
     node.number = object.required("number").entity_number();
-    node.name = object.string_or("name", "");
+    node.name = object.plain_text_or("name", "");
     node.x = scales.length * object.required("x").number();
     node.y = scales.length * object.required("y").number();
     node.z = scales.length * object.required("z").number();

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "aluframe/io/failure.h"
+#include "aluframe/model/plain_text.h"
 
 namespace aluframe::io {
 
@@ -119,10 +120,7 @@ std::string shown(std::string_view text, std::size_t longest) {
     for (std::size_t end = longest; is_continuation(text[end]); --end) line.pop_back();
     line += "...";
   }
-  std::replace_if(
-      line.begin(), line.end(), [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; },
-      ' ');
-  return line;
+  return model::without_control_characters(line);
 }
 
 std::string in_quotes(std::string_view text) {

@@ -6,6 +6,7 @@
 #include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/model_lines.h"
+#include "aluframe/io/named_values.h"
 
 namespace aluframe::io {
 
@@ -51,6 +52,9 @@ void write_head(ModelText& text, const model::Model& model) {
   if (model.design) text.field("settings", settings_line(*model.design));
   if (model.frame) text.field("frame", frame_line(*model.frame));
   if (model.analysis.second_order) text.field("analysis", "{\"second_order\": true}");
+  if (model.envelopes != model::Envelopes()) {
+    text.field("envelopes", json_string(name_in(envelope_checks, model.envelopes)));
+  }
   if (model.moving_load_code != 0) {
     text.field("moving_load_code", std::to_string(model.moving_load_code));
   }

@@ -34,6 +34,17 @@ std::string releases_text(std::span<const bool> released) {
   return line.str();
 }
 
+std::string orientation_text(const model::Orientation& orientation) {
+  if (const auto* node = std::get_if<model::Number>(&orientation)) {
+    return JsonLine().number("node", *node).str();
+  }
+  std::vector<std::string> components;
+  for (const double component : std::get<std::array<double, 3>>(orientation)) {
+    components.push_back(number_text(component));
+  }
+  return JsonLine().json("vector", json_list(components)).str();
+}
+
 std::string moment_factor_text(const model::MomentFactor& factor) {
   if (factor.value) return JsonLine().number("value", *factor.value).str();
   return JsonLine().number("loading", factor.loading).str();
@@ -78,8 +89,9 @@ std::string element_line(const model::Element& element, const Scales& scales) {
   JsonLine line = begin_entity(element.number, element.name);
   line.json("nodes", numbers_text(element.nodes))
       .number("section", element.section)
-      .number("material", element.material)
-      .number_unless("beta", element.beta, 0.0);
+      .number("material", element.material);
+  if (element.orientation) line.json("orientation", orientation_text(*element.orientation));
+  line.number_unless("beta", element.beta, 0.0);
   if (element.kind != model::ElementKind::beam) {
     line.text("kind", name_in(element_kinds, element.kind));
   }

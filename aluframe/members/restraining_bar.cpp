@@ -12,8 +12,7 @@ constexpr std::size_t bending_moments = 4;
 constexpr double least_share = 0.5 - 1e-9;
 
 bool is_column(const Stretches& stretches, const ElementEnd& at) {
-  return is_upright(stretches.model(), stretches.model().elements[at.element],
-                    stretches.geometry(at.element));
+  return stretches.stands_upright(at.element);
 }
 
 /// Squared cosine between an axis and one of the element's own.

@@ -5,6 +5,7 @@
 #include "aluframe/analysis/local_axes.h"
 #include "aluframe/model/members.h"
 #include "aluframe/model/model.h"
+#include "aluframe/model/orientation.h"
 
 namespace aluframe::members {
 
@@ -18,7 +19,8 @@ inline analysis::Geometry geometry_of(const model::Model& model, const model::El
     const model::Node& node = *model.nodes.find(number);
     return analysis::Node{node.number, node.x, node.y, node.z};
   };
-  return analysis::geometry_between(point(element.nodes[0]), point(element.nodes[1]), element.beta);
+  return analysis::geometry_between(point(element.nodes[0]), point(element.nodes[1]), element.beta,
+                                    model::reference_direction(model, element));
 }
 
 /// Direction in which an element leaves the node at one of its ends (0 start, 1 end).

@@ -22,6 +22,16 @@ model::Number start_of(const model::Model& model, const std::vector<std::size_t>
   return first.nodes[turned ? 1 : 0];
 }
 
+/// Iyy and Izz by the place of the section, mm⁴.
+std::vector<std::array<double, 2>> inertias_of(const model::Table<model::Section>& sections) {
+  std::vector<std::array<double, 2>> inertias;
+  for (const model::Section& section : sections) {
+    const model::SectionProperties properties = section::properties_of(section);
+    inertias.push_back({properties.iyy, properties.izz});
+  }
+  return inertias;
+}
+
 }  // namespace
 
 Stretches::Stretches(const model::Model& model)
@@ -29,14 +39,7 @@ Stretches::Stretches(const model::Model& model)
       connectivity_(model),
       carried_(carried_ends(model, connectivity_)),
       places_(model.elements.size()) {
-  for (const model::Section& section : model.sections) {
-    const model::SectionProperties properties = section::properties_of(section);
-    inertias_.push_back({properties.iyy, properties.izz});
-  }
-  geometry_.reserve(model.elements.size());
-  for (const model::Element& element : model.elements) {
-    geometry_.push_back(geometry_of(model, element));
-  }
+  note_elements(inertias_of(model.sections));
   for (const model::Member& member : model.members) {
     std::vector<std::size_t> elements;
     elements.reserve(member.elements.size());
@@ -50,6 +53,17 @@ Stretches::Stretches(const model::Model& model)
   }
 }
 
+void Stretches::note_elements(const std::vector<std::array<double, 2>>& inertias) {
+  geometry_.reserve(model_.elements.size());
+  for (const model::Element& element : model_.elements) {
+    geometry_.push_back(geometry_of(model_, element));
+    upright_.push_back(is_upright(model_, element, geometry_.back()));
+    const double e = model_.materials.find(element.material)->e;
+    const auto& [iyy, izz] = inertias[model_.sections.position(element.section)];
+    stiffness_.push_back({e * iyy, e * izz});
+  }
+}
+
 void Stretches::add(const model::Member* member, std::vector<std::size_t> elements) {
   Stretch stretch{.member = member, .elements = std::move(elements)};
   model::Number node = start_of(model_, stretch.elements);
@@ -59,7 +73,7 @@ void Stretches::add(const model::Member* member, std::vector<std::size_t> elemen
     const std::size_t near = end_at(element, node);
     if (place == stretch.elements.front()) stretch.ends[0] = {place, near};
     const double length = geometry_[place].length;
-    const std::array<double, 2> stiffness = stiffness_of(place);
+    const std::array<double, 2>& stiffness = stiffness_[place];
     for (std::size_t axis = 0; axis < 2; ++axis)
       stretch.stiffness[axis] += length * stiffness[axis];
     Place& where = places_[place];
@@ -73,13 +87,6 @@ void Stretches::add(const model::Member* member, std::vector<std::size_t> elemen
   stretch.nodes[1] = node;
   for (double& stiffness : stretch.stiffness) stiffness /= stretch.length;
   all_.push_back(std::move(stretch));
-}
-
-std::array<double, 2> Stretches::stiffness_of(std::size_t element) const {
-  const model::Element& of = model_.elements[element];
-  const double e = model_.materials.find(of.material)->e;
-  const auto& [iyy, izz] = inertias_[model_.sections.position(of.section)];
-  return {e * iyy, e * izz};
 }
 
 Stretches::Arm Stretches::arm(const ElementEnd& at) const {

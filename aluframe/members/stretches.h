@@ -44,8 +44,10 @@ class Stretches {
   bool is_carried(const ElementEnd& at) const { return carried_[at.element][at.end]; }
   /// E·I of an element about its own axis, N·mm².
   double stiffness(std::size_t element, Axis axis) const {
-    return stiffness_of(element)[static_cast<std::size_t>(axis)];
+    return stiffness_[element][static_cast<std::size_t>(axis)];
   }
+  /// Whether an element carries the frame as a column does (straightness.h).
+  bool stands_upright(std::size_t element) const { return upright_[element]; }
 
   /// What of an element's stretch leads away from the node at one of its ends, through the element.
   struct Arm {
@@ -59,7 +61,7 @@ class Stretches {
 
  private:
   void add(const model::Member* member, std::vector<std::size_t> elements);
-  std::array<double, 2> stiffness_of(std::size_t element) const;
+  void note_elements(const std::vector<std::array<double, 2>>& inertias);
 
   /// Where an element lies in its stretch.
   struct Place {
@@ -71,7 +73,8 @@ class Stretches {
   model::Connectivity connectivity_;
   std::vector<analysis::Geometry> geometry_;
   std::vector<std::array<bool, 2>> carried_;
-  std::vector<std::array<double, 2>> inertias_;  ///< Iyy and Izz by the place of the section, mm⁴
+  std::vector<std::array<double, 2>> stiffness_;  ///< E·I about y and z by element, N·mm²
+  std::vector<bool> upright_;
   std::vector<Stretch> all_;
   std::vector<Place> places_;
 };

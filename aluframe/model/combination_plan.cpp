@@ -11,12 +11,6 @@ namespace {
 
 using Source = CombinationTerm::Source;
 
-bool is_seismic_case(const LoadCase& load_case) {
-  return load_case.kind == LoadCaseKind::seismic_static ||
-         load_case.kind == LoadCaseKind::response_spectrum ||
-         load_case.kind == LoadCaseKind::eccentric_spectrum;
-}
-
 /// Collects cases in the order of their first use and adds up the factors of each.
 class CaseSum {
  public:
@@ -119,6 +113,12 @@ class Compiler {
 };
 
 }  // namespace
+
+bool is_seismic_case(const LoadCase& load_case) {
+  return load_case.kind == LoadCaseKind::seismic_static ||
+         load_case.kind == LoadCaseKind::response_spectrum ||
+         load_case.kind == LoadCaseKind::eccentric_spectrum;
+}
 
 std::vector<CombinationPlan> compile_combinations(const Model& model) {
   return Compiler(model).run();

@@ -33,6 +33,9 @@ struct CombinationPlan {
   std::vector<std::size_t> needed;
 };
 
+/// True for a response-spectrum or a seismic static case.
+bool is_seismic_case(const LoadCase& load_case);
+
 /// The plans of all combinations of the model, by place. Combinations must have no problem.
 std::vector<CombinationPlan> compile_combinations(const Model& model);
 

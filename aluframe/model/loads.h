@@ -40,6 +40,12 @@ enum class CombinationKind {
   envelope  ///< extremes of the terms
 };
 
+/// By what design combinations that are or contain envelopes are checked.
+enum class Envelopes {
+  states,   ///< each set of loads that they contain on its own (model::expand_envelopes)
+  extremes  ///< largest and smallest value of each force component, which need not act together
+};
+
 /// A load case or another combination, times a factor.
 struct CombinationTerm {
   enum class Source { load_case, combination };
@@ -57,6 +63,10 @@ struct Combination {
   std::vector<CombinationTerm> terms;
   bool seismic = false;  ///< marked seismic by the user, whatever its cases are
   bool design = true;    ///< elements are checked for it; false: only a part of others
+  /// The combination that it is a state of (model::expand_envelopes); nothing: one of the file.
+  std::optional<Number> state_of = std::nullopt;
+  /// The design combinations by which it is checked in its place; empty: it was not expanded.
+  std::vector<Number> states = {};
 
   friend bool operator==(const Combination&, const Combination&) = default;
 };

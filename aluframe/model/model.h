@@ -71,6 +71,7 @@ struct Model {
   int moving_load_code = 0;  ///< code that the moving loads follow, one of `moving_load_codes`
   Table<LoadCase> load_cases;
   Table<Combination> combinations;
+  Envelopes envelopes = Envelopes::states;
   ForceTable forces;
   /// Forces of combinations that were analysed on their own, in place of what their load cases add
   /// up to; by element and `side_place` of the combination.

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "aluframe/model/table.h"
@@ -78,13 +79,20 @@ struct ElementDesign {
   friend bool operator==(const ElementDesign&, const ElementDesign&) = default;
 };
 
+/// Where the z axis of an element's section points, given outright: z lies in the plane of the
+/// element's axis and a direction in global coordinates (any length), on its side. A node stands
+/// for the direction from the element's start to it.
+using Orientation = std::variant<std::array<double, 3>, Number>;
+
 struct Element {
   Number number = 0;
   std::string name;
   std::array<Number, 2> nodes{};  ///< start, end
   Number section = 0;
   Number material = 0;
-  double beta = 0.0;  ///< rotation of the section about the axis, degrees
+  /// In place of the rule for vertical and other elements (docs/sign-convention.md).
+  std::optional<Orientation> orientation = std::nullopt;
+  double beta = 0.0;  ///< rotation of the section about the axis, degrees; after `orientation`
   ElementKind kind = ElementKind::beam;
   std::optional<MemberType> member_type;  ///< overrides the type that follows from the direction
   /// Releases of N, Fy, Fz, Mx, My, Mz at the start, then at the end.

@@ -35,11 +35,14 @@ class Table {
   }
   /// The entity of this number, or null.
   const Entity* find(Number number) const {
+    if (stands_in_line(number)) return &entities_[place_in_line(number)];
     const auto found = index_.find(number);
     return found == index_.end() ? nullptr : &entities_[found->second];
   }
   /// Place of an entity in the order of the file. The number must be in the table.
-  std::size_t position(Number number) const { return index_.at(number); }
+  std::size_t position(Number number) const {
+    return stands_in_line(number) ? place_in_line(number) : index_.at(number);
+  }
 
   std::size_t size() const { return entities_.size(); }
   bool empty() const { return entities_.empty(); }
@@ -48,6 +51,15 @@ class Table {
   auto end() const { return entities_.end(); }
 
  private:
+  /// Where a number stands when the numbers of the table count up by one, as they mostly do.
+  /// Looking there first spares a run most of its searches.
+  std::size_t place_in_line(Number number) const { return number - entities_.front().number; }
+  bool stands_in_line(Number number) const {
+    if (entities_.empty() || number < entities_.front().number) return false;
+    const std::size_t place = place_in_line(number);
+    return place < entities_.size() && entities_[place].number == number;
+  }
+
   std::vector<Entity> entities_;
   std::unordered_map<Number, std::size_t> index_;
 };

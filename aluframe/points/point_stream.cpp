@@ -6,6 +6,7 @@
 #include "aluframe/points/line_source.h"
 #include "aluframe/points/point_reader.h"
 #include "aluframe/points/point_writer.h"
+#include "aluframe/second_opinion/element_opinion.h"
 #include "tz_alu/engine/alucode_gb50429_07.h"
 
 namespace aluframe::points {
@@ -14,6 +15,8 @@ namespace {
 
 class PointChecker {
  public:
+  explicit PointChecker(SecondOpinion second_opinion) : second_opinion_(second_opinion) {}
+
   /// Results of a line, or what is wrong with it.
   std::string answer(const LineSource& line, StreamSummary& summary) {
     if (line.is_too_long()) {
@@ -36,8 +39,20 @@ class PointChecker {
 
   std::string check(const Point& point) {
     const int returned = engine_.CheckCode(point.data, point.force, result_, buffer_);
-    return point_line(point.id, returned, result_, buffer_);
+    const std::string safe = second_opinion_ == SecondOpinion::on && returned != 0
+                                 ? safe_member(point)
+                                 : std::string();
+    return point_line(point.id, returned, result_, buffer_, safe);
   }
+
+  std::string safe_member(const Point& point) {
+    second_opinion::ElementOpinion opinion(asked_, point.data);
+    return safe_text(opinion.at(point.force, result_), opinion.answers(point.force, result_),
+                     opinion.torsion_ratio(point.force, result_));
+  }
+
+  SecondOpinion second_opinion_;
+  second_opinion::Engine asked_;
 
   CALUCode_GB50429_07 engine_;
   T_RALU_SECT result_;
@@ -46,10 +61,10 @@ class PointChecker {
 
 }  // namespace
 
-StreamSummary check_points(std::istream& in, std::ostream& out) {
+StreamSummary check_points(std::istream& in, std::ostream& out, SecondOpinion second_opinion) {
   const BareHost host;
   StreamSummary summary;
-  PointChecker checker;
+  PointChecker checker(second_opinion);
   LineSource lines(in);
   while (out && lines.next()) {
     if (!lines.is_blank()) out << checker.answer(lines, summary);

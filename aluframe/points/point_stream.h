@@ -8,6 +8,9 @@
 
 namespace aluframe::points {
 
+/// Whether safe ratios stand beside the results of a point.
+enum class SecondOpinion { off, on };
+
 /// What became of a stream of check points.
 struct StreamSummary {
   std::uint64_t checked = 0;    ///< points that went through the engine
@@ -22,6 +25,7 @@ struct StreamSummary {
 /// to `out` for each, in order. Blank lines are skipped. Memory does not grow with the input, and a
 /// line's results are passed on before more input is waited for, so a script may talk with the
 /// stream line by line. Binds a host of its own while it runs.
-StreamSummary check_points(std::istream& in, std::ostream& out);
+StreamSummary check_points(std::istream& in, std::ostream& out,
+                           SecondOpinion second_opinion = SecondOpinion::off);
 
 }  // namespace aluframe::points

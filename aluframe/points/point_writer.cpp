@@ -45,7 +45,7 @@ void append_items(std::string& line, const T_RALU_SECT& result) {
 }  // namespace
 
 std::string point_line(std::string_view id, int returned, const T_RALU_SECT& result,
-                       const ALU_CAL_BUFF& buffer) {
+                       const ALU_CAL_BUFF& buffer, std::string_view safe) {
   const ALU_CAL_SECTPARA& para = buffer.sectpara;
   std::string line = fmt::format(R"({{"id":{},"ret":{},"items":)", id, returned);
   append_items(line, result);
@@ -53,7 +53,34 @@ std::string point_line(std::string_view id, int returned, const T_RALU_SECT& res
   append(line, std::array{para.dA, para.dW1, para.dW2, para.dWz, para.dR1, para.dR2, para.dRw});
   line += R"(,"report":)";
   append(line, buffer.report->dValue);
+  if (!safe.empty()) line.append(",\"safe\":").append(safe);
   line += "}\n";
+  return line;
+}
+
+std::string safe_text(const second_opinion::SafeRatio& ratio,
+                      const std::vector<second_opinion::Answer>& answers,
+                      std::optional<double> torsion) {
+  std::string line = R"({"ratio":)";
+  append(line, ratio.safe);
+  line += R"(,"code":)";
+  append(line, ratio.code);
+  line += fmt::format(R"(,"item":{},"rules":"{}","answers":[)", ratio.item,
+                      second_opinion::to_text(ratio.rules));
+  std::string_view separator;
+  for (const second_opinion::Answer& answer : answers) {
+    line += fmt::format(R"({}{{"item":{},"rules":"{}","ratio":)", separator, answer.item,
+                        second_opinion::to_text(answer.rules));
+    append(line, answer.ratio);
+    line += '}';
+    separator = ",";
+  }
+  line += "]";
+  if (torsion) {
+    line += R"(,"torsion":)";
+    append(line, *torsion);
+  }
+  line += '}';
   return line;
 }
 

@@ -83,7 +83,7 @@ Result<Subjects> chosen_combinations(const Input& input, const AnalysisOptions& 
   const model::Model& model = input.model;
   std::vector<model::Number> existing;
   for (const model::Combination& combination : model.combinations) {
-    existing.push_back(combination.number);
+    if (!combination.state_of) existing.push_back(combination.number);
   }
   const auto numbers = chosen("--combinations", options.combinations, existing, "combination");
   if (const auto* text = std::get_if<std::string>(&numbers)) return about(input, *text);

@@ -6,12 +6,25 @@
 
 namespace aluframe::run {
 
-services::CheckSummary check(const Input& input, const CheckOptions& options) {
+CheckResult check(const Input& input, const CheckOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
   session.language = options.language;
   session.progress = options.progress;
   session.message = options.message;
-  return services::run_check(input.model, std::move(session));
+  CheckResult result;
+  std::optional<second_opinion::RunOpinion> opinion;
+  if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
+  session.before_finish = [&](store::ResultWriter& writer) {
+    if (opinion) {
+      const std::vector<store::SafeRow> rows = safe_rows(opinion->result());
+      for (const store::SafeRow& row : rows) writer.add_safe(row);
+      result.safe = summary_of(rows);
+      result.remarks = unchecked_remarks(opinion->result());
+    }
+    for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
+  };
+  result.summary = services::run_check(input.model, std::move(session));
+  return result;
 }
 
 }  // namespace aluframe::run

@@ -2,21 +2,35 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "aluframe/run/input.h"
+#include "aluframe/run/second_opinion.h"
 #include "aluframe/services/check_run.h"
 
 namespace aluframe::run {
+
+/// Whether safe ratios are asked for beside those of the checks.
+enum class SecondOpinion { on, off };
 
 struct CheckOptions {
   std::filesystem::path results;  ///< the result file to be written
   services::Language language = services::Language::english;
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
+  SecondOpinion second_opinion = SecondOpinion::on;
+};
+
+/// What a check came to.
+struct CheckResult {
+  services::CheckSummary summary;
+  std::optional<SafeSummary> safe;         ///< nothing without a second opinion
+  std::vector<store::RemarkRow> remarks;  ///< what an engineer is owed beside the ratios
 };
 
 /// Checks what `prepare` has made ready, and stores the results.
-services::CheckSummary check(const Input& input, const CheckOptions& options);
+CheckResult check(const Input& input, const CheckOptions& options);
 
 }  // namespace aluframe::run

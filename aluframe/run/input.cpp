@@ -7,7 +7,7 @@
 
 #include "aluframe/io/model_file.h"
 #include "aluframe/members/find_members.h"
-#include "aluframe/run/setup.h"
+#include "aluframe/model/envelopes.h"
 
 namespace aluframe::run {
 
@@ -21,14 +21,6 @@ std::vector<model::Number> element_numbers(const model::Model& model) {
   return numbers;
 }
 
-std::vector<model::Number> design_combinations(const model::Model& model) {
-  std::vector<model::Number> numbers;
-  for (const model::Combination& combination : model.combinations) {
-    if (combination.design) numbers.push_back(combination.number);
-  }
-  return numbers;
-}
-
 /// Limits the input to what is selected. @return the message when something of it does not exist
 std::optional<std::string> limit(const Selection& selection, Input& input) {
   if (!selection.elements.empty()) {
@@ -37,11 +29,11 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
     input.elements = std::get<std::vector<model::Number>>(std::move(chosen));
   }
   if (!selection.combinations.empty()) {
-    const auto chosen = model::select(selection.combinations, design_combinations(input.model),
+    const auto chosen = model::select(selection.combinations, model::design_numbers(input.model),
                                       "design combination");
     if (const auto* text = std::get_if<std::string>(&chosen)) return "--combinations: " + *text;
-    const auto& numbers = std::get<std::vector<model::Number>>(chosen);
-    input.combinations = {numbers.begin(), numbers.end()};
+    input.combinations =
+        model::checked_combinations(input.model, std::get<std::vector<model::Number>>(chosen));
   }
   return std::nullopt;
 }
@@ -62,12 +54,13 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
   }
   const bool second_order = std::exchange(
       input.model.analysis.second_order, input.model.analysis.second_order || options.second_order);
-  input.options = options;
-  input.setup =
-      setup_of(input.model, {.given_settings = notes.given_settings,
-                             .forces = options.forces,
-                             .second_order_asked = options.second_order && !second_order});
+  input.origins = {.given_settings = std::move(notes.given_settings),
+                   .forces = options.forces,
+                   .second_order_asked = options.second_order && !second_order};
   input.digest = io::model_digest(input.model);
+  if (const auto text = model::expand_envelopes(input.model)) {
+    return Problem{options.model.string() + ": " + *text};
+  }
   if (const auto problem = limit(selection, input)) {
     return Problem{options.model.string() + ": " + *problem};
   }
@@ -78,6 +71,7 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   auto read = read_input(options, selection);
   auto* input = std::get_if<Input>(&read);
   if (input == nullptr) return read;
+  input->setup = setup_of(input->model, input->origins);
   const auto computed = forces::compute_forces(input->model);
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     return problem_of(options.model, *problem);

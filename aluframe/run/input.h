@@ -12,6 +12,7 @@
 #include "aluframe/model/model.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/problem.h"
+#include "aluframe/run/setup.h"
 #include "aluframe/store/result_file.h"
 
 // What every run over a model begins with: the model read and completed, limited to what the user
@@ -47,8 +48,8 @@ struct Input {
   std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
   std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
   forces::Summary forces;                ///< how forces were computed, once they are
-  InputOptions options;                  ///< what it was read with
-  store::RunSetup setup;                 ///< how the run is made, for the result file
+  SetupOrigins origins;                  ///< of what the run goes by
+  store::RunSetup setup;                 ///< what it goes by, once it is prepared
 };
 
 /// Reads the model, and the forces that take the place of its own, and completes it. What the

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <limits>
+#include <set>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -33,12 +36,27 @@ bool goes_before(const ElementResult& a, const ElementResult& b, int item) {
   return first->governing.ComPair(second->governing) != 0;
 }
 
-void sort_elements(std::vector<ElementResult>& elements, const std::string& key) {
+using SafeByElement = std::map<std::uint32_t, store::SafeRow>;
+
+/// The safe ratio, what is not finite before anything, nothing last.
+double safe_rank(const SafeByElement& safe, std::uint32_t element) {
+  const auto found = safe.find(element);
+  if (found == safe.end()) return -std::numeric_limits<double>::infinity();
+  const double ratio = found->second.safe;
+  return std::isfinite(ratio) ? ratio : std::numeric_limits<double>::infinity();
+}
+
+void sort_elements(std::vector<ElementResult>& elements, const std::string& key,
+                   const SafeByElement& safe) {
   if (key == "element") {
     std::ranges::stable_sort(elements, {}, &ElementResult::element);
   } else if (key == "ratio") {
     std::ranges::stable_sort(elements, [](const ElementResult& a, const ElementResult& b) {
       return a.worst().governing.ComPair(b.worst().governing) != 0;
+    });
+  } else if (key == "safe") {
+    std::ranges::stable_sort(elements, std::greater<>(), [&](const ElementResult& element) {
+      return safe_rank(safe, element.element);
     });
   } else {
     const auto* const item =
@@ -47,6 +65,24 @@ void sort_elements(std::vector<ElementResult>& elements, const std::string& key)
       return goes_before(a, b, item->second);
     });
   }
+}
+
+/// The combinations of the run that the user names by their own numbers or by their envelope's.
+Result<std::set<model::Number>> chosen_combinations(const store::RunInfo& info,
+                                                    const model::NumberRanges& ranges) {
+  std::vector<model::Number> existing;
+  for (const store::CombinationRow& row : info.combinations) existing.push_back(row.number);
+  for (const store::EnvelopeState& row : info.envelope_states) existing.push_back(row.envelope);
+  const auto selected = model::select(ranges, existing, "result of a combination");
+  if (const auto* text = std::get_if<std::string>(&selected)) {
+    return Problem{"--combinations: " + *text};
+  }
+  const auto& numbers = std::get<std::vector<model::Number>>(selected);
+  std::set<model::Number> chosen(numbers.begin(), numbers.end());
+  for (const store::EnvelopeState& row : info.envelope_states) {
+    if (ranges.contains(row.envelope)) chosen.insert(row.combination);
+  }
+  return chosen;
 }
 
 }  // namespace
@@ -59,14 +95,20 @@ fs::path result_file_of(const fs::path& input) {
   return input.extension() == ".aluresult" ? input : result_path_of(input);
 }
 
+SafeByElement safe_by_element(store::ResultReader& reader) {
+  SafeByElement safe;
+  for (store::SafeRow& row : reader.safe()) safe.emplace(row.element, std::move(row));
+  return safe;
+}
+
 std::string sort_names() {
-  std::string names = "element, ratio";
+  std::string names = "element, ratio, safe";
   for (const auto& [name, item] : item_sort_keys) names += ", " + std::string(name);
   return names;
 }
 
 bool is_sort_name(const std::string& name) {
-  return name == "element" || name == "ratio" ||
+  return name == "element" || name == "ratio" || name == "safe" ||
          std::ranges::any_of(item_sort_keys, [&](const auto& key) { return key.first == name; });
 }
 
@@ -82,13 +124,15 @@ Result<std::vector<ElementResult>> elements_of(store::ResultReader& reader,
       return !query.elements.contains(element.element);
     });
   }
+  const SafeByElement safe = safe_by_element(reader);
   if (query.over) {
     std::erase_if(elements, [&](const ElementResult& element) {
       const double ratio = element.worst().governing.Ratio();
-      return std::isfinite(ratio) && ratio <= *query.over;
+      return std::isfinite(ratio) && ratio <= *query.over &&
+             safe_rank(safe, element.element) <= *query.over;
     });
   }
-  sort_elements(elements, query.sort);
+  sort_elements(elements, query.sort, safe);
   if (query.top && elements.size() > *query.top) elements.resize(*query.top);
   return elements;
 }
@@ -101,14 +145,11 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
     return Problem{fmt::format("--element: there is no result of element {}", element)};
   }
   if (combinations.empty()) return records;
-  std::vector<model::Number> numbers;
-  for (const store::CombinationRow& row : reader.info().combinations) numbers.push_back(row.number);
-  const auto selected = model::select(combinations, numbers, "result of a combination");
-  if (const auto* text = std::get_if<std::string>(&selected)) {
-    return Problem{"--combinations: " + *text};
-  }
+  auto chosen = chosen_combinations(reader.info(), combinations);
+  if (auto* problem = std::get_if<Problem>(&chosen)) return std::move(*problem);
+  const auto& numbers = std::get<std::set<model::Number>>(chosen);
   std::erase_if(records, [&](const store::StoredRecord& record) {
-    return record.combination != 0 && !combinations.contains(record.combination);
+    return record.combination != 0 && !numbers.contains(record.combination);
   });
   return records;
 }

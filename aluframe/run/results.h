@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,10 +28,13 @@ struct ResultsQuery {
   model::NumberRanges elements;    ///< empty: all
   std::string sort = "element";    ///< one of `sort_names`
   std::optional<std::size_t> top;  ///< only so many of the first
-  std::optional<double> over;      ///< only those with a larger ratio
+  std::optional<double> over;      ///< only those with a larger ratio, safe ratios included
 };
 
-/// What results can be sorted by: "element", "ratio", or a check item.
+/// Second opinions by element; empty when the run went without.
+std::map<std::uint32_t, store::SafeRow> safe_by_element(store::ResultReader& reader);
+
+/// What results can be sorted by: "element", "ratio", "safe", or a check item.
 std::string sort_names();
 bool is_sort_name(const std::string& name);
 

@@ -23,8 +23,8 @@ inline services::SessionOptions session_options(const Input& input,
   session.combinations = input.combinations;
   session.model_digest = input.digest;
   session.setup = input.setup;
-  if (input.options.forces) {
-    session.setup.forces_file = seen_from(results, *input.options.forces).string();
+  if (input.origins.forces) {
+    session.setup.forces_file = seen_from(results, *input.origins.forces).string();
   }
   return session;
 }

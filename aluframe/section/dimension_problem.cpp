@@ -42,17 +42,27 @@ bool may_be_zero(const Section& section, std::string_view name) {
   return name.starts_with('r') || (name == "C" && section.shape == Shape::double_channel);
 }
 
+/// What is wrong with a dimension on its own; empty when nothing is.
+std::string fault_of_value(double value, bool may_be_zero) {
+  if (!std::isfinite(value)) return "must be a finite number";
+  if (may_be_zero) {
+    if (value < 0.0) return "must not be negative";
+    return value > largest_dimension ? fmt::format("must be at most {:g} mm", largest_dimension)
+                                     : "";
+  }
+  if (value <= 0.0) return "must be more than 0";
+  if (value >= smallest_dimension && value <= largest_dimension) return "";
+  return fmt::format("must be between {:g} and {:g} mm", smallest_dimension, largest_dimension);
+}
+
 /// Every dimension must be a length on its own.
 Problem find_bad_value(const Section& section) {
   const auto names = model::dimension_names(section.shape);
   for (std::size_t i = 0; i < names.size(); ++i) {
     const double value = section.dimensions[i];
-    if (!std::isfinite(value)) return problem_of(section, names[i], "must be a finite number");
-    if (may_be_zero(section, names[i])) {
-      if (value < 0.0) return problem_of(section, names[i], "must not be negative");
-    } else if (value <= 0.0) {
-      return problem_of(section, names[i], "must be more than 0");
-    }
+    const std::string fault = fault_of_value(value, may_be_zero(section, names[i]));
+    if (!fault.empty())
+      return DimensionProblem{i, fmt::format("{} is {} mm: {}", names[i], value, fault)};
   }
   return std::nullopt;
 }
@@ -61,7 +71,7 @@ Problem find_bad_value(const Section& section) {
 Problem find_deep_flanges(const Section& section, std::string_view top, std::string_view bottom) {
   const double t1 = value_of(section, top);
   const double t2 = value_of(section, bottom);
-  if (t1 + t2 < value_of(section, "H")) return std::nullopt;
+  if (t1 + t2 + smallest_dimension <= value_of(section, "H")) return std::nullopt;
   return problem_of(section, t2 > t1 ? bottom : top,
                     "the two flanges are as deep as the section " + quoted(section, "H"));
 }
@@ -100,7 +110,7 @@ Problem find_problem_of_flanged(const Section& section) {
 }
 
 Problem find_problem_of_tee(const Section& section) {
-  if (value_of(section, "tf") >= value_of(section, "H")) {
+  if (value_of(section, "tf") + smallest_dimension > value_of(section, "H")) {
     return problem_of(section, "tf",
                       "the flange is as deep as the section " + quoted(section, "H"));
   }
@@ -116,7 +126,7 @@ Problem find_problem_of_box(const Section& section) {
     return problem_of(section, "tw",
                       "the two webs are as wide as the section " + quoted(section, "B"));
   }
-  if (c <= tw) {
+  if (c < tw + smallest_dimension) {
     return problem_of(section, "C", "the webs leave no cell between them " + quoted(section, "tw"));
   }
   if (c > b - tw + rounding * b) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "aluframe/model/section.h"
 
@@ -25,6 +26,14 @@ struct SecondComputation {
 /// @param across cells across the thinnest plate: 1 or more; time grows with its square
 /// The section must have no dimension problem and not be of shape `other`.
 std::optional<SecondComputation> compute_on_mesh(const model::Section& section, int across = 4);
+
+/// What an engineer should know about a torsion constant by formula that is more than a tenth above
+/// the mesh's: it makes the critical moment of bending too large. Nothing for one within, for round
+/// and closed shapes (whose formulas are exact or below), for a given `it`, and without a mesh.
+/// Only flanges or webs shorter than thick make it so; the mesh is worked out for these alone.
+///
+/// The section must have no dimension problem.
+std::optional<std::string> torsion_remark(const model::Section& section);
 
 /// Whether thin-wall theory gives the shape a warping constant. Else properties_of has a negligible
 /// one in its place.

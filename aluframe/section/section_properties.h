@@ -7,6 +7,12 @@
 
 namespace aluframe::section {
 
+/// Dimensions of a section lie between these, in mm: no foil is thinner, no profile longer, and the
+/// properties keep their digits. So does the depth of a web between flanges and of a cell between
+/// webs. Radii and the gap between two channels may be 0.
+inline constexpr double smallest_dimension = 1e-3;
+inline constexpr double largest_dimension = 1e5;
+
 /// What is wrong with a section's dimensions, such as "tf1 is 120 mm: the two flanges are as deep
 /// as the section (H 200 mm)". Nothing when they describe a shape that can be built.
 struct DimensionProblem {

@@ -3,6 +3,7 @@
 #include <numbers>
 #include <vector>
 
+#include "aluframe/section/open_torsion.h"
 #include "aluframe/section/plates.h"
 #include "aluframe/section/thin_wall.h"
 
@@ -149,7 +150,7 @@ SectionProperties channel_properties(const Dimensions& d) {
   const Warping warping = channel_warping(top, bottom, depth, d.tw);
 
   SectionProperties out = from_plates(sums, d.h, {0.0, d.b1, d.b2, 0.0});
-  out.it = open_torsion_constant(std::array{top, bottom, Strip{depth, d.tw}});
+  out.it = channel_torsion_constant({web_height(d), d.tw}, {d.b1, d.tf1}, {d.b2, d.tf2});
   out.iw = warping.constant;
   out.shear_centre_y = d.tw / 2.0 + warping.shear_centre_y - sums.y;
   out.shear_centre_z = middle_line_z(d) + warping.shear_centre_z - sums.z;
@@ -180,7 +181,7 @@ SectionProperties h_section_properties(const Dimensions& d) {
 
   SectionProperties out =
       from_plates(sums, d.h, {-d.b1 / 2.0, d.b1 / 2.0, d.b2 / 2.0, -d.b2 / 2.0});
-  out.it = open_torsion_constant(std::array{top, bottom, Strip{depth, d.tw}});
+  out.it = tee_torsion_constant({web_height(d), d.tw}, std::array{top, bottom}, 0);
   out.iw = warping.constant;
   out.shear_centre_z = middle_line_z(d) + warping.shear_centre_z - sums.z;
   out.qyb = shear_factor_z(d, d.b2, d.tw, d.b1, sums.z, roundings);
@@ -200,7 +201,7 @@ SectionProperties tee_properties(const Dimensions& d) {
 
   SectionProperties out =
       from_plates(sums, d.h, {-d.b1 / 2.0, d.b1 / 2.0, d.tw / 2.0, -d.tw / 2.0});
-  out.it = open_torsion_constant(std::array{Strip{d.b1, d.tf1}, Strip{d.h - d.tf1 / 2.0, d.tw}});
+  out.it = tee_torsion_constant({web_height(d), d.tw}, std::array{Flange{d.b1, d.tf1}}, 1);
   out.shear_centre_z = top_flange_z(d) - sums.z;
   out.qyb = largest_moment_over_width(
       std::array{Slice{d.tw, web_bottom, web_top}, Slice{d.b1, web_top, d.h / 2.0}}, sums.z);
@@ -242,7 +243,8 @@ SectionProperties double_channel_properties(const Dimensions& d) {
   const double depth = middle_line_depth(d);
 
   SectionProperties out = from_plates(sums, d.h, {-edge, edge, edge, -edge});
-  out.it = 2.0 * open_torsion_constant(std::array{flange, flange, Strip{depth, d.tw}});
+  const Flange whole_flange{d.b1, d.tf1};
+  out.it = 2.0 * channel_torsion_constant({web_height(d), d.tw}, whole_flange, whole_flange);
   out.iw = double_channel_warping(flange, depth, d.tw, d.c + d.tw);
   out.qyb = shear_factor_z(d, 2.0 * d.b1, 2.0 * d.tw, 2.0 * d.b1, sums.z);
   out.qzb = largest_moment_over_thickness({.inner = d.c / 2.0,

@@ -22,9 +22,10 @@ struct Dimensions {
 Dimensions dimensions_of(const model::Section& section);
 
 // Properties of each shape, by closed formulas. Area, Iyy, Izz exact, with the corner radii of C
-// and H; It, Iw and the shear centre by thin-wall theory on the middle lines (web lengths run
-// between the middle lines of the flanges), without the radii, which add to It. Iw is 0 where a
-// shape has no warping stiffness. Dimensions must describe a shape that can be built.
+// and H; Iw and the shear centre by thin-wall theory on the middle lines (web lengths run between
+// the middle lines of the flanges), It of open sections with ends and junctions (open_torsion.h),
+// all without the radii, which add to It. Iw is 0 where a shape has no warping stiffness.
+// Dimensions must describe a shape that can be built.
 
 /// Web on the left, flanges to the right; B1, B2 from the web's back. The shear centre lies left of
 /// the web; with equal flanges at the height of the centroid.

@@ -74,12 +74,6 @@ BoxFlows box_flows(const BoxWalls& walls) {
 
 }  // namespace
 
-double open_torsion_constant(std::span<const Strip> strips) {
-  double sum = 0.0;
-  for (const Strip& strip : strips) sum += strip.length * cube(strip.thickness) / 3.0;
-  return sum;
-}
-
 Warping i_section_warping(Flange top, Flange bottom, double h) {
   const double i1 = flange_inertia(top);
   const double i2 = flange_inertia(bottom);

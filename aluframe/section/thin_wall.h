@@ -1,21 +1,15 @@
 #pragma once
 
-#include <span>
-
 namespace aluframe::section {
 
 // Torsion and warping of thin-walled sections, worked out on the middle lines of the plates. All
 // lengths in mm and positive unless said otherwise.
 
-/// A plate as seen by torsion: length of its middle line and thickness.
+/// A plate: length of its middle line and thickness.
 struct Strip {
   double length;
   double thickness;
 };
-
-/// St-Venant torsion constant of an open section, mm⁴: Σ b·t³/3 (thin-wall theory, for example
-/// Vlasov, Thin-walled Elastic Beams). No increase for corners.
-double open_torsion_constant(std::span<const Strip> strips);
 
 /// Warping constant about the shear centre, and where that lies.
 struct Warping {

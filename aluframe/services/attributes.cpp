@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "aluframe/members/axes_remarks.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/text.h"
 
@@ -57,7 +58,7 @@ int Attributes::GetElem(UINT elem, T_ELEM_D& out) const {
   out.aNode = element->nodes;
   out.nSect = element->section;
   out.nMatl = element->material;
-  out.dBeta = element->beta;
+  out.dBeta = members::turned_by(model_, *element);
   return 1;
 }
 

@@ -1,5 +1,8 @@
 // Load combinations and load cases by name.
 
+#include <string>
+
+#include "aluframe/model/envelopes.h"
 #include "aluframe/services/attributes.h"
 #include "aluframe/services/text.h"
 
@@ -36,6 +39,14 @@ T_LCOM_ENTRY_D entry_of(const model::CombinationTerm& term, const model::Model& 
   return {entry_kind(model.load_cases.find(term.number)->kind), term.number, term.factor};
 }
 
+/// A combination without a name is known by its number. Blocks of the report give the number of a
+/// state, so its name begins with it: "7003 = 7 Extremes: 1.3G+1.5Wp".
+std::string name_of(const model::Combination& combination) {
+  const std::string number = std::to_string(combination.number);
+  if (combination.state_of) return number + " = " + model::label_of(combination);
+  return combination.name.empty() ? number : combination.name;
+}
+
 /// Name of the load case with this number; a case without one is known by its number.
 template <class Case>
 int named(const model::Model& model, UINT number, Case& out) {
@@ -51,7 +62,7 @@ int Attributes::GetLcom(int, UINT number, T_LCOM_D& out) const {
   const model::Combination* found = model_.combinations.find(number);
   if (found == nullptr) return 0;
   out = T_LCOM_D();
-  out.strName = to_wide(found->name.empty() ? std::to_string(number) : found->name);
+  out.strName = to_wide(name_of(*found));
   out.nType = found->kind == model::CombinationKind::envelope ? 1 : 0;
   for (const model::CombinationTerm& term : found->terms) out.aEntry.Add(entry_of(term, model_));
   return 1;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
+#include <set>
 #include <utility>
 
 #include "aluframe/services/binding.h"
@@ -39,6 +40,7 @@ void finish_file(Session& session, RunOutcome outcome) {
     for (const store::NotChecked& item : session.monitor().not_checked()) {
       writer->add_not_checked(item);
     }
+    if (session.options().before_finish) session.options().before_finish(*writer);
   } catch (const std::exception&) {
     writer->finish(store::RunState::failed);
     throw;
@@ -46,22 +48,39 @@ void finish_file(Session& session, RunOutcome outcome) {
   writer->finish(state_of(outcome));
 }
 
-void count_combinations(Session& session, CheckSummary& summary) {
+/// True when all states of an envelope are checked, or one that nothing else has.
+bool is_checked_by_states(const model::Model& model, const model::Combination& envelope,
+                          const std::set<model::Number>& checked) {
+  const auto is_checked = [&](model::Number number) { return checked.contains(number); };
+  const auto is_own = [&](model::Number number) {
+    return is_checked(number) && model.combinations.find(number)->state_of == envelope.number;
+  };
+  const std::vector<model::Number>& states = envelope.states;
+  return !states.empty() &&
+         (std::ranges::all_of(states, is_checked) || std::ranges::any_of(states, is_own));
+}
+
+void count_combinations(Session& session, const model::Model& model, CheckSummary& summary) {
   CArrayEx<T_LCOM_MAXMIN_K> keys;
   session.DocPoint()->GetAluDgnTool().GetAluDgnLCombs(keys, kAluDesignKind, 0);
   summary.sides = static_cast<std::size_t>(keys.GetSize());
-  const auto is_first_side = [](T_LCOM_MAXMIN_K key) { return LcombMinSide(key) == 0; };
-  summary.combinations =
-      static_cast<std::size_t>(std::count_if(keys.begin(), keys.end(), is_first_side));
+  std::set<model::Number> checked;
+  for (const T_LCOM_MAXMIN_K key : keys) checked.insert(LcombNumber(key));
+  for (const model::Combination& combination : model.combinations) {
+    if (combination.state_of) continue;
+    const bool by_states = is_checked_by_states(model, combination, checked);
+    if (by_states || checked.contains(combination.number)) ++summary.combinations;
+    summary.by_states = summary.by_states || by_states;
+  }
 }
 
-CheckSummary summary_of(Session& session, RunOutcome outcome) {
+CheckSummary summary_of(Session& session, const model::Model& model, RunOutcome outcome) {
   const RunMonitor& monitor = session.monitor();
   CheckSummary summary;
   summary.outcome = outcome;
   summary.failure = monitor.failure().value_or("");
   summary.elements = monitor.element_count();
-  count_combinations(session, summary);
+  count_combinations(session, model, summary);
   summary.checked_elements = monitor.checked_elements();
   summary.checked_positions = monitor.checked_positions();
   summary.elements_over_limit = monitor.elements_over_limit();
@@ -91,7 +110,7 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
     session.monitor().note_failure(error.what());
     outcome = RunOutcome::failed;
   }
-  CheckSummary summary = summary_of(session, outcome);
+  CheckSummary summary = summary_of(session, model, outcome);
   summary.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   return summary;
 }

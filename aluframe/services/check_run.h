@@ -24,8 +24,10 @@ struct CheckSummary {
   RunOutcome outcome = RunOutcome::failed;
   std::string failure;
   std::size_t elements = 0;  ///< elements of the run
+  /// Design combinations of the model; an envelope counts once, whatever it is checked by.
   std::size_t combinations = 0;
-  std::size_t sides = 0;  ///< combinations, with both sides of those that have two
+  std::size_t sides = 0;   ///< what was checked: combinations, both sides of those with two, states
+  bool by_states = false;  ///< an envelope was checked by its states
   std::uint64_t checked_elements = 0;
   std::uint64_t checked_positions = 0;
   std::uint64_t elements_over_limit = 0;

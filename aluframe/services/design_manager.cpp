@@ -1,5 +1,6 @@
 #include "aluframe/services/design_manager.h"
 
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -15,13 +16,11 @@ constexpr std::size_t first_moment = 3;
 
 void fill_position(std::array<float, 9>& out, const model::SectionForces& forces,
                    const UnitScale& scale) {
+  std::ranges::copy(forces, out.begin());
+  if (scale.is_identity()) return;
   for (std::size_t i = 0; i < forces.size(); ++i) {
-    if (scale.is_identity()) {
-      out[i] = forces[i];
-    } else {
-      const double value = static_cast<double>(forces[i]);
-      out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
-    }
+    const double value = static_cast<double>(forces[i]);
+    out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
   }
 }
 
@@ -30,14 +29,16 @@ void fill_position(std::array<float, 9>& out, const model::SectionForces& forces
 DesignManager::DesignManager(const model::Model& model,
                              const model::CombinationEvaluator& evaluator, const UnitScale& scale,
                              RunMonitor& monitor, std::filesystem::path result_path,
-                             store::RunInfo info, ResultWriterFactory create_writer)
+                             store::RunInfo info, ResultWriterFactory create_writer,
+                             RunObserver* observer)
     : model_(model),
       evaluator_(evaluator),
       scale_(scale),
       monitor_(monitor),
       result_path_(std::move(result_path)),
       info_(std::move(info)),
-      create_writer_(std::move(create_writer)) {}
+      create_writer_(std::move(create_writer)),
+      observer_(observer) {}
 
 template <class Action>
 auto DesignManager::noting_failure(Action action) {
@@ -75,6 +76,9 @@ int DesignManager::WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lco
   });
   if (uses_stored_) added_.insert(elem);
   monitor_.note_record(elem, lcomb, record);
+  if (observer_ != nullptr) {
+    noting_failure([&] { observer_->checked(elem, lcomb, minSide, record); });
+  }
   return 1;
 }
 

@@ -10,6 +10,7 @@
 #include "aluframe/model/combinations.h"
 #include "aluframe/model/model.h"
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/services/run_observer.h"
 #include "aluframe/services/unit_scale.h"
 #include "aluframe/store/result_file.h"
 #include "host/tz_db/services.h"
@@ -28,7 +29,8 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
  public:
   DesignManager(const model::Model& model, const model::CombinationEvaluator& evaluator,
                 const UnitScale& scale, RunMonitor& monitor, std::filesystem::path result_path,
-                store::RunInfo info, ResultWriterFactory create_writer);
+                store::RunInfo info, ResultWriterFactory create_writer,
+                RunObserver* observer = nullptr);
 
   UINT GetOriginElem(int index) const override;
   CAluDesignMgr& AluDgnMgr() override { return *this; }
@@ -71,6 +73,7 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   std::filesystem::path result_path_;
   store::RunInfo info_;
   ResultWriterFactory create_writer_;
+  RunObserver* observer_;
   std::unique_ptr<store::ResultWriter> writer_;
   bool uses_stored_ = false;
   std::set<std::uint32_t> added_;

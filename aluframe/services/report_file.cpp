@@ -48,18 +48,7 @@ int append_probe(const fs::path& path) {
   return written ? 0 : errno;
 }
 
-/// The path in full, however it is written.
-fs::path full(const fs::path& path) {
-  std::error_code error;
-  return fs::absolute(path, error).lexically_normal();
-}
-
 }  // namespace
-
-bool is_same_file(const fs::path& a, const fs::path& b) {
-  std::error_code error;
-  return fs::equivalent(a, b, error) || full(a) == full(b);
-}
 
 std::optional<std::string> report_problem(const fs::path& path) {
   std::error_code ignored;

@@ -8,9 +8,6 @@
 
 namespace aluframe::services {
 
-/// True when both paths lead to one file, also to one that does not exist yet.
-bool is_same_file(const std::filesystem::path& a, const std::filesystem::path& b);
-
 /// Why a report cannot be written there; nothing when it can. Leaves an existing file as it is.
 std::optional<std::string> report_problem(const std::filesystem::path& path);
 

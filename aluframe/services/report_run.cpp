@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "aluframe/files/same_file.h"
 #include "aluframe/services/binding.h"
 #include "aluframe/services/report_file.h"
 #include "aluframe/services/text.h"
@@ -101,7 +102,7 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
 
 ReportSummary run_report(const model::Model& model, SessionOptions options,
                          const std::filesystem::path& path) {
-  if (is_same_file(path, options.result_path)) {
+  if (files::is_same_file(path, options.result_path)) {
     return failed(path.string() + ": holds the results, which the report would overwrite");
   }
   if (to_utf8(to_wide(path.string())) != path.string()) {

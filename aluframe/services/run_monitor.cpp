@@ -127,10 +127,13 @@ void RunMonitor::note_missing_forces(std::uint32_t element, std::uint32_t combin
   add_pending({elements_[done_], combination, reason});
 }
 
-void RunMonitor::add_pending(const store::NotChecked& item) {
-  // Both sides of a combination lack the same forces.
+void RunMonitor::add_pending(store::NotChecked item) {
+  const model::Combination* found =
+      item.combination ? model_.combinations.find(*item.combination) : nullptr;
+  if (found != nullptr && found->state_of) item.combination = found->state_of;
+  // Both sides of a combination, and the states of an envelope, lack the same forces.
   if (std::ranges::find(current_.pending, item) == current_.pending.end()) {
-    current_.pending.push_back(item);
+    current_.pending.push_back(std::move(item));
   }
 }
 

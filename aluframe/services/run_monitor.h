@@ -84,7 +84,8 @@ class RunMonitor {
   void note_left_out_forces(std::size_t position, std::uint32_t combination,
                             const T_RALU_D& record);
   void add_left_out_forces(std::uint32_t element);
-  void add_pending(const store::NotChecked& item);
+  /// What a state lacks is told of its envelope.
+  void add_pending(store::NotChecked item);
   /// Shear and torsion of an element on which nothing else acts.
   void note_forces_without_state(std::uint32_t element);
   std::string reason_without_result(std::uint32_t element) const;

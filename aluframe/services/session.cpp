@@ -1,5 +1,6 @@
 #include "aluframe/services/session.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "aluframe/services/text.h"
@@ -14,6 +15,22 @@ T_UNIT_INDEX index_of(const model::Units& units) {
   return {static_cast<int>(units.force), static_cast<int>(units.length)};
 }
 
+/// The states of the envelopes that the run checks by all their states.
+std::vector<store::EnvelopeState> envelope_states(const model::Model& model,
+                                                  const std::set<model::Number>& wanted) {
+  std::vector<store::EnvelopeState> rows;
+  const auto is_checked = [&wanted](model::Number number) {
+    return wanted.empty() || wanted.contains(number);
+  };
+  for (const model::Combination& combination : model.combinations) {
+    if (!std::ranges::all_of(combination.states, is_checked)) continue;
+    for (const model::Number state : combination.states) {
+      rows.push_back({combination.number, state});
+    }
+  }
+  return rows;
+}
+
 store::RunInfo run_info(const model::Model& model, const model::CombinationEvaluator& evaluator,
                         const SessionOptions& options) {
   store::RunInfo info{.model_title = model.title,
@@ -21,6 +38,7 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
                       .program = "aluframe",
                       .combinations = {},
                       .model_digest = options.model_digest,
+                      .envelope_states = envelope_states(model, options.combinations),
                       .setup = options.setup,
                       .model_elements = static_cast<std::uint32_t>(model.elements.size())};
   for (const model::Combination& combination : model.combinations) {
@@ -31,7 +49,7 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
     }
     info.combinations.push_back({combination.number, combination.name,
                                  evaluator.has_two_sides(combination.number),
-                                 evaluator.is_seismic(combination.number)});
+                                 evaluator.is_seismic(combination.number), combination.state_of});
   }
   return info;
 }
@@ -78,7 +96,7 @@ Session::Session(const model::Model& model, SessionOptions options)
       attributes_(model_, scale_),
       tool_(model_, evaluator_, monitor_, options_.selected, options_.combinations),
       manager_(model_, evaluator_, scale_, monitor_, options_.result_path,
-               run_info(model_, evaluator_, options_), options_.create_writer),
+               run_info(model_, evaluator_, options_), options_.create_writer, options_.observer),
       document_(model_, attributes_, tool_, manager_, scale_, options_.editable,
                 options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 

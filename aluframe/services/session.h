@@ -12,6 +12,7 @@
 #include "aluframe/services/document.h"
 #include "aluframe/services/messages.h"
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/services/run_observer.h"
 #include "host/host_services.h"
 
 namespace aluframe::services {
@@ -49,6 +50,10 @@ struct SessionOptions {
   std::string model_digest;
   /// How the run was made, which goes into the result file too.
   store::RunSetup setup;
+  /// Follows the run; null: nobody does.
+  RunObserver* observer = nullptr;
+  /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
+  std::function<void(store::ResultWriter&)> before_finish;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
 };
@@ -83,6 +88,7 @@ class Session : public host::HostServices {
 
   RunMonitor& monitor() { return monitor_; }
   DesignManager& manager() { return manager_; }
+  const SessionOptions& options() const { return options_; }
   /// What the dialogs changed.
   const ModelEditor& editor() const { return document_.editor(); }
   /// True once the listener has asked to stop.

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "aluframe/model/plain_text.h"
+
 namespace aluframe::services {
 
 namespace {
@@ -74,6 +76,9 @@ std::vector<BrokenRule> broken_rules(const Material& material) {
   const bool of_the_user = material.standard.empty() || material.standard == model::user_standard;
   if (of_the_user && material.name.empty() && material.grade.empty()) {
     broken.push_back({"name", "found none, values of the user must have a name"});
+  }
+  if (const auto found = model::find_control_character(material.name)) {
+    broken.push_back({"name", fmt::format("found {}, {}", *found, model::plain_text_rule)});
   }
   add_broken(material, material_rules, broken);
   return broken;

@@ -22,8 +22,9 @@ struct BrokenRule {
 std::vector<BrokenRule> broken_rules(const model::DesignSettings& settings);
 
 /// In the order of the fields. E, strengths (N/mm²) and Poisson's ratio are above 0 and at most
-/// 1e30, and values of the user have a name or a grade to be known by. Neither a Poisson's ratio
-/// above 0.5 nor a proof strength above the ultimate one is a fault here.
+/// 1e30, values of the user have a name or a grade to be known by, and a name is one line of plain
+/// text. Neither a Poisson's ratio above 0.5 nor a proof strength above the ultimate one is a fault
+/// here.
 std::vector<BrokenRule> broken_rules(const model::Material& material);
 
 }  // namespace aluframe::services

@@ -53,7 +53,9 @@ void require_not_protected(const fs::path& path) {
 }  // namespace
 
 SQLite::Database open_for_writing(const fs::path& path) {
-  SQLite::Database database(path.string(), SQLite::OPEN_READWRITE, lock_timeout_ms);
+  // Whoever writes sees to it that one thread at a time does, so SQLite need not.
+  SQLite::Database database(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                            lock_timeout_ms);
   database.exec("PRAGMA journal_mode = DELETE");
   database.exec("PRAGMA synchronous = OFF");
   database.exec("PRAGMA cache_size = -32768");

@@ -1,5 +1,6 @@
 #include "aluframe/store/record_packing.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -33,9 +34,7 @@ std::uint64_t bits_of(double value) {
 }
 
 bool holds_something(const PositionBits& bits) {
-  std::uint64_t any = 0;
-  for (const std::uint64_t value : bits) any |= value;
-  return any != 0;
+  return std::ranges::any_of(bits, [](std::uint64_t value) { return value != 0; });
 }
 
 bool head_follows_from(const T_RALU_D& record, const RecordKey& key, int member_type) {
@@ -54,19 +53,22 @@ std::byte* put_head(std::byte* out, const T_RALU_D& record) {
   return put_int(out, record.nMinSide);
 }
 
+/// One bit for every value that differs, the first one lowest.
+std::uint32_t differences(const PositionBits& bits, const PositionBits& before) {
+  std::uint32_t mask = 0;
+  for (std::size_t i = bits.size(); i-- > 0;) mask = 2 * mask + (bits[i] != before[i] ? 1 : 0);
+  return mask;
+}
+
 /// Writes the mask of the values that differ from `before`, and these values.
 std::byte* put_position(std::byte* out, const PositionBits& bits, const PositionBits& before) {
-  std::byte* values = out + mask_bytes;
-  std::uint32_t mask = 0;
-  for (std::size_t i = 0; i < bits.size(); ++i) {
-    const std::uint32_t differs = bits[i] != before[i] ? 1 : 0;
-    mask |= differs << i;
-    put(values, bits[i]);
-    values += sizeof(double) * differs;
+  const std::uint32_t mask = differences(bits, before);
+  out = put(out, static_cast<std::uint16_t>(mask));
+  out = put(out, static_cast<std::uint8_t>(mask >> 16));
+  for (std::uint32_t rest = mask; rest != 0; rest &= rest - 1) {
+    out = put(out, bits[static_cast<std::size_t>(std::countr_zero(rest))]);
   }
-  put(out, static_cast<std::uint16_t>(mask));
-  put(out + 2, static_cast<std::uint8_t>(mask >> 16));
-  return values;
+  return out;
 }
 
 std::byte* put_item(std::byte* out, const T_RALU_ITEM& item) {

@@ -20,6 +20,17 @@ struct CombinationRow {
   std::string name;
   bool two_sides = false;
   bool seismic = false;
+  /// The envelope that it is a state of; nothing: a combination of the model itself.
+  std::optional<std::uint32_t> state_of = std::nullopt;
+};
+
+/// A combination of the run that stands for one state of an envelope. It may be a combination of
+/// the model, or a state of another envelope.
+struct EnvelopeState {
+  std::uint32_t envelope = 0;
+  std::uint32_t combination = 0;
+
+  friend bool operator==(const EnvelopeState&, const EnvelopeState&) = default;
 };
 
 /// A setting that a run went by.
@@ -49,6 +60,8 @@ struct RunInfo {
   std::string program;  ///< name and version of the program
   std::vector<CombinationRow> combinations;
   std::string model_digest;  ///< tells states of a model and its forces apart; empty: unknown
+  /// All states of the envelopes that are checked by them.
+  std::vector<EnvelopeState> envelope_states = {};
   RunSetup setup = {};
   /// What the model has, also where the run was limited to a part of it.
   std::uint32_t model_elements = 0;
@@ -79,6 +92,34 @@ struct NotChecked {
   std::optional<LargestForce> largest = {};  ///< of the force that the reason is about
 
   friend bool operator==(const NotChecked&, const NotChecked&) = default;
+};
+
+/// The second opinion of one element: its largest ratio when every unsafe rule of the checks is set
+/// right, beside what the checks have.
+struct SafeRow {
+  std::uint32_t element = 0;
+  double code = 0.0;  ///< worst ratio of the checks
+  double safe = 0.0;  ///< never below `code`
+  int item = 0;       ///< RALU_ITEM_TYPE of the safe ratio
+  std::string rules;  ///< "C1, S6": what makes it differ; empty: nothing does
+  std::uint32_t combination = 0;
+  int min_side = 0;
+  /// Part of the element's length from its start; nothing: the whole member together.
+  std::optional<double> fraction;
+  double from_start = 0.0;  ///< mm
+
+  friend bool operator==(const SafeRow&, const SafeRow&) = default;
+};
+
+/// What an engineer is owed beside the ratios of a run.
+struct RemarkRow {
+  std::string kind;      ///< a rule of docs/behaviour.md or a kind of docs/warnings.md
+  std::string elements;  ///< "1-3, 7"; empty: it is about no element
+  std::string text;
+  std::optional<double> ratio;  ///< worst ratio that a second opinion gives
+  std::optional<std::uint32_t> element, combination;  ///< where that ratio stands
+
+  friend bool operator==(const RemarkRow&, const RemarkRow&) = default;
 };
 
 /// Writes the result file of one run.
@@ -122,6 +163,9 @@ class ResultWriter {
   virtual bool read(std::uint32_t element, std::uint32_t combination, int min_side,
                     T_RALU_D& out) = 0;
   virtual void add_not_checked(const NotChecked& item) = 0;
+  /// An element that comes again replaces its earlier row.
+  virtual void add_safe(const SafeRow& row) = 0;
+  virtual void add_remark(const RemarkRow& row) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;
   /// Flushes, waits until the disk has everything, notes how the run ended and closes the file.
@@ -167,6 +211,9 @@ class ResultReader {
   /// All records of an element, in the order written, the governing one last.
   virtual std::vector<StoredRecord> read_all(std::uint32_t element) = 0;
   virtual std::vector<NotChecked> not_checked() = 0;
+  /// Second opinions, in the order written; empty when the run went without.
+  virtual std::vector<SafeRow> safe() = 0;
+  virtual std::vector<RemarkRow> remarks() = 0;
 };
 
 }  // namespace aluframe::store

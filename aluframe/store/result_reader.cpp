@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -15,6 +16,11 @@ constexpr const char* select_governing =
     "SELECT governing.element, element.member_type, item, position, demand, capacity, combination, "
     "min_side FROM element JOIN governing ON governing.element = element.number "
     "ORDER BY element.sequence, item";
+
+constexpr const char* select_safe =
+    "SELECT safe.element, code_ratio, safe_ratio, item, rules, combination, min_side, fraction, "
+    "from_start_mm FROM safe JOIN element ON element.number = safe.element "
+    "ORDER BY element.sequence";
 
 class FileReader : public ResultReader {
  public:
@@ -68,6 +74,26 @@ class FileReader : public ResultReader {
     });
   }
 
+  std::vector<SafeRow> safe() override {
+    return about_file(path_, [this] {
+      std::vector<SafeRow> rows;
+      SQLite::Statement select(database_, select_safe);
+      while (select.executeStep()) rows.push_back(safe_row(select));
+      return rows;
+    });
+  }
+
+  std::vector<RemarkRow> remarks() override {
+    return about_file(path_, [this] {
+      std::vector<RemarkRow> rows;
+      SQLite::Statement select(database_,
+                               "SELECT kind, elements, text, ratio, element, combination FROM "
+                               "remark ORDER BY sequence");
+      while (select.executeStep()) rows.push_back(remark_row(select));
+      return rows;
+    });
+  }
+
  private:
   GoverningRow governing_row(SQLite::Statement& select) {
     GoverningRow row{select.getColumn(0).getUInt(), select.getColumn(1).getInt(),
@@ -99,6 +125,38 @@ class FileReader : public ResultReader {
     return LargestForce{select.getColumn(3).getString(), select.getColumn(4).getDouble(),
                         select.getColumn(5).getInt(), select.getColumn(6).getUInt(),
                         select.getColumn(7).getInt()};
+  }
+
+  /// SQLite has no NaN: NULL stands for it.
+  static double number(const SQLite::Column& column) {
+    return column.isNull() ? std::numeric_limits<double>::quiet_NaN() : column.getDouble();
+  }
+
+  static SafeRow safe_row(SQLite::Statement& select) {
+    const SQLite::Column fraction = select.getColumn(7);
+    return {.element = select.getColumn(0).getUInt(),
+            .code = number(select.getColumn(1)),
+            .safe = number(select.getColumn(2)),
+            .item = select.getColumn(3).getInt(),
+            .rules = select.getColumn(4).getString(),
+            .combination = select.getColumn(5).getUInt(),
+            .min_side = select.getColumn(6).getInt(),
+            .fraction = fraction.isNull() ? std::nullopt : std::optional(fraction.getDouble()),
+            .from_start = select.getColumn(8).getDouble()};
+  }
+
+  static RemarkRow remark_row(SQLite::Statement& select) {
+    const auto whole = [&](int i) {
+      const SQLite::Column column = select.getColumn(i);
+      return column.isNull() ? std::nullopt : std::optional(column.getUInt());
+    };
+    const SQLite::Column ratio = select.getColumn(3);
+    return {.kind = select.getColumn(0).getString(),
+            .elements = select.getColumn(1).getString(),
+            .text = select.getColumn(2).getString(),
+            .ratio = ratio.isNull() ? std::nullopt : std::optional(ratio.getDouble()),
+            .element = whole(4),
+            .combination = whole(5)};
   }
 
   std::filesystem::path path_;

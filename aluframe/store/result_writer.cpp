@@ -19,6 +19,8 @@ struct WriteTo {
 
   void operator()(const std::shared_ptr<const ElementRow>& row) const { file.add(*row); }
   void operator()(const NotChecked& item) const { file.add(item); }
+  void operator()(const SafeRow& row) const { file.add(row); }
+  void operator()(const RemarkRow& row) const { file.add(row); }
   void operator()(const CommitMark&) const { file.commit(); }
   void operator()(RunState state) const { file.finish(state); }
 };
@@ -115,6 +117,14 @@ std::optional<T_RALU_D> QueuedResultWriter::find(std::uint32_t element, const Re
 
 void QueuedResultWriter::add_not_checked(const NotChecked& item) {
   if (thread_.joinable()) queue_.push(item);
+}
+
+void QueuedResultWriter::add_safe(const SafeRow& row) {
+  if (thread_.joinable()) queue_.push(row);
+}
+
+void QueuedResultWriter::add_remark(const RemarkRow& row) {
+  if (thread_.joinable()) queue_.push(row);
 }
 
 void QueuedResultWriter::flush() {

@@ -30,6 +30,8 @@ class QueuedResultWriter : public ResultWriter {
              int min_side) override;
   bool read(std::uint32_t element, std::uint32_t combination, int min_side, T_RALU_D& out) override;
   void add_not_checked(const NotChecked& item) override;
+  void add_safe(const SafeRow& row) override;
+  void add_remark(const RemarkRow& row) override;
   void flush() override;
   void finish(RunState state) override;
   std::uint64_t record_count() const override { return records_; }

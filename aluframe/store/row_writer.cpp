@@ -24,6 +24,15 @@ void run(SQLite::Statement& statement, const Values&... values) {
   statement.reset();
 }
 
+template <class Value>
+void bind_or_null(SQLite::Statement& statement, int index, const std::optional<Value>& value) {
+  if (value) {
+    statement.bind(index, *value);
+  } else {
+    statement.bind(index);
+  }
+}
+
 std::string text_of(double value) {
   if (std::isnan(value)) return "nan";
   return value < 0.0 ? "-inf" : "inf";
@@ -50,6 +59,9 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_not_checked_(database_,
                           "INSERT INTO not_checked VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_safe_(database_,
+                   "INSERT OR REPLACE INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
   begin();
@@ -173,6 +185,23 @@ void RowWriter::bind_largest(const std::optional<LargestForce>& largest) {
   insert_not_checked_.bind(6, largest->position);
   insert_not_checked_.bind(7, largest->combination);
   insert_not_checked_.bind(8, largest->min_side);
+}
+
+void RowWriter::add(const SafeRow& row) {
+  bind_or_null(insert_safe_, 9, row.fraction);
+  insert_safe_.bind(10, row.from_start);
+  run(insert_safe_, row.element, row.code, row.safe,
+      item_names.at(static_cast<std::size_t>(row.item)), row.item, row.rules, row.combination,
+      row.min_side);
+  count(sizeof(row));
+}
+
+void RowWriter::add(const RemarkRow& row) {
+  bind_or_null(insert_remark_, 4, row.ratio);
+  bind_or_null(insert_remark_, 5, row.element);
+  bind_or_null(insert_remark_, 6, row.combination);
+  run(insert_remark_, row.kind, row.elements, row.text);
+  count(row.text.size());
 }
 
 std::optional<T_RALU_D> RowWriter::find(std::uint32_t element, const RecordKey& key) {

@@ -33,6 +33,8 @@ class RowWriter {
   /// end of the order.
   void add(const ElementRow& row);
   void add(const NotChecked& item);
+  void add(const SafeRow& row);
+  void add(const RemarkRow& row);
   void commit();
   /// Commits everything, waits until the disk has it, then notes the state: a run that a power
   /// failure caught is never taken for a complete one. Nothing may be added afterwards.
@@ -59,6 +61,8 @@ class RowWriter {
   SQLite::Statement insert_record_;
   SQLite::Statement insert_governing_;
   SQLite::Statement insert_not_checked_;
+  SQLite::Statement insert_safe_;
+  SQLite::Statement insert_remark_;
   RowQuery records_;
   std::unordered_set<std::uint32_t> elements_;
   std::int64_t sequence_ = 0;

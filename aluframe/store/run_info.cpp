@@ -7,7 +7,8 @@ namespace aluframe::store {
 namespace {
 
 bool is_same_combination(const CombinationRow& a, const CombinationRow& b) {
-  return a.name == b.name && a.two_sides == b.two_sides && a.seismic == b.seismic;
+  return a.name == b.name && a.two_sides == b.two_sides && a.seismic == b.seismic &&
+         a.state_of == b.state_of;
 }
 
 }  // namespace

@@ -35,7 +35,13 @@ CREATE TABLE combination (
   number INTEGER NOT NULL UNIQUE,
   name TEXT NOT NULL,
   two_sides INTEGER NOT NULL,
-  seismic INTEGER NOT NULL);
+  seismic INTEGER NOT NULL,
+  state_of INTEGER);
+CREATE TABLE envelope_state (
+  sequence INTEGER PRIMARY KEY,
+  envelope INTEGER NOT NULL,
+  combination INTEGER NOT NULL,
+  UNIQUE (envelope, combination));
 CREATE TABLE element (
   number INTEGER PRIMARY KEY,
   sequence INTEGER NOT NULL,
@@ -63,6 +69,25 @@ CREATE TABLE not_checked (
   position INTEGER,
   at_combination INTEGER,
   at_min_side INTEGER);
+CREATE TABLE safe (
+  element INTEGER PRIMARY KEY,
+  code_ratio,
+  safe_ratio,
+  item_name TEXT NOT NULL,
+  item INTEGER NOT NULL,
+  rules TEXT NOT NULL,
+  combination INTEGER NOT NULL,
+  min_side INTEGER NOT NULL,
+  fraction,
+  from_start_mm);
+CREATE TABLE remark (
+  sequence INTEGER PRIMARY KEY,
+  kind TEXT NOT NULL,
+  elements TEXT NOT NULL,
+  text TEXT NOT NULL,
+  ratio,
+  element INTEGER,
+  combination INTEGER);
 CREATE TABLE record (
   element INTEGER PRIMARY KEY,
   data BLOB NOT NULL);
@@ -95,16 +120,55 @@ void insert_settings(SQLite::Database& database, const RunInfo& info) {
   }
 }
 
-void insert_combinations(SQLite::Database& database, const RunInfo& info, const char* sql) {
-  SQLite::Statement insert(database, sql);
+/// @param verb "INSERT", or "INSERT OR IGNORE" to keep the rows that are there
+void insert_combinations(SQLite::Database& database, const RunInfo& info, const std::string& verb) {
+  SQLite::Statement insert(database, verb + " INTO combination VALUES (NULL, ?, ?, ?, ?, ?)");
   for (const CombinationRow& row : info.combinations) {
     insert.bind(1, row.number);
     insert.bind(2, row.name);
     insert.bind(3, row.two_sides ? 1 : 0);
     insert.bind(4, row.seismic ? 1 : 0);
+    if (row.state_of) {
+      insert.bind(5, *row.state_of);
+    } else {
+      insert.bind(5);
+    }
     insert.exec();
     insert.reset();
   }
+  SQLite::Statement state(database, verb + " INTO envelope_state VALUES (NULL, ?, ?)");
+  for (const EnvelopeState& row : info.envelope_states) {
+    state.bind(1, row.envelope);
+    state.bind(2, row.combination);
+    state.exec();
+    state.reset();
+  }
+}
+
+std::vector<CombinationRow> load_combinations(SQLite::Database& database) {
+  std::vector<CombinationRow> rows;
+  SQLite::Statement select(
+      database,
+      "SELECT number, name, two_sides, seismic, state_of FROM combination ORDER BY sequence");
+  while (select.executeStep()) {
+    CombinationRow row{.number = select.getColumn(0).getUInt(),
+                       .name = select.getColumn(1).getString(),
+                       .two_sides = select.getColumn(2).getInt() != 0,
+                       .seismic = select.getColumn(3).getInt() != 0};
+    if (!select.isColumnNull(4)) row.state_of = select.getColumn(4).getUInt();
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+std::vector<EnvelopeState> load_envelope_states(SQLite::Database& database) {
+  std::vector<EnvelopeState> rows;
+  SQLite::Statement select(database,
+                           "SELECT envelope, combination FROM envelope_state ORDER BY sequence");
+  while (select.executeStep()) {
+    rows.push_back({select.getColumn(0).getUInt(), select.getColumn(1).getUInt()});
+  }
+  return rows;
 }
 
 RunInfo load_run(SQLite::Database& database) {
@@ -157,14 +221,13 @@ void lay_out(SQLite::Database& database, const RunInfo& info) {
   database.exec(tables);
   insert_run(database, info);
   insert_settings(database, info);
-  insert_combinations(database, info, "INSERT INTO combination VALUES (NULL, ?, ?, ?, ?)");
+  insert_combinations(database, info, "INSERT");
   transaction.commit();
 }
 
 void add_combinations(SQLite::Database& database, const RunInfo& info) {
   SQLite::Transaction transaction(database);
-  insert_combinations(database, info,
-                      "INSERT OR IGNORE INTO combination VALUES (NULL, ?, ?, ?, ?)");
+  insert_combinations(database, info, "INSERT OR IGNORE");
   transaction.commit();
 }
 
@@ -181,13 +244,8 @@ RunState load_state(SQLite::Database& database) {
 RunInfo load_info(SQLite::Database& database) {
   RunInfo info = load_run(database);
   info.setup.settings = load_settings(database);
-  SQLite::Statement combinations(
-      database, "SELECT number, name, two_sides, seismic FROM combination ORDER BY sequence");
-  while (combinations.executeStep()) {
-    info.combinations.push_back(
-        {combinations.getColumn(0).getUInt(), combinations.getColumn(1).getString(),
-         combinations.getColumn(2).getInt() != 0, combinations.getColumn(3).getInt() != 0});
-  }
+  info.combinations = load_combinations(database);
+  info.envelope_states = load_envelope_states(database);
   return info;
 }
 

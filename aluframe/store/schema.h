@@ -6,13 +6,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "aluframe/files/file_kind.h"
 #include "aluframe/store/result_file.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::store {
 
 /// Marks an SQLite file as a result file ("AluR").
-inline constexpr std::uint32_t application_id = 0x416C7552;
+inline constexpr std::uint32_t application_id = files::result_file_mark;
 /// Raised when an older program could misread the file.
 inline constexpr int format_version = 3;
 

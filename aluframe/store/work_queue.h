@@ -18,7 +18,8 @@ namespace aluframe::store {
 struct CommitMark {};
 
 /// Rows are shared so that one can still be read while it is being written.
-using Work = std::variant<std::shared_ptr<const ElementRow>, NotChecked, CommitMark, RunState>;
+using Work = std::variant<std::shared_ptr<const ElementRow>, NotChecked, SafeRow, RemarkRow,
+                          CommitMark, RunState>;
 
 /// Hands work from one producer to one consumer, in order, and the consumer's first error back.
 ///

@@ -92,6 +92,7 @@ OutputTable summary_table(const AnalysisView& view) {
     table.columns.back().heading = "sum of " + table.columns.back().heading;
   }
   table.columns.push_back({.key = "residual", .heading = "residual", .is_scientific = true});
+  table.columns.push_back({.key = "force_error", .heading = "force error", .is_scientific = true});
   if (view.analysis->second_order)
     table.columns.push_back({.key = "iterations", .heading = "iterations"});
   for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
@@ -106,6 +107,7 @@ OutputTable summary_table(const AnalysisView& view) {
     }
     for (const double value : sum) row.emplace_back(value / scales.force);
     row.emplace_back(std::max(result.equilibrium.nodes, result.equilibrium.whole));
+    row.emplace_back(result.equilibrium.force_error);
     if (view.analysis->second_order)
       row.push_back(whole(static_cast<std::size_t>(view.analysis->answers[s].iterations)));
     table.rows.push_back(std::move(row));

@@ -30,8 +30,9 @@ struct AnalysisView {
 std::string_view heading_of(AnalysisTable table);
 
 /// Summary: a line a load case or combination, with the largest displacement, what the reactions
-/// add up to, and the residual. The others: a line a node or position, in the view's units, rad for
-/// rotations. Forces of load cases in CSV are what `--forces` reads.
+/// add up to, the residual and the estimated error of the forces, both as shares of the largest.
+/// The others: a line a node or position, in the view's units, rad for rotations. Forces of load
+/// cases in CSV are what `--forces` reads.
 OutputTable analysis_table(AnalysisTable table, const AnalysisView& view);
 
 }  // namespace aluframe::tables

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "aluframe/model/envelopes.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/output_table.h"
 #include "aluframe/tables/result_tables.h"
@@ -15,13 +16,16 @@ namespace aluframe::tables {
 
 namespace {
 
-std::string combination_text(const model::Model& model, const T_RALU_ITEM& check) {
-  const model::Combination* combination = model.combinations.find(check.nLComb);
+std::string combination_text(const model::Model& model, std::uint32_t number, int min_side) {
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination != nullptr && combination->state_of) {
+    return "combination " + model::label_of(*combination);
+  }
   const std::string name = combination == nullptr || combination->name.empty()
                                ? ""
                                : fmt::format(" \"{}\"", combination->name);
-  return fmt::format("combination {}{}{}", check.nLComb, name,
-                     check.nMinSide != 0 ? " (minimum side)" : "");
+  return fmt::format("combination {}{}{}", number, name,
+                     min_side != 0 ? " (minimum side)" : "");
 }
 
 /// "4 of 5 checked", and of how many in the model when the run is limited to some.
@@ -33,15 +37,19 @@ std::string elements_text(const run::Input& input, const services::CheckSummary&
              : fmt::format("{}; the model has {}", text, input.model.elements.size());
 }
 
+/// Combinations of the model that are for design, by themselves or by their states.
 std::size_t design_combinations(const model::Model& model) {
-  return static_cast<std::size_t>(std::ranges::count_if(
-      model.combinations,
-      [](const model::Combination& combination) { return combination.design; }));
+  return static_cast<std::size_t>(
+      std::ranges::count_if(model.combinations, [](const model::Combination& combination) {
+        return (combination.design && !combination.state_of) || !combination.states.empty();
+      }));
 }
 
 std::string combinations_text(const run::Input& input, const services::CheckSummary& summary) {
   std::string text = fmt::format("{}", summary.combinations);
-  if (summary.sides != summary.combinations) {
+  if (summary.by_states) {
+    text += fmt::format(" (as {} state{})", summary.sides, summary.sides == 1 ? "" : "s");
+  } else if (summary.sides != summary.combinations) {
     text += fmt::format(" ({} with both sides of envelopes)", summary.sides);
   }
   if (input.combinations.empty()) return text;
@@ -65,11 +73,53 @@ std::string worst_text(const model::Model& model, const services::CheckSummary& 
   const services::WorstCheck& worst = *summary.worst;
   return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
                      item_name(worst.item), worst.element, position_name(worst.check.nPos),
-                     combination_text(model, worst.check));
+                     combination_text(model, worst.check.nLComb, worst.check.nMinSide));
+}
+
+std::string safe_text(const model::Model& model, const store::SafeRow& row) {
+  const std::string rules = row.rules.empty() ? "" : fmt::format(", {}", row.rules);
+  return fmt::format("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
+                     item_name(row.item), rules, short_number(row.code), row.element,
+                     place_text(row), combination_text(model, row.combination, row.min_side));
+}
+
+std::string safe_over_text(const run::SafeSummary& safe) {
+  return fmt::format("{} element{}, {} of which no check says so", safe.over,
+                     safe.over == 1 ? "" : "s", safe.unsaid);
+}
+
+/// The second opinion of the run; empty cells without one.
+template <class Add>
+void add_safe(const run::CheckResult& result, Add add) {
+  const auto whole = [](std::size_t value) { return Cell(static_cast<std::int64_t>(value)); };
+  const store::SafeRow* worst =
+      result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
+  add("safe_over_1", result.safe ? whole(result.safe->over) : Cell());
+  add("safe_over_1_unsaid", result.safe ? whole(result.safe->unsaid) : Cell());
+  add("safe_ratio", worst != nullptr ? Cell(worst->safe) : Cell());
+  add("safe_code_ratio", worst != nullptr ? Cell(worst->code) : Cell());
+  add("safe_element", worst != nullptr ? whole(worst->element) : Cell());
+  add("safe_item", worst != nullptr ? Cell(std::string(item_name(worst->item))) : Cell());
+  add("safe_rules", worst != nullptr ? Cell(worst->rules) : Cell());
+  add("safe_combination", worst != nullptr ? whole(worst->combination) : Cell());
+  add("safe_fraction",
+      worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
+  add("remarks", whole(result.remarks.size()));
+}
+
+/// Number and name of the combination that governs; of an envelope for a state of it.
+std::pair<Cell, Cell> worst_combination(const model::Model& model,
+                                        const services::CheckSummary& summary) {
+  if (!summary.worst) return {};
+  const model::Number number = summary.worst->check.nLComb;
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
+  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
 }
 
 /// The run as a table of one row.
-OutputTable summary_table(const run::Input& input, const services::CheckSummary& summary) {
+OutputTable summary_table(const run::Input& input, const run::CheckResult& result) {
+  const services::CheckSummary& summary = result.summary;
   const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
   OutputTable table;
   std::vector<Cell> row;
@@ -90,10 +140,13 @@ OutputTable summary_table(const run::Input& input, const services::CheckSummary&
   add("worst_element", any ? whole(summary.worst->element) : Cell());
   add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  add("worst_combination", any ? whole(summary.worst->check.nLComb) : Cell());
+  auto [combination, name] = worst_combination(model, summary);
+  add("worst_combination", std::move(combination));
+  add("worst_combination_name", std::move(name));
   add("not_checked", whole(summary.not_checked.size()));
   add("model_elements", whole(input.model.elements.size()));
   add("model_combinations", whole(design_combinations(input.model)));
+  add_safe(result, add);
   table.rows.push_back(std::move(row));
   return table;
 }
@@ -111,7 +164,8 @@ OutputTable settings_table(const store::RunSetup& setup) {
 
 }  // namespace
 
-std::string summary_text(const run::Input& input, const services::CheckSummary& summary) {
+std::string summary_text(const run::Input& input, const run::CheckResult& result) {
+  const services::CheckSummary& summary = result.summary;
   const model::Model& model = input.model;
   std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
   const auto add = [&out](std::string_view name, const std::string& value) {
@@ -129,12 +183,17 @@ std::string summary_text(const run::Input& input, const services::CheckSummary& 
   add("worst ratio", worst_text(model, summary));
   add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
                             summary.elements_over_limit == 1 ? "" : "s"));
+  if (result.safe && result.safe->worst) {
+    add("safe ratio", safe_text(model, *result.safe->worst));
+    add("safe over 1", safe_over_text(*result.safe));
+  }
+  if (!result.remarks.empty()) out += remarks_text(result.remarks);
   if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
   return out;
 }
 
-std::string summary_csv(const run::Input& input, const services::CheckSummary& summary) {
-  OutputTable table = summary_table(input, summary);
+std::string summary_csv(const run::Input& input, const run::CheckResult& result) {
+  OutputTable table = summary_table(input, result);
   const auto add = [&table](const std::string& key, Cell value) {
     table.columns.push_back({.key = key, .heading = key});
     table.rows.front().push_back(std::move(value));
@@ -143,27 +202,28 @@ std::string summary_csv(const run::Input& input, const services::CheckSummary& s
     add(row.key, row.value);
     add(row.key + "_from", row.origin);
   }
-  add("not_checked_reasons", not_checked_line(summary.not_checked));
+  add("not_checked_reasons", not_checked_line(result.summary.not_checked));
   return to_csv(table);
 }
 
-std::string summary_json(const run::Input& input, const services::CheckSummary& summary) {
-  return to_json_with(summary_table(input, summary),
+std::string summary_json(const run::Input& input, const run::CheckResult& result) {
+  return to_json_with(summary_table(input, result),
                       {{"settings", settings_table(input.setup)},
-                       {"not_checked_groups", not_checked_table(summary.not_checked)}});
+                       {"not_checked_groups", not_checked_table(result.summary.not_checked)}});
 }
 
 std::string forces_text(const forces::Summary& summary) {
   if (summary.load_cases == 0) return "";
   const auto plural = [](std::size_t count) { return count == 1 ? "" : "s"; };
+  const std::string accuracy = fmt::format("residual {:.1e}, forces certain to {:.1e}",
+                                           summary.residual, summary.force_error);
   if (summary.second_order_analyses > 0) {
-    return fmt::format("{} second-order analys{}, at most {} iterations, residual {:.1e}",
-                       summary.second_order_analyses,
-                       summary.second_order_analyses == 1 ? "is" : "es", summary.iterations,
-                       summary.residual);
+    return fmt::format(
+        "{} second-order analys{}, at most {} iterations, {}", summary.second_order_analyses,
+        summary.second_order_analyses == 1 ? "is" : "es", summary.iterations, accuracy);
   }
-  return fmt::format("linear analysis of {} load case{}, residual {:.1e}", summary.load_cases,
-                     plural(summary.load_cases), summary.residual);
+  return fmt::format("linear analysis of {} load case{}, {}", summary.load_cases,
+                     plural(summary.load_cases), accuracy);
 }
 
 }  // namespace aluframe::tables

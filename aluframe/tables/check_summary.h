@@ -3,20 +3,20 @@
 #include <string>
 
 #include "aluframe/forces/compute_forces.h"
-#include "aluframe/run/input.h"
-#include "aluframe/services/check_run.h"
+#include "aluframe/run/check.h"
 
 namespace aluframe::tables {
 
 /// The summary of a run for the user, with the settings that it went by.
-std::string summary_text(const run::Input& input, const services::CheckSummary& summary);
+std::string summary_text(const run::Input& input, const run::CheckResult& result);
 
 /// The run as one row of CSV, settings and what was not checked in columns of their own, or as a
 /// list of one JSON object, with both as lists in it.
-std::string summary_csv(const run::Input& input, const services::CheckSummary& summary);
-std::string summary_json(const run::Input& input, const services::CheckSummary& summary);
+std::string summary_csv(const run::Input& input, const run::CheckResult& result);
+std::string summary_json(const run::Input& input, const run::CheckResult& result);
 
-/// "linear analysis of 4 load cases, residual 2.1e-14", for the user; empty: nothing was analysed.
+/// "linear analysis of 4 load cases, residual 2.1e-14, forces certain to 4.0e-14", for the user;
+/// empty: nothing was analysed.
 std::string forces_text(const forces::Summary& summary);
 
 }  // namespace aluframe::tables

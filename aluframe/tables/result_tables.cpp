@@ -39,6 +39,12 @@ std::string heading_of(int item) {
   }
 }
 
+/// The combination of the model; of a state its envelope.
+std::uint32_t number_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? number : found->state_of.value_or(number);
+}
+
 std::string name_of_combination(const store::RunInfo& info, std::uint32_t number) {
   const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
   return found == info.combinations.end() ? "" : found->name;
@@ -108,6 +114,35 @@ void add_check(std::vector<Cell>& row, int item, double demand, double capacity,
   row.push_back(ratio_cell(demand, capacity));
 }
 
+/// The safe ratio and its rules; nothing for an element without a second opinion.
+void add_safe(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  const auto found = safe.find(element);
+  row.push_back(found == safe.end() ? Cell() : Cell(found->second.safe));
+  row.push_back(found == safe.end() || found->second.rules.empty() ? Cell()
+                                                                   : text(found->second.rules));
+}
+
+void add_safe_columns(OutputTable& table) {
+  for (const char* key : {"safe_ratio", "safe_rules", "safe_item", "safe_combination",
+                          "safe_fraction", "safe_from_start_mm"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+}
+
+void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+  add_safe(row, safe, element);
+  const auto found = safe.find(element);
+  if (found == safe.end()) {
+    row.insert(row.end(), 4, Cell());
+    return;
+  }
+  const store::SafeRow& of = found->second;
+  row.push_back(text(item_name(of.item)));
+  row.push_back(whole(of.combination));
+  row.push_back(of.fraction ? Cell(*of.fraction) : Cell());
+  row.push_back(of.fraction ? Cell(of.from_start) : Cell());
+}
+
 }  // namespace
 
 std::string_view item_name(int item) {
@@ -153,8 +188,46 @@ std::string short_number(double value) {
   return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
 }
 
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
+  std::string out = "  remarks\n";
+  for (const store::RemarkRow& remark : remarks) {
+    out += fmt::format("    {}", remark.kind);
+    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
+    out += ": " + remark.text;
+    if (remark.ratio) {
+      out += fmt::format("; second opinion {}", short_number(*remark.ratio));
+      if (remark.element) out += fmt::format(" (element {}", *remark.element);
+      if (remark.element && remark.combination) {
+        out += fmt::format(", combination {}", *remark.combination);
+      }
+      if (remark.element) out += ")";
+    }
+    out += "\n";
+  }
+  return out;
+}
+
+std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
+  const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
+  const std::string name = name_of_combination(info, row.combination);
+  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}{}",
+                     short_number(row.safe), item_name(row.item), rules, short_number(row.code),
+                     place_text(row), row.combination, name.empty() ? "" : " \"" + name + "\"");
+}
+
+std::string place_text(const store::SafeRow& row) {
+  if (!row.fraction) return "whole member";
+  for (int position = 0; position < kCheckPositions; ++position) {
+    if (*row.fraction * (kCheckPositions - 1) == position) {
+      return fmt::format("position {}", position_name(position));
+    }
+  }
+  return fmt::format("{:.0f} mm from the start ({:.3f} of the length)", row.from_start,
+                     *row.fraction);
+}
+
 OutputTable overview_table(const std::vector<run::ElementResult>& elements,
-                           const store::RunInfo& info) {
+                           const store::RunInfo& info, const SafeByElement& safe) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"}, {.key = "type", .heading = "type"}};
   add_ratio_columns(table);
@@ -164,6 +237,10 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) {
+    table.columns.push_back({.key = "safe", .heading = "safe", .decimals = 4, .is_ratio = true});
+    table.columns.push_back({.key = "rules", .heading = "rules"});
+  }
   for (const run::ElementResult& element : elements) {
     std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
     for (const int item : shown_items) {
@@ -176,16 +253,18 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
     row.push_back(ratio_cell(worst.governing.dDemand, worst.governing.dCapacity));
     row.push_back(text(item_name(worst.item)));
     row.push_back(text(position_name(worst.governing.nPos)));
-    row.push_back(whole(worst.governing.nLComb));
+    row.push_back(whole(number_of_combination(info, worst.governing.nLComb)));
     row.push_back(name_of_combination(info, worst.governing.nLComb));
     row.push_back(side_of(info, worst.governing.nLComb, worst.governing.nMinSide));
+    if (!safe.empty()) add_safe(row, safe, element.element);
     table.rows.push_back(std::move(row));
   }
   return table;
 }
 
 OutputTable governing_table(const std::vector<run::ElementResult>& elements,
-                            const store::RunInfo& info, const ResultView& view) {
+                            const store::RunInfo& info, const ResultView& view,
+                            const SafeByElement& safe) {
   OutputTable table;
   table.columns = {{.key = "element", .heading = "element"},
                    {.key = "member_type", .heading = "type"}};
@@ -194,14 +273,16 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
   table.columns.push_back({.key = "combination", .heading = "comb"});
   table.columns.push_back({.key = "combination_name", .heading = "name"});
   table.columns.push_back({.key = "side", .heading = "side"});
+  if (!safe.empty()) add_safe_columns(table);
   for (const run::ElementResult& element : elements) {
     for (const store::GoverningRow& check : element.items) {
       std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
       add_check(row, check.item, check.governing.dDemand, check.governing.dCapacity, view);
       row.push_back(text(position_name(check.governing.nPos)));
-      row.push_back(whole(check.governing.nLComb));
+      row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
       row.push_back(name_of_combination(info, check.governing.nLComb));
       row.push_back(side_of(info, check.governing.nLComb, check.governing.nMinSide));
+      if (!safe.empty()) add_safe_in_full(row, safe, element.element);
       table.rows.push_back(std::move(row));
     }
   }
@@ -221,9 +302,10 @@ OutputTable position_ratios_table(const std::vector<store::StoredRecord>& record
     for (int p = 0; p < kCheckPositions; ++p) {
       std::vector<Cell> ratios = ratios_of(stored.record.aSect[static_cast<std::size_t>(p)]);
       if (is_empty(ratios)) continue;
-      std::vector<Cell> row{
-          whole(stored.combination), name_of_combination(info, stored.combination),
-          side_of(info, stored.combination, stored.min_side), text(position_name(p))};
+      std::vector<Cell> row{whole(number_of_combination(info, stored.combination)),
+                            name_of_combination(info, stored.combination),
+                            side_of(info, stored.combination, stored.min_side),
+                            text(position_name(p))};
       row.insert(row.end(), ratios.begin(), ratios.end());
       table.rows.push_back(std::move(row));
     }
@@ -247,10 +329,10 @@ OutputTable all_checks_table(std::uint32_t element, const std::vector<store::Sto
         const T_RALU_RLT& check =
             stored.record.aSect[static_cast<std::size_t>(p)].aItem[static_cast<std::size_t>(item)];
         if (RaluIsEmpty(check.dDemand, check.dCapacity)) continue;
-        std::vector<Cell> row{whole(element), whole(stored.combination),
-                              name_of_combination(info, stored.combination),
-                              side_of(info, stored.combination, stored.min_side),
-                              text(position_name(p))};
+        std::vector<Cell> row{
+            whole(element), whole(number_of_combination(info, stored.combination)),
+            name_of_combination(info, stored.combination),
+            side_of(info, stored.combination, stored.min_side), text(position_name(p))};
         add_check(row, item, check.dDemand, check.dCapacity, view);
         table.rows.push_back(std::move(row));
       }

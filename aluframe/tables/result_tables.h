@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,18 @@ std::string_view outcome_name(services::RunOutcome outcome);
 /// Four digits after the point, or "inf", "-inf", "nan".
 std::string short_number(double value);
 
+/// Remarks of a run, as lines for the user.
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks);
+
+/// "1/2 of the length (1.5 m from its start)", or "whole member".
+std::string place_text(const store::SafeRow& row);
+
+/// "Safe ratio 1.083 (strength, F1), code ratio 0.241, position 1/2, combination 3 \"1.2G\"".
+std::string safe_text(const store::SafeRow& row, const store::RunInfo& info);
+
+/// Second opinions by element.
+using SafeByElement = std::map<std::uint32_t, store::SafeRow>;
+
 /// How results are shown.
 struct ResultView {
   double stress_scale = 1.0;  ///< what a stress in N/mm² is multiplied by
@@ -28,11 +41,13 @@ struct ResultView {
 };
 
 /// One line an element: the ratio of every check item, and which one governs, where.
+/// With second opinions also the safe ratio and the rules that make it differ.
 OutputTable overview_table(const std::vector<run::ElementResult>& elements,
-                           const store::RunInfo& info);
+                           const store::RunInfo& info, const SafeByElement& safe = {});
 /// One line an element and check item, with demand and capacity.
 OutputTable governing_table(const std::vector<run::ElementResult>& elements,
-                            const store::RunInfo& info, const ResultView& view);
+                            const store::RunInfo& info, const ResultView& view,
+                            const SafeByElement& safe = {});
 /// All ratios of one element: one line a combination, side and position.
 OutputTable position_ratios_table(const std::vector<store::StoredRecord>& records,
                                   const store::RunInfo& info);

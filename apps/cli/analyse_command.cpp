@@ -7,8 +7,8 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
-#include "aluframe/services/report_file.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -100,8 +100,9 @@ int analyse(const AnalyseOptions& options) {
   if (!options.subjects.cases.empty() && !options.subjects.combinations.empty()) {
     throw run::Problem{"--cases and --combinations do not go together"};
   }
-  if (options.output && services::is_same_file(*options.output, options.input.model)) {
-    throw run::Problem{"--output: " + options.output->string() + " is the input"};
+  if (const auto problem = files::find_overwriting({{"the output", options.output}},
+                                                   {{"the model", options.input.model}})) {
+    throw run::Problem{*problem};
   }
   const auto read = run::read_input(options.input);
   if (const auto* problem = std::get_if<run::Problem>(&read)) throw *problem;

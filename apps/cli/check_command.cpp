@@ -2,12 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/run/check.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
+#include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
 
@@ -25,7 +28,20 @@ void print_assertions(const services::CheckSummary& summary) {
   }
 }
 
-int exit_status(const services::CheckSummary& summary, bool strict) {
+/// Whether something of the run fails that `strict` looks at.
+bool fails(const run::CheckResult& result, Strictness strict) {
+  if (strict == Strictness::none) return false;
+  if (result.summary.elements_over_limit > 0) return true;
+  if (strict == Strictness::checks) return false;
+  const auto is_over = [](const store::RemarkRow& remark) {
+    return remark.ratio && services::exceeds_limit(*remark.ratio);
+  };
+  return (result.safe && result.safe->over > 0) || std::ranges::any_of(result.remarks, is_over) ||
+         !result.summary.not_checked.empty();
+}
+
+int exit_status(const run::CheckResult& result, Strictness strict) {
+  const services::CheckSummary& summary = result.summary;
   switch (summary.outcome) {
     case services::RunOutcome::cancelled:
       return exit_cancelled;
@@ -37,7 +53,7 @@ int exit_status(const services::CheckSummary& summary, bool strict) {
       break;
   }
   if (summary.checked_elements == 0) return exit_failure;
-  return strict && summary.elements_over_limit > 0 ? exit_over_limit : exit_done;
+  return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
 void print_outcome(const services::CheckSummary& summary) {
@@ -51,34 +67,47 @@ void print_outcome(const services::CheckSummary& summary) {
   print_assertions(summary);
 }
 
-void print_summary(const run::Input& input, const services::CheckSummary& summary,
+void print_summary(const run::Input& input, const run::CheckResult& result,
                    const std::filesystem::path& results, tables::Format format) {
   if (format == tables::Format::table) {
-    fmt::print("{}  {:<14}{}\n", tables::summary_text(input, summary), "results", results.string());
+    fmt::print("{}  {:<14}{}\n", tables::summary_text(input, result), "results", results.string());
     return;
   }
-  fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, summary)
-                                                  : tables::summary_csv(input, summary));
-  if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
+  fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, result)
+                                                  : tables::summary_csv(input, result));
+  const auto& not_checked = result.summary.not_checked;
+  if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
+  if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
 }
 
 }  // namespace
 
 int run_check_command(const CheckOptions& options) {
+  const std::filesystem::path results =
+      options.output.value_or(run::result_path_of(options.input.model));
+  if (const auto problem = files::find_overwriting(
+          {{"the result file", results, files::FileKind::results}},
+          {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
+    print_message(*problem);
+    return exit_input_error;
+  }
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   ProgressBar progress(wants_progress(options.progress));
   const run::CheckOptions check{
-      .results = options.output.value_or(run::result_path_of(options.input.model)),
+      .results = results,
       .language = options.language,
       .progress = &progress,
-      .message = print_message};
+      .message = print_message,
+      .second_opinion = options.second_opinion};
   note_interrupts();
-  const services::CheckSummary summary = run::check(input, check);
-  if (summary.records > 0) print_summary(input, summary, check.results, options.common.format);
-  print_outcome(summary);
-  return exit_status(summary, options.strict);
+  const run::CheckResult result = run::check(input, check);
+  if (result.summary.records > 0) {
+    print_summary(input, result, check.results, options.common.format);
+  }
+  print_outcome(result.summary);
+  return exit_status(result, options.strict);
 }
 
 }  // namespace aluframe::cli

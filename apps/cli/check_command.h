@@ -3,11 +3,19 @@
 #include <filesystem>
 #include <optional>
 
+#include "aluframe/run/check.h"
 #include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/progress_bar.h"
 
 namespace aluframe::cli {
+
+/// What ends a check with the status of a failed one.
+enum class Strictness {
+  none,
+  checks,  ///< a ratio of the checks over 1
+  safe     ///< also a safe ratio over 1, and what nothing has checked
+};
 
 struct CheckOptions {
   run::InputOptions input;
@@ -15,7 +23,8 @@ struct CheckOptions {
   std::optional<std::filesystem::path> output;  ///< result file; beside the model when not given
   ProgressMode progress = ProgressMode::automatic;
   services::Language language = services::Language::english;
-  bool strict = false;
+  Strictness strict = Strictness::none;
+  run::SecondOpinion second_opinion = run::SecondOpinion::on;
 };
 
 /// Checks a model, stores the results and prints what the run came to.

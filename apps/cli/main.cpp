@@ -87,6 +87,16 @@ void add_language(CLI::App& app, aluframe::services::Language& language) {
              "Language of the design module's messages: en or zh");
 }
 
+std::optional<Strictness> parse_strictness(const std::string& word) {
+  if (word == "checks") return Strictness::checks;
+  return word == "safe" ? std::optional(Strictness::safe) : std::nullopt;
+}
+
+std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) {
+  if (word == "on") return run::SecondOpinion::on;
+  return word == "off" ? std::optional(run::SecondOpinion::off) : std::nullopt;
+}
+
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check = app.add_subcommand("check", "Check every element of a model");
   add_input(*check, options.input);
@@ -99,7 +109,18 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
   add_language(*check, options.language);
-  check->add_flag("--strict", options.strict, "Exit with status 4 when a ratio exceeds 1");
+  check
+      ->add_flag_function(
+          "--strict{checks}",
+          [check, &options](std::int64_t) {
+            const std::string word = check->get_option("--strict")->as<std::string>();
+            options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
+          },
+          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
+          "at what is not checked");
+  add_parsed(*check, "--second-opinion", options.second_opinion,
+             one_of(parse_second_opinion, "on, off"),
+             "Safe ratios beside those of the checks: on or off");
   check->callback([&] { status = run_check_command(options); });
 }
 
@@ -161,6 +182,8 @@ void add_points(CLI::App& app, PointsOptions& options, int& status) {
       app.add_subcommand("points", "Check bare points: JSON Lines in, JSON Lines out");
   points->add_option("FILE", options.input, "One check point a line; - or none: standard input")
       ->type_name("");
+  points->add_flag("--second-opinion", options.second_opinion,
+                   "Safe ratios beside the results (docs/behaviour.md)");
   points->callback([&] { status = run_points_command(options); });
 }
 

@@ -38,9 +38,11 @@ int report(const points::StreamSummary& summary, const std::string& input) {
 
 int run_points_command(const PointsOptions& options) {
   std::ios::sync_with_stdio(false);
+  const auto opinion =
+      options.second_opinion ? points::SecondOpinion::on : points::SecondOpinion::off;
   if (options.input == "-") {
     std::cin.tie(nullptr);
-    return report(points::check_points(std::cin, std::cout), "standard input");
+    return report(points::check_points(std::cin, std::cout, opinion), "standard input");
   }
   std::ifstream file(options.input, std::ios::binary);
   if (!file || std::filesystem::is_directory(options.input)) {
@@ -48,7 +50,7 @@ int run_points_command(const PointsOptions& options) {
                               file ? "it is a folder" : std::generic_category().message(errno)));
     return exit_input_error;
   }
-  return report(points::check_points(file, std::cout), options.input.string());
+  return report(points::check_points(file, std::cout, opinion), options.input.string());
 }
 
 }  // namespace aluframe::cli

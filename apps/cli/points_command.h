@@ -6,6 +6,7 @@ namespace aluframe::cli {
 
 struct PointsOptions {
   std::filesystem::path input = "-";  ///< "-": standard input
+  bool second_opinion = false;        ///< safe ratios beside the results
 };
 
 /// Runs the design check engine on bare check points, JSON Lines in, JSON Lines on standard output.

@@ -5,11 +5,11 @@
 #include <exception>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
 #include "aluframe/services/readable_report.h"
-#include "aluframe/services/report_file.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
@@ -37,19 +37,14 @@ Files files_of(const ReportOptions& options) {
           options.output.value_or(beside_model(options.input.model, ".alu"))};
 }
 
-/// What would be overwritten that the user cannot mean, or nothing.
+/// What would be overwritten that the user cannot mean, or nothing. The results are added to, so
+/// they are an output as well.
 std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
-  const auto is_input = [&](const fs::path& path) {
-    return services::is_same_file(path, options.input.model) ||
-           services::is_same_file(path, files.results) ||
-           (options.input.forces && services::is_same_file(path, *options.input.forces));
-  };
-  if (is_input(files.report)) return files.report.string() + ": would be overwritten by the report";
-  if (!options.readable) return std::nullopt;
-  if (is_input(*options.readable) || services::is_same_file(*options.readable, files.report)) {
-    return options.readable->string() + ": would be overwritten by the readable copy";
-  }
-  return std::nullopt;
+  return files::find_overwriting(
+      {{"the result file", files.results, files::FileKind::results},
+       {"the report", files.report},
+       {"the readable copy", options.readable}},
+      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 
 run::ReportOptions report_options(const ReportOptions& options, const Files& files,

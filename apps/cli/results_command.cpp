@@ -6,6 +6,7 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
@@ -44,11 +45,15 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
                       const tables::ResultView& view) {
   const auto elements = value_of(run::elements_of(reader, options.query));
   if (options.format != tables::Format::table) {
-    return tables::render(tables::governing_table(elements, reader.info(), view), options.format,
-                          false);
+    return tables::render(
+        tables::governing_table(elements, reader.info(), view, run::safe_by_element(reader)),
+        options.format, false);
   }
-  std::string out = tables::to_text(tables::overview_table(elements, reader.info()),
-                                    !options.output && stdout_wants_colour());
+  std::string out = tables::to_text(
+      tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
+      !options.output && stdout_wants_colour());
+  const std::vector<store::RemarkRow> remarks = reader.remarks();
+  if (!remarks.empty()) out += "\n" + tables::remarks_text(remarks);
   const std::vector<store::NotChecked> not_checked = reader.not_checked();
   if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked);
   return out + "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
@@ -77,6 +82,10 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   std::string out;
   // The governing checks are those of all combinations.
   if (options.combinations.empty()) out = governing_text(reader, element, view, colour);
+  const auto safe = run::safe_by_element(reader);
+  if (const auto found = safe.find(element); found != safe.end()) {
+    out += tables::safe_text(found->second, reader.info()) + "\n\n";
+  }
   out += fmt::format("Element {}: ratios of every combination and position\n", element);
   out += tables::to_text(tables::position_ratios_table(records, reader.info()), colour);
   std::vector<store::NotChecked> not_checked = reader.not_checked();
@@ -105,17 +114,6 @@ void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options
   }
 }
 
-/// The table must not take the place of what it was made from.
-void refuse_own_input(const ResultsOptions& options, const fs::path& file) {
-  if (!options.output) return;
-  std::error_code error;
-  for (const fs::path& input : {options.input, file}) {
-    if (fs::equivalent(*options.output, input, error)) {
-      throw InputError{"--output: " + options.output->string() + " is the input"};
-    }
-  }
-}
-
 }  // namespace
 
 int run_results_command(const ResultsOptions& options) {
@@ -123,7 +121,12 @@ int run_results_command(const ResultsOptions& options) {
   std::unique_ptr<store::ResultReader> reader;
   try {
     const tables::ResultView view = view_of(options.units);
-    refuse_own_input(options, file);
+    if (const auto problem =
+            files::find_overwriting({{"the table", options.output}},
+                                    {{"the result file", file}, {"the model", options.input}})) {
+      print_message(*problem);
+      return exit_input_error;
+    }
     reader = store::ResultReader::open(file);
     say_what_to_know(*reader, options, file);
     return write_output(text_of(*reader, options, view), options.output);

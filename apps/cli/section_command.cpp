@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/sketch.h"
@@ -67,6 +68,10 @@ int run_section_command(const SectionOptions& options) {
   }
   if (options.list && options.svg) {
     print_message("--svg: draws one section, not the list");
+    return exit_input_error;
+  }
+  if (const auto problem = files::find_overwriting({{"the drawing", options.svg}}, {})) {
+    print_message(*problem);
     return exit_input_error;
   }
   const auto own = own_profiles(options);

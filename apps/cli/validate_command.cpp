@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "aluframe/model/envelopes.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/tables/check_summary.h"
 #include "apps/cli/common_options.h"
@@ -43,15 +44,18 @@ std::string count_of_members(const run::Input& input) {
 
 void print_content(const run::Input& input) {
   const model::Model& model = input.model;
-  const auto design = std::ranges::count_if(
-      model.combinations, [](const model::Combination& combination) { return combination.design; });
+  const auto is_state = [](const model::Combination& combination) {
+    return combination.state_of.has_value();
+  };
+  const auto states = static_cast<std::size_t>(std::ranges::count_if(model.combinations, is_state));
+  const std::size_t design = model::design_numbers(model).size() - states;
   const std::string forces = tables::forces_text(input.forces);
   fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", input.file.string(),
              counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
              count_of_members(input), counted(model.sections.size(), "section"),
              counted(model.materials.size(), "material"),
              counted(model.load_cases.size(), "load case"),
-             counted(model.combinations.size(), "combination"), design,
+             counted(model.combinations.size() - states, "combination"), design,
              forces.empty() ? "" : "  " + forces + "\n");
   if (input.forces.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
 }

@@ -58,7 +58,7 @@ struct T_SECT_DESIGN_D {
   double dQzb = 0.0;              ///< Q/b for shear along y
   std::array<double, 4> aPtY{};   ///< stress points: top left, top right, bottom right, bottom left
   std::array<double, 4> aPtZ{};
-  double dIw = 0.0;          ///< warping constant, once computed
+  double dIw = 0.0;          ///< warping constant; read as given when the computation fails
   double dShearCtrZ = 0.0;   ///< z of the shear centre in the warping computation's coordinates
   double dCentroidZ = 0.0;   ///< z of the centroid in the same coordinates
   int nBuildType = 0;        ///< 1: built up by welding

@@ -157,8 +157,12 @@ class CPostCtrl {
 class CSectDB {
  public:
   virtual ~CSectDB() = default;
-  /// Computes warping constant, shear centre and centroid of a section.
+  /// Computes warping constant, shear centre and centroid of a section, unless its record says that
+  /// they are in it (`bWarpingComputed`). Asked once for a section.
   /// @param flag 1 for a section given by its dimensions alone, else 0
+  /// @return 0 on failure: then nothing is read from `out`, and the checks use the three values
+  ///         that `GetSectDesign` put in the record. A warping constant of 0 there gives critical
+  ///         moments that are no numbers.
   virtual int CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D& out, int flag,
                                  int option1, int option2, double option3) = 0;
 };

@@ -16,7 +16,7 @@ from loaded_beam import SIMPLE, beam, leaning_column  # noqa: F401
     (["--format", "xml"], "--format: found 'xml', must be one of table, json, csv"),
     (["--format", "csv"], "--format csv writes one table: name it with --show"),
     (["--format", "csv", "--show", "forces,reactions"], "--format csv writes one table"),
-    (["--output", "frame.json"], "--output: frame.json is the input"),
+    (["--output", "frame.json"], "frame.json: is the model, which the output would overwrite"),
     (["--output", "no/such/folder.txt"], "no/such/folder.txt"),
 ])
 def test_wrong_usage_is_told_and_nothing_is_shown(aluframe, beam, options, message):

@@ -193,7 +193,7 @@ def test_forces_written_as_csv_are_checked_to_the_same_results(aluframe, beam):
     aluframe.write(beam)
     aluframe("analyse", "frame.json", "--show", "forces", "--format", "csv", "--output", "forces.csv")
     aluframe("check", "frame.json", "--output", "computed.aluresult")
-    beam["load_cases"] = [{"number": 1}, {"number": 2}]
+    beam["load_cases"] = [{"number": 1, "name": "L1"}, {"number": 2, "name": "L2"}]
     aluframe.write(beam, "without.json")
     aluframe("check", "without.json", "--forces", "forces.csv", "--output", "read.aluresult")
     computed = aluframe.json("results", "computed.aluresult", "--element", "1")

@@ -39,11 +39,12 @@ def bytes_of(frame, *names):
 # What would be overwritten
 
 @pytest.mark.parametrize("option, what", [("--output", "report"), ("--readable", "readable copy")])
-@pytest.mark.parametrize("target", INPUT)
-def test_a_report_never_takes_the_place_of_its_input(frame, target, option, what):
+@pytest.mark.parametrize("target, name", zip(INPUT, ("model", "result file", "table of forces")))
+def test_a_report_never_takes_the_place_of_its_input(frame, target, name, option, what):
     before = bytes_of(frame)
     done = frame("report", "frame.json", "--forces", "forces.csv", option, target, status=1)
-    assert done.stderr == f"{target}: would be overwritten by the {what}\n"
+    assert done.stderr == (f"{target}: is the {name}, which the {what} would overwrite; "
+                           "choose another file\n")
     assert done.stdout == "" and bytes_of(frame) == before
     assert not (frame.folder / "frame.alu").exists()
 
@@ -69,21 +70,23 @@ def test_results_named_by_hand_are_protected_too(frame):
     shutil.move(frame.folder / "frame.aluresult", frame.folder / "frame.alu")
     before = bytes_of(frame, "frame.alu")
     error = frame("report", "frame.json", "--results", "frame.alu", status=1).stderr
-    assert error == "frame.alu: would be overwritten by the report\n"
+    assert error == ("frame.alu: is the result file, which the report would overwrite; "
+                     "choose another file\n")
     assert bytes_of(frame, "frame.alu") == before
 
 
 def test_the_readable_copy_is_another_file_than_the_report(frame):
     for report, copy in (("a.alu", "a.alu"), ("a.alu", "./a.alu")):
         error = frame("report", "frame.json", "--output", report, "--readable", copy, status=1).stderr
-        assert error == f"{copy}: would be overwritten by the readable copy\n"
+        assert error == (f"{copy}: is the report, which the readable copy would overwrite; "
+                         "choose another file\n")
     assert not (frame.folder / "a.alu").exists()
 
 
 def test_a_results_file_that_is_something_else_is_refused_and_left(frame):
     before = bytes_of(frame)
-    for other in ("frame.json", "forces.csv"):
-        assert other in frame("report", "frame.json", "--results", other, status=2).stderr
+    for other, status in (("frame.json", 1), ("forces.csv", 2)):
+        assert other in frame("report", "frame.json", "--results", other, status=status).stderr
     assert bytes_of(frame) == before
 
 

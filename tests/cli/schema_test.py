@@ -32,6 +32,7 @@ FULL = {
                  "gamma_re_stability": 0.75},
     "frame": {"braced_a": True, "braced_b": False, "length_factors": "one"},
     "analysis": {"second_order": False},
+    "envelopes": "extremes",
     "catalogues": [],
     "materials": [
         {"number": 1, "name": "M", "alloy": "5083-O/F"},
@@ -60,6 +61,7 @@ FULL = {
                  {"node": 4, "springs": {"Dx": 0.5}}],
     "elements": [{
         "number": 134217727, "name": "E", "nodes": [1, 2], "section": 1, "material": 2, "beta": -90,
+        "orientation": {"vector": [0, 1, 0.5]},
         "kind": "truss", "member_type": "brace",
         "releases": {"start": ["Fy", "Fz"], "end": ["Mx", "My", "Mz"]},
         "design": {
@@ -68,7 +70,8 @@ FULL = {
             "moment_factors": {"y": {"value": -0.5}, "z": {"loading": 3}},
             "length_factors": {"y": 2}, "slenderness_limits": {
                 "checked": False, "compression": 0, "tension": 350}}},
-        {"number": 1, "nodes": [3, 4], "section": 2, "material": 1, "releases": {"start": ["N"]}}],
+        {"number": 1, "nodes": [3, 4], "section": 2, "material": 1, "releases": {"start": ["N"]},
+         "orientation": {"node": 2}}],
     "members": [{"number": 1, "name": "m", "elements": [134217727],
                  "length_factors": {"y": 1, "z": 0.7}}],
     "load_cases": [
@@ -90,7 +93,7 @@ FULL = {
         {"number": 1, "name": "c", "kind": "envelope", "seismic": True, "design": False,
          "terms": [{"case": 1, "factor": -1.3}, {"case": 2}]},
         {"number": 2, "terms": [{"combination": 1}]}],
-    "forces": [{"element": 134217727, "case": 1, "values": [[1, 2, 3, 4, 5, 6]] * 2},
+    "forces": [{"element": 134217727, "case": 1, "values": [[1, 0, 0, 4, 5, 6]] * 2},
                {"element": 134217727, "case": 2, "values": [[0, 0, 0, 0, 0, 0.5]] * 5}],
 }
 
@@ -114,6 +117,7 @@ BROKEN = {
     "unknown frame axis": (["frame", "braced_c"], True),
     "unknown analysis option": (["analysis", "order"], 2),
     "second order as a number": (["analysis", "second_order"], 2),
+    "unknown way of checking envelopes": (["envelopes"], "sides"),
     "unknown alloy": (["materials", 0, "alloy"], "6063-T7"),
     "alloy beside values": (["materials", 0, "fu"], 160),
     "strength of zero": (["materials", 1, "f02_thin"], 0),

@@ -31,7 +31,9 @@ def test_the_constants_of_an_h_section(aluframe):
         "edge_top": 150, "edge_bottom": 150, "edge_left": 75, "edge_right": 75,
         "qyb": (150 * 12 * 144 + 138 * 8 * 69) / 8,
         "qzb": 150**2 / 8,
-        "it": (2 * 150 * 12**3 + 288 * 8**3) / 3,
+        # Flanges with free ends, the clear web, and two junctions by inscribed circles (El Darwish).
+        "it": 2 * (150 * 12**3 / 3 - 0.21 * 12**4 * (1 - 12**4 / (12 * 150**4))) + 276 * 8**3 / 3
+              + 2 * (-0.042 + 0.2204 * 8 / 12 - 0.0725 * (8 / 12)**2) * (12 + 8**2 / 48)**4,
         "iw": 12 * 150**3 / 12 / 2 * 288**2,
         "shear_centre_y": 0, "shear_centre_z": 0,
     }
@@ -53,8 +55,9 @@ def test_the_shear_centre_of_a_channel_lies_beyond_its_web(aluframe):
 @pytest.mark.parametrize("name", SHAPES)
 def test_mesh_and_formula_give_torsion_alike(aluframe, name):
     found = aluframe.json("section", name)
-    # Thin-wall theory and the mesh differ at corners by a few per cent.
-    assert found["mesh"]["it"] == pytest.approx(found["formula"]["it"], rel=0.05)
+    # Bredt's formula leaves the corners of a box out, 3 % of it; open sections have theirs.
+    assert found["mesh"]["it"] == pytest.approx(
+        found["formula"]["it"], rel=0.05 if name[0] == "B" else 0.005)
     if name[0] in "HC2":
         assert found["mesh"]["iw"] == pytest.approx(found["formula"]["iw"], rel=0.02)
     else:
@@ -76,12 +79,26 @@ def test_walls_too_thin_for_the_mesh_leave_its_place_empty(aluframe):
     assert "too thin for the mesh" in text
 
 
+def test_a_stocky_flange_does_not_raise_the_torsion_constant_above_the_mesh(aluframe):
+    # b·t³/3 without an end correction is 18 % above it, as is then the critical moment's part of it.
+    found = aluframe.json("section", "H 400x100x3x3x40x12")
+    assert found["formula"]["it"] == pytest.approx(found["mesh"]["it"], rel=0.01)
+
+
+def test_the_torsion_constants_of_the_catalogue_are_those_of_the_mesh(aluframe):
+    names = csv.DictReader(io.StringIO(aluframe("section", "--list", "--format", "csv").stdout))
+    for name in [row["name"] for row in names if row["shape"] in "HCT"]:
+        found = aluframe.json("section", name)
+        # The fit of the junctions is good to half a per cent of the section, as is the mesh to 0.1.
+        assert found["formula"]["it"] == pytest.approx(found["mesh"]["it"], rel=0.005), name
+
+
 def test_the_table_says_what_it_assumes(aluframe):
     text = aluframe("section", "C 200x80x6x10").stdout
     assert text.startswith("C 200x80x6x10\n  H 200  B1 80  tw 6  tf1 10  B2 80  tf2 10  r1 0  r2 0 mm\n")
     assert "density of 2700 kg/m3" in text
     assert "shear centre from the centroid" in text
-    assert re.search(r"torsion constant +It +65013 +62\d\d\d +mm4 +3\.\d\d\n", text)
+    assert re.search(r"torsion constant +It +62813 +62\d\d\d +mm4 +-0\.\d\d\n", text)
     assert text.isascii()
 
 

@@ -260,19 +260,34 @@ def test_section_properties_match_hand_calculation(shape, dimensions, expected):
     assert (found.area, found.iyy, found.izz) == pytest.approx(expected, rel=1e-8)
 
 
+def plate(length, thickness, free_ends):
+    """A rectangle as Roark gives it, a free end at a time."""
+    end = 0.105 * thickness**4 * (1 - thickness**4 / (12 * length**4))
+    return length * thickness**3 / 3 - free_ends * end
+
+
 @pytest.mark.parametrize("shape, dimensions, expected", [
-    # Σ l·t³/3 along middle lines, by hand: flanges 100 × 10, web 190 × 6.
-    ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10}, (2 * 100 * 1000 + 190 * 216) / 3),
-    # Flanges 100 × 10 and 60 × 8, web 191 × 6.
+    # By hand: flanges 100 × 10, clear web 180 × 6, circles D = 10 + 36/40 with
+    # α = −0.042 + 0.2204·0.6 − 0.0725·0.36 = 0.06414.
+    ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10},
+     2 * plate(100, 10, 2) + plate(180, 6, 0) + 2 * 0.06414 * 10.9**4),
+    # Flanges 100 × 10 and 60 × 8 (D = 8 + 36/32, α = −0.042 + 0.2204·0.75 − 0.0725·0.5625), web 182 × 6.
     ("H", {"H": 200, "B1": 100, "tw": 6, "tf1": 10, "B2": 60, "tf2": 8},
-     (100 * 1000 + 60 * 512 + 191 * 216) / 3),
-    # Flange 60 × 10, web 55 × 10.
-    ("T", {"H": 60, "B": 60, "tw": 10, "tf": 10}, (60 + 55) * 1000 / 3),
-    # Flanges 47 × 10 to the middle of the web, web 90 × 6.
-    ("C", {"H": 100, "B1": 50, "tw": 6, "tf1": 10}, (2 * 47 * 1000 + 90 * 216) / 3),
-    ("2C", {"H": 100, "B": 50, "tw": 6, "tf": 10, "C": 20}, 2 * (2 * 47 * 1000 + 90 * 216) / 3),
+     plate(100, 10, 2) + plate(60, 8, 2) + plate(182, 6, 0) + 0.06414 * 10.9**4 + 0.08251875 * 9.125**4),
+    # Flange 60 × 10, web 50 × 10, D = 12.5, α = 0.1059.
+    ("T", {"H": 60, "B": 60, "tw": 10, "tf": 10}, plate(60, 10, 2) + plate(50, 10, 1) + 0.1059 * 12.5**4),
+    # A web thicker than the flange runs through it; 0.0302·t⁴ is what equal plates have beyond that:
+    # 0.1059·1.25⁴ − 1/3 + 0.105.
+    ("T", {"H": 60, "B": 60, "tw": 10, "tf": 5},
+     plate(60, 5, 2) + plate(60, 10, 2) + (0.1059 * 1.25**4 - 1 / 3 + 0.105) * 5**4),
+    # Flanges 50 × 10, web 90 × 6 between their middle lines.
+    ("C", {"H": 100, "B1": 50, "tw": 6, "tf1": 10}, 2 * plate(50, 10, 2) + plate(90, 6, 0)),
+    # A web thicker than the flanges is whole, and these start at its middle line.
+    ("C", {"H": 100, "B1": 50, "tw": 10, "tf1": 6}, 2 * plate(45, 6, 1) + plate(100, 10, 2)),
+    ("2C", {"H": 100, "B": 50, "tw": 6, "tf": 10, "C": 20},
+     2 * (2 * plate(50, 10, 2) + plate(90, 6, 0))),
 ])
-def test_an_open_section_twists_as_its_thin_walls(shape, dimensions, expected):
+def test_an_open_section_twists_as_its_plates_and_their_junctions(shape, dimensions, expected):
     found = properties_of({"number": 1, "shape": shape, "dimensions": dimensions})
     assert found.it == pytest.approx(expected, rel=1e-12)
 

@@ -20,6 +20,7 @@ from report_checks import findings  # noqa: E402
 from report_grammar import STORED  # noqa: E402
 from report_model import ModelFacts  # noqa: E402
 from report_reader import read_report  # noqa: E402
+from typed_states import TypedStates  # noqa: E402
 
 
 @dataclass(frozen=True)
@@ -30,7 +31,11 @@ class Golden:
     units: str = "N,mm"
 
 
-GOLDEN = [Golden(path.stem, path) for path in sorted((ROOT / "examples").glob("*.json"))] + [
+# The examples are reported with both sides of their envelopes, and one by the states of them.
+EXTREMES = HERE / "extremes.patch.json"
+
+GOLDEN = [Golden(path.stem, path, EXTREMES) for path in sorted((ROOT / "examples").glob("*.json"))] + [
+    Golden("mullion-transom-states", ROOT / "examples" / "mullion-transom.json"),
     Golden("everything", HERE / "everything.json"),
     Golden("everything-metres", HERE / "everything.json", units="kN,m"),
     Golden("everything-seismic", HERE / "everything.json", HERE / "everything-seismic.patch.json"),
@@ -71,11 +76,21 @@ def second_order_forces(model):
     return forces
 
 
+def typed(model, results):
+    """The model and its results with the states of its envelopes as combinations of their own."""
+    states = TypedStates(model)
+    number = {(row["combination"], row["combination_name"]): row["combination"] for row in results} | states.numbers
+    return states.model, [
+        {**row, "combination": number[row["combination"], row["combination_name"]]} for row in results]
+
+
 def disagreements(golden, report, results):
     """What is wrong with a golden report, found without the program that wrote it; but the forces of
     second order are those that it shows of its analysis."""
     model = model_of(golden)
     second_order = model.get("analysis", {}).get("second_order", False)
+    if model.get("envelopes") != "extremes":
+        model, results = typed(model, results)
     facts = ModelFacts(model, second_order_forces(golden.model) if second_order else None)
     return findings(read_report(report, STORED, facts.shows_seismic_factor), facts, results)
 

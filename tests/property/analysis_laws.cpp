@@ -2,6 +2,7 @@
 #include <rapidcheck/gtest.h>
 
 #include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/linear_refinement.h"
 #include "aluframe/analysis/second_order.h"
 #include "analysis_frames.h"
 
@@ -48,6 +49,21 @@ RC_GTEST_PROP(FrameLaws, EveryNodeIsInEquilibrium, ()) {
       RC_ASSERT(std::abs(node[i]) <= 1e-6 * force * (i < 3 ? 1.0 : 3000.0));
     }
   }
+}
+
+RC_GTEST_PROP(FrameLaws, RefinementChangesNothingThatDoublesSufficeFor, ()) {
+  const Frame frame = any_frame();
+  const LoadCase load_case = any_loads_of_a_site(frame);
+  const CaseResult first = solved(frame, {load_case})[0];
+  const auto geometry = element_geometry(frame);
+  const Equations equations(frame);
+  const LoadsByElement loads(frame, geometry, load_case);
+  LinearRefinement refinement(frame, geometry, equations);
+  const auto refined = refinement.refine(first, load_case, loads, Norms{});
+  const auto* result = std::get_if<CaseResult>(&refined);
+  RC_ASSERT(result != nullptr);
+  assert_same_forces(result->forces, first.forces);
+  RC_ASSERT(result->equilibrium.force_error <= 1e-12);
 }
 
 RC_GTEST_PROP(FrameLaws, TheWholeIsInEquilibrium, ()) {

@@ -14,7 +14,7 @@ namespace {
 
 std::string any_name() {
   return any_of<std::string>(
-      {"", "A", "C1 \"top\"", "line\nbreak\\", "\xE6\xA2\x81 \xF0\x9F\x8F\x97"});
+      {"", "A", "C1 \"top\"", "back\\slash", "\xE6\xA2\x81 \xF0\x9F\x8F\x97"});
 }
 
 Units any_units() {
@@ -157,9 +157,18 @@ Support any_support(Number node) {
   return support;
 }
 
+constexpr Number node_aside = 1;
+
 /// Number of the node at a place of the chain of nodes.
 Number node_number(Number place) {
   return 10 + 3 * place;
+}
+
+/// Across the chain, which runs along X and up: a vector, or the node that add_structure sets
+/// aside.
+Orientation any_orientation() {
+  if (any_flag()) return node_aside;
+  return std::array{any_between(-0.1, 0.1), any_between(-1, 1), any_of({5.0, -7.25})};
 }
 
 Element any_element(const Model& model, Number place) {
@@ -169,6 +178,7 @@ Element any_element(const Model& model, Number place) {
       .nodes = {node_number(place), node_number(place + 1)},
       .section = model.sections[place % model.sections.size()].number,
       .material = model.materials[place % model.materials.size()].number,
+      .orientation = any_optional(any_orientation),
       .beta = any_of({0.0, 90.0, -33.25}),
       .kind = any_of({ElementKind::beam, ElementKind::truss}),
       .member_type = any_optional([] {
@@ -190,6 +200,7 @@ void add_structure(Model& model) {
                      .z = 5000.0 * place});
     if (any_flag()) model.supports.push_back(any_support(node_number(place)));
   }
+  model.nodes.add({.number = node_aside, .name = {}, .x = 0.0, .y = 0.0, .z = 9e6});
   Member member{.number = 1, .name = any_name(), .elements = {}, .length_factors = {}};
   for (Number place = 0; place < elements; ++place) {
     model.elements.add(any_element(model, place));
@@ -257,7 +268,7 @@ void add_forces(Model& model) {
 Model any_model() {
   Model model;
   model.title = any_name();
-  model.description = any_name();
+  model.description = any_of<std::string>({"", "one line", "line\nbreak\t\\"});
   model.units = any_units();
   model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);
@@ -266,6 +277,7 @@ Model any_model() {
                          any_of({LengthFactors::computed, LengthFactors::one})};
   });
   model.analysis.second_order = any_flag();
+  model.envelopes = any_flag() ? Envelopes::states : Envelopes::extremes;
   for (const Number number : {3U, 1U}) {
     model.materials.add(any_material(number));
     model.sections.add(any_section(number));

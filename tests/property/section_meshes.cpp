@@ -18,6 +18,12 @@ using model::Shape;
 // may differ by 3/2 of the largest thickness over the smallest width (at most 1/15 here).
 constexpr double corners = 1.5;
 
+// Open sections have their corners and ends in the formula for It. What is left of thin plates is
+// the published fit of the junctions and the mesh (0.1 %); of plates from twice as long as thick,
+// that their ends and junctions are too near each other to be worked out one by one.
+constexpr double open_it = 0.005;
+constexpr double stocky_it = 0.03;
+
 /// A thickness between 1/100 and 1/15 of the narrowest plate.
 double thin(double width) {
   return length_between(width / 100.0, width / 15.0);
@@ -77,8 +83,33 @@ constexpr std::array plated{Shape::channel, Shape::h_section, Shape::tee, Shape:
 RC_GTEST_PROP(SectionMeshes, OfThinPlatesHaveTheTorsionOfTheFormulas, ()) {
   const model::Section section = thin_section(*rc::gen::elementOf(plated));
   const SecondComputation mesh = on_mesh(section);
-  const double ratio = thickness_ratio(section);
-  assert_close("it", properties_of(section).it, mesh.it, mesh.it, corners * ratio);
+  const double ratio = section.shape == Shape::box ? corners * thickness_ratio(section) : open_it;
+  assert_close("it", properties_of(section).it, mesh.it, mesh.it, ratio);
+}
+
+/// Plates from twice as wide as thick, thicknesses of a section up to 1:5.
+model::Section stocky_section(Shape shape) {
+  const double t = length_between(2, 20);
+  const auto thickness = [&] { return t * length_between(0.45, 2.2); };
+  const auto width = [](double thick, double at) { return thick * length_between(at, 30); };
+  const double tw = thickness(), t1 = thickness(), t2 = thickness();
+  const double b1 = width(std::max(t1, tw), 2), b2 = width(std::max(t2, tw), 2);
+  const double h = t1 + t2 + width(std::max({tw, t1, t2}), 2);
+  model::Section section;
+  section.shape = shape;
+  section.dimensions = {h, b1, tw, t1, b2, t2};
+  if (shape == Shape::tee) section.dimensions = {h, b1, tw, t1};
+  if (shape == Shape::double_channel) section.dimensions = {h, b1, tw, t1, length_between(0, 30)};
+  return section;
+}
+
+RC_GTEST_PROP(SectionMeshes, OfStockyPlatesHaveTheTorsionOfTheFormulas, ()) {
+  const model::Section section = stocky_section(
+      *rc::gen::element(Shape::channel, Shape::h_section, Shape::tee, Shape::double_channel));
+  RC_PRE(!find_dimension_problem(section));
+  const double mesh = on_mesh(section).it;
+  const double formula = properties_of(section).it;
+  assert_close("it", formula, mesh, mesh, stocky_it);
 }
 
 RC_GTEST_PROP(SectionMeshes, OfThinPlatesHaveTheWarpingOfTheFormulas, ()) {

@@ -183,7 +183,7 @@ class FakeSections : public CSectDB {
                          int option2, double option3) override {
     log_.warping_calls.push_back({sect.strShape.GetString(), flag, option1, option2, option3});
     out = model_.warping;
-    return 1;
+    return model_.computes_warping ? 1 : 0;
   }
 
  private:

@@ -53,6 +53,7 @@ struct FakeModel {
   // What the host computes.
   std::map<UINT, T_KFAC_D> length_factors;  ///< results of the length factor pass
   T_WARPING_D warping;                      ///< result of every warping computation
+  bool computes_warping = true;             ///< what the warping computation reports
 
   // Load combinations and forces.
   std::vector<T_LCOM_MAXMIN_K> combinations;  ///< keys in the host's order

@@ -73,8 +73,9 @@ double WebStressRatio(const CHECK_INPUT& in) {
   return IsZero(divisor) ? 0.0 : (topCompressed ? bottom : top) / divisor;
 }
 
+// A limit of 0 is none: the ratio is not formed.
 double Clear(double width, double thickness, double limit) {
-  return width / thickness / limit;
+  return limit == 0.0 ? 0.0 : width / thickness / limit;
 }
 
 PLATE_RATIOS HRatios(const CHECK_INPUT& in) {

@@ -33,8 +33,8 @@ double GradientFactor(const CHECK_INPUT& in, PLATE plate);
 /// ratio of 0, infinite for f0.2 = 0, and not a number for a negative one of them.
 double PlateLimit(const CHECK_INPUT& in, PLATE plate);
 
-/// Plate slenderness: width-to-thickness ratio over its limit, infinite for a limit of 0. 0 where a
-/// plate is not judged.
+/// Plate slenderness: width-to-thickness ratio over its limit. 0 where a plate is not judged, also
+/// for a limit of 0: the ratio is then not formed.
 struct PLATE_RATIOS {
   double dTop = 0.0;        ///< R1, top flange
   double dBottom = 0.0;     ///< R2, bottom flange

@@ -95,8 +95,8 @@ int IAluDgnDataMgr::CheckCode(UINT elem, const LCOMBS& lcombs, T_RALU_D& governi
   ALU_DGN_DATA data;
   if (GetDgnData(elem, data) == 0) return 0;
   CAluDesignMgr& results = GetDoc()->GetPostCtrl().AluDgnMgr();
+  T_RALU_D current;
   for (const T_LCOM_MAXMIN_K lcomb : lcombs) {
-    T_RALU_D current;
     if (CheckCode(elem, lcomb, data, current) == 0) continue;
     if (governing.nHasResult == 0) {
       governing = current;
@@ -118,12 +118,13 @@ int IAluDgnDataMgr::CheckCode(UINT elem, T_LCOM_MAXMIN_K lcomb, ALU_DGN_DATA& da
   if (GetDgnForce(elem, lcomb, forces) == 0) return 0;
   AluDgnEndForce end;
   GetDgnEndForce(end, elem, lcomb, forces);
+  ALU_CAL_BUFF buffer;
   for (int pos = 0; pos < kCheckPositions; ++pos) {
     if (IsInnerPosition(pos) && forces.bInner == 0) continue;
     AluDgnSectForce sectForce;
     GetDgnSectForce(end, forces, pos, sectForce);
     sectForce.bEndSect = IsEndSectCal(elem, pos);
-    m_pCode->CheckCode(data, sectForce, result.aSect[static_cast<std::size_t>(pos)]);
+    m_pCode->CheckCode(data, sectForce, result.aSect[static_cast<std::size_t>(pos)], buffer);
   }
   result.nHasResult = 1;
   result.nMembType = data.nMembType;

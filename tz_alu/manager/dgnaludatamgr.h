@@ -93,7 +93,8 @@ class TZ_ALU_API IAluDgnDataMgr {
   int MakeBuffMatl(const KEYS& keys);
   /// Converts a section. @return 0 for a shape that the checks do not know
   int GetSect(const T_SECT_DESIGN_D& sect, ALU_SECT_DATA& out) const;
-  /// Has the host compute the section's warping properties, once.
+  /// Has the host compute the section's warping properties, once. A computation that fails leaves
+  /// those that the section has.
   void Calcfor7thDOF(T_SECT_DESIGN_D& sect) const;
   int GetMatd(const T_MATD_D& matl, ALU_MATL_DATA& out) const;
 

@@ -87,7 +87,7 @@ void IAluDgnDataMgr::Calcfor7thDOF(T_SECT_DESIGN_D& sect) const {
   if (sect.strShape == L"UP") return;
   T_WARPING_D warping;
   const int flag = sect.strName2.IsEmpty() ? 1 : 0;
-  GetDoc()->GetSectDB().CalcWarpingFuncion(sect, warping, flag, 0, 0, 0.0);
+  if (GetDoc()->GetSectDB().CalcWarpingFuncion(sect, warping, flag, 0, 0, 0.0) == 0) return;
   sect.dIw = warping.dIw;
   sect.dShearCtrZ = warping.dShearCtrZ;
   sect.dCentroidZ = warping.dCentroidZ;

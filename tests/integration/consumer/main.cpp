@@ -105,8 +105,13 @@ class Tool : public IAluDgnTool, public CViewCtrl, public CUnitCtrl, public CSec
   CString GetUnitSystemLength() const override { return L"mm"; }
   CString GetUnitSystemForce() const override { return L"N"; }
   double ConvertTgtUnitData2CurUnit(int, int, int, double value) const override { return value; }
-  int CalcWarpingFuncion(const T_SECT_DESIGN_D&, T_WARPING_D&, int, int, int, double) override {
-    return 0;
+  /// A pipe does not warp. The critical moment divides by the constant, so it gets a negligible
+  /// one; the shear centre is the centroid.
+  int CalcWarpingFuncion(const T_SECT_DESIGN_D& sect, T_WARPING_D& out, int, int, int,
+                         double) override {
+    const double depth = sect.aSize[0];
+    out = {1e-9 * sect.dIzz * depth * depth, 0.0, 0.0};
+    return 1;
   }
 
   T_UNIT_INDEX units;

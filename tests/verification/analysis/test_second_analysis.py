@@ -65,6 +65,9 @@ def random_element(number: int, nodes: list[int], dice: random.Random, stands: b
     """A beam of the tree that the frame stands by, or a truss or a beam with hinges beside it."""
     element = {"number": number, "nodes": nodes, "section": dice.randint(1, 2), "material": 1,
                "beta": dice.choice([0, 0, 90, -37.5, 180])}
+    if dice.random() < 0.3:
+        # Elements are far from the first one's side, and from the node set aside for it.
+        element["orientation"] = dice.choice([{"vector": [0.2, 7, -40]}, {"node": 100}])
     if stands:
         return element
     if dice.random() < 0.3:
@@ -81,8 +84,9 @@ def random_model(dice: random.Random) -> dict:
     count = dice.randint(3, 10)
     nodes = [{"number": 3 * i + 1, "x": round(1.7 * i, 3), "y": round(dice.uniform(-3, 3), 3),
               "z": round(dice.uniform(-3, 3), 3)} for i in range(count)]
-    # One that stands upright, since its axes follow another rule.
-    nodes[1] |= {"x": nodes[0]["x"], "y": nodes[0]["y"], "z": nodes[0]["z"] + 2.5}
+    # One that stands upright, or leans by a millimetre, since its axes follow another rule.
+    nodes[1] |= {"x": nodes[0]["x"], "y": nodes[0]["y"] + dice.choice([0, 0.001]),
+                 "z": nodes[0]["z"] + 2.5}
     ends = [([nodes[dice.randrange(i)]["number"], nodes[i]["number"]], True) for i in range(1, count)]
     ends += [([n["number"] for n in dice.sample(nodes, 2)], False) for _ in range(count)]
     elements = [random_element(i, pair, dice, stands) for i, (pair, stands) in enumerate(ends, 1)]
@@ -92,7 +96,7 @@ def random_model(dice: random.Random) -> dict:
         "sections": [
             {"number": 1, "shape": "P", "dimensions": {"D": 120, "t": 6}},
             {"number": 2, "shape": "H", "dimensions": {"H": 200, "B1": 100, "tw": 6, "tf1": 9}}],
-        "nodes": nodes, "elements": elements,
+        "nodes": [*nodes, {"number": 100, "x": -3, "y": 90, "z": 20}], "elements": elements,
         "supports": [
             {"node": nodes[0]["number"], "restrained": ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]},
             {"node": nodes[-1]["number"], "restrained": dice.sample(["Dx", "Dy", "Dz"], 2)}]}
@@ -112,7 +116,7 @@ def random_case(number: int, model: dict, dice: random.Random) -> dict:
 
     return {
         "number": number, "self_weight": dice.choice([1, 0.5]),
-        "nodal": [{"nodes": some(model["nodes"][1:]), "Fx": value(), "Fy": value(), "Fz": value(),
+        "nodal": [{"nodes": some(model["nodes"][1:-1]), "Fx": value(), "Fy": value(), "Fz": value(),
                    "Mx": value(), "My": value(), "Mz": value()}],
         "span": [{"elements": some(model["elements"]), "direction": axis, "value": value() or 1}
                  for axis in ("X", "Y", "Z", "x", "y", "z")],

@@ -48,7 +48,7 @@ PATTERNS = (
     "local.kappa.{one,internal,outstand}",
     "local.eta.{one,rib}",
     f"local.limit.{{C.flange,H.flange,H.web,B.flange,B.web,P.wall}}.{CLASS}.{WELD}",
-    "local.ratio.{C,H,B,P,none}",
+    "local.ratio.{C,H,B,P,none,no_limit}",
     "local.governing.axial.web.{H,B}",
     "local.governing.axial.both_flanges.{C,H,B}.{bottom_worse,top_worse_or_equal}",
     "local.governing.axial.{bottom_only,none}.{C,H,B}",

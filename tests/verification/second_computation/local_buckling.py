@@ -103,7 +103,12 @@ def width_limit(case, element):
 
 
 def _ratio(case, width, thickness, element):
-    return div(div(width, thickness), width_limit(case, element))
+    """Not formed (0) where the limit is 0."""
+    limit = width_limit(case, element)
+    if limit == 0.0:
+        case.hit("local.ratio.no_limit")
+        return 0.0
+    return div(div(width, thickness), limit)
 
 
 def governing_ratio(case):

@@ -175,6 +175,7 @@ TEST(Equilibrium, ResidualIsReportedAndTiny) {
   // A handful of roundings of 1e-16 each.
   EXPECT_LT(r.equilibrium.nodes, 1e-12);
   EXPECT_LT(r.equilibrium.whole, 1e-12);
+  EXPECT_LT(r.equilibrium.force_error, 1e-12);
 }
 
 TEST(Equilibrium, CaseThatLeavesMoreThanTheLimitFails) {
@@ -184,8 +185,18 @@ TEST(Equilibrium, CaseThatLeavesMoreThanTheLimitFails) {
   const auto* problem = std::get_if<Problem>(&result);
   ASSERT_NE(problem, nullptr);
   EXPECT_EQ(problem->kind, Problem::Kind::equilibrium);
-  EXPECT_THAT(problem->text, testing::HasSubstr(" of the loads stay unbalanced, more than "));
+  EXPECT_THAT(problem->text, testing::HasSubstr(" of the forces stay unbalanced, more than "));
   EXPECT_EQ(problem->load_case, 0U);
+}
+
+TEST(Equilibrium, CaseWhoseForcesAreLessCertainThanTheLimitFails) {
+  LoadCase load_case = uniform(LoadAxes::local, {1, 2, -2});
+  const Frame frame = rafter();
+  const auto result = analyse(frame, {&load_case, 1}, {.error_limit = 0.0});
+  const auto* problem = std::get_if<Problem>(&result);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_EQ(problem->kind, Problem::Kind::equilibrium);
+  EXPECT_THAT(problem->text, testing::StartsWith("the forces are certain to "));
 }
 
 TEST(Frame, WithEveryDirectionSupportedHasForcesToo) {

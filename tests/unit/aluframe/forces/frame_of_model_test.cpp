@@ -112,6 +112,23 @@ TEST(FrameOfModel, CarriesBetaReleasesDensityAndExpansion) {
   EXPECT_EQ(found.kind, analysis::ElementKind::beam);
 }
 
+TEST(FrameOfModel, CarriesTheDirectionOfAnOrientation) {
+  model::Model model = bare_model();
+  add_node(model, 20, 100, 0, 0);
+  add_node(model, 10, 1000, 0, 0);
+  add_node(model, 30, 100, 500, -2000);
+  model::Element by_node = beam(5, 20, 10), by_vector = beam(6, 20, 10);
+  by_node.orientation = model::Number{30};
+  by_vector.orientation = std::array{0.0, 2.0, 1.0};
+  for (const model::Element& element : {by_node, by_vector, beam(7, 20, 10)}) {
+    model.elements.add(element);
+  }
+  const analysis::Frame frame = frame_of(model);
+  EXPECT_EQ(frame.elements[0].reference, (analysis::Vector3{0, 500, -2000}));
+  EXPECT_EQ(frame.elements[1].reference, (analysis::Vector3{0, 2, 1}));
+  EXPECT_EQ(frame.elements[2].reference, std::nullopt);
+}
+
 TEST(FrameOfModel, KnowsTrusses) {
   model::Model model = bare_model();
   add_node(model, 20, 0, 0, 0);

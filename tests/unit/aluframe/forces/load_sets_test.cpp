@@ -108,10 +108,9 @@ TEST(LoadSets, OfALinearCombinationWithAnEnvelopeAreRefused) {
   const model::Model model = model_with({envelope(1, {of_case(1, 1), of_case(2, 1)}),
                                          linear(7, {of_combination(1, 1), of_case(3, 1)})});
   const auto plans = model::compile_combinations(model);
-  EXPECT_EQ(
-      std::get<std::string>(load_sets_of(model, plans, 1)),
-      "combination 7 adds an envelope to other forces, which second order cannot analyse; put "
-      "the other forces into the terms of the envelope");
+  EXPECT_EQ(std::get<std::string>(load_sets_of(model, plans, 1)),
+            "combination 7 adds an envelope to other forces, which second order cannot analyse; "
+            "check envelopes by their states");
 }
 
 }  // namespace

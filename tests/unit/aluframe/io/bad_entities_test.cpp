@@ -41,6 +41,35 @@ INSTANTIATE_TEST_SUITE_P(
     name_of_bad_model);
 
 INSTANTIATE_TEST_SUITE_P(
+    Orientations, BadEntity,
+    testing::Values(
+        BadModel{"OrientationOfNothing", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {})",
+                 R"(/elements/1/orientation: one of "vector" and "node" is needed, found neither)"},
+        BadModel{"OrientationOfBoth", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {"vector": [1, 0, 0], "node": 1})",
+                 R"(/elements/1/orientation: one of "vector" and "node" is needed, found both)"},
+        BadModel{"VectorOfTwoComponents", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {"vector": [1, 0]})",
+                 "/elements/1/orientation/vector: found 2 components, must be 3: X, Y and Z"},
+        BadModel{"MissingNodeOfAnOrientation", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {"node": 99})",
+                 "/elements/1/orientation/node: node 99 does not exist"},
+        BadModel{"VectorAlongTheAxis", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {"vector": [0.0005, 0, -1]})",
+                 "/elements/1/orientation: the direction (0.0005, 0, -1) lies along the element's "
+                 "axis: the sine of the angle between them is 0.0005, must be 0.001 or more"},
+        BadModel{"VectorWithoutLength", R"("nodes": [2, 3])",
+                 R"("nodes": [2, 3], "orientation": {"vector": [0, 0, 0]})",
+                 "/elements/1/orientation: the direction (0, 0, 0) lies along the element's axis: "
+                 "the sine of the angle between them is 0, must be 0.001 or more"},
+        BadModel{
+            "NodeOnTheAxis", R"("nodes": [2, 3])", R"("nodes": [2, 3], "orientation": {"node": 4})",
+            "/elements/1/orientation: the direction (0, 0, 6000) mm to the node lies along the "
+            "element's axis: the sine of the angle between them is 0, must be 0.001 or more"}),
+    name_of_bad_model);
+
+INSTANTIATE_TEST_SUITE_P(
     Duplicates, BadEntity,
     testing::Values(
         BadModel{"NumberTakenByAnotherNode", R"("number": 3, "x")", R"("number": 2, "x")",

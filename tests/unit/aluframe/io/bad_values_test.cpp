@@ -92,6 +92,117 @@ INSTANTIATE_TEST_SUITE_P(
     name_of_bad_model);
 
 INSTANTIATE_TEST_SUITE_P(
+    Dimensions, BadValue,
+    testing::Values(
+        BadModel{"DimensionTooLarge", R"("H": 150)", R"("H": 1e20)",
+                 "/sections/0/dimensions/H: H is 1e+20 mm: must be between 0.001 and 100000 mm"},
+        BadModel{"DimensionTooSmall", R"("tw": 3)", R"("tw": 1e-308)",
+                 "/sections/0/dimensions/tw: tw is 1e-308 mm: must be between 0.001 and 100000 mm"},
+        BadModel{"DimensionTooLargeInMetres", R"("section": "mm")", R"("section": "m")",
+                 "/sections/0/dimensions/H: H is 150000 mm: must be between 0.001 and 100000 mm"},
+        BadModel{"ProfileTooLarge",
+                 R"("shape": "B", "dimensions": {"H": 150, "B": 60, "tw": 3, "tf1": 3})",
+                 R"("profile": "B 1000000000000x60x3x3")",
+                 "/sections/0/profile: found 'B 1000000000000x60x3x3', which cannot be built: H is "
+                 "1000000000000 mm: must be between 0.001 and 100000 mm"}),
+    name_of_bad_model);
+
+/// The section of the small model with a property of its own.
+#define PROPERTY_OF_SECTION(property) R"("tf1": 3}, "properties": {)" property "}}"
+
+INSTANTIATE_TEST_SUITE_P(
+    Properties, BadValue,
+    testing::Values(
+        BadModel{
+            "AreaTooLarge", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("area": 1e11)"),
+            "/sections/0/properties/area: found 100000000000, must be between 1e-06 and 1e+10"},
+        BadModel{"AreaTooSmall", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("area": 1e-308)"),
+                 "/sections/0/properties/area: found 1e-308, must be between 1e-06 and 1e+10"},
+        BadModel{"SecondMomentTooSmall", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("izz": 1e-13)"),
+                 "/sections/0/properties/izz: found 1e-13, must be between 1e-12 and 1e+20"},
+        BadModel{"SecondMomentTooLarge", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("iyy": 1e21)"),
+                 "/sections/0/properties/iyy: found 1e+21, must be between 1e-12 and 1e+20"},
+        BadModel{"TorsionConstantTooLarge", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("it": 1e21)"),
+                 "/sections/0/properties/it: found 1e+21, must be between 0 and 1e+20"},
+        BadModel{"ShearPropertyTooLarge", R"("tf1": 3}})", PROPERTY_OF_SECTION(R"("qyb": 1e11)"),
+                 "/sections/0/properties/qyb: found 100000000000, must be between 0 and 1e+10"},
+        BadModel{"ShearCentreTooFar", R"("tf1": 3}})",
+                 PROPERTY_OF_SECTION(R"("shear_centre_z": -1e6)"),
+                 "/sections/0/properties/shear_centre_z: found -1000000, must be between -100000 "
+                 "and 100000"},
+        BadModel{"StressPointTooFar", R"("tf1": 3}})",
+                 PROPERTY_OF_SECTION(R"("point_y": [-1, 1, 1e6, -1])"),
+                 "/sections/0/properties/point_y/2: found 1000000, must be between -100000 and "
+                 "100000"},
+        BadModel{"StressPointsOnTheWeakAxis", R"("tf1": 3}})",
+                 PROPERTY_OF_SECTION(R"("point_y": [-1e-5, 0, 1e-308, 0])"),
+                 "/sections/0/properties/point_y: found four numbers near 0, one must be at least "
+                 "0.001 from it"},
+        BadModel{"StressPointAtTheCentroid", R"("tf1": 3}})",
+                 PROPERTY_OF_SECTION(R"("point_z": [1, 1, -1e-4, -1])"),
+                 "/sections/0/properties/point_z/2: found -0.0001, must be at least 0.001 from the "
+                 "centroid"}),
+    name_of_bad_model);
+
+TEST(PropertiesOfSections, HaveBoundsInTheUnitOfTheFile) {
+  std::string text = replaced(small_model, R"("section": "mm")", R"("section": "m")");
+  text = replaced(text, R"("H": 150, "B": 60, "tw": 3, "tf1": 3}})",
+                  R"("H": 0.15, "B": 0.06, "tw": 0.003, "tf1": 0.003},
+                     "properties": {"area": 20000}})");
+  EXPECT_EQ(message_about(text),
+            "post.json: /sections/0/properties/area: found 20000, must be between 1e-12 and 10000");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, BadValue,
+    testing::Values(
+        BadModel{"LineFeedInTheTitle", R"("Post")", R"("Post\n  MEMBER NO = 77")",
+                 "/title: found U+000A behind \"Post\", must be one line of text without control "
+                 "characters"},
+        BadModel{"TabInTheNameOfALoadCase", R"("DL")", R"("\tDL")",
+                 "/load_cases/0/name: found U+0009 at the beginning, must be one line of text "
+                 "without control characters"},
+        BadModel{"NextLineInTheNameOfACombination", R"({"number": 2, "terms")",
+                 R"({"number": 2, "name": "A\u0085", "terms")",
+                 "/combinations/1/name: found U+0085 behind \"A\", must be one line of text "
+                 "without control characters"},
+        BadModel{"SeparatorInTheNameOfANode", R"("x": 0, "y": 0, "z": 3000)",
+                 R"("name": "N\u2028", "x": 0, "y": 0, "z": 3000)",
+                 "/nodes/1/name: found U+2028 behind \"N\", must be one line of text without "
+                 "control characters"},
+        BadModel{"TurnInTheNameOfAnElement", R"({"number": 2, "nodes")",
+                 R"({"number": 2, "name": "E\u202e", "nodes")",
+                 "/elements/1/name: found U+202E behind \"E\", must be one line of text without "
+                 "control characters"},
+        BadModel{"IsolateInTheNameOfAMember", R"("members": [{"number": 1,)",
+                 R"("members": [{"number": 1, "name": "M\u2066",)",
+                 "/members/0/name: found U+2066 behind \"M\", must be one line of text without "
+                 "control characters"},
+        BadModel{
+            "NulInTheNameOfASection", R"("shape": "B")", R"("name": "\u0000", "shape": "B")",
+            "/sections/0/name: found U+0000 at the beginning, must be one line of text without "
+            "control characters"},
+        BadModel{"ReturnInTheNameOfAMaterial", R"("alloy": "6063-T5")",
+                 R"("name": "M\r", "alloy": "6063-T5")",
+                 "/materials/0/name: found U+000D behind \"M\", must be one line of text without "
+                 "control characters"},
+        BadModel{"LineFeedInAGrade", R"("alloy": "6063-T5")",
+                 R"("grade": "G\n", "f02_thin": 100, "fu": 150)",
+                 "/materials/0/grade: found U+000A behind \"G\", must be one line of text without "
+                 "control characters"},
+        BadModel{"EscapeInAStandard", R"("alloy": "6063-T5")",
+                 R"("grade": "G", "standard": "S\u001b[2J", "f02_thin": 100, "fu": 150)",
+                 "/materials/0/standard: found U+001B behind \"S\", must be one line of text "
+                 "without control characters"}),
+    name_of_bad_model);
+
+TEST(DescriptionOfAModel, MayHaveLines) {
+  EXPECT_EQ(model_of(replaced(small_model, R"("title")", R"("description": "one\ntwo", "title")"))
+                .description,
+            "one\ntwo");
+}
+
+INSTANTIATE_TEST_SUITE_P(
     Head, BadValue,
     testing::Values(BadModel{"OtherFormat", R"("aluframe-model")", R"("other-model")",
                              R"(/format: found "other-model", must be "aluframe-model")"},

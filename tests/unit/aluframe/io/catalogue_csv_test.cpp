@@ -97,7 +97,13 @@ TEST_F(CatalogueCsv, WithABadRowNamesItsLine) {
   EXPECT_EQ(message(header + "A,P,60\n"), "line 3: found 3 cells, the header has 5");
   EXPECT_EQ(message(header + ",P,60,3,\n"), "line 3: name: must not be empty");
   EXPECT_EQ(message(header + "\"A\nB\",P,60,3,\n"),
-            "line 3: name: found \"A B\", must be at most 60 letters on one line");
+            "line 3: name: found U+000A behind \"A\", must be one line of text without control "
+            "characters");
+  EXPECT_EQ(message(header + "\"A\xE2\x80\xAE\",P,60,3,\n"),
+            "line 3: name: found U+202E behind \"A\", must be one line of text without control "
+            "characters");
+  EXPECT_EQ(message(header + std::string(61, 'A') + ",P,60,3,\n"),
+            "line 3: name: found \"" + std::string(60, 'A') + "...\", must be at most 60 letters");
   EXPECT_EQ(message(header + "A,Q,60,3,\n"),
             "line 3: shape: found \"Q\", must be one of C, H, T, B, P, 2C, SR");
   EXPECT_EQ(message(header + "A,UP,,,\n"),
@@ -118,6 +124,25 @@ TEST_F(CatalogueCsv, WithAProfileThatCannotBeBuiltSaysWhy) {
   EXPECT_EQ(
       message("name,shape,D,t\nA,P,60,31\n"),
       "line 2: \"A\" cannot be built: t is 31 mm: the wall is thicker than the radius (D 60 mm)");
+}
+
+TEST_F(CatalogueCsv, WithADimensionOutOfBoundsNamesIt) {
+  EXPECT_EQ(message("name,shape,H,B1,tw,tf1,unit\nA,H,1e20,150,8,12,\n"),
+            "line 2: \"A\" cannot be built: H is 1e+20 mm: must be between 0.001 and 100000 mm");
+  EXPECT_EQ(message("name,shape,H,B1,tw,tf1,unit\nA,H,101,1,0.1,0.1,m\n"),
+            "line 2: \"A\" cannot be built: H is 101000 mm: must be between 0.001 and 100000 mm");
+  EXPECT_EQ(message("name,shape,D\nA,SR,1e-308\n"),
+            "line 2: \"A\" cannot be built: D is 1e-308 mm: must be between 0.001 and 100000 mm");
+  for (const std::string number : {"nan", "inf", "1e308"}) {
+    EXPECT_EQ(message("name,shape,D\nA,SR," + number + "\n"),
+              "line 2: D: found \"" + number + "\", must be between -1e30 and 1e30");
+  }
+}
+
+TEST_F(CatalogueCsv, HasItsSourceOnOneLine) {
+  EXPECT_EQ(message("name,shape,D,source\nA,SR,10,\"page 7\nMEMBER NO = 77\"\n"),
+            "line 2: source: found U+000A behind \"page 7\", must be one line of text without "
+            "control characters");
 }
 
 TEST_F(CatalogueCsv, GivesEveryNameOnce) {

@@ -63,7 +63,8 @@ TEST(NamedSection, ThatCannotBeBuiltSaysWhy) {
 }
 
 TEST(NamedSection, OfAnImpossibleSizeIsRefused) {
-  EXPECT_THAT(message("SR 9" + std::string(40, '0')), HasSubstr("must be between -1e30 and 1e30"));
+  EXPECT_THAT(message("SR 9" + std::string(40, '0')),
+              HasSubstr("must be between 0.001 and 100000 mm"));
 }
 
 TEST(NamedSection, WithControlCharactersIsShownWithoutThem) {

@@ -116,6 +116,16 @@ TEST(Frame, DirectionThatIsNotSaidToBeBracedSways) {
   EXPECT_FALSE(frame.braced_b);
 }
 
+TEST(Envelopes, AreCheckedByTheirStatesUnlessTheFileSaysOtherwise) {
+  EXPECT_EQ(model_of(small_model).envelopes, model::Envelopes::states);
+  const auto with = [](const char* value) {
+    return replaced(small_model, R"("frame": {)",
+                    std::string("\"envelopes\": ") + value + R"(, "frame": {)");
+  };
+  EXPECT_EQ(model_of(with(R"("states")")).envelopes, model::Envelopes::states);
+  EXPECT_EQ(model_of(with(R"("extremes")")).envelopes, model::Envelopes::extremes);
+}
+
 TEST(OwnMaterial, HasTheDocumentedDefaults) {
   const model::Material material = model_of(replaced(small_model, R"("alloy": "6063-T5")",
                                                      R"("grade": "X", "f02_thin": 120, "fu": 180)"))
@@ -241,6 +251,22 @@ TEST(Element, HasWhatTheFileGives) {
   EXPECT_EQ(element.beta, -90.0);
   EXPECT_THAT(element.released, ElementsAre(false, true, false, false, false, true,  //
                                             true, false, false, false, true, false));
+}
+
+TEST(Element, TakesItsOrientationFromAVectorOrANode) {
+  using Vector = std::array<double, 3>;
+  const auto orientation = [](std::string_view text) {
+    const std::string field = R"("nodes": [2, 3], "orientation": )" + std::string(text);
+    return model_of(replaced(small_model, R"("nodes": [2, 3])", field)).elements[1].orientation;
+  };
+  EXPECT_EQ(orientation(R"({"vector": [1, -2, 0.5]})"),
+            (model::Orientation{Vector{1.0, -2.0, 0.5}}));
+  // From node 2 of the upright element to a node aside of it.
+  const std::string aside =
+      replaced(small_model, R"("number": 4, "x": 0)", R"("number": 4, "x": 9)");
+  const std::string text =
+      replaced(aside, R"("nodes": [2, 3])", R"("nodes": [2, 3], "orientation": {"node": 4})");
+  EXPECT_EQ(model_of(text).elements[1].orientation, model::Orientation{model::Number{4}});
 }
 
 TEST(ElementDesignAttributes, AreTakenFromTheFile) {

@@ -13,6 +13,7 @@ TEST(WriteModel, PutsAnEntityOnALineAndLeavesDefaultsOut) {
   "units": {"force": "kN", "length": "m", "section": "mm"},
   "settings": {"code": "GB50429-2007", "safety_class": 1},
   "frame": {"braced_a": true, "braced_b": false},
+  "envelopes": "extremes",
   "materials": [
     {"number": 1, "alloy": "6063-T5"},
     {"number": 2, "name": "own", "grade": "X", "f02_thin": 120, "fu": 180}
@@ -23,13 +24,16 @@ TEST(WriteModel, PutsAnEntityOnALineAndLeavesDefaultsOut) {
   ],
   "nodes": [
     {"number": 1, "x": 0, "y": 0, "z": 0},
-    {"number": 2, "name": "top", "x": 0.1, "y": -2.7, "z": 3.6}
+    {"number": 2, "name": "top", "x": 0.1, "y": -2.7, "z": 3.6},
+    {"number": 3, "x": 5, "y": 0, "z": 0}
   ],
   "supports": [
     {"node": 1, "restrained": ["Dx", "Dy", "Dz", "Rz"]}
   ],
   "elements": [
-    {"number": 1, "nodes": [1, 2], "section": 1, "material": 1, "kind": "truss", "releases": {"end": ["My", "Mz"]}, "design": {"haz_width": 25.4}}
+    {"number": 1, "nodes": [1, 2], "section": 1, "material": 1, "kind": "truss", "releases": {"end": ["My", "Mz"]}, "design": {"haz_width": 25.4}},
+    {"number": 2, "nodes": [1, 2], "section": 1, "material": 1, "orientation": {"vector": [0, 0.1, -2]}, "beta": 90},
+    {"number": 3, "nodes": [1, 2], "section": 1, "material": 1, "orientation": {"node": 3}}
   ],
   "members": [
     {"number": 1, "elements": [1], "length_factors": {"y": 0.7, "z": 1}}
@@ -95,8 +99,10 @@ TEST(WriteModel, KeepsSettingsThatAreAllDefault) {
 
 TEST(WriteModel, EscapesTextAndReplacesBytesThatAreNotUtf8) {
   model::Model model = model_of(small_model);
-  model.title = "a\"b\\c\n\x01 \xE6\xA2\x81";
+  model.title = "a\"b\\c \xE6\xA2\x81";
   EXPECT_EQ(model_of(write_model(model)).title, model.title);
+  model.description = "a\"b\\c\n\x01 \xE6\xA2\x81";
+  EXPECT_EQ(model_of(write_model(model)).description, model.description);
   model.title = "M\xFCller";
   EXPECT_EQ(model_of(write_model(model)).title, "M\xEF\xBF\xBDller");
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 #include "aluframe/model/material.h"
 
 namespace aluframe::model {
@@ -31,6 +33,24 @@ TEST(TableTest, WhatIsNotThereIsNotReplaced) {
   EXPECT_FALSE(table.replace(named(3, "other")));
   EXPECT_EQ(table.size(), 1U);
   EXPECT_EQ(table.find(3), nullptr);
+}
+
+// Numbers that count up by one, a gap, a number out of line and one below the first.
+TEST(TableTest, EveryNumberIsFoundWhateverTheOrder) {
+  Table<Material> table;
+  const Number numbers[] = {5, 6, 7, 10, 9, 3, max_number};
+  for (const Number number : numbers) table.add(named(number, ""));
+  for (std::size_t place = 0; place < std::size(numbers); ++place) {
+    EXPECT_EQ(table.position(numbers[place]), place) << numbers[place];
+    EXPECT_EQ(table.find(numbers[place]), &table[place]) << numbers[place];
+  }
+  for (const Number absent : {0U, 4U, 8U, 11U, max_number - 1}) {
+    EXPECT_EQ(table.find(absent), nullptr) << absent;
+  }
+}
+
+TEST(TableTest, AnEmptyTableHoldsNoNumber) {
+  EXPECT_EQ(Table<Material>().find(0), nullptr);
 }
 
 }  // namespace

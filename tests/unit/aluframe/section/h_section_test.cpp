@@ -27,8 +27,17 @@ TEST(HSection, HasTheWeakInertiaOfItsPlates) {
   expect_close(equal.izz, (2 * 10 * cube(100) + 180 * cube(6)) / 12);
 }
 
-TEST(HSection, TakesTorsionWithTheWebBetweenFlangeMiddleLines) {
-  expect_close(equal.it, (2 * 100 * cube(10) + 190 * cube(6)) / 3);
+TEST(HSection, TakesTorsionFromItsPlatesTheirEndsAndJunctions) {
+  // Flanges b·t³/3 − 0.21·t⁴·(1 − t⁴/(12·b⁴)), the clear web, and two junctions: w/t = 0.6 gives
+  // α = −0.042 + 0.13224 − 0.0261 = 0.06414 and D = 10 + 36/40 = 10.9.
+  const double flange = 100e3 / 3 - 2100 * (1 - 1e-4 / 12);
+  expect_close(equal.it, 2 * flange + 180 * 216 / 3.0 + 2 * 0.06414 * std::pow(10.9, 4));
+}
+
+TEST(HSection, WithAStockyFlangeHasTheTorsionOfFiniteElements) {
+  // H 400x100x3x3x40x12: b·t³/3 alone is 18 % above the 23322 mm⁴ of the section's mesh.
+  const auto section = properties_of(Shape::h_section, {400, 100, 3, 3, 40, 12});
+  expect_close(section.it, 23322, 0.005);
 }
 
 TEST(HSection, WarpsLikeTwoEqualFlangesOnALever) {

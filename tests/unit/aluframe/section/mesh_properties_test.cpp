@@ -65,5 +65,29 @@ TEST(SectionMesh, ConvergesFromAboveAsItGetsFiner) {
   EXPECT_LT(four.it - eight.it, 1e-3 * eight.it);
 }
 
+// Cells grow by a half from one to the next, so that their number follows the logarithm of the
+// largest over the smallest dimension. From both ends of an interval of 1e5 mm to its middle, with
+// 16 cells across 1e-3 mm: 2·ln(1 + 5e4/(2·6.25e-5))/ln 1.5 < 98. An H with unlike flanges has five
+// intervals across and three up.
+TEST(SectionMesh, OfTheMostUnlikePlatesStaysSmall) {
+  constexpr std::size_t most_cells = (5 * 98) * (3 * 98);
+  const struct {
+    Shape shape;
+    std::array<double, 8> dimensions;
+  } sections[] = {{Shape::h_section, {1e5, 1e5, 1e-3, 3e4, 5e4, 3e4}},
+                  {Shape::h_section, {1e5, 1e5, 1e-3, 1e-3, 1e5, 1e-3}},
+                  {Shape::box, {1e5, 1e5, 3e4, 3e4, 30000.002, 1e-3}},
+                  {Shape::box, {1e5, 1e5, 49999.999, 49999.999, 50000.001, 49999.999}},
+                  {Shape::channel, {1e5, 1e5, 1e-3, 3e4, 5e4, 3e4}},
+                  {Shape::tee, {1e5, 1e5, 1e-3, 5e4}}};
+  for (const auto& [shape, dimensions] : sections) {
+    const model::Section section = make_section(shape, dimensions);
+    ASSERT_FALSE(find_dimension_problem(section));
+    const std::size_t cells = mesh_of(section, 16).cells.size();
+    EXPECT_GT(cells, 0U);
+    EXPECT_LE(cells, most_cells) << model::name_of(shape);
+  }
+}
+
 }  // namespace
 }  // namespace aluframe::section

@@ -19,8 +19,11 @@ TEST(Tee, HasTheAreaAndInertiaOfItsPlates) {
   expect_close(tee.izz, (10 * cube(80) + 90 * cube(6)) / 12);
 }
 
-TEST(Tee, TakesTorsionWithTheWebUpToTheFlangeMiddleLine) {
-  expect_close(tee.it, (80 * cube(10) + 95 * cube(6)) / 3);
+TEST(Tee, TakesTorsionFromItsPlatesTheirEndsAndTheJunction) {
+  // As the H section's, and a web of 90 with one free end: 0.105·w⁴·(1 − w⁴/(12·b⁴)).
+  const double flange = 80e3 / 3 - 2100 * (1 - 1e4 / (12 * std::pow(80, 4)));
+  const double web = 90 * 216 / 3.0 - 0.105 * 1296 * (1 - 1296 / (12 * std::pow(90, 4)));
+  expect_close(tee.it, flange + web + 0.06414 * std::pow(10.9, 4));
 }
 
 TEST(Tee, HasItsShearCentreWhereTheMiddleLinesMeet) {

@@ -20,6 +20,8 @@ class FullDisk : public store::ResultWriter {
   void write(std::uint32_t, const T_RALU_D&, std::uint32_t, int) override { fail(); }
   bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { fail(); }
   void add_not_checked(const store::NotChecked&) override {}
+  void add_safe(const store::SafeRow&) override {}
+  void add_remark(const store::RemarkRow&) override {}
   void flush() override { fail(); }
   void finish(store::RunState) override {}
   std::uint64_t record_count() const override { return 0; }

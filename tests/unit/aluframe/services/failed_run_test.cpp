@@ -33,6 +33,8 @@ class FailingWriter : public store::ResultWriter {
     if (fault_ == Fault::not_checked) fail();
     inner_->add_not_checked(item);
   }
+  void add_safe(const store::SafeRow& row) override { inner_->add_safe(row); }
+  void add_remark(const store::RemarkRow& row) override { inner_->add_remark(row); }
   void flush() override { inner_->flush(); }
   void finish(store::RunState state) override {
     inner_->finish(state);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "aluframe/model/envelopes.h"
 #include "aluframe/services/session.h"
+#include "aluframe/services/text.h"
 #include "tests/unit/aluframe/services/sample_model.h"
 
 namespace aluframe::services {
@@ -158,6 +160,23 @@ TEST_F(LoadCasesTest, TheCodeOfTheMovingLoadsIsThatOfTheModel) {
   T_MVCD_D code;
   ASSERT_EQ(attributes().GetMvcd(code), 1);
   EXPECT_EQ(code.nCode, 3);
+}
+
+TEST(LoadCasesOfStates, TheNameOfAStateBeginsWithItsNumber) {
+  std::string text = sample_text;
+  const std::size_t begin = text.find("\"combinations\"");
+  text.replace(begin, text.find("\"forces\"") - begin, R"json("combinations": [ { "number": 7,
+    "name": "Extremes", "kind": "envelope", "terms": [ { "case": 2, "factor": 1.5 } ] } ],)json");
+  model::Model model = parsed(text);
+  ASSERT_EQ(model::expand_envelopes(model), std::nullopt);
+  Session session(model, {});
+  T_LCOM_D state;
+  ASSERT_EQ(session.DocPoint()->GetAttrCtrl().GetLcom(6, 7001, state), 1);
+  EXPECT_EQ(to_utf8(state.strName), "7001 = 7 Extremes: 1.5 case 2");
+  EXPECT_EQ(state.nType, 0);
+  ASSERT_EQ(state.aEntry.GetSize(), 1);
+  EXPECT_EQ(state.aEntry[0].nNumber, 2U);
+  EXPECT_EQ(state.aEntry[0].dFactor, 1.5);
 }
 
 TEST(LoadCasesOfAPlainModel, HaveNoCodeOfMovingLoads) {

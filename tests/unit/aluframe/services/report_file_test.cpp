@@ -138,25 +138,5 @@ TEST_F(ReportFileTest, AMissingFileHasNoElements) {
   EXPECT_THAT(reported_elements(path_).numbers, IsEmpty());
 }
 
-// --- whether two paths are one file ---
-
-TEST_F(ReportFileTest, PathsToOneFileAreTheSame) {
-  fill("");
-  fs::create_symlink(path_, folder_.path() / "link");
-  EXPECT_TRUE(is_same_file(path_, folder_.path() / "link"));
-  EXPECT_TRUE(is_same_file(path_, folder_.path() / "." / "frame.alu"));
-}
-
-TEST_F(ReportFileTest, PathsToAFileThatIsNotThereYetAreTheSame) {
-  EXPECT_TRUE(is_same_file(path_, folder_.path() / "other" / ".." / "frame.alu"));
-  EXPECT_TRUE(is_same_file("frame.alu", fs::current_path() / "frame.alu"));
-}
-
-TEST_F(ReportFileTest, PathsToDifferentFilesAreNotTheSame) {
-  fill("");
-  EXPECT_FALSE(is_same_file(path_, folder_.path() / "other.alu"));
-  EXPECT_FALSE(is_same_file(path_, ""));
-}
-
 }  // namespace
 }  // namespace aluframe::services

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "aluframe/model/envelopes.h"
 #include "tests/unit/aluframe/services/monitor_records.h"
 #include "tests/unit/aluframe/services/sample_model.h"
 
@@ -216,6 +217,23 @@ TEST_F(RunMonitorTest, BothSidesOfACombinationLackForcesOnce) {
   monitor_.note_missing_forces(4, 3, 2);
   monitor_.note_record(4, 0, record_with(50, 100));
   EXPECT_EQ(monitor_.not_checked().size(), 1U);
+}
+
+TEST_F(RunMonitorTest, StatesOfAnEnvelopeLackForcesOnceUnderTheEnvelopesNumber) {
+  using Source = model::CombinationTerm::Source;
+  model::Model model = model_;
+  model.combinations.add({.number = 6,
+                          .name = "",
+                          .kind = model::CombinationKind::envelope,
+                          .terms = {{Source::load_case, 2, 1.5}, {Source::load_case, 2, -1.5}}});
+  ASSERT_EQ(model::expand_envelopes(model), std::nullopt);
+  RunMonitor monitor(model);
+  monitor.set_elements({4, 1});
+  monitor.note_forces(4, forces_with(1.0F));
+  for (const model::Number state : {6001U, 6002U}) monitor.note_missing_forces(4, state, 2);
+  monitor.note_record(4, 0, record_with(50, 100));
+  ASSERT_EQ(monitor.not_checked().size(), 1U);
+  EXPECT_EQ(monitor.not_checked()[0].combination, 6U);
 }
 
 TEST_F(RunMonitorTest, AnElementWithoutGoverningRecordCouldNotBeAssembled) {

@@ -26,12 +26,17 @@ class SectionRecordsTest : public testing::Test {
   Attributes attributes_{model_, scale_};
 };
 
-// H 310 × 200 × 8 × 10 by hand, mm: rectangles for area and moments of inertia; strips along the
-// middle lines for torsion; the upper half over the web, and a quarter flange, for shear.
+// H 310 × 200 × 8 × 10 by hand, mm: rectangles for area and moments of inertia; plates
+// with free ends and junctions for torsion; the upper half over the web, and a quarter flange, for
+// shear.
 constexpr double area = 2 * 200 * 10 + 290 * 8;
 constexpr double iyy = (200 * 29791e3 - 192 * 24389e3) / 12;  // 310³, 290³
 constexpr double izz = (2 * 10 * 8e6 + 290 * 512) / 12;
-constexpr double torsion_constant = (2 * 200 * 1e3 + 300 * 512) / 3;
+// Flanges 0.21·t⁴·(1 − t⁴/(12·b⁴)) below b·t³/3, the clear web, and two junctions of web to flange
+// 0.8: α = −0.042 + 0.2204·0.8 − 0.0725·0.64 = 0.08792, D = 10 + 64/40.
+constexpr double circle = 11.6 * 11.6 * 11.6 * 11.6;
+constexpr double flange_torsion = 200e3 / 3 - 2100 * (1 - 1e4 / (12 * 1.6e9));
+constexpr double torsion_constant = 2 * flange_torsion + 290 * 512 / 3.0 + 2 * 0.08792 * circle;
 constexpr double qyb = (200 * 10 * 150 + 145 * 8 * 72.5) / 8;
 constexpr double qzb = 200 * 200 / 8;
 

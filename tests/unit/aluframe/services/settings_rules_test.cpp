@@ -125,5 +125,12 @@ TEST(SettingsRules, AProofStrengthAboveTheUltimateOneIsNoFault) {
   EXPECT_THAT(broken(material), IsEmpty());
 }
 
+TEST(SettingsRules, ANameIsOneLine) {
+  model::Material material = sound_material();
+  material.name = "Alloy\n  MEMBER NO = 77";
+  EXPECT_THAT(broken(material), ElementsAre("name: found U+000A behind \"Alloy\", must be one line "
+                                            "of text without control characters"));
+}
+
 }  // namespace
 }  // namespace aluframe::services

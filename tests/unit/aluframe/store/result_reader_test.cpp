@@ -44,6 +44,17 @@ TEST_F(ResultReaderTest, TellsTheRunAndItsCombinationsInTheirOrder) {
   EXPECT_FALSE(rows[1].two_sides || rows[1].seismic);
 }
 
+TEST_F(ResultReaderTest, TellsWhichCombinationsStandForAnEnvelope) {
+  RunInfo info = store_test::sample_info();
+  info.combinations.push_back({7002, "Extremes: W", false, false, 9});
+  info.envelope_states = {{9, 1}, {9, 7002}};
+  ResultWriter::create(file, info)->finish(RunState::complete);
+  const auto reader = ResultReader::open(file);
+  EXPECT_EQ(reader->info().combinations.front().state_of, std::nullopt);
+  EXPECT_EQ(reader->info().combinations.back().state_of, 9U);
+  EXPECT_EQ(reader->info().envelope_states, info.envelope_states);
+}
+
 TEST_F(ResultReaderTest, ListsElementsInTheOrderWritten) {
   const auto writer = ResultWriter::create(file, {});
   for (const std::uint32_t element : {30U, 10U, 20U}) store_test::write_element(*writer, element);

@@ -125,6 +125,17 @@ TEST(PositionRatiosTable, SidesAreNamedForCombinationsWithTwoOnly) {
   EXPECT_EQ(table.rows[2][side], text("min"));
 }
 
+TEST(PositionRatiosTable, AStateHasTheNumberOfItsEnvelopeAndItsOwnName) {
+  store::RunInfo info;
+  info.combinations = {{7001, "Extremes: G", false, false, 7},
+                       {7002, "Extremes: W", false, false, 7}};
+  const OutputTable table = position_ratios_table({record(7001, 0), record(7002, 0)}, info);
+  ASSERT_EQ(table.rows.size(), 2U);
+  for (const Row& found : table.rows) EXPECT_EQ(found[0], whole(7));
+  EXPECT_EQ(table.rows[0][1], text("Extremes: G"));
+  EXPECT_EQ(table.rows[1][1], text("Extremes: W"));
+}
+
 TEST(PositionRatiosTable, LeavesOutTheGoverningRecordAndPositionsWithoutARatio) {
   store::StoredRecord no_limit{.combination = 3, .min_side = 0, .record = {}};
   no_limit.record.aSect[0].aItem[RALU_SLENDERNESS_Y] = {120, 0, 0};

@@ -231,6 +231,42 @@ TEST(PlateRatios, OfASectionWithoutDimensionsAreUndefined) {
   }
 }
 
+PLATE_RATIOS RatiosWithRibRatioZero(std::int32_t nShape, const std::array<double, 8>& size,
+                                    double My) {
+  POINT point = PlatePoint(nShape, size);
+  point.force = Forces(0, My, 0);
+  point.Parameters().bRib = 1;
+  point.Parameters().dRibRatio = 0.0;
+  return PlateRatios(point.Input());
+}
+
+// A rib ratio of 0 makes every limit of C, H and B 0, with and without a stress gradient. A pipe's
+// limit has no rib ratio: 100 over 12000/240.
+TEST(PlateRatios, AreNotFormedForALimitOfZero) {
+  for (const double My : {1e7, 0.0, -1e7}) {
+    for (const std::int32_t shape : {ALU_SHAPE_H, ALU_SHAPE_C, ALU_SHAPE_B}) {
+      ExpectRatios(RatiosWithRibRatioZero(shape, {900, 5, 400, 4, 300, 3, 2, 1}, My), 0, 0, 0, 0);
+    }
+    ExpectRatios(RatiosWithRibRatioZero(ALU_SHAPE_P, {200, 2}, My), 0.0, 0.0, 0.0, 2.0);
+  }
+}
+
+// Neither the infinite ratio of a plate without thickness nor the undefined one of a plate without
+// dimensions comes back.
+TEST(PlateRatios, AreNotFormedForALimitOfZeroWhateverThePlates) {
+  for (const double My : {1e7, 0.0, -1e7}) {
+    ExpectRatios(RatiosWithRibRatioZero(ALU_SHAPE_H, {100, 0, 60, 0, 60, 8}, My), 0, 0, 0, 0);
+    ExpectRatios(RatiosWithRibRatioZero(ALU_SHAPE_C, {}, My), 0, 0, 0, 0);
+  }
+}
+
+// f0.2 stands under the root of every limit and under a pipe's.
+TEST(PlateRatios, AreNotFormedForAnInfiniteProofStrength) {
+  POINT point = PlatePoint(ALU_SHAPE_P, {200, 2});
+  point.Material().dF02Thin = kInf;
+  ExpectRatios(PlateRatios(point.Input()), 0, 0, 0, 0);
+}
+
 // One plate of neither width nor thickness, the others sound. Clear widths of 0: channel flange
 // B - tw - r1 - r2, H flange B - tw - 2·r1 - 2·r2, H web H - tf1 - tf2 - 2·r1, box flange
 // B - 2·tw, box web H - tf1 - tf2.

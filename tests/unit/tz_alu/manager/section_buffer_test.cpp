@@ -188,6 +188,28 @@ TEST_F(SectionBuffer, TheWarpingComputationFillsConstantAndCentres) {
   EXPECT_EQ(SectionOf(1).dShearCtr, 31.0);
 }
 
+TEST_F(SectionBuffer, AFailedWarpingComputationLeavesTheHostsOwnNumbers) {
+  host_.model.sections[1].dIw = 7e6;
+  host_.model.sections[1].dShearCtrZ = 91.0;
+  host_.model.sections[1].dCentroidZ = 60.0;
+  host_.model.warping = {1.0, 2.0, 3.0};  // of no use: the host says so
+  host_.model.computes_warping = false;
+  Build({1});
+  EXPECT_EQ(host_.log.warping_calls.size(), 1U);
+  EXPECT_EQ(SectionOf(1).dIw, 7e6);
+  EXPECT_EQ(SectionOf(1).dShearCtr, 31.0);
+}
+
+TEST_F(SectionBuffer, AFailedWarpingComputationIsNotTriedAgain) {
+  host_.model.computes_warping = false;
+  T_SECT_DESIGN_D sect = Numbered(L"H");
+  sect.dIw = 5.0;
+  manager_.Calcfor7thDOF(sect);
+  manager_.Calcfor7thDOF(sect);
+  EXPECT_EQ(host_.log.warping_calls.size(), 1U);
+  EXPECT_EQ(sect.dIw, 5.0);
+}
+
 TEST_F(SectionBuffer, TheWarpingComputationIsMarkedAsDone) {
   T_SECT_DESIGN_D sect = Numbered(L"H");
   manager_.Calcfor7thDOF(sect);

@@ -1,0 +1,66 @@
+#include "aluframe/model/plain_text.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+namespace aluframe::model {
+
+namespace {
+
+struct Character {
+  std::size_t length = 0;  ///< bytes of UTF-8; 0 for none
+  std::uint32_t code = 0;
+};
+
+/// The control character that the text begins with. None is outside these forms of UTF-8.
+Character control_character_at(std::string_view text) {
+  const auto byte = [&](std::size_t i) -> std::uint32_t {
+    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+  };
+  if (byte(0) < 0x20 || byte(0) == 0x7F) return {1, byte(0)};
+  if (byte(0) == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) return {2, byte(1)};
+  if (byte(0) != 0xE2) return {};
+  const bool is_separator_or_turn = byte(1) == 0x80 && byte(2) >= 0xA8 && byte(2) <= 0xAE;
+  const bool is_isolate = byte(1) == 0x81 && byte(2) >= 0xA6 && byte(2) <= 0xA9;
+  if (!is_separator_or_turn && !is_isolate) return {};
+  return {3, 0x2000U + (byte(1) & 0x3FU) * 0x40U + (byte(2) & 0x3FU)};
+}
+
+std::string code_text(std::uint32_t code) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(code));
+  return text.data();
+}
+
+/// The end of what stands before a place, so that the user finds it.
+std::string place_text(std::string_view before) {
+  constexpr std::size_t longest = 20;
+  if (before.empty()) return " at the beginning";
+  std::size_t start = before.size() > longest ? before.size() - longest : 0;
+  while (start < before.size() && (static_cast<unsigned char>(before[start]) & 0xC0U) == 0x80U)
+    ++start;
+  return " behind \"" + std::string(before.substr(start)) + '"';
+}
+
+}  // namespace
+
+std::optional<std::string> find_control_character(std::string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const Character found = control_character_at(text.substr(i));
+    if (found.length > 0) return code_text(found.code) + place_text(text.substr(0, i));
+  }
+  return std::nullopt;
+}
+
+std::string without_control_characters(std::string_view text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const Character found = control_character_at(text.substr(i));
+    out += found.length > 0 ? ' ' : text[i];
+    if (found.length > 1) i += found.length - 1;
+  }
+  return out;
+}
+
+}  // namespace aluframe::model

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "aluframe/remarks/remarks.h"
+
+namespace aluframe::remarks {
+
+/// "1-3, 7, 9-12", of ascending numbers; beyond six such ranges "and 20 more".
+std::string as_ranges(const std::vector<model::Number>& numbers);
+
+/// Collects the elements that a remark concerns, and which is the worst.
+class Concerned {
+ public:
+  /// `value`: how bad it is; the larger, the worse. Elements come in any order, each once.
+  void add(const model::Element& element, double value = 0.0);
+
+  bool empty() const { return elements_.empty(); }
+  /// "element 4" or "elements 1-3, 7".
+  std::string named() const;
+  const model::Element& worst() const { return *worst_; }
+  double worst_value() const { return worst_value_; }
+
+  /// The remark of them all; its value is left open.
+  Remark remark(std::string_view rule, std::string text) const;
+
+ private:
+  std::vector<model::Number> elements_;
+  const model::Element* worst_ = nullptr;
+  double worst_value_ = 0.0;
+};
+
+}  // namespace aluframe::remarks

@@ -1,0 +1,150 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "aluframe/members/chart_equations.h"
+#include "aluframe/members/length_factors.h"
+#include "aluframe/remarks/concerned.h"
+#include "aluframe/remarks/kinds.h"
+
+namespace aluframe::remarks {
+
+namespace {
+
+using members::FactorSource;
+using members::LengthFactor;
+using members::StretchFactors;
+
+/// Whether the chart itself has no larger factor: the joints of the element resist nothing.
+bool is_at_bound(const LengthFactor& factor) {
+  return (factor.source == FactorSource::sway || factor.source == FactorSource::cantilever) &&
+         members::sway_factor(factor.g[0], factor.g[1]) >= members::largest_factor;
+}
+
+void add_all(Concerned& concerned, const model::Model& model, const StretchFactors& stretch,
+             double value) {
+  for (const model::Number number : stretch.elements) {
+    concerned.add(*model.elements.find(number), value);
+  }
+}
+
+Remark about_member(const Subject& subject, const Concerned& concerned, std::string_view rule,
+                    std::string text) {
+  Remark remark = concerned.remark(rule, std::move(text));
+  const model::Member* member = subject.connectivity.member_of(concerned.worst().number);
+  if (member != nullptr) remark.member = member->number;
+  return remark;
+}
+
+/// The two nodes at which a chain of elements ends: those that it passes once.
+std::vector<model::Number> end_nodes(const model::Model& model,
+                                     const std::vector<model::Number>& elements) {
+  std::vector<model::Number> nodes;
+  for (const model::Number number : elements) {
+    const model::Element& element = *model.elements.find(number);
+    nodes.insert(nodes.end(), element.nodes.begin(), element.nodes.end());
+  }
+  std::vector<model::Number> ends;
+  std::ranges::copy_if(nodes, std::back_inserter(ends), [&nodes](model::Number node) {
+    return std::ranges::count(nodes, node) == 1;
+  });
+  return ends;
+}
+
+/// Whether the checks take an end there as free: no support holds the node against moving.
+bool counts_as_free(const model::Connectivity& connectivity, model::Number node) {
+  const model::Support* support = connectivity.support_of(node);
+  if (support == nullptr) return true;
+  const auto& held = support->restrained;
+  return !held[0] && !held[1] && !held[2];
+}
+
+/// Whether elements of others than the chain's meet at a node.
+bool is_joint(const model::Connectivity& connectivity, model::Number node,
+              const std::vector<model::Number>& chain) {
+  return std::ranges::any_of(connectivity.elements_at(node), [&chain](model::Number element) {
+    return std::ranges::find(chain, element) == chain.end();
+  });
+}
+
+/// Whether the element's critical moment is formed with its member's twisting length.
+bool may_buckle_sideways(const model::Model& model, const model::Element& element) {
+  return element.kind == model::ElementKind::beam && !element.design.stability_coefficients &&
+         is_open(model.sections.find(element.section)->shape);
+}
+
+}  // namespace
+
+std::optional<Remark> factor_at_bound(Subject& subject) {
+  const model::Model& model = subject.model;
+  Concerned concerned;
+  for (const StretchFactors& stretch : subject.factors) {
+    if (!is_at_bound(stretch.y) && !is_at_bound(stretch.z)) continue;
+    add_all(concerned, model, stretch, std::max(stretch.y.k, stretch.z.k));
+  }
+  if (concerned.empty()) return std::nullopt;
+  Remark remark = about_member(
+      subject, concerned, "S15",
+      fmt::format("nothing keeps {} from swaying: the effective length factor is at its bound of "
+                  "{:g}, which stands for no stability at all; say what holds the frame by "
+                  "`braced_a` and `braced_b`, by supports, or give `length_factors`",
+                  concerned.named(), members::largest_factor));
+  remark.value = concerned.worst_value();
+  return remark;
+}
+
+std::optional<Remark> factor_without_supports(Subject& subject) {
+  const model::Model& model = subject.model;
+  Concerned concerned;
+  for (const StretchFactors& stretch : subject.factors) {
+    if (stretch.y.source != FactorSource::no_supports &&
+        stretch.z.source != FactorSource::no_supports) {
+      continue;
+    }
+    for (const model::Number number : stretch.elements) {
+      const model::Element& element = *model.elements.find(number);
+      const model::MemberType type = model::member_type(model, element);
+      if (element.design.length_factors) continue;
+      if (type == model::MemberType::column || type == model::MemberType::brace) {
+        concerned.add(element);
+      }
+    }
+  }
+  if (concerned.empty()) return std::nullopt;
+  Remark remark = about_member(
+      subject, concerned, "S15",
+      fmt::format("the model has no supports, so {} take K = 1: cantilevers need 2, columns that "
+                  "sway more than 1; give `length_factors`, or the supports that the frame "
+                  "stands on",
+                  concerned.named()));
+  remark.value = 1.0;
+  return remark;
+}
+
+std::optional<Remark> free_ends(Subject& subject) {
+  const model::Model& model = subject.model;
+  const model::Connectivity& connectivity = subject.connectivity;
+  Concerned concerned;
+  for (const StretchFactors& stretch : subject.factors) {
+    const std::vector<model::Number> ends = end_nodes(model, stretch.elements);
+    const bool free = std::ranges::any_of(ends, [&](model::Number node) {
+      return counts_as_free(connectivity, node) && is_joint(connectivity, node, stretch.elements);
+    });
+    if (!free) continue;
+    for (const model::Number number : stretch.elements) {
+      const model::Element& element = *model.elements.find(number);
+      if (may_buckle_sideways(model, element)) concerned.add(element);
+    }
+  }
+  if (concerned.empty()) return std::nullopt;
+  return about_member(
+      subject, concerned, "S6",
+      fmt::format("ends within the frame count as free, as no support is there: {} of open section "
+                  "take twice their length against twisting, which nearly doubles the critical "
+                  "moment; check their lateral-torsional buckling with the length itself, or give "
+                  "its coefficient as `stability_coefficients`",
+                  concerned.named()));
+}
+
+}  // namespace aluframe::remarks

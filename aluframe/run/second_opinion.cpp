@@ -1,0 +1,98 @@
+#include "aluframe/run/second_opinion.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/services/run_monitor.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using second_opinion::Unchecked;
+
+struct KindText {
+  const char* rule;
+  const char* text;  ///< {} is the largest force with its place
+  bool is_moment;
+};
+
+/// By Unchecked::Kind.
+constexpr KindText kinds[] = {
+    {"C5", "shear force where the checks have no shear check, up to {}", false},
+    {"C6", "torsion, which no check is for, up to {}", true},
+    {"C1", "bending beside tension, without a stability check, up to {}", true},
+    {"C2",
+     "axial force below 1e-6 of the section's strength beside bending, up to {}; its sign picks "
+     "the checks: give 0 for noise",
+     false},
+};
+
+std::string place_text(const second_opinion::Place& place) {
+  return fmt::format("element {}, combination {}", place.element, place.combination);
+}
+
+std::string force_text(const Unchecked& item, bool is_moment) {
+  return is_moment ? fmt::format("{:.3g} kNm ({})", item.magnitude * 1e-6,
+                                 place_text(item.magnitude_place))
+                   : fmt::format("{:.3g} kN ({})", item.magnitude * 1e-3,
+                                 place_text(item.magnitude_place));
+}
+
+store::RemarkRow remark_of(const Unchecked& item) {
+  const KindText& kind = kinds[static_cast<std::size_t>(item.kind)];
+  store::RemarkRow row;
+  row.kind = kind.rule;
+  row.elements = model::join_as_ranges({item.elements.begin(), item.elements.end()});
+  row.text = fmt::format(fmt::runtime(kind.text), force_text(item, kind.is_moment));
+  if (item.ratio) {
+    row.ratio = item.ratio;
+    row.element = item.ratio_place.element;
+    row.combination = item.ratio_place.combination;
+  }
+  return row;
+}
+
+}  // namespace
+
+std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result) {
+  std::vector<store::SafeRow> rows;
+  rows.reserve(result.elements.size());
+  for (const second_opinion::ElementSafe& element : result.elements) {
+    rows.push_back({.element = element.place.element,
+                    .code = element.code,
+                    .safe = element.safe,
+                    .item = element.item,
+                    .rules = second_opinion::to_text(element.rules),
+                    .combination = element.place.combination,
+                    .min_side = element.place.min_side,
+                    .fraction = element.place.fraction,
+                    .from_start = element.from_start});
+  }
+  return rows;
+}
+
+SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
+  SafeSummary summary;
+  summary.elements = rows.size();
+  for (const store::SafeRow& row : rows) {
+    if (services::exceeds_limit(row.safe)) {
+      ++summary.over;
+      if (!services::exceeds_limit(row.code)) ++summary.unsaid;
+    }
+    const bool worse = !summary.worst || (std::isfinite(summary.worst->safe) &&
+                                          !(row.safe <= summary.worst->safe));
+    if (worse) summary.worst = row;
+  }
+  return summary;
+}
+
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result) {
+  std::vector<store::RemarkRow> rows;
+  for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item));
+  return rows;
+}
+
+}  // namespace aluframe::run

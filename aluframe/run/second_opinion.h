@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "aluframe/second_opinion/run_opinion.h"
+#include "aluframe/store/result_file.h"
+
+// What a second opinion says of a run, as rows of the result file and as numbers for its summary.
+
+namespace aluframe::run {
+
+/// The second opinion of a whole run.
+struct SafeSummary {
+  std::size_t elements = 0;  ///< with a second opinion
+  std::size_t over = 0;      ///< whose safe ratio fails
+  std::size_t unsaid = 0;    ///< of these, whose ratios in the checks do not: nothing else says so
+  std::optional<store::SafeRow> worst;
+};
+
+std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result);
+SafeSummary summary_of(const std::vector<store::SafeRow>& rows);
+
+/// What no check of the run is for, a remark a kind, with the worst second opinion of it.
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result);
+
+}  // namespace aluframe::run

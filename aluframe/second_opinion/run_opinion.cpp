@@ -1,0 +1,296 @@
+#include "aluframe/second_opinion/run_opinion.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "aluframe/section/section_properties.h"
+#include "aluframe/services/run_monitor.h"
+#include "tz_alu/manager/dgnaludatamgr.h"
+
+namespace aluframe::second_opinion {
+
+namespace {
+
+/// Places in model::SectionForces.
+enum Component : std::size_t { shear_y = 1, shear_z = 2, torsion = 3, about_y = 4, about_z = 5 };
+
+constexpr std::size_t last_position = kCheckPositions - 1;
+/// A force that stresses the section less is not worth a word.
+constexpr double silent_ratio = 1e-6;
+
+model::Side side_of(int min_side) {
+  return min_side != 0 ? model::Side::minimum : model::Side::maximum;
+}
+
+/// The member that the module checks the element in.
+MemberChain chain_of(const model::Model& model, std::uint32_t element) {
+  IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
+  MemberChain chain;
+  const ALU_DGN_MEMB* member = manager.GetMembInfo(element);
+  if (member == nullptr || member->aElem.GetSize() < 2) {
+    chain.elements = {model.elements.position(element)};
+    chain.reversed = {false};
+    return chain;
+  }
+  for (const UINT number : member->aElem) {
+    chain.elements.push_back(model.elements.position(number));
+    chain.reversed.push_back(manager.IsReverseToMemb(number) != 0);
+  }
+  return chain;
+}
+
+double length_of(const model::Model& model, const model::Element& element) {
+  const model::Node& start = *model.nodes.find(element.nodes[0]);
+  const model::Node& end = *model.nodes.find(element.nodes[1]);
+  return std::hypot(end.x - start.x, end.y - start.y, end.z - start.z);
+}
+
+}  // namespace
+
+/// The element being checked.
+struct RunOpinion::Current {
+  std::uint32_t number = 0;
+  std::size_t place = 0;
+  double length = 0.0;
+  MemberChain chain;
+  std::optional<ElementOpinion> opinion;  ///< nothing: its design data cannot be had
+  std::array<bool, kCheckPositions> is_end{};
+  std::vector<forces::Weights> weights;
+  ElementSafe worst;
+  bool any = false;
+};
+
+RunOpinion::RunOpinion(const model::Model& model)
+    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model) {
+  is_seismic_.reserve(model.combinations.size());
+  for (const model::Combination& combination : model.combinations) {
+    is_seismic_.push_back(evaluator_.is_seismic(combination.number));
+  }
+  node_elements_.resize(model.nodes.size());
+  for (std::size_t i = 0; i < model.elements.size(); ++i) {
+    if (model.elements[i].kind != model::ElementKind::beam) continue;
+    for (const model::Number node : model.elements[i].nodes) {
+      node_elements_[model.nodes.position(node)].push_back(i);
+    }
+  }
+}
+
+RunOpinion::~RunOpinion() = default;
+
+bool RunOpinion::is_held_at(const MemberChain& chain, model::Number node) const {
+  const std::vector<std::size_t>& meeting = node_elements_[model_.nodes.position(node)];
+  return std::ranges::any_of(meeting, [&](std::size_t element) {
+    return std::ranges::find(chain.elements, element) == chain.elements.end();
+  });
+}
+
+ElementFacts RunOpinion::facts_of(const MemberChain& chain, const model::Element& element) const {
+  const std::size_t last = chain.elements.size() - 1;
+  const auto end_node = [&](std::size_t i, bool start) {
+    const bool first_node = start != chain.reversed[i];
+    return model_.elements[chain.elements[i]].nodes[first_node ? 0 : 1];
+  };
+  const model::Section& section = *model_.sections.find(element.section);
+  return {.shear_centre_y = section::properties_of(section).shear_centre_y,
+          .end_is_held = {is_held_at(chain, end_node(0, true)),
+                          is_held_at(chain, end_node(last, false))}};
+}
+
+void RunOpinion::start(std::uint32_t number) {
+  current_ = std::make_unique<Current>();
+  Current& current = *current_;
+  current.number = number;
+  current.place = model_.elements.position(number);
+  current.chain = chain_of(model_, number);
+  IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
+  ALU_DGN_DATA data;
+  if (manager.GetDgnData(number, data) == 0) return;
+  const model::Element& element = model_.elements[current.place];
+  current.length = length_of(model_, element);
+  current.opinion.emplace(engine_, data, facts_of(current.chain, element));
+  for (int p = 0; p < kCheckPositions; ++p) {
+    current.is_end[static_cast<std::size_t>(p)] = manager.IsEndSectCal(number, p) == 1;
+  }
+  const UnitStresses& units = current.opinion->units();
+  for (const double bending : units.bending_y) {
+    current.weights.push_back({units.axial, bending, units.bending_z});
+  }
+  for (const LateralUnit& unit : units.lateral[0]) {
+    if (std::isfinite(unit.safe)) current.weights.push_back({0.0, unit.safe, units.bending_z});
+  }
+}
+
+void RunOpinion::checked(std::uint32_t element, std::uint32_t combination, int min_side,
+                         const T_RALU_D& record) {
+  if (current_ == nullptr || current_->number != element) start(element);
+  if (combination == 0) return finish(record);
+  if (!current_->opinion) return;
+  const auto forces = evaluator_.evaluate(current_->place, combination, side_of(min_side));
+  if (!forces) return;
+  const Place place{element, combination, min_side, std::nullopt};
+  end_ = end_moments(place, *forces);
+  ask_positions(place, *forces, record);
+  ask_between(place, *forces);
+  ask_member(place, *forces);
+}
+
+AluDgnEndForce RunOpinion::end_moments(const Place& place, const model::CaseForces& own) const {
+  const MemberChain& chain = current_->chain;
+  const auto moments = [&](std::size_t i, bool start) -> std::array<double, 2> {
+    const std::size_t position = start != chain.reversed[i] ? 0 : last_position;
+    const bool is_own = chain.elements[i] == current_->place;
+    const auto other = is_own ? std::optional(own)
+                              : evaluator_.evaluate(chain.elements[i], place.combination,
+                                                    side_of(place.min_side));
+    if (!other) return {};
+    return {static_cast<double>(other->at[position][about_y]),
+            static_cast<double>(other->at[position][about_z])};
+  };
+  const auto first = moments(0, true);
+  const auto last = moments(chain.elements.size() - 1, false);
+  AluDgnEndForce end;
+  end.dMyI = first[0];
+  end.dMzI = first[1];
+  end.dMyJ = last[0];
+  end.dMzJ = last[1];
+  return end;
+}
+
+AluDgnSectForce RunOpinion::section_force(const Place& place) const {
+  AluDgnSectForce force;
+  force.nLComb = MakeLcombKey(place.combination, place.min_side);
+  force.nSesiType = is_seismic_[model_.combinations.position(place.combination)] ? 1 : 0;
+  force.end = end_;
+  return force;
+}
+
+void RunOpinion::ask_positions(const Place& place, const model::CaseForces& forces,
+                               const T_RALU_D& record) {
+  AluDgnSectForce force = section_force(place);
+  Place here = place;
+  const std::size_t step = forces.inner ? 1 : last_position;
+  for (std::size_t p = 0; p < kCheckPositions; p += step) {
+    std::ranges::copy(forces.at[p], force.dForce);
+    force.nPos = static_cast<std::int32_t>(p);
+    force.bEndSect = current_->is_end[p] ? 1 : 0;
+    here.fraction = static_cast<double>(p) / static_cast<double>(last_position);
+    const T_RALU_SECT& code = record.aSect[p];
+    keep(current_->opinion->at(force, code), here);
+    note_unchecked(here, force, code);
+  }
+}
+
+void RunOpinion::ask_between(const Place& place, const model::CaseForces& forces) {
+  places_.clear();
+  if (!inner_.has_loads(current_->place)) return;
+  inner_.peaks(current_->place, place.combination, side_of(place.min_side), forces,
+               current_->weights, places_);
+  AluDgnSectForce force = section_force(place);
+  Place here = place;
+  for (const forces::PlaceForces& at : places_) {
+    std::ranges::copy(at.forces, force.dForce);
+    here.fraction = at.fraction;
+    SafeRatio ratio = current_->opinion->at_unchecked(force);
+    ratio.rules = ratio.rules | Rule::between;
+    keep(ratio, here);
+  }
+}
+
+void RunOpinion::ask_member(const Place& place, const model::CaseForces& forces) {
+  const ElementOpinion& opinion = *current_->opinion;
+  LargestForces largest = extremes_.of(current_->chain, current_->place, place.combination,
+                                       side_of(place.min_side), forces);
+  for (const forces::PlaceForces& at : places_) largest.add(at.forces);
+  if (!(largest.n < 0.0)) return;
+  AluDgnSectForce force = section_force(place);
+  force.dForce[ALU_FORCE_N] = largest.n;
+  force.dForce[ALU_FORCE_MZ] = largest.mz;
+  const auto ask = [&](double my) {
+    force.dForce[ALU_FORCE_MY] = my;
+    keep(current_->opinion->of_member(force, largest.has_span_moments), place);
+  };
+  if (!opinion.is_unsymmetric()) return ask(std::max(largest.my_max, -largest.my_min));
+  ask(largest.my_max);
+  if (largest.my_min < 0.0) ask(largest.my_min);
+}
+
+void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
+  if (!ratio.any) return;
+  ElementSafe& worst = current_->worst;
+  const bool first = !std::exchange(current_->any, true);
+  // What is not finite is worse than anything, and stays.
+  const bool worse = std::isfinite(worst.safe) &&
+                     (!std::isfinite(ratio.safe) || ratio.safe > worst.safe * (1.0 + 1e-9));
+  if (!first && !worse) return;
+  worst.safe = ratio.safe;
+  worst.item = ratio.item;
+  worst.rules = ratio.rules;
+  worst.place = place;
+  worst.from_start = place.fraction.value_or(0.0) * current_->length;
+}
+
+void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force,
+                                const T_RALU_SECT& code) {
+  const ElementOpinion& opinion = *current_->opinion;
+  const UnitStresses& units = opinion.units();
+  if (!units.formed) return;
+  const auto size = [&](std::size_t i) { return std::fabs(force.dForce[i]); };
+  const auto note_shear = [&](std::size_t i, int item, double unit) {
+    const T_RALU_RLT& check = code.aItem[static_cast<std::size_t>(item)];
+    const double ratio = opinion.strength_factor(force) * size(i) * unit / units.fv;
+    if (RaluIsEmpty(check.dDemand, check.dCapacity) && ratio > silent_ratio) {
+      note(Unchecked::Kind::shear, size(i), place, ratio);
+    }
+  };
+  note_shear(shear_y, RALU_SHEAR_Y, units.shear_y);
+  note_shear(shear_z, RALU_SHEAR_Z, units.shear_z);
+  if (size(torsion) * units.torsion > silent_ratio * units.fv) {
+    note(Unchecked::Kind::torsion, size(torsion), place, opinion.torsion_ratio(force, code));
+  }
+  if (!opinion.is_bent(force)) return;
+  const double n = force.dForce[ALU_FORCE_N];
+  if (n != 0.0 && std::fabs(n) < opinion.axial_noise()) {
+    note(Unchecked::Kind::tiny_axial, std::fabs(n), place, std::nullopt);
+  } else if (const auto ratio = opinion.lateral_ratio(force); n > 0.0 && ratio > silent_ratio) {
+    note(Unchecked::Kind::tension_bending, size(about_y), place, ratio);
+  }
+}
+
+void RunOpinion::note(Unchecked::Kind kind, double magnitude, const Place& place,
+                      std::optional<double> ratio) {
+  auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
+  if (found == result_.unchecked.end()) {
+    result_.unchecked.emplace_back().kind = kind;
+    found = result_.unchecked.end() - 1;
+  }
+  if (found->elements.empty() || *found->elements.rbegin() != place.element) {
+    found->elements.insert(place.element);
+  }
+  if (magnitude > found->magnitude) {
+    found->magnitude = magnitude;
+    found->magnitude_place = place;
+  }
+  if (ratio && (!found->ratio || *ratio > *found->ratio)) {
+    found->ratio = ratio;
+    found->ratio_place = place;
+  }
+}
+
+void RunOpinion::finish(const T_RALU_D& governing) {
+  extremes_.finished_element(current_->chain);
+  const std::unique_ptr<Current> done = std::move(current_);
+  if (!done->any) return;
+  bool any = false;
+  for (const T_RALU_ITEM& check : governing.aComp) {
+    if (!services::was_judged(check.dDemand, check.dCapacity)) continue;
+    const double ratio = std::isfinite(check.dDemand) ? check.Ratio() : check.dDemand;
+    if (!any || !std::isfinite(ratio) || ratio > done->worst.code) done->worst.code = ratio;
+    any = true;
+    if (!std::isfinite(ratio)) break;
+  }
+  result_.elements.push_back(done->worst);
+}
+
+}  // namespace aluframe::second_opinion

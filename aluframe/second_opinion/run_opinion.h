@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <unordered_map>
+#include <vector>
+
+#include "aluframe/forces/inner_forces.h"
+#include "aluframe/model/combinations.h"
+#include "aluframe/model/model.h"
+#include "aluframe/second_opinion/element_opinion.h"
+#include "aluframe/second_opinion/member_extremes.h"
+#include "aluframe/services/run_observer.h"
+
+namespace aluframe::second_opinion {
+
+/// Where a ratio stands.
+struct Place {
+  std::uint32_t element = 0;
+  std::uint32_t combination = 0;
+  int min_side = 0;
+  /// Part of the element's length from its start; nothing: the whole member (C7).
+  std::optional<double> fraction;
+
+  friend bool operator==(const Place&, const Place&) = default;
+};
+
+/// The second opinion of one element over all combinations and places.
+struct ElementSafe {
+  double code = 0.0;  ///< worst ratio of the checks; not finite where one is not
+  double safe = 0.0;
+  int item = 0;  ///< RALU_ITEM_TYPE of the safe ratio
+  RuleSet rules;
+  Place place;            ///< of the safe ratio
+  double from_start = 0.0;  ///< mm from the element's start; 0 for the whole member
+};
+
+/// Forces that no check of the run is for, gathered over all elements.
+struct Unchecked {
+  enum class Kind {
+    shear,            ///< C5
+    torsion,          ///< C6
+    tension_bending,  ///< C1: bending beside tension without a stability check
+    tiny_axial        ///< C2: an axial force below noise beside bending picks the checks
+  };
+  Kind kind = Kind::shear;
+  std::set<std::uint32_t> elements;
+  double magnitude = 0.0;  ///< largest, N or N·mm
+  Place magnitude_place;
+  std::optional<double> ratio;  ///< worst second opinion of it
+  Place ratio_place;
+};
+
+/// What the second opinion of a run came to.
+struct RunSafe {
+  std::vector<ElementSafe> elements;  ///< checked ones, in the order of the run
+  std::vector<Unchecked> unchecked;   ///< kinds that were met
+};
+
+/// Asks about every position of a check run while it goes on.
+///
+///     RunOpinion opinion(model);
+///     options.observer = &opinion;
+///     services::run_check(model, options);
+///     opinion.result()
+class RunOpinion : public services::RunObserver {
+ public:
+  /// `model` must outlive the object; its forces must be there.
+  explicit RunOpinion(const model::Model& model);
+  ~RunOpinion() override;
+
+  void checked(std::uint32_t element, std::uint32_t combination, int min_side,
+               const T_RALU_D& record) override;
+
+  const RunSafe& result() const { return result_; }
+
+ private:
+  struct Current;
+
+  void start(std::uint32_t element);
+  void finish(const T_RALU_D& governing);
+  void ask_positions(const Place& place, const model::CaseForces& forces, const T_RALU_D& record);
+  void ask_between(const Place& place, const model::CaseForces& forces);
+  void ask_member(const Place& place, const model::CaseForces& forces);
+  void note_unchecked(const Place& place, const AluDgnSectForce& force, const T_RALU_SECT& code);
+  void note(Unchecked::Kind kind, double magnitude, const Place& place,
+            std::optional<double> ratio);
+  void keep(const SafeRatio& ratio, const Place& place);
+  AluDgnSectForce section_force(const Place& place) const;
+  bool is_held_at(const MemberChain& chain, model::Number node) const;
+  ElementFacts facts_of(const MemberChain& chain, const model::Element& element) const;
+  AluDgnEndForce end_moments(const Place& place, const model::CaseForces& own) const;
+
+  const model::Model& model_;
+  model::CombinationEvaluator evaluator_;
+  std::vector<bool> is_seismic_;  ///< by place of the combination
+  MemberExtremes extremes_;
+  forces::InnerForces inner_;
+  std::vector<forces::PlaceForces> places_;  ///< kept, so that a record allocates nothing
+  Engine engine_;
+  std::vector<std::vector<std::size_t>> node_elements_;  ///< beams at each node
+  std::unique_ptr<Current> current_;
+  AluDgnEndForce end_;  ///< of the member, for the record at hand
+  RunSafe result_;
+};
+
+}  // namespace aluframe::second_opinion
