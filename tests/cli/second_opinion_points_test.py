@@ -8,11 +8,12 @@ import json
 import math
 import os
 import subprocess
+import sys
 from types import SimpleNamespace
 
 import pytest
-import tool_runner  # noqa: F401 - puts tools/ on the path
 from random_points import T, random_points
+from tool_runner import TOOLS
 
 import check_points
 from safe_ratios import safe_ratios
@@ -124,3 +125,20 @@ def test_the_answer_of_a_rule_is_that_of_the_document(checked, rule, least):
 def test_all_seven_shapes_are_met_welded_and_not(checked):
     met = {(check_points.section(row.point)["nShape"], check_points.section(row.point)["bWelded"]) for row in checked}
     assert len(met) == 14 and (T, 1) in met
+
+
+def test_the_script_gives_the_shear_of_a_column_as_by_hand(program):
+    # H200 of behaviour.md: 30,000·1322/1,674,347 = 23.69 against fv = 115.
+    sect = {"nShape": 1, "dSize": [200, 8, 100, 10, 100, 10, 0, 0], "dArea": 3440, "dIyy": 21954667, "dIzz": 1674347,
+            "dIxx": 99093, "dIw": 1.504e10, "dQyb": 15925, "dQzb": 1322, "dShearCtr": 0, "dPtY": [-50, 50, 50, -50],
+            "dPtZ": [100, 100, -100, -100], "bWelded": 0}
+    material = {"strStandard": "GB50429-07(A)", "strGrade": "6061-T6", "nElast": 70000, "dPoisson": 0.3,
+                "dF02Thin": 240, "dF02Thick": 240}
+    para = {"dGamma0": 1, "dKy": 1, "dKz": 1}
+    point = {"id": "foot", "force": {"dForce": [-1000, 30000, 0, 0, 0, 0]},
+             "data": {"nMembType": 1, "dMembLength": 1000, "code": {"sect": sect, "matl": material, "para": para}}}
+    done = subprocess.run([sys.executable, TOOLS / "safe_ratios.py", program], input=json.dumps(point),
+                          capture_output=True, text=True, check=True, timeout=60)
+    answer = json.loads(done.stdout)
+    assert answer["id"] == "foot"
+    assert answer["safe"]["C5"] == {"1": pytest.approx(30000 * 1322 / 1674347 / 115, rel=1e-12)}
