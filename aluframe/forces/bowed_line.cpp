@@ -14,6 +14,13 @@ constexpr double same_place = 1e-9;
 /// An axial force that cancels itself over a quarter, but for this part, does not show the slope.
 constexpr double least_part = 0.1;
 
+/// 1/(k + 1)
+constexpr Series reciprocals = [] {
+  Series out{};
+  for (std::size_t k = 0; k < out.size(); ++k) out[k] = 1.0 / static_cast<double>(k + 1);
+  return out;
+}();
+
 }  // namespace
 
 BowedLine::BowedLine(const Planes& planes, double length, const model::CaseForces& five,
@@ -89,17 +96,17 @@ BowedLine::Bow BowedLine::bow_of(std::size_t plane) const {
   const std::size_t v = shear_of[plane];
   const std::array<double, 3> axial{forces[0], rate[0], slope[0] / 2.0};
   const std::array<double, 3> shear{forces[v], rate[v], slope[v] / 2.0};
-  const double sheared = gas > 0.0 ? 1.0 + forces[0] / gas : 1.0;
+  const double flexibility = 1.0 / ei;
+  const double by_shear = gas > 0.0 ? gas / (gas + forces[0]) : 1.0;
   Bow bow;
   Series &r = bow.rotation, &m = bow.moment;
   r[0] = rotations_[plane];
   m[0] = forces[moment_of[plane]];
   for (std::size_t k = 0; k + 1 < m.size(); ++k) {
-    const double power = static_cast<double>(k + 1);
     double growth = k < shear.size() ? shear[k] : 0.0;
     for (std::size_t j = 0; j < axial.size() && j <= k; ++j) growth += axial[j] * r[k - j];
-    m[k + 1] = growth / sheared / power;
-    r[k + 1] = (m[k] / ei + (k == 0 ? curvature : 0.0)) / power;
+    m[k + 1] = growth * by_shear * reciprocals[k];
+    r[k + 1] = (m[k] * flexibility + (k == 0 ? curvature : 0.0)) * reciprocals[k];
   }
   return bow;
 }

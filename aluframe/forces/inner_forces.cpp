@@ -19,6 +19,10 @@ void gather(const SpanChanges& changes, std::size_t element, CaseFactors cases,
   for (const auto& entry : cases) {
     if (entry.factor == 0.0) continue;
     for (const SpanChange& change : changes.of(element, entry.load_case)) {
+      if (out.empty() || out.back().change->x <= change.x) {
+        out.push_back({&change, entry.factor});
+        continue;
+      }
       const auto place = std::ranges::upper_bound(
           out, change.x, {}, [](const FactoredChange& known) { return known.change->x; });
       out.insert(place, {&change, entry.factor});

@@ -31,7 +31,7 @@ void for_each_root(const Quadratic& q, double length, Found found) {
     if (root > 0.0 && root < length) found(root);  // false for what is not a number
   };
   if (q.second == 0.0) {
-    keep(-q.value / q.first);
+    if (q.first != 0.0) keep(-q.value / q.first);
     return;
   }
   const double discriminant = q.first * q.first - 2.0 * q.second * q.value;

@@ -39,9 +39,8 @@ class PointChecker {
 
   std::string check(const Point& point) {
     const int returned = engine_.CheckCode(point.data, point.force, result_, buffer_);
-    const std::string safe = second_opinion_ == SecondOpinion::on && returned != 0
-                                 ? safe_member(point)
-                                 : std::string();
+    const std::string safe =
+        second_opinion_ == SecondOpinion::on && returned != 0 ? safe_member(point) : std::string();
     return point_line(point.id, returned, result_, buffer_, safe);
   }
 

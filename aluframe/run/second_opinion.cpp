@@ -82,8 +82,8 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
       ++summary.over;
       if (!services::exceeds_limit(row.code)) ++summary.unsaid;
     }
-    const bool worse = !summary.worst || (std::isfinite(summary.worst->safe) &&
-                                          !(row.safe <= summary.worst->safe));
+    const bool worse = !summary.worst ||
+                       (std::isfinite(summary.worst->safe) && !(row.safe <= summary.worst->safe));
     if (worse) summary.worst = row;
   }
   return summary;

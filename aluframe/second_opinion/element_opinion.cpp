@@ -50,25 +50,19 @@ class Worst {
   SafeRatio& out_;
 };
 
-/// The largest ratio that the checks have.
+/// The largest ratio that the checks have; slenderness without a limit proves nothing.
 SafeRatio of_checks(const T_RALU_SECT& code) {
   SafeRatio out;
-  int worst = -1;
+  T_RALU_RLT worst;
   for (int item = 0; item < kResultItems; ++item) {
     const T_RALU_RLT& check = code.aItem[static_cast<std::size_t>(item)];
-    // Slenderness without a limit proves nothing.
     if (check.dCapacity == 0.0 && std::isfinite(check.dDemand)) continue;
-    const T_RALU_RLT none;
-    const T_RALU_RLT& so_far = worst < 0 ? none : code.aItem[static_cast<std::size_t>(worst)];
-    if (RaluGoverns(check.dDemand, check.dCapacity, so_far.dDemand, so_far.dCapacity)) worst = item;
+    if (!RaluGoverns(check.dDemand, check.dCapacity, worst.dDemand, worst.dCapacity)) continue;
+    worst = check;
+    out.item = item;
+    out.any = true;
   }
-  if (worst < 0) return out;
-  out.code = out.safe = ratio_of(code.aItem[static_cast<std::size_t>(worst)]);
-  if (!std::isfinite(code.aItem[static_cast<std::size_t>(worst)].dDemand)) {
-    out.code = out.safe = code.aItem[static_cast<std::size_t>(worst)].dDemand;
-  }
-  out.item = worst;
-  out.any = true;
+  if (out.any) out.code = out.safe = std::isfinite(worst.dDemand) ? ratio_of(worst) : worst.dDemand;
   return out;
 }
 
@@ -175,8 +169,7 @@ void ElementOpinion::ask_strength(const Position& at, Take& take) {
   const bool has_axial = at.is_tension || at.is_compression;
   if (!has_axial) {
     if (subject_.is_unsymmetric || !(at.mz > 0.0) || at.my == 0.0) return;
-    const double stress =
-        units_.bending_y[at.sign()] * std::fabs(at.my) + units_.bending_z * at.mz;
+    const double stress = units_.bending_y[at.sign()] * std::fabs(at.my) + units_.bending_z * at.mz;
     take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f1});
     return;
   }
@@ -206,57 +199,86 @@ void ElementOpinion::ask_compression(const Position& at, const T_RALU_SECT* code
   ask_beam_column(at, code, take);
 }
 
-/// Compression with bending: S14 of unsymmetric sections, else the checks' own answer, both with
-/// the axial coefficients of compression alone and the twist held at the ends (S6).
-template <class Take>
-void ElementOpinion::ask_beam_column(const Position& at, const T_RALU_SECT* code, Take& take) {
+/// Both stability ratios of compression with bending, and what makes them differ from the checks'.
+struct ElementOpinion::BeamColumn {
+  double y = 0.0, z = 0.0;  ///< stability about y, combined stability about z
+  RuleSet rules_y, rules_z;
+  double phi_y = 0.0, phi_z = 0.0;  ///< axial coefficients that these ratios have
+  bool is_turned = false;           ///< asked upside down
+};
+
+/// Asks the stability of compression with bending, unsymmetric sections by the flange that My
+/// compresses (S14). What the checks have is taken where it cannot differ.
+std::optional<ElementOpinion::BeamColumn> ElementOpinion::stability_of(const Position& at,
+                                                                       const T_RALU_SECT* code) {
   const bool unsymmetric = subject_.is_unsymmetric;
-  const bool turned = unsymmetric && at.my < 0.0 && asked_->mirrored.has_value();
+  BeamColumn out;
+  out.is_turned = unsymmetric && at.my < 0.0 && asked_->mirrored.has_value();
   const bool asks = code == nullptr || unsymmetric || axial_.is_slender;
   AluDgnSectForce force = at.force;
   if (unsymmetric) force.dForce[ALU_FORCE_MY] = std::fabs(at.my);
-  if (asks && !engine_.ask(turned ? *asked_->mirrored : asked_->data, force)) return;
+  const ALU_DGN_DATA& data = out.is_turned ? *asked_->mirrored : asked_->data;
+  if (asks && !engine_.ask(data, force)) return std::nullopt;
   const T_RALU_SECT& result = asks ? engine_.result() : *code;
-  double y = ratio_of(result.aItem[RALU_STABILITY]);
-  double z = ratio_of(result.aItem[RALU_COMBINED_STABILITY]);
-  RuleSet rules_y, rules_z;
-  const double n = std::fabs(at.n);
-  if (unsymmetric && at.my < 0.0) rules_y = rules_z = Rule::s14;
-  if (unsymmetric && std::fabs(at.mz) > mz_noise_) {
-    const double side = at.k_stability * std::fabs(at.mz) / (engine_.section().dWz * units_.f);
-    const double rest = 1.0 - engine_.report(ALU_REPORT_ETA1) * n / engine_.report(ALU_REPORT_N_EZ);
-    y += side / engine_.report(ALU_REPORT_PHI_BZ);
-    // Beyond the Euler load there is no equilibrium (S2), and nothing to add.
-    if (rest > 0.0) {
-      z += engine_.report(ALU_REPORT_BETA_MZ) * side / (engine_.report(ALU_REPORT_GAMMA_Z) * rest);
-    }
-    rules_y = rules_z = Rule::s14;
-  }
-  const auto correct = [&](double safe_phi, double code_phi, RuleSet why, double& ratio,
-                           RuleSet& rules) {
-    if (!axial_.formed || !(safe_phi > 0.0) || !(safe_phi < code_phi * (1.0 - same))) return;
-    ratio += at.k_stability * n / (area_ * units_.f) * (1.0 / safe_phi - 1.0 / code_phi);
-    rules = rules | (why.empty() ? RuleSet(Rule::b1) : why);
-    if (std::max(std::fabs(at.my) - my_noise_, std::fabs(at.mz) - mz_noise_) < 0.0) {
-      rules = rules | Rule::c2;
-    }
-  };
-  const double phi_y = asks ? engine_.report(ALU_REPORT_PHI_Y) : axial_.code_y;
-  const double phi_z = asks ? engine_.report(ALU_REPORT_PHI_Z) : axial_.code_z;
-  correct(axial_.safe_y, phi_y, axial_.rules_y, y, rules_y);
-  correct(axial_.safe_z, phi_z, axial_.rules_z, z, rules_z);
-  const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
-  if (unit.rules.contains(Rule::s6)) {
-    // Upside down the checks are asked with the ends as they take them.
-    const double free_ends = turned ? unit.free_ends : unit.code;
-    z += at.k_stability * std::fabs(at.my) * (unit.safe - free_ends) / units_.f;
-    rules_z = rules_z | Rule::s6;
-  }
-  take(Answer{RALU_STABILITY, y, rules_y});
-  take(Answer{RALU_COMBINED_STABILITY, z, rules_z});
+  out.y = ratio_of(result.aItem[RALU_STABILITY]);
+  out.z = ratio_of(result.aItem[RALU_COMBINED_STABILITY]);
+  out.phi_y = asks ? engine_.report(ALU_REPORT_PHI_Y) : axial_.code_y;
+  out.phi_z = asks ? engine_.report(ALU_REPORT_PHI_Z) : axial_.code_z;
+  if (unsymmetric && at.my < 0.0) out.rules_y = out.rules_z = Rule::s14;
+  if (unsymmetric && std::fabs(at.mz) > mz_noise_) add_side_bending(at, out);
+  return out;
 }
 
-/// F4: the bottom flange of a box whose flanges differ; W3: the bottom flange of a slender welded H.
+/// S14: the terms of Mz, which the checks leave out of unsymmetric sections. With the coefficients
+/// of the question just asked.
+void ElementOpinion::add_side_bending(const Position& at, BeamColumn& out) const {
+  const double side = at.k_stability * std::fabs(at.mz) / (engine_.section().dWz * units_.f);
+  const double rest =
+      1.0 - engine_.report(ALU_REPORT_ETA1) * std::fabs(at.n) / engine_.report(ALU_REPORT_N_EZ);
+  out.y += side / engine_.report(ALU_REPORT_PHI_BZ);
+  // Beyond the Euler load there is no equilibrium (S2), and nothing to add.
+  if (rest > 0.0) {
+    out.z +=
+        engine_.report(ALU_REPORT_BETA_MZ) * side / (engine_.report(ALU_REPORT_GAMMA_Z) * rest);
+  }
+  out.rules_y = out.rules_z = Rule::s14;
+}
+
+/// B1, B8, S3: the axial coefficients of compression alone; C2 where the moments are noise.
+void ElementOpinion::take_axial_coefficients(const Position& at, BeamColumn& out) const {
+  if (!axial_.formed) return;
+  const bool is_noise = std::fabs(at.my) < my_noise_ && std::fabs(at.mz) < mz_noise_;
+  const auto correct = [&](double safe, double code, RuleSet why, double& ratio, RuleSet& rules) {
+    if (!(safe > 0.0) || !(safe < code * (1.0 - same))) return;
+    ratio += at.k_stability * std::fabs(at.n) / (area_ * units_.f) * (1.0 / safe - 1.0 / code);
+    rules = rules | (why.empty() ? RuleSet(Rule::b1) : why);
+    if (is_noise) rules = rules | Rule::c2;
+  };
+  correct(axial_.safe_y, out.phi_y, axial_.rules_y, out.y, out.rules_y);
+  correct(axial_.safe_z, out.phi_z, axial_.rules_z, out.z, out.rules_z);
+}
+
+/// S6: the critical moment with the ends held against twisting.
+void ElementOpinion::hold_twist(const Position& at, BeamColumn& out) const {
+  const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
+  if (!unit.rules.contains(Rule::s6)) return;
+  const double free_ends = out.is_turned ? unit.free_ends : unit.code;
+  out.z += at.k_stability * std::fabs(at.my) * (unit.safe - free_ends) / units_.f;
+  out.rules_z = out.rules_z | Rule::s6;
+}
+
+template <class Take>
+void ElementOpinion::ask_beam_column(const Position& at, const T_RALU_SECT* code, Take& take) {
+  auto stability = stability_of(at, code);
+  if (!stability) return;
+  take_axial_coefficients(at, *stability);
+  hold_twist(at, *stability);
+  take(Answer{RALU_STABILITY, stability->y, stability->rules_y});
+  take(Answer{RALU_COMBINED_STABILITY, stability->z, stability->rules_z});
+}
+
+/// F4: the bottom flange of a box whose flanges differ; W3: the bottom flange of a slender welded
+/// H.
 template <class Take>
 void ElementOpinion::ask_upside_down(const Position& at, Take& take) {
   const bool w3 = is_welded_slender_h_ && at.my <= tolerance && (at.is_tension || at.is_bent);
@@ -274,7 +296,8 @@ void ElementOpinion::ask_upside_down(const Position& at, Take& take) {
 }
 
 template <class Take>
-void ElementOpinion::each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, Take& take) {
+void ElementOpinion::each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code,
+                                 Take& take) {
   if (!units_.formed) return;
   const Position at = position_of(force);
   ask_shear(at, code, take);
@@ -294,8 +317,7 @@ SafeRatio ElementOpinion::at(const AluDgnSectForce& force, const T_RALU_SECT& co
   return out;
 }
 
-std::vector<Answer> ElementOpinion::answers(const AluDgnSectForce& force,
-                                            const T_RALU_SECT& code) {
+std::vector<Answer> ElementOpinion::answers(const AluDgnSectForce& force, const T_RALU_SECT& code) {
   std::vector<Answer> all;
   auto take = [&](const Answer& answer) { all.push_back(answer); };
   each_answer(force, code, take);

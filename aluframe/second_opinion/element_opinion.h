@@ -65,6 +65,7 @@ class ElementOpinion {
 
  private:
   struct Position;
+  struct BeamColumn;
 
   template <class Take>
   void each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, Take& take);
@@ -81,6 +82,10 @@ class ElementOpinion {
   void ask_compression(const Position& at, const T_RALU_SECT* code, Take& take);
   template <class Take>
   void ask_beam_column(const Position& at, const T_RALU_SECT* code, Take& take);
+  std::optional<BeamColumn> stability_of(const Position& at, const T_RALU_SECT* code);
+  void add_side_bending(const Position& at, BeamColumn& out) const;
+  void take_axial_coefficients(const Position& at, BeamColumn& out) const;
+  void hold_twist(const Position& at, BeamColumn& out) const;
   template <class Take>
   void ask_upside_down(const Position& at, Take& take);
 

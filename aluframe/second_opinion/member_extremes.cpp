@@ -46,7 +46,6 @@ bool has_span_moments(const LargestForces& largest, const model::SectionForces& 
 
 }  // namespace
 
-
 LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t element,
                                      model::Number combination, model::Side side) const {
   const model::Element& asked = model_.elements[element];

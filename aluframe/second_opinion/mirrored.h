@@ -11,9 +11,9 @@ namespace aluframe::second_opinion {
 /// about it. The checks look at the top flange alone in several places; asking both ways looks at
 /// both.
 ///
-/// A tee upside down is an H whose top flange is as narrow as the web and has ribs beyond any limit,
-/// because the checks do not judge the plates of a tee either. Nothing for a welded tee, which the
-/// checks have no such form for.
+/// A tee upside down is an H whose top flange is as narrow as the web and has ribs beyond any
+/// limit, because the checks do not judge the plates of a tee either. Nothing for a welded tee,
+/// which the checks have no such form for.
 std::optional<ALU_DGN_DATA> mirrored(const ALU_DGN_DATA& data);
 
 }  // namespace aluframe::second_opinion

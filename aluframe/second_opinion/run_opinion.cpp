@@ -141,9 +141,9 @@ AluDgnEndForce RunOpinion::end_moments(const Place& place, const model::CaseForc
   const auto moments = [&](std::size_t i, bool start) -> std::array<double, 2> {
     const std::size_t position = start != chain.reversed[i] ? 0 : last_position;
     const bool is_own = chain.elements[i] == current_->place;
-    const auto other = is_own ? std::optional(own)
-                              : evaluator_.evaluate(chain.elements[i], place.combination,
-                                                    side_of(place.min_side));
+    const auto other =
+        is_own ? std::optional(own)
+               : evaluator_.evaluate(chain.elements[i], place.combination, side_of(place.min_side));
     if (!other) return {};
     return {static_cast<double>(other->at[position][about_y]),
             static_cast<double>(other->at[position][about_z])};

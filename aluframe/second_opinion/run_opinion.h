@@ -34,7 +34,7 @@ struct ElementSafe {
   double safe = 0.0;
   int item = 0;  ///< RALU_ITEM_TYPE of the safe ratio
   RuleSet rules;
-  Place place;            ///< of the safe ratio
+  Place place;              ///< of the safe ratio
   double from_start = 0.0;  ///< mm from the element's start; 0 for the whole member
 };
 

@@ -60,8 +60,8 @@ class LateralQuestions {
     const double asked_my = turned ? unit_moment : my;
     if (turned) unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
     unit.free_ends = unit.safe;
-    const double held = lateral_stress(engine_, with_held_ends(asked, facts_.end_is_held), asked_my,
-                                       end_section);
+    const double held =
+        lateral_stress(engine_, with_held_ends(asked, facts_.end_is_held), asked_my, end_section);
     if (held > unit.safe * (1.0 + 1e-9)) {
       unit.safe = held;
       unit.rules = Rule::s6;
@@ -109,9 +109,7 @@ ALU_DGN_DATA without_force_factors(const ALU_DGN_DATA& data) {
 }
 
 Subject::Subject(const ALU_DGN_DATA& of, const ElementFacts& known)
-    : data(of),
-      is_unsymmetric(CALU_GB50429_07Print::IsMonoSymmetric(of.code.sect)),
-      facts(known) {
+    : data(of), is_unsymmetric(CALU_GB50429_07Print::IsMonoSymmetric(of.code.sect)), facts(known) {
   data.bReport = 0;
   data.SetCheckFlagAll(1);
   const ALU_SECT_DATA& sect = of.code.sect;

@@ -29,7 +29,8 @@ struct Subject {
 /// Lateral-torsional stress k·My/(φb·W) of a moment of 1 N·mm.
 struct LateralUnit {
   double code = 0.0;  ///< as the checks have it; not finite where they have none
-  double free_ends = 0.0;  ///< of the flange that is compressed, with the ends as the checks take them
+  double free_ends =
+      0.0;            ///< of the flange that is compressed, with the ends as the checks take them
   double safe = 0.0;  ///< the largest of what the questions give
   RuleSet rules;      ///< what makes the difference
 };
@@ -39,9 +40,9 @@ struct LateralUnit {
 struct UnitStresses {
   bool formed = false;  ///< the checks can form the section's parameters in bending
   double f = 0.0, fv = 0.0;
-  double axial = 0.0;  ///< strength, of N, per N
-  std::array<double, 2> bending_y{};  ///< strength, of My > 0 and My < 0, per N·mm
-  double bending_z = 0.0;             ///< strength, of Mz, per N·mm
+  double axial = 0.0;                   ///< strength, of N, per N
+  std::array<double, 2> bending_y{};    ///< strength, of My > 0 and My < 0, per N·mm
+  double bending_z = 0.0;               ///< strength, of Mz, per N·mm
   double shear_y = 0.0, shear_z = 0.0;  ///< per N
   double torsion = 0.0;                 ///< per N·mm of Mx
   /// [inner section, end section of the member][My > 0, My < 0].

@@ -135,5 +135,36 @@ TEST(ForcesInSecondOrder, AreThoseOfAFineSubdivision) {
   for (const Component i : {n, fy, fz, my, mz}) EXPECT_LE(error[i], 1e-4 * largest[i]) << i;
 }
 
+TEST(PeaksInSecondOrder, AreNotExceededAnywhere) {
+  const model::Model model = cut_beam(1);
+  const Weights weights{.n = 1.0 / 3000, .my = 1.0 / 2.5e5, .mz = 1.0 / 2.7e4};
+  const auto sum = [&](const auto& f, double y, double z) {
+    return weights.n * double{f[n]} + y * weights.my * double{f[my]} +
+           z * weights.mz * double{f[mz]};
+  };
+  const auto five = model::CombinationEvaluator(model).evaluate(0, 1, model::Side::maximum);
+  const InnerForces inner(model);
+  const auto places = peaks_of(model, 1, {weights});
+  ASSERT_FALSE(places.empty());
+  for (const auto& [y, z] : sign_pairs) {
+    double low = 0.0, high = 0.0;
+    const auto extend = [&, y = y, z = z](const auto& forces) {
+      low = std::min(low, sum(forces, y, z));
+      high = std::max(high, sum(forces, y, z));
+    };
+    for (const auto& at : five->at) extend(at);
+    for (const PlaceForces& place : places) extend(place.forces);
+    for (int i = 0; i <= 2000; ++i) {
+      const auto value =
+          sum(inner.forces_at(0, std::vector<model::CombinationPlan::CaseFactor>{{0, 1.0}}, *five,
+                              span * i / 2000),
+              y, z);
+      // An extreme beyond the positions counts from a millionth on.
+      EXPECT_LE(value, high + 2e-6 * (high - low));
+      EXPECT_GE(value, low - 2e-6 * (high - low));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace aluframe::forces
