@@ -230,7 +230,10 @@ std::optional<ElementOpinion::BeamColumn> ElementOpinion::stability_of(const Pos
   if (w3) out.rules_y = out.rules_z = Rule::w3;
   if (unsymmetric && at.my < 0.0) out.rules_y = out.rules_z = Rule::s14;
   const bool stem_compressed = unsymmetric && at.my < 0.0 && !out.is_turned;
-  if (stem_compressed) take_bottom_modulus(at, RuleSet(Rule::s14), out);
+  if (stem_compressed) {
+    out.y = engine_.report(ALU_REPORT_RMAX211) / units_.f;
+    take_bottom_modulus(at, RuleSet(Rule::s14), out);
+  }
   if (subject_.is_reduced_unequal_box) take_bottom_modulus(at, RuleSet(Rule::f4), out);
   if (unsymmetric && std::fabs(at.mz) > mz_noise_) add_side_bending(at, out);
   return out;

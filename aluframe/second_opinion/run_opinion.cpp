@@ -64,6 +64,9 @@ struct RunOpinion::Current {
 
 RunOpinion::RunOpinion(const model::Model& model)
     : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model) {
+  for (const auto& [element, load_case] : inner_.unknown()) {
+    result_.unknown_between.emplace_back(element, load_case);
+  }
   is_seismic_.reserve(model.combinations.size());
   for (const model::Combination& combination : model.combinations) {
     is_seismic_.push_back(evaluator_.is_seismic(combination.number));
