@@ -23,7 +23,8 @@ CheckResult check(const Input& input, const CheckOptions& options) {
       const std::vector<store::SafeRow> rows = safe_rows(opinion->result());
       for (const store::SafeRow& row : rows) writer.add_safe(row);
       result.safe = summary_of(rows);
-      std::ranges::move(unchecked_remarks(opinion->result()), std::back_inserter(result.remarks));
+      std::ranges::move(unchecked_remarks(opinion->result(), input.model),
+                        std::back_inserter(result.remarks));
     }
     for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
   };

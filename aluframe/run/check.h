@@ -26,7 +26,7 @@ struct CheckOptions {
 /// What a check came to.
 struct CheckResult {
   services::CheckSummary summary;
-  std::optional<SafeSummary> safe;         ///< nothing without a second opinion
+  std::optional<SafeSummary> safe;        ///< nothing without a second opinion
   std::vector<store::RemarkRow> remarks;  ///< what an engineer is owed beside the ratios
 };
 

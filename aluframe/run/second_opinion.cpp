@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <map>
+#include <set>
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
@@ -30,29 +32,55 @@ constexpr KindText kinds[] = {
      false},
 };
 
-std::string place_text(const second_opinion::Place& place) {
-  return fmt::format("element {}, combination {}", place.element, place.combination);
+/// A state of an envelope is told by both numbers.
+std::string place_text(const second_opinion::Place& place, const model::Model& model) {
+  const model::Combination* combination = model.combinations.find(place.combination);
+  const std::string of =
+      combination != nullptr && combination->state_of
+          ? fmt::format("{}, state {}", *combination->state_of, place.combination)
+          : fmt::format("{}", place.combination);
+  return fmt::format("element {}, combination {}", place.element, of);
 }
 
-std::string force_text(const Unchecked& item, bool is_moment) {
+std::string force_text(const Unchecked& item, bool is_moment, const model::Model& model) {
   return is_moment ? fmt::format("{:.3g} kNm ({})", item.magnitude * 1e-6,
-                                 place_text(item.magnitude_place))
+                                 place_text(item.magnitude_place, model))
                    : fmt::format("{:.3g} kN ({})", item.magnitude * 1e-3,
-                                 place_text(item.magnitude_place));
+                                 place_text(item.magnitude_place, model));
 }
 
-store::RemarkRow remark_of(const Unchecked& item) {
+store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
   const KindText& kind = kinds[static_cast<std::size_t>(item.kind)];
   store::RemarkRow row;
   row.kind = kind.rule;
   row.elements = model::join_as_ranges({item.elements.begin(), item.elements.end()});
-  row.text = fmt::format(fmt::runtime(kind.text), force_text(item, kind.is_moment));
+  row.text = fmt::format(fmt::runtime(kind.text), force_text(item, kind.is_moment, model));
   if (item.ratio) {
     row.ratio = item.ratio;
     row.element = item.ratio_place.element;
     row.combination = item.ratio_place.combination;
   }
   return row;
+}
+
+/// A row a load case whose forces no load of the model explains.
+void add_unknown_between(const second_opinion::RunSafe& result, const model::Model& model,
+                         std::vector<store::RemarkRow>& rows) {
+  std::map<model::Number, std::set<model::Number>> by_case;
+  for (const auto& [element, load_case] : result.unknown_between) {
+    by_case[model.load_cases[load_case].number].insert(model.elements[element].number);
+  }
+  for (const auto& [load_case, elements] : by_case) {
+    store::RemarkRow row;
+    row.kind = "P";
+    row.elements = model::join_as_ranges({elements.begin(), elements.end()});
+    row.text = fmt::format(
+        "forces of load case {} follow from no load, as those of a spectrum: where they peak "
+        "between "
+        "the five positions is unknown",
+        load_case);
+    rows.push_back(std::move(row));
+  }
 }
 
 }  // namespace
@@ -89,9 +117,11 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
   return summary;
 }
 
-std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result) {
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
+                                                const model::Model& model) {
   std::vector<store::RemarkRow> rows;
-  for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item));
+  for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item, model));
+  add_unknown_between(result, model, rows);
   return rows;
 }
 

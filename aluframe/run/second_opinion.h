@@ -23,6 +23,7 @@ std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result);
 SafeSummary summary_of(const std::vector<store::SafeRow>& rows);
 
 /// What no check of the run is for, a remark a kind, with the worst second opinion of it.
-std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result);
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
+                                                const model::Model& model);
 
 }  // namespace aluframe::run

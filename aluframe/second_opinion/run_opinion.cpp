@@ -64,6 +64,9 @@ struct RunOpinion::Current {
 
 RunOpinion::RunOpinion(const model::Model& model)
     : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model) {
+  for (const auto& [element, load_case] : inner_.unknown()) {
+    result_.unknown_between.emplace_back(element, load_case);
+  }
   is_seismic_.reserve(model.combinations.size());
   for (const model::Combination& combination : model.combinations) {
     is_seismic_.push_back(evaluator_.is_seismic(combination.number));
@@ -233,7 +236,7 @@ void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
 
 void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force,
                                 const T_RALU_SECT& code) {
-  const ElementOpinion& opinion = *current_->opinion;
+  ElementOpinion& opinion = *current_->opinion;
   const UnitStresses& units = opinion.units();
   if (!units.formed) return;
   const auto size = [&](std::size_t i) { return std::fabs(force.dForce[i]); };

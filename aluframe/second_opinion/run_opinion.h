@@ -58,6 +58,8 @@ struct Unchecked {
 struct RunSafe {
   std::vector<ElementSafe> elements;  ///< checked ones, in the order of the run
   std::vector<Unchecked> unchecked;   ///< kinds that were met
+  /// Elements and load cases, by their places, of which nothing is known between the positions.
+  std::vector<std::pair<std::size_t, std::size_t>> unknown_between;
 };
 
 /// Asks about every position of a check run while it goes on.

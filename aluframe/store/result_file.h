@@ -116,7 +116,7 @@ struct RemarkRow {
   std::string kind;      ///< a rule of docs/behaviour.md or a kind of docs/warnings.md
   std::string elements;  ///< "1-3, 7"; empty: it is about no element
   std::string text;
-  std::optional<double> ratio;  ///< worst ratio that a second opinion gives
+  std::optional<double> ratio;                        ///< worst ratio that a second opinion gives
   std::optional<std::uint32_t> element, combination;  ///< where that ratio stands
 
   friend bool operator==(const RemarkRow&, const RemarkRow&) = default;

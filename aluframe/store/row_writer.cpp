@@ -59,8 +59,7 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_not_checked_(database_,
                           "INSERT INTO not_checked VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?)"),
-      insert_safe_(database_,
-                   "INSERT OR REPLACE INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_safe_(database_, "INSERT OR REPLACE INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
       records_(database_) {
   note_elements();

@@ -24,8 +24,7 @@ std::string combination_text(const model::Model& model, std::uint32_t number, in
   const std::string name = combination == nullptr || combination->name.empty()
                                ? ""
                                : fmt::format(" \"{}\"", combination->name);
-  return fmt::format("combination {}{}{}", number, name,
-                     min_side != 0 ? " (minimum side)" : "");
+  return fmt::format("combination {}{}{}", number, name, min_side != 0 ? " (minimum side)" : "");
 }
 
 /// "4 of 5 checked", and of how many in the model when the run is limited to some.
@@ -92,8 +91,7 @@ std::string safe_over_text(const run::SafeSummary& safe) {
 template <class Add>
 void add_safe(const run::CheckResult& result, Add add) {
   const auto whole = [](std::size_t value) { return Cell(static_cast<std::int64_t>(value)); };
-  const store::SafeRow* worst =
-      result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
+  const store::SafeRow* worst = result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
   add("safe_over_1", result.safe ? whole(result.safe->over) : Cell());
   add("safe_over_1_unsaid", result.safe ? whole(result.safe->unsaid) : Cell());
   add("safe_ratio", worst != nullptr ? Cell(worst->safe) : Cell());
@@ -102,9 +100,8 @@ void add_safe(const run::CheckResult& result, Add add) {
   add("safe_item", worst != nullptr ? Cell(std::string(item_name(worst->item))) : Cell());
   add("safe_rules", worst != nullptr ? Cell(worst->rules) : Cell());
   add("safe_combination", worst != nullptr ? whole(worst->combination) : Cell());
-  add("safe_fraction",
-      worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
-  add("remarks", whole(result.remarks.size()));
+  add("safe_fraction", worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
+  add("remark_count", whole(result.remarks.size()));
 }
 
 /// Number and name of the combination that governs; of an envelope for a state of it.
@@ -162,6 +159,21 @@ OutputTable settings_table(const store::RunSetup& setup) {
   return table;
 }
 
+OutputTable remarks_table(const std::vector<store::RemarkRow>& remarks) {
+  OutputTable table;
+  for (const char* key : {"kind", "elements", "text", "second_opinion", "element", "combination"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+  const auto whole = [](const std::optional<std::uint32_t>& value) {
+    return value ? Cell(static_cast<std::int64_t>(*value)) : Cell();
+  };
+  for (const store::RemarkRow& row : remarks) {
+    table.rows.push_back({row.kind, row.elements, row.text, row.ratio ? Cell(*row.ratio) : Cell(),
+                          whole(row.element), whole(row.combination)});
+  }
+  return table;
+}
+
 }  // namespace
 
 std::string summary_text(const run::Input& input, const run::CheckResult& result) {
@@ -188,7 +200,7 @@ std::string summary_text(const run::Input& input, const run::CheckResult& result
     add("safe over 1", safe_over_text(*result.safe));
   }
   if (!result.remarks.empty()) out += remarks_text(result.remarks);
-  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
+  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked, result.remarks);
   return out;
 }
 
@@ -207,9 +219,11 @@ std::string summary_csv(const run::Input& input, const run::CheckResult& result)
 }
 
 std::string summary_json(const run::Input& input, const run::CheckResult& result) {
-  return to_json_with(summary_table(input, result),
-                      {{"settings", settings_table(input.setup)},
-                       {"not_checked_groups", not_checked_table(result.summary.not_checked)}});
+  return to_json_with(
+      summary_table(input, result),
+      {{"settings", settings_table(input.setup)},
+       {"not_checked_groups", not_checked_table(result.summary.not_checked, result.remarks)},
+       {"remarks", remarks_table(result.remarks)}});
 }
 
 std::string forces_text(const forces::Summary& summary) {

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <string_view>
 
 #include "aluframe/model/number_ranges.h"
@@ -45,6 +46,15 @@ std::string place_text(const run::NotCheckedGroup& group) {
   return out;
 }
 
+/// The second opinion of the shear or torsion that the group is about, or null.
+const store::RemarkRow* remark_of(const run::NotCheckedGroup& group,
+                                  const std::vector<store::RemarkRow>& remarks) {
+  if (group.largest.empty()) return nullptr;
+  const char* kind = is_moment(*group.largest.front().largest) ? "C6" : "C5";
+  const auto found = std::ranges::find(remarks, kind, &store::RemarkRow::kind);
+  return found == remarks.end() ? nullptr : &*found;
+}
+
 Cell whole(std::uint32_t value) {
   return static_cast<std::int64_t>(value);
 }
@@ -60,19 +70,25 @@ void add_largest(std::vector<Cell>& row, const store::NotChecked& item) {
 
 }  // namespace
 
-std::string not_checked_text(const std::vector<store::NotChecked>& items) {
+std::string not_checked_text(const std::vector<store::NotChecked>& items,
+                             const std::vector<store::RemarkRow>& remarks) {
   std::string out = "  not checked\n";
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
     out += fmt::format("    {}: {}{}\n", place_text(group), group.reason,
                        largest_text(group, "\n      "));
+    const store::RemarkRow* remark = remark_of(group, remarks);
+    if (remark != nullptr && remark->ratio) {
+      out += fmt::format("      {}\n", second_opinion_text(*remark));
+    }
   }
   return out;
 }
 
-OutputTable not_checked_table(const std::vector<store::NotChecked>& items) {
+OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
+                              const std::vector<store::RemarkRow>& remarks) {
   OutputTable table;
   for (const char* key : {"reason", "elements", "combinations", "force", "magnitude", "unit",
-                          "element", "combination", "side", "position"}) {
+                          "element", "combination", "side", "position", "second_opinion"}) {
     table.columns.push_back({.key = key, .heading = key});
   }
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
@@ -83,6 +99,9 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items) {
     for (const store::NotChecked& item : group.largest) {
       table.rows.push_back(start);
       add_largest(table.rows.back(), item);
+      const store::RemarkRow* remark = remark_of(group, remarks);
+      table.rows.back().push_back(remark != nullptr && remark->ratio ? Cell(*remark->ratio)
+                                                                     : Cell());
     }
     if (!group.largest.empty()) continue;
     table.rows.push_back(start);

@@ -188,23 +188,31 @@ std::string short_number(double value) {
   return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
 }
 
+std::string second_opinion_text(const store::RemarkRow& remark) {
+  if (!remark.ratio) return "";
+  std::string out = "second opinion " + short_number(*remark.ratio);
+  if (!remark.element) return out;
+  const std::string combination =
+      remark.combination ? fmt::format(", combination {}", *remark.combination) : "";
+  return out + fmt::format(" (element {}{})", *remark.element, combination);
+}
+
+bool is_told_as_not_checked(const store::RemarkRow& remark) {
+  return remark.kind == "C5" || remark.kind == "C6";
+}
+
 std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
-  std::string out = "  remarks\n";
+  std::string out;
   for (const store::RemarkRow& remark : remarks) {
+    if (is_told_as_not_checked(remark)) continue;
     out += fmt::format("    {}", remark.kind);
-    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
+    const bool names_them = remark.text.find(remark.elements) != std::string::npos;
+    if (!names_them) out += fmt::format(", element {}", remark.elements);
     out += ": " + remark.text;
-    if (remark.ratio) {
-      out += fmt::format("; second opinion {}", short_number(*remark.ratio));
-      if (remark.element) out += fmt::format(" (element {}", *remark.element);
-      if (remark.element && remark.combination) {
-        out += fmt::format(", combination {}", *remark.combination);
-      }
-      if (remark.element) out += ")";
-    }
+    if (remark.ratio) out += "; " + second_opinion_text(remark);
     out += "\n";
   }
-  return out;
+  return out.empty() ? out : "  remarks\n" + out;
 }
 
 std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {

@@ -22,7 +22,11 @@ std::string_view outcome_name(services::RunOutcome outcome);
 /// Four digits after the point, or "inf", "-inf", "nan".
 std::string short_number(double value);
 
-/// Remarks of a run, as lines for the user.
+/// "second opinion 0.1219 (element 7, combination 2)"; empty without a ratio.
+std::string second_opinion_text(const store::RemarkRow& remark);
+/// Shear and torsion without a check (C5, C6) stand with what is not checked.
+bool is_told_as_not_checked(const store::RemarkRow& remark);
+/// The other remarks of a run, as lines for the user; empty without any.
 std::string remarks_text(const std::vector<store::RemarkRow>& remarks);
 
 /// "1/2 of the length (1.5 m from its start)", or "whole member".

@@ -38,7 +38,10 @@ bool fails(const run::CheckResult& result, Strictness strict) {
     return remark.ratio && services::exceeds_limit(*remark.ratio);
   };
   return (result.safe && result.safe->over > 0) || std::ranges::any_of(result.remarks, is_over) ||
-         !result.summary.not_checked.empty();
+         std::ranges::any_of(result.summary.not_checked, [&](const store::NotChecked& item) {
+           // Shear and torsion have a second opinion, which the remarks hold.
+           return !item.largest || !result.safe;
+         });
 }
 
 int exit_status(const run::CheckResult& result, Strictness strict) {
@@ -77,8 +80,9 @@ void print_summary(const run::Input& input, const run::CheckResult& result,
   fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, result)
                                                   : tables::summary_csv(input, result));
   const auto& not_checked = result.summary.not_checked;
-  if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
-  if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
+  if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked, result.remarks));
+  const std::string remarks = tables::remarks_text(result.remarks);
+  if (!remarks.empty()) print_message(remarks);
 }
 
 }  // namespace
@@ -97,12 +101,11 @@ int run_check_command(const CheckOptions& options) {
   const auto& input = std::get<run::Input>(prepared);
   if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   ProgressBar progress(wants_progress(options.progress));
-  const run::CheckOptions check{
-      .results = results,
-      .language = options.language,
-      .progress = &progress,
-      .message = print_message,
-      .second_opinion = options.second_opinion};
+  const run::CheckOptions check{.results = results,
+                                .language = options.language,
+                                .progress = &progress,
+                                .message = print_message,
+                                .second_opinion = options.second_opinion};
   note_interrupts();
   const run::CheckResult result = run::check(input, check);
   if (result.summary.records > 0) {

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -50,13 +51,14 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
         tables::governing_table(elements, reader.info(), view, run::safe_by_element(reader)),
         options.format, false);
   }
-  std::string out = tables::to_text(
-      tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
-      !options.output && stdout_wants_colour());
+  std::string out =
+      tables::to_text(tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
+                      !options.output && stdout_wants_colour());
   const std::vector<store::RemarkRow> remarks = reader.remarks();
-  if (!remarks.empty()) out += "\n" + tables::remarks_text(remarks);
+  if (!std::ranges::all_of(remarks, tables::is_told_as_not_checked))
+    out += "\n" + tables::remarks_text(remarks);
   const std::vector<store::NotChecked> not_checked = reader.not_checked();
-  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked);
+  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked, remarks);
   return out + "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
 }
 
@@ -98,7 +100,8 @@ std::string element_text(store::ResultReader& reader, model::Number element,
 std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
                     const tables::ResultView& view) {
   if (options.not_checked) {
-    return tables::render(tables::not_checked_table(reader.not_checked()), options.format, false);
+    return tables::render(tables::not_checked_table(reader.not_checked(), reader.remarks()),
+                          options.format, false);
   }
   return options.element ? element_text(reader, *options.element, options, view)
                          : list_text(reader, options, view);
