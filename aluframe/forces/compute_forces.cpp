@@ -60,6 +60,17 @@ std::optional<GivenPair> find_given(const model::Model& model) {
   return std::nullopt;
 }
 
+/// Why second order cannot be analysed: forces of another program do not say what loads made them.
+std::optional<analysis::Problem> given_forces_problem(const model::Model& model) {
+  const auto given = find_given(model);
+  if (!given) return std::nullopt;
+  return analysis::Problem{
+      .text = fmt::format(
+          "element {} has given forces in load case {}, which second order cannot use: it needs "
+          "loads alone",
+          given->element, given->load_case)};
+}
+
 /// True when every element has forces in every load case that carries loads.
 bool is_all_given(const model::Model& model) {
   for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
@@ -101,13 +112,6 @@ void set_sides(model::ForceTable& table, std::size_t combination, const Answers&
 }
 
 analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
-  if (const auto given = find_given(model)) {
-    return analysis::Problem{
-        .text =
-            fmt::format("element {} has given forces in load case {}, which second order cannot "
-                        "use: it needs loads alone",
-                        given->element, given->load_case)};
-  }
   SecondOrderAnalyses analyses(model);
   model::ForceTable table;
   table.resize(model.elements.size(), model::side_place(model.combinations.size(), 0));
@@ -141,6 +145,9 @@ analysis::Result<analysis::Solution> analyse_model(const model::Model& model) {
 }
 
 analysis::Result<Summary> compute_forces(model::Model& model) {
+  if (model.analysis.second_order) {
+    if (auto problem = given_forces_problem(model)) return *std::move(problem);
+  }
   Summary summary;
   summary.load_cases = static_cast<std::size_t>(std::ranges::count_if(model.load_cases, has_loads));
   if (model.analysis.second_order && summary.load_cases > 0) return second_order(model, summary);

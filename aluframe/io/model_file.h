@@ -3,15 +3,22 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "aluframe/io/problem.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::io {
 
+/// What a model file says about itself, beside the model.
+struct FileNotes {
+  std::vector<std::string> given_settings;  ///< fields of "settings" that are not left to defaults
+};
+
 /// Reads a model file (format in docs/model-file.md, schema in schema/).
 /// The model is complete and consistent, or the first problem is returned with its place.
-Result<model::Model> read_model(const std::filesystem::path& path);
+/// @param notes filled in when there are any
+Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes = nullptr);
 
 /// The same from text; `name` stands for the file in messages.
 /// @param folder where the catalogues lie that the text names; null: it must name none

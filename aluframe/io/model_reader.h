@@ -20,6 +20,8 @@ namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
 void read_settings(const JsonObject& root, model::Model& model);
+/// Fields of "settings" that the file gives.
+std::vector<std::string> given_settings(const JsonObject& root);
 void read_materials(const JsonObject& root, model::Model& model);
 /// Profiles of the user's catalogues, which lie in the model's folder or on paths from there.
 /// @param folder null for a model that is in no file

@@ -31,7 +31,8 @@ void require_format(const JsonValue& root) {
   }
 }
 
-model::Model read_document(const JsonValue& value, const std::filesystem::path* folder) {
+model::Model read_document(const JsonValue& value, const std::filesystem::path* folder,
+                           FileNotes* notes) {
   require_format(value);
   const JsonObject root(value, top_level_fields);
   model::Model model;
@@ -40,6 +41,7 @@ model::Model read_document(const JsonValue& value, const std::filesystem::path* 
   model.units = read_units(root);
   const Scales scales(model.units);
   read_settings(root, model);
+  if (notes != nullptr) notes->given_settings = given_settings(root);
   read_materials(root, model);
   read_sections(root, scales, read_catalogues(root, folder), model);
   read_nodes(root, scales, model);
@@ -52,14 +54,15 @@ model::Model read_document(const JsonValue& value, const std::filesystem::path* 
   return model;
 }
 
-model::Model read_text(std::string_view with_mark, const std::filesystem::path* folder) {
+model::Model read_text(std::string_view with_mark, const std::filesystem::path* folder,
+                       FileNotes* notes) {
   const std::string_view text = without_byte_order_mark(with_mark);
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     throw Failure{"", "is empty, expected a model"};
   }
   require_utf8(text);
   const JsonDocument document(text);
-  return read_document(JsonValue(document, JsonDocument::root), folder);
+  return read_document(JsonValue(document, JsonDocument::root), folder, notes);
 }
 
 }  // namespace
@@ -67,16 +70,16 @@ model::Model read_text(std::string_view with_mark, const std::filesystem::path* 
 Result<model::Model> parse_model(std::string_view text, const std::string& name,
                                  const std::filesystem::path* folder) {
   try {
-    return read_text(text, folder);
+    return read_text(text, folder, nullptr);
   } catch (const Failure& failure) {
     return Problem{name, failure.place, failure.text};
   }
 }
 
-Result<model::Model> read_model(const std::filesystem::path& path) {
+Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes) {
   try {
     const std::filesystem::path folder = path.parent_path();
-    return read_text(load_file(path), &folder);
+    return read_text(load_file(path), &folder, notes);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   }

@@ -87,4 +87,14 @@ void read_settings(const JsonObject& root, model::Model& model) {
   }
 }
 
+std::vector<std::string> given_settings(const JsonObject& root) {
+  std::vector<std::string> given;
+  const std::optional<JsonValue> settings = root.optional("settings");
+  if (!settings) return given;
+  for (const std::string_view field : settings_fields) {
+    if (settings->field(field)) given.emplace_back(field);
+  }
+  return given;
+}
+
 }  // namespace aluframe::io

@@ -41,7 +41,8 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
 }  // namespace
 
 Result<Input> read_input(const InputOptions& options, const Selection& selection) {
-  auto read = io::read_model(options.model);
+  io::FileNotes notes;
+  auto read = io::read_model(options.model, &notes);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return Problem{problem->message()};
   Input input;
   input.file = options.model;
@@ -51,7 +52,11 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
     const auto rows = io::read_forces_csv(*options.forces, input.model);
     if (const auto* problem = std::get_if<io::Problem>(&rows)) return Problem{problem->message()};
   }
-  if (options.second_order) input.model.analysis.second_order = true;
+  const bool second_order = std::exchange(
+      input.model.analysis.second_order, input.model.analysis.second_order || options.second_order);
+  input.origins = {.given_settings = std::move(notes.given_settings),
+                   .forces = options.forces,
+                   .second_order_asked = options.second_order && !second_order};
   input.digest = io::model_digest(input.model);
   if (const auto text = model::expand_envelopes(input.model)) {
     return Problem{options.model.string() + ": " + *text};
@@ -66,6 +71,7 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   auto read = read_input(options, selection);
   auto* input = std::get_if<Input>(&read);
   if (input == nullptr) return read;
+  input->setup = setup_of(input->model, input->origins);
   const auto computed = forces::compute_forces(input->model);
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     return problem_of(options.model, *problem);

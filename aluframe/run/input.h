@@ -12,6 +12,8 @@
 #include "aluframe/model/model.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/problem.h"
+#include "aluframe/run/setup.h"
+#include "aluframe/store/result_file.h"
 
 // What every run over a model begins with: the model read and completed, limited to what the user
 // named, and given its forces.
@@ -46,6 +48,8 @@ struct Input {
   std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
   std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
   forces::Summary forces;                ///< how forces were computed, once they are
+  SetupOrigins origins;                  ///< of what the run goes by
+  store::RunSetup setup;                 ///< what it goes by, once it is prepared
 };
 
 /// Reads the model, and the forces that take the place of its own, and completes it. What the

@@ -8,7 +8,6 @@
 #include <limits>
 #include <set>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <variant>
 
@@ -153,22 +152,6 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
     return record.combination != 0 && !numbers.contains(record.combination);
   });
   return records;
-}
-
-std::vector<std::string> cautions(const fs::path& input, const fs::path& file,
-                                  store::RunState state) {
-  std::vector<std::string> out;
-  if (state == store::RunState::running) {
-    out.push_back(file.string() + ": these results are of a run that did not finish");
-  } else if (state != store::RunState::complete) {
-    out.push_back(file.string() + ": these results are of a run that was stopped before its end");
-  }
-  std::error_code error;
-  if (input != file && fs::last_write_time(input, error) > fs::last_write_time(file, error) &&
-      !error) {
-    out.push_back(input.string() + " is newer than its results; check it again");
-  }
-  return out;
 }
 
 }  // namespace aluframe::run

@@ -9,6 +9,7 @@
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/element_result.h"
+#include "aluframe/run/input.h"
 #include "aluframe/run/problem.h"
 #include "aluframe/store/result_file.h"
 
@@ -46,8 +47,41 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
                                                     model::Number element,
                                                     const model::NumberRanges& combinations);
 
-/// What the user should know before trusting the results of `input`, which are in `file`.
+/// What of a model the results cover.
+struct Coverage {
+  std::size_t elements = 0;  ///< that the run took up, with results or named as not checked
+  std::size_t of_elements = 0;
+  std::vector<model::Number> combinations;
+  std::size_t of_combinations = 0;  ///< for design
+  std::string analysis;             ///< where forces come from, as `RunSetup` has it
+
+  bool is_whole() const {
+    return elements == of_elements && combinations.size() == of_combinations;
+  }
+};
+
+Coverage coverage_of(store::ResultReader& reader);
+
+/// "elements 2 of 3, combinations 1 of 2, forces: linear", for the user.
+std::string coverage_text(const Coverage& coverage);
+
+/// The options that the run in the result file was made with, where these here do not say
+/// otherwise: its file of forces, and second order on request.
+InputOptions as_checked(const InputOptions& options, const std::filesystem::path& file,
+                        const store::RunInfo& info);
+
+/// Reads the input of a report: as the results that it goes by were made, and of the combinations
+/// that they cover. Without a result file the whole model.
+Result<Input> prepare_like(const std::filesystem::path& results, const InputOptions& options,
+                           const Selection& selection);
+
+/// What the user should know before trusting results: their run did not end, or they are of another
+/// state of the model, its catalogues or its forces. `input` may be the result file itself, which
+/// leaves nothing to compare with.
 std::vector<std::string> cautions(const std::filesystem::path& input,
-                                  const std::filesystem::path& file, store::RunState state);
+                                  const std::filesystem::path& file, store::ResultReader& reader);
+/// The first of them.
+std::optional<std::string> unfinished_text(const std::filesystem::path& file,
+                                           store::RunState state);
 
 }  // namespace aluframe::run

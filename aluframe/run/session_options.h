@@ -7,6 +7,13 @@
 
 namespace aluframe::run {
 
+/// The path of a file as it is seen from the folder of another.
+inline std::filesystem::path seen_from(const std::filesystem::path& other,
+                                       const std::filesystem::path& file) {
+  return std::filesystem::absolute(file).lexically_normal().lexically_proximate(
+      std::filesystem::absolute(other).lexically_normal().parent_path());
+}
+
 /// A session over what `prepare` has made ready, with the results in the file.
 inline services::SessionOptions session_options(const Input& input,
                                                 const std::filesystem::path& results) {
@@ -15,6 +22,10 @@ inline services::SessionOptions session_options(const Input& input,
   session.selected = input.elements;
   session.combinations = input.combinations;
   session.model_digest = input.digest;
+  session.setup = input.setup;
+  if (input.origins.forces) {
+    session.setup.forces_file = seen_from(results, *input.origins.forces).string();
+  }
   return session;
 }
 

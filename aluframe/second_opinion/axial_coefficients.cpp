@@ -1,6 +1,5 @@
 #include "aluframe/second_opinion/axial_coefficients.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace aluframe::second_opinion {
@@ -33,11 +32,7 @@ AxialCoefficients axial_coefficients(Engine& engine, const Subject& subject) {
   out.formed = true;
   out.code_y = out.safe_y = engine.report(ALU_REPORT_PHI_Y);
   out.code_z = out.safe_z = engine.report(ALU_REPORT_PHI_Z);
-  const ALU_CAL_SECTPARA& section = engine.section();
   const auto shape = subject.data.code.sect.nShape;
-  const bool has_effective_section =
-      shape == ALU_SHAPE_C || shape == ALU_SHAPE_H || shape == ALU_SHAPE_B;
-  out.is_slender = has_effective_section && std::max({section.dR1, section.dR2, section.dRw}) > 1.0;
   if (subject.mirrored && shape != ALU_SHAPE_T && engine.ask(*subject.mirrored, compression)) {
     take_smaller(engine.report(ALU_REPORT_PHI_Y), Rule::b8, out.safe_y, out.rules_y);
     take_smaller(engine.report(ALU_REPORT_PHI_Z), Rule::b8, out.safe_z, out.rules_z);

@@ -8,8 +8,7 @@ namespace aluframe::second_opinion {
 /// with its reduced thickness. A moment beside the axial force makes the checks reduce one flange
 /// only (B1); these stay.
 struct AxialCoefficients {
-  bool formed = false;      ///< the checks can form the section's parameters in compression
-  bool is_slender = false;  ///< a plate is over its limit, so the coefficients depend on the moment
+  bool formed = false;  ///< the checks can form the section's parameters in compression
   double code_y = 0.0, code_z = 0.0;  ///< as the checks have them without any moment
   double safe_y = 0.0, safe_z = 0.0;  ///< the smallest of what the questions give
   RuleSet rules_y, rules_z;           ///< what makes these smaller

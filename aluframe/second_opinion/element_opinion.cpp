@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace aluframe::second_opinion {
 
@@ -81,7 +82,7 @@ struct ElementOpinion::Position {
 
 ElementOpinion::ElementOpinion(Engine& engine, const ALU_DGN_DATA& data, const ElementFacts& facts)
     : engine_(engine),
-      subject_(data, facts),
+      subject_(engine, data, facts),
       units_(unit_stresses(engine, subject_)),
       axial_(axial_coefficients(engine, subject_)),
       area_(data.code.sect.dArea) {
@@ -89,10 +90,6 @@ ElementOpinion::ElementOpinion(Engine& engine, const ALU_DGN_DATA& data, const E
   axial_noise_ = noise_share * units_.f * area_;
   my_noise_ = noise_share * units_.f * sect.dIyy / outermost(sect.dPtZ);
   mz_noise_ = noise_share * units_.f * sect.dIzz / outermost(sect.dPtY);
-  const bool is_welded = sect.bWelded == 1;
-  is_welded_slender_h_ = sect.nShape == ALU_SHAPE_H && is_welded && axial_.is_slender;
-  is_reducible_unequal_box_ =
-      sect.nShape == ALU_SHAPE_B && subject_.mirrored && (is_welded || axial_.is_slender);
   asked_ = &subject_;
 }
 
@@ -207,26 +204,55 @@ struct ElementOpinion::BeamColumn {
   bool is_turned = false;           ///< asked upside down
 };
 
-/// Asks the stability of compression with bending, unsymmetric sections by the flange that My
-/// compresses (S14). What the checks have is taken where it cannot differ.
+/// Asks the stability of compression with bending: unsymmetric sections by the flange that My
+/// compresses (S14), welded H sections with slender plates by their reduced flange (W3). What the
+/// checks have is taken where it cannot differ.
 std::optional<ElementOpinion::BeamColumn> ElementOpinion::stability_of(const Position& at,
                                                                        const T_RALU_SECT* code) {
   const bool unsymmetric = subject_.is_unsymmetric;
+  const bool w3 = subject_.is_welded_slender_h && at.my <= tolerance;
   BeamColumn out;
-  out.is_turned = unsymmetric && at.my < 0.0 && asked_->mirrored.has_value();
-  const bool asks = code == nullptr || unsymmetric || axial_.is_slender;
+  out.is_turned = asked_->mirrored && ((unsymmetric && at.my < 0.0) || (unsymmetric && w3));
+  const bool asks =
+      code == nullptr || unsymmetric || subject_.is_slender || subject_.is_reduced_unequal_box;
   AluDgnSectForce force = at.force;
-  if (unsymmetric) force.dForce[ALU_FORCE_MY] = std::fabs(at.my);
-  const ALU_DGN_DATA& data = out.is_turned ? *asked_->mirrored : asked_->data;
-  if (asks && !engine_.ask(data, force)) return std::nullopt;
+  double& my = force.dForce[ALU_FORCE_MY];
+  if (unsymmetric || w3) my = std::fabs(at.my);
+  if (w3) my = std::max(my, tiny_moment);
+  if (asks && !engine_.ask(out.is_turned ? *asked_->mirrored : asked_->data, force)) {
+    return std::nullopt;
+  }
   const T_RALU_SECT& result = asks ? engine_.result() : *code;
   out.y = ratio_of(result.aItem[RALU_STABILITY]);
   out.z = ratio_of(result.aItem[RALU_COMBINED_STABILITY]);
   out.phi_y = asks ? engine_.report(ALU_REPORT_PHI_Y) : axial_.code_y;
   out.phi_z = asks ? engine_.report(ALU_REPORT_PHI_Z) : axial_.code_z;
+  if (w3) out.rules_y = out.rules_z = Rule::w3;
   if (unsymmetric && at.my < 0.0) out.rules_y = out.rules_z = Rule::s14;
+  const bool stem_compressed = unsymmetric && at.my < 0.0 && !out.is_turned;
+  if (stem_compressed) take_bottom_modulus(at, RuleSet(Rule::s14), out);
+  if (subject_.is_reduced_unequal_box) take_bottom_modulus(at, RuleSet(Rule::f4), out);
   if (unsymmetric && std::fabs(at.mz) > mz_noise_) add_side_bending(at, out);
   return out;
+}
+
+/// Bending stresses of the bottom fibre in place of the top fibre, with W1 and W2 of the question
+/// just asked: of a box whose flanges differ (F4), and of the stem of a welded tee (S14).
+void ElementOpinion::take_bottom_modulus(const Position& at, RuleSet rule, BeamColumn& out) const {
+  const ALU_CAL_SECTPARA& section = engine_.section();
+  if (!(section.dW2 < section.dW1)) return;
+  const double more = section.dW1 / section.dW2 - 1.0;
+  const double k = at.k_stability / units_.f;
+  const double side = engine_.report(ALU_REPORT_ETA) * std::fabs(at.mz) /
+                      (engine_.report(ALU_REPORT_PHI_BZ) * section.dWz);
+  const double in_plane =
+      out.y - k * (std::fabs(at.n) / (out.phi_y * area_) + (subject_.is_unsymmetric ? 0.0 : side));
+  const double out_of_plane = k * engine_.report(ALU_REPORT_ETA) * std::fabs(at.my) /
+                              (engine_.report(ALU_REPORT_PHI_B) * section.dW1);
+  out.y += std::max(0.0, in_plane) * more;
+  out.z += out_of_plane * more;
+  out.rules_y = out.rules_y | rule;
+  out.rules_z = out.rules_z | rule;
 }
 
 /// S14: the terms of Mz, which the checks leave out of unsymmetric sections. With the coefficients
@@ -277,22 +303,30 @@ void ElementOpinion::ask_beam_column(const Position& at, const T_RALU_SECT* code
   take(Answer{RALU_COMBINED_STABILITY, stability->z, stability->rules_z});
 }
 
-/// F4: the bottom flange of a box whose flanges differ; W3: the bottom flange of a slender welded
-/// H.
+/// W3 beside an axial force, or in an unsymmetric section: strength with the reduction of the top
+/// flange, for the bottom flange. Bending alone of a symmetric section has it in its unit stresses.
 template <class Take>
-void ElementOpinion::ask_upside_down(const Position& at, Take& take) {
-  const bool w3 = is_welded_slender_h_ && at.my <= tolerance && (at.is_tension || at.is_bent);
-  if (!w3 && !is_reducible_unequal_box_) return;
+void ElementOpinion::ask_turned_strength(const Position& at, Take& take) {
+  if (!subject_.is_welded_slender_h || at.my > tolerance) return;
+  const bool in_units = !subject_.is_unsymmetric && !at.is_tension && !at.is_compression;
+  if (in_units || !(at.is_tension || at.is_bent)) return;
   AluDgnSectForce force = at.force;
-  double& my = force.dForce[ALU_FORCE_MY];
-  my = is_reducible_unequal_box_ ? -at.my : std::max(std::fabs(at.my), tiny_moment);
+  force.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
   if (!engine_.ask(subject_.mirrored ? *subject_.mirrored : subject_.data, force)) return;
-  const T_RALU_SECT result = engine_.result();
-  for (const RALU_ITEM_TYPE item : {RALU_STRENGTH, RALU_STABILITY, RALU_COMBINED_STABILITY}) {
-    const T_RALU_RLT& check = result.aItem[item];
-    if (is_empty(check)) continue;
-    take(Answer{item, ratio_of(check), w3 ? Rule::w3 : Rule::f4});
+  take(Answer{RALU_STRENGTH, ratio_of(engine_.item(RALU_STRENGTH)), Rule::w3});
+}
+
+/// F4: strength at the bottom fibre of a box, with the section that the checks have just then.
+template <class Take>
+void ElementOpinion::ask_bottom_of_box(const Position& at, Take& take) {
+  if (!subject_.is_reduced_unequal_box || !engine_.ask(subject_.data, at.force)) return;
+  const ALU_CAL_SECTPARA& section = engine_.section();
+  if (!(section.dW2 < section.dW1)) return;
+  double stress = std::fabs(at.my) / section.dW2 + std::fabs(at.mz) / section.dWz;
+  if (at.is_tension || at.is_compression) {
+    stress += std::fabs(at.n) / engine_.report(ALU_REPORT_AEN);
   }
+  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f4});
 }
 
 template <class Take>
@@ -306,7 +340,8 @@ void ElementOpinion::each_answer(const AluDgnSectForce& force, const T_RALU_SECT
     ask_strength(at, take);
   }
   if (at.is_compression) ask_compression(at, &code, take);
-  ask_upside_down(at, take);
+  if (at.is_bent) ask_bottom_of_box(at, take);
+  ask_turned_strength(at, take);
 }
 
 SafeRatio ElementOpinion::at(const AluDgnSectForce& force, const T_RALU_SECT& code) {
@@ -339,7 +374,7 @@ SafeRatio ElementOpinion::of_member(const AluDgnSectForce& largest, bool has_spa
   if (s12 && !with_full_moments_) {
     ALU_DGN_DATA full = subject_.data;
     full.code.para.bSway[0] = full.code.para.bSway[1] = 1;
-    with_full_moments_.emplace(full, subject_.facts);
+    with_full_moments_.emplace(engine_, full, subject_.facts);
   }
   asked_ = s12 ? &*with_full_moments_ : &subject_;
   const RuleSet why = s12 ? Rule::c7 | Rule::s12 : RuleSet(Rule::c7);
@@ -354,20 +389,28 @@ SafeRatio ElementOpinion::of_member(const AluDgnSectForce& largest, bool has_spa
 }
 
 double ElementOpinion::lateral_ratio(const AluDgnSectForce& force) const {
+  const Position at = position_of(force);
+  const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
+  if (!std::isfinite(unit.safe) && std::fabs(at.my) > my_noise_) {
+    return std::numeric_limits<double>::infinity();
+  }
   double ratio = 0.0;
   auto take = [&](const Answer& answer) { ratio = answer.ratio; };
-  ask_lateral(position_of(force), take);
+  ask_lateral(at, take);
   return ratio;
 }
 
 std::optional<double> ElementOpinion::torsion_ratio(const AluDgnSectForce& force,
-                                                    const T_RALU_SECT& code) const {
+                                                    const T_RALU_SECT& code) {
   const double mx = std::fabs(force.dForce[ALU_FORCE_MX]);
   if (!units_.formed || mx == 0.0 || units_.torsion == 0.0) return std::nullopt;
   const double k = strength_factor(force);
   const double shear = std::max(std::fabs(force.dForce[ALU_FORCE_FY]) * units_.shear_y,
                                 std::fabs(force.dForce[ALU_FORCE_FZ]) * units_.shear_z);
-  const double sigma = code.aItem[RALU_STRENGTH].dDemand;
+  double sigma = code.aItem[RALU_STRENGTH].dDemand;
+  auto take = [&](const Answer& answer) { sigma = std::max(sigma, answer.ratio * units_.f); };
+  const Position at = position_of(force);
+  if (at.is_bent) ask_strength(at, take);
   const auto equivalent = [&](double tau) { return std::sqrt(sigma * sigma + 3.0 * tau * tau); };
   const double with = equivalent(k * (mx * units_.torsion + shear));
   if (!(with > worth_a_ratio * equivalent(k * shear))) return std::nullopt;

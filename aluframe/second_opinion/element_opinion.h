@@ -47,10 +47,10 @@ class ElementOpinion {
   /// Every answer at a position, in no particular order: what `at` takes the largest of.
   std::vector<Answer> answers(const AluDgnSectForce& force, const T_RALU_SECT& code);
 
-  /// √(σ² + 3·τ²)/f at a position where torsion acts: σ of the strength check, τ of torsion and the
-  /// larger shear together. Nothing where torsion adds less than 1 % to the stress, and where the
-  /// section cannot be formed.
-  std::optional<double> torsion_ratio(const AluDgnSectForce& force, const T_RALU_SECT& code) const;
+  /// √(σ² + 3·τ²)/f at a position where torsion acts: σ of the strength check or of its second
+  /// opinion (F1, F2), τ of torsion and the larger shear together. Nothing where torsion adds less
+  /// than 1 % to the stress, and where the section cannot be formed.
+  std::optional<double> torsion_ratio(const AluDgnSectForce& force, const T_RALU_SECT& code);
 
   const UnitStresses& units() const { return units_; }
   bool is_unsymmetric() const { return subject_.is_unsymmetric; }
@@ -60,7 +60,8 @@ class ElementOpinion {
   bool is_bent(const AluDgnSectForce& force) const;
   /// k of strength and shear checks: γ0, or γRE in a seismic combination.
   double strength_factor(const AluDgnSectForce& force) const;
-  /// Lateral-torsional buckling as if no axial force acted; 0 where it cannot be.
+  /// Lateral-torsional buckling as if no axial force acted; 0 where it cannot be, infinite where
+  /// the checks have no critical moment (a truss that bends, C9).
   double lateral_ratio(const AluDgnSectForce& force) const;
 
  private:
@@ -86,8 +87,11 @@ class ElementOpinion {
   void add_side_bending(const Position& at, BeamColumn& out) const;
   void take_axial_coefficients(const Position& at, BeamColumn& out) const;
   void hold_twist(const Position& at, BeamColumn& out) const;
+  void take_bottom_modulus(const Position& at, RuleSet rule, BeamColumn& out) const;
   template <class Take>
-  void ask_upside_down(const Position& at, Take& take);
+  void ask_turned_strength(const Position& at, Take& take);
+  template <class Take>
+  void ask_bottom_of_box(const Position& at, Take& take);
 
   Engine& engine_;
   Subject subject_;
@@ -95,8 +99,6 @@ class ElementOpinion {
   AxialCoefficients axial_;
   double area_ = 0.0;
   double axial_noise_ = 0.0, my_noise_ = 0.0, mz_noise_ = 0.0;
-  bool is_welded_slender_h_ = false;
-  bool is_reducible_unequal_box_ = false;
   std::optional<Subject> with_full_moments_;  ///< βm = 1 about both axes, once it is asked for
   const Subject* asked_ = nullptr;            ///< the one that questions are about just now
 };

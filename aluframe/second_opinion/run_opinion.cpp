@@ -233,7 +233,7 @@ void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
 
 void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force,
                                 const T_RALU_SECT& code) {
-  const ElementOpinion& opinion = *current_->opinion;
+  ElementOpinion& opinion = *current_->opinion;
   const UnitStresses& units = opinion.units();
   if (!units.formed) return;
   const auto size = [&](std::size_t i) { return std::fabs(force.dForce[i]); };

@@ -46,6 +46,7 @@ class LateralQuestions {
     if (subject.is_unsymmetric && subject.mirrored) {
       mirrored_ = without_force_factors(*subject.mirrored);
     }
+    turns_moment_ = subject.is_welded_slender_h;
   }
 
   LateralUnit ask(bool end_section, bool is_negative) {
@@ -53,18 +54,22 @@ class LateralQuestions {
     LateralUnit unit;
     unit.code = lateral_stress(engine_, plain_, my, end_section);
     unit.safe = unit.code;
-    // A negative My compresses the bottom flange: that of an unsymmetric section is asked for
-    // itself, as the top flange of the section upside down.
+    // A negative My compresses the bottom flange: that of an unsymmetric section, or of a welded H
+    // with slender plates (W3), is asked for itself, as the top flange of the section upside down.
     const bool turned = is_negative && mirrored_.has_value();
     const ALU_DGN_DATA& asked = turned ? *mirrored_ : plain_;
-    const double asked_my = turned ? unit_moment : my;
-    if (turned) unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
+    const double asked_my = turned || (is_negative && turns_moment_) ? unit_moment : my;
+    if (asked_my != my) {
+      unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
+      if (turns_moment_ && unit.safe > unit.code * (1.0 + 1e-9)) unit.rules = Rule::w3;
+      if (turns_moment_) unit.safe = std::max(unit.safe, unit.code);
+    }
     unit.free_ends = unit.safe;
     const double held =
         lateral_stress(engine_, with_held_ends(asked, facts_.end_is_held), asked_my, end_section);
     if (held > unit.safe * (1.0 + 1e-9)) {
       unit.safe = held;
-      unit.rules = Rule::s6;
+      unit.rules = unit.rules | Rule::s6;
     }
     return unit;
   }
@@ -74,13 +79,18 @@ class LateralQuestions {
   const ElementFacts& facts_;
   const ALU_DGN_DATA& plain_;
   std::optional<ALU_DGN_DATA> mirrored_;
+  bool turns_moment_ = false;  ///< a negative My is asked about as a positive one
 };
 
-void ask_strength(Engine& engine, const ALU_DGN_DATA& plain, UnitStresses& out) {
+void ask_strength(Engine& engine, const Subject& subject, const ALU_DGN_DATA& plain,
+                  UnitStresses& out) {
   const auto strength = [&](const Forces& forces) {
     return stress_of(engine, plain, forces, RALU_STRENGTH) / unit_moment;
   };
   out.bending_y = {strength({.my = unit_moment}), strength({.my = -unit_moment})};
+  if (subject.is_welded_slender_h) {
+    out.bending_y[1] = std::max(out.bending_y[1], out.bending_y[0]);
+  }
   out.bending_z = strength({.mz = -unit_moment});
   out.axial = stress_of(engine, plain, {.n = unit_force}, RALU_STRENGTH) / unit_force;
 }
@@ -99,6 +109,17 @@ double smaller_euler_force(Engine& engine, const ALU_DGN_DATA& plain) {
   return std::min(engine.report(ALU_REPORT_N_EY), engine.report(ALU_REPORT_N_EZ));
 }
 
+/// Whether the checks take an effective section in compression alone, in which every plate is
+/// judged as uniformly compressed.
+bool has_slender_plate(Engine& engine, const ALU_DGN_DATA& data) {
+  const auto shape = data.code.sect.nShape;
+  const bool has_effective_section =
+      shape == ALU_SHAPE_C || shape == ALU_SHAPE_H || shape == ALU_SHAPE_B;
+  if (!has_effective_section || !engine.ask(data, Forces{.n = -unit_force})) return false;
+  const ALU_CAL_SECTPARA& section = engine.section();
+  return std::max({section.dR1, section.dR2, section.dRw}) > 1.0;
+}
+
 }  // namespace
 
 ALU_DGN_DATA without_force_factors(const ALU_DGN_DATA& data) {
@@ -108,13 +129,17 @@ ALU_DGN_DATA without_force_factors(const ALU_DGN_DATA& data) {
   return plain;
 }
 
-Subject::Subject(const ALU_DGN_DATA& of, const ElementFacts& known)
+Subject::Subject(Engine& engine, const ALU_DGN_DATA& of, const ElementFacts& known)
     : data(of), is_unsymmetric(CALU_GB50429_07Print::IsMonoSymmetric(of.code.sect)), facts(known) {
   data.bReport = 0;
   data.SetCheckFlagAll(1);
   const ALU_SECT_DATA& sect = of.code.sect;
   const bool unequal_box = sect.nShape == ALU_SHAPE_B && sect.dSize[3] != sect.dSize[5];
   if (is_unsymmetric || unequal_box) mirrored = second_opinion::mirrored(data);
+  const bool is_welded = sect.bWelded == 1;
+  is_slender = has_slender_plate(engine, data);
+  is_welded_slender_h = sect.nShape == ALU_SHAPE_H && is_welded && is_slender;
+  is_reduced_unequal_box = unequal_box && (is_welded || is_slender);
 }
 
 UnitStresses unit_stresses(Engine& engine, const Subject& subject) {
@@ -123,7 +148,7 @@ UnitStresses unit_stresses(Engine& engine, const Subject& subject) {
   out.torsion = shear_of_unit_torque(plain.code.sect);
   ask_shear(engine, plain, out);
   if (!out.formed) return out;
-  ask_strength(engine, plain, out);
+  ask_strength(engine, subject, plain, out);
   out.euler = smaller_euler_force(engine, plain);
   LateralQuestions lateral(engine, subject, plain);
   for (const bool end : {false, true}) {

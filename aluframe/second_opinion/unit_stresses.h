@@ -21,9 +21,12 @@ struct Subject {
   ALU_DGN_DATA data;                     ///< as the module assembled it
   std::optional<ALU_DGN_DATA> mirrored;  ///< upside down, where that is another section
   bool is_unsymmetric = false;           ///< the checks take top and bottom apart
+  bool is_slender = false;               ///< a plate is over its limit in compression alone
+  bool is_welded_slender_h = false;      ///< W3: its bottom flange counts in full for My <= 0
+  bool is_reduced_unequal_box = false;   ///< F4: the top fibre stands for both
   ElementFacts facts;
 
-  Subject(const ALU_DGN_DATA& of, const ElementFacts& known);
+  Subject(Engine& engine, const ALU_DGN_DATA& of, const ElementFacts& known);
 };
 
 /// Lateral-torsional stress k·My/(φb·W) of a moment of 1 N·mm.

@@ -19,6 +19,7 @@ constexpr std::size_t probe_bytes = std::size_t{1} << 16;
 
 constexpr std::string_view member_text = "  MEMBER NO = ";
 constexpr std::string_view check_text = "  [[[*]]]   ";
+constexpr std::string_view verdict_text = "---->";
 
 /// Number behind the text that a line begins with; 0 when there is none.
 std::uint32_t number_behind(const std::string& line, std::string_view text) {
@@ -78,14 +79,24 @@ std::string incomplete_report_text(const fs::path& path, int lost_blocks) {
 
 ReportedElements reported_elements(const fs::path& path) {
   ReportedElements elements;
+  const auto is_last_of = [&](const std::vector<std::uint32_t>& list) {
+    return !list.empty() && list.back() == elements.numbers.back();
+  };
   std::ifstream file(path, std::ios::binary);
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with(member_text)) {
       elements.numbers.push_back(number_behind(line, member_text));
       elements.without_checks.push_back(elements.numbers.back());
-    } else if (line.starts_with(check_text) && !elements.without_checks.empty() &&
-               elements.without_checks.back() == elements.numbers.back()) {
-      elements.without_checks.pop_back();
+    } else if (elements.numbers.empty()) {
+      continue;
+    } else if (line.starts_with(check_text)) {
+      if (is_last_of(elements.without_checks)) elements.without_checks.pop_back();
+      if (!is_last_of(elements.without_last_verdict)) {
+        elements.without_last_verdict.push_back(elements.numbers.back());
+      }
+    } else if (line.find(verdict_text) != std::string::npos &&
+               is_last_of(elements.without_last_verdict)) {
+      elements.without_last_verdict.pop_back();
     }
   }
   return elements;

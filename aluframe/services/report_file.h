@@ -19,6 +19,8 @@ std::string incomplete_report_text(const std::filesystem::path& path, int lost_b
 struct ReportedElements {
   std::vector<std::uint32_t> numbers;         ///< those with a member block
   std::vector<std::uint32_t> without_checks;  ///< of them, those with nothing below it
+  /// Of them, those whose last check (slenderness when it has a result) shows its title alone.
+  std::vector<std::uint32_t> without_last_verdict;
 };
 
 /// The elements of a report.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <set>
 #include <utility>
 
 #include "aluframe/files/same_file.h"
@@ -25,9 +26,41 @@ ReportSummary failed(std::string text) {
   return summary;
 }
 
+/// The failing slenderness checks of the elements, about the axis that governs.
+std::vector<store::GoverningRow> failures_among(store::ResultReader& results,
+                                                const std::vector<std::uint32_t>& elements) {
+  const std::set<std::uint32_t> among(elements.begin(), elements.end());
+  std::vector<store::GoverningRow> failures;
+  for (const store::GoverningRow& row : results.governing()) {
+    const bool is_slenderness = row.item == RALU_SLENDERNESS_Y || row.item == RALU_SLENDERNESS_Z;
+    if (!is_slenderness || !among.contains(row.element)) continue;
+    const T_RALU_ITEM& check = row.governing;
+    if (!was_judged(check.dDemand, check.dCapacity) || !exceeds_limit(check.Ratio())) continue;
+    if (failures.empty() || failures.back().element != row.element) {
+      failures.push_back(row);
+    } else if (check.ComPair(failures.back().governing) != 0) {
+      failures.back() = row;
+    }
+  }
+  return failures;
+}
+
+/// What of the elements was not checked, as the result file and the run at hand say.
+std::vector<store::NotChecked> not_checked_among(const RunMonitor& monitor,
+                                                 store::ResultReader& results) {
+  const std::set<std::uint32_t> among(monitor.elements().begin(), monitor.elements().end());
+  std::vector<store::NotChecked> items = results.not_checked();
+  std::erase_if(items, [&](const auto& item) { return !among.contains(item.element); });
+  for (const store::NotChecked& item : monitor.not_checked()) {
+    if (std::ranges::find(items, item) == items.end()) items.push_back(item);
+  }
+  return items;
+}
+
 void sort_elements(Session& session, const std::filesystem::path& path, ReportSummary& summary) {
   std::vector<std::uint32_t> wanted = session.monitor().elements();
   ReportedElements elements = reported_elements(path);
+  summary.without_last_verdict = std::move(elements.without_last_verdict);
   summary.reported = std::move(elements.numbers);
   summary.without_checks = std::move(elements.without_checks);
   std::vector<std::uint32_t> reported = summary.reported;
@@ -38,7 +71,8 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
                                 std::back_inserter(summary.checked_now));
 }
 
-ReportSummary write_report(Session& session, const std::filesystem::path& path) {
+ReportSummary write_report(Session& session, const std::filesystem::path& path,
+                           const std::filesystem::path& result_path) {
   const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
   session.manager().close_stored_results();
   if (const auto& failure = session.monitor().failure()) {
@@ -54,7 +88,13 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path) 
   if (lost > 0) return failed(incomplete_report_text(path, lost));
   summary.outcome = RunOutcome::complete;
   sort_elements(session, path, summary);
-  summary.not_checked = session.monitor().not_checked();
+  if (!std::filesystem::exists(result_path)) {  // no element could be taken up at all
+    summary.not_checked = session.monitor().not_checked();
+    return summary;
+  }
+  const auto results = store::ResultReader::open(result_path);
+  summary.not_checked = not_checked_among(session.monitor(), *results);
+  summary.failures_without_line = failures_among(*results, summary.without_last_verdict);
   return summary;
 }
 
@@ -69,11 +109,12 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
     return failed(path.string() + ": is not UTF-8, as the names of reports must be");
   }
   if (auto problem = report_problem(path)) return failed(std::move(*problem));
+  const std::filesystem::path result_path = options.result_path;
   Session session(model, std::move(options));
   const Binding binding(session);
   try {
     session.manager().use_stored_results();
-    ReportSummary summary = write_report(session, path);
+    ReportSummary summary = write_report(session, path, result_path);
     summary.assertions = session.monitor().assertions();
     summary.assertions.erase(no_stored_result);
     return summary;

@@ -17,10 +17,15 @@ struct ReportSummary {
   std::string failure;
   std::vector<std::uint32_t> reported;        ///< elements with a member block
   std::vector<std::uint32_t> without_checks;  ///< reported elements with a member block alone
-  std::vector<std::uint32_t> not_reported;    ///< elements without results or design data
-  std::vector<std::uint32_t> checked_now;     ///< reported elements that no run had checked before
-  /// What of the elements that were checked now was not checked.
+  /// Reported elements whose last check shows its title alone.
+  std::vector<std::uint32_t> without_last_verdict;
+  std::vector<std::uint32_t> not_reported;  ///< elements without results or design data
+  std::vector<std::uint32_t> checked_now;   ///< reported elements that no run had checked before
+  /// What of the reported elements was not checked, by the run that checked them.
   std::vector<store::NotChecked> not_checked;
+  /// Checks that fail and have no line in the report that says so: slenderness where no axial force
+  /// acts.
+  std::vector<store::GoverningRow> failures_without_line;
   std::map<std::string, std::uint64_t> assertions;
 };
 

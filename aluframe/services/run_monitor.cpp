@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "aluframe/services/plain_capacity.h"
+
 namespace aluframe::services {
 
 namespace {
@@ -15,6 +17,11 @@ constexpr double ratio_tolerance = 1e-10;
 constexpr const char* shear_reason =
     "shear where it acts without bending, or with axial force on a member that is no beam";
 constexpr const char* torsion_reason = "torsion";
+
+/// A force that no check is for goes without saying below this part of what the element can carry
+/// of it: what rounding and the last digits of an analysis leave is far smaller, what an engineer
+/// would act on far larger.
+constexpr double negligible_part = 1e-6;
 
 constexpr const char* position_names[kCheckPositions] = {"I", "1/4", "1/2", "3/4", "J"};
 
@@ -33,6 +40,25 @@ bool any_judged(const T_RALU_SECT& position) {
 
 bool acts(float force) {
   return !(std::fabs(force) < zero_force);
+}
+
+/// A force that may stand without a check: which it is, the check that would be its own, and why
+/// there is none.
+struct Unchecked {
+  const char* name;
+  Component component;
+  int item;  ///< RALU_ITEM_TYPE; -1: no check is for it
+  const char* reason;
+  double PlainCapacity::* capacity;
+};
+
+constexpr std::array<Unchecked, 3> unchecked_forces{
+    {{"Fy", shear_y, RALU_SHEAR_Y, shear_reason, &PlainCapacity::shear_y},
+     {"Fz", shear_z, RALU_SHEAR_Z, shear_reason, &PlainCapacity::shear_z},
+     {"Mx", torsion, -1, torsion_reason, &PlainCapacity::torsion}}};
+
+bool was_left_out(const Unchecked& force, const T_RALU_SECT& result) {
+  return force.item < 0 || is_empty(result.aItem[static_cast<std::size_t>(force.item)]);
 }
 
 /// Checks are chosen by axial force and bending; shear or torsion alone calls for none.
@@ -130,19 +156,36 @@ void RunMonitor::note_positions(std::uint32_t element, std::uint32_t combination
     if (has_force_state(current_.force[p]) && std::ranges::all_of(result.aItem, is_empty)) {
       unchecked += (unchecked.empty() ? "" : ", ") + std::string(position_names[p]);
     }
-    note_left_out_forces(p, result);
+    note_left_out_forces(p, combination, record);
   }
   if (unchecked.empty()) return;
   add_pending(
       {element, combination, "no section parameters could be formed at position " + unchecked});
 }
 
-void RunMonitor::note_left_out_forces(std::size_t position, const T_RALU_SECT& result) {
-  const std::array<float, 6>& force = current_.force[position];
-  const bool left_out = (acts(force[shear_y]) && is_empty(result.aItem[RALU_SHEAR_Y])) ||
-                        (acts(force[shear_z]) && is_empty(result.aItem[RALU_SHEAR_Z]));
-  current_.shear_left_out = current_.shear_left_out || left_out;
-  current_.torsion_left_out = current_.torsion_left_out || acts(force[torsion]);
+void RunMonitor::note_left_out_forces(std::size_t position, std::uint32_t combination,
+                                      const T_RALU_D& record) {
+  for (std::size_t i = 0; i < unchecked_forces.size(); ++i) {
+    const Unchecked& force = unchecked_forces[i];
+    const float value = current_.force[position][force.component];
+    store::LargestForce& largest = current_.left_out[i];
+    const double magnitude = std::fabs(static_cast<double>(value));
+    if (!acts(value) || magnitude <= largest.magnitude) continue;
+    if (!was_left_out(force, record.aSect[position])) continue;
+    largest = {force.name, magnitude, static_cast<int>(position), combination, record.nMinSide};
+  }
+}
+
+void RunMonitor::add_left_out_forces(std::uint32_t element) {
+  const auto acts_somewhere = [](const store::LargestForce& f) { return f.magnitude != 0.0; };
+  if (std::ranges::none_of(current_.left_out, acts_somewhere)) return;
+  const PlainCapacity capacity = plain_capacity(model_, element);
+  for (std::size_t i = 0; i < unchecked_forces.size(); ++i) {
+    const store::LargestForce& largest = current_.left_out[i];
+    const double negligible = negligible_part * capacity.*unchecked_forces[i].capacity;
+    if (!acts_somewhere(largest) || largest.magnitude < negligible) continue;
+    add_pending({element, std::nullopt, unchecked_forces[i].reason, largest});
+  }
 }
 
 void RunMonitor::note_governing(std::uint32_t element, const T_RALU_D& record) {
@@ -152,11 +195,11 @@ void RunMonitor::note_governing(std::uint32_t element, const T_RALU_D& record) {
   };
   if (std::ranges::none_of(record.aComp, judged)) {
     not_checked_.push_back({element, std::nullopt, reason_without_result(element)});
+    if (!current_.had_force_state) note_forces_without_state(element);
     return;
   }
   ++checked_elements_;
-  if (current_.shear_left_out) add_pending({element, std::nullopt, shear_reason});
-  if (current_.torsion_left_out) add_pending({element, std::nullopt, torsion_reason});
+  add_left_out_forces(element);
   not_checked_.insert(not_checked_.end(), current_.pending.begin(), current_.pending.end());
   bool over = false;
   for (std::size_t item = 0; item < record.aComp.size(); ++item) {
@@ -168,6 +211,12 @@ void RunMonitor::note_governing(std::uint32_t element, const T_RALU_D& record) {
     }
   }
   if (over) ++elements_over_limit_;
+}
+
+void RunMonitor::note_forces_without_state(std::uint32_t element) {
+  current_.pending.clear();
+  add_left_out_forces(element);
+  not_checked_.insert(not_checked_.end(), current_.pending.begin(), current_.pending.end());
 }
 
 std::string RunMonitor::reason_without_result(std::uint32_t element) const {

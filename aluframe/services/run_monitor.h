@@ -69,9 +69,10 @@ class RunMonitor {
   struct Current {
     bool governing_written = false;
     bool had_forces = false;
-    bool had_force_state = false;   ///< an axial force or a moment stood at some position
-    bool shear_left_out = false;    ///< a shear force stood where no shear check runs
-    bool torsion_left_out = false;  ///< torsion stood somewhere: no check is for it
+    bool had_force_state = false;  ///< an axial force or a moment stood at some position
+    /// Shear along y and z where no shear check ran, and torsion, which no check is for: the
+    /// largest of each.
+    std::array<store::LargestForce, 3> left_out{};
     std::array<bool, kCheckPositions> requested{};
     std::array<std::array<float, 6>, kCheckPositions> force{};
     std::vector<store::NotChecked> pending;
@@ -80,9 +81,13 @@ class RunMonitor {
   bool is_current(std::uint32_t element) const;
   void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_governing(std::uint32_t element, const T_RALU_D& record);
-  void note_left_out_forces(std::size_t position, const T_RALU_SECT& result);
+  void note_left_out_forces(std::size_t position, std::uint32_t combination,
+                            const T_RALU_D& record);
+  void add_left_out_forces(std::uint32_t element);
   /// What a state lacks is told of its envelope.
   void add_pending(store::NotChecked item);
+  /// Shear and torsion of an element on which nothing else acts.
+  void note_forces_without_state(std::uint32_t element);
   std::string reason_without_result(std::uint32_t element) const;
 
   const model::Model& model_;

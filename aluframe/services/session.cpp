@@ -38,9 +38,12 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
                       .program = "aluframe",
                       .combinations = {},
                       .model_digest = options.model_digest,
-                      .envelope_states = envelope_states(model, options.combinations)};
+                      .envelope_states = envelope_states(model, options.combinations),
+                      .setup = options.setup,
+                      .model_elements = static_cast<std::uint32_t>(model.elements.size())};
   for (const model::Combination& combination : model.combinations) {
     if (!combination.design) continue;
+    ++info.model_combinations;
     if (!options.combinations.empty() && !options.combinations.contains(combination.number)) {
       continue;
     }

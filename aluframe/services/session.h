@@ -48,6 +48,8 @@ struct SessionOptions {
   std::function<int(const std::string&, UINT)> message_box;
   /// Digest of the model and its forces, which goes into the result file; empty: none.
   std::string model_digest;
+  /// How the run was made, which goes into the result file too.
+  store::RunSetup setup;
   /// Follows the run; null: nobody does.
   RunObserver* observer = nullptr;
   /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.

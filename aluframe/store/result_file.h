@@ -33,6 +33,26 @@ struct EnvelopeState {
   friend bool operator==(const EnvelopeState&, const EnvelopeState&) = default;
 };
 
+/// A setting that a run went by.
+struct SettingRow {
+  std::string key;     ///< "safety_class"
+  std::string value;   ///< "2 (gamma0 1.0)"
+  std::string origin;  ///< "given", "default", ...
+
+  friend bool operator==(const SettingRow&, const SettingRow&) = default;
+};
+
+/// How a run was made: what is needed to make it again, and to say what its results are of.
+struct RunSetup {
+  /// Where forces came from: "given", "linear" or "second-order" analysis; empty: unknown.
+  std::string analysis = {};
+  bool second_order_asked = false;  ///< second order on request, not by the model
+  /// The file of forces in place of the model's, seen from the folder of the result file; empty:
+  /// none.
+  std::string forces_file = {};
+  std::vector<SettingRow> settings = {};
+};
+
 /// What the result file says about its run.
 struct RunInfo {
   std::string model_title;
@@ -42,6 +62,10 @@ struct RunInfo {
   std::string model_digest;  ///< tells states of a model and its forces apart; empty: unknown
   /// All states of the envelopes that are checked by them.
   std::vector<EnvelopeState> envelope_states = {};
+  RunSetup setup = {};
+  /// What the model has, also where the run was limited to a part of it.
+  std::uint32_t model_elements = 0;
+  std::uint32_t model_combinations = 0;  ///< for design
 };
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,
@@ -49,11 +73,23 @@ struct RunInfo {
 /// have changed otherwise. Nothing when they may be.
 std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted);
 
+/// The largest of the forces that no check was made for, and where it acts.
+struct LargestForce {
+  std::string component;   ///< "Fy", "Fz", "Mx"
+  double magnitude = 0.0;  ///< N or N·mm, without a sign
+  int position = 0;
+  std::uint32_t combination = 0;
+  int min_side = 0;
+
+  friend bool operator==(const LargestForce&, const LargestForce&) = default;
+};
+
 /// Something that the run could not check.
 struct NotChecked {
   std::uint32_t element = 0;
   std::optional<std::uint32_t> combination;  ///< nothing: all of them
   std::string reason;
+  std::optional<LargestForce> largest = {};  ///< of the force that the reason is about
 
   friend bool operator==(const NotChecked&, const NotChecked&) = default;
 };

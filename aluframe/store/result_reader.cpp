@@ -66,7 +66,9 @@ class FileReader : public ResultReader {
     return about_file(path_, [this] {
       std::vector<NotChecked> items;
       SQLite::Statement select(
-          database_, "SELECT element, combination, reason FROM not_checked ORDER BY sequence");
+          database_,
+          "SELECT element, combination, reason, force, magnitude, position, at_combination, "
+          "at_min_side FROM not_checked ORDER BY sequence");
       while (select.executeStep()) items.push_back(not_checked_row(select));
       return items;
     });
@@ -115,7 +117,14 @@ class FileReader : public ResultReader {
     const SQLite::Column combination = select.getColumn(1);
     return {select.getColumn(0).getUInt(),
             combination.isNull() ? std::nullopt : std::optional(combination.getUInt()),
-            select.getColumn(2).getString()};
+            select.getColumn(2).getString(), largest_force(select)};
+  }
+
+  static std::optional<LargestForce> largest_force(SQLite::Statement& select) {
+    if (select.getColumn(3).isNull()) return std::nullopt;
+    return LargestForce{select.getColumn(3).getString(), select.getColumn(4).getDouble(),
+                        select.getColumn(5).getInt(), select.getColumn(6).getUInt(),
+                        select.getColumn(7).getInt()};
   }
 
   /// SQLite has no NaN: NULL stands for it.

@@ -57,7 +57,8 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_element_(database_, "INSERT INTO element VALUES (?, ?, ?, ?)"),
       insert_record_(database_, "INSERT INTO record VALUES (?, ?)"),
       insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-      insert_not_checked_(database_, "INSERT INTO not_checked VALUES (NULL, ?, ?, ?)"),
+      insert_not_checked_(database_,
+                          "INSERT INTO not_checked VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_safe_(database_,
                    "INSERT OR REPLACE INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
@@ -121,7 +122,7 @@ void RowWriter::count(std::size_t bytes) {
 void RowWriter::remove(std::uint32_t element) {
   for (const char* sql :
        {"DELETE FROM element WHERE number = ?", "DELETE FROM governing WHERE element = ?",
-        "DELETE FROM record WHERE element = ?"}) {
+        "DELETE FROM record WHERE element = ?", "DELETE FROM not_checked WHERE element = ?"}) {
     SQLite::Statement statement(database_, sql);
     run(statement, element);
   }
@@ -168,9 +169,22 @@ void RowWriter::add(const NotChecked& item) {
   }
   insert_not_checked_.bind(1, item.element);
   insert_not_checked_.bind(3, item.reason);
+  bind_largest(item.largest);
   insert_not_checked_.exec();
   insert_not_checked_.reset();
   count(item.reason.size());
+}
+
+void RowWriter::bind_largest(const std::optional<LargestForce>& largest) {
+  if (!largest) {
+    for (int column = 4; column <= 8; ++column) insert_not_checked_.bind(column);
+    return;
+  }
+  insert_not_checked_.bind(4, largest->component);
+  insert_not_checked_.bind(5, largest->magnitude);
+  insert_not_checked_.bind(6, largest->position);
+  insert_not_checked_.bind(7, largest->combination);
+  insert_not_checked_.bind(8, largest->min_side);
 }
 
 void RowWriter::add(const SafeRow& row) {

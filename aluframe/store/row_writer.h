@@ -54,6 +54,7 @@ class RowWriter {
   void count(std::size_t bytes);
   void remove(std::uint32_t element);
   void add_governing(std::uint32_t element, int item, const T_RALU_ITEM& governing);
+  void bind_largest(const std::optional<LargestForce>& largest);
 
   SQLite::Database database_;
   SQLite::Statement insert_element_;

@@ -19,7 +19,17 @@ CREATE TABLE run (
   title TEXT NOT NULL,
   code TEXT NOT NULL,
   program TEXT NOT NULL,
-  model_digest TEXT NOT NULL);
+  model_digest TEXT NOT NULL,
+  analysis TEXT NOT NULL,
+  second_order_asked INTEGER NOT NULL,
+  forces_file TEXT NOT NULL,
+  model_elements INTEGER NOT NULL,
+  model_combinations INTEGER NOT NULL);
+CREATE TABLE setting (
+  sequence INTEGER PRIMARY KEY,
+  key TEXT NOT NULL,
+  value TEXT NOT NULL,
+  origin TEXT NOT NULL);
 CREATE TABLE combination (
   sequence INTEGER PRIMARY KEY,
   number INTEGER NOT NULL UNIQUE,
@@ -53,7 +63,12 @@ CREATE TABLE not_checked (
   sequence INTEGER PRIMARY KEY,
   element INTEGER NOT NULL,
   combination INTEGER,
-  reason TEXT NOT NULL);
+  reason TEXT NOT NULL,
+  force TEXT,
+  magnitude,
+  position INTEGER,
+  at_combination INTEGER,
+  at_min_side INTEGER);
 CREATE TABLE safe (
   element INTEGER PRIMARY KEY,
   code_ratio,
@@ -79,14 +94,30 @@ CREATE TABLE record (
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?)");
+  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
   run.bind(4, info.code);
   run.bind(5, info.program);
   run.bind(6, info.model_digest);
+  run.bind(7, info.setup.analysis);
+  run.bind(8, info.setup.second_order_asked ? 1 : 0);
+  run.bind(9, info.setup.forces_file);
+  run.bind(10, info.model_elements);
+  run.bind(11, info.model_combinations);
   run.exec();
+}
+
+void insert_settings(SQLite::Database& database, const RunInfo& info) {
+  SQLite::Statement insert(database, "INSERT INTO setting VALUES (NULL, ?, ?, ?)");
+  for (const SettingRow& row : info.setup.settings) {
+    insert.bind(1, row.key);
+    insert.bind(2, row.value);
+    insert.bind(3, row.origin);
+    insert.exec();
+    insert.reset();
+  }
 }
 
 /// @param verb "INSERT", or "INSERT OR IGNORE" to keep the rows that are there
@@ -140,6 +171,34 @@ std::vector<EnvelopeState> load_envelope_states(SQLite::Database& database) {
   return rows;
 }
 
+RunInfo load_run(SQLite::Database& database) {
+  RunInfo info;
+  SQLite::Statement run(database,
+                        "SELECT title, code, program, model_digest, analysis, second_order_asked, "
+                        "forces_file, model_elements, model_combinations FROM run");
+  if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
+  info.model_title = run.getColumn(0).getString();
+  info.code = run.getColumn(1).getString();
+  info.program = run.getColumn(2).getString();
+  info.model_digest = run.getColumn(3).getString();
+  info.setup.analysis = run.getColumn(4).getString();
+  info.setup.second_order_asked = run.getColumn(5).getInt() != 0;
+  info.setup.forces_file = run.getColumn(6).getString();
+  info.model_elements = run.getColumn(7).getUInt();
+  info.model_combinations = run.getColumn(8).getUInt();
+  return info;
+}
+
+std::vector<SettingRow> load_settings(SQLite::Database& database) {
+  std::vector<SettingRow> rows;
+  SQLite::Statement select(database, "SELECT key, value, origin FROM setting ORDER BY sequence");
+  while (select.executeStep()) {
+    rows.push_back({select.getColumn(0).getString(), select.getColumn(1).getString(),
+                    select.getColumn(2).getString()});
+  }
+  return rows;
+}
+
 }  // namespace
 
 const char* state_name(RunState state) {
@@ -161,6 +220,7 @@ void lay_out(SQLite::Database& database, const RunInfo& info) {
   database.exec("PRAGMA user_version = " + std::to_string(format_version));
   database.exec(tables);
   insert_run(database, info);
+  insert_settings(database, info);
   insert_combinations(database, info, "INSERT");
   transaction.commit();
 }
@@ -182,13 +242,8 @@ RunState load_state(SQLite::Database& database) {
 }
 
 RunInfo load_info(SQLite::Database& database) {
-  RunInfo info;
-  SQLite::Statement run(database, "SELECT title, code, program, model_digest FROM run");
-  if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
-  info.model_title = run.getColumn(0).getString();
-  info.code = run.getColumn(1).getString();
-  info.program = run.getColumn(2).getString();
-  info.model_digest = run.getColumn(3).getString();
+  RunInfo info = load_run(database);
+  info.setup.settings = load_settings(database);
   info.combinations = load_combinations(database);
   info.envelope_states = load_envelope_states(database);
   return info;

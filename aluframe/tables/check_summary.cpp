@@ -2,11 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
+#include "aluframe/tables/not_checked_tables.h"
+#include "aluframe/tables/output_table.h"
 #include "aluframe/tables/result_tables.h"
 
 namespace aluframe::tables {
@@ -25,13 +28,44 @@ std::string combination_text(const model::Model& model, std::uint32_t number, in
                      min_side != 0 ? " (minimum side)" : "");
 }
 
-std::string combinations_text(const services::CheckSummary& summary) {
+/// "4 of 5 checked", and of how many in the model when the run is limited to some.
+std::string elements_text(const run::Input& input, const services::CheckSummary& summary) {
+  const std::string text =
+      fmt::format("{} of {} checked", summary.checked_elements, summary.elements);
+  return input.elements.empty()
+             ? text
+             : fmt::format("{}; the model has {}", text, input.model.elements.size());
+}
+
+/// Combinations of the model that are for design, by themselves or by their states.
+std::size_t design_combinations(const model::Model& model) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(model.combinations, [](const model::Combination& combination) {
+        return (combination.design && !combination.state_of) || !combination.states.empty();
+      }));
+}
+
+std::string combinations_text(const run::Input& input, const services::CheckSummary& summary) {
+  std::string text = fmt::format("{}", summary.combinations);
   if (summary.by_states) {
-    return fmt::format("{} (as {} state{})", summary.combinations, summary.sides,
-                       summary.sides == 1 ? "" : "s");
+    text += fmt::format(" (as {} state{})", summary.sides, summary.sides == 1 ? "" : "s");
+  } else if (summary.sides != summary.combinations) {
+    text += fmt::format(" ({} with both sides of envelopes)", summary.sides);
   }
-  if (summary.sides == summary.combinations) return fmt::format("{}", summary.combinations);
-  return fmt::format("{} ({} with both sides of envelopes)", summary.combinations, summary.sides);
+  if (input.combinations.empty()) return text;
+  return fmt::format("{}; the model has {} for design", text, design_combinations(input.model));
+}
+
+/// "safety class 2, gamma0 1 (default)", a line a setting.
+std::string settings_text(const store::RunSetup& setup) {
+  std::string out;
+  for (const store::SettingRow& row : setup.settings) {
+    std::string name = row.key;
+    std::ranges::replace(name, '_', ' ');
+    out += fmt::format("  {:<14}{} {} ({})\n", out.empty() ? "settings" : "", name, row.value,
+                       row.origin);
+  }
+  return out;
 }
 
 std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
@@ -83,35 +117,8 @@ std::pair<Cell, Cell> worst_combination(const model::Model& model,
   return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
 }
 
-}  // namespace
-
-std::string summary_text(const model::Model& model, const run::CheckResult& result,
-                         const std::string& forces) {
-  const services::CheckSummary& summary = result.summary;
-  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
-  const auto add = [&out](std::string_view name, const std::string& value) {
-    out += fmt::format("  {:<14}{}\n", name, value);
-  };
-  add("elements", fmt::format("{} of {} checked", summary.checked_elements, summary.elements));
-  add("combinations", combinations_text(summary));
-  if (!forces.empty()) add("forces", forces);
-  add("checks",
-      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
-  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
-                          static_cast<double>(summary.checked_positions) / summary.seconds));
-  add("worst ratio", worst_text(model, summary));
-  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
-                            summary.elements_over_limit == 1 ? "" : "s"));
-  if (result.safe && result.safe->worst) {
-    add("safe ratio", safe_text(model, *result.safe->worst));
-    add("safe over 1", safe_over_text(*result.safe));
-  }
-  if (!result.remarks.empty()) out += remarks_text(result.remarks);
-  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
-  return out;
-}
-
-OutputTable summary_table(const model::Model& model, const run::CheckResult& result) {
+/// The run as a table of one row.
+OutputTable summary_table(const run::Input& input, const run::CheckResult& result) {
   const services::CheckSummary& summary = result.summary;
   const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
   OutputTable table;
@@ -133,13 +140,76 @@ OutputTable summary_table(const model::Model& model, const run::CheckResult& res
   add("worst_element", any ? whole(summary.worst->element) : Cell());
   add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  auto [combination, name] = worst_combination(model, summary);
+  auto [combination, name] = worst_combination(input.model, summary);
   add("worst_combination", std::move(combination));
   add("worst_combination_name", std::move(name));
   add("not_checked", whole(summary.not_checked.size()));
+  add("model_elements", whole(input.model.elements.size()));
+  add("model_combinations", whole(design_combinations(input.model)));
   add_safe(result, add);
   table.rows.push_back(std::move(row));
   return table;
+}
+
+OutputTable settings_table(const store::RunSetup& setup) {
+  OutputTable table;
+  for (const char* key : {"key", "value", "from"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+  for (const store::SettingRow& row : setup.settings) {
+    table.rows.push_back({row.key, row.value, row.origin});
+  }
+  return table;
+}
+
+}  // namespace
+
+std::string summary_text(const run::Input& input, const run::CheckResult& result) {
+  const services::CheckSummary& summary = result.summary;
+  const model::Model& model = input.model;
+  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
+  const auto add = [&out](std::string_view name, const std::string& value) {
+    out += fmt::format("  {:<14}{}\n", name, value);
+  };
+  out += settings_text(input.setup);
+  add("elements", elements_text(input, summary));
+  add("combinations", combinations_text(input, summary));
+  const std::string forces = forces_text(input.forces);
+  if (!forces.empty()) add("forces", forces);
+  add("checks",
+      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
+  add("time", fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
+                          static_cast<double>(summary.checked_positions) / summary.seconds));
+  add("worst ratio", worst_text(model, summary));
+  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
+                            summary.elements_over_limit == 1 ? "" : "s"));
+  if (result.safe && result.safe->worst) {
+    add("safe ratio", safe_text(model, *result.safe->worst));
+    add("safe over 1", safe_over_text(*result.safe));
+  }
+  if (!result.remarks.empty()) out += remarks_text(result.remarks);
+  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked);
+  return out;
+}
+
+std::string summary_csv(const run::Input& input, const run::CheckResult& result) {
+  OutputTable table = summary_table(input, result);
+  const auto add = [&table](const std::string& key, Cell value) {
+    table.columns.push_back({.key = key, .heading = key});
+    table.rows.front().push_back(std::move(value));
+  };
+  for (const store::SettingRow& row : input.setup.settings) {
+    add(row.key, row.value);
+    add(row.key + "_from", row.origin);
+  }
+  add("not_checked_reasons", not_checked_line(result.summary.not_checked));
+  return to_csv(table);
+}
+
+std::string summary_json(const run::Input& input, const run::CheckResult& result) {
+  return to_json_with(summary_table(input, result),
+                      {{"settings", settings_table(input.setup)},
+                       {"not_checked_groups", not_checked_table(result.summary.not_checked)}});
 }
 
 std::string forces_text(const forces::Summary& summary) {

@@ -3,19 +3,17 @@
 #include <string>
 
 #include "aluframe/forces/compute_forces.h"
-#include "aluframe/model/model.h"
 #include "aluframe/run/check.h"
-#include "aluframe/tables/output_table.h"
 
 namespace aluframe::tables {
 
-/// The summary of a run for the user.
-/// `forces` tells how they were computed; empty: they were given.
-std::string summary_text(const model::Model& model, const run::CheckResult& result,
-                         const std::string& forces = "");
+/// The summary of a run for the user, with the settings that it went by.
+std::string summary_text(const run::Input& input, const run::CheckResult& result);
 
-/// The run as a table of one row, for JSON and CSV.
-OutputTable summary_table(const model::Model& model, const run::CheckResult& result);
+/// The run as one row of CSV, settings and what was not checked in columns of their own, or as a
+/// list of one JSON object, with both as lists in it.
+std::string summary_csv(const run::Input& input, const run::CheckResult& result);
+std::string summary_json(const run::Input& input, const run::CheckResult& result);
 
 /// "linear analysis of 4 load cases, residual 2.1e-14, forces certain to 4.0e-14", for the user;
 /// empty: nothing was analysed.

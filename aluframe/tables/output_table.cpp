@@ -136,6 +136,19 @@ bool stands_left(const OutputTable& table, std::size_t column) {
   });
 }
 
+nlohmann::ordered_json object_of(const OutputTable& table, const std::vector<Cell>& row) {
+  nlohmann::ordered_json object = nlohmann::ordered_json::object();
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    object[table.columns[i].key] = std::visit(JsonOf(), row[i]);
+  }
+  return object;
+}
+
+/// In one line; a name that is no UTF-8 has its bytes replaced.
+std::string dumped(const nlohmann::ordered_json& value) {
+  return value.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
 }  // namespace
 
 std::optional<Format> parse_format(std::string_view name) {
@@ -192,14 +205,19 @@ std::string to_csv(const OutputTable& table) {
 std::string to_json(const OutputTable& table) {
   std::string out = "[";
   for (std::size_t r = 0; r < table.rows.size(); ++r) {
-    nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-      object[table.columns[i].key] = std::visit(JsonOf(), table.rows[r][i]);
-    }
-    out += (r == 0 ? "\n  " : ",\n  ") +
-           object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    out += (r == 0 ? "\n  " : ",\n  ") + dumped(object_of(table, table.rows[r]));
   }
   return out + (table.rows.empty() ? "]\n" : "\n]\n");
+}
+
+std::string to_json_with(const OutputTable& table,
+                         const std::vector<std::pair<std::string, OutputTable>>& lists) {
+  nlohmann::ordered_json object = object_of(table, table.rows.front());
+  for (const auto& [name, list] : lists) {
+    nlohmann::ordered_json& rows = object[name] = nlohmann::ordered_json::array();
+    for (const auto& row : list.rows) rows.push_back(object_of(list, row));
+  }
+  return "[\n  " + dumped(object) + "\n]\n";
 }
 
 std::string render(const OutputTable& table, Format format, bool colour) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -39,6 +40,11 @@ std::string to_text(const OutputTable& table, bool colour);
 std::string to_csv(const OutputTable& table);
 /// A list with one object a row; numbers that are not finite are texts.
 std::string to_json(const OutputTable& table);
+
+/// A list of one object: the first row of the table, and behind it other tables as lists by their
+/// names.
+std::string to_json_with(const OutputTable& table,
+                         const std::vector<std::pair<std::string, OutputTable>>& lists);
 
 /// The table in one of the three formats.
 std::string render(const OutputTable& table, Format format, bool colour);

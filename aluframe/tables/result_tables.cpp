@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
 #include <utility>
 
-#include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
 
 namespace aluframe::tables {
@@ -188,24 +186,6 @@ std::string_view outcome_name(services::RunOutcome outcome) {
 
 std::string short_number(double value) {
   return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
-}
-
-std::string not_checked_text(const std::vector<store::NotChecked>& items) {
-  using Group = std::pair<std::string, std::optional<std::uint32_t>>;
-  std::map<Group, std::vector<model::Number>> groups;
-  for (const store::NotChecked& item : items) {
-    auto& elements = groups[{item.reason, item.combination}];
-    if (elements.empty() || elements.back() != item.element) elements.push_back(item.element);
-  }
-  std::string out = "  not checked\n";
-  for (auto& [group, elements] : groups) {
-    std::ranges::sort(elements);
-    const std::string combination =
-        group.second ? fmt::format(", combination {}", *group.second) : "";
-    out += fmt::format("    element {}{}: {}\n", model::join_as_ranges(elements), combination,
-                       group.first);
-  }
-  return out;
 }
 
 std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {

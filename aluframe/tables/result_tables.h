@@ -22,9 +22,6 @@ std::string_view outcome_name(services::RunOutcome outcome);
 /// Four digits after the point, or "inf", "-inf", "nan".
 std::string short_number(double value);
 
-/// What could not be checked, grouped by reason, as lines for the user.
-std::string not_checked_text(const std::vector<store::NotChecked>& items);
-
 /// Remarks of a run, as lines for the user.
 std::string remarks_text(const std::vector<store::RemarkRow>& remarks);
 

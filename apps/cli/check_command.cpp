@@ -10,6 +10,7 @@
 #include "aluframe/run/remarks.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
@@ -70,14 +71,14 @@ void print_outcome(const services::CheckSummary& summary) {
 void print_summary(const run::Input& input, const run::CheckResult& result,
                    const std::filesystem::path& results, tables::Format format) {
   if (format == tables::Format::table) {
-    fmt::print("{}", tables::summary_text(input.model, result, tables::forces_text(input.forces)));
-    fmt::print("  {:<14}{}\n", "results", results.string());
-  } else {
-    fmt::print("{}", tables::render(tables::summary_table(input.model, result), format, false));
-    const auto& not_checked = result.summary.not_checked;
-    if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
-    if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
+    fmt::print("{}  {:<14}{}\n", tables::summary_text(input, result), "results", results.string());
+    return;
   }
+  fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, result)
+                                                  : tables::summary_csv(input, result));
+  const auto& not_checked = result.summary.not_checked;
+  if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked));
+  if (!result.remarks.empty()) print_message(tables::remarks_text(result.remarks));
 }
 
 }  // namespace

@@ -148,6 +148,8 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       ->type_name("RATIO");
   results->add_option("--element", options.element, "One element: every combination and position")
       ->type_name("NUMBER");
+  results->add_flag("--not-checked", options.not_checked, "What was not checked, by reason")
+      ->excludes("--element");
   results->get_option("--combinations")->needs("--element");
   for (const char* of_the_list : {"--elements", "--sort", "--top", "--over"}) {
     results->get_option(of_the_list)->excludes("--element");

@@ -11,6 +11,7 @@
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
 #include "aluframe/services/readable_report.h"
+#include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
@@ -57,6 +58,13 @@ run::ReportOptions report_options(const ReportOptions& options, const Files& fil
           .message = print_message};
 }
 
+/// What the results that the report goes by cover of the model.
+void print_coverage(const Files& files) {
+  if (!fs::exists(files.results)) return;
+  const auto reader = store::ResultReader::open(files.results);
+  fmt::print("Covered: {}\n", run::coverage_text(run::coverage_of(*reader)));
+}
+
 void print_summary(const services::ReportSummary& summary, const Files& files) {
   fmt::print("Report of {} element{}: {}\n", summary.reported.size(),
              summary.reported.size() == 1 ? "" : "s", files.report.string());
@@ -72,7 +80,14 @@ void print_summary(const services::ReportSummary& summary, const Files& files) {
     print_message(
         fmt::format("no check to show: element {}", model::join_as_ranges(summary.without_checks)));
   }
-  if (!summary.not_checked.empty()) print_message(tables::not_checked_text(summary.not_checked));
+  print_coverage(files);
+  for (const store::GoverningRow& row : summary.failures_without_line) {
+    fmt::print("Fails without a line in the report: element {}, {} {}\n", row.element,
+               tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
+  }
+  if (!summary.not_checked.empty()) {
+    fmt::print("{}", tables::not_checked_text(summary.not_checked));
+  }
 }
 
 int exit_status(const services::ReportSummary& summary) {
@@ -88,13 +103,17 @@ int exit_status(const services::ReportSummary& summary) {
 }
 
 /// Says what the user should know of the stored results that the report goes by, if there are any.
-void warn_about_stored(const ReportOptions& options, const Files& files) {
+void warn_about_stored(const run::Input& input, const Files& files) {
   if (!fs::exists(files.results)) return;
   const auto reader = store::ResultReader::open(files.results);
-  for (const std::string& text :
-       run::cautions(options.input.model, files.results, reader->state())) {
-    print_message(text);
-  }
+  if (const auto text = run::unfinished_text(files.results, reader->state())) print_message(*text);
+  if (input.combinations.empty()) return;
+  const run::Coverage coverage = run::coverage_of(*reader);
+  print_message(fmt::format(
+      "{}: covers combination {} alone, {} of {}, and the report goes by no other; check the model "
+      "again for all",
+      files.results.string(), model::join_as_ranges(coverage.combinations),
+      coverage.combinations.size(), coverage.of_combinations));
 }
 
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
@@ -114,7 +133,7 @@ int finish(const ReportOptions& options, const Files& files) {
 
 int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
   const Files files = files_of(options);
-  warn_about_stored(options, files);
+  warn_about_stored(input, files);
   const services::ReportSummary summary = run::report(input, report_options(options, files, units));
   if (summary.outcome == services::RunOutcome::complete) print_summary(summary, files);
   for (const auto& [place, count] : summary.assertions) {
@@ -132,7 +151,8 @@ int prepare_and_write(const ReportOptions& options) {
   if (options.open) {
     if (const auto problem = editor_problem()) return stop({*problem});
   }
-  const auto prepared = run::prepare(options.input, options.common.selection);
+  const auto prepared =
+      run::prepare_like(files_of(options).results, options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   if (const auto remark = run::extremes_remark(input)) print_message(*remark);

@@ -8,6 +8,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/remarks.h"
+#include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
@@ -56,7 +57,7 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   if (!remarks.empty()) out += "\n" + tables::remarks_text(remarks);
   const std::vector<store::NotChecked> not_checked = reader.not_checked();
   if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked);
-  return out;
+  return out + "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
 }
 
 std::string governing_text(store::ResultReader& reader, model::Number element,
@@ -94,6 +95,26 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   return out;
 }
 
+std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
+                    const tables::ResultView& view) {
+  if (options.not_checked) {
+    return tables::render(tables::not_checked_table(reader.not_checked()), options.format, false);
+  }
+  return options.element ? element_text(reader, *options.element, options, view)
+                         : list_text(reader, options, view);
+}
+
+/// What the user should know of the results and does not read in what is written.
+void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options,
+                      const fs::path& file) {
+  for (const std::string& text : run::cautions(options.input, file, reader)) print_message(text);
+  const run::Coverage coverage = run::coverage_of(reader);
+  const bool is_said = options.format == tables::Format::table && !options.element;
+  if (!coverage.is_whole() && !is_said) {
+    print_message(fmt::format("{}: covered are {}", file.string(), run::coverage_text(coverage)));
+  }
+}
+
 }  // namespace
 
 int run_results_command(const ResultsOptions& options) {
@@ -108,13 +129,9 @@ int run_results_command(const ResultsOptions& options) {
       return exit_input_error;
     }
     reader = store::ResultReader::open(file);
-    for (const std::string& text : run::cautions(options.input, file, reader->state())) {
-      print_message(text);
-    }
+    say_what_to_know(*reader, options, file);
     if (const auto remark = run::extremes_remark(reader->info())) print_message(*remark);
-    return write_output(options.element ? element_text(*reader, *options.element, options, view)
-                                        : list_text(*reader, options, view),
-                        options.output);
+    return write_output(text_of(*reader, options, view), options.output);
   } catch (const InputError& error) {
     print_message(file.string() + ": " + error.text);
     return exit_input_error;

@@ -128,7 +128,7 @@ def test_a_readable_copy_that_cannot_be_opened_leaves_the_report(frame):
 
 def test_a_path_may_be_in_any_script(frame):
     done = frame("report", "frame.json", "--output", "铝框架 – Größe.alu")
-    assert done.stdout == "Report of 3 elements: 铝框架 – Größe.alu\n"
+    assert done.stdout.startswith("Report of 3 elements: 铝框架 – Größe.alu\n")
     frame("report", "frame.json")
     assert bytes_of(frame, "铝框架 – Größe.alu") == bytes_of(frame, "frame.alu")
 

@@ -28,7 +28,7 @@ def test_elements_that_were_never_checked_are_checked_now_and_stored(frame):
     whole = frame.json("results", "frame.json")
     frame("check", "frame.json", "--elements", "1")
     done = frame("report", "frame.json")
-    assert done.stdout == "Report of 3 elements: frame.alu\n"
+    assert done.stdout.startswith("Report of 3 elements: frame.alu\n")
     assert done.stderr.startswith(
         "checked for the report and added to frame.aluresult: element 1002-1003\n")
     assert text_of(frame) == text_of(frame, "whole.alu")
@@ -63,7 +63,7 @@ def test_an_element_without_forces_is_left_out_and_named(frame):
     frame("check", "frame.json")
     done = frame("report", "frame.json")
     assert elements_of(frame) == [1, 1003]
-    assert done.stdout == "Report of 2 elements: frame.alu\n"
+    assert done.stdout.startswith("Report of 2 elements: frame.alu\n")
     assert done.stderr == "without results: element 1002\n"
 
 
@@ -103,17 +103,17 @@ def test_elements_checked_for_the_report_say_what_was_not_checked(frame):
     listed = frame("check", "frame.json", "--format", "csv").stderr
     (frame.folder / "frame.aluresult").unlink()
     done = frame("report", "frame.json")
-    assert "  not checked\n" in listed and listed[listed.index("  not checked\n"):] in done.stderr
+    assert "  not checked\n" in listed
+    assert listed[listed.index("  not checked\n"):].strip() in done.stdout
     assert frame.json("results", "frame.json") == stored
 
 
 # What the user should know of the results
 
-def test_a_model_that_is_newer_than_its_results_comes_with_a_warning(frame):
+def test_a_model_that_was_only_touched_is_the_same_model(frame):
     later = time.time() + 10
     os.utime(frame.folder / "frame.json", (later, later))
-    assert "frame.json is newer than its results; check it again\n" in frame(
-        "report", "frame.json").stderr
+    assert frame("report", "frame.json").stderr == ""
 
 
 @pytest.mark.parametrize("state, words", [

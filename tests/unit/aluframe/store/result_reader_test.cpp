@@ -90,6 +90,32 @@ TEST_F(ResultReaderTest, ListsWhatCouldNotBeCheckedInTheOrderAdded) {
   EXPECT_THAT(ResultReader::open(file)->not_checked(), ElementsAre(whole, part));
 }
 
+TEST_F(ResultReaderTest, TheLargestUncheckedForceComesBack) {
+  const NotChecked item{5, std::nullopt, "torsion", LargestForce{"Mx", 1.5e6, 4, 7, 1}};
+  const auto writer = ResultWriter::create(file, {});
+  writer->add_not_checked(item);
+  writer->finish(RunState::complete);
+  EXPECT_THAT(ResultReader::open(file)->not_checked(), ElementsAre(item));
+}
+
+TEST_F(ResultReaderTest, HowTheRunWasMadeComesBack) {
+  RunInfo info;
+  info.setup = {.analysis = "second-order",
+                .second_order_asked = true,
+                .forces_file = "../forces.csv",
+                .settings = {{"ribs", "off", "given"}, {"safety_class", "2", "default"}}};
+  info.model_elements = 12;
+  info.model_combinations = 3;
+  ResultWriter::create(file, info)->finish(RunState::complete);
+  const RunInfo read = ResultReader::open(file)->info();
+  EXPECT_EQ(read.setup.analysis, "second-order");
+  EXPECT_TRUE(read.setup.second_order_asked);
+  EXPECT_EQ(read.setup.forces_file, "../forces.csv");
+  EXPECT_EQ(read.setup.settings, info.setup.settings);
+  EXPECT_EQ(read.model_elements, 12U);
+  EXPECT_EQ(read.model_combinations, 3U);
+}
+
 TEST_F(ResultReaderTest, AMissingFileIsNamed) {
   EXPECT_THAT(open_error(), AllOf(HasSubstr("frame.aluresult"), HasSubstr("no such file")));
 }

@@ -13,30 +13,6 @@ namespace {
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
-TEST(NotCheckedText, ElementsAreGroupedByReasonAndCombination) {
-  EXPECT_EQ(not_checked_text({{4, std::nullopt, "no forces"},
-                              {2, std::nullopt, "no forces"},
-                              {3, std::nullopt, "no forces"},
-                              {3, 7, "no forces"}}),
-            "  not checked\n"
-            "    element 2-4: no forces\n"
-            "    element 3, combination 7: no forces\n");
-}
-
-TEST(NotCheckedText, ReasonsStandInOrderAndElementsThatLieApartAreListed) {
-  EXPECT_EQ(not_checked_text({{9, std::nullopt, "torsion"},
-                              {1, std::nullopt, "no forces"},
-                              {5, std::nullopt, "torsion"}}),
-            "  not checked\n"
-            "    element 1: no forces\n"
-            "    element 5, 9: torsion\n");
-}
-
-TEST(NotCheckedText, AnElementIsNamedOncePerReason) {
-  EXPECT_EQ(not_checked_text({{1, std::nullopt, "torsion"}, {1, std::nullopt, "torsion"}}),
-            "  not checked\n    element 1: torsion\n");
-}
-
 TEST(ResultNames, CheckItemsHaveNames) {
   const char* const names[] = {"strength",           "shear y", "shear z",       "stability",
                                "combined stability", "unused",  "slenderness y", "slenderness z"};

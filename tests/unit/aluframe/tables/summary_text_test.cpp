@@ -7,14 +7,15 @@
 namespace aluframe::tables {
 namespace {
 
-model::Model sample_model() {
-  model::Model model;
+run::Input sample_input() {
+  run::Input input;
+  model::Model& model = input.model;
   model.title = "Portal";
   model::Combination named;
   named.number = 3;
   named.name = "ULS";
   model.combinations.add(named);
-  return model;
+  return input;
 }
 
 services::CheckSummary sample_summary() {
@@ -36,8 +37,14 @@ services::WorstCheck worst(UINT combination, int min_side) {
           {.nPos = 4, .dDemand = 66, .dCapacity = 55, .nLComb = combination, .nMinSide = min_side}};
 }
 
+std::string text_of(const run::Input& input, const services::CheckSummary& summary) {
+  run::CheckResult result;
+  result.summary = summary;
+  return summary_text(input, result);
+}
+
 std::string line_of(const services::CheckSummary& summary, const std::string& name) {
-  const std::string text = summary_text(sample_model(), summary);
+  const std::string text = text_of(sample_input(), summary);
   const std::size_t start = text.find("  " + name);
   return start == std::string::npos ? "" : text.substr(start, text.find('\n', start) - start);
 }
@@ -47,7 +54,7 @@ TEST(SummaryText, SaysWhatWasDoneAndWhatGoverns) {
   services::CheckSummary summary = sample_summary();
   summary.elements_over_limit = 1;
   summary.worst = worst(3, 0);
-  EXPECT_EQ(summary_text(sample_model(), summary),
+  EXPECT_EQ(text_of(sample_input(), summary),
             "Portal\n"
             "  elements      4 of 5 checked\n"
             "  combinations  3\n"
@@ -92,13 +99,13 @@ TEST(SummaryText, CountsElementsOverOne) {
 TEST(SummaryText, ListsWhatWasNotChecked) {
   services::CheckSummary summary = sample_summary();
   summary.not_checked = {{5, std::nullopt, "no forces in any combination"}};
-  const std::string text = summary_text(sample_model(), summary);
+  const std::string text = text_of(sample_input(), summary);
   EXPECT_NE(text.find("  not checked\n    element 5: no forces in any combination\n"),
             std::string::npos);
 }
 
 TEST(SummaryText, AModelWithoutATitleIsUntitled) {
-  EXPECT_EQ(summary_text(model::Model(), sample_summary()).find("Untitled model\n"), 0U);
+  EXPECT_EQ(text_of(run::Input(), sample_summary()).find("Untitled model\n"), 0U);
 }
 
 }  // namespace

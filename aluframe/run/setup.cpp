@@ -1,0 +1,108 @@
+#include "aluframe/run/setup.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "aluframe/forces/compute_forces.h"
+#include "aluframe/members/length_factors.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using store::SettingRow;
+
+/// γ0 of the safety classes (GB 50429-2007, as GB 50068 has it).
+constexpr std::array<double, 3> gamma_0{1.1, 1.0, 0.9};
+
+const char* origin_of(const SetupOrigins& origins, std::string_view field) {
+  return std::ranges::find(origins.given_settings, field) == origins.given_settings.end()
+             ? "default"
+             : "given";
+}
+
+SettingRow ribs_row(const model::Model& model, const model::DesignSettings& settings,
+                    const SetupOrigins& origins) {
+  const auto own = std::ranges::count_if(
+      model.elements, [](const model::Element& element) { return element.design.rib.has_value(); });
+  std::string value = settings.rib ? fmt::format("on, ratio {}", settings.rib_ratio) : "off";
+  if (own > 0) value += fmt::format("; {} element{} of its own", own, own == 1 ? "" : "s");
+  return {"ribs", value, origin_of(origins, "rib")};
+}
+
+SettingRow seismic_row(const model::DesignSettings& settings, const SetupOrigins& origins) {
+  const std::string value =
+      settings.seismic ? fmt::format("on, gammaRE {} strength, {} stability",
+                                     settings.gamma_re_strength, settings.gamma_re_stability)
+                       : "off";
+  return {"seismic_factors", value, origin_of(origins, "seismic")};
+}
+
+bool is_given(members::FactorSource source) {
+  return source == members::FactorSource::given_element ||
+         source == members::FactorSource::given_member;
+}
+
+bool is_computed(members::FactorSource source) {
+  return source == members::FactorSource::non_sway || source == members::FactorSource::sway ||
+         source == members::FactorSource::cantilever;
+}
+
+/// "5 computed, 1 given, 2 taken as 1" of members and elements that belong to none.
+SettingRow length_factors_row(const model::Model& model) {
+  std::array<std::size_t, 3> counts{};
+  constexpr std::array<std::string_view, 3> names{"computed", "given", "taken as 1"};
+  for (const members::StretchFactors& of : members::length_factors(model)) {
+    const bool computed = is_computed(of.y.source) || is_computed(of.z.source);
+    const std::size_t kind = computed ? 0 : is_given(of.y.source) ? 1 : 2;
+    ++counts[kind];
+  }
+  std::string value;
+  for (std::size_t kind = 0; kind < counts.size(); ++kind) {
+    if (counts[kind] == 0) continue;
+    value += fmt::format("{}{} {}", value.empty() ? "" : ", ", counts[kind], names[kind]);
+  }
+  const bool only_given = counts[0] == 0 && counts[2] == 0;
+  const char* origin = only_given ? "given" : "default";
+  return {"length_factors", value, counts[0] > 0 ? "from the frame" : origin};
+}
+
+SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) {
+  if (model.analysis.second_order) {
+    return {"analysis", "second-order", origins.second_order_asked ? "--second-order" : "given"};
+  }
+  const bool has_loads = std::ranges::any_of(model.load_cases, forces::has_loads);
+  const bool has_forces = model.forces != model::ForceTable();
+  const std::string file = origins.forces ? origins.forces->filename().string() : "given";
+  if (!has_forces) return {"analysis", "linear", "default"};
+  return {"analysis", has_loads ? "linear, beside given forces" : "given forces", file};
+}
+
+std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins) {
+  const model::DesignSettings settings = model.design.value_or(model::DesignSettings());
+  const auto grade = static_cast<std::size_t>(settings.safety_class - 1);
+  return {{"safety_class", fmt::format("{}, gamma0 {}", settings.safety_class, gamma_0.at(grade)),
+           origin_of(origins, "safety_class")},
+          ribs_row(model, settings, origins),
+          {"strength_ratio", fmt::format("{}", settings.strength_ratio),
+           origin_of(origins, "strength_ratio")},
+          seismic_row(settings, origins),
+          length_factors_row(model),
+          analysis_row(model, origins)};
+}
+
+}  // namespace
+
+store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins) {
+  store::RunSetup setup;
+  setup.settings = rows_of(model, origins);
+  setup.analysis = setup.settings.back().value;
+  setup.second_order_asked = origins.second_order_asked;
+  return setup;
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "aluframe/model/model.h"
+#include "aluframe/store/result_file.h"
+
+namespace aluframe::run {
+
+/// Where what a run goes by comes from.
+struct SetupOrigins {
+  std::vector<std::string> given_settings;      ///< fields of the model's "settings"
+  std::optional<std::filesystem::path> forces;  ///< file in place of the model's forces
+  bool second_order_asked = false;              ///< on request, not by the model
+};
+
+/// The settings that matter for every ratio and where they come from: safety class, ribs, strength
+/// ratio, seismic factors, length factors, and how forces come about. `model` has its members, and
+/// the forces that it is given, but none that are computed.
+store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins);
+
+}  // namespace aluframe::run

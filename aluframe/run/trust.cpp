@@ -1,0 +1,94 @@
+// Whether stored results are to be trusted: what they cover, how they were made, and whether the
+// model is still as it was.
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+#include <variant>
+
+#include "aluframe/run/results.h"
+
+namespace aluframe::run {
+
+namespace fs = std::filesystem;
+
+Coverage coverage_of(store::ResultReader& reader) {
+  const store::RunInfo& info = reader.info();
+  const std::vector<std::uint32_t> stored = reader.elements();
+  std::set<std::uint32_t> elements(stored.begin(), stored.end());
+  for (const store::NotChecked& item : reader.not_checked()) {
+    if (!item.combination) elements.insert(item.element);
+  }
+  Coverage coverage{.elements = elements.size(),
+                    .of_elements = info.model_elements,
+                    .combinations = {},
+                    .of_combinations = info.model_combinations,
+                    .analysis = info.setup.analysis};
+  for (const store::CombinationRow& row : info.combinations) {
+    coverage.combinations.push_back(row.number);
+  }
+  return coverage;
+}
+
+std::string coverage_text(const Coverage& coverage) {
+  return fmt::format("elements {} of {}, combinations {} of {}, forces: {}", coverage.elements,
+                     coverage.of_elements, coverage.combinations.size(), coverage.of_combinations,
+                     coverage.analysis);
+}
+
+InputOptions as_checked(const InputOptions& options, const fs::path& file,
+                        const store::RunInfo& info) {
+  InputOptions out = options;
+  out.second_order = out.second_order || info.setup.second_order_asked;
+  if (!out.forces && !info.setup.forces_file.empty()) {
+    out.forces = (file.parent_path() / info.setup.forces_file).lexically_normal();
+  }
+  return out;
+}
+
+Result<Input> prepare_like(const fs::path& results, const InputOptions& options,
+                           const Selection& selection) {
+  if (!fs::exists(results)) return prepare(options, selection);
+  const auto reader = store::ResultReader::open(results);
+  auto prepared = prepare(as_checked(options, results, reader->info()), selection);
+  auto* input = std::get_if<Input>(&prepared);
+  if (input == nullptr) return prepared;
+  const Coverage coverage = coverage_of(*reader);
+  if (coverage.combinations.size() < coverage.of_combinations) {
+    input->combinations = {coverage.combinations.begin(), coverage.combinations.end()};
+  }
+  return prepared;
+}
+
+std::optional<std::string> unfinished_text(const fs::path& file, store::RunState state) {
+  switch (state) {
+    case store::RunState::complete:
+      return std::nullopt;
+    case store::RunState::running:
+      return file.string() + ": these results are of a run that did not finish";
+    default:
+      return file.string() + ": these results are of a run that was stopped before its end";
+  }
+}
+
+std::vector<std::string> cautions(const fs::path& input, const fs::path& file,
+                                  store::ResultReader& reader) {
+  std::vector<std::string> out;
+  if (auto text = unfinished_text(file, reader.state())) out.push_back(*std::move(text));
+  if (input == file) return out;
+  const auto read = read_input(as_checked({.model = input}, file, reader.info()));
+  if (const auto* problem = std::get_if<Problem>(&read)) {
+    out.push_back(
+        fmt::format("{}: cannot be compared with the model: {}", file.string(), problem->text));
+  } else if (std::get<Input>(read).digest != reader.info().model_digest) {
+    out.push_back(
+        fmt::format("{}: these results are of another state of {} or its forces; check "
+                    "it again",
+                    file.string(), input.string()));
+  }
+  return out;
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,103 @@
+#include "aluframe/tables/not_checked_tables.h"
+
+#include <fmt/format.h>
+
+#include <string_view>
+
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/run/not_checked.h"
+#include "aluframe/tables/result_tables.h"
+
+namespace aluframe::tables {
+
+namespace {
+
+bool is_moment(const store::LargestForce& force) {
+  return force.component.starts_with('M');
+}
+
+/// "12.5 kN", "0.75 kN·m".
+std::string magnitude_text(const store::LargestForce& force) {
+  constexpr double kilo = 1e3, kilo_metre = 1e6;  // N in a kN, N·mm in a kN·m
+  return is_moment(force) ? fmt::format("{:.4g} kN·m", force.magnitude / kilo_metre)
+                          : fmt::format("{:.4g} kN", force.magnitude / kilo);
+}
+
+/// "largest Mx 0.75 kN·m at element 2, combination 3, position J", for every force of a group and
+/// behind a separator.
+std::string largest_text(const run::NotCheckedGroup& group, std::string_view separator) {
+  std::string out;
+  for (const store::NotChecked& item : group.largest) {
+    const store::LargestForce& force = *item.largest;
+    out += fmt::format("{}largest {} {} at element {}, combination {}{}, position {}", separator,
+                       force.component, magnitude_text(force), item.element, force.combination,
+                       force.min_side != 0 ? " (minimum side)" : "", position_name(force.position));
+  }
+  return out;
+}
+
+/// "element 2-4, combination 7".
+std::string place_text(const run::NotCheckedGroup& group) {
+  std::string out = "element " + model::join_as_ranges(group.elements);
+  if (!group.combinations.empty()) {
+    out += ", combination " + model::join_as_ranges(group.combinations);
+  }
+  return out;
+}
+
+Cell whole(std::uint32_t value) {
+  return static_cast<std::int64_t>(value);
+}
+
+void add_largest(std::vector<Cell>& row, const store::NotChecked& item) {
+  const store::LargestForce& force = *item.largest;
+  row.insert(row.end(),
+             {force.component, force.magnitude, std::string(is_moment(force) ? "N·mm" : "N"),
+              whole(item.element), whole(force.combination),
+              force.min_side != 0 ? Cell(std::string("min")) : Cell(),
+              std::string(position_name(force.position))});
+}
+
+}  // namespace
+
+std::string not_checked_text(const std::vector<store::NotChecked>& items) {
+  std::string out = "  not checked\n";
+  for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
+    out += fmt::format("    {}: {}{}\n", place_text(group), group.reason,
+                       largest_text(group, "\n      "));
+  }
+  return out;
+}
+
+OutputTable not_checked_table(const std::vector<store::NotChecked>& items) {
+  OutputTable table;
+  for (const char* key : {"reason", "elements", "combinations", "force", "magnitude", "unit",
+                          "element", "combination", "side", "position"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+  for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
+    const std::vector<Cell> start{group.reason, model::join_as_ranges(group.elements),
+                                  group.combinations.empty()
+                                      ? Cell(std::string("all"))
+                                      : Cell(model::join_as_ranges(group.combinations))};
+    for (const store::NotChecked& item : group.largest) {
+      table.rows.push_back(start);
+      add_largest(table.rows.back(), item);
+    }
+    if (!group.largest.empty()) continue;
+    table.rows.push_back(start);
+    table.rows.back().resize(table.columns.size());
+  }
+  return table;
+}
+
+std::string not_checked_line(const std::vector<store::NotChecked>& items) {
+  std::string out;
+  for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
+    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason, place_text(group),
+                       largest_text(group, "; "));
+  }
+  return out;
+}
+
+}  // namespace aluframe::tables
