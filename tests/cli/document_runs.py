@@ -46,7 +46,8 @@ def folder_for(page, parent):
 def execute(command, folder, given=""):
     environment = os.environ | {
         "PATH": f"{folder / PROGRAMS}:{os.environ['PATH']}", "LC_ALL": "C.UTF-8", "VISUAL": "true",
-        "ASAN_OPTIONS": "verify_asan_link_order=0"}  # stdbuf stands in front of the sanitizer's library
+        # stdbuf stands in front of the sanitizer's library.
+        "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"}
     # Lines in the order of a terminal, whichever of the two outputs they go to.
     done = subprocess.run(["stdbuf", "-oL", "bash", "-c", command], cwd=folder, input=given, text=True, check=False,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120, env=environment)

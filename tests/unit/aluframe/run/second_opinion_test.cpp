@@ -98,7 +98,7 @@ Unchecked unchecked(Unchecked::Kind kind, double magnitude) {
 store::RemarkRow remark_of(const Unchecked& item) {
   RunSafe run;
   run.unchecked.push_back(item);
-  return unchecked_remarks(run).at(0);
+  return unchecked_remarks(run, model::Model()).at(0);
 }
 
 TEST(UncheckedRemarks, NameTheRuleTheElementsAndTheLargestForce) {
@@ -140,7 +140,7 @@ TEST(UncheckedRemarks, WithoutARatioHaveNoPlaceOfIt) {
 }
 
 TEST(UncheckedRemarks, OfACleanRunAreNone) {
-  EXPECT_TRUE(unchecked_remarks({}).empty());
+  EXPECT_TRUE(unchecked_remarks({}, model::Model()).empty());
 }
 
 }  // namespace
