@@ -135,7 +135,18 @@ void ElementOpinion::ask_shear(const Position& at, const T_RALU_SECT& code, Take
   ask(RALU_SHEAR_Z, at.force.dForce[ALU_FORCE_FZ], units_.shear_z);
 }
 
-/// C1, C2, C3, C4, S6: lateral-torsional buckling as if no axial force acted, with |My| and Mz.
+/// C6: both shear forces of a round section meet at one place of its wall.
+template <class Take>
+void ElementOpinion::ask_resultant_shear(const Position& at, Take& take) const {
+  const auto shape = subject_.data.code.sect.nShape;
+  if (shape != ALU_SHAPE_P && shape != ALU_SHAPE_SR) return;
+  const double fy = at.force.dForce[ALU_FORCE_FY], fz = at.force.dForce[ALU_FORCE_FZ];
+  if (fy == 0.0 || fz == 0.0) return;
+  const double stress = std::hypot(fy * units_.shear_y, fz * units_.shear_z);
+  take(Answer{RALU_SHEAR_Z, at.k_strength * stress / units_.fv, Rule::c6});
+}
+
+/// C1, C2, C3, C4, S6, S8: lateral-torsional buckling as if no axial force acted, with |My| and Mz.
 template <class Take>
 void ElementOpinion::ask_lateral(const Position& at, Take& take) const {
   const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
@@ -287,13 +298,14 @@ void ElementOpinion::take_axial_coefficients(const Position& at, BeamColumn& out
   correct(axial_.safe_z, out.phi_z, axial_.rules_z, out.z, out.rules_z);
 }
 
-/// S6: the critical moment with the ends held against twisting.
+/// S6, S8: the critical moment with the ends held against twisting, the same at ends and in the
+/// span.
 void ElementOpinion::hold_twist(const Position& at, BeamColumn& out) const {
   const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
-  if (!unit.rules.contains(Rule::s6)) return;
+  if (!unit.rules.contains(Rule::s6) && !unit.rules.contains(Rule::s8)) return;
   const double free_ends = out.is_turned ? unit.free_ends : unit.code;
   out.z += at.k_stability * std::fabs(at.my) * (unit.safe - free_ends) / units_.f;
-  out.rules_z = out.rules_z | Rule::s6;
+  out.rules_z = out.rules_z | unit.rules;
 }
 
 template <class Take>
@@ -338,6 +350,7 @@ void ElementOpinion::each_answer(const AluDgnSectForce& force, const T_RALU_SECT
   if (!units_.formed) return;
   const Position at = position_of(force);
   ask_shear(at, code, take);
+  ask_resultant_shear(at, take);
   if (at.is_bent) {
     ask_lateral(at, take);
     ask_strength(at, take);

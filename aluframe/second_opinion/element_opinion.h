@@ -76,6 +76,8 @@ class ElementOpinion {
   template <class Take>
   void ask_shear(const Position& at, const T_RALU_SECT& code, Take& take);
   template <class Take>
+  void ask_resultant_shear(const Position& at, Take& take) const;
+  template <class Take>
   void ask_lateral(const Position& at, Take& take) const;
   template <class Take>
   void ask_strength(const Position& at, Take& take);

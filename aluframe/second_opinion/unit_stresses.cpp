@@ -109,6 +109,19 @@ double smaller_euler_force(Engine& engine, const ALU_DGN_DATA& plain) {
   return std::min(engine.report(ALU_REPORT_N_EY), engine.report(ALU_REPORT_N_EZ));
 }
 
+/// S8: the sign of the shear centre's distance is the same at an end and in the span, so the larger
+/// stress of the two counts at both.
+void take_larger(LateralUnit& inner, LateralUnit& end) {
+  const auto raise = [](LateralUnit& unit, const LateralUnit& other) {
+    if (!(other.safe > unit.safe * (1.0 + 1e-9))) return;
+    unit.safe = other.safe;
+    unit.rules = other.rules | Rule::s8;
+  };
+  const LateralUnit inner_alone = inner;
+  raise(inner, end);
+  raise(end, inner_alone);
+}
+
 /// Whether the checks take an effective section in compression alone, in which every plate is
 /// judged as uniformly compressed.
 bool has_slender_plate(Engine& engine, const ALU_DGN_DATA& data) {
@@ -156,6 +169,7 @@ UnitStresses unit_stresses(Engine& engine, const Subject& subject) {
       out.lateral[end ? 1 : 0][negative ? 1 : 0] = lateral.ask(end, negative);
     }
   }
+  for (const std::size_t sign : {0U, 1U}) take_larger(out.lateral[0][sign], out.lateral[1][sign]);
   return out;
 }
 
