@@ -114,12 +114,14 @@ void DesignManager::start_adding() {
                    : create_writer_(result_path_, info_);
 }
 
-void DesignManager::close_stored_results() {
+void DesignManager::close_stored_results(
+    const std::function<void(store::ResultWriter&)>& before_finish) {
   stored_.reset();
   if (writer_ == nullptr) return;
   for (const store::NotChecked& item : monitor_.not_checked()) {
     writer_->add_not_checked(item);
   }
+  if (before_finish) before_finish(*writer_);
   writer_->finish(stored_state_);
 }
 

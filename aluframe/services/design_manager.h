@@ -48,8 +48,9 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   /// written are added to it. @throws std::runtime_error with the path and the reason when it
   /// cannot be read or holds those of a different run
   void use_stored_results();
-  /// Ends what `use_stored_results` began. @throws std::runtime_error
-  void close_stored_results();
+  /// Ends what `use_stored_results` began; what was added is completed by `before_finish`, if any.
+  /// @throws std::runtime_error
+  void close_stored_results(const std::function<void(store::ResultWriter&)>& before_finish);
   /// Elements whose results were added to the stored ones, by number.
   const std::set<std::uint32_t>& added() const { return added_; }
 

@@ -74,7 +74,7 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
 ReportSummary write_report(Session& session, const std::filesystem::path& path,
                            const std::filesystem::path& result_path) {
   const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
-  session.manager().close_stored_results();
+  session.manager().close_stored_results(session.options().before_finish);
   if (const auto& failure = session.monitor().failure()) {
     return failed(*failure + "; the report is incomplete");
   }

@@ -109,14 +109,13 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
   add_language(*check, options.language);
-  check->add_flag_function(
-      "--strict{checks}",
-      [check, &options](std::int64_t) {
-        const std::string word = check->get_option("--strict")->as<std::string>();
+  check->add_flag("--strict{checks}")
+      ->description(
+          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
+          "at what is not checked")
+      ->each([&options](const std::string& word) {
         options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
-      },
-      "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-      "at what is not checked");
+      });
   add_parsed(*check, "--second-opinion", options.second_opinion,
              one_of(parse_second_opinion, "on, off"),
              "Safe ratios beside those of the checks: on or off");

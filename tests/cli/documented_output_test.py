@@ -1,43 +1,88 @@
-"""What README.md and docs/members.md show is what the program prints, but for the time that a run takes."""
+"""What README.md and the pages below docs show is what the program does.
 
-import re
-import shlex
-import shutil
+Every fenced block is run: commands and the output shown beside them, models, tables, queries. After a change of
+the program's output
+
+    REFRESH_DOCS=1 /usr/bin/python3 -m pytest tests/cli/documented_output_test.py
+
+with ALUFRAME set to the program writes the output of today into the pages; what is left out with "..." stays left
+out, and values that change from run to run stay as they are.
+"""
+
+import json
+import os
+import sqlite3
 
 import pytest
 from conftest import ROOT
-from members_test import PORTAL
+from document_coverage import FRAGMENTS, TEXTS
+from document_matching import difference, refreshed, same_lines
+from document_runs import folder_for, run_block
+from documents import blocks_in, blocks_of, lines_of, pages
+
+ALL_BLOCKS = [(page, number) for page in pages() for number in range(len(blocks_of(page)))]
 
 
-def shown_in(page):
-    """Commands of a page with the lines that it shows of their output."""
-    text = (ROOT / page).read_text(encoding="utf-8")
-    for block in re.findall(r"```\n(\$ .*?)```", text, re.DOTALL):
-        for part in block.split("$ aluframe ")[1:]:
-            command, _, output = part.partition("\n")
-            yield pytest.param(shlex.split(command), output.strip().split("\n"), id=command)
+@pytest.fixture(scope="session")
+def runs_of(tmp_path_factory):
+    """What came of the blocks of a page, in their order, for later ones go on with what earlier ones wrote."""
+    done = {}
+
+    def of(page):
+        if page not in done:
+            folder = folder_for(page, tmp_path_factory.mktemp("documented"))
+            done[page] = [(block, outcome_of(block, folder)) for block in blocks_of(page)]
+            if os.environ.get("REFRESH_DOCS"):
+                done[page] = refresh(page, done[page])
+        return done[page]
+
+    return of
 
 
-def without_time(lines):
-    return [line.rstrip() for line in lines if not line.startswith("  time ")]
+def outcome_of(block, folder):
+    """The runs of a block, or the reason that there are none."""
+    try:
+        return run_block(block, folder)
+    except (AssertionError, ValueError, OSError, sqlite3.Error) as fault:
+        return fault
 
 
-@pytest.fixture(scope="module")
-def checked_example(tmp_path_factory):
-    folder = tmp_path_factory.mktemp("documented")
-    shutil.copytree(ROOT / "examples", folder / "examples")
-    return folder
+def refresh(page, outcomes):
+    """Writes what was printed in place of what the page shows; from the end, so that places in front stay."""
+    lines = lines_of(page)
+    for block, runs in reversed(outcomes):
+        for run in reversed([] if isinstance(runs, Exception) else runs):
+            if run.first is not None and run.status == 0:
+                start = block.start + run.first
+                lines[start:start + len(run.shown)] = refreshed(run.shown, run.printed)
+    (ROOT / page).write_text("\n".join(lines), encoding="utf-8")
+    return [(block, runs if isinstance(runs, Exception) else with_shown(block, runs))
+            for block, (_, runs) in zip(blocks_in(page, lines), outcomes)]
 
 
-@pytest.mark.parametrize("command, output", shown_in("README.md"))
-def test_the_readme_shows_what_is_printed(aluframe, checked_example, command, output):
-    aluframe.folder = checked_example  # results of the first command serve the second
-    done = aluframe(*command)
-    printed = (done.stderr + done.stdout).strip().split("\n")
-    assert without_time(printed) == without_time(output)
+def with_shown(block, runs):
+    return [run if run.first is None else run._replace(shown=refreshed(run.shown, run.printed)) for run in runs]
 
 
-@pytest.mark.parametrize("command, output", shown_in("docs/members.md"))
-def test_the_page_on_members_shows_what_is_printed(aluframe, command, output):
-    aluframe.write(PORTAL, "portal.json")
-    assert without_time(aluframe(*command).stdout.strip().split("\n")) == without_time(output)
+@pytest.mark.parametrize("page, number", ALL_BLOCKS, ids=[f"{page}-{number}" for page, number in ALL_BLOCKS])
+def test_a_block_shows_what_the_program_does(runs_of, page, number):
+    block, outcome = runs_of(page)[number]
+    assert not isinstance(outcome, Exception), f"{block.place}: {outcome}"
+    for run in outcome:
+        assert run.status == 0, f"{block.place}: {run.command}\n" + "\n".join(run.printed)
+        same = run.shown is None or same_lines(run.shown, run.printed)
+        assert same, f"{block.place}: {run.command}\n{difference(run.shown, run.printed)}"
+
+
+def test_the_check_point_of_its_page_stands_in_the_examples():
+    shown = next(block for block in blocks_of("docs/points.md") if block.language == "json")
+    stored = (ROOT / "examples/points.jsonl").read_text(encoding="utf-8").partition("\n")[0]
+    assert json.loads(shown.text) == json.loads(stored)
+
+
+# A rule for a block that is no more would hide that its page lost it.
+@pytest.mark.parametrize("table", [FRAGMENTS, TEXTS], ids=["parts of models", "texts"])
+def test_every_rule_has_its_block(table):
+    blocks = [block for page in pages() for block in blocks_of(page)]
+    assert [key for key in table if not any(
+        block.page == key[0] and block.opens_with(key[1]) for block in blocks)] == []

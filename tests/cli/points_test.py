@@ -2,15 +2,14 @@
 
 import json
 import os
-import re
 import subprocess
 
 import pytest
 
 from conftest import ROOT
 
-DOCUMENT = (ROOT / "docs" / "points.md").read_text(encoding="utf-8")
-EXAMPLE = re.search(r"^echo '(\{.*\})' \| build/release/bin/aluframe points$", DOCUMENT, re.M).group(1)
+# The points of docs/points.md; the first one is worked out there.
+EXAMPLE = (ROOT / "examples" / "points.jsonl").read_text(encoding="utf-8").splitlines()[0]
 
 
 def answers(text):
@@ -38,7 +37,6 @@ def test_the_documented_example_gives_the_documented_results(program):
     assert slender_y == slender_z == pytest.approx([100, 400], rel=1e-14)
     assert answer["sectpara"] == pytest.approx([1256.637] + [6283.185] * 3 + [0] * 3, rel=1e-14)
     assert answer["report"][:4] == pytest.approx([400, 0.85 * 1256.637, 200, 0], rel=1e-14)
-    assert "46.81,200" in DOCUMENT and "1068.14" in DOCUMENT
 
 
 def test_a_file_is_read_as_standard_input_is(aluframe, program):

@@ -61,7 +61,7 @@ TEST(DocumentedExample, HasItsForcesAndCombination) {
   const model::Model model = model_of(documented_example());
   const model::CaseForces* dead = model.forces.find(0, 0);
   ASSERT_NE(dead, nullptr);
-  EXPECT_FALSE(dead->inner);
+  EXPECT_TRUE(dead->inner);
   EXPECT_FLOAT_EQ(dead->at[0][0], -1200.0F);
   EXPECT_FLOAT_EQ(dead->at[4][0], -900.0F);
   const model::CaseForces* wind = model.forces.find(0, 1);

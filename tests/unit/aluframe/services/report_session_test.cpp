@@ -38,7 +38,7 @@ class ReportSession : public ColumnsRun {
     const Binding binding(session);
     session.manager().use_stored_results();
     EXPECT_EQ(IAluDgnDataMgr::Instance()->MakeReport(nullptr, L""), 1);
-    session.manager().close_stored_results();
+    session.manager().close_stored_results(nullptr);
     std::ifstream file(folder_.path() / "columns.alu", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
@@ -116,7 +116,7 @@ TEST_F(ReportSession, UnitsOfTheSessionAreRestored) {
   session.manager().use_stored_results();
   IAluDgnDataMgr::Instance()->MakeReport(nullptr, L"");
   EXPECT_EQ(session.DocPoint()->GetUnitCtrl().GetUnitIndexCurrent(), (T_UNIT_INDEX{1, 0}));
-  session.manager().close_stored_results();
+  session.manager().close_stored_results(nullptr);
 }
 
 }  // namespace

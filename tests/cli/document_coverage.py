@@ -1,0 +1,107 @@
+"""What must be known of blocks in the documentation beside their language: where they belong, what they stand for,
+and which commands are not run. A block that neither its language nor a table here covers fails the tests."""
+
+from typing import NamedTuple
+
+# Commands that the pages show and the tests do not run: what they begin with, and why.
+NOT_RUN = {
+    "./dev": "installs packages and builds; `desktop` opens a window",
+    "cmake": "builds or installs the program under test",
+    "/usr/bin/python3 -m pytest": "a test of its own, beside this one",
+    "tests/verification/run_second_computation.py": "takes minutes; a test of its own runs fewer points",
+}
+
+# What a page takes as done before its first block, in the folder where its commands run.
+BEFORE = {
+    # A catalogue of the office beside the folder of the model.
+    "docs/sections.md": ["mkdir ../profiles && printf 'name,shape,D\\nRod 21,SR,21\\n' > ../profiles/office.csv"],
+    "docs/result-file.md": ["aluframe check examples/portal-bracket.json"],  # "a check run stores its results"
+    "docs/settings.md": ["aluframe check examples/portal-bracket.json"],  # results that get out of date
+}
+
+# Where pages lie whose `text` blocks are steps worked out by hand; tests/verification compares their results.
+WORKED_EXAMPLES = "docs/verification/"
+
+# Tables of comma-separated values by how they begin: under which name they are read, and by what.
+CSV_FILES = {
+    "element,case,position": ("forces.csv", "aluframe validate model.json --forces forces.csv"),
+    "name,shape": ("mine.csv", "aluframe section --catalogue mine.csv --list"),
+}
+
+# The results that queries of the pages go to.
+QUERIED = "examples/portal-bracket.aluresult"
+
+# A portal without loads, for parts of model files that the pages show alone.
+PORTAL = {
+    "format": "aluframe-model",
+    "version": 1,
+    "materials": [{"number": 1, "alloy": "6061-T6"}],
+    "sections": [{"number": 1, "shape": "P", "dimensions": {"D": 100, "t": 5}}],
+    "nodes": [{"number": number, "x": x, "y": 0, "z": z}
+              for number, x, z in [(1, 0, 0), (2, 0, 3), (3, 4, 3), (4, 4, 0)]],
+    "supports": [{"node": 1, "restrained": "all"}, {"node": 4, "restrained": "all"}],
+    "elements": [{"number": number, "nodes": [number, number + 1], "section": 1, "material": 1}
+                 for number in (1, 2, 3)],
+}
+
+
+def in_the_portal(part):
+    return PORTAL | part
+
+
+def on_an_element_of_the_portal(part):
+    first, *others = PORTAL["elements"]
+    return PORTAL | {"elements": [first | part, *others]}
+
+
+def as_load_case_of_the_portal(part):
+    """The elements that the load case names are those of a larger model; here the first one stands for them."""
+    loads = [load | {"elements": [1]} for load in part["span"]]
+    return PORTAL | {"load_cases": [part | {"span": loads}]}
+
+
+# JSON that is a part of a model: by page and beginning, what makes a whole model of it.
+FRAGMENTS = {
+    ("README.md", '{"number": 1, "name": "DL"'): as_load_case_of_the_portal,
+    ("docs/model-file.md", '"design"'): on_an_element_of_the_portal,
+    ("docs/model-file.md", '"load_cases"'): in_the_portal,
+    ("docs/model-file.md", '"supports"'): in_the_portal,
+    ("docs/sections.md", '"catalogues"'): in_the_portal,
+}
+
+
+class Drawing(NamedTuple):
+    """A picture in characters."""
+    of: str
+
+
+class Answer(NamedTuple):
+    """What a command answers to an input, spaces and line breaks aside."""
+    command: str
+    given: str = ""
+
+
+class Excerpt(NamedTuple):
+    """Lines of a file that a block of the page writes, behind a line that begins so."""
+    file: str
+    after: str
+
+
+TEXTS = {
+    ("docs/model-file.md", "3.6 kN/m of snow"): Drawing("the loads of a portal"),
+    ("docs/sign-convention.md", "z  top fibre"): Drawing("local axes"),
+    ("docs/sign-convention.md", "q downwards"): Drawing("forces of a beam under uniform load"),
+    ("docs/points.md", '{"id":"tie"'): Answer("aluframe points examples/points.jsonl | head -n 1"),
+    ("docs/points.md", '{"line":3'): Answer(
+        "aluframe points 2>/dev/null || true", '\n\n{"data": {"code": {"sect": {"nShap": 1}}}}\n'),
+    ("docs/report.md", "====="): Excerpt("columns.txt", "  MEMBER NO = 1,"),
+}
+
+
+def entry_for(block, table):
+    return next((entry for (page, beginning), entry in table.items()
+                 if page == block.page and block.opens_with(beginning)), None)
+
+
+def reason_not_to_run(command):
+    return next((reason for start, reason in NOT_RUN.items() if command.startswith(start)), None)
