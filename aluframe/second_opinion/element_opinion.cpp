@@ -181,12 +181,26 @@ void ElementOpinion::ask_strength(const Position& at, Take& take) {
     take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f1});
     return;
   }
-  if (!subject_.is_unsymmetric || !engine_.ask(subject_.data, at.force)) return;
+  if (!subject_.is_unsymmetric) return;
+  ask_top_fibre(subject_.data, at.force, at, Rule::f2, take);
+  // The compressed bottom flange of a welded H, with the reduction of its top flange (W3).
+  if (!subject_.is_welded_slender_h || at.my > tolerance || !subject_.mirrored) return;
+  AluDgnSectForce turned = at.force;
+  turned.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
+  ask_top_fibre(*subject_.mirrored, turned, at, Rule::f2 | Rule::w3, take);
+}
+
+/// F2: k·(|N/Aen − My/(γy1·W1)| + |Mz|/(γz·Wz)) with the section that the checks have for it.
+template <class Take>
+void ElementOpinion::ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
+                                   const Position& at, RuleSet rules, Take& take) {
+  if (!engine_.ask(data, force)) return;
   const double axial = at.n / engine_.report(ALU_REPORT_AEN);
-  const double top = at.my / (engine_.report(ALU_REPORT_GAMMA_Y) * engine_.section().dW1);
+  const double top =
+      force.dForce[ALU_FORCE_MY] / (engine_.report(ALU_REPORT_GAMMA_Y) * engine_.section().dW1);
   const double side = at.mz / (engine_.report(ALU_REPORT_GAMMA_Z) * engine_.section().dWz);
   const double stress = std::fabs(axial - top) + std::fabs(side);
-  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f2});
+  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, rules});
 }
 
 /// S2, and the axial coefficients of compression alone (B1, B8, S3).
@@ -318,13 +332,11 @@ void ElementOpinion::ask_beam_column(const Position& at, const T_RALU_SECT* code
   take(Answer{RALU_COMBINED_STABILITY, stability->z, stability->rules_z});
 }
 
-/// W3 beside an axial force, or in an unsymmetric section: strength with the reduction of the top
-/// flange, for the bottom flange. Bending alone of a symmetric section has it in its unit stresses.
+/// W3: strength with the reduction of the top flange, for the bottom flange.
 template <class Take>
 void ElementOpinion::ask_turned_strength(const Position& at, Take& take) {
   if (!subject_.is_welded_slender_h || at.my > tolerance) return;
-  const bool in_units = !subject_.is_unsymmetric && !at.is_tension && !at.is_compression;
-  if (in_units || !(at.is_tension || at.is_bent)) return;
+  if (!(at.is_tension || at.is_bent)) return;
   AluDgnSectForce force = at.force;
   force.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
   if (!engine_.ask(subject_.mirrored ? *subject_.mirrored : subject_.data, force)) return;

@@ -58,11 +58,12 @@ class LateralQuestions {
     // with slender plates (W3), is asked for itself, as the top flange of the section upside down.
     const bool turned = is_negative && mirrored_.has_value();
     const ALU_DGN_DATA& asked = turned ? *mirrored_ : plain_;
-    const double asked_my = turned || (is_negative && turns_moment_) ? unit_moment : my;
-    if (asked_my != my) {
-      unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
-      if (turns_moment_ && unit.safe > unit.code * (1.0 + 1e-9)) unit.rules = Rule::w3;
-      if (turns_moment_) unit.safe = std::max(unit.safe, unit.code);
+    const bool reduced = is_negative && turns_moment_ && !turned;
+    const double asked_my = turned || reduced ? unit_moment : my;
+    if (asked_my != my) unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
+    if (reduced) {
+      if (unit.safe > unit.code * (1.0 + 1e-9)) unit.rules = Rule::w3;
+      unit.safe = std::max(unit.safe, unit.code);
     }
     unit.free_ends = unit.safe;
     const double held =

@@ -206,9 +206,7 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
   for (const store::RemarkRow& remark : remarks) {
     if (is_told_as_not_checked(remark)) continue;
     out += fmt::format("    {}", remark.kind);
-    const bool names_them =
-        remark.elements.empty() || remark.text.find(remark.elements) != std::string::npos;
-    if (!names_them) out += fmt::format(", element {}", remark.elements);
+    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
     out += ": " + remark.text;
     if (remark.ratio) out += "; " + second_opinion_text(remark);
     out += "\n";
