@@ -108,8 +108,8 @@ def f1(point: Point, answers: dict) -> Ratios:
     n, my, mz = forces(point)
     if abs(n) > NO_FORCE or not is_symmetric(point) or abs(my) < NO_FORCE or mz < NO_FORCE:
         return {}
-    _, answers = about_my(point, answers)
-    return {STRENGTH: ratio(answers["my"], STRENGTH) + ratio(answers["mz"], STRENGTH)}
+    return {STRENGTH: max(ratio(each["my"], STRENGTH) + ratio(each["mz"], STRENGTH)
+                          for each in (answers, about_my(point, answers)[1]))}
 
 
 def f2(point: Point, answers: dict) -> Ratios:
