@@ -141,6 +141,12 @@ def without_limits(point: Point) -> Point:
     return {"data": data | {"code": code}, "force": point["force"]}
 
 
+def elsewhere(point: Point) -> Point:
+    """The same forces at an end of the member where they stand in the span, or the other way round (S8)."""
+    force = point["force"]
+    return point | {"force": force | {"bEndSect": 0 if force.get("bEndSect", 0) == 1 else 1}}
+
+
 def questions(point: Point) -> dict[str, Point]:
     """What the rules ask about the point, by name."""
     n, my, mz = forces(point)
@@ -150,10 +156,13 @@ def questions(point: Point) -> dict[str, Point]:
     }
     if not has_bending(point) or n:
         asked["shear"] = with_forces(point, 0.0, 1.0, 0.0)
-    if my and n > -section(point)["dArea"]:  # compression of 1 N/mm² is far more than noise
+    # Compression of 1 N/mm² is far more than noise; unsymmetric sections need φb beside it too.
+    if my and (n > -section(point)["dArea"] or not is_symmetric(point)):
         asked["my"] = with_forces(point, 0.0, my, 0.0)
         if my < 0 and not is_symmetric(point):
             asked["my turned"] = turned(asked["my"])
+        if not is_symmetric(point):
+            asked |= {name + " elsewhere": elsewhere(asked[name]) for name in ("my", "my turned") if name in asked}
     if mz > 0 and my and abs(n) <= NO_FORCE:
         asked["mz"] = with_forces(point, 0.0, 0.0, mz)
     if n < 0:

@@ -24,6 +24,8 @@ from check_points import (
     reduced, section,
 )
 
+ROUND_SHAPES = (4, 6)  # pipe, solid round
+
 # What the rules share
 
 
@@ -80,13 +82,25 @@ def lateral_torsional(point: Point, answers: dict) -> float:
     my = forces(point)[1]
     if my == 0:
         return 0.0
-    own = ratio(answers["my"], STABILITY)
-    if asks_about_the_other_flange(point, answers):
-        other = ratio(answers["reduced"]["my"], STABILITY)
-        return max(abs(own), other) if is_symmetric(point) else other
-    if my > 0:
-        return own
-    return abs(own) if is_symmetric(point) or is_welded_tee(point) else ratio(answers["my turned"], STABILITY)
+    if is_symmetric(point):
+        own = abs(ratio(answers["my"], STABILITY))
+        is_reduced = asks_about_the_other_flange(point, answers)
+        return max(own, ratio(answers["reduced"]["my"], STABILITY)) if is_reduced else own
+    return max(of_the_compressed_flange(point, answers))
+
+
+def of_the_compressed_flange(point: Point, answers: dict) -> tuple[float, float]:
+    """Of an unsymmetric section: the ratio where the point stands, and at the other kind of place (S8)."""
+    name = "my" if forces(point)[1] > 0 or is_welded_tee(point) else "my turned"
+    return abs(ratio(answers[name], STABILITY)), abs(ratio(answers[name + " elsewhere"], STABILITY))
+
+
+def more_elsewhere(point: Point, answers: dict) -> float:
+    """S8: what the combined check has more of |My| with the larger lateral-torsional stress."""
+    if not forces(point)[1] or is_symmetric(point):
+        return 0.0
+    here, there = of_the_compressed_flange(point, answers)
+    return max(0.0, there - here)
 
 
 def euler_ratio_about(slenderness: float, point: Point) -> float:
@@ -117,9 +131,11 @@ def f2(point: Point, answers: dict) -> Ratios:
     n, my, mz = forces(point)
     if abs(n) <= NO_FORCE or is_symmetric(point) or not has_bending(point):
         return {}
-    own = answers["own"]
-    aen, w1 = own["report"][1], own["sectpara"][1]
-    stress = abs(n / aen - my / w1) + abs(mz) / (plasticity_about_z(point) * modulus_about_z(point))
+    asked = [(answers["own"], my)]
+    if asks_about_the_other_flange(point, answers):
+        asked.append((answers["reduced"]["own"], max(abs(my), 1e-6)))
+    side = abs(mz) / (plasticity_about_z(point) * modulus_about_z(point))
+    stress = max(abs(n / reply["report"][1] - moment / reply["sectpara"][1]) + side for reply, moment in asked)
     return {STRENGTH: k_strength(point) * stress / design_strength(answers)}
 
 
@@ -167,6 +183,31 @@ def c5(point: Point, answers: dict) -> Ratios:
     shear = {SHEAR_Y: k * abs(fy) * s["dQzb"] / s["dIzz"] / fv,
              SHEAR_Z: k * abs(fz) * s["dQyb"] / s["dIyy"] / fv}
     return {item: value for item, value in shear.items() if value}
+
+
+def c6(point: Point, answers: dict) -> Ratios:
+    """Both shear forces of a round section meet at one place of its wall."""
+    _, fy, fz, *_ = point["force"]["dForce"]
+    s = section(point)
+    if s["nShape"] not in ROUND_SHAPES or not fy or not fz:
+        return {}
+    stress = math.hypot(fy * s["dQzb"] / s["dIzz"], fz * s["dQyb"] / s["dIyy"])
+    fv = number(answers["shear" if "shear" in answers else "own"]["items"][SHEAR_Y][1])
+    return {SHEAR_Z: k_strength(point) * stress / fv}
+
+
+def s8(point: Point, answers: dict) -> Ratios:
+    """The larger lateral-torsional stress of an end and of the span, of unsymmetric sections."""
+    if is_symmetric(point) or not forces(point)[1]:
+        return {}
+    answer = {}
+    own = answers["own"]
+    if forces(point)[0] < -NO_FORCE and not s14(point, answers) and own["items"][COMBINED][1]:
+        answer[COMBINED] = (ratio(own, COMBINED) + lower_axial_coefficient(point, answers, own, COMBINED)
+                            + more_elsewhere(point, answers))
+    if bent_without_axial_force(point, answers) and not is_noise(point, answers)[1]:
+        answer[STABILITY] = lateral_torsional(point, answers)
+    return answer
 
 
 def s2(point: Point, answers: dict) -> Ratios:
@@ -227,8 +268,10 @@ def s14(point: Point, answers: dict) -> Ratios:
     mz_noise = is_noise(point, answers)[2]
     if n >= -NO_FORCE or is_symmetric(point) or not has_bending(point) or (my >= 0 and mz_noise):
         return {}
+    more = more_elsewhere(point, answers)
     point, answers = about_my(point, answers)
     answer = s14_of_my(point, answers)
+    answer[COMBINED] += more
     if mz_noise:
         return answer
     p, k = parameters(point), k_stability(point) / design_strength(answers)
@@ -292,7 +335,7 @@ def w3(point: Point, answers: dict) -> Ratios:
     return {item: ratio(reply, item) for item in items if reply["ret"] and number(reply["items"][item][1])}
 
 
-RULES = {"F1": f1, "F2": f2, "F4": f4, "C1": c1, "C2": c2, "C3": c3, "C4": c4, "C5": c5, "S2": s2, "S14": s14,
+RULES = {"F1": f1, "F2": f2, "F4": f4, "C1": c1, "C2": c2, "C3": c3, "C4": c4, "C5": c5, "C6": c6, "S2": s2, "S8": s8, "S14": s14,
          "B1": b1, "W3": w3}
 
 

@@ -182,25 +182,25 @@ void ElementOpinion::ask_strength(const Position& at, Take& take) {
     return;
   }
   if (!subject_.is_unsymmetric) return;
-  ask_top_fibre(subject_.data, at.force, at, Rule::f2, take);
+  ask_top_fibre(subject_.data, at.force, at, take);
   // The compressed bottom flange of a welded H, with the reduction of its top flange (W3).
   if (!subject_.is_welded_slender_h || at.my > tolerance || !subject_.mirrored) return;
   AluDgnSectForce turned = at.force;
   turned.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
-  ask_top_fibre(*subject_.mirrored, turned, at, Rule::f2 | Rule::w3, take);
+  ask_top_fibre(*subject_.mirrored, turned, at, take);
 }
 
 /// F2: k·(|N/Aen − My/(γy1·W1)| + |Mz|/(γz·Wz)) with the section that the checks have for it.
 template <class Take>
 void ElementOpinion::ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
-                                   const Position& at, RuleSet rules, Take& take) {
+                                   const Position& at, Take& take) {
   if (!engine_.ask(data, force)) return;
   const double axial = at.n / engine_.report(ALU_REPORT_AEN);
   const double top =
       force.dForce[ALU_FORCE_MY] / (engine_.report(ALU_REPORT_GAMMA_Y) * engine_.section().dW1);
   const double side = at.mz / (engine_.report(ALU_REPORT_GAMMA_Z) * engine_.section().dWz);
   const double stress = std::fabs(axial - top) + std::fabs(side);
-  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, rules});
+  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f2});
 }
 
 /// S2, and the axial coefficients of compression alone (B1, B8, S3).

@@ -83,7 +83,7 @@ class ElementOpinion {
   void ask_strength(const Position& at, Take& take);
   template <class Take>
   void ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force, const Position& at,
-                     RuleSet rules, Take& take);
+                     Take& take);
   template <class Take>
   void ask_compression(const Position& at, const T_RALU_SECT* code, Take& take);
   template <class Take>

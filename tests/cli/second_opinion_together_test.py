@@ -66,20 +66,17 @@ def test_a_little_compression_does_not_relieve_a_welded_tee(safe_ratio):
     assert safe_ratio(TEE, "6061-T6", 6000, n=-100, my=-5e5) >= safe_ratio(TEE, "6061-T6", 6000, my=-5e5)
 
 
-@pytest.mark.xfail(strict=True, reason="W3 asks for the strength of bending alone only where F1 does, Mz > 0")
 def test_the_strength_of_a_welded_h_in_bending_is_the_same_upside_down(safe_ratio):
     # W 144,397 with the compressed flange reduced: 0.8·8e6/144,397 = 44.3 of 200; stability has 0.75 only.
     assert safe_ratio(H200, "6061-T6", 300, my=-8e6, seismic=1) >= 0.2216
 
 
-@pytest.mark.xfail(strict=True, reason="C3 takes the φb of the flange in tension beside that of the compressed one")
 def test_a_welded_h_with_a_wide_bottom_flange_bends_as_it_does_upside_down(safe_ratio):
     hogging, sagging = (safe_ratio(sect, "6061-T6", 4000, my=my)
                         for sect, my in ((WIDE_BOTTOM, -15e6), (WIDE_TOP, 15e6)))
     assert hogging == pytest.approx(sagging, rel=1e-6)  # the constants have eight digits
 
 
-@pytest.mark.xfail(strict=True, reason="F2 keeps the whole bottom flange that W3 reduces")
 def test_the_strength_of_a_welded_h_in_compression_with_bending_is_the_same_upside_down(safe_ratio):
     hogging, sagging = (safe_ratio(sect, "6061-T6", 500, n=-50000, my=my, mz=3e6, seismic=1)
                         for sect, my in ((WIDE_BOTTOM, -8e6), (WIDE_TOP, 8e6)))
