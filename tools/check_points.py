@@ -57,6 +57,10 @@ def is_welded_tee(point: Point) -> bool:
     return section(point)["nShape"] == T and bool(section(point)["bWelded"])
 
 
+def is_welded_h_without_positive_my(point: Point) -> bool:
+    return section(point)["nShape"] == H and bool(section(point)["bWelded"]) and forces(point)[1] <= 0
+
+
 def is_weakly_hardening(point: Point) -> bool:
     return point["data"]["code"]["matl"]["strGrade"] in WEAKLY_HARDENING
 
@@ -123,6 +127,13 @@ def turned(point: Point) -> Point:
     return with_forces({"data": point["data"] | {"code": code}, "force": point["force"]}, n, -my, mz)
 
 
+def reduced(point: Point) -> Point:
+    """The same plates with positive My, for which the checks reduce the flange that My ≤ 0 compresses."""
+    n, my, mz = forces(point)
+    my = max(-my, 1e-6)
+    return with_forces(point, n, my, mz) if is_symmetric(point) else turned(with_forces(point, n, -my, mz))
+
+
 def without_limits(point: Point) -> Point:
     """The same point with the slenderness always given: a negative limit of tension leaves it out."""
     data = point["data"]
@@ -149,10 +160,8 @@ def questions(point: Point) -> dict[str, Point]:
         asked["compression"] = with_forces(point, n, 0.0, 0.0)
         asked["compression turned"] = asked["compression"] if has_equal_flanges(point) else turned(
             asked["compression"])
-    if n < 0 and has_bending(point) or is_box_of_two_flanges(point):
+    if n < 0 and has_bending(point):
         asked["turned"] = turned(point)
-    if section(point)["nShape"] == H and section(point)["bWelded"] and my <= 0:
-        asked["turned, My > 0"] = turned(with_forces(point, n, my or -1e-6, mz))
     if n < 0 and has_bending(point):
         asked["magnitude"] = with_forces(point, n, abs(my), mz)
     return asked
@@ -182,7 +191,11 @@ def ask(program: str, points: list[Point]) -> list[dict]:
 
 
 def answered(program: str, points: list[Point]) -> list[dict]:
-    """The answers to the questions about every point, by name."""
+    """The answers to the questions about every point, by name; those about a welded H turned over, in "reduced"."""
     asked = [questions(point) for point in points]
-    replies = iter(ask(program, [question for each in asked for question in each.values()]))
-    return [{name: next(replies) for name in each} for each in asked]
+    of_reduced = [questions(reduced(point)) if is_welded_h_without_positive_my(point) else {} for point in points]
+    replies = iter(ask(program, [question for pair in zip(asked, of_reduced) for each in pair
+                                 for question in each.values()]))
+    return [{name: next(replies) for name in own}
+            | ({"reduced": {name: next(replies) for name in other}} if other else {})
+            for own, other in zip(asked, of_reduced)]

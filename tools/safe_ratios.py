@@ -21,7 +21,7 @@ from check_points import (
     BEAM, COMBINED, NOISE, NO_FORCE, SHEAR_Y, SHEAR_Z, SLENDER_Y, SLENDER_Z, STABILITY, STRENGTH, Point, Ratios,
     answered, code_ratio, forces, has_bending, is_box_of_two_flanges, is_symmetric, is_weakly_hardening,
     is_welded_tee, k_stability, k_strength, modulus_about_z, number, parameters, plasticity_about_z, ratio,
-    section,
+    reduced, section,
 )
 
 # What the rules share
@@ -29,6 +29,10 @@ from check_points import (
 
 def design_strength(answers: dict) -> float:
     return number(answers["tension"]["items"][STRENGTH][1])
+
+
+def design_strength_of(reply: dict) -> float:
+    return number(reply["report"][2])
 
 
 def is_noise(point: Point, answers: dict) -> tuple[bool, bool, bool]:
@@ -55,12 +59,31 @@ def bent_without_axial_force(point: Point, answers: dict) -> set[str]:
     return {"C1"} if n > 0 and not my_noise and compressed else set()
 
 
+def has_slender_plate(answers: dict) -> bool:
+    """Whether a plate is over its limit as in uniform compression."""
+    return max(map(number, answers["tension"]["sectpara"][4:])) > 1
+
+
+def asks_about_the_other_flange(point: Point, answers: dict) -> bool:
+    """Whether W3 is asked: of a welded, slender H without positive My, but in compression alone."""
+    is_asked = forces(point)[0] > NO_FORCE or has_bending(point)
+    return "reduced" in answers and is_asked and has_slender_plate(answers)
+
+
+def about_my(point: Point, answers: dict) -> tuple[Point, dict]:
+    """What is asked about My ≤ 0: the same point, or under W3 the one with |My| > 0."""
+    return (reduced(point), answers["reduced"]) if asks_about_the_other_flange(point, answers) else (point, answers)
+
+
 def lateral_torsional(point: Point, answers: dict) -> float:
     """The ratio of lateral-torsional stability of |My|, the compressed flange being the one that buckles."""
     my = forces(point)[1]
     if my == 0:
         return 0.0
     own = ratio(answers["my"], STABILITY)
+    if asks_about_the_other_flange(point, answers):
+        other = ratio(answers["reduced"]["my"], STABILITY)
+        return max(abs(own), other) if is_symmetric(point) else other
     if my > 0:
         return own
     return abs(own) if is_symmetric(point) or is_welded_tee(point) else ratio(answers["my turned"], STABILITY)
@@ -85,7 +108,8 @@ def f1(point: Point, answers: dict) -> Ratios:
     n, my, mz = forces(point)
     if abs(n) > NO_FORCE or not is_symmetric(point) or abs(my) < NO_FORCE or mz < NO_FORCE:
         return {}
-    return {STRENGTH: ratio(answers["my"], STRENGTH) + ratio(answers["mz"], STRENGTH)}
+    return {STRENGTH: max(ratio(each["my"], STRENGTH) + ratio(each["mz"], STRENGTH)
+                          for each in (answers, about_my(point, answers)[1]))}
 
 
 def f2(point: Point, answers: dict) -> Ratios:
@@ -169,22 +193,32 @@ def equivalent_moment_factor_z(point: Point) -> float:
             3: 1 - 0.36 * (1 - end_ratio) * used}[p["nBetaMOpt2"][1]]
 
 
+def more_by_the_bottom_fibre(point: Point, reply: dict) -> tuple[float, float]:
+    """What compression with bending has more of My about y and z, as ratios, where W2 stands for W1.
+
+    γy1 is 1 for boxes and tees. A larger term relieves nothing, also where the amplification is negative.
+    """
+    my, (_, w1, w2, *_) = abs(forces(point)[1]), map(number, reply["sectpara"])
+    phi_b, beta_y, eta, eta1, euler_y = (number(reply["report"][place]) for place in (10, 12, 14, 15, 17))
+    stress = k_stability(point) * my * (1 / w2 - 1 / w1) / design_strength_of(reply)
+    return max(stress * beta_y / (1 - eta1 * abs(forces(point)[0]) / euler_y), 0.0), stress * eta / phi_b
+
+
 def s14_of_my(point: Point, answers: dict) -> Ratios:
     """What S14 gives of |My|: the checks' own answer, upside down for My < 0.
 
-    A welded tee cannot be turned. Its stem is compressed then, so W2 stands under My about z.
+    A welded tee cannot be turned. Its stem is compressed then: the compression side alone, with W2 for W1.
     """
     my = forces(point)[1]
-    name = "turned" if my < 0 else "own"
     if my < 0 and is_welded_tee(point):
-        name = "magnitude"
-    answer = {item: ratio(answers[name], item) for item in (STABILITY, COMBINED)}
-    if name == "magnitude":
-        reply, k, f = answers[name], k_stability(point), design_strength(answers)
-        phi_b, w1, w2 = reply["report"][10], reply["sectpara"][1], reply["sectpara"][2]
-        answer[COMBINED] += k * abs(my) / number(phi_b) * (1 / w2 - 1 / w1) / f
-    return {item: value + lower_axial_coefficient(point, answers, answers[name], item)
-            for item, value in answer.items()}
+        reply = answers["magnitude"]
+        about_y, about_z = more_by_the_bottom_fibre(point, reply)
+        answer = {STABILITY: number(reply["report"][19]) / design_strength_of(reply) + about_y,
+                  COMBINED: ratio(reply, COMBINED) + about_z}
+    else:
+        reply = answers["turned" if my < 0 else "own"]
+        answer = {item: ratio(reply, item) for item in (STABILITY, COMBINED)}
+    return {item: value + lower_axial_coefficient(point, answers, reply, item) for item, value in answer.items()}
 
 
 def s14(point: Point, answers: dict) -> Ratios:
@@ -193,6 +227,7 @@ def s14(point: Point, answers: dict) -> Ratios:
     mz_noise = is_noise(point, answers)[2]
     if n >= -NO_FORCE or is_symmetric(point) or not has_bending(point) or (my >= 0 and mz_noise):
         return {}
+    point, answers = about_my(point, answers)
     answer = s14_of_my(point, answers)
     if mz_noise:
         return answer
@@ -219,42 +254,46 @@ def lower_axial_coefficient(point: Point, answers: dict, reply: dict, item: int)
 
 
 def b1(point: Point, answers: dict) -> Ratios:
-    """φ of compression alone, in compression with bending (B1) and of the weaker way up (B8)."""
-    if forces(point)[0] >= -NO_FORCE:
+    """φ of compression alone, in compression with bending (B1) and of the weaker way up (B8).
+
+    Asked of the checks' own stability; S14 and F4 have it in their own answers.
+    """
+    if forces(point)[0] >= -NO_FORCE or s14(point, answers) or f4(point, answers):
         return {}
+    point, answers = about_my(point, answers)
     own = answers["own"]
     more = {item: lower_axial_coefficient(point, answers, own, item) for item in (STABILITY, COMBINED)
             if own["items"][item][1]}
     return {item: ratio(own, item) + value for item, value in more.items() if value}
 
 
-def stresses_of(reply: dict) -> Ratios:
-    items = (STRENGTH, STABILITY, COMBINED)
-    return {item: ratio(reply, item) for item in items if reply["ret"] and number(reply["items"][item][1])}
-
-
-def has_slender_plate(answers: dict) -> bool:
-    """Whether a plate is over its limit as in uniform compression."""
-    return max(map(number, answers["tension"]["sectpara"][4:])) > 1
-
-
 def f4(point: Point, answers: dict) -> Ratios:
-    """A box with unequal flanges has another fibre."""
-    if not is_box_of_two_flanges(point) or not (section(point)["bWelded"] or has_slender_plate(answers)):
+    """A box with unequal flanges has another fibre: W2 for W1."""
+    own = answers["own"]
+    _, w1, w2, wz, *_ = map(number, own["sectpara"])
+    if not is_box_of_two_flanges(point) or not w2 < w1 or not has_bending(point):
         return {}
-    return stresses_of(answers["turned"])
+    n, my, mz = map(abs, forces(point))
+    axial = n / number(own["report"][1]) if n > NO_FORCE else 0.0
+    answer = {STRENGTH: k_strength(point) * (axial + my / w2 + mz / wz) / design_strength(answers)}
+    if forces(point)[0] < -NO_FORCE:
+        about_y, about_z = more_by_the_bottom_fibre(point, own)
+        for item, more in ((STABILITY, about_y), (COMBINED, about_z)):
+            answer[item] = ratio(own, item) + more + lower_axial_coefficient(point, answers, own, item)
+    return answer
 
 
 def w3(point: Point, answers: dict) -> Ratios:
-    """A welded, slender H without positive My: the checks' own reduction for the bottom flange."""
-    is_asked = forces(point)[0] > NO_FORCE or has_bending(point)
-    if "turned, My > 0" not in answers or not is_asked or not has_slender_plate(answers):
+    """Strength, and stability of compression with bending, of the flange that the checks reduce."""
+    if not asks_about_the_other_flange(point, answers):
         return {}
-    return stresses_of(answers["turned, My > 0"])
+    reply = answers["reduced"]["own"]
+    items = (STRENGTH, STABILITY, COMBINED) if forces(point)[0] < -NO_FORCE else (STRENGTH,)
+    return {item: ratio(reply, item) for item in items if reply["ret"] and number(reply["items"][item][1])}
 
 
-RULES = {"F1": f1, "F2": f2, "C1": c1, "C2": c2, "C3": c3, "C4": c4, "C5": c5, "S2": s2, "S14": s14, "B1": b1,
-         "F4": f4, "W3": w3}
+RULES = {"F1": f1, "F2": f2, "F4": f4, "C1": c1, "C2": c2, "C3": c3, "C4": c4, "C5": c5, "S2": s2, "S14": s14,
+         "B1": b1, "W3": w3}
 
 
 def safe_ratios(point: Point, answers: dict) -> dict[str, Ratios]:

@@ -64,6 +64,11 @@ bool begins_as_catalogue(std::string_view text) {
          has_cell(text.substr(0, text.find('\n')), "shape");
 }
 
+bool begins_as_forces(std::string_view text) {
+  const std::string_view header = text.substr(0, text.find('\n'));
+  return has_cell(header, "element") && has_cell(header, "case") && has_cell(header, "position");
+}
+
 /// Reads on behind `text`, the beginning of the file: the field may stand at the end of a long one.
 bool is_model(std::string text, std::ifstream& file) {
   if (!behind_blanks(text).starts_with('{')) return false;
@@ -90,6 +95,7 @@ FileKind kind_of(const std::filesystem::path& path) {
   text.resize(static_cast<std::size_t>(file.gcount()));
   if (begins_as_results(text)) return FileKind::results;
   if (begins_as_catalogue(behind_blanks(text))) return FileKind::catalogue;
+  if (begins_as_forces(behind_blanks(text))) return FileKind::forces;
   return is_model(std::move(text), file) ? FileKind::model : FileKind::other;
 }
 

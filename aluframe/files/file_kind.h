@@ -10,6 +10,7 @@ enum class FileKind {
   model,      ///< JSON of the format "aluframe-model"
   catalogue,  ///< CSV of profiles: a header with a name and a shape
   results,    ///< the results of a check
+  forces,     ///< CSV of element forces: a header with element, case and position
   other       ///< anything else, also what is no ordinary file, cannot be read or does not exist
 };
 

@@ -21,6 +21,8 @@ std::string_view name_of(FileKind kind) {
       return "a catalogue of profiles";
     case FileKind::results:
       return "the results of a check";
+    case FileKind::forces:
+      return "a table of element forces";
     case FileKind::other:
       break;
   }

@@ -41,6 +41,9 @@ class InnerForces {
   /// Pairs whose given forces show that something acts between the ends but not what, such as the
   /// unsigned maxima of a response spectrum. Nothing is found for combinations with them.
   std::span<const SpanChanges::Pair> unknown() const { return changes_.unknown(); }
+  /// Pairs whose given forces do not follow from the model's loads, so that peaks between the five
+  /// positions are those of an estimated load.
+  std::span<const SpanChanges::Pair> estimated() const { return changes_.estimated(); }
 
   /// Whether the element can have peaks: some load case loads it between its ends, or its axial
   /// force bends it further.

@@ -154,7 +154,11 @@ void SpanChanges::correct(const model::CaseForces& forces, Pair pair, std::size_
   const double length = lengths_[pair.element];
   if (follow_from_loads(forces, std::span(changes).subspan(first), length)) return;
   changes.resize(first);
-  if (!forces.inner || !append_changes(forces, length, changes)) unknown_.push_back(pair);
+  if (!forces.inner || !append_changes(forces, length, changes)) {
+    unknown_.push_back(pair);
+  } else if (changes.size() > first) {
+    estimated_.push_back(pair);
+  }
 }
 
 }  // namespace aluframe::forces

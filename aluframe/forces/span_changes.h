@@ -60,6 +60,9 @@ class SpanChanges {
   }
   /// Pairs whose given forces show that something acts between the ends, but not what.
   std::span<const Pair> unknown() const { return unknown_; }
+  /// Pairs whose given forces do not follow from the loads of the model: what acts between the ends
+  /// is an estimate.
+  std::span<const Pair> estimated() const { return estimated_; }
 
  private:
   /// Changes of all elements one behind the other, and where those of each begin.
@@ -77,7 +80,7 @@ class SpanChanges {
   std::vector<double> lengths_;
   std::vector<Case> cases_;
   std::vector<std::uint8_t> loaded_;
-  std::vector<Pair> unknown_;
+  std::vector<Pair> unknown_, estimated_;
 };
 
 }  // namespace aluframe::forces

@@ -76,11 +76,26 @@ void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
   }
 }
 
+/// Peaks of extremes are those of their parts, which second order does not keep.
+void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
+  if (!input.model.analysis.second_order) return;
+  const auto combinations = model::checked_by_extremes(input.model, input.combinations);
+  if (combinations.empty()) return;
+  store::RemarkRow row;
+  row.kind = "P";
+  row.text = fmt::format(
+      "combination {}: where extremes of second order peak between the five positions is unknown; "
+      "check the states (\"envelopes\": \"states\")",
+      model::join_as_ranges(combinations));
+  rows.push_back(std::move(row));
+}
+
 }  // namespace
 
 std::vector<store::RemarkRow> input_remarks(const Input& input) {
   std::vector<store::RemarkRow> rows;
   add_of_positions(input, rows);
+  add_of_extremes(input, rows);
   add_of_axes(input.model, rows);
   add_of_sections(input.model, rows);
   add_of_model(input.model, rows);

@@ -12,8 +12,8 @@ namespace aluframe::run {
 namespace {
 
 /// What stands beside the records of elements that are checked for the report.
-void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion, bool is_new_file,
-                        store::ResultWriter& writer) {
+void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion,
+                        bool is_new_file, store::ResultWriter& writer) {
   for (const store::SafeRow& row : safe_rows(opinion)) writer.add_safe(row);
   if (is_new_file) {
     for (const store::RemarkRow& row : input_remarks(input)) writer.add_remark(row);

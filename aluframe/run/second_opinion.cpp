@@ -63,25 +63,31 @@ store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
   return row;
 }
 
-/// A row a load case whose forces no load of the model explains.
-void add_unknown_between(const second_opinion::RunSafe& result, const model::Model& model,
-                         std::vector<store::RemarkRow>& rows) {
+using Pairs = std::vector<std::pair<std::size_t, std::size_t>>;
+
+/// A row a load case; `text` says of it what is not known between the five positions.
+void add_between(const Pairs& pairs, const model::Model& model, const char* text,
+                 std::vector<store::RemarkRow>& rows) {
   std::map<model::Number, std::set<model::Number>> by_case;
-  for (const auto& [element, load_case] : result.unknown_between) {
+  for (const auto& [element, load_case] : pairs) {
     by_case[model.load_cases[load_case].number].insert(model.elements[element].number);
   }
   for (const auto& [load_case, elements] : by_case) {
     store::RemarkRow row;
     row.kind = "P";
     row.elements = model::join_as_ranges({elements.begin(), elements.end()});
-    row.text = fmt::format(
-        "forces of load case {} follow from no load, as those of a spectrum: where they peak "
-        "between "
-        "the five positions is unknown",
-        load_case);
+    row.text = fmt::format(fmt::runtime(text), load_case);
     rows.push_back(std::move(row));
   }
 }
+
+constexpr const char* unknown_text =
+    "forces of load case {} follow from no load, as those of a spectrum: where they peak between "
+    "the "
+    "five positions is unknown";
+constexpr const char* estimated_text =
+    "given forces of load case {} do not follow from loads of the model: peaks between the five "
+    "positions are those of an estimated distributed load; under a point load they are higher";
 
 }  // namespace
 
@@ -121,7 +127,8 @@ std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& r
                                                 const model::Model& model) {
   std::vector<store::RemarkRow> rows;
   for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item, model));
-  add_unknown_between(result, model, rows);
+  add_between(result.unknown_between, model, unknown_text, rows);
+  add_between(result.estimated_between, model, estimated_text, rows);
   return rows;
 }
 

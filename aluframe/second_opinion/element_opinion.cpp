@@ -135,7 +135,18 @@ void ElementOpinion::ask_shear(const Position& at, const T_RALU_SECT& code, Take
   ask(RALU_SHEAR_Z, at.force.dForce[ALU_FORCE_FZ], units_.shear_z);
 }
 
-/// C1, C2, C3, C4, S6: lateral-torsional buckling as if no axial force acted, with |My| and Mz.
+/// C6: both shear forces of a round section meet at one place of its wall.
+template <class Take>
+void ElementOpinion::ask_resultant_shear(const Position& at, Take& take) const {
+  const auto shape = subject_.data.code.sect.nShape;
+  if (shape != ALU_SHAPE_P && shape != ALU_SHAPE_SR) return;
+  const double fy = at.force.dForce[ALU_FORCE_FY], fz = at.force.dForce[ALU_FORCE_FZ];
+  if (fy == 0.0 || fz == 0.0) return;
+  const double stress = std::hypot(fy * units_.shear_y, fz * units_.shear_z);
+  take(Answer{RALU_SHEAR_Z, at.k_strength * stress / units_.fv, Rule::c6});
+}
+
+/// C1, C2, C3, C4, S6, S8: lateral-torsional buckling as if no axial force acted, with |My| and Mz.
 template <class Take>
 void ElementOpinion::ask_lateral(const Position& at, Take& take) const {
   const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
@@ -170,12 +181,26 @@ void ElementOpinion::ask_strength(const Position& at, Take& take) {
     take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f1});
     return;
   }
-  if (!subject_.is_unsymmetric || !engine_.ask(subject_.data, at.force)) return;
+  if (!subject_.is_unsymmetric) return;
+  ask_top_fibre(subject_.data, at.force, at, Rule::f2, take);
+  // The compressed bottom flange of a welded H, with the reduction of its top flange (W3).
+  if (!subject_.is_welded_slender_h || at.my > tolerance || !subject_.mirrored) return;
+  AluDgnSectForce turned = at.force;
+  turned.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
+  ask_top_fibre(*subject_.mirrored, turned, at, Rule::f2 | Rule::w3, take);
+}
+
+/// F2: k·(|N/Aen − My/(γy1·W1)| + |Mz|/(γz·Wz)) with the section that the checks have for it.
+template <class Take>
+void ElementOpinion::ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force,
+                                   const Position& at, RuleSet rules, Take& take) {
+  if (!engine_.ask(data, force)) return;
   const double axial = at.n / engine_.report(ALU_REPORT_AEN);
-  const double top = at.my / (engine_.report(ALU_REPORT_GAMMA_Y) * engine_.section().dW1);
+  const double top =
+      force.dForce[ALU_FORCE_MY] / (engine_.report(ALU_REPORT_GAMMA_Y) * engine_.section().dW1);
   const double side = at.mz / (engine_.report(ALU_REPORT_GAMMA_Z) * engine_.section().dWz);
   const double stress = std::fabs(axial - top) + std::fabs(side);
-  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, Rule::f2});
+  take(Answer{RALU_STRENGTH, at.k_strength * stress / units_.f, rules});
 }
 
 /// S2, and the axial coefficients of compression alone (B1, B8, S3).
@@ -287,13 +312,14 @@ void ElementOpinion::take_axial_coefficients(const Position& at, BeamColumn& out
   correct(axial_.safe_z, out.phi_z, axial_.rules_z, out.z, out.rules_z);
 }
 
-/// S6: the critical moment with the ends held against twisting.
+/// S6, S8: the critical moment with the ends held against twisting, the same at ends and in the
+/// span.
 void ElementOpinion::hold_twist(const Position& at, BeamColumn& out) const {
   const LateralUnit& unit = units_.lateral[at.is_end ? 1 : 0][at.sign()];
-  if (!unit.rules.contains(Rule::s6)) return;
+  if (!unit.rules.contains(Rule::s6) && !unit.rules.contains(Rule::s8)) return;
   const double free_ends = out.is_turned ? unit.free_ends : unit.code;
   out.z += at.k_stability * std::fabs(at.my) * (unit.safe - free_ends) / units_.f;
-  out.rules_z = out.rules_z | Rule::s6;
+  out.rules_z = out.rules_z | unit.rules;
 }
 
 template <class Take>
@@ -306,13 +332,11 @@ void ElementOpinion::ask_beam_column(const Position& at, const T_RALU_SECT* code
   take(Answer{RALU_COMBINED_STABILITY, stability->z, stability->rules_z});
 }
 
-/// W3 beside an axial force, or in an unsymmetric section: strength with the reduction of the top
-/// flange, for the bottom flange. Bending alone of a symmetric section has it in its unit stresses.
+/// W3: strength with the reduction of the top flange, for the bottom flange.
 template <class Take>
 void ElementOpinion::ask_turned_strength(const Position& at, Take& take) {
   if (!subject_.is_welded_slender_h || at.my > tolerance) return;
-  const bool in_units = !subject_.is_unsymmetric && !at.is_tension && !at.is_compression;
-  if (in_units || !(at.is_tension || at.is_bent)) return;
+  if (!(at.is_tension || at.is_bent)) return;
   AluDgnSectForce force = at.force;
   force.dForce[ALU_FORCE_MY] = std::max(std::fabs(at.my), tiny_moment);
   if (!engine_.ask(subject_.mirrored ? *subject_.mirrored : subject_.data, force)) return;
@@ -338,6 +362,7 @@ void ElementOpinion::each_answer(const AluDgnSectForce& force, const T_RALU_SECT
   if (!units_.formed) return;
   const Position at = position_of(force);
   ask_shear(at, code, take);
+  ask_resultant_shear(at, take);
   if (at.is_bent) {
     ask_lateral(at, take);
     ask_strength(at, take);

@@ -76,9 +76,14 @@ class ElementOpinion {
   template <class Take>
   void ask_shear(const Position& at, const T_RALU_SECT& code, Take& take);
   template <class Take>
+  void ask_resultant_shear(const Position& at, Take& take) const;
+  template <class Take>
   void ask_lateral(const Position& at, Take& take) const;
   template <class Take>
   void ask_strength(const Position& at, Take& take);
+  template <class Take>
+  void ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force, const Position& at,
+                     RuleSet rules, Take& take);
   template <class Take>
   void ask_compression(const Position& at, const T_RALU_SECT* code, Take& take);
   template <class Take>

@@ -46,6 +46,17 @@ bool has_span_moments(const LargestForces& largest, const model::SectionForces& 
 
 }  // namespace
 
+bool MemberExtremes::is_alike(const model::Element& a, const model::Element& b) const {
+  const auto same = [](auto of_a, const auto& of_b) {
+    // Another number or name makes no other section or alloy.
+    of_a.number = of_b.number;
+    of_a.name = of_b.name;
+    return of_a == of_b;
+  };
+  return same(*model_.sections.find(a.section), *model_.sections.find(b.section)) &&
+         same(*model_.materials.find(a.material), *model_.materials.find(b.material));
+}
+
 LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t element,
                                      model::Number combination, model::Side side) const {
   const model::Element& asked = model_.elements[element];
@@ -60,7 +71,7 @@ LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t elem
     if (i == 0) start = forces->at[first];
     if (i + 1 == member.elements.size()) end = forces->at[position_count - 1 - first];
     curved = curved || is_curved(*forces, about_y) || is_curved(*forces, about_z);
-    if (other.section != asked.section || other.material != asked.material) continue;
+    if (!is_alike(other, asked)) continue;
     for_each_position(*forces, [&](const model::SectionForces& at) { largest.add(at); });
   }
   largest.has_span_moments = curved || has_span_moments(largest, start, end);

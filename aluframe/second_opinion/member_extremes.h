@@ -64,6 +64,7 @@ class MemberExtremes {
     std::size_t elements_done = 0;
   };
 
+  bool is_alike(const model::Element& a, const model::Element& b) const;
   LargestForces gather(const MemberChain& member, std::size_t element, model::Number combination,
                        model::Side side) const;
 

@@ -67,6 +67,9 @@ RunOpinion::RunOpinion(const model::Model& model)
   for (const auto& [element, load_case] : inner_.unknown()) {
     result_.unknown_between.emplace_back(element, load_case);
   }
+  for (const auto& [element, load_case] : inner_.estimated()) {
+    result_.estimated_between.emplace_back(element, load_case);
+  }
   is_seismic_.reserve(model.combinations.size());
   for (const model::Combination& combination : model.combinations) {
     is_seismic_.push_back(evaluator_.is_seismic(combination.number));

@@ -60,6 +60,8 @@ struct RunSafe {
   std::vector<Unchecked> unchecked;   ///< kinds that were met
   /// Elements and load cases, by their places, of which nothing is known between the positions.
   std::vector<std::pair<std::size_t, std::size_t>> unknown_between;
+  /// The same where it is estimated from the five positions alone.
+  std::vector<std::pair<std::size_t, std::size_t>> estimated_between;
 };
 
 /// Asks about every position of a check run while it goes on.

@@ -58,11 +58,12 @@ class LateralQuestions {
     // with slender plates (W3), is asked for itself, as the top flange of the section upside down.
     const bool turned = is_negative && mirrored_.has_value();
     const ALU_DGN_DATA& asked = turned ? *mirrored_ : plain_;
-    const double asked_my = turned || (is_negative && turns_moment_) ? unit_moment : my;
-    if (asked_my != my) {
-      unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
-      if (turns_moment_ && unit.safe > unit.code * (1.0 + 1e-9)) unit.rules = Rule::w3;
-      if (turns_moment_) unit.safe = std::max(unit.safe, unit.code);
+    const bool reduced = is_negative && turns_moment_ && !turned;
+    const double asked_my = turned || reduced ? unit_moment : my;
+    if (asked_my != my) unit.safe = lateral_stress(engine_, asked, asked_my, end_section);
+    if (reduced) {
+      if (unit.safe > unit.code * (1.0 + 1e-9)) unit.rules = Rule::w3;
+      unit.safe = std::max(unit.safe, unit.code);
     }
     unit.free_ends = unit.safe;
     const double held =
@@ -107,6 +108,19 @@ void ask_shear(Engine& engine, const ALU_DGN_DATA& plain, UnitStresses& out) {
 double smaller_euler_force(Engine& engine, const ALU_DGN_DATA& plain) {
   if (!engine.ask(plain, Forces{.n = -1.0, .my = unit_moment})) return 0.0;
   return std::min(engine.report(ALU_REPORT_N_EY), engine.report(ALU_REPORT_N_EZ));
+}
+
+/// S8: the sign of the shear centre's distance is the same at an end and in the span, so the larger
+/// stress of the two counts at both.
+void take_larger(LateralUnit& inner, LateralUnit& end) {
+  const auto raise = [](LateralUnit& unit, const LateralUnit& other) {
+    if (!(other.safe > unit.safe * (1.0 + 1e-9))) return;
+    unit.safe = other.safe;
+    unit.rules = other.rules | Rule::s8;
+  };
+  const LateralUnit inner_alone = inner;
+  raise(inner, end);
+  raise(end, inner_alone);
 }
 
 /// Whether the checks take an effective section in compression alone, in which every plate is
@@ -156,6 +170,7 @@ UnitStresses unit_stresses(Engine& engine, const Subject& subject) {
       out.lateral[end ? 1 : 0][negative ? 1 : 0] = lateral.ask(end, negative);
     }
   }
+  for (const std::size_t sign : {0U, 1U}) take_larger(out.lateral[0][sign], out.lateral[1][sign]);
   return out;
 }
 

@@ -112,9 +112,10 @@ std::string readable_text(std::string utf8) {
 }
 
 void write_readable_report(const std::filesystem::path& report, const std::string& charset,
-                           const std::filesystem::path& readable) {
+                           const std::filesystem::path& readable, std::string_view appendix) {
   std::string text = about(report, [&] { return Converter("UTF-8", charset)(read_file(report)); });
-  about(readable, [&] { write_file(readable, readable_text(std::move(text))); });
+  about(readable,
+        [&] { write_file(readable, readable_text(std::move(text)) + std::string(appendix)); });
 }
 
 }  // namespace aluframe::services

@@ -206,8 +206,7 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
   for (const store::RemarkRow& remark : remarks) {
     if (is_told_as_not_checked(remark)) continue;
     out += fmt::format("    {}", remark.kind);
-    const bool names_them = remark.text.find(remark.elements) != std::string::npos;
-    if (!names_them) out += fmt::format(", element {}", remark.elements);
+    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
     out += ": " + remark.text;
     if (remark.ratio) out += "; " + second_opinion_text(remark);
     out += "\n";
@@ -221,6 +220,25 @@ std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
   return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}{}",
                      short_number(row.safe), item_name(row.item), rules, short_number(row.code),
                      place_text(row), row.combination, name.empty() ? "" : " \"" + name + "\"");
+}
+
+OutputTable safe_table(const std::vector<store::SafeRow>& rows, const store::RunInfo& info) {
+  OutputTable table;
+  table.columns = {{.key = "element", .heading = "element"},
+                   {.key = "code_ratio", .heading = "ratio", .decimals = 4, .is_ratio = true},
+                   {.key = "safe_ratio", .heading = "safe", .decimals = 4, .is_ratio = true},
+                   {.key = "item", .heading = "check"},
+                   {.key = "rules", .heading = "rules"},
+                   {.key = "place", .heading = "place"},
+                   {.key = "combination", .heading = "comb"},
+                   {.key = "combination_name", .heading = "name"}};
+  for (const store::SafeRow& row : rows) {
+    table.rows.push_back({whole(row.element), row.code, row.safe, text(item_name(row.item)),
+                          row.rules.empty() ? Cell() : text(row.rules), place_text(row),
+                          whole(number_of_combination(info, row.combination)),
+                          name_of_combination(info, row.combination)});
+  }
+  return table;
 }
 
 std::string place_text(const store::SafeRow& row) {

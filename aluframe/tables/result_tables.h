@@ -35,6 +35,10 @@ std::string place_text(const store::SafeRow& row);
 /// "Safe ratio 1.083 (strength, F1), code ratio 0.241, position 1/2, combination 3 \"1.2G\"".
 std::string safe_text(const store::SafeRow& row, const store::RunInfo& info);
 
+/// Second opinions, a line an element: ratio of the checks, safe ratio, what makes it differ,
+/// where.
+OutputTable safe_table(const std::vector<store::SafeRow>& rows, const store::RunInfo& info);
+
 /// Second opinions by element.
 using SafeByElement = std::map<std::uint32_t, store::SafeRow>;
 

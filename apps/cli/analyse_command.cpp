@@ -100,7 +100,11 @@ int analyse(const AnalyseOptions& options) {
   if (!options.subjects.cases.empty() && !options.subjects.combinations.empty()) {
     throw run::Problem{"--cases and --combinations do not go together"};
   }
-  if (const auto problem = files::find_overwriting({{"the output", options.output}},
+  // A table of forces may take the place of an older one.
+  const bool writes_forces =
+      options.format == Format::csv && options.show.contains(AnalysisTable::forces);
+  const auto kind = writes_forces ? files::FileKind::forces : files::FileKind::other;
+  if (const auto problem = files::find_overwriting({{"the output", options.output, kind}},
                                                    {{"the model", options.input.model}})) {
     throw run::Problem{*problem};
   }

@@ -145,6 +145,7 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       })
       ->type_name("N");
   results->add_option("--over", options.query.over, "Only elements with a ratio above this")
+      ->check(CLI::Range(-1e300, 1e300))
       ->type_name("RATIO");
   results->add_option("--element", options.element, "One element: every combination and position")
       ->type_name("NUMBER");

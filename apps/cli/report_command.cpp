@@ -86,7 +86,8 @@ void print_summary(const services::ReportSummary& summary, const Files& files) {
                tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
   }
   if (!summary.not_checked.empty()) {
-    fmt::print("{}", tables::not_checked_text(summary.not_checked));
+    const auto remarks = store::ResultReader::open(files.results)->remarks();
+    fmt::print("{}", tables::not_checked_text(summary.not_checked, remarks));
   }
 }
 
@@ -116,12 +117,27 @@ void warn_about_stored(const run::Input& input, const Files& files) {
       coverage.combinations.size(), coverage.of_combinations));
 }
 
+/// The second opinion of the results, for the end of the readable copy; empty without one.
+std::string second_opinion_of(const Files& files) {
+  const auto reader = store::ResultReader::open(files.results);
+  const std::vector<store::SafeRow> rows = reader->safe();
+  if (rows.empty()) return {};
+  const std::vector<store::RemarkRow> remarks = reader->remarks();
+  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n" +
+                     tables::to_text(tables::safe_table(rows, reader->info()), false) + "\n" +
+                     tables::remarks_text(remarks);
+  const auto not_checked = reader->not_checked();
+  if (!not_checked.empty()) text += tables::not_checked_text(not_checked, remarks);
+  return text;
+}
+
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
 /// the design module still runs, so it is not opened by the module's own call.
 /// @return the exit status
 int finish(const ReportOptions& options, const Files& files) {
   if (options.readable) {
-    services::write_readable_report(files.report, user_charset(), *options.readable);
+    services::write_readable_report(files.report, user_charset(), *options.readable,
+                                    second_opinion_of(files));
     fmt::print("Readable copy: {}\n", options.readable->string());
   }
   if (!options.open) return exit_done;

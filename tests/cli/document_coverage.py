@@ -92,6 +92,8 @@ TEXTS = {
     ("docs/sign-convention.md", "z  top fibre"): Drawing("local axes"),
     ("docs/sign-convention.md", "q downwards"): Drawing("forces of a beam under uniform load"),
     ("docs/points.md", '{"id":"tie"'): Answer("aluframe points examples/points.jsonl | head -n 1"),
+    ("docs/points.md", '{"id":"support"'): Answer(
+        "aluframe points --second-opinion examples/points.jsonl | tail -n 1"),
     ("docs/points.md", '{"line":3'): Answer(
         "aluframe points 2>/dev/null || true", '\n\n{"data": {"code": {"sect": {"nShap": 1}}}}\n'),
     ("docs/report.md", "====="): Excerpt("columns.txt", "  MEMBER NO = 1,"),

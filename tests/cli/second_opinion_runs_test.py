@@ -1,0 +1,97 @@
+"""Second opinions of whole runs: members under several numbers, given forces, reports."""
+
+import copy
+import re
+
+import pytest
+
+from second_opinion_models import beam, with_forces
+
+# A column of 6 m in two pieces, compressed all along and bent at its head alone.
+COLUMN = {
+    "format": "aluframe-model", "version": 1, "units": {"force": "kN", "length": "m"},
+    "materials": [{"number": 1, "alloy": "6061-T6"}],
+    "sections": [{"number": 1, "shape": "P", "dimensions": {"D": 100, "t": 5}}],
+    "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0}, {"number": 2, "x": 0, "y": 0, "z": 3},
+              {"number": 3, "x": 0, "y": 0, "z": 6}],
+    "supports": [{"node": 1, "restrained": "all"}, {"node": 3, "restrained": ["Dx", "Dy"]}],
+    "elements": [{"number": 1, "nodes": [1, 2], "section": 1, "material": 1},
+                 {"number": 2, "nodes": [2, 3], "section": 1, "material": 1}],
+    "members": [{"number": 1, "elements": [1, 2], "length_factors": {"y": 1, "z": 1}}],
+    "load_cases": [{"number": 1}],
+    "combinations": [{"number": 1, "terms": [{"case": 1}]}],
+    # N is largest at the foot, My at the head.
+    "forces": [{"element": 1, "case": 1, "values": [[-12, 0, 0, 0, 0.1, 0]] * 5},
+               {"element": 2, "case": 1, "values": [[-4, 0, 0, 0, 2 + i / 2, 0] for i in range(5)]}],
+}
+
+
+def safe_of(aluframe, model):
+    return aluframe.json("check", aluframe.write(model))[0]["safe_ratio"]
+
+
+def test_the_largest_forces_of_a_member_meet_whatever_number_its_sections_have(aluframe):
+    twin = copy.deepcopy(COLUMN)
+    twin["sections"].append({**COLUMN["sections"][0], "number": 2, "name": "the same"})
+    twin["materials"].append({**COLUMN["materials"][0], "number": 2, "name": "the same"})
+    twin["elements"][1].update(section=2, material=2)
+    one = aluframe.json("check", aluframe.write(COLUMN))[0]
+    assert "C7" in one["safe_rules"]
+    assert safe_of(aluframe, twin) == pytest.approx(one["safe_ratio"], rel=1e-12)
+
+
+def test_another_section_of_the_member_says_nothing_of_this_one(aluframe):
+    other = copy.deepcopy(COLUMN)
+    other["sections"].append({"number": 2, "shape": "P", "dimensions": {"D": 140, "t": 8}})
+    other["elements"][1]["section"] = 2
+    assert safe_of(aluframe, other) < safe_of(aluframe, COLUMN)
+
+
+def peaked():
+    """The forces of a point load of 4.9 kN at 3/8 of 4 m, at the five positions, without the load."""
+    # V = 4.9·2.5/4 = 3.0625 up to the load and −1.8375 behind it; M = V·x and 1.8375·(4 − x).
+    rows = [(3.0625, 0), (3.0625, 3.0625), (-1.8375, 3.675), (-1.8375, 1.8375), (-1.8375, 0)]
+    model = beam("B 150x60x3x3", 4, "6063-T5")
+    return with_forces(model, *[[0, 0, v, 0, m, 0] for v, m in rows])
+
+
+def test_peaks_of_given_forces_without_their_load_are_called_an_estimate(aluframe):
+    text = aluframe("check", aluframe.write(peaked())).stdout
+    assert re.search(r"^    P, element 1: given forces of load case 1 do not follow from loads", text, re.M)
+
+
+def test_elements_checked_for_a_report_have_a_second_opinion_too(aluframe):
+    aluframe.write(COLUMN)
+    aluframe("check", "frame.json")
+    whole = aluframe.json("results", "frame.json")
+    (aluframe.folder / "frame.aluresult").unlink()
+    aluframe("check", "frame.json", "--elements", 1)
+    aluframe("report", "frame.json")
+    added = aluframe.json("results", "frame.json")
+    assert {row["element"]: row["safe_ratio"] for row in added} == pytest.approx(
+        {row["element"]: row["safe_ratio"] for row in whole}, rel=1e-12)
+
+
+def test_the_readable_copy_of_a_report_ends_with_the_second_opinion(aluframe):
+    aluframe.write(COLUMN)
+    aluframe("check", "frame.json")
+    aluframe("report", "frame.json", "--readable", "frame.txt")
+    report = (aluframe.folder / "frame.alu").read_bytes()
+    readable = (aluframe.folder / "frame.txt").read_text(encoding="utf-8")
+    assert b"Second opinion" not in report
+    ending = readable.partition("Second opinion (no part of the calculation report")[2]
+    assert re.search(r"^ +1 +\d\.\d{4} +\d\.\d{4} +\w+.* C7", ending, re.M), ending
+
+
+@pytest.mark.parametrize("command", [["results", "frame.json", "--output"], ["report", "frame.json", "--output"],
+                                     ["report", "frame.json", "--readable"], ["section", "P 100x5", "--svg"]])
+def test_a_table_of_forces_is_not_written_over(aluframe, command):
+    model = copy.deepcopy(COLUMN)
+    rows = [[f["element"], 1, i, *row] for f in model.pop("forces") for i, row in enumerate(f["values"])]
+    table = "element,case,position,N,Fy,Fz,Mx,My,Mz\n" + "".join(",".join(map(str, r)) + "\n" for r in rows)
+    aluframe.write(table, "forces.csv")
+    aluframe.write(model)
+    aluframe("check", "frame.json", "--forces", "forces.csv")
+    done = aluframe(*command, "forces.csv", status=1)
+    assert "forces.csv: holds a table of element forces" in done.stderr
+    assert (aluframe.folder / "forces.csv").read_text() == table
