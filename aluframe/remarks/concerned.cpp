@@ -27,6 +27,11 @@ std::string as_ranges(const std::vector<model::Number>& numbers) {
   return text;
 }
 
+std::string named(const model::Section& section) {
+  const std::string number = "section " + std::to_string(section.number);
+  return section.name.empty() ? number : number + " \"" + section.name + "\"";
+}
+
 void Concerned::add(const model::Element& element, double value) {
   elements_.insert(std::ranges::upper_bound(elements_, element.number), element.number);
   if (worst_ != nullptr && !(value > worst_value_)) return;
@@ -44,6 +49,12 @@ Remark Concerned::remark(std::string_view rule, std::string text) const {
   remark.elements = elements_;
   remark.element = worst_->number;
   remark.text = std::move(text);
+  return remark;
+}
+
+Remark about_section(const Concerned& concerned, std::string_view rule, std::string text) {
+  Remark remark = concerned.remark(rule, std::move(text));
+  remark.section = concerned.worst().section;
   return remark;
 }
 

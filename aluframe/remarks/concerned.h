@@ -11,6 +11,9 @@ namespace aluframe::remarks {
 /// "1-3, 7, 9-12", of ascending numbers; beyond six such ranges "and 20 more".
 std::string as_ranges(const std::vector<model::Number>& numbers);
 
+/// "section 3", with its name when it has one.
+std::string named(const model::Section& section);
+
 /// Collects the elements that a remark concerns, and which is the worst.
 class Concerned {
  public:
@@ -31,5 +34,8 @@ class Concerned {
   const model::Element* worst_ = nullptr;
   double worst_value_ = 0.0;
 };
+
+/// A remark whose section is that of the worst element.
+Remark about_section(const Concerned& concerned, std::string_view rule, std::string text);
 
 }  // namespace aluframe::remarks

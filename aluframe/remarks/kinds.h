@@ -26,12 +26,18 @@ std::optional<Remark> area_above_gross(Subject& subject);
 std::optional<Remark> welds_without_loss(Subject& subject);
 /// B11: plates that are over their limit without the ribs that they are taken to have.
 std::optional<Remark> assumed_ribs(Subject& subject);
+/// B12: slender plates of shapes that the checks do not judge for local buckling.
+std::optional<Remark> unjudged_plates(Subject& subject);
+/// B2: webs of H and box sections over their limit in bending, and those to look at for shear.
+std::optional<Remark> slender_webs(Subject& subject);
 /// S15: columns that nothing keeps from swaying, their length factor at its bound.
 std::optional<Remark> factor_at_bound(Subject& subject);
 /// S15: columns and braces with K = 1 because the model has no supports.
 std::optional<Remark> factor_without_supports(Subject& subject);
 /// S6: ends within the frame that count as free.
 std::optional<Remark> free_ends(Subject& subject);
+/// truss: loads that would bend trusses.
+std::optional<Remark> bent_trusses(Subject& subject);
 /// F12: weld coefficients, which no check reads.
 std::optional<Remark> unread_weld_coefficients(Subject& subject);
 /// S4: stability coefficients above 1.

@@ -13,14 +13,14 @@ namespace aluframe::remarks {
 
 /// One kind of remark with everything that it concerns.
 struct Remark {
-  std::string rule;                      ///< of docs/behaviour.md, such as "W1"
+  std::string rule;                      ///< of docs/behaviour.md, such as "W1", or "truss"
   std::vector<model::Number> elements;   ///< all that it concerns, ascending
   std::optional<model::Number> element;  ///< the worst of them
   std::optional<model::Number> section;  ///< of the worst one, when the section is to blame
   std::optional<model::Number> member;   ///< of the worst one, when it belongs to one
   std::string text;                      ///< one line: what, where, and what to do about it
   /// What the text is about where it is a number: the effective over the gross area, a length
-  /// factor, a given coefficient.
+  /// factor, a given coefficient, a width over thickness over its limit.
   std::optional<double> value;
 };
 

@@ -19,12 +19,6 @@ const model::Section& section_of(const model::Model& model, const model::Element
   return *model.sections.find(element.section);
 }
 
-/// "section 3", with its name when it has one.
-std::string named(const model::Section& section) {
-  const std::string number = fmt::format("section {}", section.number);
-  return section.name.empty() ? number : fmt::format("{} \"{}\"", number, section.name);
-}
-
 bool strips_fit(const model::Model& model, const model::Element& element) {
   return EffectiveAreas::strip_width(element) <= widest_strip(section_of(model, element));
 }
@@ -32,12 +26,6 @@ bool strips_fit(const model::Model& model, const model::Element& element) {
 std::string area_text(const EffectiveAreas::Answer& areas) {
   return fmt::format("the checks count {:.4g} mm² of {:.4g} mm² gross", areas.effective,
                      areas.gross);
-}
-
-Remark about_section(const Concerned& concerned, std::string_view rule, std::string text) {
-  Remark remark = concerned.remark(rule, std::move(text));
-  remark.section = concerned.worst().section;
-  return remark;
 }
 
 bool is_checked(const model::Section& section) {
