@@ -47,14 +47,19 @@ bool has_span_moments(const LargestForces& largest, const model::SectionForces& 
 }  // namespace
 
 bool MemberExtremes::is_alike(const model::Element& a, const model::Element& b) const {
+  if (a.section == b.section && a.material == b.material) return true;
   const auto same = [](auto of_a, const auto& of_b) {
     // Another number or name makes no other section or alloy.
     of_a.number = of_b.number;
     of_a.name = of_b.name;
     return of_a == of_b;
   };
-  return same(*model_.sections.find(a.section), *model_.sections.find(b.section)) &&
-         same(*model_.materials.find(a.material), *model_.materials.find(b.material));
+  const auto* section_a = model_.sections.find(a.section);
+  const auto* section_b = model_.sections.find(b.section);
+  const auto* material_a = model_.materials.find(a.material);
+  const auto* material_b = model_.materials.find(b.material);
+  if (!section_a || !section_b || !material_a || !material_b) return false;
+  return same(*section_a, *section_b) && same(*material_a, *material_b);
 }
 
 LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t element,

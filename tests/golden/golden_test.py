@@ -30,7 +30,9 @@ def golden_report(golden, texts=STORED):
 @pytest.mark.parametrize("name", NAMES)
 def test_a_report_is_its_golden_one_byte_for_byte(written, name, ending):
     file = f"{name}.{ending}"
-    assert (written[0] / file).read_bytes() == (HERE / file).read_bytes()
+    # What stands behind the readable copy is no part of the report.
+    report = (written[0] / file).read_bytes().partition(b"\n\nSecond opinion (")[0]
+    assert report == (HERE / file).read_bytes()
 
 
 @pytest.mark.parametrize("golden", GOLDEN, ids=NAMES)

@@ -40,8 +40,12 @@ TEST_F(FileKinds, ACatalogueHasANameAndAShapeInItsHeader) {
   EXPECT_EQ(kind("\xEF\xBB\xBF\n,,,\r\n\"\",\r\nD, \"Shape\" ,NAME\r\n"), FileKind::catalogue);
 }
 
+TEST_F(FileKinds, ForcesAreATableOfElementsCasesAndPositions) {
+  EXPECT_EQ(kind("element,case,position,N,Fy,Fz,Mx,My,Mz\n"), FileKind::forces);
+  EXPECT_EQ(kind("element,combination,position,ratio\n"), FileKind::other);
+}
+
 TEST_F(FileKinds, OtherTablesAreNoCatalogues) {
-  EXPECT_EQ(kind("element,case,position,N,Fy,Fz,Mx,My,Mz\n"), FileKind::other);
   EXPECT_EQ(kind("name,reshape\n"), FileKind::other);
   EXPECT_EQ(kind("element,item\nname,shape\n"), FileKind::other);
 }
