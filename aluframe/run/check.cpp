@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "aluframe/run/remarks.h"
 #include "aluframe/run/session_options.h"
 
 namespace aluframe::run {
@@ -17,7 +16,7 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   CheckResult result;
   std::optional<second_opinion::RunOpinion> opinion;
   if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
-  result.remarks = input_remarks(input);
+  result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {
       const std::vector<store::SafeRow> rows = safe_rows(opinion->result());

@@ -7,7 +7,9 @@
 
 #include "aluframe/io/model_file.h"
 #include "aluframe/members/find_members.h"
+#include "aluframe/members/length_factors.h"
 #include "aluframe/model/envelopes.h"
+#include "aluframe/run/remarks.h"
 
 namespace aluframe::run {
 
@@ -71,12 +73,14 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   auto read = read_input(options, selection);
   auto* input = std::get_if<Input>(&read);
   if (input == nullptr) return read;
-  input->setup = setup_of(input->model, input->origins);
+  const auto factors = members::length_factors(input->model);
+  input->setup = setup_of(input->model, input->origins, factors);
   const auto computed = forces::compute_forces(input->model);
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     return problem_of(options.model, *problem);
   }
   input->forces = std::get<forces::Summary>(computed);
+  input->remarks = input_remarks(*input, factors);
   return read;
 }
 

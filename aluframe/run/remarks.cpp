@@ -26,8 +26,9 @@ store::RemarkRow row_of(const std::string& kind, const Numbers& elements, std::s
   return row;
 }
 
-void add_of_model(const model::Model& model, std::vector<store::RemarkRow>& rows) {
-  for (remarks::Remark& remark : remarks::model_remarks(model)) {
+void add_of_model(const model::Model& model, const std::vector<members::StretchFactors>& factors,
+                  std::vector<store::RemarkRow>& rows) {
+  for (remarks::Remark& remark : remarks::model_remarks(model, factors)) {
     store::RemarkRow row = row_of(remark.rule, {remark.elements.begin(), remark.elements.end()},
                                   std::move(remark.text));
     row.element = remark.element;
@@ -92,13 +93,14 @@ void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
 
 }  // namespace
 
-std::vector<store::RemarkRow> input_remarks(const Input& input) {
+std::vector<store::RemarkRow> input_remarks(const Input& input,
+                                            const std::vector<members::StretchFactors>& factors) {
   std::vector<store::RemarkRow> rows;
   add_of_positions(input, rows);
   add_of_extremes(input, rows);
   add_of_axes(input.model, rows);
   add_of_sections(input.model, rows);
-  add_of_model(input.model, rows);
+  add_of_model(input.model, factors, rows);
   return rows;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/members/length_factors.h"
 #include "aluframe/run/input.h"
 #include "aluframe/store/result_file.h"
 
@@ -14,7 +15,9 @@ namespace aluframe::run {
 /// Everything that follows from the prepared input alone, a row a kind: welds, length factors, ends
 /// taken as free, elements that count as vertical, torsion constants, forces without inner
 /// positions. Kinds are those of docs/warnings.md.
-std::vector<store::RemarkRow> input_remarks(const Input& input);
+/// @param factors of the input's model
+std::vector<store::RemarkRow> input_remarks(const Input& input,
+                                            const std::vector<members::StretchFactors>& factors);
 
 /// Which combinations are checked by their extremes, and what that means; nothing without any.
 /// @param combinations those with two sides

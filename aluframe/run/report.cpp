@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "aluframe/run/remarks.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/run/session_options.h"
 
@@ -16,7 +15,7 @@ void add_second_opinion(const Input& input, const second_opinion::RunSafe& opini
                         bool is_new_file, store::ResultWriter& writer) {
   for (const store::SafeRow& row : safe_rows(opinion)) writer.add_safe(row);
   if (is_new_file) {
-    for (const store::RemarkRow& row : input_remarks(input)) writer.add_remark(row);
+    for (const store::RemarkRow& row : input.remarks) writer.add_remark(row);
   }
   for (const store::RemarkRow& row : unchecked_remarks(opinion, input.model)) {
     writer.add_remark(row);

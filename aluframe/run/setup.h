@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/members/length_factors.h"
 #include "aluframe/model/model.h"
 #include "aluframe/store/result_file.h"
 
@@ -20,6 +21,8 @@ struct SetupOrigins {
 /// The settings that matter for every ratio and where they come from: safety class, ribs, strength
 /// ratio, seismic factors, length factors, and how forces come about. `model` has its members, and
 /// the forces that it is given, but none that are computed.
-store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins);
+/// `factors` are those of the model.
+store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins,
+                         const std::vector<members::StretchFactors>& factors);
 
 }  // namespace aluframe::run

@@ -71,8 +71,7 @@ int run_validate_command(const run::InputOptions& options) {
   const auto& input = std::get<run::Input>(prepared);
   if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   print_content(input);
-  const std::vector<store::RemarkRow> remarks = run::input_remarks(input);
-  if (!remarks.empty()) fmt::print("{}", tables::remarks_text(remarks));
+  fmt::print("{}", tables::remarks_text(input.remarks));
   return exit_done;
 }
 

@@ -44,8 +44,7 @@ std::vector<store::RemarkRow> remarks_of(const Beam& beam) {
   const auto prepared = prepare({.model = file});
   const auto* problem = std::get_if<Problem>(&prepared);
   EXPECT_EQ(problem, nullptr) << problem->text;
-  return problem == nullptr ? input_remarks(std::get<Input>(prepared))
-                            : std::vector<store::RemarkRow>();
+  return problem == nullptr ? std::get<Input>(prepared).remarks : std::vector<store::RemarkRow>();
 }
 
 /// The one row of a kind.
