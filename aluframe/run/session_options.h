@@ -23,6 +23,7 @@ inline services::SessionOptions session_options(const Input& input,
   session.combinations = input.combinations;
   session.model_digest = input.digest;
   session.setup = input.setup;
+  session.length_factors = input.length_factors;
   if (input.origins.forces) {
     session.setup.forces_file = seen_from(results, *input.origins.forces).string();
   }
