@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-#include "aluframe/files/replace_file.h"
+#include "aluframe/files/publication.h"
 #include "aluframe/io/failure.h"
 #include "aluframe/io/json_document.h"
 #include "aluframe/io/json_spans.h"
@@ -118,6 +118,28 @@ std::string edit_text(std::string_view text, const ModelChanges& changes,
   return edited;
 }
 
+/// A program that knows of no lock may have saved the file since it was read.
+void require_unchanged(const std::filesystem::path& path, std::string_view text) {
+  if (load_file(path) == text) return;
+  throw std::runtime_error("another program has changed it meanwhile; try again");
+}
+
+std::optional<Problem> change(const std::filesystem::path& path, const ChooseChanges& choose) {
+  const std::filesystem::path folder = path.parent_path();
+  const std::string looked_at = load_file(path);
+  const auto wanted = choose(read_or_throw(looked_at, &folder));
+  if (const auto* problem = std::get_if<Problem>(&wanted)) return *problem;
+  if (std::get<ModelChanges>(wanted).empty()) return std::nullopt;
+  files::Publication file(path, files::WhenBusy::wait);
+  const std::string text = load_file(path);
+  const auto changes = choose(read_or_throw(text, &folder));
+  if (const auto* problem = std::get_if<Problem>(&changes)) return *problem;
+  file.write(edit_text(text, std::get<ModelChanges>(changes), &folder));
+  require_unchanged(path, text);
+  file.publish();
+  return std::nullopt;
+}
+
 }  // namespace
 
 ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
@@ -142,31 +164,22 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
   }
 }
 
-Result<std::string> edit_model_file(const std::filesystem::path& path,
-                                    const ModelChanges& changes) {
+std::optional<Problem> change_model_file(const std::filesystem::path& path,
+                                         const ChooseChanges& choose) {
   try {
-    const std::filesystem::path folder = path.parent_path();
-    return edit_text(load_file(path), changes, &folder);
+    return change(path, choose);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
-  }
-}
-
-std::optional<Problem> save_model_text(const std::filesystem::path& path, std::string_view text) {
-  try {
-    files::replace_file(path, text);
-    return std::nullopt;
   } catch (const std::exception& error) {
-    return Problem{path.string(), "", "cannot be saved: " + std::string(error.what())};
+    return Problem{path.string(), "", "cannot be saved: " + std::string(error.what()),
+                   Problem::Kind::failure};
   }
 }
 
 std::optional<Problem> save_changes(const std::filesystem::path& path,
                                     const ModelChanges& changes) {
   if (changes.empty()) return std::nullopt;
-  const Result<std::string> edited = edit_model_file(path, changes);
-  if (const auto* problem = std::get_if<Problem>(&edited)) return *problem;
-  return save_model_text(path, std::get<std::string>(edited));
+  return change_model_file(path, [&](const model::Model&) { return changes; });
 }
 
 }  // namespace aluframe::io

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,15 +40,17 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
                                     const ModelChanges& changes,
                                     const std::filesystem::path* folder = nullptr);
 
-/// The same of a file, which stays as it is.
-Result<std::string> edit_model_file(const std::filesystem::path& path, const ModelChanges& changes);
+/// Decides on changes by the model as its file has it now. Asked again when the file is locked.
+using ChooseChanges = std::function<Result<ModelChanges>(const model::Model&)>;
 
-/// Gives a model file a new text in one step (files/replace_file.h).
-/// @return a problem when that failed; the file is then as it was
-std::optional<Problem> save_model_text(const std::filesystem::path& path, std::string_view text);
+/// Changes a model file in one step. Two programs that do so at once wait for each other, and each
+/// decides by what the other has left; without changes the file is not touched.
+/// @return a problem when that failed or a program that knows of no lock, an editor say, saved the
+///         file meanwhile; the file is then as it was or as that program has saved it
+std::optional<Problem> change_model_file(const std::filesystem::path& path,
+                                         const ChooseChanges& choose);
 
-/// Makes changes in a model file in one step; without changes the file is not touched.
-/// @return a problem when that failed; the file is then as it was
+/// Makes changes in a model file, whatever it holds now.
 std::optional<Problem> save_changes(const std::filesystem::path& path, const ModelChanges& changes);
 
 }  // namespace aluframe::io

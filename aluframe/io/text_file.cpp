@@ -1,12 +1,13 @@
 #include "aluframe/io/text_file.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <system_error>
 
 #include "aluframe/io/failure.h"
@@ -61,26 +62,51 @@ std::size_t ascii_length(std::string_view text) {
   return length;
 }
 
+/// A file that is open for reading. Opening a pipe that nobody writes to does not wait: it is
+/// empty.
+class InputFile {
+ public:
+  explicit InputFile(const std::filesystem::path& path)
+      : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (descriptor_ < 0) {
+      throw Failure{"", "cannot be opened: " + std::generic_category().message(errno)};
+    }
+    // Somebody who writes is waited for.
+    fcntl(descriptor_, F_SETFL, fcntl(descriptor_, F_GETFL) & ~O_NONBLOCK);
+  }
+  ~InputFile() { close(descriptor_); }
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+
+  /// @return the number of bytes read into the block; 0 at the end
+  std::size_t read(std::string& block) const {
+    for (;;) {
+      const ssize_t count = ::read(descriptor_, block.data(), block.size());
+      if (count >= 0) return static_cast<std::size_t>(count);
+      if (errno == EINTR) continue;
+      throw Failure{"", "cannot be read: " + std::generic_category().message(errno)};
+    }
+  }
+
+ private:
+  int descriptor_;
+};
+
 }  // namespace
 
 std::string load_file(const std::filesystem::path& path) {
   std::error_code ignored;  // a path that cannot be examined fails to open below, with its reason
   if (std::filesystem::is_directory(path, ignored)) throw Failure{"", "is a directory, not a file"};
-  errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    throw Failure{"", "cannot be opened: " + std::generic_category().message(errno)};
-  }
+  const InputFile file(path);
   std::string text;
   std::error_code unknown_size;  // of a pipe, say: then the text grows as it comes
   const std::uintmax_t size = std::filesystem::file_size(path, unknown_size);
   if (!unknown_size) text.reserve(std::min<std::uintmax_t>(size, max_file_size));
   std::string block(std::size_t{1} << 20, '\0');
-  while (file.read(block.data(), static_cast<std::streamsize>(block.size())), file.gcount() > 0) {
-    text.append(block, 0, static_cast<std::size_t>(file.gcount()));
+  while (const std::size_t count = file.read(block)) {
+    text.append(block, 0, count);
     if (text.size() > max_file_size) throw Failure{"", "is larger than 2 GB"};
   }
-  if (file.bad()) throw Failure{"", "cannot be read: " + std::generic_category().message(errno)};
   return text;
 }
 

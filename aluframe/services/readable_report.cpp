@@ -87,13 +87,6 @@ std::string read_file(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void write_file(const std::filesystem::path& path, const std::string& text) {
-  std::ofstream file(path, std::ios::binary);
-  file << text << std::flush;
-  if (!file)
-    throw std::runtime_error("cannot be written: " + std::generic_category().message(errno));
-}
-
 template <class Action>
 auto about(const std::filesystem::path& path, Action action) {
   try {

@@ -1,7 +1,12 @@
+#include <fmt/format.h>
+
+#include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
-#include "aluframe/files/new_file.h"
+#include "aluframe/files/link_target.h"
+#include "aluframe/files/publication.h"
 #include "aluframe/store/database.h"
 #include "aluframe/store/result_writer.h"
 #include "aluframe/store/schema.h"
@@ -12,65 +17,80 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file itself, whatever links lead to it, so that a link stays one and a later change of the
-/// working folder does no harm.
-fs::path resolved(const fs::path& path) {
-  return fs::is_symlink(fs::symlink_status(path)) ? fs::canonical(path) : fs::absolute(path);
-}
-
 /// An empty file has nothing to lose and no journal of its own.
 bool holds_something(const fs::path& path) {
   const fs::file_status status = fs::status(path);
   return fs::exists(status) && (!fs::is_regular_file(status) || fs::file_size(path) > 0);
 }
 
+/// What this program did not write it does not overwrite.
+void require_replaceable(const fs::path& path) {
+  if (holds_something(path)) const OldFileLock is_a_result_file(path);
+}
+
+/// Ends what a killed run left of the path: a partial file is to be no other than a run's.
+void require_no_other_file(const fs::path& partial) {
+  if (holds_something(partial) && files::kind_of(partial) != files::FileKind::results) {
+    throw std::runtime_error(
+        fmt::format("{} stands in the way: it is no result file", partial.filename().string()));
+  }
+}
+
 void lay_out_file(const fs::path& path, const RunInfo& info) {
+  remove_side_files(path);  // of what stood there before
   SQLite::Database database(path.string(), SQLite::OPEN_READWRITE);
   database.exec("PRAGMA journal_mode = MEMORY");
   lay_out(database, info);
 }
 
-/// Fails unless the file is a result file that can be written, that no other run is writing, and
-/// whose run may be this one.
-void prepare_for_more(const fs::path& path, const RunInfo& info) {
-  {
-    const OldFileLock can_be_written(path);
+/// Fails unless the file is that of a run which may be this one.
+void require_same_run(const fs::path& path, const RunInfo& info) {
+  SQLite::Database stored = open_for_reading(path);  // of this format version
+  if (const auto difference = difference_of_runs(load_info(stored), info)) {
+    throw std::runtime_error(*difference);
   }
-  {
-    SQLite::Database stored = open_for_reading(path);  // of this format version
-    if (const auto difference = difference_of_runs(load_info(stored), info)) {
-      throw std::runtime_error(*difference);
-    }
-  }
-  SQLite::Database database = open_for_writing(path);
-  add_combinations(database, info);
-}
-
-void create_at(const fs::path& path, const RunInfo& info) {
-  std::optional<OldFileLock> old_file;
-  if (holds_something(path)) old_file.emplace(path);
-  files::NewFile file(path);
-  lay_out_file(file.path(), info);
-  remove_side_files(path);
-  file.replace();
+  require_undamaged(stored);
 }
 
 }  // namespace
 
-std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const RunInfo& info) {
+fs::path partial_path_of(const fs::path& result_file) {
+  return fs::path(result_file) += ".partial";
+}
+
+std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const RunInfo& info,
+                                                   files::WhenBusy when_busy) {
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
-    const fs::path file = resolved(path);
-    create_at(file, info);
-    return std::make_unique<QueuedResultWriter>(file);
+    const fs::path partial = partial_path_of(files::link_target(path));
+    require_no_other_file(partial);
+    auto file = std::make_unique<files::Publication>(path, partial.filename(), when_busy);
+    require_replaceable(file->destination());
+    lay_out_file(file->path(), info);
+    return std::make_unique<QueuedResultWriter>(path, std::move(file), Unfinished::is_kept);
   });
 }
 
 std::unique_ptr<ResultWriter> ResultWriter::reopen(const fs::path& path, const RunInfo& info) {
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
-    const fs::path file = resolved(path);
-    prepare_for_more(file, info);
-    return std::make_unique<QueuedResultWriter>(file);
+    if (!fs::exists(path)) throw std::runtime_error("there is no such file");
+    auto file = std::make_unique<files::Publication>(path);
+    require_replaceable(file->destination());
+    require_same_run(file->destination(), info);
+    fs::copy_file(file->destination(), file->path(), fs::copy_options::overwrite_existing);
+    remove_side_files(file->path());
+    {
+      SQLite::Database database = open_for_writing(file->path());
+      add_combinations(database, info);
+    }
+    return std::make_unique<QueuedResultWriter>(path, std::move(file), Unfinished::is_discarded);
   });
+}
+
+void publish_results(files::Publication& file) {
+  std::optional<OldFileLock> earlier;
+  if (holds_something(file.destination())) earlier.emplace(file.destination());
+  remove_side_files(file.destination());
+  file.publish();
 }
 
 }  // namespace aluframe::store

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/files/file_lock.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::store {
@@ -122,14 +123,21 @@ struct RemarkRow {
   friend bool operator==(const RemarkRow&, const RemarkRow&) = default;
 };
 
+/// Where the run of a result file writes until it is complete, and what it leaves when it ends
+/// early: "frame.aluresult.partial".
+std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
+
 /// Writes the result file of one run.
 ///
-/// `create` builds the new file beside `path` and puts it in the place of a previous one only when
-/// it is complete with its tables and run row, so that a run that cannot start leaves the old
-/// results. Records are packed on the caller's thread and written by a second one through a bounded
-/// queue, in transactions, so that checking and writing overlap. The first error of the writer is
-/// thrown by the next call. A run that is killed leaves what was last committed, with the state
-/// `running`. The same records in the same order give the same bytes.
+/// `create` writes beside the result file, in the partial one (`partial_path_of`), which `finish`
+/// puts in its place in one step when the run is complete; until then earlier results stay. A run
+/// that ends in another way leaves the partial file, of a killed one with what was last committed
+/// and the state `running`, unless it holds no record; the next run removes it. The path is locked
+/// from `create` or `reopen` until the writer is destroyed or finished.
+///
+/// Records are packed on the caller's thread and written by a second one through a bounded queue,
+/// in transactions, so that checking and writing overlap. The first error of the writer is thrown
+/// by the next call. The same records in the same order give the same bytes.
 ///
 ///     const auto writer = ResultWriter::create("frame.aluresult", info);
 ///     writer->write(element, record, combination, min_side);  // for every combination
@@ -142,9 +150,11 @@ class ResultWriter {
   /// @throws std::runtime_error with the path and the reason when the file cannot be created, and
   ///   when another run is writing it or something else than a result file stands there
   static std::unique_ptr<ResultWriter> create(const std::filesystem::path& path,
-                                              const RunInfo& info);
-  /// Opens the existing result file of a run to add elements to it or to replace some. The run
-  /// keeps its state until `finish`; combinations of `info` that the file lacks are added.
+                                              const RunInfo& info,
+                                              files::WhenBusy when_busy = files::WhenBusy::refuse);
+  /// Begins with a copy of the existing result file of a run, to add elements to it or to replace
+  /// some, which `finish` puts in its place; destroyed without, nothing has changed. Combinations
+  /// of `info` that the file lacks are added.
   /// @throws std::runtime_error with the path and the reason when it is missing, no result file, of
   ///   another version or a different run (`difference_of_runs`), write-protected, or being written
   ///   by another run
@@ -168,9 +178,10 @@ class ResultWriter {
   virtual void add_remark(const RemarkRow& row) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;
-  /// Flushes, waits until the disk has everything, notes how the run ended and closes the file.
-  /// Later calls do nothing. @throws std::runtime_error when writing failed; the run is then noted
-  /// as failed if the file can still take that
+  /// Flushes, waits until the disk has everything, notes how the run ended, closes the file and,
+  /// when the run is complete or was reopened, puts it in its place. Later calls do nothing.
+  /// @throws std::runtime_error when writing failed; the run is then noted as failed if the file
+  /// can still take that
   virtual void finish(RunState state) = 0;
 
   /// Records accepted, and bytes of packed records, so far.
@@ -196,7 +207,8 @@ struct GoverningRow {
 /// Reads a result file, also one of an unfinished run.
 class ResultReader {
  public:
-  /// @throws std::runtime_error with path and reason: missing, no result file, other version
+  /// @throws std::runtime_error with path and reason: missing, no result file, other version, or
+  ///   damaged: the content of a complete run is compared with the digest that it was sealed with
   static std::unique_ptr<ResultReader> open(const std::filesystem::path& path);
   virtual ~ResultReader() = default;
 

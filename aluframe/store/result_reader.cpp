@@ -28,7 +28,9 @@ class FileReader : public ResultReader {
       : path_(std::move(path)),
         database_(open_for_reading(path_)),
         records_(database_),
-        info_(load_info(database_)) {}
+        info_(load_info(database_)) {
+    require_undamaged(database_);
+  }
 
   RunState state() const override {
     return about_file(path_, [this] { return load_state(database_); });

@@ -38,8 +38,14 @@ bool succeeds(Action action) {
 
 }  // namespace
 
-QueuedResultWriter::QueuedResultWriter(std::filesystem::path path)
-    : path_(std::move(path)), queue_(queue_bytes), file_(std::make_unique<RowWriter>(path_)) {
+QueuedResultWriter::QueuedResultWriter(std::filesystem::path path,
+                                       std::unique_ptr<files::Publication> file,
+                                       Unfinished unfinished)
+    : path_(std::move(path)),
+      publication_(std::move(file)),
+      unfinished_(unfinished),
+      queue_(queue_bytes),
+      file_(std::make_unique<RowWriter>(publication_->path())) {
   thread_ = std::thread([this] { write_queued_work(); });
 }
 
@@ -49,6 +55,14 @@ QueuedResultWriter::~QueuedResultWriter() {
     if (thread_.joinable()) queue_open_element();
   });
   end_thread();
+  file_.reset();
+  leave_file();
+}
+
+void QueuedResultWriter::leave_file() {
+  if (publication_ == nullptr) return;
+  if (unfinished_ == Unfinished::is_kept && records_ > 0) publication_->keep();
+  publication_.reset();
 }
 
 void QueuedResultWriter::write_queued_work() {
@@ -145,10 +159,15 @@ void QueuedResultWriter::finish(RunState state) {
     // Its own error does not matter: the first one is what the caller is told.
     succeeds([this] { file_->abandon(); });
     file_.reset();
+    leave_file();
     throw;
   }
   end_thread();
   file_.reset();
+  if (state == RunState::complete || unfinished_ == Unfinished::is_discarded) {
+    about_file(path_, [this] { publish_results(*publication_); });
+  }
+  leave_file();
 }
 
 void QueuedResultWriter::end_thread() {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <thread>
 
+#include "aluframe/files/publication.h"
 #include "aluframe/store/element_row.h"
 #include "aluframe/store/result_file.h"
 #include "aluframe/store/row_writer.h"
@@ -13,15 +14,23 @@
 
 namespace aluframe::store {
 
+/// What becomes of the file of a run that did not end as it should.
+enum class Unfinished { is_kept, is_discarded };
+
+/// Puts a written and closed result file in the place of the earlier one, which is to be one too.
+void publish_results(files::Publication& file);
+
 /// Packs records on the caller's thread and writes them on one of its own.
 ///
 /// After an error of the writing thread every call throws it; `finish` then notes the run as failed
 /// if the file can still take that. Destroyed without `finish`, what was accepted is still written
-/// and the run stays `running`; an error then has no way out but that state. One caller's thread.
+/// to a file that is kept, and the run stays `running`; an error then has no way out but that
+/// state. One caller's thread.
 class QueuedResultWriter : public ResultWriter {
  public:
-  /// `path` is a laid-out result file.
-  explicit QueuedResultWriter(std::filesystem::path path);
+  /// `file` is a laid-out result file that is to be published as `path`.
+  QueuedResultWriter(std::filesystem::path path, std::unique_ptr<files::Publication> file,
+                     Unfinished unfinished);
   ~QueuedResultWriter() override;
   QueuedResultWriter(const QueuedResultWriter&) = delete;
   QueuedResultWriter& operator=(const QueuedResultWriter&) = delete;
@@ -46,8 +55,12 @@ class QueuedResultWriter : public ResultWriter {
   void end_open_element();
   std::optional<T_RALU_D> find(std::uint32_t element, const RecordKey& key);
   void end_thread();
+  /// Leaves the closed file, as far as something of it is worth it.
+  void leave_file();
 
   std::filesystem::path path_;
+  std::unique_ptr<files::Publication> publication_;
+  Unfinished unfinished_;
   std::optional<ElementPacker> open_element_;  ///< its governing record is still to come
   std::uint64_t records_ = 0;
   std::uint64_t closed_bytes_ = 0;

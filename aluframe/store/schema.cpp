@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/store/content_digest.h"
+
 namespace aluframe::store {
 
 namespace {
@@ -91,6 +93,8 @@ CREATE TABLE remark (
 CREATE TABLE record (
   element INTEGER PRIMARY KEY,
   data BLOB NOT NULL);
+CREATE TABLE seal (
+  digest TEXT NOT NULL);
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
@@ -232,9 +236,25 @@ void add_combinations(SQLite::Database& database, const RunInfo& info) {
 }
 
 void store_state(SQLite::Database& database, RunState state) {
+  SQLite::Transaction transaction(database);
   SQLite::Statement update(database, "UPDATE run SET state = ?");
   update.bind(1, state_name(state));
   update.exec();
+  database.exec("DELETE FROM seal");
+  if (state == RunState::complete) {
+    SQLite::Statement seal(database, "INSERT INTO seal VALUES (?)");
+    seal.bind(1, content_digest(database));
+    seal.exec();
+  }
+  transaction.commit();
+}
+
+void require_undamaged(SQLite::Database& database) {
+  if (load_state(database) != RunState::complete) return;
+  SQLite::Statement seal(database, "SELECT digest FROM seal");
+  if (seal.executeStep() && seal.getColumn(0).getString() == content_digest(database)) return;
+  throw std::runtime_error(
+      "is damaged: it does not hold what its run wrote; check the model again");
 }
 
 RunState load_state(SQLite::Database& database) {

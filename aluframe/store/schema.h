@@ -15,7 +15,7 @@ namespace aluframe::store {
 /// Marks an SQLite file as a result file ("AluR").
 inline constexpr std::uint32_t application_id = files::result_file_mark;
 /// Raised when an older program could misread the file.
-inline constexpr int format_version = 3;
+inline constexpr int format_version = 4;
 
 /// Item types as the table `governing` names them, by RALU_ITEM_TYPE.
 inline constexpr std::array<const char*, kResultItems> item_names = {
@@ -34,8 +34,12 @@ void lay_out(SQLite::Database& database, const RunInfo& info);
 /// Adds the combinations of `info` that the file lacks.
 void add_combinations(SQLite::Database& database, const RunInfo& info);
 
-/// Sets the state of the run.
+/// Sets the state of the run. A complete one is sealed with the digest of the content, which a
+/// reader compares; any other is not.
 void store_state(SQLite::Database& database, RunState state);
+
+/// @throws std::runtime_error when the file of a complete run does not hold what the run wrote
+void require_undamaged(SQLite::Database& database);
 
 RunState load_state(SQLite::Database& database);
 RunInfo load_info(SQLite::Database& database);

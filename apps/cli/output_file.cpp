@@ -2,8 +2,9 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
+#include <exception>
 
+#include "aluframe/files/publication.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
 
@@ -14,14 +15,13 @@ int write_output(const std::string& text, const std::optional<std::filesystem::p
     fmt::print("{}", text);
     return exit_done;
   }
-  std::ofstream file(*path, std::ios::binary);
-  file << text;
-  file.close();
-  if (file.fail()) {
-    print_message(path->string() + ": cannot be written");
+  try {
+    files::publish_text(*path, text);
+    return exit_done;
+  } catch (const std::exception& error) {
+    print_message(path->string() + ": cannot be written: " + error.what());
     return exit_failure;
   }
-  return exit_done;
 }
 
 }  // namespace aluframe::cli

@@ -2,13 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
-
 #include "aluframe/files/output_guard.h"
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/sketch.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/output_file.h"
 #include "apps/cli/profile_list.h"
 #include "apps/cli/section_tables.h"
 #include "apps/cli/terminal.h"
@@ -37,15 +36,6 @@ int list(const SectionOptions& options, const std::vector<Profile>& own) {
   return exit_done;
 }
 
-/// @return false when the drawing cannot be written, which is printed
-bool draw(const std::filesystem::path& file, const model::Section& section) {
-  std::ofstream stream(file, std::ios::binary);
-  stream << section::sketch_of(section);
-  stream.close();
-  if (stream.fail()) print_message(file.string() + ": cannot be written");
-  return !stream.fail();
-}
-
 int show(const SectionOptions& options, const std::string& name, const std::vector<Profile>& own) {
   const auto named = io::named_section(name, own);
   if (const auto* text = std::get_if<std::string>(&named)) {
@@ -54,7 +44,7 @@ int show(const SectionOptions& options, const std::string& name, const std::vect
   }
   const auto& section = std::get<model::Section>(named);
   fmt::print("{}", section_text({section, own, options.across}, options.format));
-  return !options.svg || draw(*options.svg, section) ? exit_done : exit_failure;
+  return options.svg ? write_output(section::sketch_of(section), options.svg) : exit_done;
 }
 
 }  // namespace

@@ -44,30 +44,23 @@ void report(const SettingsOptions& options, const tables::OutputTable& differenc
   }
 }
 
-/// @return the exit status when the changes cannot be saved
-std::optional<int> save(const std::filesystem::path& file, const io::ModelChanges& changes) {
-  const auto edited = io::edit_model_file(file, changes);
-  if (const auto* problem = std::get_if<io::Problem>(&edited)) {
+int change(const SettingsOptions& options) {
+  std::vector<std::string> problems;
+  tables::OutputTable difference;
+  const auto choose = [&](const model::Model& before) -> io::Result<io::ModelChanges> {
+    model::Model after = before;
+    problems = apply(options.changes, after);
+    if (!problems.empty()) return io::ModelChanges();
+    difference = settings_difference(before, after);
+    return io::changes_since(before.design, before.materials, after);
+  };
+  if (const auto problem = io::change_model_file(options.model, choose)) {
     print_message(problem->message());
-    return exit_input_error;
+    return problem->kind == io::Problem::Kind::failure ? exit_failure : exit_input_error;
   }
-  if (const auto problem = io::save_model_text(file, std::get<std::string>(edited))) {
-    print_message(problem->message());
-    return exit_failure;
-  }
-  return std::nullopt;
-}
-
-int change(const SettingsOptions& options, const model::Model& before) {
-  model::Model after = before;
-  const std::vector<std::string> problems = apply(options.changes, after);
   for (const std::string& problem : problems) print_message(problem);
   if (!problems.empty()) return exit_input_error;
-  const auto changes = io::changes_since(before.design, before.materials, after);
-  if (!changes.empty()) {
-    if (const auto status = save(options.model, changes)) return *status;
-  }
-  report(options, settings_difference(before, after));
+  report(options, difference);
   return exit_done;
 }
 
@@ -79,13 +72,13 @@ int run_settings_command(const SettingsOptions& options) {
     print_message("--material: give --grade, --name or values with it");
     return exit_input_error;
   }
+  if (!wanted.empty()) return change(options);
   const auto read = io::read_model(options.model);
   if (const auto* problem = std::get_if<io::Problem>(&read)) {
     print_message(problem->message());
     return exit_input_error;
   }
-  const auto& model = std::get<model::Model>(read);
-  return wanted.empty() ? show(options, model) : change(options, model);
+  return show(options, std::get<model::Model>(read));
 }
 
 }  // namespace aluframe::cli

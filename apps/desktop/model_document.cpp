@@ -23,7 +23,15 @@ io::ModelChanges ModelDocument::changes() const {
 }
 
 std::optional<std::string> ModelDocument::save() {
-  if (const auto problem = io::save_changes(path_, changes())) return problem->message();
+  const auto choose = [this](const model::Model& now) -> io::Result<io::ModelChanges> {
+    if (!io::changes_since(saved_design_, saved_materials_, now).empty()) {
+      return io::Problem{path_.string(), "",
+                         "another program has changed its settings or materials since it was "
+                         "opened; open it again"};
+    }
+    return changes();
+  };
+  if (const auto problem = io::change_model_file(path_, choose)) return problem->message();
   saved_design_ = model_.design;
   saved_materials_ = model_.materials;
   return std::nullopt;

@@ -88,7 +88,8 @@ TEST(BrokenRun, ARunThatFilledTheDiskKeepsWhatWasCommittedAndIsNotComplete) {
                                                                                                : 0;
             }),
             0);
-  const auto reader = ResultReader::open(folder.file());
+  EXPECT_FALSE(std::filesystem::exists(folder.file()));
+  const auto reader = ResultReader::open(folder.partial());
   EXPECT_EQ(reader->state(), RunState::failed);
   EXPECT_THAT(reader->read(100'001, 7, 1).value(),
               SameBits(store_test::sample_record(100'001, 7, 1)));
@@ -104,7 +105,7 @@ TEST(BrokenRun, AWriterThatIsDestroyedAfterAnErrorEnds) {
               return 0;
             }),
             0);
-  EXPECT_EQ(ResultReader::open(folder.file())->state(), RunState::running);
+  EXPECT_EQ(ResultReader::open(folder.partial())->state(), RunState::running);
 }
 
 TEST(BrokenRun, ADiskThatIsFullFromTheStartLeavesTheOldResults) {
@@ -183,7 +184,7 @@ TEST(BrokenRun, AKilledRunLeavesWhatWasCommittedAndTheStateRunning) {
   EndlessRun run(folder.file());
   ASSERT_TRUE(run.wait_for_flush());
   run.kill_it();
-  expect_whole_elements(folder.file());
+  expect_whole_elements(folder.partial());
 }
 
 TEST(BrokenRun, WheneverARunIsKilledItsFileHoldsWholeElements) {
@@ -193,7 +194,7 @@ TEST(BrokenRun, WheneverARunIsKilledItsFileHoldsWholeElements) {
     ASSERT_TRUE(run.wait_for_flush());
     std::this_thread::sleep_for(delay);
     run.kill_it();
-    expect_whole_elements(folder.file());
+    expect_whole_elements(folder.partial());
   }
 }
 
@@ -207,13 +208,49 @@ TEST(BrokenRun, ANewRunReplacesAKilledOne) {
   EXPECT_EQ(reader->state(), RunState::complete);
   EXPECT_EQ(reader->info().model_title, "next");
   EXPECT_EQ(reader->elements().size(), 3U);
+  EXPECT_THAT(folder.names(), testing::ElementsAre("frame.aluresult"));
+}
+
+TEST(BrokenRun, AKilledRunLeavesTheEarlierCompleteResults) {
+  const Folder folder;
+  store_test::write_run(folder.file(), 2, "old");
+  const std::string before = store_test::bytes_of(folder.file());
+  EndlessRun run(folder.file());
+  ASSERT_TRUE(run.wait_for_flush());
+  EXPECT_TRUE(store_test::bytes_of(folder.file()) == before);
+  run.kill_it();
+  EXPECT_TRUE(store_test::bytes_of(folder.file()) == before);
+  EXPECT_EQ(ResultReader::open(folder.file())->state(), RunState::complete);
+  expect_whole_elements(folder.partial());
+}
+
+TEST(BrokenRun, ARunThatEndsEarlyLeavesTheEarlierCompleteResultsAndWhatItHas) {
+  for (const RunState state : {RunState::cancelled, RunState::failed}) {
+    const Folder folder;
+    store_test::write_run(folder.file(), 2, "old");
+    const auto writer = ResultWriter::create(folder.file(), store_test::sample_info("new"));
+    store_test::write_element(*writer, 7);
+    writer->finish(state);
+    EXPECT_EQ(ResultReader::open(folder.file())->info().model_title, "old");
+    const auto partial = ResultReader::open(folder.partial());
+    EXPECT_EQ(partial->state(), state);
+    EXPECT_THAT(partial->elements(), testing::ElementsAre(7));
+    EXPECT_THAT(folder.names(),
+                testing::UnorderedElementsAre("frame.aluresult", "frame.aluresult.partial"));
+  }
+}
+
+TEST(BrokenRun, ARunThatEndsEarlyWithoutAnyRecordLeavesNothing) {
+  const Folder folder;
+  ResultWriter::create(folder.file(), store_test::sample_info())->finish(RunState::failed);
+  EXPECT_THAT(folder.names(), testing::IsEmpty());
 }
 
 TEST(BrokenRun, ARunOfAnotherProcessCanBeReadWhileItWrites) {
   const Folder folder;
   EndlessRun run(folder.file());
   ASSERT_TRUE(run.wait_for_flush());
-  const auto reader = ResultReader::open(folder.file());
+  const auto reader = ResultReader::open(folder.partial());
   for (int i = 0; i < 200; ++i) {
     const std::vector<std::uint32_t> elements = reader->elements();
     ASSERT_GE(elements.size(), 10U);

@@ -155,16 +155,18 @@ TEST_F(ReopenedFile, ALinkToItStaysALink) {
 
 // --- the run ---
 
-TEST_F(ReopenedFile, TheRunKeepsItsStateUntilTheEnd) {
+TEST_F(ReopenedFile, NothingChangesUntilTheEnd) {
+  const std::string before = store_test::bytes_of(file());
   const auto writer = reopen();
   store_test::write_element(*writer, 9);
   writer->flush();
-  EXPECT_EQ(ResultReader::open(file())->state(), RunState::complete);
+  EXPECT_TRUE(store_test::bytes_of(file()) == before);
   writer->finish(RunState::cancelled);
   EXPECT_EQ(ResultReader::open(file())->state(), RunState::cancelled);
+  EXPECT_THAT(ResultReader::open(file())->elements(), ElementsAre(1, 2, 9));
 }
 
-TEST_F(ReopenedFile, ARunThatWasKilledStaysRunningUntilTheEnd) {
+TEST_F(ReopenedFile, MayBeThePartialOneOfAKilledRun) {
   ASSERT_EQ(store_test::in_child([&] {
               const auto writer = ResultWriter::create(file(), store_test::sample_info());
               store_test::write_element(*writer, 1);
@@ -173,12 +175,11 @@ TEST_F(ReopenedFile, ARunThatWasKilledStaysRunningUntilTheEnd) {
               return 0;
             }),
             128 + SIGKILL);
-  const auto writer = reopen();
+  const auto writer = ResultWriter::reopen(folder_.partial(), store_test::sample_info());
   store_test::write_element(*writer, 9);
-  writer->flush();
-  EXPECT_EQ(ResultReader::open(file())->state(), RunState::running);
-  EXPECT_THAT(ResultReader::open(file())->elements(), ElementsAre(1, 9));
   writer->finish(RunState::running);
+  EXPECT_EQ(ResultReader::open(folder_.partial())->state(), RunState::running);
+  EXPECT_THAT(ResultReader::open(folder_.partial())->elements(), ElementsAre(1, 9));
 }
 
 TEST_F(ReopenedFile, CombinationsThatItLacksAreAddedBehindTheOthers) {
@@ -227,7 +228,7 @@ TEST_F(RefusedFile, IsOneThatIsMissing) {
 TEST_F(RefusedFile, IsAFolder) {
   fs::remove(file());
   fs::create_directory(file());
-  EXPECT_EQ(error_of([&] { reopen(); }), file().string() + ": is not a result file");
+  EXPECT_EQ(error_of([&] { reopen(); }), file().string() + ": is a folder");
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherKind) {
@@ -247,7 +248,7 @@ TEST_F(RefusedFile, IsADatabaseOfAnotherProgram) {
 
 TEST_F(RefusedFile, IsOneOfAnotherVersion) {
   run_sql("PRAGMA user_version = 1");
-  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 3");
+  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 4");
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherModel) {
@@ -335,8 +336,8 @@ TEST_F(RefusedFile, IsOneThatWasCutShort) {
 
 // --- processes that end while they add ---
 
-TEST_F(ReopenedFile, AProcessThatIsKilledWhileItAddsLeavesTheFileReadable) {
-  const std::string before = rows_of_first_elements(file());
+TEST_F(ReopenedFile, AProcessThatIsKilledWhileItAddsLeavesTheFileAsItWas) {
+  const std::string before = store_test::bytes_of(file());
   ASSERT_EQ(store_test::in_child([&] {
               const auto writer = reopen();
               store_test::write_element(*writer, 9);
@@ -348,12 +349,7 @@ TEST_F(ReopenedFile, AProcessThatIsKilledWhileItAddsLeavesTheFileReadable) {
               return 0;
             }),
             128 + SIGKILL);
-  const auto reader = ResultReader::open(file());
-  EXPECT_EQ(rows_of_first_elements(file()), before);
-  EXPECT_THAT(reader->read(9, 7, 1).value(), SameBits(store_test::sample_record(9, 7, 1)));
-  for (const std::uint32_t element : reader->elements()) {
-    EXPECT_EQ(reader->read_all(element).size(), 4U) << element;
-  }
+  EXPECT_TRUE(store_test::bytes_of(file()) == before);
 }
 
 TEST_F(ReopenedFile, AFileWhoseAddingWasKilledCanBeAddedToAgain) {
@@ -365,15 +361,45 @@ TEST_F(ReopenedFile, AFileWhoseAddingWasKilledCanBeAddedToAgain) {
             }),
             128 + SIGKILL);
   add(10);
-  EXPECT_THAT(ResultReader::open(file())->read(10, 0, 0).value(),
-              SameBits(store_test::sample_governing(10)));
+  EXPECT_THAT(ResultReader::open(file())->elements(), ElementsAre(1, 2, 10));
+  EXPECT_THAT(folder_.names(), ElementsAre("frame.aluresult"));
 }
 
-TEST_F(ReopenedFile, AWriterThatGoesWithoutEndKeepsTheStateAndWhatItAdded) {
+TEST_F(ReopenedFile, AWriterThatGoesWithoutEndLeavesTheFileAsItWas) {
+  const std::string before = store_test::bytes_of(file());
   store_test::write_element(*reopen(), 9);
-  const auto reader = ResultReader::open(file());
-  EXPECT_EQ(reader->state(), RunState::complete);
-  EXPECT_THAT(reader->elements(), ElementsAre(1, 2, 9));
+  EXPECT_TRUE(store_test::bytes_of(file()) == before);
+  EXPECT_THAT(folder_.names(), ElementsAre("frame.aluresult"));
+}
+
+// --- content that is not what was written ---
+
+TEST_F(ReopenedFile, AValueThatChangedInTheFileIsNoticed) {
+  for (const char* change :
+       {"UPDATE governing SET capacity = 122 WHERE element = 2 AND item = 0",
+        "UPDATE record SET data = zeroblob(40) WHERE element = 1",
+        "UPDATE run SET model_digest = 'another'",
+        "DELETE FROM governing WHERE element = 1 AND item = 0",
+        "UPDATE element SET sequence = 7 WHERE number = 1",
+        "INSERT INTO remark VALUES (NULL, 'W1', '', 'text', 0.5, 1, 1)", "DELETE FROM seal"}) {
+    store_test::write_run(file(), 2);
+    {
+      SQLite::Database database(file().string(), SQLite::OPEN_READWRITE);
+      database.exec(change);
+    }
+    EXPECT_EQ(error_of([&] { ResultReader::open(file()); }),
+              file().string() +
+                  ": is damaged: it does not hold what its run wrote; check the model again")
+        << change;
+  }
+}
+
+TEST_F(ReopenedFile, AnotherLayoutOfTheSameContentIsNoDamage) {
+  {
+    SQLite::Database database(file().string(), SQLite::OPEN_READWRITE);
+    database.exec("VACUUM");
+  }
+  EXPECT_EQ(ResultReader::open(file())->elements().size(), 2U);
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ class Folder {
 
   const std::filesystem::path& path() const { return path_; }
   std::filesystem::path file() const { return path_ / "frame.aluresult"; }
+  std::filesystem::path partial() const { return path_ / "frame.aluresult.partial"; }
   std::vector<std::string> names() const;
 
  private:
