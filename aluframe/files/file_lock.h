@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string>
 
 namespace aluframe::files {
 
@@ -11,7 +12,9 @@ enum class WhenBusy { refuse, wait };
 /// Another run is writing the file.
 class FileBusy : public std::runtime_error {
  public:
-  FileBusy() : std::runtime_error("another run is writing this file") {}
+  FileBusy() : FileBusy("another run is writing this file") {}
+  /// With more to say.
+  explicit FileBusy(const std::string& text) : std::runtime_error(text) {}
 };
 
 /// Makes its holder the only one that may write a file, from before its first byte until after its

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "aluframe/files/publication.h"
 #include "aluframe/services/text.h"
 #include "tz_alu/report/report_literals.h"
 
@@ -107,8 +108,12 @@ std::string readable_text(std::string utf8) {
 void write_readable_report(const std::filesystem::path& report, const std::string& charset,
                            const std::filesystem::path& readable, std::string_view appendix) {
   std::string text = about(report, [&] { return Converter("UTF-8", charset)(read_file(report)); });
-  about(readable,
-        [&] { write_file(readable, readable_text(std::move(text)) + std::string(appendix)); });
+  const std::string copy = readable_text(std::move(text)) + std::string(appendix);
+  try {
+    files::publish_text(readable, copy);
+  } catch (const std::exception& error) {
+    throw std::runtime_error(readable.string() + ": cannot be written: " + error.what());
+  }
 }
 
 }  // namespace aluframe::services

@@ -1,5 +1,8 @@
 #include "aluframe/services/report_file.h"
 
+#include <langinfo.h>
+#include <locale.h>
+
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
@@ -48,33 +51,30 @@ int append_probe(const fs::path& path) {
   return written ? 0 : errno;
 }
 
-}  // namespace
-
-std::optional<std::string> report_problem(const fs::path& path) {
-  std::error_code ignored;
-  if (fs::is_directory(path, ignored)) return path.string() + ": is a folder";
-  const bool existed = fs::exists(path, ignored);
-  if (existed && !fs::is_regular_file(path, ignored))
-    return path.string() + ": is no ordinary file";
-  errno = 0;
-  File file(std::fopen(path.c_str(), "ab"));
-  if (!file) return path.string() + ": cannot be written: " + reason_of(errno);
-  file.reset();
-  if (!existed) fs::remove(fs::canonical(path, ignored), ignored);  // a link stays
-  return std::nullopt;
+/// UTF-8 lacks no character.
+bool is_utf8_environment() {
+  const locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
+  if (environment == nullptr) return true;  // what the report is written in then
+  const std::string_view charset = nl_langinfo_l(CODESET, environment);
+  const bool is_utf8 = charset == "UTF-8" || charset == "ANSI_X3.4-1968";  // plain ASCII: likewise
+  freelocale(environment);
+  return is_utf8;
 }
 
-std::string incomplete_report_text(const fs::path& path, int lost_blocks) {
+}  // namespace
+
+std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
   std::error_code error;
-  const std::uintmax_t size = fs::file_size(path, error);
-  if (error) return path.string() + ": cannot be read: " + error.message();
-  const int failed = append_probe(path);
-  fs::resize_file(path, size, error);
-  const std::string reason =
-      failed != 0 ? reason_of(failed)
-                  : "a character that the environment's character set lacks, in " +
-                        std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
-  return path.string() + ": the report is incomplete: " + reason + "; what it holds is as written";
+  const std::uintmax_t size = fs::file_size(report, error);
+  if (error) return "cannot be read: " + error.message();
+  const int failed = append_probe(report);
+  fs::resize_file(report, size, error);
+  if (failed != 0) return reason_of(failed);
+  const std::string lost = std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
+  const std::string writing_failed = "writing failed for a moment, in " + lost + "; try again";
+  if (is_utf8_environment()) return writing_failed;
+  return writing_failed + ", or with LC_ALL=C.UTF-8 if a name has a character that the " +
+         "environment's character set lacks";
 }
 
 ReportedElements reported_elements(const fs::path& path) {

@@ -2,18 +2,14 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace aluframe::services {
 
-/// Why a report cannot be written there; nothing when it can. Leaves an existing file as it is.
-std::optional<std::string> report_problem(const std::filesystem::path& path);
-
-/// Why a report lacks some of its text: the file takes no more, such as on a full disk, or else a
-/// character that the user's character set cannot represent.
-std::string incomplete_report_text(const std::filesystem::path& path, int lost_blocks);
+/// Why a report that is being written lacks some of its text: its file takes no more, such as on a
+/// full disk, or in a character set other than UTF-8 perhaps a character that it cannot represent.
+std::string reason_of_lost_blocks(const std::filesystem::path& report, int lost_blocks);
 
 /// Elements by their numbers, in the order of the report.
 struct ReportedElements {

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <optional>
 #include <set>
 #include <utility>
 
+#include "aluframe/files/link_target.h"
+#include "aluframe/files/publication.h"
 #include "aluframe/files/same_file.h"
 #include "aluframe/services/binding.h"
 #include "aluframe/services/report_file.h"
@@ -71,13 +74,23 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
                                 std::back_inserter(summary.checked_now));
 }
 
+void add_stored(Session& session, const std::filesystem::path& result_path,
+                ReportSummary& summary) {
+  if (!std::filesystem::exists(result_path)) {  // no element could be taken up at all
+    summary.not_checked = session.monitor().not_checked();
+    return;
+  }
+  const auto results = store::ResultReader::open(result_path);
+  summary.not_checked = not_checked_among(session.monitor(), *results);
+  summary.failures_without_line = failures_among(*results, summary.without_last_verdict);
+}
+
+/// Lets the module write the report to the new file, without putting it in its place.
 ReportSummary write_report(Session& session, const std::filesystem::path& path,
                            const std::filesystem::path& result_path) {
   const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
   session.manager().close_stored_results(session.options().before_finish);
-  if (const auto& failure = session.monitor().failure()) {
-    return failed(*failure + "; the report is incomplete");
-  }
+  if (const auto& failure = session.monitor().failure()) return failed(*failure);
   ReportSummary summary;
   if (!done) {
     summary.outcome = session.had_message() ? RunOutcome::nothing_to_check : RunOutcome::failed;
@@ -85,17 +98,42 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
     return summary;
   }
   const int lost = IAluDgnDataMgr::Instance()->GetLostReportBlocks();
-  if (lost > 0) return failed(incomplete_report_text(path, lost));
+  if (lost > 0) return failed(reason_of_lost_blocks(path, lost));
   summary.outcome = RunOutcome::complete;
   sort_elements(session, path, summary);
-  if (!std::filesystem::exists(result_path)) {  // no element could be taken up at all
-    summary.not_checked = session.monitor().not_checked();
-    return summary;
-  }
-  const auto results = store::ResultReader::open(result_path);
-  summary.not_checked = not_checked_among(session.monitor(), *results);
-  summary.failures_without_line = failures_among(*results, summary.without_last_verdict);
+  add_stored(session, result_path, summary);
   return summary;
+}
+
+/// What a report that is not whole holds stays beside its place.
+void leave(files::Publication& report, ReportSummary& summary) {
+  std::error_code ignored;
+  const auto size = std::filesystem::file_size(report.path(), ignored);
+  summary.failure =
+      report.destination().string() + ": the report is incomplete: " + summary.failure;
+  if (ignored || size == 0) return;
+  summary.failure += "; what was written is in " + report.path().filename().string();
+  report.keep();
+}
+
+ReportSummary write_and_publish(Session& session, files::Publication& report,
+                                const std::filesystem::path& result_path) {
+  ReportSummary summary;
+  try {
+    summary = write_report(session, report.path(), result_path);
+    if (summary.outcome == RunOutcome::complete) report.publish();
+  } catch (const std::exception& error) {
+    summary = failed(error.what());
+  }
+  if (summary.outcome == RunOutcome::failed) leave(report, summary);
+  summary.assertions = session.monitor().assertions();
+  summary.assertions.erase(no_stored_result);
+  return summary;
+}
+
+/// Where a report is written until it is whole: beside its place.
+std::filesystem::path partial_name_of(const std::filesystem::path& report) {
+  return files::link_target(report).filename() += ".partial";
 }
 
 }  // namespace
@@ -108,19 +146,21 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
   if (to_utf8(to_wide(path.string())) != path.string()) {
     return failed(path.string() + ": is not UTF-8, as the names of reports must be");
   }
-  if (auto problem = report_problem(path)) return failed(std::move(*problem));
+  std::optional<files::Publication> report;
+  try {
+    report.emplace(path, partial_name_of(path), files::WhenBusy::refuse);
+  } catch (const std::exception& error) {
+    return failed(path.string() + ": cannot be written: " + error.what());
+  }
   const std::filesystem::path result_path = options.result_path;
   Session session(model, std::move(options));
   const Binding binding(session);
   try {
     session.manager().use_stored_results();
-    ReportSummary summary = write_report(session, path, result_path);
-    summary.assertions = session.monitor().assertions();
-    summary.assertions.erase(no_stored_result);
-    return summary;
   } catch (const std::exception& error) {
     return failed(error.what());
   }
+  return write_and_publish(session, *report, result_path);
 }
 
 }  // namespace aluframe::services

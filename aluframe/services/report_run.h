@@ -31,8 +31,10 @@ struct ReportSummary {
 
 /// Writes the calculation report of a model's elements to `path` from the results of an earlier
 /// run. Elements that it did not check are checked now and their results added to its file.
+/// The report takes the place of an earlier one when it is whole. Until then, and where it fails,
+/// what is written stands beside it in "NAME.partial".
 /// Nothing is changed when the report's file cannot be opened, is that of the results, or the
-/// results are of another model or state of it. A failure behind that leaves an incomplete report.
+/// results are of another model or state of it.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
                          const std::filesystem::path& path);
 

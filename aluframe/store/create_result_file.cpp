@@ -52,14 +52,8 @@ void require_same_run(const fs::path& path, const RunInfo& info) {
   require_undamaged(stored);
 }
 
-}  // namespace
-
-fs::path partial_path_of(const fs::path& result_file) {
-  return fs::path(result_file) += ".partial";
-}
-
-std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const RunInfo& info,
-                                                   files::WhenBusy when_busy) {
+std::unique_ptr<ResultWriter> start(const fs::path& path, const RunInfo& info,
+                                    files::WhenBusy when_busy) {
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
     const fs::path partial = partial_path_of(files::link_target(path));
     require_no_other_file(partial);
@@ -68,6 +62,21 @@ std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const R
     lay_out_file(file->path(), info);
     return std::make_unique<QueuedResultWriter>(path, std::move(file), Unfinished::is_kept);
   });
+}
+
+}  // namespace
+
+fs::path partial_path_of(const fs::path& result_file) {
+  return fs::path(result_file) += ".partial";
+}
+
+std::unique_ptr<ResultWriter> ResultWriter::create(const fs::path& path, const RunInfo& info) {
+  return start(path, info, files::WhenBusy::refuse);
+}
+
+std::unique_ptr<ResultWriter> ResultWriter::wait_and_create(const fs::path& path,
+                                                            const RunInfo& info) {
+  return start(path, info, files::WhenBusy::wait);
 }
 
 std::unique_ptr<ResultWriter> ResultWriter::reopen(const fs::path& path, const RunInfo& info) {

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/files/file_lock.h"
+
 namespace aluframe::store {
 
 /// How long a call waits for another program that holds the file locked.
@@ -16,6 +18,8 @@ template <class Action>
 auto about_file(const std::filesystem::path& path, Action action) {
   try {
     return action();
+  } catch (const files::FileBusy& error) {
+    throw files::FileBusy(path.string() + ": " + error.what());
   } catch (const std::exception& error) {
     throw std::runtime_error(path.string() + ": " + error.what());
   }

@@ -147,11 +147,14 @@ std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
 /// All calls come from one thread.
 class ResultWriter {
  public:
-  /// @throws std::runtime_error with the path and the reason when the file cannot be created, and
-  ///   when another run is writing it or something else than a result file stands there
+  /// @throws files::FileBusy with the path when another run is writing it; std::runtime_error with
+  ///   the path and the reason when the file cannot be created or something else than a result file
+  ///   stands there
   static std::unique_ptr<ResultWriter> create(const std::filesystem::path& path,
-                                              const RunInfo& info,
-                                              files::WhenBusy when_busy = files::WhenBusy::refuse);
+                                              const RunInfo& info);
+  /// The same, after another run that is writing the file has ended.
+  static std::unique_ptr<ResultWriter> wait_and_create(const std::filesystem::path& path,
+                                                       const RunInfo& info);
   /// Begins with a copy of the existing result file of a run, to add elements to it or to replace
   /// some, which `finish` puts in its place; destroyed without, nothing has changed. Combinations
   /// of `info` that the file lacks are added.

@@ -1,11 +1,13 @@
 // Parses the command line and hands over to the commands.
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <exception>
 #include <optional>
 #include <string>
 #include <variant>
 
+#include "aluframe/files/error_text.h"
 #include "apps/cli/analyse_command.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
@@ -355,21 +357,25 @@ int run_program(int argc, char** argv) {
   return status;
 }
 
+const std::string lost_output = "standard output: cannot be written";
+
 /// The status, or that of a failure when a command that ended well lost part of its output.
 int with_output_checked(int status) {
   const bool failed_already = status == exit_failure || status == exit_input_error;
   if (finish_stdout() || failed_already) return status;
-  print_message("standard output: cannot be written");
+  print_message(lost_output);
   return exit_failure;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  prepare_streams();
   try {
     return with_output_checked(run_program(argc, argv));
   } catch (const std::exception& error) {
-    print_message(std::string("aluframe: ") + error.what());
+    print_message(std::ferror(stdout) != 0 ? lost_output
+                                           : "aluframe: " + aluframe::files::error_text(error));
     return exit_failure;
   }
 }

@@ -50,14 +50,13 @@ bool ProgressBar::advanced(int done, int total) {
   if (visible_ && (now - last_drawn_ >= drawing_interval || done == total)) {
     last_drawn_ = now;
     const double seconds = std::chrono::duration<double>(now - start_).count();
-    fmt::print(stderr, "{}{}", erase_line, progress_line(text_, done, total, seconds));
-    std::fflush(stderr);
+    print_to_stderr(erase_line + progress_line(text_, done, total, seconds));
   }
   return was_interrupted();
 }
 
 void ProgressBar::ended() {
-  if (visible_) fmt::print(stderr, "{}", erase_line);
+  if (visible_) print_to_stderr(erase_line);
 }
 
 }  // namespace aluframe::cli

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "apps/cli/terminal.h"
+
 namespace aluframe::cli {
 
 namespace {
@@ -28,8 +30,14 @@ int run(std::string command, std::string file) {
   std::string name = "editor";
   char* const arguments[] = {shell.data(), option.data(), command.data(),
                              name.data(),  file.data(),   nullptr};
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setsigdefault(&attributes, &default_signals());
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
   pid_t process = 0;
-  if (posix_spawn(&process, "/bin/sh", nullptr, nullptr, arguments, environ) != 0) return -1;
+  const int error = posix_spawn(&process, "/bin/sh", nullptr, &attributes, arguments, environ);
+  posix_spawnattr_destroy(&attributes);
+  if (error != 0) return -1;
   int status = 0;
   return waitpid(process, &status, 0) == process ? status : -1;
 }

@@ -14,6 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 class ReportFileTest : public testing::Test {
  protected:
@@ -27,83 +28,29 @@ class ReportFileTest : public testing::Test {
   const fs::path path_ = folder_.path() / "frame.alu";
 };
 
-// --- before the report ---
+// --- when it has lost blocks ---
 
-TEST_F(ReportFileTest, ANewFileIsNoProblemAndIsNotLeftBehind) {
-  EXPECT_EQ(report_problem(path_), std::nullopt);
-  EXPECT_FALSE(fs::exists(path_));
-}
-
-TEST_F(ReportFileTest, AnExistingFileIsNoProblemAndKeepsItsBytes) {
-  fill("an earlier report\n");
-  EXPECT_EQ(report_problem(path_), std::nullopt);
-  EXPECT_EQ(bytes(), "an earlier report\n");
-}
-
-TEST_F(ReportFileTest, AFolderIsAProblem) {
-  EXPECT_EQ(report_problem(folder_.path()), folder_.path().string() + ": is a folder");
-}
-
-TEST_F(ReportFileTest, AFileInAMissingFolderIsAProblemWithItsReason) {
-  const fs::path lost = folder_.path() / "missing" / "frame.alu";
-  EXPECT_EQ(report_problem(lost), lost.string() + ": cannot be written: No such file or directory");
-}
-
-TEST_F(ReportFileTest, AFileBelowAFileIsAProblemWithItsReason) {
-  fill("");
-  const fs::path below = path_ / "frame.alu";
-  EXPECT_EQ(report_problem(below), below.string() + ": cannot be written: Not a directory");
-}
-
-// A file of the kernel, which not even the administrator may write.
-TEST_F(ReportFileTest, AFileThatTheSystemProtectsIsAProblem) {
-  EXPECT_THAT(report_problem("/proc/version"),
-              testing::Optional(testing::StartsWith("/proc/version: cannot be written: ")));
-}
-
-TEST_F(ReportFileTest, ADeviceIsAProblem) {
-  EXPECT_EQ(report_problem("/dev/null"), "/dev/null: is no ordinary file");
-}
-
-TEST_F(ReportFileTest, ALinkToNothingIsNoProblemAndStaysALink) {
-  fs::create_symlink("target.alu", path_);
-  EXPECT_EQ(report_problem(path_), std::nullopt);
-  EXPECT_TRUE(fs::is_symlink(path_));
-}
-
-// --- after it ---
-
-TEST_F(ReportFileTest, AFileThatTakesMoreLacksACharacterAndKeepsItsBytes) {
+TEST_F(ReportFileTest, AFileThatTakesMoreNowHadAFailureOfAMomentAndKeepsItsBytes) {
   fill("a report\n");
-  const std::string reason =
-      ": the report is incomplete: a character that the environment's "
-      "character set lacks, in ";
-  EXPECT_EQ(incomplete_report_text(path_, 1),
-            path_.string() + reason + "1 block; what it holds is as written");
-  EXPECT_EQ(incomplete_report_text(path_, 3),
-            path_.string() + reason + "3 blocks; what it holds is as written");
+  EXPECT_THAT(reason_of_lost_blocks(path_, 1),
+              StartsWith("writing failed for a moment, in 1 block; try again"));
+  EXPECT_THAT(reason_of_lost_blocks(path_, 3),
+              StartsWith("writing failed for a moment, in 3 blocks; try again"));
   EXPECT_EQ(bytes(), "a report\n");
 }
 
-TEST_F(ReportFileTest, AFileThatTakesNoMoreIsIncompleteAndKeepsItsBytes) {
+TEST_F(ReportFileTest, AFileThatTakesNoMoreSaysWhyAndKeepsItsBytes) {
   fill(std::string(5000, 'x'));
-  std::string problem;
   ASSERT_EQ(in_child([&] {
               limit_files(6000);
-              const auto found = incomplete_report_text(path_, 1);
-              return found == path_.string() +
-                                  ": the report is incomplete: File too large; what it holds is "
-                                  "as written"
-                         ? 0
-                         : 1;
+              return reason_of_lost_blocks(path_, 1) == "File too large" ? 0 : 1;
             }),
             0);
   EXPECT_EQ(bytes(), std::string(5000, 'x'));
 }
 
-TEST_F(ReportFileTest, AMissingFileIsAProblemWithItsReason) {
-  EXPECT_EQ(incomplete_report_text(path_, 1),
-            path_.string() + ": cannot be read: No such file or directory");
+TEST_F(ReportFileTest, AMissingFileHasItsReason) {
+  EXPECT_EQ(reason_of_lost_blocks(path_, 1), "cannot be read: No such file or directory");
 }
 
 // --- its elements ---

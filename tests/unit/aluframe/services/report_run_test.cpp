@@ -290,6 +290,8 @@ TEST_F(ReportRunTest, WithoutCombinationsThereIsNothingToReportAndTheUserIsTold)
 
 class ReportOnFullDisk : public ReportRunTest {
  protected:
+  /// What a report that is not whole leaves.
+  fs::path partial() const { return fs::path(path_) += ".partial"; }
   /// A report in a process whose files may have so many bytes.
   /// @return the failure it was told, empty when there was none
   std::string failure_with(std::size_t bytes) {
@@ -310,19 +312,35 @@ TEST_F(ReportOnFullDisk, ItHasFailedWithItsFileAndTheReason) {
   run({});
   report();
   const std::size_t whole = text().size();
-  EXPECT_EQ(
-      failure_with(whole / 2),
-      path_.string() + ": the report is incomplete: File too large; what it holds is as written");
+  EXPECT_EQ(failure_with(whole / 2),
+            path_.string() + ": the report is incomplete: File too large; what was written is in " +
+                partial().filename().string());
 }
 
-TEST_F(ReportOnFullDisk, WhatFitsIsAsInAWholeReport) {
+TEST_F(ReportOnFullDisk, WhatFitsStandsBesideTheEarlierReportWhichStays) {
   run({});
   report();
   const std::string whole = text();
-  for (const std::size_t bytes : {std::size_t{0}, whole.size() / 3, whole.size() - 1}) {
+  for (const std::size_t bytes : {whole.size() / 3, whole.size() - 1}) {
     failure_with(bytes);
-    EXPECT_EQ(text(), whole.substr(0, bytes));
+    EXPECT_EQ(bytes_of(partial()), whole.substr(0, bytes));
+    EXPECT_EQ(text(), whole);
   }
+}
+
+TEST_F(ReportOnFullDisk, WhereNothingFitsNothingIsLeft) {
+  run({});
+  failure_with(0);
+  EXPECT_FALSE(fs::exists(partial()));
+  EXPECT_FALSE(fs::exists(path_));
+}
+
+TEST_F(ReportOnFullDisk, TheNextReportTakesAwayWhatTheOneBeforeLeft) {
+  run({});
+  failure_with(1000);
+  ASSERT_TRUE(fs::exists(partial()));
+  report();
+  EXPECT_FALSE(fs::exists(partial()));
 }
 
 TEST_F(ReportOnFullDisk, FinishedBlocksAreIntact) {
@@ -331,8 +349,8 @@ TEST_F(ReportOnFullDisk, FinishedBlocksAreIntact) {
   const std::string whole = text();
   const std::size_t second = whole.find("  MEMBER NO = 2,");
   failure_with(second + 200);
-  EXPECT_THAT(text(), StartsWith(whole.substr(0, second)));
-  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(1, 2));
+  EXPECT_THAT(bytes_of(partial()), StartsWith(whole.substr(0, second)));
+  EXPECT_THAT(reported_elements(partial()).numbers, ElementsAre(1, 2));
 }
 
 TEST_F(ReportOnFullDisk, ResultsAreLeftAsTheyAre) {
@@ -365,7 +383,8 @@ TEST_F(ReportOnFullDisk, ResultsThatCannotBeStoredFailWithTheReason) {
   };
   const ReportSummary summary = run_report(model_, full, path_);
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, "disk full; the report is incomplete");
+  EXPECT_THAT(summary.failure,
+              StartsWith(path_.string() + ": the report is incomplete: disk full"));
 }
 
 TEST_F(ReportOnFullDisk, AnElementWhoseResultsCannotBeStoredLeavesTheBlocksBeforeIt) {
@@ -376,7 +395,9 @@ TEST_F(ReportOnFullDisk, AnElementWhoseResultsCannotBeStoredLeavesTheBlocksBefor
   const ReportSummary summary = report({1, 2});
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
   EXPECT_EQ(summary.failure,
-            result_path_.string() + ": is write-protected; the report is incomplete");
+            path_.string() + ": the report is incomplete: " + result_path_.string() +
+                ": is write-protected; what was written is in " + partial().filename().string());
+  EXPECT_EQ(bytes_of(partial()), first);
   EXPECT_EQ(text(), first);
 }
 
