@@ -255,7 +255,7 @@ void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force
   if (size(torsion) * units.torsion > silent_ratio * units.fv) {
     note(Unchecked::Kind::torsion, size(torsion), place, opinion.torsion_ratio(force, code));
   }
-  if (!opinion.is_bent(force)) return;
+  if (!is_bent(force)) return;
   const double n = force.dForce[ALU_FORCE_N];
   if (n != 0.0 && std::fabs(n) < opinion.axial_noise()) {
     note(Unchecked::Kind::tiny_axial, std::fabs(n), place, std::nullopt);
