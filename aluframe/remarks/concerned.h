@@ -8,9 +8,6 @@
 
 namespace aluframe::remarks {
 
-/// "1-3, 7, 9-12", of ascending numbers; beyond six such ranges "and 20 more".
-std::string as_ranges(const std::vector<model::Number>& numbers);
-
 /// "section 3", with its name when it has one.
 std::string named(const model::Section& section);
 
@@ -21,7 +18,7 @@ class Concerned {
   void add(const model::Element& element, double value = 0.0);
 
   bool empty() const { return elements_.empty(); }
-  /// "element 4" or "elements 1-3, 7".
+  /// "element 4" or "elements 1-3, 7"; beyond six such ranges "and 20 more".
   std::string named() const;
   const model::Element& worst() const { return *worst_; }
   double worst_value() const { return worst_value_; }
