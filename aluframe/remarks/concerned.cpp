@@ -7,13 +7,6 @@
 
 namespace aluframe::remarks {
 
-namespace {
-
-/// A line that names more of them is hard to read.
-constexpr std::size_t most_ranges = 6;
-
-}  // namespace
-
 std::string named(const model::Section& section) {
   const std::string number = "section " + std::to_string(section.number);
   return section.name.empty() ? number : number + " \"" + section.name + "\"";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,9 @@
 #include "aluframe/remarks/remarks.h"
 
 namespace aluframe::remarks {
+
+/// Of ranges of numbers that a line names; more are hard to read.
+inline constexpr std::size_t most_ranges = 6;
 
 /// "section 3", with its name when it has one.
 std::string named(const model::Section& section);
