@@ -21,7 +21,7 @@ class Concerned {
   /// `value`: how bad it is; the larger, the worse. Elements come in any order, each once.
   void add(const model::Element& element, double value = 0.0);
 
-  bool empty() const { return elements_.empty(); }
+  bool empty() const { return worst_ == nullptr; }
   /// "element 4" or "elements 1-3, 7"; beyond six such ranges "and 20 more".
   std::string named() const;
   const model::Element& worst() const { return *worst_; }
