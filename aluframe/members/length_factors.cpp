@@ -126,7 +126,8 @@ std::vector<StretchFactors> length_factors(const model::Model& model) {
   all.reserve(stretches.all().size());
   for (const Stretch& stretch : stretches.all()) {
     StretchFactors factors{
-        .member = stretch.member, .elements = {}, .length = stretch.length, .y = {}, .z = {}};
+        .member = {}, .elements = {}, .length = stretch.length, .y = {}, .z = {}};
+    if (stretch.member != nullptr) factors.member = stretch.member->number;
     for (const std::size_t place : stretch.elements) {
       factors.elements.push_back(model.elements[place].number);
     }

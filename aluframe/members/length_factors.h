@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -32,7 +33,7 @@ struct LengthFactor {
 
 /// Effective length factors of a member, or of an element that belongs to none.
 struct StretchFactors {
-  const model::Member* member = nullptr;  ///< null for a lone element
+  std::optional<model::Number> member;  ///< nothing for a lone element
   std::vector<model::Number> elements;
   double length = 0.0;  ///< mm, what the factors are of
   LengthFactor y, z;    ///< for buckling about the section's y and z
@@ -51,7 +52,7 @@ struct StretchFactors {
 /// - Beams and other inclined elements do not sway; trusses have 1.
 /// - Stretches that go straight on past a node that is no joint (buckling_line.h) have the factor
 ///   of all of them together, times its length over their own.
-/// The model must be consistent, as its reader leaves it, and outlive what is returned.
+/// The model must be consistent, as its reader leaves it.
 std::vector<StretchFactors> length_factors(const model::Model& model);
 
 }  // namespace aluframe::members

@@ -73,14 +73,14 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   auto read = read_input(options, selection);
   auto* input = std::get_if<Input>(&read);
   if (input == nullptr) return read;
-  const auto factors = members::length_factors(input->model);
-  input->setup = setup_of(input->model, input->origins, factors);
+  input->length_factors = members::length_factors(input->model);
+  input->setup = setup_of(input->model, input->origins, input->length_factors);
   const auto computed = forces::compute_forces(input->model);
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     return problem_of(options.model, *problem);
   }
   input->forces = std::get<forces::Summary>(computed);
-  input->remarks = input_remarks(*input, factors);
+  input->remarks = input_remarks(*input);
   return read;
 }
 

@@ -9,6 +9,7 @@
 
 #include "aluframe/analysis/frame.h"
 #include "aluframe/forces/compute_forces.h"
+#include "aluframe/members/length_factors.h"
 #include "aluframe/model/model.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/problem.h"
@@ -45,11 +46,12 @@ struct Input {
   std::size_t found_members = 0;  ///< of its members, those that the file leaves to be found
   /// Digest of what is to be checked: the model, its loads and the forces that it is given.
   std::string digest;
-  std::vector<model::Number> elements;    ///< that the run is limited to; empty: all
-  std::set<model::Number> combinations;   ///< that the run is limited to; empty: all for design
-  forces::Summary forces;                 ///< how forces were computed, once they are
-  SetupOrigins origins;                   ///< of what the run goes by
-  store::RunSetup setup;                  ///< what it goes by, once it is prepared
+  std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
+  std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
+  forces::Summary forces;                ///< how forces were computed, once they are
+  std::vector<members::StretchFactors> length_factors;  ///< once it is prepared
+  SetupOrigins origins;                                 ///< of what the run goes by
+  store::RunSetup setup;                                ///< what it goes by, once it is prepared
   std::vector<store::RemarkRow> remarks;  ///< on it (run/remarks.h), once it is prepared
 };
 

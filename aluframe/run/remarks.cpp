@@ -93,14 +93,13 @@ void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
 
 }  // namespace
 
-std::vector<store::RemarkRow> input_remarks(const Input& input,
-                                            const std::vector<members::StretchFactors>& factors) {
+std::vector<store::RemarkRow> input_remarks(const Input& input) {
   std::vector<store::RemarkRow> rows;
   add_of_positions(input, rows);
   add_of_extremes(input, rows);
   add_of_axes(input.model, rows);
   add_of_sections(input.model, rows);
-  add_of_model(input.model, factors, rows);
+  add_of_model(input.model, input.length_factors, rows);
   return rows;
 }
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "aluframe/members/length_factors.h"
 #include "aluframe/run/input.h"
 #include "aluframe/store/result_file.h"
 
@@ -15,9 +14,7 @@ namespace aluframe::run {
 /// Everything that follows from the prepared input alone, a row a kind: welds, length factors, ends
 /// taken as free, elements that count as vertical, torsion constants, forces without inner
 /// positions. Kinds are those of docs/warnings.md.
-/// @param factors of the input's model
-std::vector<store::RemarkRow> input_remarks(const Input& input,
-                                            const std::vector<members::StretchFactors>& factors);
+std::vector<store::RemarkRow> input_remarks(const Input& input);
 
 /// Which combinations are checked by their extremes, and what that means; nothing without any.
 /// @param combinations those with two sides

@@ -34,6 +34,7 @@ inline services::SessionOptions session_options(const Input& input,
   session.model_digest = input.digest;
   session.setup = input.setup;
   session.setup.model_file = truly_seen_from(results, input.file).string();
+  session.length_factors = input.length_factors;
   if (input.origins.forces) {
     session.setup.forces_file = seen_from(results, *input.origins.forces).string();
   }

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <unordered_set>
 
-#include "aluframe/members/length_factors.h"
 #include "aluframe/model/units.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/text.h"
@@ -76,7 +75,7 @@ int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {
 int FrameLengthFactors::Calc_KFactor(const CArray<UINT>& elems, int, int, int, CDgnDynData& out) {
   out.RemoveAllKFactors();
   const std::unordered_set<UINT> wanted(elems.begin(), elems.end());
-  for (const members::StretchFactors& factors : members::length_factors(model_)) {
+  for (const members::StretchFactors& factors : factors_) {
     const bool is_wanted = std::ranges::any_of(
         factors.elements, [&wanted](model::Number element) { return wanted.contains(element); });
     if (is_wanted) out.SetKFactor(factors.elements.front(), {factors.y.k, factors.z.k});

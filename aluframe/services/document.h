@@ -1,7 +1,10 @@
 #pragma once
 
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
+#include "aluframe/members/length_factors.h"
 #include "aluframe/services/alloy_database.h"
 #include "aluframe/services/attributes.h"
 #include "aluframe/services/design_codes.h"
@@ -56,15 +59,15 @@ class DesignData : public CDgnDynData {
 /// else computed from its frame (aluframe/members/length_factors.h).
 class FrameLengthFactors : public CKFactor {
  public:
-  /// `model` must outlive the object.
-  explicit FrameLengthFactors(const model::Model& model) : model_(model) {}
+  explicit FrameLengthFactors(std::vector<members::StretchFactors> factors)
+      : factors_(std::move(factors)) {}
   void SetIsAluDgn(int) override {}
   /// Gives `out` the factors of what these elements belong to, by display key, and nothing else.
   int Calc_KFactor(const CArray<UINT>& elems, int option1, int option2, int option3,
                    CDgnDynData& out) override;
 
  private:
-  const model::Model& model_;
+  std::vector<members::StretchFactors> factors_;
 };
 
 /// Where message boxes go.

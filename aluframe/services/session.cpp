@@ -101,7 +101,8 @@ Session::Session(const model::Model& model, SessionOptions options)
                 options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 
 std::unique_ptr<CKFactor> Session::CreateKFactor() {
-  return std::make_unique<FrameLengthFactors>(model_);
+  return std::make_unique<FrameLengthFactors>(
+      options_.length_factors ? *options_.length_factors : members::length_factors(model_));
 }
 
 std::unique_ptr<CDgnProgressDlg> Session::CreateProgressDlg() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/members/length_factors.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/services/document.h"
 #include "aluframe/services/messages.h"
@@ -52,6 +53,8 @@ struct SessionOptions {
   store::RunSetup setup;
   /// Follows the run; null: nobody does.
   RunObserver* observer = nullptr;
+  /// The model's, for a caller that has them already; nothing: they are computed when asked for.
+  std::optional<std::vector<members::StretchFactors>> length_factors;
   /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
   std::function<void(store::ResultWriter&)> before_finish;
   /// What a run's records are written with.

@@ -49,15 +49,16 @@ tables::Cell own_factors(const model::Model& model, const members::StretchFactor
 }
 
 std::string origin(const model::Model& model, const members::StretchFactors& of) {
-  if (of.member == nullptr) return "lone element";
+  if (!of.member) return "lone element";
   return model.finds_members ? "found" : "file";
 }
 
 std::vector<tables::Cell> row(const model::Model& model, const members::StretchFactors& of) {
   std::vector<tables::Cell> cells(2);
-  if (of.member != nullptr) {
-    cells[0] = std::int64_t{of.member->number};
-    if (!of.member->name.empty()) cells[1] = of.member->name;
+  if (of.member) {
+    cells[0] = std::int64_t{*of.member};
+    const std::string& name = model.members.find(*of.member)->name;
+    if (!name.empty()) cells[1] = name;
   }
   const double unit = model::millimetres_per(model.units.length);
   cells.insert(cells.end(), {in_order(of.elements), origin(model, of), of.length / unit, of.y.k,

@@ -25,10 +25,10 @@ TEST(LengthFactors, StandForMembersFirstThenForLoneElements) {
   frame.node(4, 0, 0, 6).beam(3, 3, 4).member(member_of({2, 3}));
   const std::vector<StretchFactors> all = length_factors(frame.model());
   ASSERT_EQ(all.size(), 2U);
-  EXPECT_EQ(all[0].member->number, 7U);
+  EXPECT_EQ(all[0].member, 7U);
   EXPECT_THAT(all[0].elements, ElementsAre(2, 3));
   EXPECT_DOUBLE_EQ(all[0].length, 3000.0);
-  EXPECT_EQ(all[1].member, nullptr);
+  EXPECT_FALSE(all[1].member);
   EXPECT_THAT(all[1].elements, ElementsAre(1));
 }
 

@@ -95,7 +95,8 @@ class LengthFactorsTest : public testing::Test {
   void compute(std::initializer_list<UINT> elems) {
     CArray<UINT> keys;
     for (const UINT elem : elems) keys.Add(elem);
-    EXPECT_EQ(FrameLengthFactors(model_).Calc_KFactor(keys, 0, 0, 0, data_), 1);
+    EXPECT_EQ(
+        FrameLengthFactors(members::length_factors(model_)).Calc_KFactor(keys, 0, 0, 0, data_), 1);
   }
 
   const model::Model model_ = sample_model();
@@ -139,7 +140,8 @@ TEST(ComputedLengthFactors, AreThoseOfTheFrame) {
   CArray<UINT> keys;
   keys.Add(3);
   DesignData data;
-  ASSERT_EQ(FrameLengthFactors(model).Calc_KFactor(keys, 0, 0, 0, data), 1);
+  ASSERT_EQ(FrameLengthFactors(members::length_factors(model)).Calc_KFactor(keys, 0, 0, 0, data),
+            1);
   T_KFAC_D found;
   ASSERT_EQ(data.GetKFactor(2, found), 1);
   EXPECT_EQ(found.dKy, 1.0);
