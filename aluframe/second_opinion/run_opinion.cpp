@@ -133,8 +133,9 @@ void RunOpinion::checked(std::uint32_t element, std::uint32_t combination, int m
                          const T_RALU_D& record) {
   if (current_ == nullptr || current_->number != element) start(element);
   if (combination == 0) return finish(record);
-  if (!current_->opinion) return;
-  ElementOpinion& opinion = *current_->opinion;
+  std::optional<ElementOpinion>& known = current_->opinion;
+  if (!known) return;
+  ElementOpinion& opinion = *known;
   const auto forces = evaluator_.evaluate(current_->place, combination, side_of(min_side));
   if (!forces) return;
   const Place place{element, combination, min_side, std::nullopt};
@@ -268,21 +269,19 @@ void RunOpinion::note_unchecked(ElementOpinion& opinion, const Place& place,
 
 void RunOpinion::note(Unchecked::Kind kind, double magnitude, const Place& place,
                       std::optional<double> ratio) {
-  auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
-  if (found == result_.unchecked.end()) {
-    result_.unchecked.emplace_back().kind = kind;
-    found = result_.unchecked.end() - 1;
+  const auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
+  Unchecked& noted = found == result_.unchecked.end() ? result_.unchecked.emplace_back() : *found;
+  noted.kind = kind;
+  if (noted.elements.empty() || *noted.elements.rbegin() != place.element) {
+    noted.elements.insert(place.element);
   }
-  if (found->elements.empty() || *found->elements.rbegin() != place.element) {
-    found->elements.insert(place.element);
+  if (magnitude > noted.magnitude) {
+    noted.magnitude = magnitude;
+    noted.magnitude_place = place;
   }
-  if (magnitude > found->magnitude) {
-    found->magnitude = magnitude;
-    found->magnitude_place = place;
-  }
-  if (ratio && (!found->ratio || *ratio > *found->ratio)) {
-    found->ratio = ratio;
-    found->ratio_place = place;
+  if (ratio && (!noted.ratio || *ratio > *noted.ratio)) {
+    noted.ratio = ratio;
+    noted.ratio_place = place;
   }
 }
 
