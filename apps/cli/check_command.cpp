@@ -90,8 +90,10 @@ void print_summary(const run::Input& input, const run::CheckResult& result,
 int run_check_command(const CheckOptions& options) {
   const std::filesystem::path results =
       options.output.value_or(run::result_path_of(options.input.model));
+  // By its name the file beside the model is the model's own, also when both were renamed.
+  const auto made_from = options.output ? run::model_of_results(results) : std::nullopt;
   if (const auto problem = files::find_overwriting(
-          {{"the result file", results, files::FileKind::results}},
+          {{"the result file", results, files::FileKind::results, made_from}},
           {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
     print_message(*problem);
     return exit_input_error;
