@@ -1,6 +1,7 @@
 #include <dmumps_c.h>
 
 #include <algorithm>
+#include <new>
 #include <numeric>
 #include <stdexcept>
 #include <string>
@@ -134,9 +135,8 @@ void MumpsSolver::solve(std::span<double> columns) {
   data_.lrhs = data_.n;
   data_.nrhs = static_cast<MUMPS_INT>(columns.size() / static_cast<std::size_t>(data_.n));
   const int code = run(solve_job);
-  if (code < 0) {
-    throw std::runtime_error("the equation solver failed: code " + std::to_string(code));
-  }
+  if (is_one_of(code, code_no_memory)) throw std::bad_alloc();
+  if (code < 0) throw std::logic_error("equation solver, code " + std::to_string(code));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/services/binding.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
@@ -107,7 +108,7 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
   try {
     finish_file(session, outcome);
   } catch (const std::exception& error) {
-    session.monitor().note_failure(error.what());
+    session.monitor().note_failure(files::error_text(error));
     outcome = RunOutcome::failed;
   }
   CheckSummary summary = summary_of(session, model, outcome);

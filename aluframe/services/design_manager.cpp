@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/services/text.h"
 
 namespace aluframe::services {
@@ -45,7 +46,7 @@ auto DesignManager::noting_failure(Action action) {
   try {
     return action();
   } catch (const std::exception& error) {
-    monitor_.note_failure(error.what());
+    monitor_.note_failure(files::error_text(error));
     throw;
   }
 }
@@ -62,7 +63,7 @@ int DesignManager::CreateDesignResultFile() {
     writer_ = create_writer_(result_path_, info_);
     return 1;
   } catch (const std::exception& error) {
-    monitor_.note_failure(error.what());
+    monitor_.note_failure(files::error_text(error));
     return 0;
   }
 }

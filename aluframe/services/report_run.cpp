@@ -7,6 +7,7 @@
 #include <set>
 #include <utility>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/publication.h"
 #include "aluframe/files/same_file.h"
@@ -123,7 +124,7 @@ ReportSummary write_and_publish(Session& session, files::Publication& report,
     summary = write_report(session, report.path(), result_path);
     if (summary.outcome == RunOutcome::complete) report.publish();
   } catch (const std::exception& error) {
-    summary = failed(error.what());
+    summary = failed(files::error_text(error));
   }
   if (summary.outcome == RunOutcome::failed) leave(report, summary);
   summary.assertions = session.monitor().assertions();
@@ -150,7 +151,7 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
   try {
     report.emplace(path, partial_name_of(path), files::WhenBusy::refuse);
   } catch (const std::exception& error) {
-    return failed(path.string() + ": cannot be written: " + error.what());
+    return failed(path.string() + ": cannot be written: " + files::error_text(error));
   }
   const std::filesystem::path result_path = options.result_path;
   Session session(model, std::move(options));
@@ -158,7 +159,7 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
   try {
     session.manager().use_stored_results();
   } catch (const std::exception& error) {
-    return failed(error.what());
+    return failed(files::error_text(error));
   }
   return write_and_publish(session, *report, result_path);
 }

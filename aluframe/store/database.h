@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/files/file_lock.h"
 
 namespace aluframe::store {
@@ -21,7 +22,7 @@ auto about_file(const std::filesystem::path& path, Action action) {
   } catch (const files::FileBusy& error) {
     throw files::FileBusy(path.string() + ": " + error.what());
   } catch (const std::exception& error) {
-    throw std::runtime_error(path.string() + ": " + error.what());
+    throw std::runtime_error(path.string() + ": " + files::error_text(error));
   }
 }
 

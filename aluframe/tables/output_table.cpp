@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "aluframe/model/plain_text.h"
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/text.h"
 
@@ -33,9 +34,8 @@ struct TextOf {
   const Column& column;
   std::string operator()(std::monostate) const { return "-"; }
   /// A name may hold a line break or an escape: neither may break the table or reach the terminal.
-  std::string operator()(std::string text) const {
-    std::ranges::replace_if(text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return text;
+  std::string operator()(const std::string& text) const {
+    return model::without_control_characters(text);
   }
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
   std::string operator()(bool value) const { return value ? "yes" : "no"; }
@@ -50,12 +50,7 @@ struct CsvOf {
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(double value) const { return full_number(value); }
-  std::string operator()(const std::string& text) const {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string quoted = "\"";
-    for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + "\"";
-  }
+  std::string operator()(const std::string& text) const { return model::for_csv(text); }
 };
 
 struct JsonOf {
@@ -146,7 +141,8 @@ nlohmann::ordered_json object_of(const OutputTable& table, const std::vector<Cel
 
 /// In one line; a name that is no UTF-8 has its bytes replaced.
 std::string dumped(const nlohmann::ordered_json& value) {
-  return value.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+  return model::for_json(
+      value.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace));
 }
 
 }  // namespace
