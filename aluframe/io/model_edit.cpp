@@ -97,14 +97,14 @@ void require_changes(const model::Model& edited, const ModelChanges& changes) {
 }
 
 /// The model of a text. Throws Failure.
-model::Model read_or_throw(std::string_view text, const std::filesystem::path* folder) {
+model::Model read_or_throw(std::string_view text, const ModelFolder* folder) {
   auto read = parse_model(text, {}, folder);
   if (auto* problem = std::get_if<Problem>(&read)) throw Failure{problem->place, problem->text};
   return std::get<model::Model>(std::move(read));
 }
 
 std::string edit_text(std::string_view text, const ModelChanges& changes,
-                      const std::filesystem::path* folder) {
+                      const ModelFolder* folder) {
   const model::Model model = read_or_throw(text, folder);
   const std::size_t begin = text.size() - without_byte_order_mark(text).size();
   const auto members = json_members(text, json_value_at(text, begin));
@@ -124,8 +124,9 @@ void require_unchanged(const std::filesystem::path& path, std::string_view text)
   throw std::runtime_error("another program has changed it meanwhile; try again");
 }
 
-std::optional<Problem> change(const std::filesystem::path& path, const ChooseChanges& choose) {
-  const std::filesystem::path folder = path.parent_path();
+std::optional<Problem> change(const std::filesystem::path& path, const ChooseChanges& choose,
+                              bool allow_outside) {
+  const ModelFolder folder{path.parent_path(), allow_outside};
   const std::string looked_at = load_file(path);
   const auto wanted = choose(read_or_throw(looked_at, &folder));
   if (const auto* problem = std::get_if<Problem>(&wanted)) return *problem;
@@ -155,8 +156,7 @@ ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
 }
 
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
-                                    const ModelChanges& changes,
-                                    const std::filesystem::path* folder) {
+                                    const ModelChanges& changes, const ModelFolder* folder) {
   try {
     return edit_text(text, changes, folder);
   } catch (const Failure& failure) {
@@ -165,9 +165,9 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
 }
 
 std::optional<Problem> change_model_file(const std::filesystem::path& path,
-                                         const ChooseChanges& choose) {
+                                         const ChooseChanges& choose, bool allow_outside) {
   try {
-    return change(path, choose);
+    return change(path, choose, allow_outside);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   } catch (const std::exception& error) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "aluframe/io/model_file.h"
 #include "aluframe/io/problem.h"
 #include "aluframe/model/model.h"
 
@@ -38,7 +39,7 @@ ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
 ///         hold one of the values
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
                                     const ModelChanges& changes,
-                                    const std::filesystem::path* folder = nullptr);
+                                    const ModelFolder* folder = nullptr);
 
 /// Decides on changes by the model as its file has it now. Asked again when the file is locked.
 using ChooseChanges = std::function<Result<ModelChanges>(const model::Model&)>;
@@ -47,8 +48,9 @@ using ChooseChanges = std::function<Result<ModelChanges>(const model::Model&)>;
 /// decides by what the other has left; without changes the file is not touched.
 /// @return a problem when that failed or a program that knows of no lock, an editor say, saved the
 ///         file meanwhile; the file is then as it was or as that program has saved it
+/// @param allow_outside whether its catalogues may lie outside of its folder
 std::optional<Problem> change_model_file(const std::filesystem::path& path,
-                                         const ChooseChanges& choose);
+                                         const ChooseChanges& choose, bool allow_outside = false);
 
 /// Makes changes in a model file, whatever it holds now.
 std::optional<Problem> save_changes(const std::filesystem::path& path, const ModelChanges& changes);

@@ -15,15 +15,23 @@ struct FileNotes {
   std::vector<std::string> given_settings;  ///< fields of "settings" that are not left to defaults
 };
 
+/// The folder of a model's file, from where the paths in the model lead.
+struct ModelFolder {
+  std::filesystem::path path;
+  bool allow_outside = false;  ///< whether they may lead to files that lie outside of it
+};
+
 /// Reads a model file (format in docs/model-file.md, schema in schema/).
 /// The model is complete and consistent, or the first problem is returned with its place.
 /// @param notes filled in when there are any
-Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes = nullptr);
+/// @param allow_outside whether its catalogues may lie outside of its folder
+Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes = nullptr,
+                                bool allow_outside = false);
 
 /// The same from text; `name` stands for the file in messages.
 /// @param folder where the catalogues lie that the text names; null: it must name none
 Result<model::Model> parse_model(std::string_view text, const std::string& name,
-                                 const std::filesystem::path* folder = nullptr);
+                                 const ModelFolder* folder = nullptr);
 
 /// The model as a model file in its own units; sections with their dimensions, not with the profile
 /// that gave them, so that the text needs no catalogue. Reading it back gives an equal model

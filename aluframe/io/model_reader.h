@@ -9,6 +9,7 @@
 
 #include "aluframe/catalogue/profiles.h"
 #include "aluframe/io/json_value.h"
+#include "aluframe/io/model_file.h"
 #include "aluframe/io/scales.h"
 #include "aluframe/model/model.h"
 
@@ -23,10 +24,11 @@ void read_settings(const JsonObject& root, model::Model& model);
 /// Fields of "settings" that the file gives.
 std::vector<std::string> given_settings(const JsonObject& root);
 void read_materials(const JsonObject& root, model::Model& model);
-/// Profiles of the user's catalogues, which lie in the model's folder or on paths from there.
+/// Profiles of the user's catalogues, which lie in the model's folder or on paths from there. Who
+/// is given a model by somebody else is not to read whatever file it names: those outside of the
+/// folder are read when that is allowed.
 /// @param folder null for a model that is in no file
-std::vector<catalogue::Profile> read_catalogues(const JsonObject& root,
-                                                const std::filesystem::path* folder);
+std::vector<catalogue::Profile> read_catalogues(const JsonObject& root, const ModelFolder* folder);
 /// `own`: the user's profiles, which sections may name.
 void read_sections(const JsonObject& root, const Scales& scales,
                    const std::vector<catalogue::Profile>& own, model::Model& model);

@@ -1,10 +1,28 @@
+#include <filesystem>
+#include <system_error>
+
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/model_reader.h"
+#include "aluframe/io/text_file.h"
 
 namespace aluframe::io {
 
-std::vector<catalogue::Profile> read_catalogues(const JsonObject& root,
-                                                const std::filesystem::path* folder) {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Whether a path from a folder leads to a file outside of it, through links too.
+bool leads_outside(const fs::path& folder, const fs::path& path) {
+  std::error_code error;
+  const fs::path inside = fs::weakly_canonical(folder.empty() ? "." : folder, error);
+  const fs::path file = fs::weakly_canonical(folder / path, error);
+  const fs::path way = file.lexically_relative(inside);
+  return error || way.empty() || *way.begin() == "..";
+}
+
+}  // namespace
+
+std::vector<catalogue::Profile> read_catalogues(const JsonObject& root, const ModelFolder* folder) {
   std::vector<catalogue::Profile> own;
   const auto files = root.optional("catalogues");
   if (!files) return own;
@@ -14,7 +32,11 @@ std::vector<catalogue::Profile> read_catalogues(const JsonObject& root,
     if (folder == nullptr) file.fail("a model that is in no file can name no catalogue");
     // A path is UTF-8 in the model, whatever the machine's own encoding.
     const std::filesystem::path path(std::u8string(name.begin(), name.end()));
-    const auto read = read_catalogue_csv(*folder / path, own);
+    if (!folder->allow_outside && leads_outside(folder->path, path)) {
+      file.fail("found \"" + shown(name) + "\", which lies outside of the model's folder; " +
+                "--allow-outside reads it all the same");
+    }
+    const auto read = read_catalogue_csv(folder->path / path, own);
     if (const auto* problem = std::get_if<Problem>(&read)) file.fail(problem->message());
   }
   return own;

@@ -31,8 +31,7 @@ void require_format(const JsonValue& root) {
   }
 }
 
-model::Model read_document(const JsonValue& value, const std::filesystem::path* folder,
-                           FileNotes* notes) {
+model::Model read_document(const JsonValue& value, const ModelFolder* folder, FileNotes* notes) {
   require_format(value);
   const JsonObject root(value, top_level_fields);
   model::Model model;
@@ -54,8 +53,7 @@ model::Model read_document(const JsonValue& value, const std::filesystem::path* 
   return model;
 }
 
-model::Model read_text(std::string_view with_mark, const std::filesystem::path* folder,
-                       FileNotes* notes) {
+model::Model read_text(std::string_view with_mark, const ModelFolder* folder, FileNotes* notes) {
   const std::string_view text = without_byte_order_mark(with_mark);
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     throw Failure{"", "is empty, expected a model"};
@@ -68,7 +66,7 @@ model::Model read_text(std::string_view with_mark, const std::filesystem::path* 
 }  // namespace
 
 Result<model::Model> parse_model(std::string_view text, const std::string& name,
-                                 const std::filesystem::path* folder) {
+                                 const ModelFolder* folder) {
   try {
     return read_text(text, folder, nullptr);
   } catch (const Failure& failure) {
@@ -76,9 +74,10 @@ Result<model::Model> parse_model(std::string_view text, const std::string& name,
   }
 }
 
-Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes) {
+Result<model::Model> read_model(const std::filesystem::path& path, FileNotes* notes,
+                                bool allow_outside) {
   try {
-    const std::filesystem::path folder = path.parent_path();
+    const ModelFolder folder{path.parent_path(), allow_outside};
     return read_text(load_file(path), &folder, notes);
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};

@@ -44,7 +44,7 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
 
 Result<Input> read_input(const InputOptions& options, const Selection& selection) {
   io::FileNotes notes;
-  auto read = io::read_model(options.model, &notes);
+  auto read = io::read_model(options.model, &notes, options.allow_outside);
   if (const auto* problem = std::get_if<io::Problem>(&read)) return Problem{problem->message()};
   Input input;
   input.file = options.model;

@@ -30,7 +30,8 @@ struct InputOptions {
   std::filesystem::path model;
   /// CSV in place of the model's forces.
   std::optional<std::filesystem::path> forces = std::nullopt;
-  bool second_order = false;  ///< whatever the model says
+  bool second_order = false;   ///< whatever the model says
+  bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
 };
 
 /// What the user limits a run to; empty: everything.
