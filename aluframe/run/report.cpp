@@ -14,6 +14,7 @@ namespace {
 void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion,
                         bool is_new_file, store::ResultWriter& writer) {
   for (const store::SafeRow& row : safe_rows(opinion)) writer.add_safe(row);
+  for (const store::NotChecked& item : not_checked_between(opinion)) writer.add_not_checked(item);
   if (is_new_file) {
     for (const store::RemarkRow& row : input.remarks) writer.add_remark(row);
   }

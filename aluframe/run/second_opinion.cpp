@@ -32,21 +32,30 @@ constexpr KindText kinds[] = {
      false},
 };
 
+/// LargestForce::position of a force that acts at none of them.
+constexpr int between_positions = -1;
+
+/// ", 0.3 of the length" between the positions of an element; nothing at one of them.
+std::string fraction_text(const second_opinion::Place& place) {
+  if (!place.fraction || *place.fraction * 4.0 == std::round(*place.fraction * 4.0)) return "";
+  return fmt::format(", {:.3g} of the length", *place.fraction);
+}
+
 /// A state of an envelope is told by both numbers.
-std::string place_text(const second_opinion::Place& place, const model::Model& model) {
+std::string force_place_text(const second_opinion::Place& place, const model::Model& model) {
   const model::Combination* combination = model.combinations.find(place.combination);
   const std::string of =
       combination != nullptr && combination->state_of
           ? fmt::format("{}, state {}", *combination->state_of, place.combination)
           : fmt::format("{}", place.combination);
-  return fmt::format("element {}, combination {}", place.element, of);
+  return fmt::format("element {}, combination {}{}", place.element, of, fraction_text(place));
 }
 
 std::string force_text(const Unchecked& item, bool is_moment, const model::Model& model) {
   return is_moment ? fmt::format("{:.3g} kNm ({})", item.magnitude * 1e-6,
-                                 place_text(item.magnitude_place, model))
+                                 force_place_text(item.magnitude_place, model))
                    : fmt::format("{:.3g} kN ({})", item.magnitude * 1e-3,
-                                 place_text(item.magnitude_place, model));
+                                 force_place_text(item.magnitude_place, model));
 }
 
 store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
@@ -121,6 +130,19 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
     if (worse) summary.worst = row;
   }
   return summary;
+}
+
+std::vector<store::NotChecked> not_checked_between(const second_opinion::RunSafe& result) {
+  std::vector<store::NotChecked> items;
+  for (const second_opinion::UncheckedBetween& force : result.unchecked_between) {
+    const bool is_torsion = force.component == model::torsion;
+    const char* name = is_torsion ? "Mx" : force.component == model::shear_y ? "Fy" : "Fz";
+    items.push_back({force.place.element, std::nullopt,
+                     is_torsion ? services::torsion_without_check : services::shear_without_check,
+                     store::LargestForce{name, force.magnitude, between_positions,
+                                         force.place.combination, force.place.min_side}});
+  }
+  return items;
 }
 
 std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,

@@ -95,3 +95,20 @@ def test_a_table_of_forces_is_not_written_over(aluframe, command):
     done = aluframe(*command, "forces.csv", status=1)
     assert "forces.csv: holds a table of element forces" in done.stderr
     assert (aluframe.folder / "forces.csv").read_text() == table
+
+
+@pytest.mark.parametrize("first", [1, 2])
+def test_the_worst_second_opinion_of_torsion_stays_when_a_report_adds_elements(aluframe, first):
+    # Pipes with σ = 138.02; of the second τ = 12e6·50/5,796,238 = 103.51: √(σ² + 3·τ²)/200 = 1.1313.
+    model = with_forces(beam("P 100x10", 4), [0, 0, 0, 4, 8, 0])
+    model["nodes"] += [{"number": 3, "x": 0, "y": 9, "z": 3}, {"number": 4, "x": 4, "y": 9, "z": 3}]
+    model["supports"] = model["supports"] + [{**one, "node": one["node"] + 2} for one in model["supports"]]
+    model["elements"].append({**model["elements"][0], "number": 2, "nodes": [3, 4]})
+    model["forces"].append({"element": 2, "case": 1, "values": [[0, 0, 0, 12, 8, 0]] * 5})
+    aluframe("check", aluframe.write(model), "--elements", str(first))
+    told = "largest Mx 12 kN·m at element 2, combination 1, position I\n      second opinion 1.1313 (element 2"
+    assert told in aluframe("report", "frame.json", "--readable", "frame.txt").stdout
+    assert told in aluframe("results", "frame.json").stdout
+    assert told in (aluframe.folder / "frame.txt").read_text(encoding="utf-8")
+    rows = aluframe.json("results", "frame.json", "--not-checked")
+    assert [row["second_opinion"] for row in rows if row["force"] == "Mx"] == [pytest.approx(1.1313, rel=1e-4)]
