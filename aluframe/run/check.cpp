@@ -17,7 +17,9 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   CheckResult result;
   std::vector<store::NotChecked> between;
   std::optional<second_opinion::RunOpinion> opinion;
-  if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
+  if (options.second_opinion == SecondOpinion::on) {
+    session.observer = &opinion.emplace(input.model, input.forces.computed);
+  }
   result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {

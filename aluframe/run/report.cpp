@@ -30,7 +30,7 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   session.language = options.language;
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
-  second_opinion::RunOpinion opinion(input.model);
+  second_opinion::RunOpinion opinion(input.model, input.forces.computed);
   session.observer = &opinion;
   const bool is_new_file = !std::filesystem::exists(options.results);
   session.before_finish = [&](store::ResultWriter& writer) {

@@ -53,9 +53,11 @@ struct RunOpinion::Current {
   bool any = false;
 };
 
-RunOpinion::RunOpinion(const model::Model& model)
-    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model) {
+RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed)
+    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model, computed) {
   for (const auto& [element, load_case] : inner_.unknown()) {
+    // Forces of two ends alone are a matter of their own, known before the run.
+    if (!model.forces.find(element, load_case)->inner) continue;
     result_.unknown_between.emplace_back(element, load_case);
   }
   for (const auto& [element, load_case] : inner_.estimated()) {

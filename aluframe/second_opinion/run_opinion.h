@@ -34,7 +34,8 @@ struct RunSafe {
   std::vector<ElementSafe> elements;  ///< checked ones, in the order of the run
   std::vector<Unchecked> unchecked;   ///< kinds that were met
   std::vector<UncheckedBetween> unchecked_between;
-  /// Elements and load cases, by their places, of which nothing is known between the positions.
+  /// Elements and load cases, by their places, of which nothing is known between the five positions
+  /// that are given.
   std::vector<std::pair<std::size_t, std::size_t>> unknown_between;
   /// The same where it is estimated from the five positions alone.
   std::vector<std::pair<std::size_t, std::size_t>> estimated_between;
@@ -42,14 +43,15 @@ struct RunSafe {
 
 /// Asks about every position of a check run while it goes on.
 ///
-///     RunOpinion opinion(model);
+///     RunOpinion opinion(model, summary.computed);  // of compute_forces
 ///     options.observer = &opinion;
 ///     services::run_check(model, options);
 ///     opinion.result()
 class RunOpinion : public services::RunObserver {
  public:
   /// `model` must outlive the object; its forces must be there.
-  explicit RunOpinion(const model::Model& model);
+  /// @param computed pairs whose forces the analysis has computed
+  explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {});
   ~RunOpinion() override;
 
   void checked(std::uint32_t element, std::uint32_t combination, int min_side,
