@@ -29,6 +29,7 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
   }
   const auto& solution = std::get<analysis::Solution>(solved);
   if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());
+  summary.computed = {model.elements.size(), model.load_cases.size()};
   for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
     if (!has_loads(model.load_cases[load_case])) continue;
     const analysis::CaseResult& result = solution.cases[load_case];
@@ -36,7 +37,9 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
         std::max({summary.residual, result.equilibrium.nodes, result.equilibrium.whole});
     summary.force_error = std::max(summary.force_error, result.equilibrium.force_error);
     for (std::size_t element = 0; element < result.forces.size(); ++element) {
-      table.set(element, load_case, {.at = result.forces[element], .inner = true});
+      if (table.set(element, load_case, {.at = result.forces[element], .inner = true})) {
+        summary.computed.add(element, load_case);
+      }
     }
   }
   model.forces = std::move(table);

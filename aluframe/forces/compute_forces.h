@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/forces/computed_pairs.h"
 #include "aluframe/forces/given_positions.h"
 #include "aluframe/model/model.h"
 
@@ -21,6 +22,7 @@ struct Summary {
   /// Given forces at the two ends of elements that are loaded between them: in a combination with
   /// these, nothing is known between the ends.
   std::vector<ElementCase> without_inner;
+  ComputedPairs computed;  ///< by the first-order analysis
 };
 
 /// Load cases that carry loads: those that an analysis gives forces for.

@@ -68,10 +68,12 @@ std::array<double, 6> forces_of(Line line, std::span<const FactoredChange> chang
 
 }  // namespace
 
-InnerForces::InnerForces(const model::Model& model) : InnerForces(model, frame_of(model)) {}
+InnerForces::InnerForces(const model::Model& model, const ComputedPairs& computed)
+    : InnerForces(model, frame_of(model), computed) {}
 
-InnerForces::InnerForces(const model::Model& model, const analysis::Frame& frame)
-    : model_(model), plans_(model::compile_combinations(model)), changes_(model, frame) {
+InnerForces::InnerForces(const model::Model& model, const analysis::Frame& frame,
+                         const ComputedPairs& computed)
+    : model_(model), plans_(model::compile_combinations(model)), changes_(model, frame, computed) {
   if (!model.analysis.second_order) return;
   for (const analysis::Element& element : frame.elements) {
     const analysis::Stiffness& s = element.stiffness;

@@ -31,12 +31,13 @@ enum class PlaceSide { towards_start, towards_end };
 /// positions. Where given forces of a load case do not follow from the loads of the model, a
 /// distributed load stands for what they show, linear between the five positions.
 ///
-///     const InnerForces inner(model);
+///     const InnerForces inner(model, summary.computed);  // of compute_forces
 ///     std::vector<PlaceForces> places;
 ///     inner.peaks(element, 7, model::Side::maximum, *five, weights, places);
 class InnerForces {
  public:
-  explicit InnerForces(const model::Model& model);
+  /// @param computed pairs whose forces follow from the loads; others are compared with these
+  explicit InnerForces(const model::Model& model, const ComputedPairs& computed = {});
 
   /// Pairs whose given forces show that something acts between the ends but not what, such as the
   /// unsigned maxima of a response spectrum. Nothing is found for combinations with them.
@@ -80,7 +81,8 @@ class InnerForces {
     auto operator<=>(const Place&) const = default;
   };
 
-  InnerForces(const model::Model& model, const analysis::Frame& frame);
+  InnerForces(const model::Model& model, const analysis::Frame& frame,
+              const ComputedPairs& computed);
 
   /// Whether the axial force acts on the deflection.
   bool is_bowed(std::size_t element) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace aluframe::forces {
 
@@ -15,6 +16,10 @@ constexpr double noise = 1e-9;
 /// this, of what the load makes over the element.
 constexpr double next_to_position = 1e-4;
 constexpr double same_place = 1e-9;
+/// Stresses of torsion are looked at so many times a piece, then closer around the largest. Each
+/// step leaves 0.618 of the place; what is left is a thousandth of two parts.
+constexpr int torsion_parts = 8;
+constexpr int golden_steps = 14;
 
 double sum_of(const Weights& w, const std::array<double, 2>& signs,
               const std::array<double, 6>& forces) {
@@ -49,6 +54,28 @@ std::array<double, 6> noise_of(const model::CaseForces& five, double length) {
   return {f, f, f, m, m, m};
 }
 
+/// The largest value between two places by golden section, and where it is.
+template <class Value>
+double golden_place(double low, double high, Value value) {
+  constexpr double golden = 0.6180339887498949;
+  double a = high - golden * (high - low), b = low + golden * (high - low);
+  double at_a = value(a), at_b = value(b);
+  for (int step = 0; step < golden_steps; ++step) {
+    if (at_a > at_b) {
+      high = std::exchange(b, a);
+      at_b = at_a;
+      a = high - golden * (high - low);
+      at_a = value(a);
+    } else {
+      low = std::exchange(a, b);
+      at_a = at_b;
+      b = low + golden * (high - low);
+      at_b = value(b);
+    }
+  }
+  return at_a > at_b ? a : b;
+}
+
 bool is_next_to_position(double fraction, double distance) {
   const double quarters = 4.0 * fraction;
   return std::abs(quarters - std::round(quarters)) <= 4.0 * distance;
@@ -68,6 +95,12 @@ void PositionExtremes::set(const model::CaseForces& five, std::span<const Weight
       ranges_[place].high = std::max(ranges_[place].high, value);
     });
   }
+  torsion_.assign(weights.size(), 0.0);
+  for (std::size_t i = 0; i < weights.size(); ++i) {
+    for (const model::SectionForces& at : five.at) {
+      torsion_[i] = std::max(torsion_[i], torsion_stress(weights[i], in_double(at)));
+    }
+  }
   const std::array<double, 6> zero = noise_of(five, length);
   for (std::size_t place = 0; place < ranges_.size(); ++place) {
     Range& range = ranges_[place];
@@ -82,6 +115,9 @@ bool PositionExtremes::exceeded_by(const std::array<double, 6>& forces) const {
   for_each_quantity(forces, weights_, [&](std::size_t place, double value) {
     found = found || exceeded_by(value, place);
   });
+  for (std::size_t i = 0; i < weights_.size() && !found; ++i) {
+    found = torsion_stress(weights_[i], forces) > torsion_[i] * (1.0 + rounding);
+  }
   return found;
 }
 
@@ -123,6 +159,9 @@ void PeakFinder<Line>::scan_piece(double length) {
     if (is_next_to_position((x_ + distance) / length_, next_to_position)) return;
     candidates_.push_back(distance);
   });
+  if (line_.forces[3] != 0.0) {
+    for (const Weights& w : weights_) add_torsion_peak(w, length);
+  }
   std::ranges::sort(candidates_);
   double last = -length_;
   for (const double distance : candidates_) {
@@ -131,6 +170,26 @@ void PeakFinder<Line>::scan_piece(double length) {
     const std::array<double, 6> forces = line_.forces_after(distance);
     if (exceeds(forces)) report(x_ + distance, forces);
   }
+}
+
+/// The stress of torsion peaks off the peaks of bending and of shear, where a load lies between.
+template <class Line>
+void PeakFinder<Line>::add_torsion_peak(const Weights& weights, double length) {
+  if (weights.mx == 0.0) return;
+  const auto stress = [&](double distance) {
+    return torsion_stress(weights, line_.forces_after(distance));
+  };
+  const double part = length / torsion_parts;
+  double largest = 0.0, place = 0.0;
+  for (int i = 0; i <= torsion_parts; ++i) {
+    const double value = stress(part * i);
+    if (!(value > largest)) continue;
+    largest = value;
+    place = part * i;
+  }
+  if (largest == 0.0) return;
+  candidates_.push_back(
+      golden_place(std::max(0.0, place - part), std::min(length, place + part), stress));
 }
 
 /// Takes the line over the place where it stands, with all changes there.

@@ -8,8 +8,8 @@
 
 namespace aluframe::forces {
 
-/// Largest and smallest values at the five positions: of the six components and of the weighted
-/// sums. Keeps its memory from one element to the next.
+/// Largest and smallest values at the five positions: of the six components, of the weighted sums
+/// and of the stresses of torsion. Keeps its memory from one element to the next.
 class PositionExtremes {
  public:
   void set(const model::CaseForces& five, std::span<const Weights> weights, double length);
@@ -27,6 +27,7 @@ class PositionExtremes {
 
   std::span<const Weights> weights_;
   std::vector<Range> ranges_;
+  std::vector<double> torsion_;  ///< largest stress, by weights
 };
 
 /// Finds the peaks of one element under one combination of loads, from its start to its end. Reused
@@ -44,6 +45,7 @@ class PeakFinder {
  private:
   void go_to(double x);
   void scan_piece(double length);
+  void add_torsion_peak(const Weights& weights, double length);
   void apply_changes();
   void report(double x, const std::array<double, 6>& forces);
   bool is_kink_beyond_positions(const std::array<double, 3>& rate_before);

@@ -113,13 +113,14 @@ bool append_changes(const model::CaseForces& forces, double length, std::vector<
   return true;
 }
 
-SpanChanges::SpanChanges(const model::Model& model, const analysis::Frame& frame)
+SpanChanges::SpanChanges(const model::Model& model, const analysis::Frame& frame,
+                         const ComputedPairs& computed)
     : loaded_(model.elements.size(), 0) {
   const auto geometry = analysis::element_geometry(frame);
   for (const analysis::Geometry& g : geometry) lengths_.push_back(g.length);
   for (std::size_t i = 0; i < model.load_cases.size(); ++i) {
     const analysis::LoadsByElement loads(frame, geometry, loads_of(model, model.load_cases[i]));
-    cases_.push_back(changes_of(model, frame, loads, i));
+    cases_.push_back(changes_of(model, frame, loads, computed, i));
     if (!model.load_cases[i].loads.temperature.empty()) {
       for (std::size_t e = 0; e < frame.elements.size(); ++e) {
         cases_.back().free.push_back(loads.of(e).free);
@@ -131,7 +132,7 @@ SpanChanges::SpanChanges(const model::Model& model, const analysis::Frame& frame
 
 SpanChanges::Case SpanChanges::changes_of(const model::Model& model, const analysis::Frame& frame,
                                           const analysis::LoadsByElement& loads,
-                                          std::size_t load_case) {
+                                          const ComputedPairs& computed, std::size_t load_case) {
   Case out;
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
     const std::size_t first = out.changes.size();
@@ -140,7 +141,8 @@ SpanChanges::Case SpanChanges::changes_of(const model::Model& model, const analy
     if (!is_beam || !(lengths_[i] > 0.0)) continue;
     if (loads.has_forces(i)) append_changes(loads.of(i), out.changes);
     const model::CaseForces* forces = model.forces.find(i, load_case);
-    if (forces != nullptr) correct(*forces, {i, load_case}, first, out.changes);
+    const bool is_given = forces != nullptr && !computed.contains(i, load_case);
+    if (is_given) correct(*forces, {i, load_case}, first, out.changes);
     if (out.changes.size() > first) loaded_[i] = 1;
   }
   out.begin.push_back(static_cast<std::uint32_t>(out.changes.size()));

@@ -7,6 +7,7 @@
 
 #include "aluframe/analysis/element_loads.h"
 #include "aluframe/analysis/frame.h"
+#include "aluframe/forces/computed_pairs.h"
 #include "aluframe/model/model.h"
 
 namespace aluframe::forces {
@@ -41,7 +42,9 @@ class SpanChanges {
     auto operator<=>(const Pair&) const = default;
   };
 
-  SpanChanges(const model::Model& model, const analysis::Frame& frame);
+  /// @param computed whose forces are those of the loads, without looking
+  SpanChanges(const model::Model& model, const analysis::Frame& frame,
+              const ComputedPairs& computed = {});
 
   /// From the start of the element to its end; empty when the case has no loads between its ends.
   std::span<const SpanChange> of(std::size_t element, std::size_t load_case) const {
@@ -73,7 +76,8 @@ class SpanChanges {
   };
 
   Case changes_of(const model::Model& model, const analysis::Frame& frame,
-                  const analysis::LoadsByElement& loads, std::size_t load_case);
+                  const analysis::LoadsByElement& loads, const ComputedPairs& computed,
+                  std::size_t load_case);
   void correct(const model::CaseForces& forces, Pair pair, std::size_t first,
                std::vector<SpanChange>& changes);
 

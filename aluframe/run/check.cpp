@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
+#include <vector>
 
 #include "aluframe/run/session_options.h"
 
@@ -14,20 +15,26 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   session.progress = options.progress;
   session.message = options.message;
   CheckResult result;
+  std::vector<store::NotChecked> between;
   std::optional<second_opinion::RunOpinion> opinion;
-  if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
+  if (options.second_opinion == SecondOpinion::on) {
+    session.observer = &opinion.emplace(input.model, input.forces.computed);
+  }
   result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {
-      const std::vector<store::SafeRow> rows = safe_rows(opinion->result());
+      const second_opinion::RunSafe found = opinion->result();
+      const std::vector<store::SafeRow> rows = safe_rows(found);
       for (const store::SafeRow& row : rows) writer.add_safe(row);
       result.safe = summary_of(rows);
-      std::ranges::move(unchecked_remarks(opinion->result(), input.model),
-                        std::back_inserter(result.remarks));
+      between = not_checked_between(found);
+      for (const store::NotChecked& item : between) writer.add_not_checked(item);
+      std::ranges::move(unchecked_remarks(found, input.model), std::back_inserter(result.remarks));
     }
     for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
   };
   result.summary = services::run_check(input.model, std::move(session));
+  std::ranges::move(between, std::back_inserter(result.summary.not_checked));
   return result;
 }
 

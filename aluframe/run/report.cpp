@@ -14,6 +14,7 @@ namespace {
 void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion,
                         bool is_new_file, store::ResultWriter& writer) {
   for (const store::SafeRow& row : safe_rows(opinion)) writer.add_safe(row);
+  for (const store::NotChecked& item : not_checked_between(opinion)) writer.add_not_checked(item);
   if (is_new_file) {
     for (const store::RemarkRow& row : input.remarks) writer.add_remark(row);
   }
@@ -29,7 +30,7 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   session.language = options.language;
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
-  second_opinion::RunOpinion opinion(input.model);
+  second_opinion::RunOpinion opinion(input.model, input.forces.computed);
   session.observer = &opinion;
   const bool is_new_file = !std::filesystem::exists(options.results);
   session.before_finish = [&](store::ResultWriter& writer) {

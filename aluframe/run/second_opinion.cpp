@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <map>
 #include <set>
 
 #include "aluframe/model/number_ranges.h"
@@ -32,21 +31,30 @@ constexpr KindText kinds[] = {
      false},
 };
 
+/// LargestForce::position of a force that acts at none of them.
+constexpr int between_positions = -1;
+
+/// ", 0.3 of the length" between the positions of an element; nothing at one of them.
+std::string fraction_text(const second_opinion::Place& place) {
+  if (!place.fraction || *place.fraction * 4.0 == std::round(*place.fraction * 4.0)) return "";
+  return fmt::format(", {:.3g} of the length", *place.fraction);
+}
+
 /// A state of an envelope is told by both numbers.
-std::string place_text(const second_opinion::Place& place, const model::Model& model) {
+std::string force_place_text(const second_opinion::Place& place, const model::Model& model) {
   const model::Combination* combination = model.combinations.find(place.combination);
   const std::string of =
       combination != nullptr && combination->state_of
           ? fmt::format("{}, state {}", *combination->state_of, place.combination)
           : fmt::format("{}", place.combination);
-  return fmt::format("element {}, combination {}", place.element, of);
+  return fmt::format("element {}, combination {}{}", place.element, of, fraction_text(place));
 }
 
 std::string force_text(const Unchecked& item, bool is_moment, const model::Model& model) {
   return is_moment ? fmt::format("{:.3g} kNm ({})", item.magnitude * 1e-6,
-                                 place_text(item.magnitude_place, model))
+                                 force_place_text(item.magnitude_place, model))
                    : fmt::format("{:.3g} kN ({})", item.magnitude * 1e-3,
-                                 place_text(item.magnitude_place, model));
+                                 force_place_text(item.magnitude_place, model));
 }
 
 store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
@@ -65,29 +73,38 @@ store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
 
 using Pairs = std::vector<std::pair<std::size_t, std::size_t>>;
 
-/// A row a load case; `text` says of it what is not known between the five positions.
-void add_between(const Pairs& pairs, const model::Model& model, const char* text,
-                 std::vector<store::RemarkRow>& rows) {
-  std::map<model::Number, std::set<model::Number>> by_case;
-  for (const auto& [element, load_case] : pairs) {
-    by_case[model.load_cases[load_case].number].insert(model.elements[element].number);
-  }
-  for (const auto& [load_case, elements] : by_case) {
-    store::RemarkRow row;
-    row.kind = "P";
-    row.elements = model::join_as_ranges({elements.begin(), elements.end()});
-    row.text = fmt::format(fmt::runtime(text), load_case);
-    rows.push_back(std::move(row));
-  }
-}
-
 constexpr const char* unknown_text =
-    "forces of load case {} follow from no load, as those of a spectrum: where they peak between "
-    "the "
-    "five positions is unknown";
+    "given forces of load case {} follow from no load, as those of a spectrum: where they peak "
+    "between the five positions is unknown";
 constexpr const char* estimated_text =
     "given forces of load case {} do not follow from loads of the model: peaks between the five "
     "positions are those of an estimated distributed load; under a point load they are higher";
+
+/// What is not known between the five positions of elements in load cases; empty without pairs.
+std::string between_text(const Pairs& pairs, const model::Model& model, const char* text) {
+  if (pairs.empty()) return "";
+  std::set<model::Number> cases;
+  for (const auto& pair : pairs) cases.insert(model.load_cases[pair.second].number);
+  return fmt::format(fmt::runtime(text), model::join_as_ranges({cases.begin(), cases.end()}));
+}
+
+/// One row for all elements and load cases.
+void add_between(const second_opinion::RunSafe& result, const model::Model& model,
+                 std::vector<store::RemarkRow>& rows) {
+  store::RemarkRow row;
+  row.kind = "P";
+  std::set<model::Number> elements;
+  for (const Pairs* pairs : {&result.unknown_between, &result.estimated_between}) {
+    for (const auto& pair : *pairs) elements.insert(model.elements[pair.first].number);
+  }
+  if (elements.empty()) return;
+  row.elements = model::join_as_ranges({elements.begin(), elements.end()});
+  row.text = between_text(result.unknown_between, model, unknown_text);
+  const std::string estimated = between_text(result.estimated_between, model, estimated_text);
+  if (!row.text.empty() && !estimated.empty()) row.text += "; ";
+  row.text += estimated;
+  rows.push_back(std::move(row));
+}
 
 }  // namespace
 
@@ -123,13 +140,25 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
   return summary;
 }
 
+std::vector<store::NotChecked> not_checked_between(const second_opinion::RunSafe& result) {
+  std::vector<store::NotChecked> items;
+  for (const second_opinion::UncheckedBetween& force : result.unchecked_between) {
+    const bool is_torsion = force.component == model::torsion;
+    const char* name = is_torsion ? "Mx" : force.component == model::shear_y ? "Fy" : "Fz";
+    items.push_back({force.place.element, std::nullopt,
+                     is_torsion ? services::torsion_without_check : services::shear_without_check,
+                     store::LargestForce{name, force.magnitude, between_positions,
+                                         force.place.combination, force.place.min_side}});
+  }
+  return items;
+}
+
 std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
                                                 const model::Model& model) {
   std::vector<store::RemarkRow> rows;
   rows.reserve(result.unchecked.size());
   for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item, model));
-  add_between(result.unknown_between, model, unknown_text, rows);
-  add_between(result.estimated_between, model, estimated_text, rows);
+  add_between(result, model, rows);
   return rows;
 }
 

@@ -22,6 +22,10 @@ struct SafeSummary {
 std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result);
 SafeSummary summary_of(const std::vector<store::SafeRow>& rows);
 
+/// Shear and torsion without a check that are larger between two positions of an element than at
+/// any of them.
+std::vector<store::NotChecked> not_checked_between(const second_opinion::RunSafe& result);
+
 /// What no check of the run is for, a remark a kind, with the worst second opinion of it.
 std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
                                                 const model::Model& model);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "aluframe/forces/weights.h"
 #include "aluframe/second_opinion/beam_column.h"
 #include "aluframe/second_opinion/stability_questions.h"
 #include "aluframe/second_opinion/strength_questions.h"
@@ -11,9 +12,6 @@
 namespace aluframe::second_opinion {
 
 namespace {
-
-/// Torsion that raises the stress by less leaves the ratio to bending and shear.
-constexpr double worth_a_ratio = 1.01;
 
 /// Takes the largest ratio; one that is not finite stays.
 class Worst {
@@ -82,10 +80,9 @@ std::vector<Answer> ElementOpinion::answers(const AluDgnSectForce& force, const 
   return all;
 }
 
-SafeRatio ElementOpinion::at_unchecked(const AluDgnSectForce& force) {
-  if (!element_.engine.ask(element_.subject.data, force)) return {};
-  const T_RALU_SECT code = element_.engine.result();
-  return at(force, code);
+T_RALU_SECT ElementOpinion::checks_of(const AluDgnSectForce& force) {
+  return element_.engine.ask(element_.subject.data, force) ? element_.engine.result()
+                                                           : T_RALU_SECT();
 }
 
 const Subject& ElementOpinion::with_full_moments() {
@@ -139,7 +136,7 @@ std::optional<double> ElementOpinion::torsion_ratio(const AluDgnSectForce& force
   }
   const auto equivalent = [&](double tau) { return std::sqrt(sigma * sigma + 3.0 * tau * tau); };
   const double with = equivalent(k * (mx * units.torsion + shear));
-  if (!(with > worth_a_ratio * equivalent(k * shear))) return std::nullopt;
+  if (!(with > forces::worth_of_torsion * equivalent(k * shear))) return std::nullopt;
   return with / units.f;
 }
 

@@ -31,8 +31,8 @@ class ElementOpinion {
 
   /// The position with `force`, of which the checks have made `code`.
   SafeRatio at(const AluDgnSectForce& force, const T_RALU_SECT& code);
-  /// A place that the checks do not look at: they are asked here.
-  SafeRatio at_unchecked(const AluDgnSectForce& force);
+  /// What the checks make of a place that they do not look at; empty where they make nothing.
+  T_RALU_SECT checks_of(const AluDgnSectForce& force);
   /// Member stability with the largest forces of the member (C7): N the largest compression, My
   /// (by its sign) and Mz the largest moments. `has_span_moments`: moments grow between the ends of
   /// the member, so that its end moments say nothing of them (S12).

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/model/force_component.h"
+
 namespace aluframe::second_opinion {
 
 namespace {
 
-/// Places in model::SectionForces.
-enum Component : std::size_t { about_y = 4, about_z = 5 };
+using model::about_y;
+using model::about_z;
 
 constexpr std::size_t position_count = 5;
 /// Rounding of forces to single precision stays far below it.

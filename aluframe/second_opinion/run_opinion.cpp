@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "aluframe/model/force_component.h"
+#include "aluframe/model/members.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/run_monitor.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
@@ -13,12 +15,7 @@ namespace aluframe::second_opinion {
 
 namespace {
 
-/// Places in model::SectionForces.
-enum Component : std::size_t { shear_y = 1, shear_z = 2, torsion = 3, about_y = 4, about_z = 5 };
-
 constexpr std::size_t last_position = kCheckPositions - 1;
-/// A force that stresses the section less is not worth a word.
-constexpr double silent_ratio = 1e-6;
 
 model::Side side_of(int min_side) {
   return min_side != 0 ? model::Side::minimum : model::Side::maximum;
@@ -41,12 +38,6 @@ MemberChain chain_of(const model::Model& model, std::uint32_t element) {
   return chain;
 }
 
-double length_of(const model::Model& model, const model::Element& element) {
-  const model::Node& start = *model.nodes.find(element.nodes[0]);
-  const model::Node& end = *model.nodes.find(element.nodes[1]);
-  return std::hypot(end.x - start.x, end.y - start.y, end.z - start.z);
-}
-
 }  // namespace
 
 /// The element being checked.
@@ -62,9 +53,11 @@ struct RunOpinion::Current {
   bool any = false;
 };
 
-RunOpinion::RunOpinion(const model::Model& model)
-    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model) {
+RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed)
+    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model, computed) {
   for (const auto& [element, load_case] : inner_.unknown()) {
+    // Forces of two ends alone are a matter of their own, known before the run.
+    if (!model.forces.find(element, load_case)->inner) continue;
     result_.unknown_between.emplace_back(element, load_case);
   }
   for (const auto& [element, load_case] : inner_.estimated()) {
@@ -114,7 +107,7 @@ void RunOpinion::start(std::uint32_t number) {
   ALU_DGN_DATA data;
   if (manager.GetDgnData(number, data) == 0) return;
   const model::Element& element = model_.elements[current.place];
-  current.length = length_of(model_, element);
+  current.length = model::element_length(model_, element);
   const ElementOpinion& opinion =
       current.opinion.emplace(engine_, data, facts_of(current.chain, element));
   for (int p = 0; p < kCheckPositions; ++p) {
@@ -122,7 +115,8 @@ void RunOpinion::start(std::uint32_t number) {
   }
   const UnitStresses& units = opinion.units();
   for (const double bending : units.bending_y) {
-    current.weights.push_back({units.axial, bending, units.bending_z});
+    current.weights.push_back(
+        {units.axial, bending, units.bending_z, units.shear_y, units.shear_z, units.torsion});
   }
   for (const LateralUnit& unit : units.lateral[0]) {
     if (std::isfinite(unit.safe)) current.weights.push_back({0.0, unit.safe, units.bending_z});
@@ -154,8 +148,8 @@ AluDgnEndForce RunOpinion::end_moments(const Place& place, const model::CaseForc
         is_own ? std::optional(own)
                : evaluator_.evaluate(chain.elements[i], place.combination, side_of(place.min_side));
     if (!other) return {};
-    return {static_cast<double>(other->at[position][about_y]),
-            static_cast<double>(other->at[position][about_z])};
+    return {static_cast<double>(other->at[position][model::about_y]),
+            static_cast<double>(other->at[position][model::about_z])};
   };
   const auto first = moments(0, true);
   const auto last = moments(chain.elements.size() - 1, false);
@@ -187,7 +181,7 @@ void RunOpinion::ask_positions(ElementOpinion& opinion, const Place& place,
     here.fraction = static_cast<double>(p) / static_cast<double>(last_position);
     const T_RALU_SECT& code = record.aSect[p];
     keep(opinion.at(force, code), here);
-    note_unchecked(opinion, here, force, code);
+    unchecked_.note(here, PlaceKind::position, opinion, force, code);
   }
 }
 
@@ -202,9 +196,11 @@ void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
   for (const forces::PlaceForces& at : places_) {
     std::ranges::copy(at.forces, force.dForce);
     here.fraction = at.fraction;
-    SafeRatio ratio = opinion.at_unchecked(force);
+    const T_RALU_SECT code = opinion.checks_of(force);
+    SafeRatio ratio = opinion.at(force, code);
     ratio.rules = ratio.rules | Rule::between;
     keep(ratio, here);
+    unchecked_.note(here, PlaceKind::between, opinion, force, code);
   }
 }
 
@@ -241,52 +237,16 @@ void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
   worst.from_start = place.fraction.value_or(0.0) * current_->length;
 }
 
-void RunOpinion::note_unchecked(ElementOpinion& opinion, const Place& place,
-                                const AluDgnSectForce& force, const T_RALU_SECT& code) {
-  const UnitStresses& units = opinion.units();
-  if (!units.formed) return;
-  const auto size = [&](std::size_t i) { return std::fabs(force.dForce[i]); };
-  const auto note_shear = [&](std::size_t i, int item, double unit) {
-    const T_RALU_RLT& check = code.aItem[static_cast<std::size_t>(item)];
-    const double ratio = opinion.strength_factor(force) * size(i) * unit / units.fv;
-    if (RaluIsEmpty(check.dDemand, check.dCapacity) && ratio > silent_ratio) {
-      note(Unchecked::Kind::shear, size(i), place, ratio);
-    }
-  };
-  note_shear(shear_y, RALU_SHEAR_Y, units.shear_y);
-  note_shear(shear_z, RALU_SHEAR_Z, units.shear_z);
-  if (size(torsion) * units.torsion > silent_ratio * units.fv) {
-    note(Unchecked::Kind::torsion, size(torsion), place, opinion.torsion_ratio(force, code));
-  }
-  if (!is_bent(force)) return;
-  const double n = force.dForce[ALU_FORCE_N];
-  if (n != 0.0 && std::fabs(n) < opinion.axial_noise()) {
-    note(Unchecked::Kind::tiny_axial, std::fabs(n), place, std::nullopt);
-  } else if (const auto ratio = opinion.lateral_ratio(force); n > 0.0 && ratio > silent_ratio) {
-    note(Unchecked::Kind::tension_bending, size(about_y), place, ratio);
-  }
-}
-
-void RunOpinion::note(Unchecked::Kind kind, double magnitude, const Place& place,
-                      std::optional<double> ratio) {
-  const auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
-  Unchecked& noted = found == result_.unchecked.end() ? result_.unchecked.emplace_back() : *found;
-  noted.kind = kind;
-  if (noted.elements.empty() || *noted.elements.rbegin() != place.element) {
-    noted.elements.insert(place.element);
-  }
-  if (magnitude > noted.magnitude) {
-    noted.magnitude = magnitude;
-    noted.magnitude_place = place;
-  }
-  if (ratio && (!noted.ratio || *ratio > *noted.ratio)) {
-    noted.ratio = ratio;
-    noted.ratio_place = place;
-  }
+RunSafe RunOpinion::result() const {
+  RunSafe out = result_;
+  out.unchecked = unchecked_.kinds();
+  out.unchecked_between = unchecked_.between();
+  return out;
 }
 
 void RunOpinion::finish(const T_RALU_D& governing) {
   extremes_.finished_element(current_->chain);
+  unchecked_.finish_element();
   const std::unique_ptr<Current> done = std::move(current_);
   if (!done->any) return;
   bool any = false;

@@ -13,20 +13,11 @@
 #include "aluframe/model/model.h"
 #include "aluframe/second_opinion/element_opinion.h"
 #include "aluframe/second_opinion/member_extremes.h"
+#include "aluframe/second_opinion/place.h"
+#include "aluframe/second_opinion/unchecked_forces.h"
 #include "aluframe/services/run_observer.h"
 
 namespace aluframe::second_opinion {
-
-/// Where a ratio stands.
-struct Place {
-  std::uint32_t element = 0;
-  std::uint32_t combination = 0;
-  int min_side = 0;
-  /// Part of the element's length from its start; nothing: the whole member (C7).
-  std::optional<double> fraction;
-
-  friend bool operator==(const Place&, const Place&) = default;
-};
 
 /// The second opinion of one element over all combinations and places.
 struct ElementSafe {
@@ -38,27 +29,13 @@ struct ElementSafe {
   double from_start = 0.0;  ///< mm from the element's start; 0 for the whole member
 };
 
-/// Forces that no check of the run is for, gathered over all elements.
-struct Unchecked {
-  enum class Kind {
-    shear,            ///< C5
-    torsion,          ///< C6
-    tension_bending,  ///< C1: bending beside tension without a stability check
-    tiny_axial        ///< C2: an axial force below noise beside bending picks the checks
-  };
-  Kind kind = Kind::shear;
-  std::set<std::uint32_t> elements;
-  double magnitude = 0.0;  ///< largest, N or N·mm
-  Place magnitude_place;
-  std::optional<double> ratio;  ///< worst second opinion of it
-  Place ratio_place;
-};
-
 /// What the second opinion of a run came to.
 struct RunSafe {
   std::vector<ElementSafe> elements;  ///< checked ones, in the order of the run
   std::vector<Unchecked> unchecked;   ///< kinds that were met
-  /// Elements and load cases, by their places, of which nothing is known between the positions.
+  std::vector<UncheckedBetween> unchecked_between;
+  /// Elements and load cases, by their places, of which nothing is known between the five positions
+  /// that are given.
   std::vector<std::pair<std::size_t, std::size_t>> unknown_between;
   /// The same where it is estimated from the five positions alone.
   std::vector<std::pair<std::size_t, std::size_t>> estimated_between;
@@ -66,20 +43,21 @@ struct RunSafe {
 
 /// Asks about every position of a check run while it goes on.
 ///
-///     RunOpinion opinion(model);
+///     RunOpinion opinion(model, summary.computed);  // of compute_forces
 ///     options.observer = &opinion;
 ///     services::run_check(model, options);
 ///     opinion.result()
 class RunOpinion : public services::RunObserver {
  public:
   /// `model` must outlive the object; its forces must be there.
-  explicit RunOpinion(const model::Model& model);
+  /// @param computed pairs whose forces the analysis has computed
+  explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {});
   ~RunOpinion() override;
 
   void checked(std::uint32_t element, std::uint32_t combination, int min_side,
                const T_RALU_D& record) override;
 
-  const RunSafe& result() const { return result_; }
+  RunSafe result() const;
 
  private:
   struct Current;
@@ -90,10 +68,6 @@ class RunOpinion : public services::RunObserver {
                      const T_RALU_D& record);
   void ask_between(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
   void ask_member(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
-  void note_unchecked(ElementOpinion& opinion, const Place& place, const AluDgnSectForce& force,
-                      const T_RALU_SECT& code);
-  void note(Unchecked::Kind kind, double magnitude, const Place& place,
-            std::optional<double> ratio);
   void keep(const SafeRatio& ratio, const Place& place);
   AluDgnSectForce section_force(const Place& place) const;
   bool is_held_at(const MemberChain& chain, model::Number node) const;
@@ -110,6 +84,7 @@ class RunOpinion : public services::RunObserver {
   std::vector<std::vector<std::size_t>> node_elements_;  ///< beams at each node
   std::unique_ptr<Current> current_;
   AluDgnEndForce end_;  ///< of the member, for the record at hand
+  UncheckedForces unchecked_;
   RunSafe result_;
 };
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "aluframe/model/force_component.h"
 #include "aluframe/services/plain_capacity.h"
 
 namespace aluframe::services {
@@ -14,19 +15,12 @@ namespace {
 constexpr double zero_force = 1e-10;
 constexpr double ratio_tolerance = 1e-10;
 
-constexpr const char* shear_reason =
-    "shear where it acts without bending, or with axial force on a member that is no beam";
-constexpr const char* torsion_reason = "torsion";
-
 /// A force that no check is for goes without saying below this part of what the element can carry
 /// of it: what rounding and the last digits of an analysis leave is far smaller, what an engineer
 /// would act on far larger.
 constexpr double negligible_part = 1e-6;
 
 constexpr const char* position_names[kCheckPositions] = {"I", "1/4", "1/2", "3/4", "J"};
-
-/// Places of the forces of a position.
-enum Component : std::size_t { axial, shear_y, shear_z, torsion, about_y, about_z };
 
 bool is_empty(const T_RALU_RLT& item) {
   return RaluIsEmpty(item.dDemand, item.dCapacity);
@@ -46,16 +40,16 @@ bool acts(float force) {
 /// there is none.
 struct Unchecked {
   const char* name;
-  Component component;
+  model::ForceComponent component;
   int item;  ///< RALU_ITEM_TYPE; -1: no check is for it
   const char* reason;
   double PlainCapacity::* capacity;
 };
 
 constexpr std::array<Unchecked, 3> unchecked_forces{
-    {{"Fy", shear_y, RALU_SHEAR_Y, shear_reason, &PlainCapacity::shear_y},
-     {"Fz", shear_z, RALU_SHEAR_Z, shear_reason, &PlainCapacity::shear_z},
-     {"Mx", torsion, -1, torsion_reason, &PlainCapacity::torsion}}};
+    {{"Fy", model::shear_y, RALU_SHEAR_Y, shear_without_check, &PlainCapacity::shear_y},
+     {"Fz", model::shear_z, RALU_SHEAR_Z, shear_without_check, &PlainCapacity::shear_z},
+     {"Mx", model::torsion, -1, torsion_without_check, &PlainCapacity::torsion}}};
 
 bool was_left_out(const Unchecked& force, const T_RALU_SECT& result) {
   return force.item < 0 || is_empty(result.aItem[static_cast<std::size_t>(force.item)]);
@@ -63,7 +57,7 @@ bool was_left_out(const Unchecked& force, const T_RALU_SECT& result) {
 
 /// Checks are chosen by axial force and bending; shear or torsion alone calls for none.
 bool has_force_state(const std::array<float, 6>& force) {
-  return acts(force[axial]) || acts(force[about_y]) || acts(force[about_z]);
+  return acts(force[model::axial]) || acts(force[model::about_y]) || acts(force[model::about_z]);
 }
 
 }  // namespace

@@ -21,6 +21,11 @@ struct WorstCheck {
   T_RALU_ITEM check;
 };
 
+/// Why shear and torsion stand without a check, as NotChecked::reason says it.
+inline constexpr const char* shear_without_check =
+    "shear where it acts without bending, or with axial force on a member that is no beam";
+inline constexpr const char* torsion_without_check = "torsion";
+
 /// True when a check fails: its ratio exceeds 1 by 1e-10 or more, or is not a finite number.
 bool exceeds_limit(double ratio);
 

@@ -80,7 +80,7 @@ std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunIn
 struct LargestForce {
   std::string component;   ///< "Fy", "Fz", "Mx"
   double magnitude = 0.0;  ///< N or N·mm, without a sign
-  int position = 0;
+  int position = 0;        ///< -1: between two positions
   std::uint32_t combination = 0;
   int min_side = 0;
 

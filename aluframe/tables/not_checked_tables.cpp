@@ -24,20 +24,23 @@ std::string magnitude_text(const store::LargestForce& force) {
                           : fmt::format("{:.4g} kN", force.magnitude / kilo);
 }
 
-/// "largest Mx 0.75 kN·m at element 2, combination 3, position J", for every force of a group and
-/// behind a separator.
+/// "largest Mx 0.75 kN·m at element 2, combination 3, position J", or "between positions", for
+/// every force of a group and behind a separator.
 std::string largest_text(const run::NotCheckedGroup& group, std::string_view separator) {
   std::string out;
   for (const auto& [element, force] : group.largest) {
-    out += fmt::format("{}largest {} {} at element {}, combination {}{}, position {}", separator,
+    const std::string position = force.position < 0
+                                     ? "between positions"
+                                     : fmt::format("position {}", position_name(force.position));
+    out += fmt::format("{}largest {} {} at element {}, combination {}{}, {}", separator,
                        force.component, magnitude_text(force), element, force.combination,
-                       force.min_side != 0 ? " (minimum side)" : "", position_name(force.position));
+                       force.min_side != 0 ? " (minimum side)" : "", position);
   }
   return out;
 }
 
 /// "element 2-4, combination 7".
-std::string place_text(const run::NotCheckedGroup& group) {
+std::string coverage_text(const run::NotCheckedGroup& group) {
   std::string out = "element " + model::join_as_ranges(group.elements);
   if (!group.combinations.empty()) {
     out += ", combination " + model::join_as_ranges(group.combinations);
@@ -45,13 +48,18 @@ std::string place_text(const run::NotCheckedGroup& group) {
   return out;
 }
 
-/// The second opinion of the shear or torsion that the group is about, or null.
+/// The worst second opinion of the shear or torsion that the group is about, or null: a report adds
+/// remarks about elements of its own to those of the check.
 const store::RemarkRow* remark_of(const run::NotCheckedGroup& group,
                                   const std::vector<store::RemarkRow>& remarks) {
   if (group.largest.empty()) return nullptr;
   const char* kind = is_moment(group.largest.front().force) ? "C6" : "C5";
-  const auto found = std::ranges::find(remarks, kind, &store::RemarkRow::kind);
-  return found == remarks.end() ? nullptr : &*found;
+  const store::RemarkRow* worst = nullptr;
+  for (const store::RemarkRow& remark : remarks) {
+    if (remark.kind != kind || !remark.ratio) continue;
+    if (worst == nullptr || *remark.ratio > *worst->ratio) worst = &remark;
+  }
+  return worst;
 }
 
 Cell whole(std::uint32_t value) {
@@ -64,7 +72,7 @@ void add_largest(std::vector<Cell>& row, const run::UncheckedForce& unchecked) {
              {force.component, force.magnitude, std::string(is_moment(force) ? "N·mm" : "N"),
               whole(unchecked.element), whole(force.combination),
               force.min_side != 0 ? Cell(std::string("min")) : Cell(),
-              std::string(position_name(force.position))});
+              std::string(force.position < 0 ? "between" : position_name(force.position))});
 }
 
 }  // namespace
@@ -73,10 +81,10 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items,
                              const std::vector<store::RemarkRow>& remarks) {
   std::string out = "  not checked\n";
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("    {}: {}{}\n", place_text(group), group.reason,
+    out += fmt::format("    {}: {}{}\n", coverage_text(group), group.reason,
                        largest_text(group, "\n      "));
     const store::RemarkRow* remark = remark_of(group, remarks);
-    if (remark != nullptr && remark->ratio) {
+    if (remark != nullptr) {
       out += fmt::format("      {}\n", second_opinion_text(*remark));
     }
   }
@@ -99,8 +107,7 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
       table.rows.push_back(start);
       add_largest(table.rows.back(), unchecked);
       const store::RemarkRow* remark = remark_of(group, remarks);
-      table.rows.back().push_back(remark != nullptr && remark->ratio ? Cell(*remark->ratio)
-                                                                     : Cell());
+      table.rows.back().push_back(remark != nullptr ? Cell(*remark->ratio) : Cell());
     }
     if (!group.largest.empty()) continue;
     table.rows.push_back(start);
@@ -112,7 +119,7 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
 std::string not_checked_line(const std::vector<store::NotChecked>& items) {
   std::string out;
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason, place_text(group),
+    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason, coverage_text(group),
                        largest_text(group, "; "));
   }
   return out;

@@ -67,6 +67,17 @@ def twisted(torque, moment=8):
     return with_forces(beam("P 100x10", 4), [0, 0, 0, torque, moment, 0])
 
 
+def torques(first):
+    """H 200 of 4 m under 1 kN/m and torques of ±2 kNm at `first` and at 0.45 of its span."""
+    model = beam("H 200x100x8x10", 4)
+    model["sections"][0]["properties"] = {"it": (2 * 100 * 10**3 + 180 * 8**3) / 3}
+    model["load_cases"][0] |= {
+        "span": [{"elements": [1], "direction": "Z", "value": -1}],
+        "points": [{"elements": [1], "direction": "x", "at": first, "moment": 2},
+                   {"elements": [1], "direction": "x", "at": 0.45, "moment": -2}]}
+    return model
+
+
 @pytest.fixture
 def hidden(aluframe):
     """A beam under a moment that hogs: 0.68 in the checks, 2.40 by the second opinion."""

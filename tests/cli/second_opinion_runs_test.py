@@ -60,6 +60,44 @@ def test_peaks_of_given_forces_without_their_load_are_called_an_estimate(alufram
     assert re.search(r"^    P, element 1: given forces of load case 1 do not follow from loads", text, re.M)
 
 
+def of_kind(aluframe, model, kind):
+    return [row for row in aluframe.json("check", aluframe.write(model))[0]["remarks"] if row["kind"] == kind]
+
+
+def test_peaks_between_positions_have_one_remark_a_run(aluframe):
+    # Two cases of the point load, and one of unsigned maxima, which no load makes.
+    model = peaked()
+    rows = model["forces"][0]["values"]
+    model["load_cases"] += [{"number": 2}, {"number": 3, "kind": "response_spectrum"}]
+    model["forces"] += [{"element": 1, "case": 2, "values": rows},
+                        {"element": 1, "case": 3, "values": [[abs(one) for one in row] for row in rows]}]
+    model["combinations"][0]["terms"] += [{"case": 2}, {"case": 3}]
+    remark, = of_kind(aluframe, model, "P")
+    assert "given forces of load case 3 follow from no load" in remark["text"]
+    assert "given forces of load case 1-2 do not follow from loads of the model" in remark["text"]
+    aluframe("check", "frame.json", "--combinations", "1")
+    aluframe("report", "frame.json")
+    assert aluframe("results", "frame.json").stdout.count("    P, element 1: ") == 1
+
+
+def test_forces_given_at_two_ends_are_not_said_to_peak_between_five_positions(aluframe):
+    model = with_forces(beam("P 100x10", 4), [1, 0, 10, 0, -2, 0], [1, 0, -10, 0, -2, 0])
+    assert len(of_kind(aluframe, model, "ends")) == 1
+    assert of_kind(aluframe, model, "P") == []
+
+
+def test_computed_forces_follow_from_their_loads_however_many_elements_there_are(aluframe):
+    # At the tip forces are the rounding of those at the support.
+    model = beam("H 200x100x8x10", 4)
+    pieces = 2000
+    model["nodes"] = [{"number": n + 1, "x": 4 * n / pieces, "y": 0, "z": 3} for n in range(pieces + 1)]
+    model["elements"] = [{**model["elements"][0], "number": n, "nodes": [n, n + 1]}
+                         for n in range(1, pieces + 1)]
+    model["supports"] = [{"node": 1, "restrained": "all"}]
+    model["load_cases"][0]["self_weight"] = 1
+    assert of_kind(aluframe, model, "P") == []
+
+
 def test_elements_checked_for_a_report_have_a_second_opinion_too(aluframe):
     aluframe.write(COLUMN)
     aluframe("check", "frame.json")
@@ -95,3 +133,20 @@ def test_a_table_of_forces_is_not_written_over(aluframe, command):
     done = aluframe(*command, "forces.csv", status=1)
     assert "forces.csv: holds a table of element forces" in done.stderr
     assert (aluframe.folder / "forces.csv").read_text() == table
+
+
+@pytest.mark.parametrize("first", [1, 2])
+def test_the_worst_second_opinion_of_torsion_stays_when_a_report_adds_elements(aluframe, first):
+    # Pipes with σ = 138.02; of the second τ = 12e6·50/5,796,238 = 103.51: √(σ² + 3·τ²)/200 = 1.1313.
+    model = with_forces(beam("P 100x10", 4), [0, 0, 0, 4, 8, 0])
+    model["nodes"] += [{"number": 3, "x": 0, "y": 9, "z": 3}, {"number": 4, "x": 4, "y": 9, "z": 3}]
+    model["supports"] = model["supports"] + [{**one, "node": one["node"] + 2} for one in model["supports"]]
+    model["elements"].append({**model["elements"][0], "number": 2, "nodes": [3, 4]})
+    model["forces"].append({"element": 2, "case": 1, "values": [[0, 0, 0, 12, 8, 0]] * 5})
+    aluframe("check", aluframe.write(model), "--elements", str(first))
+    told = "largest Mx 12 kN·m at element 2, combination 1, position I\n      second opinion 1.1313 (element 2"
+    assert told in aluframe("report", "frame.json", "--readable", "frame.txt").stdout
+    assert told in aluframe("results", "frame.json").stdout
+    assert told in (aluframe.folder / "frame.txt").read_text(encoding="utf-8")
+    rows = aluframe.json("results", "frame.json", "--not-checked")
+    assert [row["second_opinion"] for row in rows if row["force"] == "Mx"] == [pytest.approx(1.1313, rel=1e-4)]

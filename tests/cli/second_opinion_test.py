@@ -2,12 +2,14 @@
 
 import csv
 import io
+import math
 import re
 import sqlite3
 
 import pytest
 
-from second_opinion_models import beam, h200, hidden, point_load, transom, twisted, with_forces
+from second_opinion_models import (beam, h200, hidden, point_load, torques, transom, twisted,
+                                   with_forces)
 
 # H200 of 4 m under 30 kNm by hand: Mcr 14.08 kNm, φb 0.2848, so 479.8 and 136.6 N/mm² of 200.
 LATERAL, STRENGTH = 479.8 / 200, 0.683
@@ -96,6 +98,44 @@ def test_little_torsion_has_none(aluframe):
     # τ = 4.31 beside 138.02 adds 0.15 %.
     text = shown(aluframe, twisted(0.5)).partition("not checked\n")[2]
     assert "torsion" in text and "second opinion" not in text
+
+
+def torsion_of(summary):
+    """Ratio of the remark about torsion; None without one."""
+    return next((row["second_opinion"] for row in summary["remarks"] if row["kind"] == "C6"), None)
+
+
+@pytest.mark.parametrize("first, shear, moment", [(0.3, 800, 1.68e6), (0.2, 1200, 1.28e6)])
+def test_torsion_has_a_ratio_wherever_the_torques_act(aluframe, first, shear, moment):
+    # Behind the first torque: τ = 2e6·10/97,387 and Fz·127,400/(21.955e6·8), σ = My/219,547.
+    tau, sigma = 2e7 / 97387 + shear * 127400 / (21.955e6 * 8), moment / 219547
+    expected = math.sqrt(sigma**2 + 3 * tau**2) / 200
+    found = summary(aluframe, torques(first), "--strict", status=0)
+    assert found["worst_ratio"] < 0.2 and found["safe_ratio"] < 0.2
+    # The section's S and I have no fillets in the hand calculation either; four digits are kept.
+    assert torsion_of(found) == pytest.approx(expected, rel=1e-3)
+    shown(aluframe, torques(first), "--strict=safe", status=4)
+
+
+def test_torsion_between_positions_is_among_what_is_not_checked(aluframe):
+    text = shown(aluframe, torques(0.3)).partition("not checked\n")[2]
+    assert "largest Mx 2 kN·m at element 1, combination 1, between positions" in text
+    assert "second opinion 1.784" in text
+    rows = aluframe.json("results", "frame.json", "--not-checked")
+    assert [(row["magnitude"], row["position"]) for row in rows if row["force"] == "Mx"] == [
+        (pytest.approx(2e6), "between")]
+
+
+def test_bending_beside_tension_between_positions_is_listed(aluframe):
+    # Moments of ±8 kNm about y at 0.3 and 0.45 of a pulled H: no moment at any position.
+    model = beam("H 200x100x8x10", 4)
+    model["load_cases"][0]["points"] = [
+        {"elements": [1], "direction": "y", "at": at, "moment": moment}
+        for at, moment in ((0.3, 8), (0.45, -8))]
+    model["load_cases"][0]["nodal"] = [{"nodes": [2], "Fx": 1}]
+    text = remarks(shown(aluframe, model))["C1"]
+    assert "(element 1, combination 1, 0.3 of the length)" in text or \
+        "(element 1, combination 1, 0.45 of the length)" in text
 
 
 def welded_box():

@@ -8,7 +8,7 @@ import pytest
 SECTIONS = ["P 100x10", "B 150x60x3x3", "B 100x100x4x4", "H 200x100x8x10", "SR 60", "P 120x2"]
 
 
-def portal(chance):
+def portal(chance, torque=0):
     """Two columns and a beam under loads of any size; linear, with members of one element each."""
     def any_size(largest):
         return round(chance.choice([-1, 1]) * chance.uniform(0.01, largest), 3)
@@ -20,7 +20,10 @@ def portal(chance):
             "points": [{"elements": [e], "direction": chance.choice(["X", "Y", "Z"]),
                         "at": round(chance.uniform(0.05, 0.95), 3),
                         "force": any_size(2)}
-                       for e in elements if chance.random() < 0.7],
+                       for e in elements if chance.random() < 0.7] + [
+                           {"elements": [e], "direction": chance.choice(["X", "Y", "Z", "x"]),
+                            "at": round(chance.uniform(0.05, 0.95), 3), "moment": any_size(torque)}
+                           for e in elements if torque],
             "nodal": [{"nodes": [2], "Fx": any_size(1),
                        "Fz": any_size(10)}],
         }
@@ -67,19 +70,38 @@ def split(model, number, at):
     return model
 
 
-def worst(aluframe, model):
+def checked(aluframe, model):
+    return aluframe.json("check", aluframe.write(model))[0]
+
+
+def worst(summary):
     """At most 3: towards the Euler load a ratio grows beyond all limits, and is no measure there."""
-    found = aluframe.json("check", aluframe.write(model))[0]
-    return min(3, max(found["worst_ratio"], found["safe_ratio"]))
+    return min(3, max(summary["worst_ratio"], summary["safe_ratio"]))
+
+
+def worst_torsion(summary):
+    return next((row["second_opinion"] or 0 for row in summary["remarks"] if row["kind"] == "C6"), 0)
 
 
 @pytest.mark.parametrize("seed", range(40))
 def test_splitting_an_element_raises_nothing(aluframe, seed):
     chance = random.Random(seed)
     model = portal(chance)
-    whole = worst(aluframe, model)
+    whole = worst(checked(aluframe, model))
     for number in (1, 2, 3):
         at = round(chance.uniform(0.05, 0.95), 3)
         # Positions of the parts are exact; the whole is searched to a thousandth.
-        parts = worst(aluframe, split(model, number, at))
+        parts = worst(checked(aluframe, split(model, number, at)))
         assert parts <= whole * 1.001, f"element {number} split at {at}"
+
+
+@pytest.mark.parametrize("seed", range(40))
+def test_splitting_an_element_raises_no_torsion(aluframe, seed):
+    chance = random.Random(seed)
+    model = portal(chance, torque=0.5)
+    whole = checked(aluframe, model)
+    for number in (1, 2, 3):
+        at = round(chance.uniform(0.05, 0.95), 3)
+        parts = checked(aluframe, split(model, number, at))
+        assert worst(parts) <= worst(whole) * 1.001, f"element {number} split at {at}"
+        assert worst_torsion(parts) <= worst_torsion(whole) * 1.001, f"element {number} split at {at}"

@@ -212,6 +212,36 @@ TEST(PeaksOfCombinations, AreNoneWhereLoadsCancel) {
   EXPECT_THAT(peaks_of(with_forces(model)), IsEmpty());
 }
 
+/// With u from the middle and A = L²/4: My = q/2·(A − u²) and |Fz| = q·u, so that (m·My)² + 3·(t +
+/// s·Fz)² has its largest value where m²·q·u·(A − u²) = 6·s·(t + s·q·u). Here u = 250 at t
+/// = 48.46875.
+TEST(PeakOfTorsion, StandsOffThoseOfBendingAndShear) {
+  constexpr double m = 1e-5, s = 1e-3, torsion = 48.46875 / moment;
+  const Weights stress{.my = m, .fz = s, .mx = torsion};
+  model::CaseLoads loads = point(Kind::moment, 0, moment, 1.0);
+  loads.span.push_back(partial(2, 0.0, 1.0, -q, -q));
+  const auto places = peaks_under(simple_beam(span), loads, {stress});
+  ASSERT_EQ(places.size(), 2U);
+  // Around its largest value the stress is flat: a thousandth of the length is a millionth of it.
+  EXPECT_NEAR(std::abs(places[0].x - 2000.0), 250.0, 1e-3 * span);
+  EXPECT_NEAR(places[0].forces[mx], moment, 1e-6 * moment);
+  EXPECT_DOUBLE_EQ(places[1].fraction, 1.0);  // where the torque acts
+}
+
+TEST(StressOfTorsion, IsThatOfAllSignsTogether) {
+  const Weights w{.n = 1.0, .my = 2.0, .mz = 3.0, .fy = 4.0, .fz = 5.0, .mx = 6.0};
+  // σ = 1 + 2·5 + 3·6 = 29; τ = 6·4 + 5·3 = 39.
+  EXPECT_NEAR(torsion_stress(w, {-1.0, 2.0, -3.0, 4.0, -5.0, 6.0}),
+              std::sqrt(29.0 * 29.0 + 3.0 * 39.0 * 39.0), 1e-12);
+}
+
+TEST(StressOfTorsion, IsNoneWhereTorsionAddsLessThanAPerCent) {
+  // √(1 + 3·τ²) = 1.01 at τ = 0.08185.
+  const Weights w{.my = 1.0, .mx = 1.0};
+  EXPECT_EQ(torsion_stress(w, {0.0, 0.0, 0.0, 0.081, 1.0, 0.0}), 0.0);
+  EXPECT_GT(torsion_stress(w, {0.0, 0.0, 0.0, 0.083, 1.0, 0.0}), 1.0);
+}
+
 TEST(ElementsWithoutLoadsBetweenTheirEnds, HaveNoPeaks) {
   model::CaseLoads loads;
   loads.nodal.push_back({{false, {10}}, {0, 0, -force}});

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "aluframe/services/run_monitor.h"
+
 namespace aluframe::run {
 namespace {
 
@@ -122,6 +124,25 @@ TEST(UncheckedRemarks, SayThatNoisePicksTheChecks) {
   const store::RemarkRow found = remark_of(unchecked(Unchecked::Kind::tiny_axial, 0.001));
   EXPECT_EQ(found.kind, "C2");
   EXPECT_NE(found.text.find("up to 1e-06 kN"), std::string::npos) << found.text;
+}
+
+TEST(UncheckedRemarks, SayWhereBetweenThePositionsTheForceActs) {
+  Unchecked item = unchecked(Unchecked::Kind::torsion, 2e6);
+  item.magnitude_place.fraction = 0.3;
+  const store::RemarkRow found = remark_of(item);
+  EXPECT_NE(found.text.find("(element 2, combination 5, 0.3 of the length)"), std::string::npos)
+      << found.text;
+}
+
+TEST(NotCheckedBetween, AreForcesAtNoPosition) {
+  RunSafe run;
+  run.unchecked_between = {{model::torsion, 2e6, {3, 5, 1, 0.3}},
+                           {model::shear_y, 4e3, {3, 6, 0, 0.7}}};
+  EXPECT_EQ(not_checked_between(run),
+            (std::vector<store::NotChecked>{{3, std::nullopt, services::torsion_without_check,
+                                             store::LargestForce{"Mx", 2e6, -1, 5, 1}},
+                                            {3, std::nullopt, services::shear_without_check,
+                                             store::LargestForce{"Fy", 4e3, -1, 6, 0}}}));
 }
 
 TEST(UncheckedRemarks, HaveTheWorstSecondOpinionWhereItStands) {

@@ -50,7 +50,8 @@ TEST(SafeRatio, OneOfTheChecksThatIsNoNumberStays) {
 TEST(SafeRatio, APlaceOfItsOwnIsChecked) {
   Engine engine;
   ElementOpinion opinion(engine, h200());
-  const SafeRatio found = opinion.at_unchecked(force_of({.my = 30e6}));
+  const AluDgnSectForce force = force_of({.my = 30e6});
+  const SafeRatio found = opinion.at(force, opinion.checks_of(force));
   // 479.8 of 200 are the checks' own answer there.
   EXPECT_NEAR(found.code, 479.8 / 200.0, three_digits * 476.0 / 200.0);
   EXPECT_EQ(found.safe, found.code);

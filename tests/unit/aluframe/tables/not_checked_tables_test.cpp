@@ -1,6 +1,8 @@
 #include "aluframe/tables/not_checked_tables.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <limits>
 
 namespace aluframe::tables {
 namespace {
@@ -56,6 +58,44 @@ TEST(NotCheckedText, EveryForceOfAReasonHasItsLargest) {
       "  not checked\n    element 4-5: shear\n      largest Fy 0.5 kN at element 4, combination 1 "
       "(minimum side), position I\n      largest Fz 2.5 kN at element 5, combination 2, position "
       "1/2\n");
+}
+
+TEST(NotCheckedText, AForceBetweenPositionsSaysSo) {
+  store::NotChecked item = twisted(1, 2e6);
+  item.largest->position = -1;
+  EXPECT_EQ(not_checked_text({item}),
+            "  not checked\n    element 1: torsion\n      largest Mx 2 kN·m at element 1, "
+            "combination 3, between positions\n");
+  EXPECT_EQ(std::get<std::string>(not_checked_table({item}).rows[0][9]), "between");
+}
+
+store::RemarkRow remark_about(const char* kind, const char* elements, double ratio) {
+  store::RemarkRow row;
+  row.kind = kind;
+  row.elements = elements;
+  row.ratio = ratio;
+  return row;
+}
+
+TEST(NotCheckedText, TheWorstSecondOpinionOfAForceStandsWithIt) {
+  // What was added to the results for a report is a remark of its own.
+  const double infinite = std::numeric_limits<double>::infinity();
+  const std::vector<store::RemarkRow> remarks{remark_about("C6", "1", 0.06),
+                                              remark_about("C5", "2", infinite),
+                                              remark_about("C6", "2", 2.714)};
+  const std::vector<store::NotChecked> items{twisted(1, 2e6), twisted(2, 3e6)};
+  EXPECT_THAT(not_checked_text(items, remarks), testing::HasSubstr("second opinion 2.7140"));
+  EXPECT_EQ(std::get<double>(not_checked_table(items, remarks).rows[0][10]), 2.714);
+}
+
+TEST(NotCheckedText, AnInfiniteSecondOpinionIsTheWorst) {
+  const double infinite = std::numeric_limits<double>::infinity();
+  for (const auto& remarks :
+       {std::vector{remark_about("C6", "1", infinite), remark_about("C6", "2", 2.714)},
+        std::vector{remark_about("C6", "2", 2.714), remark_about("C6", "1", infinite)}}) {
+    EXPECT_THAT(not_checked_text({twisted(1, 2e6)}, remarks),
+                testing::HasSubstr("second opinion inf"));
+  }
 }
 
 TEST(NotCheckedTable, HasOneLineAReasonAndForce) {
