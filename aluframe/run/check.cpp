@@ -15,7 +15,12 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   session.message = options.message;
   CheckResult result;
   std::optional<second_opinion::RunOpinion> opinion;
-  if (options.second_opinion == SecondOpinion::on) session.observer = &opinion.emplace(input.model);
+  result.second_opinion = options.second_opinion;
+  if (options.second_opinion == SecondOpinion::on) {
+    session.observer = &opinion.emplace(input.model);
+  } else {
+    leave_out_second_opinion(session.setup);
+  }
   result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
-#include <map>
 #include <set>
 
 #include "aluframe/model/number_ranges.h"
@@ -14,6 +14,9 @@ namespace aluframe::run {
 namespace {
 
 using second_opinion::Unchecked;
+
+/// Among the settings of a run without a second opinion.
+constexpr const char* setting_key = "second_opinion";
 
 struct KindText {
   const char* rule;
@@ -65,31 +68,41 @@ store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
 
 using Pairs = std::vector<std::pair<std::size_t, std::size_t>>;
 
-/// A row a load case; `text` says of it what is not known between the five positions.
+/// One row; `text` says of the load cases what is not known between the five positions.
 void add_between(const Pairs& pairs, const model::Model& model, const char* text,
                  std::vector<store::RemarkRow>& rows) {
-  std::map<model::Number, std::set<model::Number>> by_case;
+  std::set<model::Number> load_cases, elements;
   for (const auto& [element, load_case] : pairs) {
-    by_case[model.load_cases[load_case].number].insert(model.elements[element].number);
+    load_cases.insert(model.load_cases[load_case].number);
+    elements.insert(model.elements[element].number);
   }
-  for (const auto& [load_case, elements] : by_case) {
-    store::RemarkRow row;
-    row.kind = "P";
-    row.elements = model::join_as_ranges({elements.begin(), elements.end()});
-    row.text = fmt::format(fmt::runtime(text), load_case);
-    rows.push_back(std::move(row));
-  }
+  if (elements.empty()) return;
+  store::RemarkRow row;
+  row.kind = "P";
+  row.elements = model::join_as_ranges({elements.begin(), elements.end()});
+  row.text = fmt::format(fmt::runtime(text),
+                         model::join_as_ranges({load_cases.begin(), load_cases.end()}));
+  rows.push_back(std::move(row));
 }
 
 constexpr const char* unknown_text =
     "forces of load case {} follow from no load, as those of a spectrum: where they peak between "
-    "the "
-    "five positions is unknown";
+    "the five positions is unknown";
 constexpr const char* estimated_text =
     "given forces of load case {} do not follow from loads of the model: peaks between the five "
     "positions are those of an estimated distributed load; under a point load they are higher";
 
 }  // namespace
+
+void leave_out_second_opinion(store::RunSetup& setup) {
+  setup.settings.push_back({setting_key, "off", "--second-opinion off"});
+}
+
+SecondOpinion second_opinion_of(const store::RunSetup& setup) {
+  const bool is_off = std::ranges::find(setup.settings, setting_key, &store::SettingRow::key) !=
+                      setup.settings.end();
+  return is_off ? SecondOpinion::off : SecondOpinion::on;
+}
 
 std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result) {
   std::vector<store::SafeRow> rows;

@@ -24,7 +24,8 @@ CREATE TABLE run (
   second_order_asked INTEGER NOT NULL,
   forces_file TEXT NOT NULL,
   model_elements INTEGER NOT NULL,
-  model_combinations INTEGER NOT NULL);
+  model_combinations INTEGER NOT NULL,
+  model_states INTEGER NOT NULL);
 CREATE TABLE setting (
   sequence INTEGER PRIMARY KEY,
   key TEXT NOT NULL,
@@ -94,7 +95,7 @@ CREATE TABLE record (
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
@@ -106,6 +107,7 @@ void insert_run(SQLite::Database& database, const RunInfo& info) {
   run.bind(9, info.setup.forces_file);
   run.bind(10, info.model_elements);
   run.bind(11, info.model_combinations);
+  run.bind(12, info.model_states);
   run.exec();
 }
 
@@ -175,7 +177,7 @@ RunInfo load_run(SQLite::Database& database) {
   RunInfo info;
   SQLite::Statement run(database,
                         "SELECT title, code, program, model_digest, analysis, second_order_asked, "
-                        "forces_file, model_elements, model_combinations FROM run");
+                        "forces_file, model_elements, model_combinations, model_states FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
   info.model_title = run.getColumn(0).getString();
   info.code = run.getColumn(1).getString();
@@ -186,6 +188,7 @@ RunInfo load_run(SQLite::Database& database) {
   info.setup.forces_file = run.getColumn(6).getString();
   info.model_elements = run.getColumn(7).getUInt();
   info.model_combinations = run.getColumn(8).getUInt();
+  info.model_states = run.getColumn(9).getUInt();
   return info;
 }
 
