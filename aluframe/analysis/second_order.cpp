@@ -51,11 +51,11 @@ class Iteration {
   Found find_buckling(const Factorisation& done, const ScaledEquations& scaled) const;
   Problem buckled_element(std::size_t place) const;
   Problem buckled(const ScaledEquations& scaled) const;
-  void refine_answer();
+  const RefinedCase& refine_answer();
   Vector12 end_forces(std::size_t place) const;
   void update_forces();
   Result<CaseResult> plain_result() const;
-  Result<CaseResult> refined_result() const;
+  Result<CaseResult> result_of(const RefinedCase& refined) const;
   StiffnessSource stiffness() const;
   EquivalentLoads equivalent_loads() const;
 
@@ -147,12 +147,13 @@ Found Iteration::solve_equations() {
   return std::nullopt;
 }
 
-void Iteration::refine_answer() {
+const RefinedCase& Iteration::refine_answer() {
   CaseLoads loads{nodal_loads(frame_, load_case_), {}, size_};
   for (const BeamColumn& column : columns_) loads.clamped.push_back(column.clamped().condensed);
-  refined_ =
-      refine({frame_, geometry_, equations_, scale_, stiffness(), *solver_}, loads, displacements_);
-  displacements_ = refined_->displacements;
+  const RefinedCase& refined = refined_.emplace(refine(
+      {frame_, geometry_, equations_, scale_, stiffness(), *solver_}, loads, displacements_));
+  displacements_ = refined.displacements;
+  return refined;
 }
 
 Vector12 Iteration::end_forces(std::size_t place) const {
@@ -198,27 +199,25 @@ Result<CaseResult> Iteration::plain_result() const {
   return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
 }
 
-Result<CaseResult> Iteration::refined_result() const {
-  CaseRecovery recovery(frame_, displacements_, refined_->force_error);
+Result<CaseResult> Iteration::result_of(const RefinedCase& refined) const {
+  CaseRecovery recovery(frame_, displacements_, refined.force_error);
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Element& element = frame_.elements[i];
     const Axes& axes = geometry_[i].axes;
     const Vector12 u = to_local(axes, recovery.displacements_of(element));
-    const Vector12& ends = refined_->end_forces[i];
+    const Vector12& ends = refined.end_forces[i];
     const FivePositions sections = columns_[i].sections(element, loads_.of(i), u, ends);
-    recovery.add(i, to_global(axes, ends), sections.reshaped(), refined_->largest);
+    recovery.add(i, to_global(axes, ends), sections.reshaped(), refined.largest);
   }
   return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
 }
 
 Result<CaseResult> Iteration::result() {
-  if (!refined_) {
-    auto plain = plain_result();
-    const auto* found = std::get_if<CaseResult>(&plain);
-    if (found == nullptr || !needs_refinement(found->equilibrium)) return plain;
-    refine_answer();
-  }
-  return refined_result();
+  if (refined_) return result_of(*refined_);
+  auto plain = plain_result();
+  const auto* found = std::get_if<CaseResult>(&plain);
+  if (found == nullptr || !needs_refinement(found->equilibrium)) return plain;
+  return result_of(refine_answer());
 }
 
 Problem diverged(const SecondOrderOptions& options, double change) {

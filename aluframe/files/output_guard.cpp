@@ -1,6 +1,8 @@
 #include "aluframe/files/output_guard.h"
 
+#include <algorithm>
 #include <span>
+#include <system_error>
 
 #include "aluframe/files/same_file.h"
 
@@ -8,9 +10,12 @@ namespace aluframe::files {
 
 namespace {
 
-std::string text_of(const OutputFile& output, std::string_view is, std::string_view what) {
-  return output.path->string() + ": " + std::string(is) + ' ' + std::string(what) + ", which " +
-         std::string(output.what) + " would overwrite; choose another file";
+namespace fs = std::filesystem;
+
+std::string text_of(const fs::path& path, std::string_view output, std::string_view is,
+                    std::string_view what) {
+  return path.string() + ": " + std::string(is) + ' ' + std::string(what) + ", which " +
+         std::string(output) + " would overwrite; choose another file";
 }
 
 std::string_view name_of(FileKind kind) {
@@ -31,12 +36,37 @@ std::string_view name_of(FileKind kind) {
 
 /// The file of a list that the output would overwrite.
 template <class File>
-std::optional<std::string> find_same(const OutputFile& output, std::span<const File> files) {
+std::optional<std::string> find_same(const fs::path& path, std::string_view output,
+                                     std::span<const File> files) {
   for (const File& file : files) {
-    if (file.path && is_same_file(*output.path, *file.path))
-      return text_of(output, "is", file.what);
+    if (file.path && is_same_file(path, *file.path)) return text_of(path, output, "is", file.what);
   }
   return std::nullopt;
+}
+
+/// Another input than those of the run that an older output was made from.
+std::optional<fs::path> find_other_source(const OutputFile& output,
+                                          const std::vector<InputFile>& inputs) {
+  if (!output.made_from) return std::nullopt;
+  const fs::path& source = *output.made_from;
+  const bool is_input = std::ranges::any_of(inputs, [&source](const InputFile& input) {
+    return input.path && is_same_file(*input.path, source);
+  });
+  return is_input ? std::nullopt : std::optional(source);
+}
+
+/// Of a file that exists: what speaks against writing the output there.
+std::optional<std::string> problem_at(const fs::path& path, const OutputFile& output,
+                                      const std::vector<InputFile>& inputs) {
+  const FileKind kind = kind_of(path);
+  if (kind == FileKind::other) return std::nullopt;
+  if (kind != output.kind) return text_of(path, output.what, "holds", name_of(kind));
+  const auto source = find_other_source(output, inputs);
+  if (!source) return std::nullopt;
+  std::error_code error;
+  const fs::path near = fs::proximate(*source, error);
+  const std::string what = std::string(name_of(kind)) + " of " + (error ? *source : near).string();
+  return text_of(path, output.what, "holds", what) + ", or delete this one";
 }
 
 }  // namespace
@@ -46,12 +76,10 @@ std::optional<std::string> find_overwriting(const std::vector<OutputFile>& outpu
   for (std::size_t i = 0; i < outputs.size(); ++i) {
     const OutputFile& output = outputs[i];
     if (!output.path) continue;
-    if (auto problem = find_same(output, std::span(inputs))) return problem;
-    if (auto problem = find_same(output, std::span(outputs).first(i))) return problem;
-    const FileKind kind = kind_of(*output.path);
-    if (kind != FileKind::other && kind != output.kind) {
-      return text_of(output, "holds", name_of(kind));
-    }
+    const fs::path& path = *output.path;
+    if (auto problem = find_same(path, output.what, std::span(inputs))) return problem;
+    if (auto problem = find_same(path, output.what, std::span(outputs).first(i))) return problem;
+    if (auto problem = problem_at(path, output, inputs)) return problem;
   }
   return std::nullopt;
 }

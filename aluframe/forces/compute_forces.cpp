@@ -71,17 +71,6 @@ std::optional<analysis::Problem> given_forces_problem(const model::Model& model)
           given->element, given->load_case)};
 }
 
-/// True when every element has forces in every load case that carries loads.
-bool is_all_given(const model::Model& model) {
-  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
-    if (!has_loads(model.load_cases[load_case])) continue;
-    for (std::size_t element = 0; element < model.elements.size(); ++element) {
-      if (model.forces.find(element, load_case) == nullptr) return false;
-    }
-  }
-  return true;
-}
-
 /// The smaller or larger component of two at every position.
 template <class Choose>
 analysis::ElementForces extreme(const analysis::ElementForces& a, const analysis::ElementForces& b,
@@ -135,6 +124,16 @@ bool has_loads(const model::LoadCase& load_case) {
   return load_case.loads != model::CaseLoads();
 }
 
+bool has_all_forces(const model::Model& model) {
+  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
+    if (!has_loads(model.load_cases[load_case])) continue;
+    for (std::size_t element = 0; element < model.elements.size(); ++element) {
+      if (model.forces.find(element, load_case) == nullptr) return false;
+    }
+  }
+  return true;
+}
+
 analysis::Result<analysis::Solution> analyse_model(const model::Model& model) {
   std::vector<analysis::LoadCase> cases;
   cases.reserve(model.load_cases.size());
@@ -155,7 +154,7 @@ analysis::Result<Summary> compute_forces(model::Model& model) {
   if (auto* problem = std::get_if<analysis::Problem>(&completed)) return std::move(*problem);
   auto& given = std::get<GivenPositions>(completed);
   summary.without_inner = std::move(given.without_inner);
-  if (summary.load_cases > 0 && !is_all_given(model)) {
+  if (summary.load_cases > 0 && !has_all_forces(model)) {
     return first_order(model, given.forces ? *std::move(given.forces) : model.forces,
                        std::move(summary));
   }

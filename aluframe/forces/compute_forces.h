@@ -26,6 +26,10 @@ struct Summary {
 /// Load cases that carry loads: those that an analysis gives forces for.
 bool has_loads(const model::LoadCase& load_case);
 
+/// True when every element has forces in every load case that carries loads: then nothing is left
+/// to analyse in first order.
+bool has_all_forces(const model::Model& model);
+
 /// Analyses the model under its load cases, all of them in their order; those without loads answer
 /// with zeros. @return the analysis's answer, or what stands in its way
 analysis::Result<analysis::Solution> analyse_model(const model::Model& model);

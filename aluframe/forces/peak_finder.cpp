@@ -51,8 +51,7 @@ std::array<double, 6> noise_of(const model::CaseForces& five, double length) {
 
 bool is_next_to_position(double fraction, double distance) {
   const double quarters = 4.0 * fraction;
-  return std::abs(quarters - static_cast<double>(static_cast<int>(quarters + 0.5))) <=
-         4.0 * distance;
+  return std::abs(quarters - std::round(quarters)) <= 4.0 * distance;
 }
 
 }  // namespace

@@ -75,10 +75,12 @@ model::Orientation read_orientation(const JsonValue& value, const model::Model& 
 /// Fails at the orientation of an element whose reference direction does not turn its section.
 void require_turning(const JsonValue& orientation, const model::Element& element,
                      const model::Model& model) {
-  const double sine = model::orientation_sine(model, element);
+  const auto direction = model::reference_direction(model, element);
+  if (!direction) return;
+  const double sine = model::sine_to_axis(model, element, *direction);
   if (sine >= analysis::parallel_limit) return;
-  const auto [x, y, z] = *model::reference_direction(model, element);
-  const bool is_node = std::holds_alternative<model::Number>(*element.orientation);
+  const auto [x, y, z] = *direction;
+  const bool is_node = JsonObject(orientation, orientation_fields).optional("node").has_value();
   if (!is_node && x == 0.0 && y == 0.0 && z == 0.0) {
     orientation.fail("the vector (0, 0, 0) has no length, so it gives no direction");
   }

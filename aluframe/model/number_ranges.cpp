@@ -60,9 +60,10 @@ std::variant<NumberRanges, std::string> parse_number_ranges(std::string_view tex
   return NumberRanges(std::move(ranges));
 }
 
-std::string join_as_ranges(const std::vector<Number>& sorted) {
+std::string join_as_ranges(const std::vector<Number>& sorted, std::size_t most_ranges) {
   std::string text;
-  for (std::size_t i = 0; i < sorted.size();) {
+  for (std::size_t i = 0, ranges = 0; i < sorted.size(); ++ranges) {
+    if (ranges == most_ranges) return text + fmt::format(" and {} more", sorted.size() - i);
     std::size_t last = i;
     while (last + 1 < sorted.size() && sorted[last + 1] == sorted[last] + 1) ++last;
     text += (text.empty() ? "" : ", ") + text_of({sorted[i], sorted[last]});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,8 +37,9 @@ class NumberRanges {
 /// Reads "1,3,10-20". @return the ranges, or what is wrong with the text
 std::variant<NumberRanges, std::string> parse_number_ranges(std::string_view text);
 
-/// "1, 3, 10-20" of sorted numbers.
-std::string join_as_ranges(const std::vector<Number>& sorted);
+/// "1, 3, 10-20" of sorted numbers; beyond `most_ranges` such ranges "and 20 more".
+std::string join_as_ranges(const std::vector<Number>& sorted,
+                           std::size_t most_ranges = std::numeric_limits<std::size_t>::max());
 
 /// The members of `existing` that the ranges name, in their own order; or, when a range names none
 /// at all, a message that says which.

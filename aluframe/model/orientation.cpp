@@ -32,10 +32,10 @@ std::optional<Direction> reference_direction(const Model& model, const Element& 
                  *model.nodes.find(std::get<Number>(*element.orientation)));
 }
 
-double orientation_sine(const Model& model, const Element& element) {
+double sine_to_axis(const Model& model, const Element& element, const Direction& direction) {
   const Direction a =
       normalised(between(*model.nodes.find(element.nodes[0]), *model.nodes.find(element.nodes[1])));
-  const Direction b = normalised(*reference_direction(model, element));
+  const Direction b = normalised(direction);
   return norm({a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]});
 }
 

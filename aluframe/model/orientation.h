@@ -12,9 +12,9 @@ namespace aluframe::model {
 std::optional<std::array<double, 3>> reference_direction(const Model& model,
                                                          const Element& element);
 
-/// Sine of the angle between the element's axis and its orientation's direction: 0 when the
-/// direction is parallel to the axis or has no length. The element must have an orientation, and
-/// its nodes must exist and lie apart.
-double orientation_sine(const Model& model, const Element& element);
+/// Sine of the angle between the element's axis and the direction: 0 when the direction is parallel
+/// to the axis or has no length. The element's nodes must exist and lie apart.
+double sine_to_axis(const Model& model, const Element& element,
+                    const std::array<double, 3>& direction);
 
 }  // namespace aluframe::model

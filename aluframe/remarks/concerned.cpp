@@ -3,29 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "aluframe/model/number_ranges.h"
+
 namespace aluframe::remarks {
-
-namespace {
-
-constexpr int most_ranges = 6;
-
-}  // namespace
-
-std::string as_ranges(const std::vector<model::Number>& numbers) {
-  std::string text;
-  int ranges = 0;
-  for (std::size_t i = 0; i < numbers.size();) {
-    if (ranges++ == most_ranges)
-      return text + " and " + std::to_string(numbers.size() - i) + " more";
-    std::size_t last = i;
-    while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) ++last;
-    if (!text.empty()) text += ", ";
-    text += std::to_string(numbers[i]);
-    if (last > i) text += "-" + std::to_string(numbers[last]);
-    i = last + 1;
-  }
-  return text;
-}
 
 std::string named(const model::Section& section) {
   const std::string number = "section " + std::to_string(section.number);
@@ -40,7 +20,8 @@ void Concerned::add(const model::Element& element, double value) {
 }
 
 std::string Concerned::named() const {
-  return (elements_.size() == 1 ? "element " : "elements ") + as_ranges(elements_);
+  return (elements_.size() == 1 ? "element " : "elements ") +
+         model::join_as_ranges(elements_, most_ranges);
 }
 
 Remark Concerned::remark(std::string_view rule, std::string text) const {

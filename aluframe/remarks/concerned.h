@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,8 +9,8 @@
 
 namespace aluframe::remarks {
 
-/// "1-3, 7, 9-12", of ascending numbers; beyond six such ranges "and 20 more".
-std::string as_ranges(const std::vector<model::Number>& numbers);
+/// Of ranges of numbers that a line names; more are hard to read.
+inline constexpr std::size_t most_ranges = 6;
 
 /// "section 3", with its name when it has one.
 std::string named(const model::Section& section);
@@ -20,8 +21,8 @@ class Concerned {
   /// `value`: how bad it is; the larger, the worse. Elements come in any order, each once.
   void add(const model::Element& element, double value = 0.0);
 
-  bool empty() const { return elements_.empty(); }
-  /// "element 4" or "elements 1-3, 7".
+  bool empty() const { return worst_ == nullptr; }
+  /// "element 4" or "elements 1-3, 7"; beyond six such ranges "and 20 more".
   std::string named() const;
   const model::Element& worst() const { return *worst_; }
   double worst_value() const { return worst_value_; }

@@ -38,6 +38,8 @@ std::optional<Remark> factor_without_supports(Subject& subject);
 std::optional<Remark> free_ends(Subject& subject);
 /// truss: loads that would bend trusses.
 std::optional<Remark> bent_trusses(Subject& subject);
+/// cases: loaded cases that no checked combination contains.
+std::optional<Remark> unused_cases(Subject& subject);
 /// F12: weld coefficients, which no check reads.
 std::optional<Remark> unread_weld_coefficients(Subject& subject);
 /// S4: stability coefficients above 1.

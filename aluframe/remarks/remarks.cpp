@@ -12,11 +12,20 @@ std::vector<Remark> model_remarks(const model::Model& model) {
 
 std::vector<Remark> model_remarks(const model::Model& model,
                                   const std::vector<members::StretchFactors>& factors) {
-  constexpr std::optional<Remark> (*kinds[])(Subject&) = {
-      wide_strips,         area_above_gross, welds_without_loss,       assumed_ribs,
-      slender_webs,        unjudged_plates,  factor_at_bound,          factor_without_supports,
-      free_ends,           bent_trusses,     unread_weld_coefficients, coefficients_above_one,
-      lateral_buckling_off};
+  constexpr std::optional<Remark> (*kinds[])(Subject&) = {wide_strips,
+                                                          area_above_gross,
+                                                          welds_without_loss,
+                                                          assumed_ribs,
+                                                          slender_webs,
+                                                          unjudged_plates,
+                                                          factor_at_bound,
+                                                          factor_without_supports,
+                                                          free_ends,
+                                                          bent_trusses,
+                                                          unused_cases,
+                                                          unread_weld_coefficients,
+                                                          coefficients_above_one,
+                                                          lateral_buckling_off};
   Subject subject{model, factors, model::Connectivity(model), EffectiveAreas(model)};
   std::vector<Remark> remarks;
   for (const auto kind : kinds) {

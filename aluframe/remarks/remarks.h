@@ -13,7 +13,7 @@ namespace aluframe::remarks {
 
 /// One kind of remark with everything that it concerns.
 struct Remark {
-  std::string rule;                      ///< of docs/behaviour.md, such as "W1", or "truss"
+  std::string rule;                      ///< of docs/behaviour.md, such as "W1", or a word: "truss"
   std::vector<model::Number> elements;   ///< all that it concerns, ascending
   std::optional<model::Number> element;  ///< the worst of them
   std::optional<model::Number> section;  ///< of the worst one, when the section is to blame

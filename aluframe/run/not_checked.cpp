@@ -15,15 +15,16 @@ using Numbers = std::set<model::Number>;
 /// none.
 using Combinations = std::map<std::pair<std::string, model::Number>, Numbers>;
 
-void note_largest(const store::NotChecked& item, std::vector<store::NotChecked>& largest) {
+void note_largest(const store::NotChecked& item, std::vector<UncheckedForce>& largest) {
   if (!item.largest) return;
-  const auto found = std::ranges::find_if(largest, [&](const store::NotChecked& other) {
-    return other.largest->component == item.largest->component;
+  const store::LargestForce& force = *item.largest;
+  const auto found = std::ranges::find_if(largest, [&force](const UncheckedForce& other) {
+    return other.force.component == force.component;
   });
   if (found == largest.end()) {
-    largest.push_back(item);
-  } else if (item.largest->magnitude > found->largest->magnitude) {
-    *found = item;
+    largest.push_back({item.element, force});
+  } else if (force.magnitude > found->force.magnitude) {
+    *found = {item.element, force};
   }
 }
 

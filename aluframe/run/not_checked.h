@@ -8,13 +8,18 @@
 
 namespace aluframe::run {
 
+/// A force that no check was made for, and the element in which it acts.
+struct UncheckedForce {
+  model::Number element = 0;
+  store::LargestForce force;
+};
+
 /// What one reason kept from being checked.
 struct NotCheckedGroup {
   std::string reason;
   std::vector<model::Number> elements;      ///< rising
   std::vector<model::Number> combinations;  ///< rising; empty: all
-  /// Of every force that the reason is about, the item in which it is largest.
-  std::vector<store::NotChecked> largest;
+  std::vector<UncheckedForce> largest;      ///< of every component that the reason is about
 };
 
 /// Items put together by their reason, and the combinations that it holds for; by the alphabet.

@@ -71,6 +71,7 @@ void sort_elements(std::vector<ElementResult>& elements, const std::string& key,
 Result<std::set<model::Number>> chosen_combinations(const store::RunInfo& info,
                                                     const model::NumberRanges& ranges) {
   std::vector<model::Number> existing;
+  existing.reserve(info.combinations.size() + info.envelope_states.size());
   for (const store::CombinationRow& row : info.combinations) existing.push_back(row.number);
   for (const store::EnvelopeState& row : info.envelope_states) existing.push_back(row.envelope);
   const auto selected = model::select(ranges, existing, "result of a combination");

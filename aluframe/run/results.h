@@ -24,6 +24,10 @@ std::filesystem::path result_path_of(std::filesystem::path model);
 /// The result file that the user means: itself, or the one of a model.
 std::filesystem::path result_file_of(const std::filesystem::path& input);
 
+/// The file of the model that the results are of, links resolved; nothing when there are no results
+/// in the file that can be read, or they do not say.
+std::optional<std::filesystem::path> model_of_results(const std::filesystem::path& results);
+
 /// Which elements are wanted, and in which order.
 struct ResultsQuery {
   model::NumberRanges elements;    ///< empty: all

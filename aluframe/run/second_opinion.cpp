@@ -139,6 +139,7 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
 std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
                                                 const model::Model& model) {
   std::vector<store::RemarkRow> rows;
+  rows.reserve(result.unchecked.size());
   for (const Unchecked& item : result.unchecked) rows.push_back(remark_of(item, model));
   add_between(result.unknown_between, model, unknown_text, rows);
   add_between(result.estimated_between, model, estimated_text, rows);

@@ -79,7 +79,11 @@ SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) 
   const bool has_forces = model.forces != model::ForceTable();
   const std::string file = origins.forces ? origins.forces->filename().string() : "given";
   if (!has_forces) return {"analysis", "linear", "default"};
-  return {"analysis", has_loads ? "linear, beside given forces" : "given forces", file};
+  if (!has_loads) return {"analysis", "given forces", file};
+  return {"analysis",
+          forces::has_all_forces(model) ? "given forces, loads are not analysed"
+                                        : "linear, beside given forces",
+          file};
 }
 
 std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,

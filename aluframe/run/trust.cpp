@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <set>
+#include <stdexcept>
 #include <utility>
 #include <variant>
 
+#include "aluframe/files/file_kind.h"
 #include "aluframe/run/results.h"
 
 namespace aluframe::run {
@@ -80,6 +82,17 @@ Result<Input> prepare_like(const fs::path& results, const InputOptions& options,
     input->combinations = {coverage.states.begin(), coverage.states.end()};
   }
   return prepared;
+}
+
+std::optional<fs::path> model_of_results(const fs::path& results) {
+  if (files::kind_of(results) != files::FileKind::results) return std::nullopt;
+  try {
+    const std::string model = store::ResultReader::open(results)->info().setup.model_file;
+    if (model.empty()) return std::nullopt;
+    return (fs::weakly_canonical(results).parent_path() / model).lexically_normal();
+  } catch (const std::runtime_error&) {
+    return std::nullopt;  // of another version or damaged: nobody can tell any more
+  }
 }
 
 std::optional<std::string> unfinished_text(const fs::path& file, store::RunState state) {

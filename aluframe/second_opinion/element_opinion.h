@@ -3,21 +3,14 @@
 #include <optional>
 #include <vector>
 
-#include "aluframe/second_opinion/axial_coefficients.h"
-#include "aluframe/second_opinion/unit_stresses.h"
+#include "aluframe/second_opinion/answer.h"
+#include "aluframe/second_opinion/asked_element.h"
 
 /// A second opinion beside the ratio of a check: what a careful engineer gets by hand from
 /// GB 50429-2007 where a rule of the checks is not on the safe side (docs/behaviour.md has the
 /// rules and what is asked about each). The engine of the checks answers it, so that a formula
 /// stands once; the ratio itself stays as it is.
 namespace aluframe::second_opinion {
-
-/// One question's answer: the ratio of a check item, and the rules that it sets right.
-struct Answer {
-  int item = 0;  ///< RALU_ITEM_TYPE
-  double ratio = 0.0;
-  RuleSet rules;
-};
 
 /// The worst of a position: its largest ratio in the checks, and with the second opinion.
 struct SafeRatio {
@@ -52,60 +45,24 @@ class ElementOpinion {
   /// than 1 % to the stress, and where the section cannot be formed.
   std::optional<double> torsion_ratio(const AluDgnSectForce& force, const T_RALU_SECT& code);
 
-  const UnitStresses& units() const { return units_; }
-  bool is_unsymmetric() const { return subject_.is_unsymmetric; }
-  /// Axial force and moments below which they are noise of an analysis: 1e-6 of what the section
-  /// carries alone, N and N·mm.
-  double axial_noise() const { return axial_noise_; }
-  bool is_bent(const AluDgnSectForce& force) const;
+  const UnitStresses& units() const { return element_.units; }
+  bool is_unsymmetric() const { return element_.subject.is_unsymmetric; }
+  /// Axial force below which it is noise of an analysis, N.
+  double axial_noise() const { return element_.axial_noise; }
   /// k of strength and shear checks: γ0, or γRE in a seismic combination.
-  double strength_factor(const AluDgnSectForce& force) const;
+  double strength_factor(const AluDgnSectForce& force) const {
+    return element_.strength_factor(force);
+  }
   /// Lateral-torsional buckling as if no axial force acted; 0 where it cannot be, infinite where
   /// the checks have no critical moment (a truss that bends, C9).
   double lateral_ratio(const AluDgnSectForce& force) const;
 
  private:
-  struct Position;
-  struct BeamColumn;
+  void each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, const Take& take) const;
+  const Subject& with_full_moments();
 
-  template <class Take>
-  void each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, Take& take);
-  double stability_factor(const AluDgnSectForce& force) const;
-  Position position_of(const AluDgnSectForce& force) const;
-
-  template <class Take>
-  void ask_shear(const Position& at, const T_RALU_SECT& code, Take& take);
-  template <class Take>
-  void ask_resultant_shear(const Position& at, Take& take) const;
-  template <class Take>
-  void ask_lateral(const Position& at, Take& take) const;
-  template <class Take>
-  void ask_strength(const Position& at, Take& take);
-  template <class Take>
-  void ask_top_fibre(const ALU_DGN_DATA& data, const AluDgnSectForce& force, const Position& at,
-                     Take& take);
-  template <class Take>
-  void ask_compression(const Position& at, const T_RALU_SECT* code, Take& take);
-  template <class Take>
-  void ask_beam_column(const Position& at, const T_RALU_SECT* code, Take& take);
-  std::optional<BeamColumn> stability_of(const Position& at, const T_RALU_SECT* code);
-  void add_side_bending(const Position& at, BeamColumn& out) const;
-  void take_axial_coefficients(const Position& at, BeamColumn& out) const;
-  void hold_twist(const Position& at, BeamColumn& out) const;
-  void take_bottom_modulus(const Position& at, RuleSet rule, BeamColumn& out) const;
-  template <class Take>
-  void ask_turned_strength(const Position& at, Take& take);
-  template <class Take>
-  void ask_bottom_of_box(const Position& at, Take& take);
-
-  Engine& engine_;
-  Subject subject_;
-  UnitStresses units_;
-  AxialCoefficients axial_;
-  double area_ = 0.0;
-  double axial_noise_ = 0.0, my_noise_ = 0.0, mz_noise_ = 0.0;
+  AskedElement element_;
   std::optional<Subject> with_full_moments_;  ///< βm = 1 about both axes, once it is asked for
-  const Subject* asked_ = nullptr;            ///< the one that questions are about just now
 };
 
 }  // namespace aluframe::second_opinion

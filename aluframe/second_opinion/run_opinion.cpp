@@ -115,11 +115,12 @@ void RunOpinion::start(std::uint32_t number) {
   if (manager.GetDgnData(number, data) == 0) return;
   const model::Element& element = model_.elements[current.place];
   current.length = length_of(model_, element);
-  current.opinion.emplace(engine_, data, facts_of(current.chain, element));
+  const ElementOpinion& opinion =
+      current.opinion.emplace(engine_, data, facts_of(current.chain, element));
   for (int p = 0; p < kCheckPositions; ++p) {
     current.is_end[static_cast<std::size_t>(p)] = manager.IsEndSectCal(number, p) == 1;
   }
-  const UnitStresses& units = current.opinion->units();
+  const UnitStresses& units = opinion.units();
   for (const double bending : units.bending_y) {
     current.weights.push_back({units.axial, bending, units.bending_z});
   }
@@ -132,14 +133,16 @@ void RunOpinion::checked(std::uint32_t element, std::uint32_t combination, int m
                          const T_RALU_D& record) {
   if (current_ == nullptr || current_->number != element) start(element);
   if (combination == 0) return finish(record);
-  if (!current_->opinion) return;
+  std::optional<ElementOpinion>& known = current_->opinion;
+  if (!known) return;
+  ElementOpinion& opinion = *known;
   const auto forces = evaluator_.evaluate(current_->place, combination, side_of(min_side));
   if (!forces) return;
   const Place place{element, combination, min_side, std::nullopt};
   end_ = end_moments(place, *forces);
-  ask_positions(place, *forces, record);
-  ask_between(place, *forces);
-  ask_member(place, *forces);
+  ask_positions(opinion, place, *forces, record);
+  ask_between(opinion, place, *forces);
+  ask_member(opinion, place, *forces);
 }
 
 AluDgnEndForce RunOpinion::end_moments(const Place& place, const model::CaseForces& own) const {
@@ -172,8 +175,8 @@ AluDgnSectForce RunOpinion::section_force(const Place& place) const {
   return force;
 }
 
-void RunOpinion::ask_positions(const Place& place, const model::CaseForces& forces,
-                               const T_RALU_D& record) {
+void RunOpinion::ask_positions(ElementOpinion& opinion, const Place& place,
+                               const model::CaseForces& forces, const T_RALU_D& record) {
   AluDgnSectForce force = section_force(place);
   Place here = place;
   const std::size_t step = forces.inner ? 1 : last_position;
@@ -183,12 +186,13 @@ void RunOpinion::ask_positions(const Place& place, const model::CaseForces& forc
     force.bEndSect = current_->is_end[p] ? 1 : 0;
     here.fraction = static_cast<double>(p) / static_cast<double>(last_position);
     const T_RALU_SECT& code = record.aSect[p];
-    keep(current_->opinion->at(force, code), here);
-    note_unchecked(here, force, code);
+    keep(opinion.at(force, code), here);
+    note_unchecked(opinion, here, force, code);
   }
 }
 
-void RunOpinion::ask_between(const Place& place, const model::CaseForces& forces) {
+void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
+                             const model::CaseForces& forces) {
   places_.clear();
   if (!inner_.has_peaks(current_->place)) return;
   inner_.peaks(current_->place, place.combination, side_of(place.min_side), forces,
@@ -198,14 +202,14 @@ void RunOpinion::ask_between(const Place& place, const model::CaseForces& forces
   for (const forces::PlaceForces& at : places_) {
     std::ranges::copy(at.forces, force.dForce);
     here.fraction = at.fraction;
-    SafeRatio ratio = current_->opinion->at_unchecked(force);
+    SafeRatio ratio = opinion.at_unchecked(force);
     ratio.rules = ratio.rules | Rule::between;
     keep(ratio, here);
   }
 }
 
-void RunOpinion::ask_member(const Place& place, const model::CaseForces& forces) {
-  const ElementOpinion& opinion = *current_->opinion;
+void RunOpinion::ask_member(ElementOpinion& opinion, const Place& place,
+                            const model::CaseForces& forces) {
   LargestForces largest = extremes_.of(current_->chain, current_->place, place.combination,
                                        side_of(place.min_side), forces);
   for (const forces::PlaceForces& at : places_) largest.add(at.forces);
@@ -215,7 +219,7 @@ void RunOpinion::ask_member(const Place& place, const model::CaseForces& forces)
   force.dForce[ALU_FORCE_MZ] = largest.mz;
   const auto ask = [&](double my) {
     force.dForce[ALU_FORCE_MY] = my;
-    keep(current_->opinion->of_member(force, largest.has_span_moments), place);
+    keep(opinion.of_member(force, largest.has_span_moments), place);
   };
   if (!opinion.is_unsymmetric()) return ask(std::max(largest.my_max, -largest.my_min));
   ask(largest.my_max);
@@ -237,9 +241,8 @@ void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
   worst.from_start = place.fraction.value_or(0.0) * current_->length;
 }
 
-void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force,
-                                const T_RALU_SECT& code) {
-  ElementOpinion& opinion = *current_->opinion;
+void RunOpinion::note_unchecked(ElementOpinion& opinion, const Place& place,
+                                const AluDgnSectForce& force, const T_RALU_SECT& code) {
   const UnitStresses& units = opinion.units();
   if (!units.formed) return;
   const auto size = [&](std::size_t i) { return std::fabs(force.dForce[i]); };
@@ -255,7 +258,7 @@ void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force
   if (size(torsion) * units.torsion > silent_ratio * units.fv) {
     note(Unchecked::Kind::torsion, size(torsion), place, opinion.torsion_ratio(force, code));
   }
-  if (!opinion.is_bent(force)) return;
+  if (!is_bent(force)) return;
   const double n = force.dForce[ALU_FORCE_N];
   if (n != 0.0 && std::fabs(n) < opinion.axial_noise()) {
     note(Unchecked::Kind::tiny_axial, std::fabs(n), place, std::nullopt);
@@ -266,21 +269,19 @@ void RunOpinion::note_unchecked(const Place& place, const AluDgnSectForce& force
 
 void RunOpinion::note(Unchecked::Kind kind, double magnitude, const Place& place,
                       std::optional<double> ratio) {
-  auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
-  if (found == result_.unchecked.end()) {
-    result_.unchecked.emplace_back().kind = kind;
-    found = result_.unchecked.end() - 1;
+  const auto found = std::ranges::find(result_.unchecked, kind, &Unchecked::kind);
+  Unchecked& noted = found == result_.unchecked.end() ? result_.unchecked.emplace_back() : *found;
+  noted.kind = kind;
+  if (noted.elements.empty() || *noted.elements.rbegin() != place.element) {
+    noted.elements.insert(place.element);
   }
-  if (found->elements.empty() || *found->elements.rbegin() != place.element) {
-    found->elements.insert(place.element);
+  if (magnitude > noted.magnitude) {
+    noted.magnitude = magnitude;
+    noted.magnitude_place = place;
   }
-  if (magnitude > found->magnitude) {
-    found->magnitude = magnitude;
-    found->magnitude_place = place;
-  }
-  if (ratio && (!found->ratio || *ratio > *found->ratio)) {
-    found->ratio = ratio;
-    found->ratio_place = place;
+  if (ratio && (!noted.ratio || *ratio > *noted.ratio)) {
+    noted.ratio = ratio;
+    noted.ratio_place = place;
   }
 }
 

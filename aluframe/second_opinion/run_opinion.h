@@ -86,10 +86,12 @@ class RunOpinion : public services::RunObserver {
 
   void start(std::uint32_t element);
   void finish(const T_RALU_D& governing);
-  void ask_positions(const Place& place, const model::CaseForces& forces, const T_RALU_D& record);
-  void ask_between(const Place& place, const model::CaseForces& forces);
-  void ask_member(const Place& place, const model::CaseForces& forces);
-  void note_unchecked(const Place& place, const AluDgnSectForce& force, const T_RALU_SECT& code);
+  void ask_positions(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces,
+                     const T_RALU_D& record);
+  void ask_between(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
+  void ask_member(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
+  void note_unchecked(ElementOpinion& opinion, const Place& place, const AluDgnSectForce& force,
+                      const T_RALU_SECT& code);
   void note(Unchecked::Kind kind, double magnitude, const Place& place,
             std::optional<double> ratio);
   void keep(const SafeRatio& ratio, const Place& place);

@@ -47,6 +47,8 @@ struct RunSetup {
   /// Where forces came from: "given", "linear" or "second-order" analysis; empty: unknown.
   std::string analysis = {};
   bool second_order_asked = false;  ///< second order on request, not by the model
+  /// The model's file, seen from the folder of the result file; empty: unknown.
+  std::string model_file = {};
   /// The file of forces in place of the model's, seen from the folder of the result file; empty:
   /// none.
   std::string forces_file = {};

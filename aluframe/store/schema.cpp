@@ -22,6 +22,7 @@ CREATE TABLE run (
   model_digest TEXT NOT NULL,
   analysis TEXT NOT NULL,
   second_order_asked INTEGER NOT NULL,
+  model_file TEXT NOT NULL,
   forces_file TEXT NOT NULL,
   model_elements INTEGER NOT NULL,
   model_combinations INTEGER NOT NULL,
@@ -95,7 +96,7 @@ CREATE TABLE record (
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
@@ -104,10 +105,11 @@ void insert_run(SQLite::Database& database, const RunInfo& info) {
   run.bind(6, info.model_digest);
   run.bind(7, info.setup.analysis);
   run.bind(8, info.setup.second_order_asked ? 1 : 0);
-  run.bind(9, info.setup.forces_file);
-  run.bind(10, info.model_elements);
-  run.bind(11, info.model_combinations);
-  run.bind(12, info.model_states);
+  run.bind(9, info.setup.model_file);
+  run.bind(10, info.setup.forces_file);
+  run.bind(11, info.model_elements);
+  run.bind(12, info.model_combinations);
+  run.bind(13, info.model_states);
   run.exec();
 }
 
@@ -177,7 +179,8 @@ RunInfo load_run(SQLite::Database& database) {
   RunInfo info;
   SQLite::Statement run(database,
                         "SELECT title, code, program, model_digest, analysis, second_order_asked, "
-                        "forces_file, model_elements, model_combinations, model_states FROM run");
+                        "model_file, forces_file, model_elements, model_combinations, "
+                        "model_states FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
   info.model_title = run.getColumn(0).getString();
   info.code = run.getColumn(1).getString();
@@ -185,10 +188,11 @@ RunInfo load_run(SQLite::Database& database) {
   info.model_digest = run.getColumn(3).getString();
   info.setup.analysis = run.getColumn(4).getString();
   info.setup.second_order_asked = run.getColumn(5).getInt() != 0;
-  info.setup.forces_file = run.getColumn(6).getString();
-  info.model_elements = run.getColumn(7).getUInt();
-  info.model_combinations = run.getColumn(8).getUInt();
-  info.model_states = run.getColumn(9).getUInt();
+  info.setup.model_file = run.getColumn(6).getString();
+  info.setup.forces_file = run.getColumn(7).getString();
+  info.model_elements = run.getColumn(8).getUInt();
+  info.model_combinations = run.getColumn(9).getUInt();
+  info.model_states = run.getColumn(10).getUInt();
   return info;
 }
 

@@ -93,9 +93,16 @@ std::string line_of(std::string_view name, const std::string& value) {
   return fmt::format("  {:<14}{}\n", name, value);
 }
 
+/// Number and name of a combination; of an envelope for a state of it.
+std::pair<Cell, Cell> combination_cells(const model::Model& model, std::uint32_t number) {
+  const model::Combination* combination = model.combinations.find(number);
+  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
+  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
+}
+
 /// The second opinion of the run; empty cells without one.
 template <class Add>
-void add_safe(const run::CheckResult& result, Add add) {
+void add_safe(const model::Model& model, const run::CheckResult& result, Add add) {
   const auto whole = [](std::size_t value) { return Cell(static_cast<std::int64_t>(value)); };
   const store::SafeRow* worst = result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
   add("second_opinion",
@@ -107,19 +114,12 @@ void add_safe(const run::CheckResult& result, Add add) {
   add("safe_element", worst != nullptr ? whole(worst->element) : Cell());
   add("safe_item", worst != nullptr ? Cell(std::string(item_name(worst->item))) : Cell());
   add("safe_rules", worst != nullptr ? Cell(worst->rules) : Cell());
-  add("safe_combination", worst != nullptr ? whole(worst->combination) : Cell());
+  const auto [combination, name] =
+      worst != nullptr ? combination_cells(model, worst->combination) : std::pair<Cell, Cell>();
+  add("safe_combination", combination);
+  add("safe_combination_name", name);
   add("safe_fraction", worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
   add("remark_count", whole(result.remarks.size()));
-}
-
-/// Number and name of the combination that governs; of an envelope for a state of it.
-std::pair<Cell, Cell> worst_combination(const model::Model& model,
-                                        const services::CheckSummary& summary) {
-  if (!summary.worst) return {};
-  const model::Number number = summary.worst->check.nLComb;
-  const model::Combination* combination = model.combinations.find(number);
-  if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
-  return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
 }
 
 /// The run as a table of one row.
@@ -145,13 +145,14 @@ OutputTable summary_table(const run::Input& input, const run::CheckResult& resul
   add("worst_element", any ? whole(summary.worst->element) : Cell());
   add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
   add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  auto [combination, name] = worst_combination(input.model, summary);
-  add("worst_combination", std::move(combination));
-  add("worst_combination_name", std::move(name));
+  const auto [combination, name] =
+      any ? combination_cells(input.model, summary.worst->check.nLComb) : std::pair<Cell, Cell>();
+  add("worst_combination", combination);
+  add("worst_combination_name", name);
   add("not_checked", whole(summary.not_checked.size()));
   add("model_elements", whole(input.model.elements.size()));
   add("model_combinations", whole(design_combinations(input.model)));
-  add_safe(result, add);
+  add_safe(input.model, result, add);
   table.rows.push_back(std::move(row));
   return table;
 }

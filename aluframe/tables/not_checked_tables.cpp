@@ -28,10 +28,9 @@ std::string magnitude_text(const store::LargestForce& force) {
 /// behind a separator.
 std::string largest_text(const run::NotCheckedGroup& group, std::string_view separator) {
   std::string out;
-  for (const store::NotChecked& item : group.largest) {
-    const store::LargestForce& force = *item.largest;
+  for (const auto& [element, force] : group.largest) {
     out += fmt::format("{}largest {} {} at element {}, combination {}{}, position {}", separator,
-                       force.component, magnitude_text(force), item.element, force.combination,
+                       force.component, magnitude_text(force), element, force.combination,
                        force.min_side != 0 ? " (minimum side)" : "", position_name(force.position));
   }
   return out;
@@ -50,7 +49,7 @@ std::string place_text(const run::NotCheckedGroup& group, Lists lists) {
 const store::RemarkRow* remark_of(const run::NotCheckedGroup& group,
                                   const std::vector<store::RemarkRow>& remarks) {
   if (group.largest.empty()) return nullptr;
-  const char* kind = is_moment(*group.largest.front().largest) ? "C6" : "C5";
+  const char* kind = is_moment(group.largest.front().force) ? "C6" : "C5";
   const auto found = std::ranges::find(remarks, kind, &store::RemarkRow::kind);
   return found == remarks.end() ? nullptr : &*found;
 }
@@ -59,11 +58,11 @@ Cell whole(std::uint32_t value) {
   return static_cast<std::int64_t>(value);
 }
 
-void add_largest(std::vector<Cell>& row, const store::NotChecked& item) {
-  const store::LargestForce& force = *item.largest;
+void add_largest(std::vector<Cell>& row, const run::UncheckedForce& unchecked) {
+  const store::LargestForce& force = unchecked.force;
   row.insert(row.end(),
              {force.component, force.magnitude, std::string(is_moment(force) ? "N·mm" : "N"),
-              whole(item.element), whole(force.combination),
+              whole(unchecked.element), whole(force.combination),
               force.min_side != 0 ? Cell(std::string("min")) : Cell(),
               std::string(position_name(force.position))});
 }
@@ -96,9 +95,9 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
                                   group.combinations.empty()
                                       ? Cell(std::string("all"))
                                       : Cell(model::join_as_ranges(group.combinations))};
-    for (const store::NotChecked& item : group.largest) {
+    for (const run::UncheckedForce& unchecked : group.largest) {
       table.rows.push_back(start);
-      add_largest(table.rows.back(), item);
+      add_largest(table.rows.back(), unchecked);
       const store::RemarkRow* remark = remark_of(group, remarks);
       table.rows.back().push_back(remark != nullptr && remark->ratio ? Cell(*remark->ratio)
                                                                      : Cell());

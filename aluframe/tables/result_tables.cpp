@@ -50,6 +50,14 @@ std::string name_of_combination(const store::RunInfo& info, std::uint32_t number
   return found == info.combinations.end() ? "" : found->name;
 }
 
+/// "3 \"1.2G\""; of a state its envelope and its own name, "7 Extremes: 1.2G".
+std::string combination_text(const store::RunInfo& info, std::uint32_t number) {
+  const std::uint32_t shown = number_of_combination(info, number);
+  const std::string name = name_of_combination(info, number);
+  if (shown != number) return fmt::format("{} {}", shown, name);
+  return name.empty() ? fmt::format("{}", number) : fmt::format("{} \"{}\"", number, name);
+}
+
 /// "max", "min", or nothing for a combination with one side.
 Cell side_of(const store::RunInfo& info, std::uint32_t number, int min_side) {
   const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
@@ -124,21 +132,23 @@ void add_safe(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t e
 
 void add_safe_columns(OutputTable& table) {
   for (const char* key : {"safe_ratio", "safe_rules", "safe_item", "safe_combination",
-                          "safe_fraction", "safe_from_start_mm"}) {
+                          "safe_combination_name", "safe_fraction", "safe_from_start_mm"}) {
     table.columns.push_back({.key = key, .heading = key});
   }
 }
 
-void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element) {
+void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t element,
+                      const store::RunInfo& info) {
   add_safe(row, safe, element);
   const auto found = safe.find(element);
   if (found == safe.end()) {
-    row.insert(row.end(), 4, Cell());
+    row.insert(row.end(), 5, Cell());
     return;
   }
   const store::SafeRow& of = found->second;
   row.push_back(text(item_name(of.item)));
-  row.push_back(whole(of.combination));
+  row.push_back(whole(number_of_combination(info, of.combination)));
+  row.push_back(name_of_combination(info, of.combination));
   row.push_back(of.fraction ? Cell(*of.fraction) : Cell());
   row.push_back(of.fraction ? Cell(of.from_start) : Cell());
 }
@@ -216,10 +226,9 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks, Lists lis
 
 std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
   const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
-  const std::string name = name_of_combination(info, row.combination);
-  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}{}",
+  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}",
                      short_number(row.safe), item_name(row.item), rules, short_number(row.code),
-                     place_text(row), row.combination, name.empty() ? "" : " \"" + name + "\"");
+                     place_text(row), combination_text(info, row.combination));
 }
 
 OutputTable safe_table(const std::vector<store::SafeRow>& rows, const store::RunInfo& info) {
@@ -308,7 +317,7 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
       row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
       row.push_back(name_of_combination(info, check.governing.nLComb));
       row.push_back(side_of(info, check.governing.nLComb, check.governing.nMinSide));
-      if (!safe.empty()) add_safe_in_full(row, safe, element.element);
+      if (!safe.empty()) add_safe_in_full(row, safe, element.element, info);
       table.rows.push_back(std::move(row));
     }
   }

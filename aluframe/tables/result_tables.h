@@ -34,7 +34,8 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks,
 /// "1/2 of the length (1.5 m from its start)", or "whole member".
 std::string place_text(const store::SafeRow& row);
 
-/// "Safe ratio 1.083 (strength, F1), code ratio 0.241, position 1/2, combination 3 \"1.2G\"".
+/// "Safe ratio 1.083 (strength, F1), code ratio 0.241, position 1/2, combination 3 \"1.2G\"", or
+/// "combination 7 Extremes: 1.2G" for a state of the envelope 7.
 std::string safe_text(const store::SafeRow& row, const store::RunInfo& info);
 
 /// Second opinions, a line an element: ratio of the checks, safe ratio, what makes it differ,

@@ -94,8 +94,10 @@ std::optional<std::string> problem_of(const CheckOptions& options,
     return "--strict=safe looks at safe ratios, which --second-opinion off leaves out: give one of "
            "the two";
   }
+  // By its name the file beside the model is the model's own, also when both were renamed.
+  const auto made_from = options.output ? run::model_of_results(results) : std::nullopt;
   return files::find_overwriting(
-      {{"the result file", results, files::FileKind::results}},
+      {{"the result file", results, files::FileKind::results, made_from}},
       {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 

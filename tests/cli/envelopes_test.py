@@ -1,8 +1,11 @@
 """Design envelopes are checked by the states that they contain; by their extremes only when the model says so."""
 
 import copy
+import csv
+import io
 import json
 import random
+import re
 import sqlite3
 
 import pytest
@@ -69,6 +72,19 @@ def test_tables_and_json_name_the_state_that_governs(aluframe, enveloped, comman
     row = aluframe.json(*command, "frame.json")[0]
     prefix = "worst_" if command == ("check",) else ""
     assert (row[prefix + "combination"], row[prefix + "combination_name"]) == (7, "Extremes: 1.5W")
+
+
+def test_the_safe_ratio_of_a_state_stands_by_its_envelope_and_its_own_name(aluframe, enveloped):
+    enveloped["combinations"][0]["terms"][1]["factor"] = 1.5
+    aluframe.write(enveloped)
+    checked = aluframe.json("check", "frame.json")[0]
+    stored = aluframe.json("results", "frame.json")
+    table = aluframe("results", "frame.json", "--format", "csv").stdout
+    summary = aluframe("check", "frame.json", "--format", "csv").stdout
+    for row in (checked, *stored, *csv.DictReader(io.StringIO(table)), *csv.DictReader(io.StringIO(summary))):
+        assert (int(row["safe_combination"]), row["safe_combination_name"]) == (7, "Extremes: 1.5W")
+    shown = aluframe("results", "frame.json", "--element", 1).stdout
+    assert re.search(r"^Safe ratio .*, combination 7 Extremes: 1\.5W$", shown, re.MULTILINE)
 
 
 def test_the_overview_shows_the_envelope_and_its_state_side_by_side(aluframe, enveloped):

@@ -8,7 +8,7 @@ import pytest
 CATALOGUE = "name,shape,D,t\nPost,P,100,10\n"
 KEPT = ("frame.json", "other.json", "mine.csv", "other.csv", "forces.csv", "other.aluresult")
 
-# command, its option for a file, and what that writes. The result file of a check may be another's.
+# command, its option for a file, and what that writes.
 OUTPUTS = [
     (("check", "frame.json", "--forces", "forces.csv"), "--output", "the result file"),
     (("analyse", "loaded.json"), "--output", "the output"),
@@ -61,7 +61,7 @@ def refused(folder, command, option, target):
 def test_no_output_takes_the_place_of_a_file_of_another_kind(
         folder, command, option, what, target, kind):
     if what == "the result file" and kind == "the results of a check":
-        pytest.skip("a result file may take the place of another")
+        pytest.skip("a result file may take the place of an older one")
     assert refused(folder, command, option, target) == (
         f"{target}: holds {kind}, which {what} would overwrite; choose another file\n")
 
@@ -102,6 +102,54 @@ def test_a_model_named_like_its_own_results_is_kept(aluframe, pipe_beam):
     assert error == ("frame.aluresult: is the model, which the result file would overwrite; "
                      "choose another file\n")
     assert json.loads((aluframe.folder / "frame.aluresult").read_text()) == pipe_beam
+
+
+def of_another_model(target, model):
+    return (f"{target}: holds the results of a check of {model}, which the result file would overwrite; "
+            "choose another file, or delete this one\n")
+
+
+def test_a_check_does_not_take_the_place_of_another_models_results(folder):
+    assert refused(folder, ("check", "frame.json"), "--output", "other.aluresult") == of_another_model(
+        "other.aluresult", "other.json")
+    (folder.folder / "other.aluresult").unlink()
+    folder("check", "frame.json", "--output", "other.aluresult")
+
+
+def test_a_check_takes_the_place_of_its_own_results_also_of_a_changed_model(folder, pipe_beam):
+    folder("check", "loaded.json", "--output", "named.aluresult")
+    before = contents(folder, ["named.aluresult"])
+    pipe_beam["load_cases"][0]["self_weight"] = 3
+    folder.write(pipe_beam, "loaded.json")
+    folder("check", "loaded.json", "--output", "named.aluresult")
+    assert contents(folder, ["named.aluresult"]) != before
+
+
+def test_results_are_their_models_however_both_are_reached(folder):
+    (folder.folder / "kept").mkdir()
+    os.symlink(folder.folder / "kept", folder.folder / "linked")
+    os.symlink(folder.folder / "frame.json", folder.folder / "again.json")
+    folder("check", "frame.json", "--output", "linked/a.aluresult")
+    for model in ("frame.json", "again.json", f"../{folder.folder.name}/frame.json"):
+        for results in ("linked/a.aluresult", "kept/a.aluresult"):
+            folder("check", model, "--output", results)
+    error = folder("check", "other.json", "--output", "kept/a.aluresult", status=1).stderr
+    assert error == of_another_model("kept/a.aluresult", "frame.json")
+
+
+def test_results_move_with_their_model_and_its_folder(folder):
+    (folder.folder / "project").mkdir()
+    for name in ("frame.json", "mine.csv"):
+        (folder.folder / name).rename(folder.folder / "project" / name)
+    folder("check", "project/frame.json", "--output", "project/a.aluresult")
+    (folder.folder / "project").rename(folder.folder / "moved")
+    folder("check", "moved/frame.json", "--output", "moved/a.aluresult")
+
+
+def test_a_model_renamed_with_its_results_is_checked_again(folder):
+    for end in ("json", "aluresult"):
+        (folder.folder / f"other.{end}").rename(folder.folder / f"renamed.{end}")
+    folder("check", "renamed.json")
 
 
 def test_outputs_may_be_written_again(folder):

@@ -142,6 +142,18 @@ def test_json_csv_and_the_result_file_have_the_settings(aluframe, pipe_beam):
         aluframe, "SELECT key, value, origin FROM setting")} == settings
 
 
+@pytest.mark.parametrize("given, told", [
+    ((1,), "linear, beside given forces"), ((1, 2), "given forces, loads are not analysed")])
+def test_loads_that_given_forces_stand_for_are_not_said_to_be_analysed(aluframe, beam, given, told):  # noqa: F811
+    beam["forces"] = [{"element": 1, "case": case, "values": [[0, 0, 0, 0, 1, 0]] * 5} for case in given]
+    aluframe.write(beam)
+    done = aluframe("check", "frame.json")
+    assert f" analysis {told} (given)\n" in done.stdout
+    assert ("linear analysis of" in done.stdout) == (given == (1,))
+    assert stored(aluframe, "SELECT analysis FROM run") == [(told,)]
+    assert aluframe("results", "frame.json").stdout.endswith(f"forces: {told}\n")
+
+
 # What results cover
 
 def test_a_report_after_a_check_of_one_combination_goes_by_no_other(aluframe, pipe_beam):

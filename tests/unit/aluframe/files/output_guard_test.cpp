@@ -73,6 +73,22 @@ TEST_F(OutputGuard, LetsAnOutputTakeThePlaceOfItsOwnKind) {
                     "file"));
 }
 
+TEST_F(OutputGuard, LetsAnOutputTakeThePlaceOfOneThatWasMadeFromTheSameInput) {
+  std::string results("SQLite format 3\0", 16);
+  results += std::string(52, '\1') + "AluR";
+  const fs::path file = folder_.write("a.aluresult", results);
+  const fs::path model = folder_.write("frame.json", model_text);
+  const OutputFile output{"the result file", file, FileKind::results, model};
+  EXPECT_EQ(find_overwriting({output}, {{"the model", model}}), std::nullopt);
+  fs::create_symlink(model, in_folder("link.json"));
+  EXPECT_EQ(find_overwriting({output}, {{"the model", in_folder("link.json")}}), std::nullopt);
+  const auto refused = find_overwriting({output}, {{"the model", in_folder("other.json")}});
+  EXPECT_EQ(refused, message("a.aluresult", "holds the results of a check of " +
+                                                fs::proximate(model).string() +
+                                                ", which the result file would overwrite; choose "
+                                                "another file, or delete this one"));
+}
+
 TEST_F(OutputGuard, PassesOverFilesThatARunDoesNotHave) {
   const fs::path model = folder_.write("frame.json", model_text);
   EXPECT_EQ(find_overwriting({{"the table", std::nullopt}},

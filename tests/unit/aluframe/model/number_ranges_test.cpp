@@ -68,6 +68,11 @@ TEST(NumberRanges, NeighboursAreJoined) {
   EXPECT_EQ(join_as_ranges({}), "");
 }
 
+TEST(NumberRanges, LongListsAreCutShortAndCountWhatIsLeft) {
+  EXPECT_EQ(join_as_ranges({1, 2, 5, 7, 8, 9}, 2), "1-2, 5 and 3 more");
+  EXPECT_EQ(join_as_ranges({1, 2, 5}, 2), "1-2, 5");
+}
+
 TEST(NumberRanges, ASelectionKeepsTheExistingOrder) {
   const auto selected = select(ranges("7,1-5,2"), {9, 5, 2, 7}, "element");
   EXPECT_EQ(std::get<Numbers>(selected), (Numbers{5, 2, 7}));

@@ -101,9 +101,17 @@ TEST(FreeEnds, DoNotMatterWhereTheCoefficientIsGiven) {
 }
 
 TEST(Concerned, NamesRangesAndCutsLongLists) {
-  EXPECT_EQ(as_ranges({1, 2, 3, 7, 9, 10}), "1-3, 7, 9-10");
-  EXPECT_EQ(as_ranges({1, 3, 5, 7, 9, 11, 13, 15}), "1, 3, 5, 7, 9, 11 and 2 more");
-  EXPECT_EQ(as_ranges({1, 3, 5, 7, 9, 11}), "1, 3, 5, 7, 9, 11");
+  Concerned concerned;
+  const auto add = [&](model::Number number) {
+    model::Element element;
+    element.number = number;
+    concerned.add(element);
+  };
+  for (const model::Number number : {11, 1, 2, 5, 9, 7, 13}) add(number);
+  EXPECT_EQ(concerned.named(), "elements 1-2, 5, 7, 9, 11, 13");
+  add(15);
+  add(16);
+  EXPECT_EQ(concerned.named(), "elements 1-2, 5, 7, 9, 11, 13 and 2 more");
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ TEST(GroupNotChecked, OfEveryForceTheLargestIsKept) {
   ASSERT_EQ(groups.size(), 1U);
   ASSERT_EQ(groups[0].largest.size(), 2U);
   EXPECT_EQ(groups[0].largest[0].element, 2U);
-  EXPECT_EQ(groups[0].largest[0].largest->magnitude, 5.0);
+  EXPECT_EQ(groups[0].largest[0].force.magnitude, 5.0);
   EXPECT_EQ(groups[0].largest[1].element, 1U);
 }
 

@@ -102,6 +102,7 @@ TEST_F(ResultReaderTest, HowTheRunWasMadeComesBack) {
   RunInfo info;
   info.setup = {.analysis = "second-order",
                 .second_order_asked = true,
+                .model_file = "../frame.json",
                 .forces_file = "../forces.csv",
                 .settings = {{"ribs", "off", "given"}, {"safety_class", "2", "default"}}};
   info.model_elements = 12;
@@ -111,6 +112,7 @@ TEST_F(ResultReaderTest, HowTheRunWasMadeComesBack) {
   const RunInfo read = ResultReader::open(file)->info();
   EXPECT_EQ(read.setup.analysis, "second-order");
   EXPECT_TRUE(read.setup.second_order_asked);
+  EXPECT_EQ(read.setup.model_file, "../frame.json");
   EXPECT_EQ(read.setup.forces_file, "../forces.csv");
   EXPECT_EQ(read.setup.settings, info.setup.settings);
   EXPECT_EQ(read.model_elements, 12U);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "aluframe/tables/result_tables.h"
@@ -102,6 +103,22 @@ TEST(GoverningTable, ACombinationThatTheRunDoesNotListHasNoName) {
       governing_table(run::by_element({row(5, RALU_STRENGTH, 50, 100)}), store::RunInfo(), {});
   EXPECT_EQ(table.rows[0][9], text(""));
   EXPECT_TRUE(is_empty(table.rows[0][10]));
+}
+
+TEST(GoverningTable, TheSafeRatioOfAStateHasItsEnvelopesNumberAndItsOwnName) {
+  store::RunInfo info;
+  info.combinations = {{3, "ULS", false, false}, {7001, "Extremes: G", false, false, 7}};
+  store::SafeRow safe;
+  safe.combination = 7001;
+  const OutputTable table =
+      governing_table(run::by_element({row(5, RALU_STRENGTH, 50, 100)}), info, {}, {{5, safe}});
+  const Keys keys = keys_of(table);
+  const auto at =
+      static_cast<std::size_t>(std::ranges::find(keys, "safe_combination") - keys.begin());
+  ASSERT_EQ(table.rows.at(0).size(), keys.size());
+  EXPECT_EQ(keys.at(at + 1), "safe_combination_name");
+  EXPECT_EQ(table.rows[0].at(at), whole(7));
+  EXPECT_EQ(table.rows[0].at(at + 1), text("Extremes: G"));
 }
 
 TEST(PositionRatiosTable, HasOneLineACombinationSideAndPosition) {
