@@ -69,9 +69,12 @@ std::variant<model::Section, std::string> section_named(std::string_view name,
         name);
   }
   const auto numbers = numbers_of(tidy(name.substr(blank)));
+  if (!numbers) {
+    return fmt::format("found '{}', must be {} {} with plain decimals in mm (12.5, no exponent)",
+                       name, model::name_of(*shape), dimensions_text(*shape));
+  }
   const auto dimensions = model::dimension_names(*shape);
-  if (!numbers || numbers->size() < model::required_dimensions(*shape) ||
-      numbers->size() > dimensions.size()) {
+  if (numbers->size() < model::required_dimensions(*shape) || numbers->size() > dimensions.size()) {
     return fmt::format("found '{}', must be {} {} with numbers in mm", name, model::name_of(*shape),
                        dimensions_text(*shape));
   }

@@ -81,6 +81,9 @@ void require_turning(const JsonValue& orientation, const model::Element& element
   if (sine >= analysis::parallel_limit) return;
   const auto [x, y, z] = *direction;
   const bool is_node = JsonObject(orientation, orientation_fields).optional("node").has_value();
+  if (!is_node && x == 0.0 && y == 0.0 && z == 0.0) {
+    orientation.fail("the vector (0, 0, 0) has no length, so it gives no direction");
+  }
   orientation.fail(fmt::format(
       "the direction ({:.6g}, {:.6g}, {:.6g}){} lies along the element's axis: the sine of the "
       "angle between them is {:.3g}, must be {:g} or more",

@@ -15,9 +15,9 @@ std::optional<Remark> unread_weld_coefficients(Subject& subject) {
   }
   if (concerned.empty()) return std::nullopt;
   Remark remark = concerned.remark(
-      "F12", fmt::format("no check reads `weld_coefficient` ({}): the welds themselves are not "
-                         "checked; design them apart",
-                         concerned.named()));
+      "F12",
+      "no check reads `weld_coefficient`: the welds themselves are not checked; design them "
+      "apart");
   remark.value = -concerned.worst_value();
   return remark;
 }
@@ -33,9 +33,9 @@ std::optional<Remark> coefficients_above_one(Subject& subject) {
   }
   if (concerned.empty()) return std::nullopt;
   Remark remark = concerned.remark(
-      "S4", fmt::format("`stability_coefficients` above 1 are taken as they are ({}): up to {:g}, "
+      "S4", fmt::format("`stability_coefficients` above 1 are taken as they are: up to {:g}, "
                         "as if buckling made a member stronger; give φb of bending, at most 1",
-                        concerned.named(), concerned.worst_value()));
+                        concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -50,10 +50,10 @@ std::optional<Remark> lateral_buckling_off(Subject& subject) {
     if (is_open(model.sections.find(element.section)->shape)) concerned.add(element);
   }
   if (concerned.empty()) return std::nullopt;
-  Remark remark = concerned.remark(
-      "S4", fmt::format("`stability_coefficients` with `z` alone leave `y` at 1, which switches "
-                        "lateral-torsional buckling off ({} of open section); give φb as `y` too",
-                        concerned.named()));
+  Remark remark =
+      concerned.remark("S4",
+                       "`stability_coefficients` with `z` alone leave `y` at 1, which switches "
+                       "lateral-torsional buckling off in open sections; give φb as `y` too");
   remark.value = 1.0;
   return remark;
 }

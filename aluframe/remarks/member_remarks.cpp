@@ -86,10 +86,10 @@ std::optional<Remark> factor_at_bound(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_member(
       subject, concerned, "S15",
-      fmt::format("nothing keeps {} from swaying: the effective length factor is at its bound of "
+      fmt::format("nothing keeps them from swaying: the effective length factor is at its bound of "
                   "{:g}, which stands for no stability at all; say what holds the frame by "
                   "`braced_a` and `braced_b`, by supports, or give `length_factors`",
-                  concerned.named(), members::largest_factor));
+                  members::largest_factor));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -114,10 +114,8 @@ std::optional<Remark> factor_without_supports(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_member(
       subject, concerned, "S15",
-      fmt::format("the model has no supports, so {} take K = 1: cantilevers need 2, columns that "
-                  "sway more than 1; give `length_factors`, or the supports that the frame "
-                  "stands on",
-                  concerned.named()));
+      "the model has no supports, so columns and braces take K = 1: cantilevers need 2, columns "
+      "that sway more than 1; give `length_factors`, or the supports that the frame stands on");
   remark.value = 1.0;
   return remark;
 }
@@ -140,11 +138,8 @@ std::optional<Remark> free_ends(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   return about_member(
       subject, concerned, "S6",
-      fmt::format("ends within the frame count as free, as no support is there: {} of open section "
-                  "take twice their length against twisting, which nearly doubles the critical "
-                  "moment; check their lateral-torsional buckling with the length itself, or give "
-                  "its coefficient as `stability_coefficients`",
-                  concerned.named()));
+      "ends within the frame count as free, as no support is there: twice the length against "
+      "twisting nearly doubles the critical moment; the safe ratio takes the length itself");
 }
 
 }  // namespace aluframe::remarks

@@ -84,11 +84,13 @@ bool has_unreduced_web(const model::Section& section) {
   return section.shape == model::Shape::h_section || section.shape == model::Shape::box;
 }
 
-/// What is said of shear beside the slender webs of `concerned`.
-std::string shear_text(const Concerned& concerned) {
-  if (concerned.empty()) return {};
-  return fmt::format("; at h/t up to {:.3g} ({}) look at shear buckling too, which no check does",
-                     concerned.worst_value(), concerned.named());
+/// What is said of shear beside slender webs; which elements, when they are not those of `bent`.
+std::string shear_text(const Concerned& sheared, const Concerned& bent) {
+  if (sheared.empty()) return {};
+  const std::string which =
+      sheared.named() == bent.named() ? "" : fmt::format(" ({})", sheared.named());
+  return fmt::format("; at h/t up to {:.3g}{} look at shear buckling too, which no check does",
+                     sheared.worst_value(), which);
 }
 
 }  // namespace
@@ -107,10 +109,10 @@ std::optional<Remark> unjudged_plates(Subject& subject) {
   const model::Material& material = *model.materials.find(concerned.worst().material);
   Remark remark = about_section(
       concerned, "B12",
-      fmt::format("slender plates count in full because no check judges their shape ({}): the {} "
-                  "of {} has {:.3g} times its limit in compression; judge local buckling of them "
-                  "by hand where they are compressed",
-                  concerned.named(), worst_unjudged(section, material).plate, named(section),
+      fmt::format("slender plates count in full because no check judges their shape: the {} of {} "
+                  "has {:.3g} times its limit in compression; judge local buckling of them by hand "
+                  "where they are compressed",
+                  worst_unjudged(section, material).plate, named(section),
                   concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
@@ -134,10 +136,10 @@ std::optional<Remark> slender_webs(Subject& subject) {
   if (bent.empty()) return std::nullopt;
   Remark remark = about_section(
       bent, "B2",
-      fmt::format("slender webs count in full in bending ({}): the web of {} has {:.3g} times its "
-                  "limit there; check bending by hand with an effective web{}",
-                  bent.named(), named(*model.sections.find(bent.worst().section)),
-                  bent.worst_value(), shear_text(sheared)));
+      fmt::format("slender webs count in full in bending: the web of {} has {:.3g} times its limit "
+                  "there; check bending by hand with an effective web{}",
+                  named(*model.sections.find(bent.worst().section)), bent.worst_value(),
+                  shear_text(sheared, bent)));
   remark.value = bent.worst_value();
   return remark;
 }

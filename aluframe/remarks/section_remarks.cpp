@@ -48,10 +48,10 @@ std::optional<Remark> wide_strips(Subject& subject) {
   const model::Section& section = section_of(model, worst);
   Remark remark = about_section(
       concerned, "W1",
-      fmt::format("heat-affected strips are wider than the plates have room for ({}): in {} strips "
-                  "of {:.4g} mm where {:.4g} mm fit beside each weld, {}, so stresses come out too "
+      fmt::format("heat-affected strips are wider than the plates have room for: in {} strips of "
+                  "{:.4g} mm where {:.4g} mm fit beside each weld, {}, so stresses come out too "
                   "low; give `haz_width` no more than fits",
-                  concerned.named(), named(section), EffectiveAreas::strip_width(worst),
+                  named(section), EffectiveAreas::strip_width(worst),
                   std::max(widest_strip(section), 0.0), area_text(areas.of(worst))));
   remark.value = concerned.worst_value();
   return remark;
@@ -73,10 +73,10 @@ std::optional<Remark> area_above_gross(Subject& subject) {
   const model::Element& worst = concerned.worst();
   Remark remark = about_section(
       concerned, "W5",
-      fmt::format("welded sections count with more than their gross area ({}): of {} {}, so axial "
+      fmt::format("welded sections count with more than their gross area: of {} {}, so axial "
                   "stresses come out too low; check tension and compression by hand with the "
                   "strips taken off",
-                  concerned.named(), named(section_of(model, worst)), area_text(areas.of(worst))));
+                  named(section_of(model, worst)), area_text(areas.of(worst))));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -94,12 +94,11 @@ std::optional<Remark> welds_without_loss(Subject& subject) {
   const model::Material& material = *model.materials.find(concerned.worst().material);
   return about_section(
       concerned, "F8",
-      fmt::format("welds take nothing off materials of another standard than {} ({}, such as "
-                  "material {} of standard \"{}\"): the metal beside a weld is softer in every "
+      fmt::format("welds take nothing off materials of another standard than {} (such as material "
+                  "{} of standard \"{}\"): the metal beside a weld is softer in every "
                   "tempered alloy; name the alloy of the code, or give the strengths of the "
                   "welded metal",
-                  catalogue::alloy_standard, concerned.named(), material.number,
-                  material.standard));
+                  catalogue::alloy_standard, material.number, material.standard));
 }
 
 std::optional<Remark> assumed_ribs(Subject& subject) {
@@ -115,12 +114,11 @@ std::optional<Remark> assumed_ribs(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_section(
       concerned, "B11",
-      fmt::format("plates count in full only because they are taken as stiffened by ribs ({}): "
+      fmt::format("plates count in full only because they are taken as stiffened by ribs: "
                   "without, a plate of {} has {:.3g} times its limit in compression; where there "
                   "are no ribs set `rib` to false, for all in the settings or in the element's "
                   "design",
-                  concerned.named(), named(section_of(model, concerned.worst())),
-                  concerned.worst_value()));
+                  named(section_of(model, concerned.worst())), concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
 }

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <array>
 #include <cmath>
 #include <set>
@@ -72,9 +70,9 @@ std::optional<Remark> bent_trusses(Subject& subject) {
   for (const model::Number number : bent.numbers()) concerned.add(*model.elements.find(number));
   if (concerned.empty()) return std::nullopt;
   return concerned.remark(
-      "truss", fmt::format("loads between the ends of trusses go to their nodes ({}): their "
-                           "bending is left out; use beams with released ends",
-                           concerned.named()));
+      "truss",
+      "loads between the ends of trusses go to their nodes: their bending is left out; use "
+      "beams with released ends");
 }
 
 }  // namespace aluframe::remarks

@@ -17,8 +17,11 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   CheckResult result;
   std::vector<store::NotChecked> between;
   std::optional<second_opinion::RunOpinion> opinion;
+  result.second_opinion = options.second_opinion;
   if (options.second_opinion == SecondOpinion::on) {
     session.observer = &opinion.emplace(input.model, input.forces.computed);
+  } else {
+    leave_out_second_opinion(session.setup);
   }
   result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {

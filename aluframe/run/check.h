@@ -12,9 +12,6 @@
 
 namespace aluframe::run {
 
-/// Whether safe ratios are asked for beside those of the checks.
-enum class SecondOpinion { on, off };
-
 struct CheckOptions {
   std::filesystem::path results;  ///< the result file to be written
   services::Language language = services::Language::english;
@@ -26,8 +23,9 @@ struct CheckOptions {
 /// What a check came to.
 struct CheckResult {
   services::CheckSummary summary;
-  std::optional<SafeSummary> safe;        ///< nothing without a second opinion
-  std::vector<store::RemarkRow> remarks;  ///< what an engineer is owed beside the ratios
+  SecondOpinion second_opinion = SecondOpinion::on;  ///< whether it was asked for
+  std::optional<SafeSummary> safe;                   ///< nothing without a second opinion
+  std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios
 };
 
 /// Checks what `prepare` has made ready, and stores the results.

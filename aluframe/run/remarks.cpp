@@ -70,7 +70,7 @@ void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
   }
   for (const auto& [load_case, elements] : by_case) {
     rows.push_back(row_of(
-        "ends", elements,
+        unknown_between_ends, elements,
         fmt::format("load case {} has forces at the two ends only, while loads act between them: "
                     "nothing is known there, give five rows",
                     load_case)));
@@ -78,17 +78,22 @@ void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
 }
 
 /// Peaks of extremes are those of their parts, which second order does not keep.
+constexpr const char* peaks_unknown =
+    "combination {}: where extremes of second order peak between the five positions is unknown; "
+    "check the states (\"envelopes\": \"states\")";
+
 void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
-  if (!input.model.analysis.second_order) return;
-  const auto combinations = model::checked_by_extremes(input.model, input.combinations);
+  auto combinations = model::checked_by_extremes(input.model, input.combinations);
   if (combinations.empty()) return;
-  store::RemarkRow row;
-  row.kind = "P";
-  row.text = fmt::format(
-      "combination {}: where extremes of second order peak between the five positions is unknown; "
-      "check the states (\"envelopes\": \"states\")",
-      model::join_as_ranges(combinations));
-  rows.push_back(std::move(row));
+  std::ranges::sort(combinations);
+  const std::string numbers = model::join_as_ranges(combinations);
+  rows.push_back(row_of(
+      "extremes", {},
+      fmt::format("combination {}: checked by extremes (\"envelopes\": \"extremes\"), whose forces "
+                  "need not act together; the ratio of a state in it may be higher",
+                  numbers)));
+  if (!input.model.analysis.second_order) return;
+  rows.push_back(row_of("P", {}, fmt::format(fmt::runtime(peaks_unknown), numbers)));
 }
 
 }  // namespace
@@ -101,27 +106,6 @@ std::vector<store::RemarkRow> input_remarks(const Input& input) {
   add_of_sections(input.model, rows);
   add_of_model(input.model, input.length_factors, rows);
   return rows;
-}
-
-std::optional<std::string> extremes_remark(std::vector<model::Number> combinations) {
-  if (combinations.empty()) return std::nullopt;
-  std::ranges::sort(combinations);
-  return fmt::format(
-      "remark: combination {}: checked by extremes (\"envelopes\": \"extremes\"), whose "
-      "forces need not act together; the ratio of a state in it may be higher",
-      model::join_as_ranges(combinations));
-}
-
-std::optional<std::string> extremes_remark(const Input& input) {
-  return extremes_remark(model::checked_by_extremes(input.model, input.combinations));
-}
-
-std::optional<std::string> extremes_remark(const store::RunInfo& info) {
-  std::vector<model::Number> numbers;
-  for (const store::CombinationRow& row : info.combinations) {
-    if (row.two_sides) numbers.push_back(row.number);
-  }
-  return extremes_remark(std::move(numbers));
 }
 
 }  // namespace aluframe::run

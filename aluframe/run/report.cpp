@@ -10,6 +10,11 @@ namespace aluframe::run {
 
 namespace {
 
+/// Elements that are added to results without a second opinion have none either.
+bool had_second_opinion(const std::filesystem::path& results) {
+  return second_opinion_of(store::ResultReader::open(results)->info().setup) == SecondOpinion::on;
+}
+
 /// What stands beside the records of elements that are checked for the report.
 void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion,
                         bool is_new_file, store::ResultWriter& writer) {
@@ -31,10 +36,11 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
   second_opinion::RunOpinion opinion(input.model, input.forces.computed);
-  session.observer = &opinion;
   const bool is_new_file = !std::filesystem::exists(options.results);
+  const bool has_opinion = is_new_file || had_second_opinion(options.results);
+  if (has_opinion) session.observer = &opinion;
   session.before_finish = [&](store::ResultWriter& writer) {
-    add_second_opinion(input, opinion.result(), is_new_file, writer);
+    if (has_opinion) add_second_opinion(input, opinion.result(), is_new_file, writer);
   };
   return services::run_report(input.model, std::move(session), options.report);
 }

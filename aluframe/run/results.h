@@ -11,6 +11,7 @@
 #include "aluframe/run/element_result.h"
 #include "aluframe/run/input.h"
 #include "aluframe/run/problem.h"
+#include "aluframe/run/second_opinion.h"
 #include "aluframe/store/result_file.h"
 
 // Stored results: where they are, what of them is wanted, and whether they are to be trusted.
@@ -55,18 +56,24 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
 struct Coverage {
   std::size_t elements = 0;  ///< that the run took up, with results or named as not checked
   std::size_t of_elements = 0;
-  std::vector<model::Number> combinations;
-  std::size_t of_combinations = 0;  ///< for design
-  std::string analysis;             ///< where forces come from, as `RunSetup` has it
+  std::vector<model::Number> combinations;  ///< of the model, an envelope once; rising
+  std::size_t of_combinations = 0;          ///< for design
+  /// What was checked one by one: combinations, or in their place their states.
+  std::vector<model::Number> states;
+  std::size_t of_states = 0;
+  bool by_states = false;  ///< an envelope was checked by its states
+  std::string analysis;    ///< where forces come from, as `RunSetup` has it
+  SecondOpinion second_opinion = SecondOpinion::on;
 
-  bool is_whole() const {
-    return elements == of_elements && combinations.size() == of_combinations;
-  }
+  bool is_whole() const { return elements == of_elements && states.size() == of_states; }
 };
 
 Coverage coverage_of(store::ResultReader& reader);
 
-/// "elements 2 of 3, combinations 1 of 2, forces: linear", for the user.
+/// "1 of 2", or "1 of 2 (as 3 of 5 states)".
+std::string combinations_text(const Coverage& coverage);
+/// "elements 2 of 3, combinations 1 of 2, forces: linear", for the user; and that the second
+/// opinion was off, when it was.
 std::string coverage_text(const Coverage& coverage);
 
 /// The options that the run in the result file was made with, where these here do not say

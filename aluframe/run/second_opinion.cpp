@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 
@@ -13,6 +14,9 @@ namespace aluframe::run {
 namespace {
 
 using second_opinion::Unchecked;
+
+/// Among the settings of a run without a second opinion.
+constexpr const char* setting_key = "second_opinion";
 
 struct KindText {
   const char* rule;
@@ -107,6 +111,16 @@ void add_between(const second_opinion::RunSafe& result, const model::Model& mode
 }
 
 }  // namespace
+
+void leave_out_second_opinion(store::RunSetup& setup) {
+  setup.settings.push_back({setting_key, "off", "--second-opinion off"});
+}
+
+SecondOpinion second_opinion_of(const store::RunSetup& setup) {
+  const bool is_off = std::ranges::find(setup.settings, setting_key, &store::SettingRow::key) !=
+                      setup.settings.end();
+  return is_off ? SecondOpinion::off : SecondOpinion::on;
+}
 
 std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result) {
   std::vector<store::SafeRow> rows;

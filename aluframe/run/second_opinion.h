@@ -11,6 +11,14 @@
 
 namespace aluframe::run {
 
+/// Whether safe ratios are asked for beside those of the checks.
+enum class SecondOpinion { on, off };
+
+/// Notes in what a run goes by that it does without a second opinion.
+void leave_out_second_opinion(store::RunSetup& setup);
+/// Whether a run had one.
+SecondOpinion second_opinion_of(const store::RunSetup& setup);
+
 /// The second opinion of a whole run.
 struct SafeSummary {
   std::size_t elements = 0;  ///< with a second opinion

@@ -27,17 +27,37 @@ Coverage coverage_of(store::ResultReader& reader) {
                     .of_elements = info.model_elements,
                     .combinations = {},
                     .of_combinations = info.model_combinations,
-                    .analysis = info.setup.analysis};
+                    .states = {},
+                    .of_states = info.model_states,
+                    .by_states = !info.envelope_states.empty(),
+                    .analysis = info.setup.analysis,
+                    .second_opinion = second_opinion_of(info.setup)};
+  std::set<model::Number> combinations;
   for (const store::CombinationRow& row : info.combinations) {
-    coverage.combinations.push_back(row.number);
+    coverage.states.push_back(row.number);
+    coverage.by_states = coverage.by_states || row.state_of.has_value();
+    combinations.insert(row.state_of.value_or(row.number));
   }
+  // Another combination may stand for a state.
+  for (const store::EnvelopeState& row : info.envelope_states) combinations.insert(row.envelope);
+  coverage.combinations = {combinations.begin(), combinations.end()};
   return coverage;
 }
 
+std::string combinations_text(const Coverage& coverage) {
+  const std::string text =
+      fmt::format("{} of {}", coverage.combinations.size(), coverage.of_combinations);
+  if (!coverage.by_states) return text;
+  const std::size_t states = coverage.states.size();
+  return states == coverage.of_states
+             ? fmt::format("{} (as {} state{})", text, states, states == 1 ? "" : "s")
+             : fmt::format("{} (as {} of {} states)", text, states, coverage.of_states);
+}
+
 std::string coverage_text(const Coverage& coverage) {
-  return fmt::format("elements {} of {}, combinations {} of {}, forces: {}", coverage.elements,
-                     coverage.of_elements, coverage.combinations.size(), coverage.of_combinations,
-                     coverage.analysis);
+  return fmt::format("elements {} of {}, combinations {}, forces: {}{}", coverage.elements,
+                     coverage.of_elements, combinations_text(coverage), coverage.analysis,
+                     coverage.second_opinion == SecondOpinion::off ? ", second opinion: off" : "");
 }
 
 InputOptions as_checked(const InputOptions& options, const fs::path& file,
@@ -58,8 +78,8 @@ Result<Input> prepare_like(const fs::path& results, const InputOptions& options,
   auto* input = std::get_if<Input>(&prepared);
   if (input == nullptr) return prepared;
   const Coverage coverage = coverage_of(*reader);
-  if (coverage.combinations.size() < coverage.of_combinations) {
-    input->combinations = {coverage.combinations.begin(), coverage.combinations.end()};
+  if (coverage.states.size() < coverage.of_states) {
+    input->combinations = {coverage.states.begin(), coverage.states.end()};
   }
   return prepared;
 }

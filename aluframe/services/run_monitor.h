@@ -64,7 +64,8 @@ class RunMonitor {
   std::uint64_t elements_over_limit() const { return elements_over_limit_; }
   const std::optional<WorstCheck>& worst() const { return worst_; }
   const std::vector<store::NotChecked>& not_checked() const { return not_checked_; }
-  /// "source:line" of every internal inconsistency, and how often it was met.
+  /// "source:line" of every internal inconsistency, and how often it was met; not of those that
+  /// `not_checked` tells.
   const std::map<std::string, std::uint64_t>& assertions() const { return assertions_; }
   /// The first failure of a service.
   const std::optional<std::string>& failure() const { return failure_; }

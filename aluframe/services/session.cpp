@@ -42,8 +42,11 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
                       .setup = options.setup,
                       .model_elements = static_cast<std::uint32_t>(model.elements.size())};
   for (const model::Combination& combination : model.combinations) {
+    if (!combination.state_of && (combination.design || !combination.states.empty())) {
+      ++info.model_combinations;
+    }
     if (!combination.design) continue;
-    ++info.model_combinations;
+    ++info.model_states;
     if (!options.combinations.empty() && !options.combinations.contains(combination.number)) {
       continue;
     }

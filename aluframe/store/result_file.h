@@ -68,7 +68,9 @@ struct RunInfo {
   RunSetup setup = {};
   /// What the model has, also where the run was limited to a part of it.
   std::uint32_t model_elements = 0;
-  std::uint32_t model_combinations = 0;  ///< for design
+  std::uint32_t model_combinations = 0;  ///< for design; an envelope once
+  /// What a whole check goes through one by one: combinations, or in their place their states.
+  std::uint32_t model_states = 0;
 };
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,

@@ -27,7 +27,8 @@ CREATE TABLE run (
   model_file TEXT NOT NULL,
   forces_file TEXT NOT NULL,
   model_elements INTEGER NOT NULL,
-  model_combinations INTEGER NOT NULL);
+  model_combinations INTEGER NOT NULL,
+  model_states INTEGER NOT NULL);
 CREATE TABLE setting (
   sequence INTEGER PRIMARY KEY,
   key TEXT NOT NULL,
@@ -99,7 +100,7 @@ CREATE TABLE seal (
 )sql";
 
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
@@ -112,6 +113,7 @@ void insert_run(SQLite::Database& database, const RunInfo& info) {
   run.bind(10, info.setup.forces_file);
   run.bind(11, info.model_elements);
   run.bind(12, info.model_combinations);
+  run.bind(13, info.model_states);
   run.exec();
 }
 
@@ -181,7 +183,8 @@ RunInfo load_run(SQLite::Database& database) {
   RunInfo info;
   SQLite::Statement run(database,
                         "SELECT title, code, program, model_digest, analysis, second_order_asked, "
-                        "model_file, forces_file, model_elements, model_combinations FROM run");
+                        "model_file, forces_file, model_elements, model_combinations, "
+                        "model_states FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
   info.model_title = run.getColumn(0).getString();
   info.code = run.getColumn(1).getString();
@@ -193,6 +196,7 @@ RunInfo load_run(SQLite::Database& database) {
   info.setup.forces_file = run.getColumn(7).getString();
   info.model_elements = run.getColumn(8).getUInt();
   info.model_combinations = run.getColumn(9).getUInt();
+  info.model_states = run.getColumn(10).getUInt();
   return info;
 }
 

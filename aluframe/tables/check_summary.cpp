@@ -10,6 +10,7 @@
 #include "aluframe/model/envelopes.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/output_table.h"
+#include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
 
 namespace aluframe::tables {
@@ -87,6 +88,11 @@ std::string safe_over_text(const run::SafeSummary& safe) {
                      safe.over == 1 ? "" : "s", safe.unsaid);
 }
 
+/// A line of the summary.
+std::string line_of(std::string_view name, const std::string& value) {
+  return fmt::format("  {:<14}{}\n", name, value);
+}
+
 /// Number and name of a combination; of an envelope for a state of it.
 std::pair<Cell, Cell> combination_cells(const model::Model& model, std::uint32_t number) {
   const model::Combination* combination = model.combinations.find(number);
@@ -99,6 +105,8 @@ template <class Add>
 void add_safe(const model::Model& model, const run::CheckResult& result, Add add) {
   const auto whole = [](std::size_t value) { return Cell(static_cast<std::int64_t>(value)); };
   const store::SafeRow* worst = result.safe && result.safe->worst ? &*result.safe->worst : nullptr;
+  add("second_opinion",
+      std::string(result.second_opinion == run::SecondOpinion::on ? "on" : "off"));
   add("safe_over_1", result.safe ? whole(result.safe->over) : Cell());
   add("safe_over_1_unsaid", result.safe ? whole(result.safe->unsaid) : Cell());
   add("safe_ratio", worst != nullptr ? Cell(worst->safe) : Cell());
@@ -160,21 +168,6 @@ OutputTable settings_table(const store::RunSetup& setup) {
   return table;
 }
 
-OutputTable remarks_table(const std::vector<store::RemarkRow>& remarks) {
-  OutputTable table;
-  for (const char* key : {"kind", "elements", "text", "second_opinion", "element", "combination"}) {
-    table.columns.push_back({.key = key, .heading = key});
-  }
-  const auto whole = [](const std::optional<std::uint32_t>& value) {
-    return value ? Cell(static_cast<std::int64_t>(*value)) : Cell();
-  };
-  for (const store::RemarkRow& row : remarks) {
-    table.rows.push_back({row.kind, row.elements, row.text, row.ratio ? Cell(*row.ratio) : Cell(),
-                          whole(row.element), whole(row.combination)});
-  }
-  return table;
-}
-
 }  // namespace
 
 std::string summary_text(const run::Input& input, const run::CheckResult& result) {
@@ -182,7 +175,7 @@ std::string summary_text(const run::Input& input, const run::CheckResult& result
   const model::Model& model = input.model;
   std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
   const auto add = [&out](std::string_view name, const std::string& value) {
-    out += fmt::format("  {:<14}{}\n", name, value);
+    out += line_of(name, value);
   };
   out += settings_text(input.setup);
   add("elements", elements_text(input, summary));
@@ -196,12 +189,19 @@ std::string summary_text(const run::Input& input, const run::CheckResult& result
   add("worst ratio", worst_text(model, summary));
   add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
                             summary.elements_over_limit == 1 ? "" : "s"));
-  if (result.safe && result.safe->worst) {
-    add("safe ratio", safe_text(model, *result.safe->worst));
-    add("safe over 1", safe_over_text(*result.safe));
+  return out + told_text(model, run::told_by(result));
+}
+
+std::string told_text(const model::Model& model, const run::Told& told, Lists lists) {
+  std::string out;
+  if (told.second_opinion == run::SecondOpinion::off) {
+    out = line_of("safe ratio", "none: the check was made with --second-opinion off");
+  } else if (told.safe && told.safe->worst) {
+    out = line_of("safe ratio", safe_text(model, *told.safe->worst)) +
+          line_of("safe over 1", safe_over_text(*told.safe));
   }
-  if (!result.remarks.empty()) out += remarks_text(result.remarks);
-  if (!summary.not_checked.empty()) out += not_checked_text(summary.not_checked, result.remarks);
+  out += remarks_text(told.remarks, lists);
+  if (!told.not_checked.empty()) out += not_checked_text(told.not_checked, told.remarks, lists);
   return out;
 }
 

@@ -4,11 +4,18 @@
 
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/run/check.h"
+#include "aluframe/run/told.h"
+#include "aluframe/tables/short_lists.h"
 
 namespace aluframe::tables {
 
 /// The summary of a run for the user, with the settings that it went by.
 std::string summary_text(const run::Input& input, const run::CheckResult& result);
+
+/// What is told beside the ratios of the checks, as lines for the user: the worst safe ratio and
+/// how many fail, or that there is no second opinion; remarks; what was not checked.
+std::string told_text(const model::Model& model, const run::Told& told,
+                      Lists lists = Lists::shortened);
 
 /// The run as one row of CSV, settings and what was not checked in columns of their own, or as a
 /// list of one JSON object, with both as lists in it.

@@ -5,6 +5,7 @@
 
 #include "aluframe/store/result_file.h"
 #include "aluframe/tables/output_table.h"
+#include "aluframe/tables/short_lists.h"
 
 namespace aluframe::tables {
 
@@ -12,7 +13,8 @@ namespace aluframe::tables {
 /// forces that stay without a check and where it acts.
 /// `remarks`: of the same run, for the second opinion of shear and torsion.
 std::string not_checked_text(const std::vector<store::NotChecked>& items,
-                             const std::vector<store::RemarkRow>& remarks = {});
+                             const std::vector<store::RemarkRow>& remarks = {},
+                             Lists lists = Lists::shortened);
 
 /// The same as a table: a line a reason and force, magnitudes in N and N·mm.
 OutputTable not_checked_table(const std::vector<store::NotChecked>& items,

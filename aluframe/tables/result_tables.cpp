@@ -211,12 +211,12 @@ bool is_told_as_not_checked(const store::RemarkRow& remark) {
   return remark.kind == "C5" || remark.kind == "C6";
 }
 
-std::string remarks_text(const std::vector<store::RemarkRow>& remarks) {
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks, Lists lists) {
   std::string out;
   for (const store::RemarkRow& remark : remarks) {
     if (is_told_as_not_checked(remark)) continue;
     out += fmt::format("    {}", remark.kind);
-    if (!remark.elements.empty()) out += fmt::format(", element {}", remark.elements);
+    if (!remark.elements.empty()) out += ", element " + shown_list(remark.elements, lists);
     out += ": " + remark.text;
     if (remark.ratio) out += "; " + second_opinion_text(remark);
     out += "\n";

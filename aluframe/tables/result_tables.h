@@ -9,6 +9,7 @@
 #include "aluframe/services/check_run.h"
 #include "aluframe/store/result_file.h"
 #include "aluframe/tables/output_table.h"
+#include "aluframe/tables/short_lists.h"
 
 namespace aluframe::tables {
 
@@ -27,7 +28,8 @@ std::string second_opinion_text(const store::RemarkRow& remark);
 /// Shear and torsion without a check (C5, C6) stand with what is not checked.
 bool is_told_as_not_checked(const store::RemarkRow& remark);
 /// The other remarks of a run, as lines for the user; empty without any.
-std::string remarks_text(const std::vector<store::RemarkRow>& remarks);
+std::string remarks_text(const std::vector<store::RemarkRow>& remarks,
+                         Lists lists = Lists::shortened);
 
 /// "1/2 of the length (1.5 m from its start)", or "whole member".
 std::string place_text(const store::SafeRow& row);

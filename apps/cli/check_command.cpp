@@ -34,13 +34,15 @@ bool fails(const run::CheckResult& result, Strictness strict) {
   if (strict == Strictness::none) return false;
   if (result.summary.elements_over_limit > 0) return true;
   if (strict == Strictness::checks) return false;
-  const auto is_over = [](const store::RemarkRow& remark) {
-    return remark.ratio && services::exceeds_limit(*remark.ratio);
+  const auto fails_by_remark = [](const store::RemarkRow& remark) {
+    return remark.kind == run::unknown_between_ends ||
+           (remark.ratio && services::exceeds_limit(*remark.ratio));
   };
-  return (result.safe && result.safe->over > 0) || std::ranges::any_of(result.remarks, is_over) ||
-         std::ranges::any_of(result.summary.not_checked, [&](const store::NotChecked& item) {
+  return (result.safe && result.safe->over > 0) ||
+         std::ranges::any_of(result.remarks, fails_by_remark) ||
+         std::ranges::any_of(result.summary.not_checked, [](const store::NotChecked& item) {
            // Shear and torsion have a second opinion, which the remarks hold.
-           return !item.largest || !result.safe;
+           return !item.largest;
          });
 }
 
@@ -85,23 +87,29 @@ void print_summary(const run::Input& input, const run::CheckResult& result,
   if (!remarks.empty()) print_message(remarks);
 }
 
+/// What is wrong with the options, or nothing.
+std::optional<std::string> problem_of(const CheckOptions& options,
+                                      const std::filesystem::path& results) {
+  if (options.strict == Strictness::safe && options.second_opinion == run::SecondOpinion::off) {
+    return "--strict=safe looks at safe ratios, which --second-opinion off leaves out: give one of "
+           "the two";
+  }
+  // By its name the file beside the model is the model's own, also when both were renamed.
+  const auto made_from = options.output ? run::model_of_results(results) : std::nullopt;
+  return files::find_overwriting(
+      {{"the result file", results, files::FileKind::results, made_from}},
+      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
+}
+
 }  // namespace
 
 int run_check_command(const CheckOptions& options) {
   const std::filesystem::path results =
       options.output.value_or(run::result_path_of(options.input.model));
-  // By its name the file beside the model is the model's own, also when both were renamed.
-  const auto made_from = options.output ? run::model_of_results(results) : std::nullopt;
-  if (const auto problem = files::find_overwriting(
-          {{"the result file", results, files::FileKind::results, made_from}},
-          {{"the model", options.input.model}, {"the table of forces", options.input.forces}})) {
-    print_message(*problem);
-    return exit_input_error;
-  }
+  if (const auto problem = problem_of(options, results)) return stop({*problem});
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
-  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   ProgressBar progress(wants_progress(options.progress));
   const run::CheckOptions check{.results = results,
                                 .language = options.language,

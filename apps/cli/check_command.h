@@ -14,7 +14,9 @@ namespace aluframe::cli {
 enum class Strictness {
   none,
   checks,  ///< a ratio of the checks over 1
-  safe     ///< also a safe ratio over 1, and what nothing has checked
+  /// Also a safe ratio over 1, what nothing has checked, and forces unknown between the ends of a
+  /// loaded element.
+  safe
 };
 
 struct CheckOptions {

@@ -114,7 +114,7 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
   check->add_flag("--strict{checks}")
       ->description(
           "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-          "at what is not checked")
+          "at what is not checked or not known")
       ->each([&options](const std::string& word) {
         options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
       });
@@ -153,6 +153,8 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       ->type_name("NUMBER");
   results->add_flag("--not-checked", options.not_checked, "What was not checked, by reason")
       ->excludes("--element");
+  results->add_flag("--remarks", options.remarks, "What the run remarked, all or on one element")
+      ->excludes("--not-checked");
   results->get_option("--combinations")->needs("--element");
   for (const char* of_the_list : {"--elements", "--sort", "--top", "--over"}) {
     results->get_option(of_the_list)->excludes("--element");

@@ -2,15 +2,17 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <exception>
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
-#include "aluframe/run/remarks.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
+#include "aluframe/run/told.h"
 #include "aluframe/services/readable_report.h"
+#include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
@@ -58,37 +60,53 @@ run::ReportOptions report_options(const ReportOptions& options, const Files& fil
           .message = print_message};
 }
 
-/// What the results that the report goes by cover of the model.
-void print_coverage(const Files& files) {
-  if (!fs::exists(files.results)) return;
-  const auto reader = store::ResultReader::open(files.results);
-  fmt::print("Covered: {}\n", run::coverage_text(run::coverage_of(*reader)));
+/// What the results that the report goes by cover of the model, and what they tell of the elements
+/// that it is of.
+struct Basis {
+  std::optional<run::Coverage> coverage;  ///< nothing without a result file
+  run::Told told;
+  store::RunInfo info;
+};
+
+/// Without a result file no element could be taken up: only the report knows why.
+Basis basis_of(const services::ReportSummary& summary, const Files& files) {
+  Basis basis;
+  if (fs::exists(files.results)) {
+    const auto reader = store::ResultReader::open(files.results);
+    std::vector<model::Number> elements = summary.reported;
+    elements.insert(elements.end(), summary.not_reported.begin(), summary.not_reported.end());
+    std::ranges::sort(elements);
+    basis.coverage = run::coverage_of(*reader);
+    basis.told = run::told_by(*reader, elements);
+    basis.info = reader->info();
+  }
+  basis.told.not_checked = summary.not_checked;
+  return basis;
 }
 
-void print_summary(const services::ReportSummary& summary, const Files& files) {
+void print_summary(const model::Model& model, const services::ReportSummary& summary,
+                   const Files& files, const Basis& basis) {
   fmt::print("Report of {} element{}: {}\n", summary.reported.size(),
              summary.reported.size() == 1 ? "" : "s", files.report.string());
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
-                              files.results.string(), model::join_as_ranges(summary.checked_now)));
+                              files.results.string(),
+                              tables::shown_list(model::join_as_ranges(summary.checked_now))));
   }
   if (!summary.not_reported.empty()) {
-    print_message(
-        fmt::format("without results: element {}", model::join_as_ranges(summary.not_reported)));
+    print_message(fmt::format("without results: element {}",
+                              tables::shown_list(model::join_as_ranges(summary.not_reported))));
   }
   if (!summary.without_checks.empty()) {
-    print_message(
-        fmt::format("no check to show: element {}", model::join_as_ranges(summary.without_checks)));
+    print_message(fmt::format("no check to show: element {}",
+                              tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
-  print_coverage(files);
+  if (basis.coverage) fmt::print("Covered: {}\n", run::coverage_text(*basis.coverage));
   for (const store::GoverningRow& row : summary.failures_without_line) {
     fmt::print("Fails without a line in the report: element {}, {} {}\n", row.element,
                tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
   }
-  if (!summary.not_checked.empty()) {
-    const auto remarks = store::ResultReader::open(files.results)->remarks();
-    fmt::print("{}", tables::not_checked_text(summary.not_checked, remarks));
-  }
+  fmt::print("{}", tables::told_text(model, basis.told));
 }
 
 int exit_status(const services::ReportSummary& summary) {
@@ -111,33 +129,31 @@ void warn_about_stored(const run::Input& input, const Files& files) {
   if (input.combinations.empty()) return;
   const run::Coverage coverage = run::coverage_of(*reader);
   print_message(fmt::format(
-      "{}: covers combination {} alone, {} of {}, and the report goes by no other; check the model "
+      "{}: covers combination {} alone, {}, and the report goes by no other; check the model "
       "again for all",
-      files.results.string(), model::join_as_ranges(coverage.combinations),
-      coverage.combinations.size(), coverage.of_combinations));
+      files.results.string(), tables::shown_list(model::join_as_ranges(coverage.combinations)),
+      run::combinations_text(coverage)));
 }
 
-/// The second opinion of the results, for the end of the readable copy; empty without one.
-std::string second_opinion_of(const Files& files) {
-  const auto reader = store::ResultReader::open(files.results);
-  const std::vector<store::SafeRow> rows = reader->safe();
-  if (rows.empty()) return {};
-  const std::vector<store::RemarkRow> remarks = reader->remarks();
-  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n" +
-                     tables::to_text(tables::safe_table(rows, reader->info()), false) + "\n" +
-                     tables::remarks_text(remarks);
-  const auto not_checked = reader->not_checked();
-  if (!not_checked.empty()) text += tables::not_checked_text(not_checked, remarks);
-  return text;
+/// What stands behind the readable copy: nobody should file a report without.
+std::string appendix_of(const model::Model& model, const Basis& basis) {
+  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
+  if (basis.coverage) {
+    text += fmt::format("Covered: {}\nCombinations: {}\n", run::coverage_text(*basis.coverage),
+                        model::join_as_ranges(basis.coverage->combinations));
+  }
+  if (!basis.told.safe_rows.empty()) {
+    text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
+  }
+  return text + tables::told_text(model, basis.told, tables::Lists::whole);
 }
 
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
 /// the design module still runs, so it is not opened by the module's own call.
 /// @return the exit status
-int finish(const ReportOptions& options, const Files& files) {
+int finish(const ReportOptions& options, const Files& files, const std::string& appendix) {
   if (options.readable) {
-    services::write_readable_report(files.report, user_charset(), *options.readable,
-                                    second_opinion_of(files));
+    services::write_readable_report(files.report, user_charset(), *options.readable, appendix);
     fmt::print("Readable copy: {}\n", options.readable->string());
   }
   if (!options.open) return exit_done;
@@ -151,12 +167,16 @@ int write(const ReportOptions& options, const run::Input& input, const UnitPair&
   const Files files = files_of(options);
   warn_about_stored(input, files);
   const services::ReportSummary summary = run::report(input, report_options(options, files, units));
-  if (summary.outcome == services::RunOutcome::complete) print_summary(summary, files);
+  Basis basis;
+  if (summary.outcome == services::RunOutcome::complete) {
+    basis = basis_of(summary, files);
+    print_summary(input.model, summary, files, basis);
+  }
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
   const int status = exit_status(summary);
-  return status == exit_done ? finish(options, files) : status;
+  return status == exit_done ? finish(options, files, appendix_of(input.model, basis)) : status;
 }
 
 /// Everything that is wrong with the options, or the model and what to do with it.
@@ -171,7 +191,6 @@ int prepare_and_write(const ReportOptions& options) {
       run::prepare_like(files_of(options).results, options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
-  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   return write(options, input, std::get<UnitPair>(units));
 }
 

@@ -8,8 +8,9 @@
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
-#include "aluframe/run/remarks.h"
+#include "aluframe/run/told.h"
 #include "aluframe/tables/not_checked_tables.h"
+#include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
@@ -47,9 +48,11 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
                       const tables::ResultView& view) {
   const auto elements = value_of(run::elements_of(reader, options.query));
   if (options.format != tables::Format::table) {
-    return tables::render(
-        tables::governing_table(elements, reader.info(), view, run::safe_by_element(reader)),
-        options.format, false);
+    tables::OutputTable table =
+        tables::governing_table(elements, reader.info(), view, run::safe_by_element(reader));
+    tables::add_told_columns(table, elements, run::second_opinion_of(reader.info().setup),
+                             reader.remarks());
+    return tables::render(table, options.format, false);
   }
   std::string out =
       tables::to_text(tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
@@ -74,6 +77,18 @@ std::string governing_text(store::ResultReader& reader, model::Number element,
          "\n";
 }
 
+/// Remarks on one element, and what of it was not checked.
+std::string told_text(store::ResultReader& reader, model::Number element) {
+  std::string out;
+  const std::vector<store::RemarkRow> remarks = run::remarks_about(element, reader);
+  if (!std::ranges::all_of(remarks, tables::is_told_as_not_checked))
+    out += "\n" + tables::remarks_text(remarks);
+  std::vector<store::NotChecked> not_checked = reader.not_checked();
+  std::erase_if(not_checked, [element](const auto& item) { return item.element != element; });
+  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked, remarks);
+  return out;
+}
+
 std::string element_text(store::ResultReader& reader, model::Number element,
                          const ResultsOptions& options, const tables::ResultView& view) {
   const auto records = value_of(run::records_of(reader, element, options.combinations));
@@ -91,10 +106,16 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   }
   out += fmt::format("Element {}: ratios of every combination and position\n", element);
   out += tables::to_text(tables::position_ratios_table(records, reader.info()), colour);
-  std::vector<store::NotChecked> not_checked = reader.not_checked();
-  std::erase_if(not_checked, [element](const auto& item) { return item.element != element; });
-  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked);
-  return out;
+  return out + told_text(reader, element);
+}
+
+std::string remarks_text(store::ResultReader& reader, const ResultsOptions& options) {
+  if (options.element) value_of(run::records_of(reader, *options.element, {}));  // it must exist
+  const auto remarks =
+      options.element ? run::remarks_about(*options.element, reader) : reader.remarks();
+  return options.format == tables::Format::table
+             ? tables::remarks_text(remarks, tables::Lists::whole)
+             : tables::render(tables::remarks_table(remarks), options.format, false);
 }
 
 std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
@@ -103,6 +124,7 @@ std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
     return tables::render(tables::not_checked_table(reader.not_checked(), reader.remarks()),
                           options.format, false);
   }
+  if (options.remarks) return remarks_text(reader, options);
   return options.element ? element_text(reader, *options.element, options, view)
                          : list_text(reader, options, view);
 }
@@ -112,8 +134,10 @@ void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options
                       const fs::path& file) {
   for (const std::string& text : run::cautions(options.input, file, reader)) print_message(text);
   const run::Coverage coverage = run::coverage_of(reader);
-  const bool is_said = options.format == tables::Format::table && !options.element;
-  if (!coverage.is_whole() && !is_said) {
+  const bool is_list = !options.element && !options.not_checked && !options.remarks;
+  const bool is_said = options.format == tables::Format::table && is_list;
+  const bool is_full = coverage.is_whole() && coverage.second_opinion == run::SecondOpinion::on;
+  if (!is_full && !is_said) {
     print_message(fmt::format("{}: covered are {}", file.string(), run::coverage_text(coverage)));
   }
 }
@@ -133,7 +157,6 @@ int run_results_command(const ResultsOptions& options) {
     }
     reader = store::ResultReader::open(file);
     say_what_to_know(*reader, options, file);
-    if (const auto remark = run::extremes_remark(reader->info())) print_message(*remark);
     return write_output(text_of(*reader, options, view), options.output);
   } catch (const InputError& error) {
     print_message(file.string() + ": " + error.text);

@@ -14,6 +14,7 @@ struct ResultsOptions {
   tables::Format format = tables::Format::table;
   run::ResultsQuery query;
   model::NumberRanges combinations;      ///< of `element`; empty: all
+  bool remarks = false;                  ///< what the run remarked, alone
   bool not_checked = false;              ///< what was not checked in place of what was
   std::optional<model::Number> element;  ///< one element in full
   std::optional<std::string> units;      ///< "kN,m": stresses in kN/m²

@@ -9,6 +9,7 @@
 #include "aluframe/run/remarks.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/tables/short_lists.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/terminal.h"
 
@@ -27,7 +28,7 @@ std::string missing_forces(const model::Model& model) {
     if (missing.empty()) continue;
     std::ranges::sort(missing);
     out += fmt::format("  load case {} has no forces for element {}\n", model.load_cases[c].number,
-                       model::join_as_ranges(missing));
+                       tables::shown_list(model::join_as_ranges(missing)));
   }
   return out;
 }
@@ -69,7 +70,6 @@ int run_validate_command(const run::InputOptions& options) {
   const auto prepared = run::prepare(options);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
-  if (const auto remark = run::extremes_remark(input)) print_message(*remark);
   print_content(input);
   fmt::print("{}", tables::remarks_text(input.remarks));
   return exit_done;

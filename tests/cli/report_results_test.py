@@ -71,7 +71,7 @@ def test_an_element_of_a_shape_that_is_not_checked_is_named(frame):
     with_a_shape_without_rules(frame)
     done = frame("report", "frame.json")
     assert "no check to show: element 1002\n" in done.stderr
-    assert "internal inconsistency (dgnaludatamgr:548)" in done.stderr
+    assert "element 1002: the checks do not cover the shape of section " in done.stdout
 
 
 def test_a_report_without_any_check_ends_with_status_2(frame):

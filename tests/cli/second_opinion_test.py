@@ -186,7 +186,7 @@ def test_an_unknown_strictness_is_refused(hidden):
 
 def test_the_second_opinion_can_be_left_out(hidden):
     text = hidden("check", "frame.json", "--second-opinion", "off").stdout
-    assert "safe ratio" not in text and "safe over" not in text
+    assert "safe ratio    none: " in text and "safe over" not in text
     with sqlite3.connect(hidden.folder / "frame.aluresult") as file:
         assert file.execute("SELECT COUNT(*) FROM safe").fetchone() == (0,)
     assert "safe" not in hidden("results", "frame.json").stdout

@@ -107,6 +107,7 @@ TEST_F(ResultReaderTest, HowTheRunWasMadeComesBack) {
                 .settings = {{"ribs", "off", "given"}, {"safety_class", "2", "default"}}};
   info.model_elements = 12;
   info.model_combinations = 3;
+  info.model_states = 7;
   ResultWriter::create(file, info)->finish(RunState::complete);
   const RunInfo read = ResultReader::open(file)->info();
   EXPECT_EQ(read.setup.analysis, "second-order");
@@ -116,6 +117,7 @@ TEST_F(ResultReaderTest, HowTheRunWasMadeComesBack) {
   EXPECT_EQ(read.setup.settings, info.setup.settings);
   EXPECT_EQ(read.model_elements, 12U);
   EXPECT_EQ(read.model_combinations, 3U);
+  EXPECT_EQ(read.model_states, 7U);
 }
 
 TEST_F(ResultReaderTest, AMissingFileIsNamed) {

@@ -1,0 +1,63 @@
+#include "aluframe/run/told.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <variant>
+
+namespace aluframe::run {
+
+namespace {
+
+/// Whether one of the rising numbers is concerned.
+bool is_about_one_of(const std::vector<model::Number>& elements, const store::RemarkRow& remark) {
+  const ConcernedElements concerned(remark);
+  return std::ranges::any_of(
+      elements, [&concerned](model::Number element) { return concerned.contains(element); });
+}
+
+}  // namespace
+
+ConcernedElements::ConcernedElements(const store::RemarkRow& remark)
+    : are_all_(remark.elements.empty()) {
+  if (are_all_) return;
+  std::string text = remark.elements;
+  std::erase(text, ' ');
+  rising_ = std::get<model::NumberRanges>(model::parse_number_ranges(text)).ranges();
+}
+
+bool ConcernedElements::contains(model::Number element) const {
+  if (are_all_) return true;
+  const auto behind = std::ranges::upper_bound(rising_, element, {}, &model::NumberRange::first);
+  return behind != rising_.begin() && element <= std::prev(behind)->last;
+}
+
+Told told_by(const CheckResult& result) {
+  return {result.second_opinion, result.safe, {}, result.remarks, result.summary.not_checked};
+}
+
+Told told_by(store::ResultReader& results, const std::vector<model::Number>& elements) {
+  Told told{.second_opinion = second_opinion_of(results.info().setup),
+            .safe = std::nullopt,
+            .safe_rows = results.safe(),
+            .remarks = results.remarks(),
+            .not_checked = results.not_checked()};
+  const auto is_wanted = [&elements](std::uint32_t element) {
+    return std::ranges::binary_search(elements, element);
+  };
+  std::erase_if(told.safe_rows, [&](const auto& row) { return !is_wanted(row.element); });
+  if (!told.safe_rows.empty()) told.safe = summary_of(told.safe_rows);
+  std::erase_if(told.remarks, [&](const auto& row) { return !is_about_one_of(elements, row); });
+  std::erase_if(told.not_checked, [&](const auto& item) { return !is_wanted(item.element); });
+  return told;
+}
+
+std::vector<store::RemarkRow> remarks_about(model::Number element, store::ResultReader& results) {
+  std::vector<store::RemarkRow> remarks = results.remarks();
+  std::erase_if(remarks, [element](const store::RemarkRow& row) {
+    return !ConcernedElements(row).contains(element);
+  });
+  return remarks;
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/run/check.h"
+#include "aluframe/store/result_file.h"
+
+// What a run tells beside the ratios of its checks, at its end and whenever its results are shown.
+
+namespace aluframe::run {
+
+struct Told {
+  SecondOpinion second_opinion = SecondOpinion::on;
+  std::optional<SafeSummary> safe;        ///< nothing without a second opinion
+  std::vector<store::SafeRow> safe_rows;  ///< of stored results, behind `safe`
+  std::vector<store::RemarkRow> remarks;
+  std::vector<store::NotChecked> not_checked;
+};
+
+/// The elements that a remark is about.
+class ConcernedElements {
+ public:
+  explicit ConcernedElements(const store::RemarkRow& remark);
+
+  /// True for every element where the remark names none.
+  bool contains(model::Number element) const;
+
+ private:
+  std::vector<model::NumberRange> rising_;
+  bool are_all_ = false;
+};
+
+Told told_by(const CheckResult& result);
+/// By stored results, of some elements; a remark is told whole when it is about one of them.
+/// @param elements rising
+Told told_by(store::ResultReader& results, const std::vector<model::Number>& elements);
+
+/// What of stored results is about one element.
+std::vector<store::RemarkRow> remarks_about(model::Number element, store::ResultReader& results);
+
+}  // namespace aluframe::run
