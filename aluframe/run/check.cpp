@@ -9,11 +9,42 @@
 
 namespace aluframe::run {
 
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Starts a result file after telling the user when that means to wait.
+std::unique_ptr<store::ResultWriter> wait_and_create(
+    const fs::path& path, const store::RunInfo& info,
+    const std::function<void(const std::string&)>& message) {
+  try {
+    return store::ResultWriter::create(path, info);
+  } catch (const files::FileBusy& busy) {
+    if (message) message(std::string(busy.what()) + "; waiting for its end");
+    return store::ResultWriter::wait_and_create(path, info);
+  }
+}
+
+fs::path stored_at(const fs::path& results, const services::CheckSummary& summary) {
+  if (summary.records == 0) return {};
+  if (summary.outcome == services::RunOutcome::complete) return results;
+  fs::path partial = store::partial_path_of(results);
+  std::error_code ignored;
+  return fs::exists(partial, ignored) ? partial : fs::path();
+}
+
+}  // namespace
+
 CheckResult check(const Input& input, const CheckOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
   session.language = options.language;
   session.progress = options.progress;
   session.message = options.message;
+  if (options.when_busy == files::WhenBusy::wait) {
+    session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {
+      return wait_and_create(path, info, options.message);
+    };
+  }
   CheckResult result;
   std::vector<store::NotChecked> between;
   std::optional<second_opinion::RunOpinion> opinion;
@@ -38,6 +69,7 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   };
   result.summary = services::run_check(input.model, std::move(session));
   std::ranges::move(between, std::back_inserter(result.summary.not_checked));
+  result.results = stored_at(options.results, result.summary);
   return result;
 }
 

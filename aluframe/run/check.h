@@ -18,11 +18,16 @@ struct CheckOptions {
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
   SecondOpinion second_opinion = SecondOpinion::on;
+  /// Whether to wait for another run that is writing the result file.
+  files::WhenBusy when_busy = files::WhenBusy::refuse;
 };
 
 /// What a check came to.
 struct CheckResult {
   services::CheckSummary summary;
+  /// Where the results stand: the result file, or what a run that ended early has left; empty when
+  /// nothing was stored.
+  std::filesystem::path results;
   SecondOpinion second_opinion = SecondOpinion::on;  ///< whether it was asked for
   std::optional<SafeSummary> safe;                   ///< nothing without a second opinion
   std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios

@@ -93,7 +93,10 @@ fs::path result_path_of(fs::path model) {
 }
 
 fs::path result_file_of(const fs::path& input) {
-  return input.extension() == ".aluresult" ? input : result_path_of(input);
+  const std::string name = input.filename().string();
+  const bool is_result_file =
+      name.ends_with(".aluresult") || name.ends_with(store::partial_path_of(".aluresult").string());
+  return is_result_file ? input : result_path_of(input);
 }
 
 SafeByElement safe_by_element(store::ResultReader& reader) {

@@ -89,10 +89,17 @@ Result<Input> prepare_like(const std::filesystem::path& results, const InputOpti
 /// What the user should know before trusting results: their run did not end, or they are of another
 /// state of the model, its catalogues or its forces. `input` may be the result file itself, which
 /// leaves nothing to compare with.
-std::vector<std::string> cautions(const std::filesystem::path& input,
-                                  const std::filesystem::path& file, store::ResultReader& reader);
-/// The first of them.
+std::vector<std::string> cautions(const InputOptions& input, const std::filesystem::path& file,
+                                  store::ResultReader& reader);
+/// Of them, that a later run has left a partial file beside these results.
+std::optional<std::string> later_run_text(const std::filesystem::path& file);
+/// Of them, that their run did not end.
 std::optional<std::string> unfinished_text(const std::filesystem::path& file,
                                            store::RunState state);
+/// And that a later run has left a partial file beside them.
+std::optional<std::string> later_run_text(const std::filesystem::path& file);
+/// Where results may be found that a run which ended early has left in place of the missing file;
+/// nothing when the file is there or nothing is left.
+std::optional<std::string> left_instead_text(const std::filesystem::path& file);
 
 }  // namespace aluframe::run

@@ -106,12 +106,32 @@ std::optional<std::string> unfinished_text(const fs::path& file, store::RunState
   }
 }
 
-std::vector<std::string> cautions(const fs::path& input, const fs::path& file,
+std::optional<std::string> later_run_text(const fs::path& file) {
+  const fs::path partial = store::partial_path_of(file);
+  std::error_code ignored;
+  if (!fs::exists(partial, ignored)) return std::nullopt;
+  return fmt::format(
+      "{}: a later run is going on or ended early; these results are of an earlier one",
+      partial.string());
+}
+
+std::optional<std::string> left_instead_text(const fs::path& file) {
+  const fs::path partial = store::partial_path_of(file);
+  std::error_code ignored;
+  if (fs::exists(file, ignored) || !fs::exists(partial, ignored)) return std::nullopt;
+  return fmt::format(
+      "{}: there is no such file yet; {} holds what a run that is going on or ended "
+      "early has stored",
+      file.string(), partial.string());
+}
+
+std::vector<std::string> cautions(const InputOptions& input, const fs::path& file,
                                   store::ResultReader& reader) {
   std::vector<std::string> out;
   if (auto text = unfinished_text(file, reader.state())) out.push_back(*std::move(text));
-  if (input == file) return out;
-  const auto read = read_input(as_checked({.model = input}, file, reader.info()));
+  if (auto text = later_run_text(file)) out.push_back(*std::move(text));
+  if (input.model == file) return out;
+  const auto read = read_input(as_checked(input, file, reader.info()));
   if (const auto* problem = std::get_if<Problem>(&read)) {
     out.push_back(
         fmt::format("{}: cannot be compared with the model: {}", file.string(), problem->text));
@@ -119,7 +139,7 @@ std::vector<std::string> cautions(const fs::path& input, const fs::path& file,
     out.push_back(
         fmt::format("{}: these results are of another state of {} or its forces; check "
                     "it again",
-                    file.string(), input.string()));
+                    file.string(), input.model.string()));
   }
   return out;
 }

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
+#include <functional>
+#include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "aluframe/files/error_text.h"
@@ -31,6 +34,26 @@ store::RunState state_of(RunOutcome outcome) {
       return store::RunState::failed;
   }
 }
+
+/// Holds back the last message until it is known to be true.
+class LastMessage {
+ public:
+  explicit LastMessage(std::function<void(const std::string&)>& message) : message_(message) {
+    if (!message_) return;
+    message = [this](const std::string& text) {
+      hand_on();
+      last_ = text;
+    };
+  }
+  void hand_on() {
+    if (last_) message_(*last_);
+    last_.reset();
+  }
+
+ private:
+  std::function<void(const std::string&)> message_;
+  std::optional<std::string> last_;
+};
 
 /// Writes what was not checked and how the run ended. The file is finished also when it has failed,
 /// so that it says so where it still can.
@@ -98,6 +121,7 @@ CheckSummary summary_of(Session& session, const model::Model& model, RunOutcome 
 
 CheckSummary run_check(const model::Model& model, SessionOptions options) {
   const auto start = std::chrono::steady_clock::now();
+  LastMessage last(options.message);
   Session session(model, std::move(options));
   const Binding binding(session);
   const int flag = IAluDgnDataMgr::Instance()->CheckCode(nullptr);
@@ -111,6 +135,8 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
     session.monitor().note_failure(files::error_text(error));
     outcome = RunOutcome::failed;
   }
+  // The module says that it has finished before the host has.
+  if (outcome != RunOutcome::failed || flag == 0) last.hand_on();
   CheckSummary summary = summary_of(session, model, outcome);
   summary.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   return summary;

@@ -15,9 +15,6 @@ namespace aluframe::tables {
 
 namespace {
 
-constexpr const char* red = "\x1b[31m";
-constexpr const char* plain = "\x1b[0m";
-
 std::string name_of_non_finite(double value) {
   if (std::isnan(value)) return "nan";
   return value > 0 ? "inf" : "-inf";
@@ -177,7 +174,9 @@ std::string to_text(const OutputTable& table, bool colour) {
   for (std::size_t r = 0; r < texts.size(); ++r) {
     add_line([&](std::size_t i) {
       const std::string text = padded(texts[r][i], widths[i], left[i]);
-      return colour && is_over(table.columns[i], table.rows[r][i]) ? red + text + plain : text;
+      return colour && is_over(table.columns[i], table.rows[r][i])
+                 ? std::string(red) + text + std::string(plain)
+                 : text;
     });
   }
   return out;

@@ -10,6 +10,10 @@
 
 namespace aluframe::tables {
 
+/// Colours of a terminal: of a ratio over 1, and of all else.
+inline constexpr std::string_view red = "\x1b[31m";
+inline constexpr std::string_view plain = "\x1b[0m";
+
 enum class Format { table, json, csv };
 
 std::optional<Format> parse_format(std::string_view name);

@@ -62,25 +62,37 @@ int exit_status(const run::CheckResult& result, Strictness strict) {
   return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
-void print_outcome(const services::CheckSummary& summary) {
+/// What of a run that ended early is left, and what of the run before it.
+std::string left_by(const run::CheckResult& result, const std::filesystem::path& results) {
+  std::string text;
+  if (!result.results.empty()) text += "; the results so far are in " + result.results.string();
+  std::error_code ignored;
+  if (std::filesystem::exists(results, ignored)) {
+    text += "; " + results.string() + " holds those of an earlier run";
+  }
+  return text;
+}
+
+void print_outcome(const run::CheckResult& result, const std::filesystem::path& results) {
+  const services::CheckSummary& summary = result.summary;
   if (summary.outcome == services::RunOutcome::failed) {
-    print_message("the run failed: " + summary.failure);
+    print_message("the run failed: " + summary.failure + left_by(result, results));
   } else if (summary.outcome == services::RunOutcome::cancelled) {
-    print_message("cancelled; the results so far are kept");
+    print_message("cancelled" + left_by(result, results));
   } else if (summary.outcome == services::RunOutcome::complete && summary.checked_elements == 0) {
     print_message("no element could be checked");
   }
   print_assertions(summary);
 }
 
-void print_summary(const run::Input& input, const run::CheckResult& result,
-                   const std::filesystem::path& results, tables::Format format) {
+void print_summary(const run::Input& input, const run::CheckResult& result, tables::Format format) {
   if (format == tables::Format::table) {
-    fmt::print("{}  {:<14}{}\n", tables::summary_text(input, result), "results", results.string());
+    print_formatted("{}  {:<14}{}\n", tables::summary_text(input, result), "results",
+                    result.results.string());
     return;
   }
-  fmt::print("{}", format == tables::Format::json ? tables::summary_json(input, result)
-                                                  : tables::summary_csv(input, result));
+  print_text(format == tables::Format::json ? tables::summary_json(input, result)
+                                            : tables::summary_csv(input, result));
   const auto& not_checked = result.summary.not_checked;
   if (!not_checked.empty()) print_message(tables::not_checked_text(not_checked, result.remarks));
   const std::string remarks = tables::remarks_text(result.remarks);
@@ -115,13 +127,12 @@ int run_check_command(const CheckOptions& options) {
                                 .language = options.language,
                                 .progress = &progress,
                                 .message = print_message,
-                                .second_opinion = options.second_opinion};
+                                .second_opinion = options.second_opinion,
+                                .when_busy = options.when_busy};
   note_interrupts();
   const run::CheckResult result = run::check(input, check);
-  if (result.summary.records > 0) {
-    print_summary(input, result, check.results, options.common.format);
-  }
-  print_outcome(result.summary);
+  if (!result.results.empty()) print_summary(input, result, options.common.format);
+  print_outcome(result, check.results);
   return exit_status(result, options.strict);
 }
 

@@ -27,6 +27,8 @@ struct CheckOptions {
   services::Language language = services::Language::english;
   Strictness strict = Strictness::none;
   run::SecondOpinion second_opinion = run::SecondOpinion::on;
+  /// Whether to wait for another run that is writing the result file.
+  files::WhenBusy when_busy = files::WhenBusy::refuse;
 };
 
 /// Checks a model, stores the results and prints what the run came to.

@@ -23,6 +23,7 @@
 namespace {
 
 using namespace aluframe::cli;
+namespace files = aluframe::files;
 namespace model = aluframe::model;
 namespace run = aluframe::run;
 namespace tables = aluframe::tables;
@@ -62,11 +63,17 @@ void add_second_order(CLI::App& app, run::InputOptions& input) {
                "Compute forces in second order, each combination on its own");
 }
 
+void add_allow_outside(CLI::App& app, bool& allow_outside) {
+  app.add_flag("--allow-outside", allow_outside,
+               "Read catalogues that lie outside of the model's folder");
+}
+
 void add_input(CLI::App& app, run::InputOptions& input) {
   app.add_option("MODEL", input.model, "Model file")->required()->type_name("");
   app.add_option("--forces", input.forces, "Element forces (CSV) in place of the model's")
       ->type_name("FILE");
   add_second_order(app, input);
+  add_allow_outside(app, input.allow_outside);
 }
 
 void add_elements(CLI::App& app, model::NumberRanges& elements) {
@@ -121,6 +128,9 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
   add_parsed(*check, "--second-opinion", options.second_opinion,
              one_of(parse_second_opinion, "on, off"),
              "Safe ratios beside those of the checks: on or off");
+  check->add_flag_callback(
+      "--wait", [&options] { options.when_busy = files::WhenBusy::wait; },
+      "Wait for another run that is writing the result file");
   check->callback([&] { status = run_check_command(options); });
 }
 
@@ -129,6 +139,7 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
   results->add_option("MODEL", options.input, "Model file, or a result file (.aluresult)")
       ->required()
       ->type_name("");
+  add_allow_outside(*results, options.allow_outside);
   add_elements(*results, options.query.elements);
   add_combinations(*results, options.combinations);
   add_format(*results, options.format);
@@ -175,6 +186,7 @@ void add_members(CLI::App& app, MembersOptions& options, int& status) {
   CLI::App* members =
       app.add_subcommand("members", "Show members, their lengths and effective length factors");
   members->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  add_allow_outside(*members, options.allow_outside);
   add_elements(*members, options.common.selection.elements);
   add_format(*members, options.common.format);
   members->callback([&] { status = run_members_command(options); });
@@ -271,6 +283,7 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
       "analyse", "Show displacements, reactions and element forces under the loads of a model");
   analyse->add_option("MODEL", options.input.model, "Model file")->required()->type_name("");
   add_second_order(*analyse, options.input);
+  add_allow_outside(*analyse, options.input.allow_outside);
   const auto add_ranges = [&](const char* name, model::NumberRanges& ranges, const char* help) {
     add_parsed(*analyse, name, ranges, ranges_or_throw, help);
   };
@@ -302,6 +315,7 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   CLI::App* settings =
       app.add_subcommand("settings", "Show or change the design settings and materials of a model");
   settings->add_option("MODEL", options.model, "Model file")->required()->type_name("");
+  add_allow_outside(*settings, options.allow_outside);
   settings->add_option("--set", options.changes.set, "Change a setting: " + setting_names())
       ->type_name("KEY=VALUE")
       ->take_all()
@@ -376,8 +390,7 @@ int main(int argc, char** argv) {
   try {
     return with_output_checked(run_program(argc, argv));
   } catch (const std::exception& error) {
-    print_message(std::ferror(stdout) != 0 ? lost_output
-                                           : "aluframe: " + aluframe::files::error_text(error));
+    print_message(std::ferror(stdout) != 0 ? lost_output : "aluframe: " + files::error_text(error));
     return exit_failure;
   }
 }

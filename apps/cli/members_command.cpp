@@ -76,7 +76,8 @@ bool is_wanted(const members::StretchFactors& of, const model::NumberRanges& ele
 }  // namespace
 
 int run_members_command(const MembersOptions& options) {
-  const auto read = run::read_input({.model = options.model}, options.common.selection);
+  const auto read = run::read_input(
+      {.model = options.model, .allow_outside = options.allow_outside}, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&read)) return stop(*problem);
   const auto& input = std::get<run::Input>(read);
   const model::Model& model = input.model;
@@ -84,7 +85,7 @@ int run_members_command(const MembersOptions& options) {
   for (const members::StretchFactors& of : members::length_factors(model)) {
     if (is_wanted(of, options.common.selection.elements)) table.rows.push_back(row(model, of));
   }
-  fmt::print("{}", tables::render(table, options.common.format, false));
+  print_text(tables::render(table, options.common.format, false));
   return exit_done;
 }
 

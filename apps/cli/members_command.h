@@ -8,6 +8,7 @@ namespace aluframe::cli {
 
 struct MembersOptions {
   std::filesystem::path model;
+  bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
   CommonOptions common;
 };
 

@@ -12,7 +12,7 @@ namespace aluframe::cli {
 
 int write_output(const std::string& text, const std::optional<std::filesystem::path>& path) {
   if (!path) {
-    fmt::print("{}", text);
+    print_text(text);
     return exit_done;
   }
   try {

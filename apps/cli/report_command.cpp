@@ -6,6 +6,7 @@
 #include <exception>
 #include <variant>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/report.h"
@@ -86,8 +87,8 @@ Basis basis_of(const services::ReportSummary& summary, const Files& files) {
 
 void print_summary(const model::Model& model, const services::ReportSummary& summary,
                    const Files& files, const Basis& basis) {
-  fmt::print("Report of {} element{}: {}\n", summary.reported.size(),
-             summary.reported.size() == 1 ? "" : "s", files.report.string());
+  print_formatted("Report of {} element{}, complete: {}\n", summary.reported.size(),
+                  summary.reported.size() == 1 ? "" : "s", files.report.string());
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
                               files.results.string(),
@@ -101,12 +102,12 @@ void print_summary(const model::Model& model, const services::ReportSummary& sum
     print_message(fmt::format("no check to show: element {}",
                               tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
-  if (basis.coverage) fmt::print("Covered: {}\n", run::coverage_text(*basis.coverage));
+  if (basis.coverage) print_formatted("Covered: {}\n", run::coverage_text(*basis.coverage));
   for (const store::GoverningRow& row : summary.failures_without_line) {
-    fmt::print("Fails without a line in the report: element {}, {} {}\n", row.element,
-               tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
+    print_formatted("Fails without a line in the report: element {}, {} {}\n", row.element,
+                    tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
   }
-  fmt::print("{}", tables::told_text(model, basis.told));
+  print_text(tables::told_text(model, basis.told));
 }
 
 int exit_status(const services::ReportSummary& summary) {
@@ -136,7 +137,8 @@ void warn_about_stored(const run::Input& input, const Files& files) {
 }
 
 /// What stands behind the readable copy: nobody should file a report without.
-std::string appendix_of(const model::Model& model, const Basis& basis) {
+/// Its last line says that the copy is whole.
+std::string appendix_of(const model::Model& model, const Basis& basis, std::size_t elements) {
   std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
   if (basis.coverage) {
     text += fmt::format("Covered: {}\nCombinations: {}\n", run::coverage_text(*basis.coverage),
@@ -145,7 +147,8 @@ std::string appendix_of(const model::Model& model, const Basis& basis) {
   if (!basis.told.safe_rows.empty()) {
     text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
   }
-  return text + tables::told_text(model, basis.told, tables::Lists::whole);
+  return text + tables::told_text(model, basis.told, tables::Lists::whole) +
+         fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
 }
 
 /// What follows a report that was written. The editor opens behind the readable copy, and not while
@@ -154,7 +157,7 @@ std::string appendix_of(const model::Model& model, const Basis& basis) {
 int finish(const ReportOptions& options, const Files& files, const std::string& appendix) {
   if (options.readable) {
     services::write_readable_report(files.report, user_charset(), *options.readable, appendix);
-    fmt::print("Readable copy: {}\n", options.readable->string());
+    print_formatted("Readable copy: {}\n", options.readable->string());
   }
   if (!options.open) return exit_done;
   const auto problem = open_in_editor(files.report);
@@ -176,7 +179,9 @@ int write(const ReportOptions& options, const run::Input& input, const UnitPair&
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
   const int status = exit_status(summary);
-  return status == exit_done ? finish(options, files, appendix_of(input.model, basis)) : status;
+  return status == exit_done
+             ? finish(options, files, appendix_of(input.model, basis, summary.reported.size()))
+             : status;
 }
 
 /// Everything that is wrong with the options, or the model and what to do with it.
@@ -201,7 +206,7 @@ int run_report_command(const ReportOptions& options) {
   try {
     return prepare_and_write(options);
   } catch (const std::exception& error) {
-    print_message(error.what());
+    print_message(files::error_text(error));
     return exit_failure;
   }
 }

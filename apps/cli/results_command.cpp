@@ -132,7 +132,9 @@ std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
 /// What the user should know of the results and does not read in what is written.
 void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options,
                       const fs::path& file) {
-  for (const std::string& text : run::cautions(options.input, file, reader)) print_message(text);
+  for (const std::string& text : run::cautions(
+           {.model = options.input, .allow_outside = options.allow_outside}, file, reader))
+    print_message(text);
   const run::Coverage coverage = run::coverage_of(reader);
   const bool is_list = !options.element && !options.not_checked && !options.remarks;
   const bool is_said = options.format == tables::Format::table && is_list;
@@ -155,6 +157,7 @@ int run_results_command(const ResultsOptions& options) {
       print_message(*problem);
       return exit_input_error;
     }
+    if (const auto text = run::left_instead_text(file)) throw std::runtime_error(*text);
     reader = store::ResultReader::open(file);
     say_what_to_know(*reader, options, file);
     return write_output(text_of(*reader, options, view), options.output);

@@ -11,6 +11,7 @@ namespace aluframe::cli {
 
 struct ResultsOptions {
   std::filesystem::path input;  ///< a model, whose result file is taken, or a result file
+  bool allow_outside = false;   ///< catalogues that lie outside of the model's folder
   tables::Format format = tables::Format::table;
   run::ResultsQuery query;
   model::NumberRanges combinations;      ///< of `element`; empty: all

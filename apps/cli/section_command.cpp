@@ -32,7 +32,7 @@ std::optional<std::vector<Profile>> own_profiles(const SectionOptions& options) 
 }
 
 int list(const SectionOptions& options, const std::vector<Profile>& own) {
-  fmt::print("{}", profile_list(own, options.shape, options.format));
+  print_text(profile_list(own, options.shape, options.format));
   return exit_done;
 }
 
@@ -43,7 +43,7 @@ int show(const SectionOptions& options, const std::string& name, const std::vect
     return exit_input_error;
   }
   const auto& section = std::get<model::Section>(named);
-  fmt::print("{}", section_text({section, own, options.across}, options.format));
+  print_text(section_text({section, own, options.across}, options.format));
   return options.svg ? write_output(section::sketch_of(section), options.svg) : exit_done;
 }
 

@@ -21,7 +21,7 @@ bool says_what_to_change(const WantedChanges& wanted) {
 }
 
 int show(const SettingsOptions& options, const model::Model& model) {
-  fmt::print("{}", settings_text(model, options.format));
+  print_text(settings_text(model, options.format));
   if (!model.design) {
     print_message(options.model.string() + " has no settings; these are the defaults");
   }
@@ -30,9 +30,9 @@ int show(const SettingsOptions& options, const model::Model& model) {
 
 /// Shows what was changed, and which results that makes old.
 void report(const SettingsOptions& options, const tables::OutputTable& difference) {
-  fmt::print("{}", options.format == tables::Format::table
-                       ? difference_text(difference)
-                       : tables::render(difference, options.format, false));
+  print_text(options.format == tables::Format::table
+                 ? difference_text(difference)
+                 : tables::render(difference, options.format, false));
   if (difference.rows.empty()) {
     print_message(options.model.string() + ": nothing to change");
     return;
@@ -54,7 +54,7 @@ int change(const SettingsOptions& options) {
     difference = settings_difference(before, after);
     return io::changes_since(before.design, before.materials, after);
   };
-  if (const auto problem = io::change_model_file(options.model, choose)) {
+  if (const auto problem = io::change_model_file(options.model, choose, options.allow_outside)) {
     print_message(problem->message());
     return problem->kind == io::Problem::Kind::failure ? exit_failure : exit_input_error;
   }
@@ -73,7 +73,7 @@ int run_settings_command(const SettingsOptions& options) {
     return exit_input_error;
   }
   if (!wanted.empty()) return change(options);
-  const auto read = io::read_model(options.model);
+  const auto read = io::read_model(options.model, nullptr, options.allow_outside);
   if (const auto* problem = std::get_if<io::Problem>(&read)) {
     print_message(problem->message());
     return exit_input_error;

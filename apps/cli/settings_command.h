@@ -9,6 +9,7 @@ namespace aluframe::cli {
 
 struct SettingsOptions {
   std::filesystem::path model;
+  bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
   tables::Format format = tables::Format::table;
   WantedChanges changes;
 };

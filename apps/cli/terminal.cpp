@@ -3,9 +3,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
+
+#include "aluframe/model/plain_text.h"
+#include "aluframe/tables/output_table.h"
 
 namespace aluframe::cli {
 
@@ -17,6 +22,20 @@ extern "C" void note_signal(int signal) {
   interrupted = 1;
   // The user who insists is not kept waiting.
   std::signal(signal, SIG_DFL);
+}
+
+void write_to(std::FILE* stream, std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+}
+
+/// Where the next colour of ours stands in a text, and how long it is.
+std::pair<std::size_t, std::size_t> next_colour(std::string_view text) {
+  std::pair<std::size_t, std::size_t> next{text.size(), 0};
+  for (const std::string_view colour : {tables::red, tables::plain}) {
+    const std::size_t place = text.find(colour);
+    if (place < next.first) next = {place, colour.size()};
+  }
+  return next;
 }
 
 /// The lowest free number is the next one that is given out.
@@ -56,15 +75,27 @@ const sigset_t& default_signals() {
   return signals;
 }
 
+void print_text(std::string_view text) {
+  while (!text.empty()) {
+    const auto [place, length] = next_colour(text);
+    write_to(stdout, model::for_terminal(text.substr(0, place)));
+    write_to(stdout, text.substr(std::min(place, text.size()), length));
+    text.remove_prefix(std::min(place + length, text.size()));
+  }
+}
+
 void print_message(const std::string& text) noexcept {
   // What was printed before stands before it, also where both streams go to one file.
   std::fflush(stdout);
-  print_to_stderr(text);
-  print_to_stderr("\n");
+  try {
+    print_to_stderr(model::for_terminal(text) + "\n");
+  } catch (const std::bad_alloc&) {
+    print_to_stderr("a message is lost for want of memory\n");
+  }
 }
 
 void print_to_stderr(std::string_view text) noexcept {
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  write_to(stderr, text);
 }
 
 bool finish_stdout() {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <fmt/format.h>
+
 #include <csignal>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace aluframe::cli {
 
@@ -19,6 +22,14 @@ bool stdout_wants_colour();
 void prepare_streams();
 /// The signals that `prepare_streams` leaves out.
 const sigset_t& default_signals();
+
+/// Prints to standard output, with a blank for what could turn or forge lines of a terminal; our
+/// own colours stay. Whether it arrived `finish_stdout` tells.
+void print_text(std::string_view text);
+template <class... Values>
+void print_formatted(fmt::format_string<Values...> format, Values&&... values) {
+  print_text(fmt::format(format, std::forward<Values>(values)...));
+}
 
 /// Prints a line to standard error. A message that nobody can read is lost; the work goes on.
 void print_message(const std::string& text) noexcept;

@@ -54,14 +54,14 @@ void print_content(const run::Input& input) {
   const auto states = static_cast<std::size_t>(std::ranges::count_if(model.combinations, is_state));
   const std::size_t design = model::design_numbers(model).size() - states;
   const std::string forces = tables::forces_text(input.forces);
-  fmt::print("{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", input.file.string(),
-             counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
-             count_of_members(input), counted(model.sections.size(), "section"),
-             counted(model.materials.size(), "material"),
-             counted(model.load_cases.size(), "load case"),
-             counted(model.combinations.size() - states, "combination"), design,
-             forces.empty() ? "" : "  " + forces + "\n");
-  if (input.forces.second_order_analyses == 0) fmt::print("{}", missing_forces(model));
+  print_formatted(
+      "{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", input.file.string(),
+      counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
+      count_of_members(input), counted(model.sections.size(), "section"),
+      counted(model.materials.size(), "material"), counted(model.load_cases.size(), "load case"),
+      counted(model.combinations.size() - states, "combination"), design,
+      forces.empty() ? "" : "  " + forces + "\n");
+  if (input.forces.second_order_analyses == 0) print_text(missing_forces(model));
 }
 
 }  // namespace
@@ -71,7 +71,7 @@ int run_validate_command(const run::InputOptions& options) {
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   print_content(input);
-  fmt::print("{}", tables::remarks_text(input.remarks));
+  print_text(tables::remarks_text(input.remarks));
   return exit_done;
 }
 
