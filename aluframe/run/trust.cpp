@@ -45,7 +45,7 @@ Coverage coverage_of(store::ResultReader& reader) {
 }
 
 std::string combinations_text(const Coverage& coverage) {
-  const std::string text =
+  std::string text =
       fmt::format("{} of {}", coverage.combinations.size(), coverage.of_combinations);
   if (!coverage.by_states) return text;
   const std::size_t states = coverage.states.size();
