@@ -6,6 +6,7 @@
 
 #include "aluframe/members/length_factors.h"
 #include "apps/cli/common_options.h"
+#include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
 
