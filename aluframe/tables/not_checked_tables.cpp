@@ -40,7 +40,7 @@ std::string largest_text(const run::NotCheckedGroup& group, std::string_view sep
 }
 
 /// "element 2-4, combination 7".
-std::string coverage_text(const run::NotCheckedGroup& group) {
+std::string place_text(const run::NotCheckedGroup& group) {
   std::string out = "element " + model::join_as_ranges(group.elements);
   if (!group.combinations.empty()) {
     out += ", combination " + model::join_as_ranges(group.combinations);
@@ -81,7 +81,7 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items,
                              const std::vector<store::RemarkRow>& remarks) {
   std::string out = "  not checked\n";
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("    {}: {}{}\n", coverage_text(group), group.reason,
+    out += fmt::format("    {}: {}{}\n", place_text(group), group.reason,
                        largest_text(group, "\n      "));
     const store::RemarkRow* remark = remark_of(group, remarks);
     if (remark != nullptr) {
@@ -119,7 +119,7 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
 std::string not_checked_line(const std::vector<store::NotChecked>& items) {
   std::string out;
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason, coverage_text(group),
+    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason, place_text(group),
                        largest_text(group, "; "));
   }
   return out;
