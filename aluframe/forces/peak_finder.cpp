@@ -191,10 +191,13 @@ void PeakFinder<Line>::add_torsion_peak(const Weights& weights, double length) {
   for (int i = 0; i <= torsion_parts; ++i) {
     const auto here = at.begin() + i + 1;
     if (*here == 0.0 || *here < *(here - 1) || *here < *(here + 1)) continue;
-    if (i > 0) candidates_.push_back(golden_place(part * (i - 1), part * i, stress));
-    if (i < torsion_parts) {
-      candidates_.push_back(golden_place(part * i, part * (i + 1), stress));
+    const std::size_t known = candidates_.size();
+    for (const int side : {i - 1, i}) {
+      if (side < 0 || side == torsion_parts) continue;
+      const double place = golden_place(part * side, part * (side + 1), stress);
+      if (stress(place) > *here) candidates_.push_back(place);
     }
+    if (candidates_.size() == known) candidates_.push_back(part * i);
   }
 }
 
