@@ -9,6 +9,8 @@ namespace aluframe::forces {
 struct Weights {
   double n = 0.0, my = 0.0, mz = 0.0;
   double fy = 0.0, fz = 0.0, mx = 0.0;
+
+  friend bool operator==(const Weights&, const Weights&) = default;
 };
 
 /// Signs that My and Mz take in the sums of one set of weights.

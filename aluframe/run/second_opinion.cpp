@@ -145,7 +145,7 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
   for (const store::SafeRow& row : rows) {
     if (services::exceeds_limit(row.safe)) {
       ++summary.over;
-      if (!services::exceeds_limit(row.code)) ++summary.unsaid;
+      if (!row.code || !services::exceeds_limit(*row.code)) ++summary.unsaid;
     }
     const bool worse = !summary.worst ||
                        (std::isfinite(summary.worst->safe) && !(row.safe <= summary.worst->safe));
