@@ -19,9 +19,10 @@ constexpr double next_to_position = 1e-4;
 constexpr double same_place = 1e-9;
 /// Stresses of torsion are looked at so many times a piece, then closer on both sides of those
 /// that are larger than their neighbours: where torsion adds too little between two stretches, each
-/// end of a stretch has one. A step leaves 0.618 of the place; what is left is 2e-4 of a part.
+/// end of a stretch has one. A step leaves 0.618 of the place; what is left is a thousandth of a
+/// part.
 constexpr int torsion_parts = 16;
-constexpr int golden_steps = 18;
+constexpr int golden_steps = 14;
 
 double sum_of(const Weights& w, const std::array<double, 2>& signs,
               const std::array<double, 6>& forces) {
