@@ -23,5 +23,7 @@ inline constexpr double worth_of_torsion = 1.01;
 /// √(σ² + 3·τ²) of the forces N, Fy, Fz, Mx, My, Mz, every sum with the signs that make it largest;
 /// 0 where torsion raises it by less than the part of `worth_of_torsion`.
 double torsion_stress(const Weights& weights, const std::array<double, 6>& forces);
+/// The same wherever torsion acts, however little it adds.
+double largest_stress(const Weights& weights, const std::array<double, 6>& forces);
 
 }  // namespace aluframe::forces
