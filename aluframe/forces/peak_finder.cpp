@@ -98,8 +98,9 @@ void PositionExtremes::set(const model::CaseForces& five, std::span<const Weight
       ranges_[place].high = std::max(ranges_[place].high, value);
     });
   }
-  torsion_.assign(weights.size(), 0.0);
+  torsion_.resize(weights.size());
   for (std::size_t i = 0; i < weights.size(); ++i) {
+    torsion_[i] = weights[i].least_torsion;
     for (const model::SectionForces& at : five.at) {
       torsion_[i] = std::max(torsion_[i], torsion_stress(weights[i], in_double(at)));
     }
@@ -186,7 +187,7 @@ void PeakFinder<Line>::add_torsion_peaks(std::size_t place_of_weights, double le
     return torsion_stress(weights, line_.forces_after(distance));
   };
   const double most = largest_stress(weights, line_.largest_within(length));
-  if (most <= extremes().largest_torsion(place_of_weights)) return;
+  if (most <= weights.least_torsion || most <= extremes().largest_torsion(place_of_weights)) return;
   const double part = length / torsion_parts;
   std::array<double, torsion_parts + 3> at{};  // a zero before the piece and behind it
   for (int i = 0; i <= torsion_parts; ++i) at[static_cast<std::size_t>(i) + 1] = stress(part * i);

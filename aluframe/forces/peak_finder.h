@@ -20,7 +20,7 @@ class PositionExtremes {
     return force < ranges_[component].low || force > ranges_[component].high;
   }
 
-  /// Largest stress of torsion by these weights.
+  /// Largest stress of torsion by these weights, or the one that they ask for.
   double largest_torsion(std::size_t place_of_weights) const { return torsion_[place_of_weights]; }
 
  private:

@@ -9,6 +9,7 @@ namespace aluframe::forces {
 struct Weights {
   double n = 0.0, my = 0.0, mz = 0.0;
   double fy = 0.0, fz = 0.0, mx = 0.0;
+  double least_torsion = 0.0;  ///< stress of torsion up to which nobody asks for its peaks, N/mm²
 
   friend bool operator==(const Weights&, const Weights&) = default;
 };

@@ -182,9 +182,10 @@ void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
                              const model::CaseForces& forces) {
   places_.clear();
   if (!inner_.has_peaks(current_->place)) return;
+  AluDgnSectForce force = section_force(place);
+  ask_for_torsion_above(opinion.least_torsion_stress(force, unchecked_.worst_torsion()));
   inner_.peaks(current_->place, place.combination, side_of(place.min_side), forces,
                current_->weights, places_);
-  AluDgnSectForce force = section_force(place);
   Place here = place;
   for (const forces::PlaceForces& at : places_) {
     std::ranges::copy(at.forces, force.dForce);
@@ -195,6 +196,11 @@ void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
     keep(ratio, here);
     unchecked_.note(here, PlaceKind::between, opinion, force, code);
   }
+}
+
+/// Of torsion a run tells the worst ratio alone, so that peaks below it need not be looked for.
+void RunOpinion::ask_for_torsion_above(double stress) {
+  for (forces::Weights& weights : current_->weights) weights.least_torsion = stress;
 }
 
 void RunOpinion::ask_member(ElementOpinion& opinion, const Place& place,

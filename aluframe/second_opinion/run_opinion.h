@@ -69,6 +69,7 @@ class RunOpinion : public services::RunObserver {
                      const T_RALU_D& record);
   void ask_between(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
   void ask_member(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
+  void ask_for_torsion_above(double stress);
   void keep(const SafeRatio& ratio, const Place& place);
   AluDgnSectForce section_force(const Place& place) const;
   ElementFacts facts_of(const MemberChain& chain, const model::Element& element) const;
