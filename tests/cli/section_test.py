@@ -248,7 +248,12 @@ def test_settings_of_a_model_with_a_catalogue_in_another_folder_can_be_changed(a
     pipe_beam["catalogues"] = ["../mine.csv"]
     pipe_beam["sections"] = [{"number": 1, "profile": "Rail"}]
     aluframe.write(pipe_beam, "job/frame.json")
-    aluframe("settings", "job/frame.json", "--set", "safety-class=1")
+    before = (aluframe.folder / "job" / "frame.json").read_bytes()
+    refused = aluframe("settings", "job/frame.json", "--set", "safety-class=1", status=1).stderr
+    assert refused == ('job/frame.json: /catalogues/0: found "../mine.csv", which lies outside of the '
+                       "model's folder; --allow-outside reads it all the same\n")
+    assert (aluframe.folder / "job" / "frame.json").read_bytes() == before
+    aluframe("settings", "job/frame.json", "--set", "safety-class=1", "--allow-outside")
     written = json.loads((aluframe.folder / "job" / "frame.json").read_text(encoding="utf-8"))
     assert written["sections"] == [{"number": 1, "profile": "Rail"}]
     assert written["catalogues"] == ["../mine.csv"]
@@ -288,4 +293,4 @@ def test_a_bad_catalogue_is_named_with_its_line(aluframe):
 
 def test_a_drawing_that_cannot_be_written_fails_the_command(aluframe):
     done = aluframe("section", "P 60x5", "--svg", "no/such/folder.svg", status=2)
-    assert done.stderr == "no/such/folder.svg: cannot be written\n"
+    assert done.stderr == "no/such/folder.svg: cannot be written: No such file or directory\n"
