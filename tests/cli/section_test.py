@@ -242,6 +242,13 @@ def test_a_report_refuses_results_of_a_profile_that_has_changed(aluframe, pipe_b
     assert "frame.aluresult: holds results of another state of the model" in done.stderr
 
 
+def test_a_catalogue_that_is_missing_is_told_as_such(aluframe, pipe_beam):
+    pipe_beam["catalogues"] = ["profiles/office.csv"]
+    aluframe.write(pipe_beam)
+    assert aluframe("validate", "frame.json", status=1).stderr.startswith(
+        "frame.json: /catalogues/0: profiles/office.csv: cannot be opened")
+
+
 def test_settings_of_a_model_with_a_catalogue_in_another_folder_can_be_changed(aluframe, pipe_beam):
     (aluframe.folder / "job").mkdir()
     aluframe.write(CATALOGUE, "mine.csv")
