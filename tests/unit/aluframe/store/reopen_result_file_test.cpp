@@ -322,7 +322,7 @@ TEST_F(RefusedFile, IsADamagedOne) {
   damage.seekp(page_bytes);
   damage << std::string(fs::file_size(file()) - page_bytes, '\xFF');
   damage.close();
-  EXPECT_THAT(refusal(), HasSubstr("malformed"));
+  EXPECT_THAT(refusal(), HasSubstr("is damaged"));
 }
 
 TEST_F(RefusedFile, IsOneThatWasCutShort) {
