@@ -62,8 +62,9 @@ void sync(const Descriptor& file) {
 
 /// A rename asks the folder only: a file that is protected would be replaced all the same.
 void require_replaceable(const fs::path& file) {
-  std::error_code unknown;
-  const fs::file_status status = fs::status(file, unknown);
+  std::error_code error;
+  if (fs::is_symlink(file, error)) fail_with(ELOOP);  // all links that can be followed have been
+  const fs::file_status status = fs::status(file, error);
   if (!fs::exists(status)) return;
   if (fs::is_directory(status)) throw std::runtime_error("is a folder");
   if (!fs::is_regular_file(status)) throw std::runtime_error("is no ordinary file");

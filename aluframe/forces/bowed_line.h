@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <span>
 
 #include "aluframe/forces/power_series.h"
@@ -35,6 +36,12 @@ class BowedLine : public SectionLine {
   double longest_piece(double length) const;
   std::array<double, 6> forces_after(double distance) const;
   void advance(double distance);
+
+  /// Without a bound on the deflection there is none on the moments.
+  std::array<double, 6> largest_within(double /*distance*/) const {
+    constexpr double any = std::numeric_limits<double>::infinity();
+    return {any, any, any, any, any, any};
+  }
 
   /// Calls `found` with the distances up to `length` where a component or a weighted sum has an
   /// extreme.

@@ -1,6 +1,7 @@
 #include "aluframe/forces/peak_finder.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -16,9 +17,11 @@ constexpr double noise = 1e-9;
 /// this, of what the load makes over the element.
 constexpr double next_to_position = 1e-4;
 constexpr double same_place = 1e-9;
-/// Stresses of torsion are looked at so many times a piece, then closer around the largest. Each
-/// step leaves 0.618 of the place; what is left is a thousandth of two parts.
-constexpr int torsion_parts = 8;
+/// Stresses of torsion are looked at so many times a piece, then closer on both sides of those
+/// that are larger than their neighbours: where torsion adds too little between two stretches, each
+/// end of a stretch has one. A step leaves 0.618 of the place; what is left is a thousandth of a
+/// part.
+constexpr int torsion_parts = 16;
 constexpr int golden_steps = 14;
 
 double sum_of(const Weights& w, const std::array<double, 2>& signs,
@@ -95,8 +98,9 @@ void PositionExtremes::set(const model::CaseForces& five, std::span<const Weight
       ranges_[place].high = std::max(ranges_[place].high, value);
     });
   }
-  torsion_.assign(weights.size(), 0.0);
+  torsion_.resize(weights.size());
   for (std::size_t i = 0; i < weights.size(); ++i) {
+    torsion_[i] = weights[i].least_torsion;
     for (const model::SectionForces& at : five.at) {
       torsion_[i] = std::max(torsion_[i], torsion_stress(weights[i], in_double(at)));
     }
@@ -160,7 +164,9 @@ void PeakFinder<Line>::scan_piece(double length) {
     candidates_.push_back(distance);
   });
   if (line_.forces[3] != 0.0) {
-    for (const Weights& w : weights_) add_torsion_peak(w, length);
+    for (std::size_t i = 0; i < weights_.size(); ++i) {
+      if (i == 0 || weights_[i] != weights_[i - 1]) add_torsion_peaks(i, length);
+    }
   }
   std::ranges::sort(candidates_);
   double last = -length_;
@@ -174,22 +180,28 @@ void PeakFinder<Line>::scan_piece(double length) {
 
 /// The stress of torsion peaks off the peaks of bending and of shear, where a load lies between.
 template <class Line>
-void PeakFinder<Line>::add_torsion_peak(const Weights& weights, double length) {
+void PeakFinder<Line>::add_torsion_peaks(std::size_t place_of_weights, double length) {
+  const Weights& weights = weights_[place_of_weights];
   if (weights.mx == 0.0) return;
   const auto stress = [&](double distance) {
     return torsion_stress(weights, line_.forces_after(distance));
   };
+  const double most = largest_stress(weights, line_.largest_within(length));
+  if (most <= weights.least_torsion || most <= extremes().largest_torsion(place_of_weights)) return;
   const double part = length / torsion_parts;
-  double largest = 0.0, place = 0.0;
+  std::array<double, torsion_parts + 3> at{};  // a zero before the piece and behind it
+  for (int i = 0; i <= torsion_parts; ++i) at[static_cast<std::size_t>(i) + 1] = stress(part * i);
   for (int i = 0; i <= torsion_parts; ++i) {
-    const double value = stress(part * i);
-    if (!(value > largest)) continue;
-    largest = value;
-    place = part * i;
+    const auto here = at.begin() + i + 1;
+    if (*here == 0.0 || *here < *(here - 1) || *here < *(here + 1)) continue;
+    const std::size_t known = candidates_.size();
+    for (const int side : {i - 1, i}) {
+      if (side < 0 || side == torsion_parts) continue;
+      const double place = golden_place(part * side, part * (side + 1), stress);
+      if (stress(place) > *here) candidates_.push_back(place);
+    }
+    if (candidates_.size() == known) candidates_.push_back(part * i);
   }
-  if (largest == 0.0) return;
-  candidates_.push_back(
-      golden_place(std::max(0.0, place - part), std::min(length, place + part), stress));
 }
 
 /// Takes the line over the place where it stands, with all changes there.

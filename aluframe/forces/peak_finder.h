@@ -20,6 +20,9 @@ class PositionExtremes {
     return force < ranges_[component].low || force > ranges_[component].high;
   }
 
+  /// Largest stress of torsion by these weights, or the one that they ask for.
+  double largest_torsion(std::size_t place_of_weights) const { return torsion_[place_of_weights]; }
+
  private:
   struct Range {
     double low = 0.0, high = 0.0;
@@ -45,7 +48,7 @@ class PeakFinder {
  private:
   void go_to(double x);
   void scan_piece(double length);
-  void add_torsion_peak(const Weights& weights, double length);
+  void add_torsion_peaks(std::size_t place_of_weights, double length);
   void apply_changes();
   void report(double x, const std::array<double, 6>& forces);
   bool is_kink_beyond_positions(const std::array<double, 3>& rate_before);

@@ -82,6 +82,20 @@ struct SectionLine {
     return out;
   }
 
+  /// What no force exceeds up to `distance`: the larger of both ends, and how far the curve may
+  /// stand off the straight line between them, by its largest second derivative.
+  std::array<double, 6> largest_within(double distance) const {
+    std::array<double, 6> out = forces_after(distance);
+    for (std::size_t i = 0; i < 6; ++i) out[i] = std::max(std::abs(out[i]), std::abs(forces[i]));
+    const double eighth = distance * distance / 8.0;
+    for (std::size_t i = 0; i < 3; ++i) out[i] += eighth * std::abs(slope[i]);
+    for (const auto& [moment, shear] : {std::pair<std::size_t, std::size_t>{4, 2}, {5, 1}}) {
+      out[moment] +=
+          eighth * std::max(std::abs(rate[shear]), std::abs(rate[shear] + distance * slope[shear]));
+    }
+    return out;
+  }
+
   void advance(double distance) {
     forces = forces_after(distance);
     for (std::size_t i = 0; i < 3; ++i) rate[i] += distance * slope[i];

@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 /// Whether a path from a folder leads to a file outside of it, through links too.
 bool leads_outside(const fs::path& folder, const fs::path& path) {
   std::error_code error;
-  const fs::path inside = fs::weakly_canonical(folder.empty() ? "." : folder, error);
-  const fs::path file = fs::weakly_canonical(folder / path, error);
+  const fs::path inside = fs::weakly_canonical(fs::absolute(folder.empty() ? "." : folder), error);
+  const fs::path file = fs::weakly_canonical(fs::absolute(folder / path), error);
   const fs::path way = file.lexically_relative(inside);
   return error || way.empty() || *way.begin() == "..";
 }

@@ -5,6 +5,6 @@
 namespace aluframe::model {
 
 /// Places in SectionForces: N, Fy, Fz, Mx, My, Mz.
-enum ForceComponent : std::size_t { axial, shear_y, shear_z, torsion, about_y, about_z };
+enum ForceComponent : std::size_t { axial_force, shear_y, shear_z, torsion, about_y, about_z };
 
 }  // namespace aluframe::model

@@ -5,6 +5,7 @@
 
 #include "aluframe/members/chart_equations.h"
 #include "aluframe/members/length_factors.h"
+#include "aluframe/model/meeting.h"
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
 
@@ -58,14 +59,6 @@ bool counts_as_free(const model::Connectivity& connectivity, model::Number node)
   if (support == nullptr) return true;
   const auto& held = support->restrained;
   return !held[0] && !held[1] && !held[2];
-}
-
-/// Whether elements of others than the chain's meet at a node.
-bool is_joint(const model::Connectivity& connectivity, model::Number node,
-              const std::vector<model::Number>& chain) {
-  return std::ranges::any_of(connectivity.elements_at(node), [&chain](model::Number element) {
-    return std::ranges::find(chain, element) == chain.end();
-  });
 }
 
 /// Whether the element's critical moment is formed with its member's twisting length.
@@ -127,7 +120,8 @@ std::optional<Remark> free_ends(Subject& subject) {
   for (const StretchFactors& stretch : subject.factors) {
     const std::vector<model::Number> ends = end_nodes(model, stretch.elements);
     const bool free = std::ranges::any_of(ends, [&](model::Number node) {
-      return counts_as_free(connectivity, node) && is_joint(connectivity, node, stretch.elements);
+      return counts_as_free(connectivity, node) &&
+             model::meets_others(model, connectivity, node, stretch.elements, model::Meeting::any);
     });
     if (!free) continue;
     for (const model::Number number : stretch.elements) {

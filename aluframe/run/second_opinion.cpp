@@ -84,29 +84,34 @@ constexpr const char* estimated_text =
     "given forces of load case {} do not follow from loads of the model: peaks between the five "
     "positions are those of an estimated distributed load; under a point load they are higher";
 
-/// What is not known between the five positions of elements in load cases; empty without pairs.
+std::vector<model::Number> elements_of(const Pairs& pairs, const model::Model& model) {
+  std::set<model::Number> elements;
+  for (const auto& pair : pairs) elements.insert(model.elements[pair.first].number);
+  return {elements.begin(), elements.end()};
+}
+
+/// What is not known between the five positions in load cases.
 std::string between_text(const Pairs& pairs, const model::Model& model, const char* text) {
-  if (pairs.empty()) return "";
   std::set<model::Number> cases;
   for (const auto& pair : pairs) cases.insert(model.load_cases[pair.second].number);
   return fmt::format(fmt::runtime(text), model::join_as_ranges({cases.begin(), cases.end()}));
 }
 
-/// One row for all elements and load cases.
+/// One row for all elements and load cases; where both are so, the text tells their elements apart.
 void add_between(const second_opinion::RunSafe& result, const model::Model& model,
                  std::vector<store::RemarkRow>& rows) {
+  const Pairs &unknown = result.unknown_between, &estimated = result.estimated_between;
+  if (unknown.empty() && estimated.empty()) return;
   store::RemarkRow row;
   row.kind = "P";
-  std::set<model::Number> elements;
-  for (const Pairs* pairs : {&result.unknown_between, &result.estimated_between}) {
-    for (const auto& pair : *pairs) elements.insert(model.elements[pair.first].number);
+  Pairs all = unknown;
+  all.insert(all.end(), estimated.begin(), estimated.end());
+  row.elements = model::join_as_ranges(elements_of(all, model));
+  if (!unknown.empty()) row.text = between_text(unknown, model, unknown_text);
+  if (!unknown.empty() && !estimated.empty()) {
+    row.text += fmt::format(" (element {}); ", model::join_as_ranges(elements_of(unknown, model)));
   }
-  if (elements.empty()) return;
-  row.elements = model::join_as_ranges({elements.begin(), elements.end()});
-  row.text = between_text(result.unknown_between, model, unknown_text);
-  const std::string estimated = between_text(result.estimated_between, model, estimated_text);
-  if (!row.text.empty() && !estimated.empty()) row.text += "; ";
-  row.text += estimated;
+  if (!estimated.empty()) row.text += between_text(estimated, model, estimated_text);
   rows.push_back(std::move(row));
 }
 
@@ -145,7 +150,7 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
   for (const store::SafeRow& row : rows) {
     if (services::exceeds_limit(row.safe)) {
       ++summary.over;
-      if (!services::exceeds_limit(row.code)) ++summary.unsaid;
+      if (!row.code || !services::exceeds_limit(*row.code)) ++summary.unsaid;
     }
     const bool worse = !summary.worst ||
                        (std::isfinite(summary.worst->safe) && !(row.safe <= summary.worst->safe));

@@ -44,6 +44,12 @@ class ElementOpinion {
   /// opinion (F1, F2), τ of torsion and the larger shear together. Nothing where torsion adds less
   /// than 1 % to the stress, and where the section cannot be formed.
   std::optional<double> torsion_ratio(const AluDgnSectForce& force, const T_RALU_SECT& code);
+  /// Stress of unit stresses (forces/weights.h) below which no ratio of torsion under the forces'
+  /// combination reaches this one: a section whose effective parts depend on the forces may have a
+  /// quarter more.
+  double least_torsion_stress(const AluDgnSectForce& force, double ratio) const {
+    return 0.8 * ratio * element_.units.f / strength_factor(force);
+  }
 
   const UnitStresses& units() const { return element_.units; }
   bool is_unsymmetric() const { return element_.subject.is_unsymmetric; }

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "aluframe/model/force_component.h"
-#include "aluframe/model/members.h"
+#include "aluframe/model/meeting.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/services/run_monitor.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
@@ -54,7 +54,11 @@ struct RunOpinion::Current {
 };
 
 RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed)
-    : model_(model), evaluator_(model), extremes_(model, evaluator_), inner_(model, computed) {
+    : model_(model),
+      evaluator_(model),
+      connectivity_(model),
+      extremes_(model, evaluator_),
+      inner_(model, computed) {
   for (const auto& [element, load_case] : inner_.unknown()) {
     // Forces of two ends alone are a matter of their own, known before the run.
     if (!model.forces.find(element, load_case)->inner) continue;
@@ -67,34 +71,23 @@ RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& c
   for (const model::Combination& combination : model.combinations) {
     is_seismic_.push_back(evaluator_.is_seismic(combination.number));
   }
-  node_elements_.resize(model.nodes.size());
-  for (std::size_t i = 0; i < model.elements.size(); ++i) {
-    if (model.elements[i].kind != model::ElementKind::beam) continue;
-    for (const model::Number node : model.elements[i].nodes) {
-      node_elements_[model.nodes.position(node)].push_back(i);
-    }
-  }
 }
 
 RunOpinion::~RunOpinion() = default;
 
-bool RunOpinion::is_held_at(const MemberChain& chain, model::Number node) const {
-  const std::vector<std::size_t>& meeting = node_elements_[model_.nodes.position(node)];
-  return std::ranges::any_of(meeting, [&](std::size_t element) {
-    return std::ranges::find(chain.elements, element) == chain.elements.end();
-  });
-}
-
 ElementFacts RunOpinion::facts_of(const MemberChain& chain, const model::Element& element) const {
-  const std::size_t last = chain.elements.size() - 1;
-  const auto end_node = [&](std::size_t i, bool start) {
+  std::vector<model::Number> numbers;
+  for (const std::size_t place : chain.elements) {
+    numbers.push_back(model_.elements[place].number);
+  }
+  const auto is_held = [&](std::size_t i, bool start) {
     const bool first_node = start != chain.reversed[i];
-    return model_.elements[chain.elements[i]].nodes[first_node ? 0 : 1];
+    const model::Number node = model_.elements[chain.elements[i]].nodes[first_node ? 0 : 1];
+    return model::meets_others(model_, connectivity_, node, numbers, model::Meeting::beams);
   };
   const model::Section& section = *model_.sections.find(element.section);
   return {.shear_centre_y = section::properties_of(section).shear_centre_y,
-          .end_is_held = {is_held_at(chain, end_node(0, true)),
-                          is_held_at(chain, end_node(last, false))}};
+          .end_is_held = {is_held(0, true), is_held(chain.elements.size() - 1, false)}};
 }
 
 void RunOpinion::start(std::uint32_t number) {
@@ -189,9 +182,10 @@ void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
                              const model::CaseForces& forces) {
   places_.clear();
   if (!inner_.has_peaks(current_->place)) return;
+  AluDgnSectForce force = section_force(place);
+  ask_for_torsion_above(opinion.least_torsion_stress(force, unchecked_.worst_torsion()));
   inner_.peaks(current_->place, place.combination, side_of(place.min_side), forces,
                current_->weights, places_);
-  AluDgnSectForce force = section_force(place);
   Place here = place;
   for (const forces::PlaceForces& at : places_) {
     std::ranges::copy(at.forces, force.dForce);
@@ -202,6 +196,11 @@ void RunOpinion::ask_between(ElementOpinion& opinion, const Place& place,
     keep(ratio, here);
     unchecked_.note(here, PlaceKind::between, opinion, force, code);
   }
+}
+
+/// Of torsion a run tells the worst ratio alone, so that peaks below it need not be looked for.
+void RunOpinion::ask_for_torsion_above(double stress) {
+  for (forces::Weights& weights : current_->weights) weights.least_torsion = stress;
 }
 
 void RunOpinion::ask_member(ElementOpinion& opinion, const Place& place,
@@ -249,12 +248,11 @@ void RunOpinion::finish(const T_RALU_D& governing) {
   unchecked_.finish_element();
   const std::unique_ptr<Current> done = std::move(current_);
   if (!done->any) return;
-  bool any = false;
+  std::optional<double>& code = done->worst.code;
   for (const T_RALU_ITEM& check : governing.aComp) {
     if (!services::was_judged(check.dDemand, check.dCapacity)) continue;
     const double ratio = std::isfinite(check.dDemand) ? check.Ratio() : check.dDemand;
-    if (!any || !std::isfinite(ratio) || ratio > done->worst.code) done->worst.code = ratio;
-    any = true;
+    if (!code || !std::isfinite(ratio) || ratio > *code) code = ratio;
     if (!std::isfinite(ratio)) break;
   }
   result_.elements.push_back(done->worst);

@@ -10,6 +10,7 @@
 
 #include "aluframe/forces/inner_forces.h"
 #include "aluframe/model/combinations.h"
+#include "aluframe/model/members.h"
 #include "aluframe/model/model.h"
 #include "aluframe/second_opinion/element_opinion.h"
 #include "aluframe/second_opinion/member_extremes.h"
@@ -21,7 +22,7 @@ namespace aluframe::second_opinion {
 
 /// The second opinion of one element over all combinations and places.
 struct ElementSafe {
-  double code = 0.0;  ///< worst ratio of the checks; not finite where one is not
+  std::optional<double> code;  ///< worst ratio of the checks; not finite where one is not
   double safe = 0.0;
   int item = 0;  ///< RALU_ITEM_TYPE of the safe ratio
   RuleSet rules;
@@ -68,20 +69,20 @@ class RunOpinion : public services::RunObserver {
                      const T_RALU_D& record);
   void ask_between(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
   void ask_member(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
+  void ask_for_torsion_above(double stress);
   void keep(const SafeRatio& ratio, const Place& place);
   AluDgnSectForce section_force(const Place& place) const;
-  bool is_held_at(const MemberChain& chain, model::Number node) const;
   ElementFacts facts_of(const MemberChain& chain, const model::Element& element) const;
   AluDgnEndForce end_moments(const Place& place, const model::CaseForces& own) const;
 
   const model::Model& model_;
   model::CombinationEvaluator evaluator_;
+  model::Connectivity connectivity_;
   std::vector<bool> is_seismic_;  ///< by place of the combination
   MemberExtremes extremes_;
   forces::InnerForces inner_;
   std::vector<forces::PlaceForces> places_;  ///< kept, so that a record allocates nothing
   Engine engine_;
-  std::vector<std::vector<std::size_t>> node_elements_;  ///< beams at each node
   std::unique_ptr<Current> current_;
   AluDgnEndForce end_;  ///< of the member, for the record at hand
   UncheckedForces unchecked_;

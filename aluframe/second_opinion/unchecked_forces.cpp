@@ -75,6 +75,11 @@ void UncheckedForces::note_kind(Unchecked::Kind kind, double magnitude, const Pl
   }
 }
 
+double UncheckedForces::worst_torsion() const {
+  const auto found = std::ranges::find(kinds_, Unchecked::Kind::torsion, &Unchecked::kind);
+  return found == kinds_.end() ? 0.0 : found->ratio.value_or(0.0);
+}
+
 void UncheckedForces::finish_element() {
   for (Largest& largest : largest_) {
     if (largest.between.magnitude > largest.at_positions * (1.0 + rounding)) {

@@ -48,6 +48,8 @@ class UncheckedForces {
   /// The element has no more places.
   void finish_element();
 
+  /// The worst ratio of torsion so far; 0 without one.
+  double worst_torsion() const;
   /// Kinds that were met.
   const std::vector<Unchecked>& kinds() const { return kinds_; }
   const std::vector<UncheckedBetween>& between() const { return between_; }

@@ -72,10 +72,9 @@ std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
   fs::resize_file(report, size, error);
   if (failed != 0) return reason_of(failed);
   const std::string lost = std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
-  const std::string writing_failed = "writing failed for a moment, in " + lost + "; try again";
-  if (is_utf8_environment()) return writing_failed;
-  return writing_failed + ", or with LC_ALL=C.UTF-8 if a name has a character that the " +
-         "environment's character set lacks";
+  if (is_utf8_environment()) return "writing failed for a moment, in " + lost + "; try again";
+  return "a character that the environment's character set lacks, in " + lost +
+         " (LC_ALL=C.UTF-8 has them all), or writing failed for a moment";
 }
 
 ReportedElements reported_elements(const fs::path& path) {

@@ -107,17 +107,18 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
 }
 
 /// What a report that is not whole holds stays beside its place.
-void leave(files::Publication& report, ReportSummary& summary) {
+void leave(files::Publication& report, const std::filesystem::path& path, ReportSummary& summary) {
   std::error_code ignored;
   const auto size = std::filesystem::file_size(report.path(), ignored);
-  summary.failure =
-      report.destination().string() + ": the report is incomplete: " + summary.failure;
+  summary.failure = path.string() + ": the report is incomplete: " + summary.failure;
   if (ignored || size == 0) return;
   summary.failure += "; what was written is in " + report.path().filename().string();
   report.keep();
 }
 
+/// @param path of the report as the user has it
 ReportSummary write_and_publish(Session& session, files::Publication& report,
+                                const std::filesystem::path& path,
                                 const std::filesystem::path& result_path) {
   ReportSummary summary;
   try {
@@ -126,7 +127,7 @@ ReportSummary write_and_publish(Session& session, files::Publication& report,
   } catch (const std::exception& error) {
     summary = failed(files::error_text(error));
   }
-  if (summary.outcome == RunOutcome::failed) leave(report, summary);
+  if (summary.outcome == RunOutcome::failed) leave(report, path, summary);
   summary.assertions = session.monitor().assertions();
   summary.assertions.erase(no_stored_result);
   return summary;
@@ -161,7 +162,7 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
   } catch (const std::exception& error) {
     return failed(files::error_text(error));
   }
-  return write_and_publish(session, *report, result_path);
+  return write_and_publish(session, *report, path, result_path);
 }
 
 }  // namespace aluframe::services

@@ -65,7 +65,7 @@ bool was_left_out(const Unchecked& force, const T_RALU_SECT& result) {
 
 /// Checks are chosen by axial force and bending; shear or torsion alone calls for none.
 bool has_force_state(const std::array<float, 6>& force) {
-  return acts(force[model::axial]) || acts(force[model::about_y]) || acts(force[model::about_z]);
+  return acts(force[model::axial_force]) || acts(force[model::about_y]) || acts(force[model::about_z]);
 }
 
 }  // namespace

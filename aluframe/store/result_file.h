@@ -103,10 +103,10 @@ struct NotChecked {
 /// right, beside what the checks have.
 struct SafeRow {
   std::uint32_t element = 0;
-  double code = 0.0;  ///< worst ratio of the checks
-  double safe = 0.0;  ///< never below `code`
-  int item = 0;       ///< RALU_ITEM_TYPE of the safe ratio
-  std::string rules;  ///< "C1, S6": what makes it differ; empty: nothing does
+  std::optional<double> code;  ///< worst ratio of the checks; nothing: no check has one
+  double safe = 0.0;           ///< never below `code`
+  int item = 0;                ///< RALU_ITEM_TYPE of the safe ratio
+  std::string rules;           ///< "C1, S6": what makes it differ; empty: nothing does
   std::uint32_t combination = 0;
   int min_side = 0;
   /// Part of the element's length from its start; nothing: the whole member together.

@@ -135,10 +135,16 @@ class FileReader : public ResultReader {
     return column.isNull() ? std::numeric_limits<double>::quiet_NaN() : column.getDouble();
   }
 
+  /// NULL: no check has a ratio. Where it is no number, the safe ratio is none either.
+  static std::optional<double> code_ratio(const SQLite::Column& code, const SQLite::Column& safe) {
+    if (code.isNull() && !safe.isNull()) return std::nullopt;
+    return number(code);
+  }
+
   static SafeRow safe_row(SQLite::Statement& select) {
     const SQLite::Column fraction = select.getColumn(7);
     return {.element = select.getColumn(0).getUInt(),
-            .code = number(select.getColumn(1)),
+            .code = code_ratio(select.getColumn(1), select.getColumn(2)),
             .safe = number(select.getColumn(2)),
             .item = select.getColumn(3).getInt(),
             .rules = stored_line(select.getColumn(4)),

@@ -189,7 +189,9 @@ void RowWriter::bind_largest(const std::optional<LargestForce>& largest) {
 void RowWriter::add(const SafeRow& row) {
   bind_or_null(insert_safe_, 9, row.fraction);
   insert_safe_.bind(10, row.from_start);
-  run(insert_safe_, row.element, row.code, row.safe,
+  // SQLite keeps what is no number as NULL, as it keeps no ratio.
+  const double no_ratio = std::numeric_limits<double>::quiet_NaN();
+  run(insert_safe_, row.element, row.code.value_or(no_ratio), row.safe,
       item_names.at(static_cast<std::size_t>(row.item)), row.item, row.rules, row.combination,
       row.min_side);
   count(sizeof(row));

@@ -78,39 +78,56 @@ std::string subject_name(const AnalysisView& view, model::Number number) {
                                         : view.model->load_cases.find(number)->name;
 }
 
-OutputTable summary_table(const AnalysisView& view) {
-  const io::Scales scales(view.units);
-  OutputTable table;
-  table.columns = {subject_column(view),
-                   {.key = "name", .heading = "name"},
-                   {.key = "node", .heading = "node"},
-                   {.key = "largest_displacement",
-                    .heading = fmt::format("displacement {}", model::name_of(view.units.length)),
-                    .decimals = length_decimals(view.units.length)}};
+std::vector<Column> summary_columns(const AnalysisView& view) {
+  std::vector<Column> columns{
+      subject_column(view),
+      {.key = "name", .heading = "name"},
+      {.key = "node", .heading = "node"},
+      {.key = "largest_displacement",
+       .heading = fmt::format("displacement {}", model::name_of(view.units.length)),
+       .decimals = length_decimals(view.units.length)}};
   for (std::size_t i = 0; i < 3; ++i) {
-    table.columns.push_back(force_column(reaction_names[i], i, view.units));
-    table.columns.back().heading = "sum of " + table.columns.back().heading;
+    columns.push_back(force_column(reaction_names[i], i, view.units));
+    columns.back().heading = "sum of " + columns.back().heading;
   }
-  table.columns.push_back({.key = "residual", .heading = "residual", .is_scientific = true});
-  table.columns.push_back({.key = "force_error", .heading = "force error", .is_scientific = true});
-  if (view.analysis->second_order)
-    table.columns.push_back({.key = "iterations", .heading = "iterations"});
+  columns.push_back({.key = "residual", .heading = "residual", .is_scientific = true});
+  columns.push_back({.key = "force_error", .heading = "force error", .is_scientific = true});
+  if (view.analysis->second_order) {
+    columns.push_back({.key = "iterations", .heading = "iterations"});
+  }
+  return columns;
+}
+
+analysis::Vector3 sum_of(const std::vector<analysis::Reaction>& reactions) {
+  analysis::Vector3 sum{};
+  for (const analysis::Reaction& reaction : reactions) {
+    for (std::size_t i = 0; i < 3; ++i) sum[i] += reaction.value[i];
+  }
+  return sum;
+}
+
+std::vector<Cell> summary_row(const AnalysisView& view, std::size_t subject) {
+  const io::Scales scales(view.units);
+  const auto& answer = view.analysis->answers[subject];
+  const analysis::CaseResult& result = answer.result;
+  const model::Number number = view.analysis->subjects[subject];
+  const LargestMove move = largest_move(result);
+  std::vector<Cell> row{whole(number), subject_name(view, number),
+                        whole(view.model->nodes[move.node].number), move.distance / scales.length};
+  for (const double value : sum_of(result.reactions)) row.emplace_back(value / scales.force);
+  row.emplace_back(std::max(result.equilibrium.nodes, result.equilibrium.whole));
+  row.emplace_back(result.equilibrium.force_error);
+  if (view.analysis->second_order) {
+    row.push_back(whole(static_cast<std::size_t>(answer.iterations)));
+  }
+  return row;
+}
+
+OutputTable summary_table(const AnalysisView& view) {
+  OutputTable table;
+  table.columns = summary_columns(view);
   for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
-    const analysis::CaseResult& result = view.analysis->answers[s].result;
-    const LargestMove move = largest_move(result);
-    std::vector<Cell> row{
-        whole(view.analysis->subjects[s]), subject_name(view, view.analysis->subjects[s]),
-        whole(view.model->nodes[move.node].number), move.distance / scales.length};
-    analysis::Vector3 sum{};
-    for (const analysis::Reaction& reaction : result.reactions) {
-      for (std::size_t i = 0; i < 3; ++i) sum[i] += reaction.value[i];
-    }
-    for (const double value : sum) row.emplace_back(value / scales.force);
-    row.emplace_back(std::max(result.equilibrium.nodes, result.equilibrium.whole));
-    row.emplace_back(result.equilibrium.force_error);
-    if (view.analysis->second_order)
-      row.push_back(whole(static_cast<std::size_t>(view.analysis->answers[s].iterations)));
-    table.rows.push_back(std::move(row));
+    table.rows.push_back(summary_row(view, s));
   }
   return table;
 }

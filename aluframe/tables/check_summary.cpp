@@ -79,8 +79,8 @@ std::string worst_text(const model::Model& model, const services::CheckSummary& 
 std::string safe_text(const model::Model& model, const store::SafeRow& row) {
   const std::string rules = row.rules.empty() ? "" : fmt::format(", {}", row.rules);
   return fmt::format("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
-                     item_name(row.item), rules, short_number(row.code), row.element,
-                     place_text(row), combination_text(model, row.combination, row.min_side));
+                     item_name(row.item), rules, code_text(row), row.element, safe_place_text(row),
+                     combination_text(model, row.combination, row.min_side));
 }
 
 std::string safe_over_text(const run::SafeSummary& safe) {
@@ -110,7 +110,7 @@ void add_safe(const model::Model& model, const run::CheckResult& result, Add add
   add("safe_over_1", result.safe ? whole(result.safe->over) : Cell());
   add("safe_over_1_unsaid", result.safe ? whole(result.safe->unsaid) : Cell());
   add("safe_ratio", worst != nullptr ? Cell(worst->safe) : Cell());
-  add("safe_code_ratio", worst != nullptr ? Cell(worst->code) : Cell());
+  add("safe_code_ratio", worst != nullptr && worst->code ? Cell(*worst->code) : Cell());
   add("safe_element", worst != nullptr ? whole(worst->element) : Cell());
   add("safe_item", worst != nullptr ? Cell(std::string(item_name(worst->item))) : Cell());
   add("safe_rules", worst != nullptr ? Cell(worst->rules) : Cell());
@@ -120,6 +120,35 @@ void add_safe(const model::Model& model, const run::CheckResult& result, Add add
   add("safe_combination_name", name);
   add("safe_fraction", worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
   add("remark_count", whole(result.remarks.size()));
+}
+
+/// What the run took.
+template <class Add>
+void add_counts(const services::CheckSummary& summary, Add add) {
+  const auto whole = [](std::uint64_t value) { return Cell(static_cast<std::int64_t>(value)); };
+  add("outcome", std::string(outcome_name(summary.outcome)));
+  add("elements", whole(summary.elements));
+  add("checked_elements", whole(summary.checked_elements));
+  add("combinations", whole(summary.combinations));
+  add("checked_positions", whole(summary.checked_positions));
+  add("records", whole(summary.records));
+  add("seconds", summary.seconds);
+  add("elements_over_1", whole(summary.elements_over_limit));
+}
+
+/// The worst ratio of the checks and where it stands; empty cells without one.
+template <class Add>
+void add_worst(const model::Model& model, const std::optional<services::WorstCheck>& worst,
+               Add add) {
+  const auto text = [](std::string_view value) { return Cell(std::string(value)); };
+  add("worst_ratio", worst ? Cell(worst->check.Ratio()) : Cell());
+  add("worst_element", worst ? Cell(static_cast<std::int64_t>(worst->element)) : Cell());
+  add("worst_item", worst ? text(item_name(worst->item)) : Cell());
+  add("worst_position", worst ? text(position_name(worst->check.nPos)) : Cell());
+  const auto [combination, name] =
+      worst ? combination_cells(model, worst->check.nLComb) : std::pair<Cell, Cell>();
+  add("worst_combination", combination);
+  add("worst_combination_name", name);
 }
 
 /// The run as a table of one row.
@@ -132,23 +161,8 @@ OutputTable summary_table(const run::Input& input, const run::CheckResult& resul
     table.columns.push_back({.key = key, .heading = key});
     row.push_back(std::move(value));
   };
-  add("outcome", std::string(outcome_name(summary.outcome)));
-  add("elements", whole(summary.elements));
-  add("checked_elements", whole(summary.checked_elements));
-  add("combinations", whole(summary.combinations));
-  add("checked_positions", whole(summary.checked_positions));
-  add("records", whole(summary.records));
-  add("seconds", summary.seconds);
-  add("elements_over_1", whole(summary.elements_over_limit));
-  const bool any = summary.worst.has_value();
-  add("worst_ratio", any ? Cell(summary.worst->check.Ratio()) : Cell());
-  add("worst_element", any ? whole(summary.worst->element) : Cell());
-  add("worst_item", any ? Cell(std::string(item_name(summary.worst->item))) : Cell());
-  add("worst_position", any ? Cell(std::string(position_name(summary.worst->check.nPos))) : Cell());
-  const auto [combination, name] =
-      any ? combination_cells(input.model, summary.worst->check.nLComb) : std::pair<Cell, Cell>();
-  add("worst_combination", combination);
-  add("worst_combination_name", name);
+  add_counts(summary, add);
+  add_worst(input.model, summary.worst, add);
   add("not_checked", whole(summary.not_checked.size()));
   add("model_elements", whole(input.model.elements.size()));
   add("model_combinations", whole(design_combinations(input.model)));

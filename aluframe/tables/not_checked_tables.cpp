@@ -40,7 +40,7 @@ std::string largest_text(const run::NotCheckedGroup& group, std::string_view sep
 }
 
 /// "element 2-4, combination 7".
-std::string coverage_text(const run::NotCheckedGroup& group, Lists lists) {
+std::string place_text(const run::NotCheckedGroup& group, Lists lists) {
   std::string out = "element " + shown_list(model::join_as_ranges(group.elements), lists);
   if (!group.combinations.empty()) {
     out += ", combination " + shown_list(model::join_as_ranges(group.combinations), lists);
@@ -81,7 +81,7 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items,
                              const std::vector<store::RemarkRow>& remarks, Lists lists) {
   std::string out = "  not checked\n";
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("    {}: {}{}\n", coverage_text(group, lists), group.reason,
+    out += fmt::format("    {}: {}{}\n", place_text(group, lists), group.reason,
                        largest_text(group, "\n      "));
     const store::RemarkRow* remark = remark_of(group, remarks);
     if (remark != nullptr) {
@@ -120,7 +120,7 @@ std::string not_checked_line(const std::vector<store::NotChecked>& items) {
   std::string out;
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
     out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason,
-                       coverage_text(group, Lists::whole), largest_text(group, "; "));
+                       place_text(group, Lists::whole), largest_text(group, "; "));
   }
   return out;
 }

@@ -13,10 +13,6 @@ namespace aluframe::tables {
 
 namespace {
 
-constexpr std::array<std::string_view, kResultItems> item_names{
-    "strength",           "shear y", "shear z",       "stability",
-    "combined stability", "unused",  "slenderness y", "slenderness z"};
-
 /// Check items with a place in the tables: all but the one that no check fills.
 constexpr std::array shown_items{
     RALU_STRENGTH,           RALU_SHEAR_Y,       RALU_SHEAR_Z,      RALU_STABILITY,
@@ -37,25 +33,6 @@ std::string heading_of(int item) {
     default:
       return std::string(item_name(item));
   }
-}
-
-/// The combination of the model; of a state its envelope.
-std::uint32_t number_of_combination(const store::RunInfo& info, std::uint32_t number) {
-  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
-  return found == info.combinations.end() ? number : found->state_of.value_or(number);
-}
-
-std::string name_of_combination(const store::RunInfo& info, std::uint32_t number) {
-  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
-  return found == info.combinations.end() ? "" : found->name;
-}
-
-/// "3 \"1.2G\""; of a state its envelope and its own name, "7 Extremes: 1.2G".
-std::string combination_text(const store::RunInfo& info, std::uint32_t number) {
-  const std::uint32_t shown = number_of_combination(info, number);
-  const std::string name = name_of_combination(info, number);
-  if (shown != number) return fmt::format("{} {}", shown, name);
-  return name.empty() ? fmt::format("{}", number) : fmt::format("{} \"{}\"", number, name);
 }
 
 /// "max", "min", or nothing for a combination with one side.
@@ -155,49 +132,6 @@ void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::ui
 
 }  // namespace
 
-std::string_view item_name(int item) {
-  return item_names.at(static_cast<std::size_t>(item));
-}
-
-std::string_view position_name(int position) {
-  constexpr std::array<std::string_view, kCheckPositions> names{"I", "1/4", "1/2", "3/4", "J"};
-  return position < 0 || position >= kCheckPositions ? "-"
-                                                     : names[static_cast<std::size_t>(position)];
-}
-
-std::string_view member_type_name(int type) {
-  switch (type) {
-    case 1:
-      return "column";
-    case 2:
-      return "beam";
-    case 3:
-      return "brace";
-    case 5:
-      return "truss";
-    default:
-      return "-";
-  }
-}
-
-std::string_view outcome_name(services::RunOutcome outcome) {
-  switch (outcome) {
-    case services::RunOutcome::complete:
-      return "complete";
-    case services::RunOutcome::nothing_to_check:
-      return "nothing to check";
-    case services::RunOutcome::cancelled:
-      return "cancelled";
-    case services::RunOutcome::failed:
-      break;
-  }
-  return "failed";
-}
-
-std::string short_number(double value) {
-  return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
-}
-
 std::string second_opinion_text(const store::RemarkRow& remark) {
   if (!remark.ratio) return "";
   std::string out = "second opinion " + short_number(*remark.ratio);
@@ -222,43 +156,6 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks, Lists lis
     out += "\n";
   }
   return out.empty() ? out : "  remarks\n" + out;
-}
-
-std::string safe_text(const store::SafeRow& row, const store::RunInfo& info) {
-  const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
-  return fmt::format("Safe ratio {} ({}{}), code ratio {}, {}, combination {}",
-                     short_number(row.safe), item_name(row.item), rules, short_number(row.code),
-                     place_text(row), combination_text(info, row.combination));
-}
-
-OutputTable safe_table(const std::vector<store::SafeRow>& rows, const store::RunInfo& info) {
-  OutputTable table;
-  table.columns = {{.key = "element", .heading = "element"},
-                   {.key = "code_ratio", .heading = "ratio", .decimals = 4, .is_ratio = true},
-                   {.key = "safe_ratio", .heading = "safe", .decimals = 4, .is_ratio = true},
-                   {.key = "item", .heading = "check"},
-                   {.key = "rules", .heading = "rules"},
-                   {.key = "place", .heading = "place"},
-                   {.key = "combination", .heading = "comb"},
-                   {.key = "combination_name", .heading = "name"}};
-  for (const store::SafeRow& row : rows) {
-    table.rows.push_back({whole(row.element), row.code, row.safe, text(item_name(row.item)),
-                          row.rules.empty() ? Cell() : text(row.rules), place_text(row),
-                          whole(number_of_combination(info, row.combination)),
-                          name_of_combination(info, row.combination)});
-  }
-  return table;
-}
-
-std::string place_text(const store::SafeRow& row) {
-  if (!row.fraction) return "whole member";
-  for (int position = 0; position < kCheckPositions; ++position) {
-    if (*row.fraction * (kCheckPositions - 1) == position) {
-      return fmt::format("position {}", position_name(position));
-    }
-  }
-  return fmt::format("{:.0f} mm from the start ({:.3f} of the length)", row.from_start,
-                     *row.fraction);
 }
 
 OutputTable overview_table(const std::vector<run::ElementResult>& elements,

@@ -314,7 +314,7 @@ def interrupted_run(aluframe, number):
 def test_ctrl_c_ends_the_run_cleanly_and_keeps_what_was_stored(aluframe):
     generated(aluframe, 4000, 50)
     assert interrupted_run(aluframe, signal.SIGINT) == 3
-    done = aluframe("results", "large.json", "--format", "csv")
+    done = aluframe("results", "large.aluresult.partial", "--format", "csv")
     assert "stopped before its end" in done.stderr
     rows = list(csv.DictReader(io.StringIO(done.stdout)))
     assert 0 < len({row["element"] for row in rows}) < 4000
@@ -323,4 +323,21 @@ def test_ctrl_c_ends_the_run_cleanly_and_keeps_what_was_stored(aluframe):
 def test_a_killed_run_is_recognisable_as_unfinished(aluframe):
     generated(aluframe, 4000, 50)
     assert interrupted_run(aluframe, signal.SIGKILL) == -signal.SIGKILL
-    assert "did not finish" in aluframe("results", "large.json").stderr
+    assert aluframe("results", "large.json", status=1).stderr == (
+        "large.aluresult: there is no such file yet; large.aluresult.partial holds what a run that is "
+        "going on or ended early has stored\n")
+    assert "did not finish" in aluframe("results", "large.aluresult.partial").stderr
+
+
+def test_a_run_that_is_stopped_leaves_the_earlier_results_and_says_what_stands_where(aluframe):
+    generated(aluframe, 4000, 2)
+    aluframe("check", "large.json")
+    before = (aluframe.folder / "large.aluresult").read_bytes()
+    generated(aluframe, 4000, 50)
+    for number, status in ((signal.SIGTERM, 3), (signal.SIGHUP, 3), (signal.SIGKILL, -9)):
+        assert interrupted_run(aluframe, number) == status
+        assert (aluframe.folder / "large.aluresult").read_bytes() == before
+        assert ("large.aluresult.partial: a later run is going on or ended early; these results are of "
+                "an earlier one") in aluframe("results", "large.json").stderr
+    aluframe("check", "large.json")
+    assert sorted(path.name for path in aluframe.folder.iterdir()) == ["large.aluresult", "large.json"]

@@ -10,6 +10,7 @@ from pathlib import Path
 import pytest
 
 ROOT = Path(__file__).resolve().parents[2]
+os.environ.setdefault("ALUFRAME", str(ROOT / "build" / "release" / "bin" / "aluframe"))
 
 # A pipe 100 × 10 as a beam of 4 m. By hand, mm:
 PIPE_AREA = math.pi / 4 * (100**2 - 80**2)

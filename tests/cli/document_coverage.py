@@ -13,8 +13,8 @@ NOT_RUN = {
 
 # What a page takes as done before its first block, in the folder where its commands run.
 BEFORE = {
-    # A catalogue of the office beside the folder of the model.
-    "docs/sections.md": ["mkdir ../profiles && printf 'name,shape,D\\nRod 21,SR,21\\n' > ../profiles/office.csv"],
+    # A catalogue of the office in the folder of the model.
+    "docs/sections.md": ["mkdir profiles && printf 'name,shape,D\\nRod 21,SR,21\\n' > profiles/office.csv"],
     "docs/result-file.md": ["aluframe check examples/portal-bracket.json"],  # "a check run stores its results"
     "docs/settings.md": ["aluframe check examples/portal-bracket.json"],  # results that get out of date
 }

@@ -60,7 +60,7 @@ def test_an_editor_that_fails_ends_with_status_2_and_keeps_the_report(
     monkeypatch.setenv("VISUAL", command)
     done = frame("report", "frame.json", "--open", status=2)
     assert "--open: " in done.stderr and words in done.stderr
-    assert done.stdout.startswith("Report of 3 elements: frame.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: frame.alu\n")
     assert elements_of(frame) == [1, 1002, 1003]
 
 

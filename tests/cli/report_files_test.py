@@ -128,7 +128,7 @@ def test_a_readable_copy_that_cannot_be_opened_leaves_the_report(frame):
 
 def test_a_path_may_be_in_any_script(frame):
     done = frame("report", "frame.json", "--output", "铝框架 – Größe.alu")
-    assert done.stdout.startswith("Report of 3 elements: 铝框架 – Größe.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: 铝框架 – Größe.alu\n")
     frame("report", "frame.json")
     assert bytes_of(frame, "铝框架 – Größe.alu") == bytes_of(frame, "frame.alu")
 
@@ -198,9 +198,9 @@ def test_a_full_disk_ends_the_run_with_a_clear_message_and_every_finished_block_
     done, reason = run_on_small_disk(frame)
     assert done.returncode == 2, done.stderr
     assert done.stderr == (f"the report failed: disk/frame.alu: the report is incomplete: {reason}; "
-                           "what it holds is as written\n")
+                           "what was written is in frame.alu.partial\n")
     assert done.stdout == ""
-    kept = (frame.folder / "kept" / "frame.alu").read_bytes().decode("utf-8", "ignore")
+    kept = (frame.folder / "kept" / "frame.alu.partial").read_bytes().decode("utf-8", "ignore")
     assert len(blocks_of(kept)) > 3
     for block in blocks_of(kept)[:-1]:
         assert block in blocks_of(whole)

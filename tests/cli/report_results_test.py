@@ -28,7 +28,7 @@ def test_elements_that_were_never_checked_are_checked_now_and_stored(frame):
     whole = frame.json("results", "frame.json")
     frame("check", "frame.json", "--elements", "1")
     done = frame("report", "frame.json")
-    assert done.stdout.startswith("Report of 3 elements: frame.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: frame.alu\n")
     assert done.stderr.startswith(
         "checked for the report and added to frame.aluresult: element 1002-1003\n")
     assert text_of(frame) == text_of(frame, "whole.alu")
@@ -63,7 +63,7 @@ def test_an_element_without_forces_is_left_out_and_named(frame):
     frame("check", "frame.json")
     done = frame("report", "frame.json")
     assert elements_of(frame) == [1, 1003]
-    assert done.stdout.startswith("Report of 2 elements: frame.alu\n")
+    assert done.stdout.startswith("Report of 2 elements, complete: frame.alu\n")
     assert done.stderr == "without results: element 1002\n"
 
 

@@ -124,18 +124,18 @@ def row_of_moving_load(frame, code):
 
 def test_the_path_of_the_report_is_told(frame):
     done = frame("report", "frame.json")
-    assert done.stdout.startswith("Report of 3 elements: frame.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: frame.alu\n")
     assert done.stderr == ""
 
 
 def test_one_element_is_told_as_one(frame):
     assert frame("report", "frame.json", "--elements", "1002").stdout.startswith(
-        "Report of 1 element: frame.alu\n")
+        "Report of 1 element, complete: frame.alu\n")
 
 
 def test_the_report_goes_where_it_is_wanted(frame):
     done = frame("report", "frame.json", "--output", "columns of axis A.alu")
-    assert done.stdout.startswith("Report of 3 elements: columns of axis A.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: columns of axis A.alu\n")
     assert elements_of(frame, "columns of axis A.alu") == [1, 1002, 1003]
     assert not (frame.folder / "frame.alu").exists()
 
@@ -180,7 +180,7 @@ def test_a_report_leaves_model_and_results_as_they_are(frame):
 
 def test_a_readable_copy_has_the_chinese_titles(frame):
     done = frame("report", "frame.json", "--readable", "frame.txt")
-    assert done.stdout.startswith("Report of 3 elements: frame.alu\n")
+    assert done.stdout.startswith("Report of 3 elements, complete: frame.alu\n")
     assert done.stdout.endswith("Readable copy: frame.txt\n")
     # The second opinion behind it is no part of the report.
     readable = text_of(frame, "frame.txt").partition("\n\nSecond opinion (")[0]

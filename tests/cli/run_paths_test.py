@@ -31,9 +31,9 @@ def test_every_search_path_begins_where_the_file_stands():
     files = programs_and_libraries()
     assert BUILD / "bin" / "aluframe" in files
     assert searched_folders(BUILD / "bin" / "aluframe") != []
-    wrong = {path.name: folders for path in files
-             if not all(folder.startswith("$ORIGIN") for folder in (folders := searched_folders(path)))}
-    assert wrong == {}
+    searched = {path.name: searched_folders(path) for path in files}
+    assert {name: folders for name, folders in searched.items()
+            if not all(folder.startswith("$ORIGIN") for folder in folders)} == {}
 
 
 @pytest.mark.parametrize("library", ["libtz_alu.so.0", "libaluhost.so.0"])

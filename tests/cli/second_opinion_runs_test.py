@@ -74,6 +74,7 @@ def test_peaks_between_positions_have_one_remark_a_run(aluframe):
     model["combinations"][0]["terms"] += [{"case": 2}, {"case": 3}]
     remark, = of_kind(aluframe, model, "P")
     assert "given forces of load case 3 follow from no load" in remark["text"]
+    assert "five positions is unknown (element 1); given" in remark["text"]
     assert "given forces of load case 1-2 do not follow from loads of the model" in remark["text"]
     aluframe("check", "frame.json", "--combinations", "1")
     aluframe("report", "frame.json")

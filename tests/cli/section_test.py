@@ -242,13 +242,25 @@ def test_a_report_refuses_results_of_a_profile_that_has_changed(aluframe, pipe_b
     assert "frame.aluresult: holds results of another state of the model" in done.stderr
 
 
+def test_a_catalogue_that_is_missing_is_told_as_such(aluframe, pipe_beam):
+    pipe_beam["catalogues"] = ["profiles/office.csv"]
+    aluframe.write(pipe_beam)
+    assert aluframe("validate", "frame.json", status=1).stderr.startswith(
+        "frame.json: /catalogues/0: profiles/office.csv: cannot be opened")
+
+
 def test_settings_of_a_model_with_a_catalogue_in_another_folder_can_be_changed(aluframe, pipe_beam):
     (aluframe.folder / "job").mkdir()
     aluframe.write(CATALOGUE, "mine.csv")
     pipe_beam["catalogues"] = ["../mine.csv"]
     pipe_beam["sections"] = [{"number": 1, "profile": "Rail"}]
     aluframe.write(pipe_beam, "job/frame.json")
-    aluframe("settings", "job/frame.json", "--set", "safety-class=1")
+    before = (aluframe.folder / "job" / "frame.json").read_bytes()
+    refused = aluframe("settings", "job/frame.json", "--set", "safety-class=1", status=1).stderr
+    assert refused == ('job/frame.json: /catalogues/0: found "../mine.csv", which lies outside of the '
+                       "model's folder; --allow-outside reads it all the same\n")
+    assert (aluframe.folder / "job" / "frame.json").read_bytes() == before
+    aluframe("settings", "job/frame.json", "--set", "safety-class=1", "--allow-outside")
     written = json.loads((aluframe.folder / "job" / "frame.json").read_text(encoding="utf-8"))
     assert written["sections"] == [{"number": 1, "profile": "Rail"}]
     assert written["catalogues"] == ["../mine.csv"]
@@ -288,4 +300,4 @@ def test_a_bad_catalogue_is_named_with_its_line(aluframe):
 
 def test_a_drawing_that_cannot_be_written_fails_the_command(aluframe):
     done = aluframe("section", "P 60x5", "--svg", "no/such/folder.svg", status=2)
-    assert done.stderr == "no/such/folder.svg: cannot be written\n"
+    assert done.stderr == "no/such/folder.svg: cannot be written: No such file or directory\n"

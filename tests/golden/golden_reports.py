@@ -15,6 +15,7 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "cli"))
+os.environ.setdefault("ALUFRAME", str(ROOT / "build" / "release" / "bin" / "aluframe"))
 
 from report_checks import findings  # noqa: E402
 from report_grammar import STORED  # noqa: E402

@@ -204,7 +204,7 @@ TEST_F(CheckRun, CancellingKeepsTheFirstElementsRecordsAndSaysSo) {
   const services::CheckSummary summary = services::run_check(model_, cancelled);
   EXPECT_EQ(summary.outcome, services::RunOutcome::cancelled);
   EXPECT_TRUE(listener.ended_);
-  const auto reader = store::ResultReader::open(options().result_path);
+  const auto reader = store::ResultReader::open(store::partial_path_of(options().result_path));
   EXPECT_EQ(reader->state(), store::RunState::cancelled);
   EXPECT_EQ(reader->elements(), std::vector<std::uint32_t>{1});
   EXPECT_EQ(reader->read_all(1).size(), 5U);

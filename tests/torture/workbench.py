@@ -14,7 +14,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-PROGRAM = os.environ["ALUFRAME"]
+PROGRAM = os.environ.get("ALUFRAME", str(ROOT / "build" / "release" / "bin" / "aluframe"))
 IS_LONG = os.environ.get("TORTURE", "short") == "long"
 TIME_LIMIT = 120  # seconds, for one run; sanitizers included
 RESULTS, REPORT, COPY = "frame.aluresult", "frame.alu", "frame.txt"

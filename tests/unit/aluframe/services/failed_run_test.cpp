@@ -79,14 +79,16 @@ TEST_F(FailedRunTest, ADiskThatFillsUpIsAFailureWithItsReason) {
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
   EXPECT_EQ(summary.failure, "disk full");
   EXPECT_EQ(summary.records, 2U);
-  EXPECT_EQ(state(), store::RunState::failed);
+  EXPECT_EQ(store::ResultReader::open(store::partial_path_of(options().result_path))->state(),
+            store::RunState::failed);
 }
 
 TEST_F(FailedRunTest, ARunWhoseListOfUncheckedElementsIsLostHasFailed) {
   const CheckSummary summary = run_with(Fault::not_checked);
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
   EXPECT_EQ(summary.failure, "disk full");
-  EXPECT_EQ(state(), store::RunState::failed);
+  EXPECT_EQ(store::ResultReader::open(store::partial_path_of(options().result_path))->state(),
+            store::RunState::failed);
 }
 
 TEST_F(FailedRunTest, ARunWhoseFileCannotBeFinishedHasFailed) {

@@ -67,7 +67,8 @@ TEST_F(SecondOpinionRows, ARatioThatIsNotFiniteComesBack) {
   write_safe({undefined, endless});
   const auto found = safe();
   ASSERT_EQ(found.size(), 2U);
-  EXPECT_TRUE(std::isnan(found[0].code) && std::isnan(found[0].safe));
+  ASSERT_TRUE(found[0].code.has_value());
+  EXPECT_TRUE(std::isnan(*found[0].code) && std::isnan(found[0].safe));
   EXPECT_EQ(found[1].code, infinite);
   EXPECT_EQ(found[1].safe, infinite);
 }
@@ -77,6 +78,15 @@ TEST_F(SecondOpinionRows, AnElementThatComesAgainReplacesItsRow) {
   again.safe = 2.0;
   write_safe({sample_row(1), again});
   EXPECT_EQ(safe(), std::vector{again});
+}
+
+TEST_F(SecondOpinionRows, ARatioThatNoCheckHasIsNull) {
+  SafeRow row = sample_row(1);
+  row.code = std::nullopt;
+  write_safe({row});
+  EXPECT_EQ(safe(), std::vector{row});
+  SQLite::Database database(folder.file().string());
+  EXPECT_TRUE(database.execAndGet("SELECT code_ratio FROM safe").isNull());
 }
 
 TEST_F(SecondOpinionRows, GoverningValuesStandInPlainColumns) {

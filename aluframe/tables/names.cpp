@@ -1,0 +1,74 @@
+#include "aluframe/tables/names.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "aluframe/tables/output_table.h"
+
+namespace aluframe::tables {
+
+namespace {
+
+constexpr std::array<std::string_view, kResultItems> item_names{
+    "strength",           "shear y", "shear z",       "stability",
+    "combined stability", "unused",  "slenderness y", "slenderness z"};
+
+}  // namespace
+
+std::string_view item_name(int item) {
+  return item_names.at(static_cast<std::size_t>(item));
+}
+
+std::string_view position_name(int position) {
+  constexpr std::array<std::string_view, kCheckPositions> names{"I", "1/4", "1/2", "3/4", "J"};
+  return position < 0 || position >= kCheckPositions ? "-"
+                                                     : names[static_cast<std::size_t>(position)];
+}
+
+std::string_view member_type_name(int type) {
+  switch (type) {
+    case 1:
+      return "column";
+    case 2:
+      return "beam";
+    case 3:
+      return "brace";
+    case 5:
+      return "truss";
+    default:
+      return "-";
+  }
+}
+
+std::string_view outcome_name(services::RunOutcome outcome) {
+  switch (outcome) {
+    case services::RunOutcome::complete:
+      return "complete";
+    case services::RunOutcome::nothing_to_check:
+      return "nothing to check";
+    case services::RunOutcome::cancelled:
+      return "cancelled";
+    case services::RunOutcome::failed:
+      break;
+  }
+  return "failed";
+}
+
+std::string short_number(double value) {
+  return std::isfinite(value) ? fmt::format("{:.4f}", value) : full_number(value);
+}
+
+std::uint32_t number_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? number : found->state_of.value_or(number);
+}
+
+std::string name_of_combination(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found == info.combinations.end() ? "" : found->name;
+}
+
+}  // namespace aluframe::tables
