@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 
 #include "aluframe/files/file_lock.h"
@@ -26,9 +27,11 @@ class Publication {
   explicit Publication(const std::filesystem::path& destination,
                        WhenBusy when_busy = WhenBusy::refuse);
   /// The new file has a name of its own in the destination's folder, for a part of it to be kept.
-  /// What stands there is removed.
+  /// What stands there is removed, unless `require` throws on its path; it is asked when no other
+  /// run can be writing there any more.
   Publication(const std::filesystem::path& destination, const std::filesystem::path& new_name,
-              WhenBusy when_busy);
+              WhenBusy when_busy,
+              const std::function<void(const std::filesystem::path&)>& require = {});
   /// Removes the new file unless it was published or kept.
   ~Publication();
   Publication(const Publication&) = delete;

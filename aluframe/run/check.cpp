@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -25,6 +26,16 @@ std::unique_ptr<store::ResultWriter> wait_and_create(
   }
 }
 
+std::unique_ptr<store::ResultWriter> create(const fs::path& path, const store::RunInfo& info,
+                                            const CheckOptions& options) {
+  auto writer = options.when_busy == files::WhenBusy::wait
+                    ? wait_and_create(path, info, options.message)
+                    : store::ResultWriter::create(path, info);
+  if (!options.objection) return writer;
+  if (const auto objection = options.objection()) throw std::runtime_error(*objection);
+  return writer;
+}
+
 fs::path stored_at(const fs::path& results, const services::CheckSummary& summary) {
   if (summary.records == 0) return {};
   if (summary.outcome == services::RunOutcome::complete) return results;
@@ -40,11 +51,9 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   session.language = options.language;
   session.progress = options.progress;
   session.message = options.message;
-  if (options.when_busy == files::WhenBusy::wait) {
-    session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {
-      return wait_and_create(path, info, options.message);
-    };
-  }
+  session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {
+    return create(path, info, options);
+  };
   CheckResult result;
   std::vector<store::NotChecked> between;
   std::optional<second_opinion::RunOpinion> opinion;

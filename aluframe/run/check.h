@@ -20,6 +20,9 @@ struct CheckOptions {
   SecondOpinion second_opinion = SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
+  /// What speaks against the place of the result file, or nothing. Asked when no other run can
+  /// write there any more: what that run has left may not be what stood there before.
+  std::function<std::optional<std::string>()> objection = {};
 };
 
 /// What a check came to.

@@ -5,7 +5,6 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -85,7 +84,15 @@ std::string read_file(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file)
     throw std::runtime_error("cannot be opened: " + std::generic_category().message(errno));
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::string text;
+  std::string block(std::size_t{1} << 20, '\0');
+  while (file) {
+    file.read(block.data(), static_cast<std::streamsize>(block.size()));
+    text.append(block, 0, static_cast<std::size_t>(file.gcount()));
+  }
+  if (file.bad())
+    throw std::runtime_error("cannot be read: " + std::generic_category().message(errno));
+  return text;
 }
 
 template <class Action>

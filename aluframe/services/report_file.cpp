@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 
@@ -98,6 +99,7 @@ ReportedElements reported_elements(const fs::path& path) {
       elements.without_last_verdict.pop_back();
     }
   }
+  if (file.bad()) throw std::runtime_error("cannot be read back: " + reason_of(errno));
   return elements;
 }
 

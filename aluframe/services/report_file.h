@@ -19,7 +19,7 @@ struct ReportedElements {
   std::vector<std::uint32_t> without_last_verdict;
 };
 
-/// The elements of a report.
+/// The elements of a report. @throws std::runtime_error with the reason when it cannot be read back
 ReportedElements reported_elements(const std::filesystem::path& path);
 
 }  // namespace aluframe::services

@@ -16,8 +16,11 @@ namespace aluframe::store {
 
 namespace {
 
-/// Every table, in an order of its rows that does not depend on how they lie in the file.
+/// How the tables are defined, and every table, in an order of its rows that does not depend on how
+/// they lie in the file.
 constexpr const char* all_rows[] = {
+    "SELECT name, sql FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' "
+    "ORDER BY name",
     "SELECT * FROM run",
     "SELECT * FROM setting ORDER BY sequence",
     "SELECT * FROM combination ORDER BY sequence",

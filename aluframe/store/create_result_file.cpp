@@ -56,8 +56,8 @@ std::unique_ptr<ResultWriter> start(const fs::path& path, const RunInfo& info,
                                     files::WhenBusy when_busy) {
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
     const fs::path partial = partial_path_of(files::link_target(path));
-    require_no_other_file(partial);
-    auto file = std::make_unique<files::Publication>(path, partial.filename(), when_busy);
+    auto file = std::make_unique<files::Publication>(path, partial.filename(), when_busy,
+                                                     require_no_other_file);
     require_replaceable(file->destination());
     lay_out_file(file->path(), info);
     return std::make_unique<QueuedResultWriter>(path, std::move(file), Unfinished::is_kept);

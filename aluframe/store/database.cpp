@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/store/schema.h"
 
 namespace aluframe::store {
@@ -51,6 +52,15 @@ void require_not_protected(const fs::path& path) {
 }
 
 }  // namespace
+
+std::string reason_of(const std::exception& error) {
+  const auto* database = dynamic_cast<const SQLite::Exception*>(&error);
+  if (database != nullptr && database->getErrorCode() == SQLITE_CORRUPT) {
+    return "is damaged or cannot be read; check the model again";  // SQLite shows its own
+                                                                   // statements
+  }
+  return files::error_text(error);
+}
 
 SQLite::Database open_for_writing(const fs::path& path) {
   // Whoever writes sees to it that one thread at a time does, so SQLite need not.

@@ -2,17 +2,20 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 
-#include "aluframe/files/error_text.h"
 #include "aluframe/files/file_lock.h"
 
 namespace aluframe::store {
 
 /// How long a call waits for another program that holds the file locked.
 inline constexpr int lock_timeout_ms = 30'000;
+
+/// What went wrong, in a line for the user.
+std::string reason_of(const std::exception& error);
 
 /// Runs `action`. What it throws is thrown on with the file that it was about.
 template <class Action>
@@ -22,7 +25,7 @@ auto about_file(const std::filesystem::path& path, Action action) {
   } catch (const files::FileBusy& error) {
     throw files::FileBusy(path.string() + ": " + error.what());
   } catch (const std::exception& error) {
-    throw std::runtime_error(path.string() + ": " + files::error_text(error));
+    throw std::runtime_error(path.string() + ": " + reason_of(error));
   }
 }
 

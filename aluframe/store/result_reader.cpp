@@ -7,6 +7,7 @@
 #include "aluframe/store/result_file.h"
 #include "aluframe/store/row_query.h"
 #include "aluframe/store/schema.h"
+#include "aluframe/store/stored_text.h"
 
 namespace aluframe::store {
 
@@ -119,12 +120,12 @@ class FileReader : public ResultReader {
     const SQLite::Column combination = select.getColumn(1);
     return {select.getColumn(0).getUInt(),
             combination.isNull() ? std::nullopt : std::optional(combination.getUInt()),
-            select.getColumn(2).getString(), largest_force(select)};
+            stored_line(select.getColumn(2)), largest_force(select)};
   }
 
   static std::optional<LargestForce> largest_force(SQLite::Statement& select) {
     if (select.getColumn(3).isNull()) return std::nullopt;
-    return LargestForce{select.getColumn(3).getString(), select.getColumn(4).getDouble(),
+    return LargestForce{stored_line(select.getColumn(3)), select.getColumn(4).getDouble(),
                         select.getColumn(5).getInt(), select.getColumn(6).getUInt(),
                         select.getColumn(7).getInt()};
   }
@@ -146,7 +147,7 @@ class FileReader : public ResultReader {
             .code = code_ratio(select.getColumn(1), select.getColumn(2)),
             .safe = number(select.getColumn(2)),
             .item = select.getColumn(3).getInt(),
-            .rules = select.getColumn(4).getString(),
+            .rules = stored_line(select.getColumn(4)),
             .combination = select.getColumn(5).getUInt(),
             .min_side = select.getColumn(6).getInt(),
             .fraction = fraction.isNull() ? std::nullopt : std::optional(fraction.getDouble()),
@@ -159,9 +160,9 @@ class FileReader : public ResultReader {
       return column.isNull() ? std::nullopt : std::optional(column.getUInt());
     };
     const SQLite::Column ratio = select.getColumn(3);
-    return {.kind = select.getColumn(0).getString(),
-            .elements = select.getColumn(1).getString(),
-            .text = select.getColumn(2).getString(),
+    return {.kind = stored_line(select.getColumn(0)),
+            .elements = stored_line(select.getColumn(1)),
+            .text = stored_line(select.getColumn(2)),
             .ratio = ratio.isNull() ? std::nullopt : std::optional(ratio.getDouble()),
             .element = whole(4),
             .combination = whole(5)};

@@ -61,7 +61,11 @@ QueuedResultWriter::~QueuedResultWriter() {
 
 void QueuedResultWriter::leave_file() {
   if (publication_ == nullptr) return;
-  if (unfinished_ == Unfinished::is_kept && records_ > 0) publication_->keep();
+  if (unfinished_ == Unfinished::is_kept && records_ > 0) {
+    publication_->keep();
+  } else {
+    succeeds([this] { remove_side_files(publication_->path()); });
+  }
   publication_.reset();
 }
 

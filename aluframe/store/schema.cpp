@@ -5,6 +5,7 @@
 #include <string>
 
 #include "aluframe/store/content_digest.h"
+#include "aluframe/store/stored_text.h"
 
 namespace aluframe::store {
 
@@ -160,7 +161,7 @@ std::vector<CombinationRow> load_combinations(SQLite::Database& database) {
       "SELECT number, name, two_sides, seismic, state_of FROM combination ORDER BY sequence");
   while (select.executeStep()) {
     CombinationRow row{.number = select.getColumn(0).getUInt(),
-                       .name = select.getColumn(1).getString(),
+                       .name = stored_line(select.getColumn(1)),
                        .two_sides = select.getColumn(2).getInt() != 0,
                        .seismic = select.getColumn(3).getInt() != 0};
     if (!select.isColumnNull(4)) row.state_of = select.getColumn(4).getUInt();
@@ -186,11 +187,11 @@ RunInfo load_run(SQLite::Database& database) {
                         "model_file, forces_file, model_elements, model_combinations, "
                         "model_states FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
-  info.model_title = run.getColumn(0).getString();
-  info.code = run.getColumn(1).getString();
-  info.program = run.getColumn(2).getString();
+  info.model_title = stored_line(run.getColumn(0));
+  info.code = stored_line(run.getColumn(1));
+  info.program = stored_line(run.getColumn(2));
   info.model_digest = run.getColumn(3).getString();
-  info.setup.analysis = run.getColumn(4).getString();
+  info.setup.analysis = stored_line(run.getColumn(4));
   info.setup.second_order_asked = run.getColumn(5).getInt() != 0;
   info.setup.model_file = run.getColumn(6).getString();
   info.setup.forces_file = run.getColumn(7).getString();
@@ -204,8 +205,8 @@ std::vector<SettingRow> load_settings(SQLite::Database& database) {
   std::vector<SettingRow> rows;
   SQLite::Statement select(database, "SELECT key, value, origin FROM setting ORDER BY sequence");
   while (select.executeStep()) {
-    rows.push_back({select.getColumn(0).getString(), select.getColumn(1).getString(),
-                    select.getColumn(2).getString()});
+    rows.push_back({stored_line(select.getColumn(0)), stored_line(select.getColumn(1)),
+                    stored_line(select.getColumn(2))});
   }
   return rows;
 }

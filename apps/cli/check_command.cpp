@@ -128,7 +128,8 @@ int run_check_command(const CheckOptions& options) {
                                 .progress = &progress,
                                 .message = print_message,
                                 .second_opinion = options.second_opinion,
-                                .when_busy = options.when_busy};
+                                .when_busy = options.when_busy,
+                                .objection = [&] { return problem_of(options, results); }};
   note_interrupts();
   const run::CheckResult result = run::check(input, check);
   if (!result.results.empty()) print_summary(input, result, options.common.format);

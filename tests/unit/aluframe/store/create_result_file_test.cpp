@@ -63,6 +63,19 @@ TEST_F(CreateResultFile, AWriteProtectedFileIsNotReplaced) {
   EXPECT_EQ(ResultReader::open(file)->info().model_title, "old");
 }
 
+TEST_F(CreateResultFile, AFileOfAnotherKindInPlaceOfThePartialOneIsKept) {
+  std::ofstream(partial_path_of(file)) << "my notes";
+  EXPECT_THAT(create_error(file), HasSubstr("stands in the way: it is no result file"));
+  EXPECT_EQ(bytes_of(partial_path_of(file)), "my notes");
+  EXPECT_THAT(folder.names(), ElementsAre("frame.aluresult.partial"));
+}
+
+TEST_F(CreateResultFile, WhatAnotherRunIsLayingOutIsNotJudged) {
+  std::ofstream(partial_path_of(file)) << "half a page";
+  const files::FileLock other_run(file, files::WhenBusy::refuse);
+  EXPECT_THAT(create_error(file), HasSubstr("another run is writing this file"));
+}
+
 TEST_F(CreateResultFile, AFileOfAnotherKindIsNotReplaced) {
   const std::string model(500, 'm');
   std::ofstream(file) << model;

@@ -322,7 +322,7 @@ TEST_F(RefusedFile, IsADamagedOne) {
   damage.seekp(page_bytes);
   damage << std::string(fs::file_size(file()) - page_bytes, '\xFF');
   damage.close();
-  EXPECT_THAT(refusal(), HasSubstr("malformed"));
+  EXPECT_THAT(refusal(), HasSubstr("is damaged"));
 }
 
 TEST_F(RefusedFile, IsOneThatWasCutShort) {
@@ -375,13 +375,13 @@ TEST_F(ReopenedFile, AWriterThatGoesWithoutEndLeavesTheFileAsItWas) {
 // --- content that is not what was written ---
 
 TEST_F(ReopenedFile, AValueThatChangedInTheFileIsNoticed) {
-  for (const char* change :
-       {"UPDATE governing SET capacity = 122 WHERE element = 2 AND item = 0",
-        "UPDATE record SET data = zeroblob(40) WHERE element = 1",
-        "UPDATE run SET model_digest = 'another'",
-        "DELETE FROM governing WHERE element = 1 AND item = 0",
-        "UPDATE element SET sequence = 7 WHERE number = 1",
-        "INSERT INTO remark VALUES (NULL, 'W1', '', 'text', 0.5, 1, 1)", "DELETE FROM seal"}) {
+  for (const char* change : {"UPDATE governing SET capacity = 122 WHERE element = 2 AND item = 0",
+                             "UPDATE record SET data = zeroblob(40) WHERE element = 1",
+                             "UPDATE run SET model_digest = 'another'",
+                             "DELETE FROM governing WHERE element = 1 AND item = 0",
+                             "UPDATE element SET sequence = 7 WHERE number = 1",
+                             "INSERT INTO remark VALUES (NULL, 'W1', '', 'text', 0.5, 1, 1)",
+                             "DELETE FROM seal", "ALTER TABLE safe RENAME COLUMN rules TO sules"}) {
     store_test::write_run(file(), 2);
     {
       SQLite::Database database(file().string(), SQLite::OPEN_READWRITE);
