@@ -17,8 +17,8 @@ from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-SOURCES = ["CMakeLists.txt", "CMakePresets.json", "aluframe", "apps", "cmake", "host", "schema", "tests", "tools",
-           "tz_alu"]
+SOURCES = ["CMakeLists.txt", "CMakePresets.json", "aluframe", "apps", "bench", "cmake", "host", "schema", "tests",
+           "tools", "tz_alu"]
 LONGEST_TEST = 300  # s; a fault may make a test go on for ever
 
 

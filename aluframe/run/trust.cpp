@@ -98,7 +98,8 @@ std::optional<fs::path> model_of_results(const fs::path& results) {
 std::optional<std::string> unfinished_text(const fs::path& file, store::RunState state) {
   switch (state) {
     case store::RunState::complete:
-      return std::nullopt;
+      if (file.extension() != store::partial_path_of("results").extension()) return std::nullopt;
+      return file.string() + ": these results are whole but could not be put in their place";
     case store::RunState::running:
       return file.string() + ": these results are of a run that did not finish";
     default:

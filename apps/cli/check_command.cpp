@@ -3,8 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <exception>
 #include <variant>
 
+#include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/check.h"
 #include "aluframe/run/remarks.h"
@@ -62,10 +64,22 @@ int exit_status(const run::CheckResult& result, Strictness strict) {
   return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
+/// "; the results of 12 elements are in frame.aluresult.partial": by the file, which may hold less
+/// than the run has handed to it.
+std::string stored_text(const std::filesystem::path& results) {
+  try {
+    const std::size_t count = store::ResultReader::open(results)->elements().size();
+    return fmt::format("; the results of {} element{} are in {}", count, count == 1 ? "" : "s",
+                       results.string());
+  } catch (const std::exception& error) {
+    return "; what was stored cannot be read: " + files::error_text(error);
+  }
+}
+
 /// What of a run that ended early is left, and what of the run before it.
 std::string left_by(const run::CheckResult& result, const std::filesystem::path& results) {
   std::string text;
-  if (!result.results.empty()) text += "; the results so far are in " + result.results.string();
+  if (!result.results.empty()) text += stored_text(result.results);
   std::error_code ignored;
   if (std::filesystem::exists(results, ignored)) {
     text += "; " + results.string() + " holds those of an earlier run";
@@ -132,7 +146,8 @@ int run_check_command(const CheckOptions& options) {
                                 .objection = [&] { return problem_of(options, results); }};
   note_interrupts();
   const run::CheckResult result = run::check(input, check);
-  if (!result.results.empty()) print_summary(input, result, options.common.format);
+  const bool has_failed = result.summary.outcome == services::RunOutcome::failed;
+  if (!result.results.empty() && !has_failed) print_summary(input, result, options.common.format);
   print_outcome(result, check.results);
   return exit_status(result, options.strict);
 }

@@ -4,6 +4,7 @@ import csv
 import io
 import os
 import signal
+import sqlite3
 import subprocess
 import sys
 import time
@@ -341,3 +342,18 @@ def test_a_run_that_is_stopped_leaves_the_earlier_results_and_says_what_stands_w
                 "an earlier one") in aluframe("results", "large.json").stderr
     aluframe("check", "large.json")
     assert sorted(path.name for path in aluframe.folder.iterdir()) == ["large.aluresult", "large.json"]
+
+
+def test_a_run_that_is_cancelled_counts_what_its_file_holds(aluframe):
+    generated(aluframe, 4000, 50)
+    run = subprocess.Popen([aluframe.path, "check", "large.json", "--progress", "always"], cwd=aluframe.folder,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+    while b"%" not in run.stderr.read(1):
+        assert run.poll() is None, "the run ended before it could be stopped"
+    run.send_signal(signal.SIGINT)
+    said = run.stderr.read().decode()
+    assert run.wait(timeout=60) == 3
+    with sqlite3.connect(aluframe.folder / "large.aluresult.partial") as database:
+        (count,), = database.execute("SELECT count(*) FROM element")
+    elements = "1 element" if count == 1 else f"{count} elements"
+    assert f"cancelled; the results of {elements} are in large.aluresult.partial\n" in said
