@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Puts faults into the program, one at a time, and shows which of them the tests find.
 
-    tools/mutants.py [--table tools/mutants.json] [--build build/mutants] [NAME ...]
+    tools/mutants.py [--table tools/mutants.json] [--folder build/mutants] [NAME ...]
 
 A fault is a row of the table: the file, a piece of it that stands there once, what takes its place, and the
 test program that is to find it. The sources are copied, so that those at hand stay as they are. Survivors end
@@ -17,8 +17,6 @@ from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-SOURCES = ["CMakeLists.txt", "CMakePresets.json", "aluframe", "apps", "bench", "cmake", "host", "schema", "tests",
-           "tools", "tz_alu"]
 LONGEST_TEST = 300  # s; a fault may make a test go on for ever
 
 
@@ -43,26 +41,16 @@ class Copy:
     """A copy of the sources with a build of its own."""
 
     def __init__(self, folder):
-        self.sources = folder / "sources"
-        self.build = folder / "build"
-        self.sources.mkdir(parents=True, exist_ok=True)
-        for name in SOURCES:
-            self._take(name)
-        self._run(["cmake", "-S", self.sources, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
-                   "-DALUFRAME_BENCH=OFF"], "the build cannot be configured")
-
-    def _take(self, name):
-        source, target = ROOT / name, self.sources / name
-        if source.is_dir():
-            shutil.rmtree(target, ignore_errors=True)
-            shutil.copytree(source, target)  # with its times, so that nothing is built twice
-        else:
-            shutil.copy2(source, target)
-
-    @staticmethod
-    def _run(command, failure):
-        if subprocess.run(command, stdout=subprocess.DEVNULL, check=False).returncode != 0:
-            sys.exit(failure)
+        self.sources = folder
+        self.build = folder / "build" / "release"
+        listed = subprocess.run(["git", "-C", ROOT, "ls-files", "-z"], capture_output=True, text=True, check=True)
+        for name in filter(None, listed.stdout.split("\0")):
+            target = self.sources / name
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(ROOT / name, target)  # with its time, so that nothing is built twice
+        if subprocess.run(["cmake", "--preset", "release", "-DALUFRAME_BENCH=OFF"], cwd=self.sources,
+                          stdout=subprocess.DEVNULL, check=False).returncode != 0:
+            sys.exit("the build cannot be configured")
 
     def builds(self, test):
         done = subprocess.run(["cmake", "--build", self.build, "--target", test], check=False,
@@ -100,11 +88,11 @@ class Copy:
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--table", type=Path, default=ROOT / "tools" / "mutants.json")
-    parser.add_argument("--build", type=Path, default=ROOT / "build" / "mutants")
+    parser.add_argument("--folder", type=Path, default=ROOT / "build" / "mutants")
     parser.add_argument("names", nargs="*", metavar="NAME", help="these faults only")
     options = parser.parse_args()
     faults = faults_of(options.table, options.names)
-    copy = Copy(options.build)
+    copy = Copy(options.folder)
     copy.require_sound(sorted({fault.test for fault in faults}))
     fates = {}
     for fault in faults:

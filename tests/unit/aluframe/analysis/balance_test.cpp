@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "aluframe/analysis/equilibrium.h"
 #include "frames.h"
 
@@ -46,6 +49,14 @@ TEST_F(BalanceOfCantilever, MissesAMomentThroughTheSizeOfTheFrame) {
 
 TEST_F(BalanceOfCantilever, LeavesMomentsOutInSecondOrder) {
   EXPECT_EQ(check(100, {0, 0, -100, 0, 90000, 0}, Order::second).whole, 0.0);
+}
+
+TEST(Balance, IsTheWorstWhereItIsNoNumber) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const Lengths lengths{1000.0, 2000.0};
+  EXPECT_TRUE(std::isnan(share({nan, 0.0}, {100.0, 1e5}, lengths)));
+  EXPECT_TRUE(std::isnan(share({0.0, nan}, {100.0, 1e5}, lengths)));
+  EXPECT_DOUBLE_EQ(share({1.0, 0.0}, {100.0, 1e5}, lengths), 0.01);
 }
 
 TEST(Noise, ForceTenPowersBelowTheLargestOfItsElementIsZero) {

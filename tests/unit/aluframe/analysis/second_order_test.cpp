@@ -218,6 +218,19 @@ TEST_P(BucklingStrut, BucklesUnderJustMore) {
   EXPECT_EQ(problem.kind, Problem::Kind::buckling);
 }
 
+// Loads in the stiff plane alone do not move what buckles out of it: the equations have an answer.
+TEST(SecondOrder, StrutBendingAboutItsStiffAxisBucklesAboutTheOther) {
+  for (const double share : {0.9, 1.1, 1.5}) {
+    LoadCase loads = push_and_load(share * euler_load(), 0.0);
+    loads.distributed.push_back({.element = 0, .from_value = {0, 1, 0}, .to_value = {0, 1, 0}});
+    if (share < 1.0) {
+      EXPECT_NO_THROW(second_order(strut(false, false), loads));
+    } else {
+      EXPECT_EQ(buckling_of(strut(false, false), loads).kind, Problem::Kind::buckling) << share;
+    }
+  }
+}
+
 TEST(SecondOrder, ElementThatBucklesBetweenClampedNodesIsNamed) {
   const Problem problem = buckling_of(strut(true, true), push_and_load(5 * euler_load(), 0.0));
   EXPECT_THAT(problem.text, testing::StartsWith("element 1 buckles between its nodes: its axial "

@@ -130,6 +130,23 @@ TEST_F(CataloguesOfAModel, WithAFaultAreNamedByPathFileAndLine) {
                                            "more than 0");
 }
 
+TEST_F(CataloguesOfAModel, ThatLieOutsideOfTheFolderAreReadWhenThatIsAllowed) {
+  const std::filesystem::path outside = folder_.string() + "_outside.csv";
+  std::filesystem::rename(folder_ / "mine.csv", outside);
+  std::filesystem::create_symlink(outside, folder_ / "mine.csv");
+  const std::vector<std::string> ways{"mine.csv", "../" + outside.filename().string(),
+                                      outside.string()};
+  for (const std::string& name : ways) {
+    const auto model = write_model_with("[\"" + name + "\"]", "Mullion 60");
+    const auto refused = read_model(model);
+    ASSERT_TRUE(std::holds_alternative<Problem>(refused)) << name;
+    EXPECT_THAT(std::get<Problem>(refused).text,
+                testing::HasSubstr("which lies outside of the model's folder"));
+    EXPECT_TRUE(std::holds_alternative<model::Model>(read_model(model, nullptr, true))) << name;
+  }
+  std::filesystem::remove(outside);
+}
+
 TEST_F(CataloguesOfAModel, MustNotNameAProfileTwice) {
   write("again.csv", "name,shape,D\nMullion 60,SR,50\n");
   EXPECT_EQ(message(R"(["mine.csv", "again.csv"])"),

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 /// Hands everything on to the real result file, but fails where it is told to.
 class FailingWriter : public store::ResultWriter {
  public:
-  enum class Fault { third_record, not_checked, finish };
+  enum class Fault { third_record, not_checked, flush, finish };
 
   FailingWriter(std::unique_ptr<store::ResultWriter> inner, Fault fault)
       : inner_(std::move(inner)), fault_(fault) {}
@@ -35,7 +35,10 @@ class FailingWriter : public store::ResultWriter {
   }
   void add_safe(const store::SafeRow& row) override { inner_->add_safe(row); }
   void add_remark(const store::RemarkRow& row) override { inner_->add_remark(row); }
-  void flush() override { inner_->flush(); }
+  void flush() override {
+    if (fault_ == Fault::flush) fail();
+    inner_->flush();
+  }
   void finish(store::RunState state) override {
     inner_->finish(state);
     if (fault_ == Fault::finish) fail();
@@ -89,6 +92,26 @@ TEST_F(FailedRunTest, ARunWhoseListOfUncheckedElementsIsLostHasFailed) {
   EXPECT_EQ(summary.failure, "disk full");
   EXPECT_EQ(store::ResultReader::open(store::partial_path_of(options().result_path))->state(),
             store::RunState::failed);
+}
+
+/// Stops a run after its first element.
+struct StoppingListener : ProgressListener {
+  void started(const std::string&) override {}
+  bool advanced(int, int) override { return true; }
+  void ended() override {}
+};
+
+TEST_F(FailedRunTest, ARunThatWasCancelledIsCancelledWhateverFailsBehindThat) {
+  StoppingListener listener;
+  for (const Fault fault : {Fault::flush, Fault::third_record}) {
+    SessionOptions cancelled = options();
+    cancelled.progress = &listener;
+    cancelled.create_writer = [fault](const fs::path& path, const store::RunInfo& info) {
+      return std::make_unique<FailingWriter>(store::ResultWriter::create(path, info), fault);
+    };
+    const CheckSummary summary = run_check(model_, cancelled);
+    EXPECT_EQ(summary.outcome, fault == Fault::flush ? RunOutcome::cancelled : RunOutcome::failed);
+  }
 }
 
 TEST_F(FailedRunTest, ARunWhoseFileCannotBeFinishedHasFailed) {

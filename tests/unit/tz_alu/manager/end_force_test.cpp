@@ -42,6 +42,11 @@ TEST_F(EndForces, TheyAreThoseOfTheFirstAndTheLastElement) {
   for (const UINT elem : {1U, 2U, 3U}) ExpectMoments(EndsOf(elem), 10, 34);
 }
 
+TEST_F(EndForces, AMemberOfTwoElementsHasThoseOfBoth) {
+  host_.model.members[7] = {1, 2};
+  for (const UINT elem : {1U, 2U}) ExpectMoments(EndsOf(elem), 10, 24);
+}
+
 TEST_F(EndForces, AReversedFirstElementSuppliesItsEndMoments) {
   Reverse(1);
   ExpectMoments(EndsOf(2), 14, 34);
