@@ -231,6 +231,23 @@ TEST(SecondOrder, StrutBendingAboutItsStiffAxisBucklesAboutTheOther) {
   }
 }
 
+// Beside what is much softer, and in equilibrium, a strut beyond its buckling load shows in nothing
+// but the sign of a pivot.
+TEST(SecondOrder, StrutBucklesBesideASoftCantilever) {
+  Frame frame = strut(false, false);
+  Stiffness soft = plain_stiffness();
+  for (double* value : {&soft.iyy, &soft.izz, &soft.it}) *value /= 1e4;
+  add_node(frame, 0, 5000, 0);
+  add_node(frame, 1000, 5000, 0);
+  add_element(frame, 2, 3, soft);
+  frame.supports.push_back({2, clamped});
+  for (const double share : {1.1, 1.5, 2.5}) {
+    LoadCase loads = push_and_load(share * euler_load(), 0.0);
+    loads.distributed.push_back({.element = 0, .from_value = {0, 1, 0}, .to_value = {0, 1, 0}});
+    EXPECT_EQ(buckling_of(frame, loads).kind, Problem::Kind::buckling) << share;
+  }
+}
+
 TEST(SecondOrder, ElementThatBucklesBetweenClampedNodesIsNamed) {
   const Problem problem = buckling_of(strut(true, true), push_and_load(5 * euler_load(), 0.0));
   EXPECT_THAT(problem.text, testing::StartsWith("element 1 buckles between its nodes: its axial "
