@@ -60,4 +60,20 @@ std::vector<store::RemarkRow> remarks_about(model::Number element, store::Result
   return remarks;
 }
 
+std::vector<store::RemarkRow> with_envelopes(std::vector<store::RemarkRow> rows,
+                                             const ModelCombination& combination_of) {
+  for (store::RemarkRow& row : rows) {
+    if (row.combination) row.combination = combination_of(*row.combination);
+  }
+  return rows;
+}
+
+std::vector<store::NotChecked> with_envelopes(std::vector<store::NotChecked> rows,
+                                              const ModelCombination& combination_of) {
+  for (store::NotChecked& row : rows) {
+    if (row.largest) row.largest->combination = combination_of(row.largest->combination);
+  }
+  return rows;
+}
+
 }  // namespace aluframe::run

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -36,6 +37,14 @@ Told told_by(const CheckResult& result);
 /// By stored results, of some elements; a remark is told whole when it is about one of them.
 /// @param elements rising
 Told told_by(store::ResultReader& results, const std::vector<model::Number>& elements);
+
+/// The combination of the model that a number stands for: of a state its envelope.
+using ModelCombination = std::function<model::Number(model::Number)>;
+/// The same rows for the user, who knows no numbers of states.
+std::vector<store::RemarkRow> with_envelopes(std::vector<store::RemarkRow> rows,
+                                             const ModelCombination& combination_of);
+std::vector<store::NotChecked> with_envelopes(std::vector<store::NotChecked> rows,
+                                              const ModelCombination& combination_of);
 
 /// What of stored results is about one element.
 std::vector<store::RemarkRow> remarks_about(model::Number element, store::ResultReader& results);

@@ -214,9 +214,14 @@ std::string told_text(const model::Model& model, const run::Told& told, Lists li
     out = line_of("safe ratio", safe_text(model, *told.safe->worst)) +
           line_of("safe over 1", safe_over_text(*told.safe));
   }
-  out += remarks_text(told.remarks, lists);
-  if (!told.not_checked.empty()) out += not_checked_text(told.not_checked, told.remarks, lists);
-  return out;
+  const auto of_model = [&model](model::Number number) {
+    const model::Combination* found = model.combinations.find(number);
+    return found != nullptr ? found->state_of.value_or(number) : number;
+  };
+  const auto remarks = run::with_envelopes(told.remarks, of_model);
+  out += remarks_text(remarks, lists);
+  if (told.not_checked.empty()) return out;
+  return out + not_checked_text(run::with_envelopes(told.not_checked, of_model), remarks, lists);
 }
 
 std::string summary_csv(const run::Input& input, const run::CheckResult& result) {

@@ -44,6 +44,21 @@ Value value_of(run::Result<Value> result) {
   return std::get<Value>(std::move(result));
 }
 
+/// Remarks and what was not checked, by the combinations that the model has.
+std::string told_text(store::ResultReader& reader, std::vector<store::RemarkRow> told,
+                      std::vector<store::NotChecked> items) {
+  const auto of_model = [&info = reader.info()](model::Number number) {
+    return tables::number_of_combination(info, number);
+  };
+  const auto remarks = run::with_envelopes(std::move(told), of_model);
+  const auto not_checked = run::with_envelopes(std::move(items), of_model);
+  std::string out;
+  if (!std::ranges::all_of(remarks, tables::is_told_as_not_checked))
+    out += "\n" + tables::remarks_text(remarks);
+  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked, remarks);
+  return out;
+}
+
 std::string list_text(store::ResultReader& reader, const ResultsOptions& options,
                       const tables::ResultView& view) {
   const auto elements = value_of(run::elements_of(reader, options.query));
@@ -57,11 +72,7 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   std::string out =
       tables::to_text(tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
                       !options.output && stdout_wants_colour());
-  const std::vector<store::RemarkRow> remarks = reader.remarks();
-  if (!std::ranges::all_of(remarks, tables::is_told_as_not_checked))
-    out += "\n" + tables::remarks_text(remarks);
-  const std::vector<store::NotChecked> not_checked = reader.not_checked();
-  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked, remarks);
+  out += told_text(reader, reader.remarks(), reader.not_checked());
   return out + "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
 }
 
@@ -79,14 +90,9 @@ std::string governing_text(store::ResultReader& reader, model::Number element,
 
 /// Remarks on one element, and what of it was not checked.
 std::string told_text(store::ResultReader& reader, model::Number element) {
-  std::string out;
-  const std::vector<store::RemarkRow> remarks = run::remarks_about(element, reader);
-  if (!std::ranges::all_of(remarks, tables::is_told_as_not_checked))
-    out += "\n" + tables::remarks_text(remarks);
   std::vector<store::NotChecked> not_checked = reader.not_checked();
   std::erase_if(not_checked, [element](const auto& item) { return item.element != element; });
-  if (!not_checked.empty()) out += "\n" + tables::not_checked_text(not_checked, remarks);
-  return out;
+  return told_text(reader, run::remarks_about(element, reader), std::move(not_checked));
 }
 
 std::string element_text(store::ResultReader& reader, model::Number element,

@@ -87,6 +87,19 @@ def test_the_safe_ratio_of_a_state_stands_by_its_envelope_and_its_own_name(alufr
     assert re.search(r"^Safe ratio .*, combination 7 Extremes: 1\.5W$", shown, re.MULTILINE)
 
 
+def test_what_is_told_of_a_state_names_its_envelope(aluframe, enveloped):
+    for forces in enveloped["forces"]:
+        for values in forces["values"]:
+            values[3] = 3.0  # torsion, which no check is for
+    aluframe.write(enveloped)
+    report = ("report", "frame.json", "--readable", "frame.txt")
+    for command in (("check", "frame.json"), ("results", "frame.json"),
+                    ("results", "frame.json", "--element", 1), report):
+        shown = aluframe(*command).stdout
+        assert re.search(r"largest Mx 3 kN·m at element 1, combination 7, position I\n"
+                         r"      second opinion \d+\.\d{4} \(element 1, combination 7\)", shown), command
+
+
 def test_the_overview_shows_the_envelope_and_its_state_side_by_side(aluframe, enveloped):
     aluframe.write(enveloped)
     aluframe("check", "frame.json")
