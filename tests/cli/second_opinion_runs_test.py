@@ -151,3 +151,28 @@ def test_the_worst_second_opinion_of_torsion_stays_when_a_report_adds_elements(a
     assert told in (aluframe.folder / "frame.txt").read_text(encoding="utf-8")
     rows = aluframe.json("results", "frame.json", "--not-checked")
     assert [row["second_opinion"] for row in rows if row["force"] == "Mx"] == [pytest.approx(1.1313, rel=1e-4)]
+
+
+def tee_of_two_elements(pipe_beam, *forces):
+    """A tee as a member of two elements, each under one axial force and one moment throughout, kN and kN·m."""
+    return pipe_beam | {
+        "sections": [{"number": 1, "profile": "T 100x100x8x8"}],
+        "nodes": [{"number": n, "x": n - 1, "y": 0, "z": 0} for n in (1, 2, 3)],
+        "supports": [{"node": 1, "restrained": "all"}, {"node": 3, "restrained": ["Dy", "Dz"]}],
+        "elements": [{"number": n, "nodes": [n, n + 1], "section": 1, "material": 1} for n in (1, 2)],
+        "members": [{"number": 1, "elements": [1, 2]}],
+        "load_cases": [{"number": 1}],
+        "combinations": [{"number": 1, "terms": [{"case": 1}]}],
+        "forces": [{"element": e, "case": 1, "values": [[n, 0, 0, 0, my, 0]] * 5}
+                   for e, (n, my) in enumerate(forces, 1)]}
+
+
+def test_the_largest_axial_force_meets_the_moment_of_either_sign(aluframe, pipe_beam):
+    """Hogging compresses the stem of a tee. Acting together from the start, both forces have the ratio that a member
+    with each of them in one element must have."""
+    def safe_of(*forces):
+        return aluframe.json("check", aluframe.write(tee_of_two_elements(pipe_beam, *forces)))[0]
+    apart = safe_of((-20, 0.1), (-1, -1.5))
+    together = safe_of((-20, -1.5), (-20, -1.5))
+    assert "C7" in apart["safe_rules"]
+    assert apart["safe_ratio"] == pytest.approx(together["safe_ratio"], rel=1e-6)
