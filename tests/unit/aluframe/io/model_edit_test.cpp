@@ -236,6 +236,20 @@ TEST_F(SavedModel, StaysAsItWasWhenTheChangesCannotBeHeld) {
   EXPECT_EQ(content(), small_model);
 }
 
+TEST_F(SavedModel, ThatAnotherProgramSavesMeanwhileKeepsWhatThatHasSaved) {
+  const std::string saved = replaced(small_model, R"({"safety_class": 2})", class_one_text) + "\n";
+  int asked = 0;
+  const auto choose = [&](const model::Model&) -> Result<ModelChanges> {
+    if (++asked == 2) std::ofstream(file_, std::ios::binary) << saved;  // with the file locked
+    return class_one();
+  };
+  const auto problem = change_model_file(file_, choose);
+  ASSERT_TRUE(problem.has_value());
+  EXPECT_THAT(problem->message(), HasSubstr("another program has changed it meanwhile; try again"));
+  EXPECT_EQ(problem->kind, Problem::Kind::failure);
+  EXPECT_EQ(content(), saved);
+}
+
 TEST_F(SavedModel, ThatIsGoneIsAProblem) {
   fs::remove(file_);
   EXPECT_THAT(save_changes(file_, class_one())->message(),

@@ -69,6 +69,7 @@ TEST(PlainText, IsNoFormulaInACellOfCsv) {
   EXPECT_EQ(for_csv("1.2DL+1.4WX"), "1.2DL+1.4WX");
   EXPECT_EQ(for_csv("a \"b\", c"), "\"a \"\"b\"\", c\"");
   EXPECT_EQ(for_csv("two\nlines"), "two lines");
+  EXPECT_EQ(for_csv("the \"wide\" one"), "\"the \"\"wide\"\" one\"");
   EXPECT_EQ(for_csv(""), "");
 }
 

@@ -376,6 +376,7 @@ TEST_F(ReopenedFile, AWriterThatGoesWithoutEndLeavesTheFileAsItWas) {
 
 TEST_F(ReopenedFile, AValueThatChangedInTheFileIsNoticed) {
   for (const char* change : {"UPDATE governing SET capacity = 122 WHERE element = 2 AND item = 0",
+                             "UPDATE governing SET demand = demand + 0.25 WHERE element = 2",
                              "UPDATE record SET data = zeroblob(40) WHERE element = 1",
                              "UPDATE run SET model_digest = 'another'",
                              "DELETE FROM governing WHERE element = 1 AND item = 0",
