@@ -6,17 +6,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 
 #include "aluframe/files/sibling.h"
+#include "aluframe/files/system_failure.h"
 
 namespace aluframe::files {
 
 namespace {
-
-[[noreturn]] void fail_with(int error) {
-  throw std::runtime_error(std::generic_category().message(error));
-}
 
 /// @return a descriptor of the lock file, which is made when it is missing
 int open_lock_file(const std::filesystem::path& path) {

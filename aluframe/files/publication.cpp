@@ -13,16 +13,13 @@
 
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/sibling.h"
+#include "aluframe/files/system_failure.h"
 
 namespace aluframe::files {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void fail_with(int error) {
-  throw std::runtime_error(std::generic_category().message(error));
-}
 
 /// An open file, which is closed again.
 class Descriptor {

@@ -1,8 +1,5 @@
 #include "aluframe/services/report_file.h"
 
-#include <langinfo.h>
-#include <locale.h>
-
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
@@ -11,6 +8,8 @@
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+
+#include "aluframe/services/environment_charset.h"
 
 namespace aluframe::services {
 
@@ -52,16 +51,6 @@ int append_probe(const fs::path& path) {
   return written ? 0 : errno;
 }
 
-/// UTF-8 lacks no character.
-bool is_utf8_environment() {
-  const locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
-  if (environment == nullptr) return true;  // what the report is written in then
-  const std::string_view charset = nl_langinfo_l(CODESET, environment);
-  const bool is_utf8 = charset == "UTF-8" || charset == "ANSI_X3.4-1968";  // plain ASCII: likewise
-  freelocale(environment);
-  return is_utf8;
-}
-
 }  // namespace
 
 std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
@@ -72,7 +61,8 @@ std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
   fs::resize_file(report, size, error);
   if (failed != 0) return reason_of(failed);
   const std::string lost = std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
-  if (is_utf8_environment()) return "writing failed for a moment, in " + lost + "; try again";
+  const bool lacks_none = charset_of_environment().value_or("UTF-8") == "UTF-8";
+  if (lacks_none) return "writing failed for a moment, in " + lost + "; try again";
   return "a character that the environment's character set lacks, in " + lost +
          " (LC_ALL=C.UTF-8 has them all), or writing failed for a moment";
 }

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "tests/unit/aluframe/services/columns_run.h"
+#include "tests/unit/aluframe/services/stopping_listener.h"
 
 namespace aluframe::services {
 namespace {
@@ -115,17 +116,6 @@ TEST_F(CheckRunTest, ARunWithoutCombinationsHasNothingToCheck) {
   EXPECT_EQ(messages_,
             "The design cannot start:\n\tthe model has no load combination for design.\n");
 }
-
-/// Asks to stop after a number of elements.
-struct StopAfter : ProgressListener {
-  explicit StopAfter(int count) : count_(count) {}
-  void started(const std::string&) override {}
-  bool advanced(int done, int) override { return done >= count_; }
-  void ended() override {}
-
- private:
-  int count_;
-};
 
 TEST_F(CheckRunTest, ACancelledRunCountsWhatItDidAndSaysSoInItsFile) {
   StopAfter listener(2);

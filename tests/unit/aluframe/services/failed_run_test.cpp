@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "tests/unit/aluframe/services/columns_run.h"
+#include "tests/unit/aluframe/services/stopping_listener.h"
 
 namespace aluframe::services {
 namespace {
@@ -94,15 +95,8 @@ TEST_F(FailedRunTest, ARunWhoseListOfUncheckedElementsIsLostHasFailed) {
             store::RunState::failed);
 }
 
-/// Stops a run after its first element.
-struct StoppingListener : ProgressListener {
-  void started(const std::string&) override {}
-  bool advanced(int, int) override { return true; }
-  void ended() override {}
-};
-
 TEST_F(FailedRunTest, ARunThatWasCancelledIsCancelledWhateverFailsBehindThat) {
-  StoppingListener listener;
+  StopAfter listener(1);
   for (const Fault fault : {Fault::flush, Fault::third_record}) {
     SessionOptions cancelled = options();
     cancelled.progress = &listener;

@@ -15,6 +15,7 @@
 #include "aluframe/services/report_file.h"
 #include "tests/unit/aluframe/services/columns_run.h"
 #include "tests/unit/aluframe/services/limited_process.h"
+#include "tests/unit/aluframe/services/stopping_listener.h"
 
 namespace aluframe::services {
 namespace {
@@ -181,23 +182,15 @@ TEST_F(ReportRunTest, ElementsThatWereCheckedKeepTheirRecords) {
   }
 }
 
-/// Stops a run after its first element.
-struct StoppingListener : ProgressListener {
-  void started(const std::string&) override {}
-  bool advanced(int, int) override { return true; }
-  void ended() override {}
-};
-
 TEST_F(ReportRunTest, WhatAStoppedRunLeftStaysStoppedWhenElementsAreAdded) {
-  StoppingListener listener;
+  StopAfter listener(1);
   SessionOptions stopping = options();
   stopping.progress = &listener;
   ASSERT_EQ(run_check(model_, stopping).outcome, RunOutcome::cancelled);
   SessionOptions by_partial = options();
   by_partial.result_path = store::partial_path_of(result_path_);
   EXPECT_THAT(run_report(model_, by_partial, path_).checked_now, ElementsAre(2, 3));
-  EXPECT_EQ(store::ResultReader::open(by_partial.result_path)->state(),
-            store::RunState::cancelled);
+  EXPECT_EQ(store::ResultReader::open(by_partial.result_path)->state(), store::RunState::cancelled);
   EXPECT_FALSE(fs::exists(result_path_));
 }
 
