@@ -44,12 +44,17 @@ Value value_of(run::Result<Value> result) {
   return std::get<Value>(std::move(result));
 }
 
+/// The results' states by their envelopes. @param reader must outlive what is returned
+run::ModelCombination model_combinations(store::ResultReader& reader) {
+  return [&info = reader.info()](model::Number number) {
+    return tables::number_of_combination(info, number);
+  };
+}
+
 /// Remarks and what was not checked, by the combinations that the model has.
 std::string told_text(store::ResultReader& reader, std::vector<store::RemarkRow> told,
                       std::vector<store::NotChecked> items) {
-  const auto of_model = [&info = reader.info()](model::Number number) {
-    return tables::number_of_combination(info, number);
-  };
+  const run::ModelCombination of_model = model_combinations(reader);
   const auto remarks = run::with_envelopes(std::move(told), of_model);
   const auto not_checked = run::with_envelopes(std::move(items), of_model);
   std::string out;
@@ -120,7 +125,8 @@ std::string remarks_text(store::ResultReader& reader, const ResultsOptions& opti
   const auto remarks =
       options.element ? run::remarks_about(*options.element, reader) : reader.remarks();
   return options.format == tables::Format::table
-             ? tables::remarks_text(remarks, tables::Lists::whole)
+             ? tables::remarks_text(run::with_envelopes(remarks, model_combinations(reader)),
+                                    tables::Lists::whole)
              : tables::render(tables::remarks_table(remarks), options.format, false);
 }
 

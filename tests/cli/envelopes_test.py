@@ -100,6 +100,16 @@ def test_what_is_told_of_a_state_names_its_envelope(aluframe, enveloped):
                          r"      second opinion \d+\.\d{4} \(element 1, combination 7\)", shown), command
 
 
+def test_a_list_of_remarks_names_the_envelope_of_a_state(aluframe, enveloped):
+    for forces in enveloped["forces"]:
+        for values in forces["values"]:
+            values[0] = 5.0  # tension beside the bending, without a stability check
+    aluframe.write(enveloped)
+    aluframe("check", "frame.json")
+    shown = aluframe("results", "frame.json", "--remarks").stdout
+    assert re.search(r"C1, .*; second opinion \d+\.\d{4} \(element 1, combination 7\)\n", shown), shown
+
+
 def test_the_overview_shows_the_envelope_and_its_state_side_by_side(aluframe, enveloped):
     aluframe.write(enveloped)
     aluframe("check", "frame.json")
