@@ -132,8 +132,8 @@ def add_bending(k: Matrix, places: tuple[int, ...], ei: float, length: float, ph
             k[i][j] = value
 
 
-def clamped_forces(bar: Bar, length: float, load: SpanLoad) -> Vector:
-    """End forces of the element with both ends held, under the load between them.
+def fixed_end_forces(bar: Bar, length: float, load: SpanLoad) -> Vector:
+    """End forces of the element with both ends fixed, under the load between them.
 
     Those of a uniform load do not depend on the shear flexibility: nothing turns its ends, and the
     load is symmetric.
@@ -152,7 +152,7 @@ def clamped_forces(bar: Bar, length: float, load: SpanLoad) -> Vector:
 
 
 def condense(bar: Bar, k: Matrix, vectors: list[Vector]) -> None:
-    """Makes the released end forces vanish, in the stiffness and in each clamped force vector.
+    """Makes the released end forces vanish, in the stiffness and in all fixed-end forces.
 
     A release of what a truss element does not carry changes nothing.
     """

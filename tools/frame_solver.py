@@ -14,9 +14,9 @@ from frame_elements import (
     Matrix,
     SpanLoad,
     Vector,
-    clamped_forces,
     condense,
     elastic_stiffness,
+    fixed_end_forces,
     global_stiffness,
     length_between,
     local_axes,
@@ -61,7 +61,7 @@ class Element:
     length: float
     axes: Matrix
     places: list[int]
-    clamped: list[Vector]  # per case
+    fixed_end: list[Vector]  # per case
     stiffness: Matrix
 
 
@@ -82,10 +82,10 @@ def make_element(frame: Frame, place: int, cases: list[Loads]) -> Element:
         raise FrameError(f"element {bar.number}: its nodes lie at the same point")
     stiffness = elastic_stiffness(bar, length)
     spans = (case.span.get(place, SpanLoad()) for case in cases)
-    clamped = [clamped_forces(bar, length, span) for span in spans]
-    condense(bar, stiffness, clamped)
+    fixed_end = [fixed_end_forces(bar, length, span) for span in spans]
+    condense(bar, stiffness, fixed_end)
     places = [6 * node + i for node in (bar.start, bar.end) for i in range(6)]
-    return Element(bar, length, local_axes(start, end, bar), places, clamped, stiffness)
+    return Element(bar, length, local_axes(start, end, bar), places, fixed_end, stiffness)
 
 
 def number_unknowns(frame: Frame, elements: list[Element]) -> dict[int, int]:
@@ -164,7 +164,7 @@ def load_vector(frame: Frame, elements: list[Element], index: int, case: Loads) 
         for direction, value in enumerate(components):
             loads[6 * node + direction] += value
     for place, element in enumerate(elements):
-        forces = element.clamped[index]
+        forces = element.fixed_end[index]
         if element.bar.truss:
             forces = [f - q for f, q in zip(forces, lumped(element, case.span.get(place)))]
         for target, force in zip(element.places, rotate_back(element.axes, forces)):
@@ -190,7 +190,7 @@ def solve_case(frame: Frame, elements: list[Element], unknowns: dict[int, int],
     for place, e in enumerate(elements):
         u = rotate(e.axes, [moved[p] for p in e.places])
         end_forces = [sum(a * b for a, b in zip(row, u)) + f
-                      for row, f in zip(e.stiffness, e.clamped[index])]
+                      for row, f in zip(e.stiffness, e.fixed_end[index])]
         span = case.span.get(place, SpanLoad())
         forces.append(section_forces(e.bar, e.length, end_forces, span))
     return CaseResult([moved[i : i + 6] for i in range(0, len(moved), 6)], forces)

@@ -30,7 +30,7 @@ struct Solution {
 
 /// Linear analysis of a frame under any number of load cases with one factorisation. A frame that
 /// can move without resistance, a load that cannot be meant so, or a result that does not balance
-/// its loads is a problem told in words; a result never holds a number that is not finite.
+/// its loads is a problem with a diagnostic text; a result never holds a number that is not finite.
 ///
 ///     const auto solved = analyse(frame, cases);
 ///     if (const auto* problem = std::get_if<Problem>(&solved)) return problem->text;

@@ -98,7 +98,7 @@ void Blocks::add_lower_half(std::size_t node) {
 std::vector<double> Blocks::scales() const {
   std::vector<double> scale(static_cast<std::size_t>(equations_.count()));
   for (std::size_t i = 0; i < scale.size(); ++i) {
-    const std::size_t place = equations_.place(static_cast<int>(i));
+    const std::size_t place = equations_.dof(static_cast<int>(i));
     const double reference = reference_[place / 6][static_cast<int>(place % 6)];
     scale[i] = reference > 0.0 ? 1.0 / std::sqrt(reference) : 1.0;
   }
@@ -126,7 +126,7 @@ StiffnessSource elastic_source(const Frame& frame, std::span<const Geometry> geo
     const Element& element = frame.elements[place];
     stiffness.condensed = elastic_stiffness(element, geometry[place].length);
     stiffness.unreleased = stiffness.condensed.diagonal();
-    stiffness.turned.setZero();
+    stiffness.rigid_rotation.setZero();
     Releases::condense(element.released, stiffness.condensed);
   };
 }

@@ -13,15 +13,15 @@ namespace aluframe::analysis {
 struct ElementStiffness {
   Matrix12 condensed;   ///< with its releases
   Vector12 unreleased;  ///< diagonal as if nothing were released; also without axial forces
-  /// End forces per radian that the element turns as a whole, positive as dw/dx in both planes:
-  /// what its axial force exerts; with its releases. 0 in first order.
-  Vector12 turned;
+  /// End forces per radian of rigid-body rotation, positive as dw/dx in both planes: what the axial
+  /// force exerts; with its releases. 0 in first order.
+  Vector12 rigid_rotation;
 };
 
 /// Gives the stiffness of the element at a place.
 using StiffnessSource = std::function<void(std::size_t, ElementStiffness&)>;
 
-/// Elastic stiffness of the frame's elements. Their releases must leave each of them held.
+/// Elastic stiffness of the frame's elements. Their releases must leave each of them restrained.
 StiffnessSource elastic_source(const Frame& frame, std::span<const Geometry> geometry);
 
 /// Equations of a frame. Row i and column i of the stiffness are multiplied by scale[i], which

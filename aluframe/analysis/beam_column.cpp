@@ -1,35 +1,35 @@
 #include "aluframe/analysis/beam_column.h"
 
-#include "aluframe/analysis/linear_answer.h"
+#include "aluframe/analysis/linear_recovery.h"
 
 namespace aluframe::analysis {
 
 void BeamColumn::add_beam(const Element& element, const ElementLoads& loads,
                           const PieceForces& forces) {
   const Stiffness& s = element.stiffness;
-  chain_y_.emplace(plane_y(s, loads.length), loads, 1, forces);
-  chain_z_.emplace(plane_z(s, loads.length), loads, 2, forces);
-  negative_pivots_ = chain_y_->negative_pivots() + chain_z_->negative_pivots();
+  plane_y_.emplace(plane_y(s, loads.length), loads, 1, forces);
+  plane_z_.emplace(plane_z(s, loads.length), loads, 2, forces);
+  negative_pivots_ = plane_y_->negative_pivots() + plane_z_->negative_pivots();
   Matrix12& k = stiffness_.condensed;
   add_spring(0, s.e * s.area / loads.length, k);
   add_spring(3, s.g * s.it / loads.length, k);
-  add_plane(places_y, chain_y_->stiffness(), k);
-  add_plane(places_z, chain_z_->stiffness(), k);
-  add_plane(places_y, chain_y_->turned(), stiffness_.turned);
-  add_plane(places_z, chain_z_->turned(), stiffness_.turned);
-  Vector12& held = clamped_.unreleased;
-  for (const PlanePlaces* places : {&places_y, &places_z}) {
-    for (const int place : places->place) held[place] = 0.0;
+  add_plane(dofs_y, plane_y_->stiffness(), k);
+  add_plane(dofs_z, plane_z_->stiffness(), k);
+  add_plane(dofs_y, plane_y_->rigid_rotation(), stiffness_.rigid_rotation);
+  add_plane(dofs_z, plane_z_->rigid_rotation(), stiffness_.rigid_rotation);
+  Vector12& fixed_end = fixed_end_.unreleased;
+  for (const PlaneDofs* dofs : {&dofs_y, &dofs_z}) {
+    for (const int dof : dofs->dof) fixed_end[dof] = 0.0;
   }
-  add_plane(places_y, chain_y_->clamped(), held);
-  add_plane(places_z, chain_z_->clamped(), held);
+  add_plane(dofs_y, plane_y_->fixed_end(), fixed_end);
+  add_plane(dofs_z, plane_z_->fixed_end(), fixed_end);
 }
 
-void BeamColumn::add_string(const ElementLoads& loads, double force) {
-  for (const int place : {1, 2}) {
-    add_spring(place, force / loads.length, stiffness_.condensed);
-    stiffness_.turned[place] = -force;
-    stiffness_.turned[place + 6] = force;
+void BeamColumn::add_truss(const ElementLoads& loads, double force) {
+  for (const int dof : {1, 2}) {
+    add_spring(dof, force / loads.length, stiffness_.condensed);
+    stiffness_.rigid_rotation[dof] = -force;
+    stiffness_.rigid_rotation[dof + 6] = force;
   }
 }
 
@@ -38,47 +38,47 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
   BeamColumn column;
   const Matrix12 elastic = elastic_stiffness(element, loads.length);
   column.stiffness_.unreleased = elastic.diagonal();
-  column.stiffness_.turned.setZero();
-  column.clamped_.unreleased = clamped_forces(element, loads);
+  column.stiffness_.rigid_rotation.setZero();
+  column.fixed_end_.unreleased = fixed_end_forces(element, loads);
   if (element.kind == ElementKind::truss) {
     column.stiffness_.condensed = elastic;
-    column.add_string(loads, forces[0].start);
+    column.add_truss(loads, forces[0].start);
   } else {
     column.stiffness_.condensed.setZero();
     column.add_beam(element, loads, forces);
   }
-  column.clamped_.condensed = column.clamped_.unreleased;
+  column.fixed_end_.condensed = column.fixed_end_.unreleased;
   if (element.kind == ElementKind::truss) return column;
   column.releases_ =
       Releases::condense(element.released, column.stiffness_.condensed, &column.negative_pivots_);
   if (!column.releases_) return std::nullopt;
-  column.releases_->condense_forces(column.clamped_.condensed);
-  column.releases_->condense_forces(column.stiffness_.turned);
+  column.releases_->condense_forces(column.fixed_end_.condensed);
+  column.releases_->condense_forces(column.stiffness_.rigid_rotation);
   return column;
 }
 
 void BeamColumn::add_bowing(const Vector12& displacements, FivePositions& sections) const {
-  if (!chain_y_ || !chain_z_ || !releases_) return;  // a truss
+  if (!plane_y_ || !plane_z_ || !releases_) return;  // a truss
   Vector12 own = displacements;
-  releases_->restore(clamped_.unreleased, own);
-  const auto z = chain_z_->bowing_moments(plane_part(places_z, own));
-  const auto y = chain_y_->bowing_moments(plane_part(places_y, own));
-  // The ends hold what the nodes exert, the axial force's part included.
+  releases_->restore(fixed_end_.unreleased, own);
+  const auto z = plane_z_->bowing_moments(plane_part(dofs_z, own));
+  const auto y = plane_y_->bowing_moments(plane_part(dofs_y, own));
+  // At the ends, what the nodes exert includes the axial force's part.
   for (int i = 1; i < 4; ++i) {
     sections(4, i) += z[static_cast<std::size_t>(i)];
     sections(5, i) += y[static_cast<std::size_t>(i)];
   }
 }
 
-ElementAnswer BeamColumn::answer(const Element& element, const ElementLoads& loads,
-                                 const Vector12& displacements) const {
-  ElementAnswer answer;
-  answer.end_forces = stiffness_.condensed * displacements + clamped_.condensed;
+ElementResponse BeamColumn::response(const Element& element, const ElementLoads& loads,
+                                     const Vector12& displacements) const {
+  ElementResponse response;
+  response.end_forces = stiffness_.condensed * displacements + fixed_end_.condensed;
   const Vector12 own = stiffness_.unreleased.cwiseProduct(displacements);
-  answer.magnitude =
-      magnitude_of(EndSizes::of(own), EndSizes::of(clamped_.unreleased), loads.length);
-  answer.sections = sections(element, loads, displacements, answer.end_forces);
-  return answer;
+  response.magnitude =
+      magnitude_of(EndForceNorms::of(own), EndForceNorms::of(fixed_end_.unreleased), loads.length);
+  response.sections = sections(element, loads, displacements, response.end_forces);
+  return response;
 }
 
 FivePositions BeamColumn::sections(const Element& element, const ElementLoads& loads,
@@ -92,7 +92,7 @@ FivePositions BeamColumn::sections(const Element& element, const ElementLoads& l
 PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads) {
   PieceForces forces{};
   if (kind == ElementKind::truss) {
-    const double n = end_forces[6] - passed_to_ends(loads)[6];
+    const double n = end_forces[6] - simply_supported_reactions(loads)[6];
     forces.fill({n, n});
     return forces;
   }

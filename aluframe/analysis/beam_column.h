@@ -2,16 +2,16 @@
 
 #include <optional>
 
-#include "aluframe/analysis/bending_chain.h"
+#include "aluframe/analysis/beam_column_plane.h"
 #include "aluframe/analysis/case_recovery.h"
-#include "aluframe/analysis/clamped_forces.h"
+#include "aluframe/analysis/fixed_end_forces.h"
 #include "aluframe/analysis/releases.h"
 
 namespace aluframe::analysis {
 
 /// An element under axial force, loads included: what its axial force adds to its stiffness and to
 /// its moments, along the chord of its nodes (P-Delta) and between them (P-delta). Torsion is as
-/// in first order; a truss is a straight string.
+/// in first order; a truss has its chord alone.
 class BeamColumn {
  public:
   /// @return nothing when the element by itself has no equilibrium under these axial forces
@@ -19,24 +19,24 @@ class BeamColumn {
                                       const PieceForces& forces);
 
   const ElementStiffness& stiffness() const { return stiffness_; }
-  const ClampedEnds& clamped() const { return clamped_; }
+  const FixedEndForces& fixed_end() const { return fixed_end_; }
   int negative_pivots() const { return negative_pivots_; }
 
   /// Forces under the displacements of its nodes, local axes.
-  ElementAnswer answer(const Element& element, const ElementLoads& loads,
-                       const Vector12& displacements) const;
+  ElementResponse response(const Element& element, const ElementLoads& loads,
+                           const Vector12& displacements) const;
   /// Forces at the five positions where the end forces are known.
   FivePositions sections(const Element& element, const ElementLoads& loads,
                          const Vector12& displacements, const Vector12& end_forces) const;
 
  private:
   void add_beam(const Element& element, const ElementLoads& loads, const PieceForces& forces);
-  void add_string(const ElementLoads& loads, double force);
+  void add_truss(const ElementLoads& loads, double force);
   void add_bowing(const Vector12& displacements, FivePositions& sections) const;
 
   ElementStiffness stiffness_;
-  ClampedEnds clamped_;
-  std::optional<BendingChain> chain_y_, chain_z_;
+  FixedEndForces fixed_end_;
+  std::optional<BeamColumnPlane> plane_y_, plane_z_;
   std::optional<Releases> releases_;
   int negative_pivots_ = 0;
 };

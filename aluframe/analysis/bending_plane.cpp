@@ -46,7 +46,7 @@ Matrix4 bending_stiffness(const BendingPlane& plane) {
   return k * (plane.ei / ((1.0 + p) * l * l * l));
 }
 
-Matrix4 string_stiffness(const BendingPlane& plane, const AxialForce& n) {
+Matrix4 geometric_stiffness(const BendingPlane& plane, const AxialForce& n) {
   return integrate<Matrix4>(0.0, plane.length, [&](double x) -> Matrix4 {
     const Vector4 slopes = axis_slopes_at(plane, x);
     const double force = n.start + (n.end - n.start) * (x / plane.length);
@@ -54,7 +54,7 @@ Matrix4 string_stiffness(const BendingPlane& plane, const AxialForce& n) {
   });
 }
 
-Vector4 clamped_by_load(const BendingPlane& plane, const PlaneLoad& load) {
+Vector4 fixed_end_forces_of_load(const BendingPlane& plane, const PlaneLoad& load) {
   const double l = plane.length;
   if (load.from == 0.0 && load.to == l && load.from_value == load.to_value) {
     // The most frequent load; its symmetry leaves no part to the shear flexibility.
@@ -65,15 +65,15 @@ Vector4 clamped_by_load(const BendingPlane& plane, const PlaneLoad& load) {
   });
 }
 
-Vector4 clamped_by_force(const BendingPlane& plane, double x, double force) {
+Vector4 fixed_end_forces_of_force(const BendingPlane& plane, double x, double force) {
   return -force * deflections_at(plane, x);
 }
 
-Vector4 clamped_by_moment(const BendingPlane& plane, double x, double moment) {
+Vector4 fixed_end_forces_of_moment(const BendingPlane& plane, double x, double moment) {
   return -moment * rotations_at(plane, x);
 }
 
-Vector4 clamped_by_curvature(const BendingPlane& plane, double curvature) {
+Vector4 fixed_end_forces_of_curvature(const BendingPlane& plane, double curvature) {
   return plane.ei * curvature * Vector4(0.0, 1.0, 0.0, -1.0);
 }
 

@@ -40,18 +40,18 @@ struct AxialForce {
   double start = 0.0, end = 0.0;
 };
 
-/// Added stiffness of a piece under an axial force: integral of n·w'·w'. With shear, the axial
+/// Geometric stiffness of a piece under an axial force: integral of n·w'·w'. With shear, the axial
 /// force acts on the slope of the axis (Engesser).
-Matrix4 string_stiffness(const BendingPlane& plane, const AxialForce& n);
+Matrix4 geometric_stiffness(const BendingPlane& plane, const AxialForce& n);
 
-/// End forces of the clamped piece under a load along w, and under a force along w or a moment
-/// along t at x.
-Vector4 clamped_by_load(const BendingPlane& plane, const PlaneLoad& load);
-Vector4 clamped_by_force(const BendingPlane& plane, double x, double force);
-Vector4 clamped_by_moment(const BendingPlane& plane, double x, double moment);
+/// Fixed-end forces of the piece under a load along w, and under a force along w or a moment along
+/// t at x.
+Vector4 fixed_end_forces_of_load(const BendingPlane& plane, const PlaneLoad& load);
+Vector4 fixed_end_forces_of_force(const BendingPlane& plane, double x, double force);
+Vector4 fixed_end_forces_of_moment(const BendingPlane& plane, double x, double moment);
 
-/// End forces of the clamped piece that would bend by itself to the curvature d²w/dx², 1/mm.
-Vector4 clamped_by_curvature(const BendingPlane& plane, double curvature);
+/// Fixed-end forces of a piece that would bend by itself to the curvature d²w/dx², 1/mm.
+Vector4 fixed_end_forces_of_curvature(const BendingPlane& plane, double curvature);
 
 /// Three-point Gauss rule over [from, to]: exact for polynomials up to the fifth degree.
 /// `function` takes x and returns a vector or a number.

@@ -98,7 +98,7 @@ std::vector<Vector6> by_node(const NodeValues& values) {
 CaseRecovery::CaseRecovery(const Frame& frame, NodeValues displacements, double error)
     : frame_(frame),
       displacements_(std::move(displacements)),
-      held_(displacements_.size(), 0.0),
+      internal_(displacements_.size(), 0.0),
       forces_(frame.elements.size()),
       error_(error) {}
 
@@ -112,16 +112,16 @@ Norms CaseRecovery::noise() const {
 
 std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
                                               const NodeValues& nodal) const {
-  NodeValues sum(held_.size(), 0.0);
+  NodeValues sum(internal_.size(), 0.0);
   std::vector<std::size_t> nodes;
   nodes.reserve(frame_.supports.size() + frame_.springs.size());
   for (const Support& support : frame_.supports) nodes.push_back(support.node);
   for (const Spring& spring : frame_.springs) {
     nodes.push_back(spring.node);
     for (std::size_t i = 0; i < 6; ++i) {
-      const std::size_t place = 6 * spring.node + i;
+      const std::size_t dof = 6 * spring.node + i;
       if (equations.at(spring.node, i) >= 0) {
-        sum[place] -= spring.stiffness[i] * displacements_[place];
+        sum[dof] -= spring.stiffness[i] * displacements_[dof];
       }
     }
   }
@@ -131,9 +131,9 @@ std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
   for (const std::size_t node : nodes) {
     Reaction reaction{node, {}};
     for (std::size_t i = 0; i < 6; ++i) {
-      const std::size_t place = 6 * node + i;
+      const std::size_t dof = 6 * node + i;
       const bool supported = equations.at(node, i) == Equations::supported;
-      reaction.value[i] = supported ? held_[place] - nodal[place] : sum[place];
+      reaction.value[i] = supported ? internal_[dof] - nodal[dof] : sum[dof];
     }
     result.push_back(reaction);
   }
@@ -142,7 +142,7 @@ std::vector<Reaction> CaseRecovery::reactions(const Equations& equations,
 
 Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCase& load_case,
                                         const LoadsByElement& loads,
-                                        std::span<const Geometry> geometry, const Norms& size,
+                                        std::span<const Geometry> geometry, const Norms& load_norms,
                                         Order order) {
   if (!all_finite(forces_)) return too_large();
   const NodeValues nodal = nodal_loads(frame_, load_case);
@@ -151,10 +151,12 @@ Result<CaseResult> CaseRecovery::finish(const Equations& equations, const LoadCa
   result.reactions = reactions(equations, nodal);
   result.forces = std::move(forces_);
   const Norms limit = noise(), inside = remove_noise(limit, result.forces);
-  const Norms largest{std::max(size.force, inside.force), std::max(size.moment, inside.moment)};
+  const Norms largest{std::max(load_norms.force, inside.force),
+                      std::max(load_norms.moment, inside.moment)};
   Equilibrium& found = result.equilibrium;
-  found = check_equilibrium({frame_, equations, geometry, nodal, largest, held_, displacements_},
-                            loads, result.reactions, order);
+  found =
+      check_equilibrium({frame_, equations, geometry, nodal, largest, internal_, displacements_},
+                        loads, result.reactions, order);
   found.force_error = std::max(error_, found.force_error);
   // Sums of moments overflow before forces do.
   if (!std::isfinite(found.nodes + found.whole + found.force_error)) return too_large();

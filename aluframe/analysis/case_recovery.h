@@ -5,17 +5,17 @@
 
 namespace aluframe::analysis {
 
-/// What one element answers to the displacements of its nodes, local axes.
-struct ElementAnswer {
+/// Response of one element to the displacements of its nodes, local axes.
+struct ElementResponse {
   Vector12 end_forces;     ///< acting ON the element
-  Norms magnitude;         ///< size of what the end forces are sums of
+  Norms magnitude;         ///< of what the end forces are sums of
   FivePositions sections;  ///< forces at the five positions
 };
 
-/// Whether moments balance about the nodes where they were, or where they have moved to.
+/// Whether moments balance about the nodes as given, or about the displaced ones.
 enum class Order { first, second };
 
-/// Collects the answers of the elements to one case and makes its result of them.
+/// Recovers the result of one load case: collects the responses of its elements.
 class CaseRecovery {
  public:
   /// @param displacements of all nodes, prescribed ones included
@@ -31,10 +31,10 @@ class CaseRecovery {
   void add(std::size_t element, const EndForces& end_forces, const Sections& sections,
            const Norms& magnitude);
 
-  /// @param size of the loads that the displacements were solved for
+  /// @param load_norms of the loads that the displacements were solved for
   Result<CaseResult> finish(const Equations& equations, const LoadCase& load_case,
                             const LoadsByElement& loads, std::span<const Geometry> geometry,
-                            const Norms& size, Order order);
+                            const Norms& load_norms, Order order);
 
  private:
   Norms noise() const;
@@ -42,7 +42,7 @@ class CaseRecovery {
 
   const Frame& frame_;
   NodeValues displacements_;
-  NodeValues held_;  // what the elements take from each node
+  NodeValues internal_;  // forces that the elements take from each node
   std::vector<ElementForces> forces_;
   double error_;
   Norms largest_;  // of the sums that end forces are made of: what rounding is measured by
@@ -51,7 +51,7 @@ class CaseRecovery {
 template <class EndForces, class Sections>
 void CaseRecovery::add(std::size_t element, const EndForces& end_forces, const Sections& sections,
                        const Norms& magnitude) {
-  add_at_ends(frame_.elements[element], end_forces, held_);
+  add_at_ends(frame_.elements[element], end_forces, internal_);
   using Forces = Eigen::Matrix<float, 30, 1>;
   Eigen::Map<Forces>(forces_[element].front().data()) = sections.template cast<float>();
   largest_.force = std::max(largest_.force, magnitude.force);

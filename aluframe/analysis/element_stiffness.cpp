@@ -5,8 +5,8 @@ namespace aluframe::analysis {
 namespace {
 
 /// +1 for the two deflections, the plane's sign for the two rotations.
-double sign_of(const PlanePlaces& places, std::size_t i) {
-  return i % 2 == 1 ? places.rotation_sign : 1.0;
+double sign_of(const PlaneDofs& dofs, std::size_t i) {
+  return i % 2 == 1 ? dofs.rotation_sign : 1.0;
 }
 
 }  // namespace
@@ -19,35 +19,35 @@ BendingPlane plane_z(const Stiffness& s, double length) {
   return BendingPlane::of(s.e * s.iyy, s.g * s.az, length);
 }
 
-Vector4 plane_part(const PlanePlaces& places, const Vector12& all) {
+Vector4 plane_part(const PlaneDofs& dofs, const Vector12& all) {
   Vector4 part;
   for (std::size_t i = 0; i < 4; ++i) {
-    part[static_cast<int>(i)] = sign_of(places, i) * all[places.place[i]];
+    part[static_cast<int>(i)] = sign_of(dofs, i) * all[dofs.dof[i]];
   }
   return part;
 }
 
-void add_plane(const PlanePlaces& places, const Vector4& part, Vector12& all) {
+void add_plane(const PlaneDofs& dofs, const Vector4& part, Vector12& all) {
   for (std::size_t i = 0; i < 4; ++i) {
-    all[places.place[i]] += sign_of(places, i) * part[static_cast<int>(i)];
+    all[dofs.dof[i]] += sign_of(dofs, i) * part[static_cast<int>(i)];
   }
 }
 
-void add_plane(const PlanePlaces& places, const Matrix4& part, Matrix12& all) {
+void add_plane(const PlaneDofs& dofs, const Matrix4& part, Matrix12& all) {
   for (std::size_t i = 0; i < 4; ++i) {
     for (std::size_t j = 0; j < 4; ++j) {
-      all(places.place[i], places.place[j]) +=
-          sign_of(places, i) * sign_of(places, j) * part(static_cast<int>(i), static_cast<int>(j));
+      all(dofs.dof[i], dofs.dof[j]) +=
+          sign_of(dofs, i) * sign_of(dofs, j) * part(static_cast<int>(i), static_cast<int>(j));
     }
   }
 }
 
-void add_spring(int place, double stiffness, Matrix12& all) {
-  const int other = place + 6;
-  all(place, place) += stiffness;
+void add_spring(int dof, double stiffness, Matrix12& all) {
+  const int other = dof + 6;
+  all(dof, dof) += stiffness;
   all(other, other) += stiffness;
-  all(place, other) -= stiffness;
-  all(other, place) -= stiffness;
+  all(dof, other) -= stiffness;
+  all(other, dof) -= stiffness;
 }
 
 Matrix12 elastic_stiffness(const Element& element, double length) {
@@ -56,8 +56,8 @@ Matrix12 elastic_stiffness(const Element& element, double length) {
   add_spring(0, s.e * s.area / length, k);
   if (element.kind == ElementKind::truss) return k;
   add_spring(3, s.g * s.it / length, k);
-  add_plane(places_y, bending_stiffness(plane_y(s, length)), k);
-  add_plane(places_z, bending_stiffness(plane_z(s, length)), k);
+  add_plane(dofs_y, bending_stiffness(plane_y(s, length)), k);
+  add_plane(dofs_z, bending_stiffness(plane_z(s, length)), k);
   return k;
 }
 

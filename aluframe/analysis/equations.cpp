@@ -1,7 +1,7 @@
 #include "aluframe/analysis/equations.h"
 
+#include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/node_order.h"
-#include "aluframe/analysis/words.h"
 
 namespace aluframe::analysis {
 
@@ -11,9 +11,9 @@ namespace {
 std::vector<int> directions(const Frame& frame) {
   std::vector<int> marks(6 * frame.nodes.size(), Equations::absent);
   for (const Element& element : frame.elements) {
-    const std::size_t held = element.kind == ElementKind::beam ? 6 : 3;
+    const std::size_t active = element.kind == ElementKind::beam ? 6 : 3;
     for (const std::size_t node : {element.start, element.end}) {
-      for (std::size_t i = 0; i < held; ++i) marks[6 * node + i] = 0;
+      for (std::size_t i = 0; i < active; ++i) marks[6 * node + i] = 0;
     }
   }
   for (const Spring& spring : frame.springs) {
@@ -39,12 +39,12 @@ std::string lost_load_text(const Frame& frame, std::size_t node, std::size_t dir
 }  // namespace
 
 Equations::Equations(const Frame& frame) : numbers_(directions(frame)) {
-  places_.reserve(numbers_.size());
+  dofs_.reserve(numbers_.size());
   for (const std::size_t node : elimination_order(frame)) {
     for (std::size_t i = 6 * node; i < 6 * node + 6; ++i) {
       if (numbers_[i] != 0) continue;
       numbers_[i] = count_++;
-      places_.push_back(i);
+      dofs_.push_back(i);
     }
   }
 }

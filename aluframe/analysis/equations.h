@@ -9,9 +9,9 @@ namespace aluframe::analysis {
 
 /// Equation of every direction of every node, in an order of elimination.
 ///
-/// A direction has no equation when a support holds it, and when nothing there can ever resist it:
-/// the rotations of a node that only trusses meet, and all of a node that nothing meets. A spring
-/// gives its direction an equation in any case.
+/// A direction has no equation when a support restrains it, and when nothing there can ever resist
+/// it: the rotations of a node that only trusses meet, and all of a node that nothing meets. A
+/// spring gives its direction an equation in any case.
 class Equations {
  public:
   static constexpr int supported = -1;
@@ -24,12 +24,12 @@ class Equations {
   int at(std::size_t node, std::size_t direction) const { return numbers_[6 * node + direction]; }
   /// Of the six directions of a node.
   const int* of_node(std::size_t node) const { return &numbers_[6 * node]; }
-  /// Where equation i stands: 6·node + direction.
-  std::size_t place(int equation) const { return places_[static_cast<std::size_t>(equation)]; }
+  /// Degree of freedom of equation i: 6·node + direction.
+  std::size_t dof(int equation) const { return dofs_[static_cast<std::size_t>(equation)]; }
 
  private:
   std::vector<int> numbers_;
-  std::vector<std::size_t> places_;
+  std::vector<std::size_t> dofs_;
   int count_ = 0;
 };
 

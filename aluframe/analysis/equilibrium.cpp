@@ -13,32 +13,32 @@ double longest(std::span<const Geometry> geometry) {
   return length;
 }
 
-/// Forces and moments of many nodes: the largest, and the roots of the sums of squares.
-struct Rest {
-  Norms largest, together;
+/// Residual forces and moments of many nodes: the largest, and their Euclidean norms.
+struct Residual {
+  Norms largest, euclidean;
 
   void include(std::size_t direction, double value) {
     largest.include(direction, value);
-    (direction < 3 ? together.force : together.moment) += value * value;
+    (direction < 3 ? euclidean.force : euclidean.moment) += value * value;
   }
-  void finish() { together = {std::sqrt(together.force), std::sqrt(together.moment)}; }
+  void finish() { euclidean = {std::sqrt(euclidean.force), std::sqrt(euclidean.moment)}; }
 };
 
-/// What is left over at the nodes' free directions.
-Rest unbalanced_nodes(const Balance& b) {
-  NodeValues rest = b.held;
+/// Out-of-balance forces at the nodes' free directions.
+Residual unbalanced_nodes(const Balance& b) {
+  NodeValues residual = b.internal;
   for (const Spring& spring : b.frame.springs) {
     for (std::size_t i = 0; i < 6; ++i) {
-      const std::size_t place = 6 * spring.node + i;
-      rest[place] += spring.stiffness[i] * b.displacements[place];
+      const std::size_t dof = 6 * spring.node + i;
+      residual[dof] += spring.stiffness[i] * b.displacements[dof];
     }
   }
-  Rest unbalanced;
+  Residual unbalanced;
   for (std::size_t node = 0; node < b.frame.nodes.size(); ++node) {
     const int* equations = b.equations.of_node(node);
     for (std::size_t i = 0; i < 6; ++i) {
-      const std::size_t place = 6 * node + i;
-      if (equations[i] >= 0) unbalanced.include(i, rest[place] - b.nodal[place]);
+      const std::size_t dof = 6 * node + i;
+      if (equations[i] >= 0) unbalanced.include(i, residual[dof] - b.nodal[dof]);
     }
   }
   unbalanced.finish();
@@ -49,7 +49,7 @@ Eigen::Vector3d position(const Node& node) {
   return {node.x, node.y, node.z};
 }
 
-/// Sum of forces, and of moments about one point; and the sums of their sizes.
+/// Sum of forces, and of moments about one point; and the sums of their magnitudes.
 class Sum {
  public:
   explicit Sum(const Eigen::Vector3d& about) : about_(about) {}
@@ -120,13 +120,13 @@ Equilibrium check_equilibrium(const Balance& b, const LoadsByElement& loads,
     const Eigen::Matrix3d back = b.geometry[i].axes.transpose();
     sum.add(b.frame.nodes[b.frame.elements[i].end], back * all.force, back * all.moment);
   }
-  const Rest rest = unbalanced_nodes(b);
+  const Residual residual = unbalanced_nodes(b);
   const Lengths lengths{longest(b.geometry), extent.size};
-  const Norms through_frame{rest.together.force,
-                            rest.together.moment + extent.size * rest.together.force};
-  return {share(rest.largest, b.size, lengths),
-          share(sum.net(order), sum.gross(b.size), {extent.size, extent.size}),
-          share(through_frame, b.size, lengths)};
+  const Norms through_frame{residual.euclidean.force,
+                            residual.euclidean.moment + extent.size * residual.euclidean.force};
+  return {share(residual.largest, b.scale, lengths),
+          share(sum.net(order), sum.gross(b.scale), {extent.size, extent.size}),
+          share(through_frame, b.scale, lengths)};
 }
 
 }  // namespace aluframe::analysis

@@ -27,15 +27,15 @@ struct Balance {
   const Frame& frame;
   const Equations& equations;
   std::span<const Geometry> geometry;
-  const NodeValues& nodal;  ///< loads given on nodes
-  Norms size;               ///< of the largest load and element force of the case
-  const NodeValues& held;   ///< what the elements take from each node
+  const NodeValues& nodal;     ///< loads given on nodes
+  Norms scale;                 ///< of the largest load and element force of the case
+  const NodeValues& internal;  ///< forces that the elements take from each node
   const NodeValues& displacements;
 };
 
-/// How well the balance holds, and what error of the forces its lack means: roundings of the nodes
-/// are independent, so the root of their squares counts, with the extent of the frame as its lever.
-/// Without any load everything must be 0 and so are the shares.
+/// How well the balance holds, and what error of the forces the residuals mean: roundings of the
+/// nodes are independent, so the root of their squares counts, with the extent of the frame as its
+/// lever. Without any load everything must be 0 and so are the shares.
 Equilibrium check_equilibrium(const Balance& balance, const LoadsByElement& loads,
                               std::span<const Reaction> reactions, Order order);
 

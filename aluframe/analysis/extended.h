@@ -8,7 +8,7 @@ namespace aluframe::analysis {
 /// is the same on every machine: wider types and fused multiplications are not. Beyond 1e290, where
 /// halves of a number overflow, it is not a number.
 ///
-///     const Extended difference = Extended(moved_end) - Extended(moved_start);
+///     const Extended difference = Extended(end_displacement) - Extended(start_displacement);
 ///     const double force = (difference * stiffness).value();
 struct Extended {
   double high = 0.0, low = 0.0;

@@ -12,7 +12,7 @@ Extended3 three_at(const Extended12& all, std::size_t first) {
   return {all[first], all[first + 1], all[first + 2]};
 }
 
-Extended3 turned(const Axes& axes, const Extended3& global) {
+Extended3 rotated(const Axes& axes, const Extended3& global) {
   Extended3 local;
   for (std::size_t i = 0; i < 3; ++i) {
     for (std::size_t j = 0; j < 3; ++j) {
@@ -22,16 +22,17 @@ Extended3 turned(const Axes& axes, const Extended3& global) {
   return local;
 }
 
-/// How the ends moved, local axes.
-struct Moves {
-  Extended3 apart;  ///< the end against the start
-  Extended3 start_turn, end_turn;
+/// Displacements of the ends, local axes: all that an element resists.
+struct EndDisplacements {
+  Extended3 relative;  ///< translation of the end against the start
+  Extended3 start_rotation, end_rotation;
 };
 
-Moves moves_of(const Axes& axes, const Extended12& moved) {
-  Extended3 apart = three_at(moved, 6);
-  for (std::size_t i = 0; i < 3; ++i) apart[i] = apart[i] - moved[i];
-  return {turned(axes, apart), turned(axes, three_at(moved, 3)), turned(axes, three_at(moved, 9))};
+EndDisplacements end_displacements(const Axes& axes, const Extended12& displacements) {
+  Extended3 relative = three_at(displacements, 6);
+  for (std::size_t i = 0; i < 3; ++i) relative[i] = relative[i] - displacements[i];
+  return {rotated(axes, relative), rotated(axes, three_at(displacements, 3)),
+          rotated(axes, three_at(displacements, 9))};
 }
 
 /// Stiffness of one bending plane against the slopes of its ends and against `across`, the
@@ -42,52 +43,52 @@ struct PlaneStiffness {
 };
 
 /// By statics from the stiffness against rotations, so that the rest holds to the last digit.
-PlaneStiffness plane_stiffness(const PlanePlaces& places, const ElementStiffness& stiffness,
+PlaneStiffness plane_stiffness(const PlaneDofs& dofs, const ElementStiffness& stiffness,
                                double length) {
-  const auto [w1, t1, w2, t2] = places.place;
+  const auto [w1, t1, w2, t2] = dofs.dof;
   const Matrix12& k = stiffness.condensed;
-  const auto turned = [&](int place) { return Extended(stiffness.turned[place]); };
+  const auto rigid = [&](int dof) { return Extended(stiffness.rigid_rotation[dof]); };
   PlaneStiffness plane{k(t1, t1), k(t1, t2), k(t2, t2), {}, {}, {}};
   plane.across_start =
-      (turned(t1) * places.rotation_sign - exact_sum(plane.start, plane.mixed)) / length;
-  plane.across_end =
-      (turned(t2) * places.rotation_sign - exact_sum(plane.mixed, plane.end)) / length;
-  plane.across = (turned(w2) - plane.across_start - plane.across_end) / length;
+      (rigid(t1) * dofs.rotation_sign - exact_sum(plane.start, plane.mixed)) / length;
+  plane.across_end = (rigid(t2) * dofs.rotation_sign - exact_sum(plane.mixed, plane.end)) / length;
+  plane.across = (rigid(w2) - plane.across_start - plane.across_end) / length;
   return plane;
 }
 
-void add_plane(const PlanePlaces& places, std::size_t axis, const PlaneStiffness& k,
-               const Moves& moves, Extended12& forces) {
-  const auto place = [&](std::size_t i) { return static_cast<std::size_t>(places.place[i]); };
-  const std::size_t turning = place(1) - 3;
-  const double sign = places.rotation_sign;
-  const Extended start = moves.start_turn[turning] * sign, end = moves.end_turn[turning] * sign;
-  const Extended& across = moves.apart[axis];
+void add_plane(const PlaneDofs& dofs, std::size_t axis, const PlaneStiffness& k,
+               const EndDisplacements& ends, Extended12& forces) {
+  const auto dof = [&](std::size_t i) { return static_cast<std::size_t>(dofs.dof[i]); };
+  const std::size_t axis_of_rotation = dof(1) - 3;
+  const double sign = dofs.rotation_sign;
+  const Extended start = ends.start_rotation[axis_of_rotation] * sign,
+                 end = ends.end_rotation[axis_of_rotation] * sign;
+  const Extended& across = ends.relative[axis];
   const Extended shear = k.across * across + k.across_start * start + k.across_end * end;
-  forces[place(0)] = -shear;
-  forces[place(2)] = shear;
-  forces[place(1)] = (k.across_start * across + start * k.start + end * k.mixed) * sign;
-  forces[place(3)] = (k.across_end * across + start * k.mixed + end * k.end) * sign;
+  forces[dof(0)] = -shear;
+  forces[dof(2)] = shear;
+  forces[dof(1)] = (k.across_start * across + start * k.start + end * k.mixed) * sign;
+  forces[dof(3)] = (k.across_end * across + start * k.mixed + end * k.end) * sign;
 }
 
-/// Axial force or torsion: a spring between component `place` of the start and of the end.
-void add_spring(std::size_t place, const Matrix12& k, const Extended& apart, Extended12& forces) {
-  const auto end = static_cast<int>(place) + 6;
-  forces[place + 6] = apart * k(end, end);
-  forces[place] = -forces[place + 6];
+/// Axial force or torsion: a spring between component `dof` of the start and of the end.
+void add_spring(std::size_t dof, const Matrix12& k, const Extended& relative, Extended12& forces) {
+  const auto end = static_cast<int>(dof) + 6;
+  forces[dof + 6] = relative * k(end, end);
+  forces[dof] = -forces[dof + 6];
 }
 
 }  // namespace
 
 Extended12 extended_end_forces(const ElementStiffness& stiffness, const Geometry& geometry,
-                               const Extended12& moved) {
-  const Moves moves = moves_of(geometry.axes, moved);
+                               const Extended12& displacements) {
+  const EndDisplacements ends = end_displacements(geometry.axes, displacements);
   const Matrix12& k = stiffness.condensed;
   Extended12 forces;
-  add_spring(0, k, moves.apart[0], forces);
-  add_spring(3, k, moves.end_turn[0] - moves.start_turn[0], forces);
-  add_plane(places_y, 1, plane_stiffness(places_y, stiffness, geometry.length), moves, forces);
-  add_plane(places_z, 2, plane_stiffness(places_z, stiffness, geometry.length), moves, forces);
+  add_spring(0, k, ends.relative[0], forces);
+  add_spring(3, k, ends.end_rotation[0] - ends.start_rotation[0], forces);
+  add_plane(dofs_y, 1, plane_stiffness(dofs_y, stiffness, geometry.length), ends, forces);
+  add_plane(dofs_z, 2, plane_stiffness(dofs_z, stiffness, geometry.length), ends, forces);
   for (std::size_t i = 0; i < 12; ++i) {
     const auto at = static_cast<int>(i);
     if (k(at, at) == 0.0) forces[i] = {};
@@ -98,7 +99,7 @@ Extended12 extended_end_forces(const ElementStiffness& stiffness, const Geometry
 Extended12 to_global(const Axes& axes, const Extended12& local) {
   Extended12 global;
   for (std::size_t first = 0; first < 12; first += 3) {
-    const Extended3 three = turned(axes.transpose(), three_at(local, first));
+    const Extended3 three = rotated(axes.transpose(), three_at(local, first));
     for (std::size_t i = 0; i < 3; ++i) global[first + i] = three[i];
   }
   return global;

@@ -60,7 +60,7 @@ struct Element {
   double expansion = 0.0;  ///< thermal, 1/K
 };
 
-/// Directions in which a node is held; a load case may prescribe a displacement there.
+/// Directions in which a node is restrained; a load case may prescribe a displacement there.
 struct Support {
   std::size_t node = 0;
   std::array<bool, 6> fixed{};

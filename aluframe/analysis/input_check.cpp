@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/element_stiffness.h"
 #include "aluframe/analysis/local_axes.h"
 #include "aluframe/analysis/releases.h"
-#include "aluframe/analysis/words.h"
 
 namespace aluframe::analysis {
 

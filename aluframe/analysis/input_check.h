@@ -7,7 +7,7 @@ namespace aluframe::analysis {
 
 /// What makes a frame impossible to analyse whatever its loads are: a place that does not exist, a
 /// number that is not finite, an element without length or without stiffness, one that its releases
-/// leave without hold. Nothing when it can be tried.
+/// leave a mechanism. Nothing when it can be tried.
 std::optional<Problem> find_problem(const Frame& frame);
 
 /// What makes a load case impossible on a frame that has no problem: a load on something that does

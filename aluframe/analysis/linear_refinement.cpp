@@ -1,8 +1,8 @@
 #include "aluframe/analysis/linear_refinement.h"
 
-#include "aluframe/analysis/clamped_elements.h"
+#include "aluframe/analysis/fixed_end_table.h"
 #include "aluframe/analysis/refinement.h"
-#include "aluframe/analysis/stiff_equations.h"
+#include "aluframe/analysis/stiffness_equations.h"
 
 namespace aluframe::analysis {
 
@@ -15,12 +15,12 @@ NodeValues by_place(const std::vector<Vector6>& by_node) {
 }
 
 CaseLoads case_loads(const Frame& frame, const LoadCase& load_case, const LoadsByElement& loads,
-                     const Norms& size) {
-  CaseLoads all{nodal_loads(frame, load_case), {}, size};
-  all.clamped.assign(frame.elements.size(), Vector12::Zero());
-  const ClampedElements clamped(frame, {&loads, 1});
-  for (std::size_t i = 0; i < all.clamped.size(); ++i) {
-    for (const ClampedElement& held : clamped.of(i)) all.clamped[i] = held.condensed;
+                     const Norms& load_norms) {
+  CaseLoads all{nodal_loads(frame, load_case), {}, load_norms};
+  all.fixed_end_forces.assign(frame.elements.size(), Vector12::Zero());
+  const FixedEndTable fixed_end(frame, {&loads, 1});
+  for (std::size_t i = 0; i < all.fixed_end_forces.size(); ++i) {
+    for (const FixedEndEntry& entry : fixed_end.of(i)) all.fixed_end_forces[i] = entry.condensed;
   }
   return all;
 }
@@ -40,18 +40,18 @@ std::optional<Problem> LinearRefinement::factorise() {
 }
 
 Result<CaseResult> LinearRefinement::refine(const CaseResult& first, const LoadCase& load_case,
-                                            const LoadsByElement& loads, const Norms& size) {
+                                            const LoadsByElement& loads, const Norms& load_norms) {
   if (auto problem = factorise()) return std::move(*problem);
   const RefinedCase refined = analysis::refine(
       {frame_, geometry_, equations_, scale_, elastic_source(frame_, geometry_), *solver_},
-      case_loads(frame_, load_case, loads, size), by_place(first.displacements));
+      case_loads(frame_, load_case, loads, load_norms), by_place(first.displacements));
   CaseRecovery recovery(frame_, refined.displacements, refined.force_error);
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Vector12& ends = refined.end_forces[i];
     const FivePositions sections = section_forces(frame_.elements[i].kind, ends, loads.of(i));
     recovery.add(i, to_global(geometry_[i].axes, ends), sections.reshaped(), refined.largest);
   }
-  return recovery.finish(equations_, load_case, loads, geometry_, size, Order::first);
+  return recovery.finish(equations_, load_case, loads, geometry_, load_norms, Order::first);
 }
 
 }  // namespace aluframe::analysis

@@ -19,9 +19,9 @@ class LinearRefinement {
       : frame_(frame), geometry_(geometry), equations_(equations) {}
 
   /// @param first result of the case, in double precision
-  /// @param size of its loads
+  /// @param load_norms of its loads
   Result<CaseResult> refine(const CaseResult& first, const LoadCase& load_case,
-                            const LoadsByElement& loads, const Norms& size);
+                            const LoadsByElement& loads, const Norms& load_norms);
 
  private:
   std::optional<Problem> factorise();

@@ -30,8 +30,8 @@ struct Factorisation {
   int code = 0;                     ///< the solver library's own, for messages
 };
 
-/// What solves the equations of a frame: factorises once, then solves any number of right sides.
-/// No pivoting for size: frames are positive definite, or (second order) nearly so.
+/// What solves the equations of a frame: factorises once, then solves for any number of load
+/// vectors. No pivoting for size: frames are positive definite, or (second order) nearly so.
 class LinearSolver {
  public:
   virtual ~LinearSolver() = default;
@@ -39,7 +39,7 @@ class LinearSolver {
   /// Factorises. Reuses what it found out about the last matrix when the places are the same.
   virtual Factorisation factorise(const SymmetricMatrix& matrix) = 0;
 
-  /// Replaces right sides by solutions, column after column. The last factorisation must be done.
+  /// Replaces load vectors by solutions, column after column. The last factorisation must be done.
   virtual void solve(std::span<double> columns) = 0;
 };
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/input_check.h"
-#include "aluframe/analysis/words.h"
 
 namespace aluframe::analysis {
 

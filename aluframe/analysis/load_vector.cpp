@@ -11,9 +11,10 @@ NodeValues nodal_loads(const Frame& frame, const LoadCase& load_case) {
 }
 
 NodeValues settlements(const Frame& frame, const LoadCase& load_case) {
-  NodeValues moved(6 * frame.nodes.size(), 0.0);
-  for (const Settlement& s : load_case.settlements) moved[6 * s.node + s.direction] += s.value;
-  return moved;
+  NodeValues displacements(6 * frame.nodes.size(), 0.0);
+  for (const Settlement& s : load_case.settlements)
+    displacements[6 * s.node + s.direction] += s.value;
+  return displacements;
 }
 
 EquivalentLoads::EquivalentLoads(const Frame& frame, std::span<const Geometry> geometry,
@@ -23,28 +24,29 @@ EquivalentLoads::EquivalentLoads(const Frame& frame, std::span<const Geometry> g
       load_case_(load_case),
       values_(nodal_loads(frame, load_case)) {
   for (const NodalLoad& load : load_case.nodal) {
-    for (std::size_t i = 0; i < 6; ++i) size_.include(i, values_[6 * load.node + i]);
+    for (std::size_t i = 0; i < 6; ++i) norms_.include(i, values_[6 * load.node + i]);
   }
 }
 
-void EquivalentLoads::add_clamped(std::size_t element, const Vector12& condensed,
-                                  const EndSizes& unreleased) {
+void EquivalentLoads::add_fixed_end_forces(std::size_t element, const Vector12& condensed,
+                                           const EndForceNorms& unreleased) {
   const Vector12 global = -to_global(geometry_[element].axes, condensed);
   add_at_ends(frame_.elements[element], global, values_);
-  size_.force = std::max({size_.force, unreleased.axial, unreleased.shear});
-  size_.moment = std::max(size_.moment, unreleased.moment);
+  norms_.force = std::max({norms_.force, unreleased.axial, unreleased.shear});
+  norms_.moment = std::max(norms_.moment, unreleased.moment);
 }
 
 void EquivalentLoads::add_settlements(const StiffnessSource& stiffness) {
   if (load_case_.settlements.empty()) return;
-  const NodeValues moved = settlements(frame_, load_case_);
+  const NodeValues displacements = settlements(frame_, load_case_);
   ElementStiffness k;
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
-    const Vector12 ends = at_ends(frame_.elements[i], moved);
+    const Vector12 ends = at_ends(frame_.elements[i], displacements);
     if (ends.isZero(0.0)) continue;
     stiffness(i, k);
     const Vector12 local = to_local(geometry_[i].axes, ends);
-    add_clamped(i, k.condensed * local, EndSizes::of(k.unreleased.cwiseProduct(local)));
+    add_fixed_end_forces(i, k.condensed * local,
+                         EndForceNorms::of(k.unreleased.cwiseProduct(local)));
   }
 }
 

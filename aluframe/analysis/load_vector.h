@@ -5,7 +5,7 @@
 #include <span>
 
 #include "aluframe/analysis/assembly.h"
-#include "aluframe/analysis/clamped_forces.h"
+#include "aluframe/analysis/fixed_end_forces.h"
 
 namespace aluframe::analysis {
 
@@ -44,31 +44,32 @@ struct Norms {
   }
 };
 
-/// All loads of a case as loads on nodes, and how large they are. Their size counts what clamped
-/// elements and prescribed displacements would exert before releases and sums take from it: a
-/// temperature that releases let go free is a load of that size all the same.
+/// Equivalent nodal loads of a case, and their norms. The norms count fixed-end forces and forces
+/// of prescribed displacements before releases and sums take from them: a temperature that releases
+/// let go free is a load of that magnitude all the same.
 class EquivalentLoads {
  public:
   /// Starts with the loads that the case puts on nodes.
   EquivalentLoads(const Frame& frame, std::span<const Geometry> geometry,
                   const LoadCase& load_case);
 
-  /// Adds the end forces that hold a clamped element, turned round; local axes.
-  /// @param unreleased sizes of the same as if nothing were released
-  void add_clamped(std::size_t element, const Vector12& condensed, const EndSizes& unreleased);
+  /// Adds the fixed-end forces of an element with reversed sign; local axes.
+  /// @param unreleased magnitudes of the same as if nothing were released
+  void add_fixed_end_forces(std::size_t element, const Vector12& condensed,
+                            const EndForceNorms& unreleased);
 
   /// Adds what the elements exert under the prescribed displacements alone.
   void add_settlements(const StiffnessSource& stiffness);
 
   const NodeValues& values() const { return values_; }
-  const Norms& size() const { return size_; }
+  const Norms& norms() const { return norms_; }
 
  private:
   const Frame& frame_;
   std::span<const Geometry> geometry_;
   const LoadCase& load_case_;
   NodeValues values_;
-  Norms size_;
+  Norms norms_;
 };
 
 }  // namespace aluframe::analysis

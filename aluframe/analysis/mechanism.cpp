@@ -8,10 +8,10 @@
 #include <random>
 #include <utility>
 
-#include "aluframe/analysis/loose_node.h"
-#include "aluframe/analysis/loose_part.h"
-#include "aluframe/analysis/soft_motion.h"
-#include "aluframe/analysis/words.h"
+#include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/analysis/softest_mode.h"
+#include "aluframe/analysis/unrestrained_node.h"
+#include "aluframe/analysis/unrestrained_part.h"
 
 namespace aluframe::analysis {
 
@@ -19,25 +19,25 @@ std::vector<double> probing_load(int size) {
   std::mt19937 random(12345);  // any, but the same on every machine
   std::vector<double> load(static_cast<std::size_t>(size));
   for (double& value : load) {
-    // Away from 0, so that a motion of one direction alone is excited for certain.
+    // Away from 0, so that a mode of one direction alone is excited for certain.
     const auto bits = static_cast<std::uint32_t>(random());
-    const double size_of = 0.5 + static_cast<double>(bits >> 1) / 4294967296.0;
-    value = (bits & 1U) != 0 ? size_of : -size_of;
+    const double magnitude = 0.5 + static_cast<double>(bits >> 1) / 4294967296.0;
+    value = (bits & 1U) != 0 ? magnitude : -magnitude;
   }
   return load;
 }
 
-double softness(std::span<const double> load, std::span<const double> answer) {
-  // Relative to the largest entry, because squares of a singular frame's answer may overflow.
+double softness(std::span<const double> load, std::span<const double> solution) {
+  // Relative to the largest entry, because squares of a singular frame's solution may overflow.
   double largest = 0.0;
-  for (const double x : answer) {
+  for (const double x : solution) {
     if (!std::isfinite(x)) return std::numeric_limits<double>::quiet_NaN();
     largest = std::max(largest, std::abs(x));
   }
   double energy = 0.0, squares = 0.0;
   for (std::size_t i = 0; i < load.size(); ++i) {
-    energy += load[i] * (answer[i] / largest);
-    squares += (answer[i] / largest) * (answer[i] / largest);
+    energy += load[i] * (solution[i] / largest);
+    squares += (solution[i] / largest) * (solution[i] / largest);
   }
   return energy / squares / largest;
 }
@@ -50,7 +50,7 @@ struct EndStiffness {
   std::size_t element = 0;
 };
 
-/// E·A/L and, of a beam, 12·E·I/L³ about both axes and G·It/L³, which holds against twisting by
+/// E·A/L and, of a beam, 12·E·I/L³ about both axes and G·It/L³, which resists twisting by
 /// forces a length L apart. Finite and positive in a frame whose input has no problem.
 std::vector<EndStiffness> end_stiffnesses(const Frame& frame) {
   std::vector<EndStiffness> all;
@@ -84,9 +84,9 @@ std::string unlike_stiffnesses(const Frame& frame) {
 
 Problem explain_mechanism(const Frame& frame, const Equations& equations,
                           const ScaledEquations& scaled) {
-  if (auto problem = find_loose_part(frame)) return *problem;
-  auto found = find_loose_node(frame, equations, scaled);
-  Problem problem = found ? std::move(*found) : tell_softest_motion(frame, equations, scaled);
+  if (auto problem = find_unrestrained_part(frame)) return *problem;
+  auto found = find_unrestrained_node(frame, equations, scaled);
+  Problem problem = found ? std::move(*found) : describe_softest_mode(frame, equations, scaled);
   problem.text += unlike_stiffnesses(frame);
   return problem;
 }

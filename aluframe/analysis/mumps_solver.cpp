@@ -29,7 +29,7 @@ bool is_one_of(int code, const int (&codes)[count]) {
   return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
-/// Right sides solved together: wide enough for matrix products, narrow enough for the cache.
+/// Load vectors solved as one block: wide enough for matrix products, narrow enough for the cache.
 constexpr int solve_block = 32;
 
 /// Control ICNTL(i) of the library's manual, which counts from 1.

@@ -19,12 +19,14 @@ class Refinement {
  public:
   Refinement(const FactorisedFrame& factorised, const CaseLoads& loads,
              const NodeValues& displacements)
-      : of_(factorised), loads_(loads), moved_(displacements.begin(), displacements.end()) {}
+      : of_(factorised),
+        loads_(loads),
+        displacements_(displacements.begin(), displacements.end()) {}
 
   RefinedCase run();
 
  private:
-  Extended12 moved_ends(const Element& element) const;
+  Extended12 end_displacements(const Element& element) const;
   void update_forces();
   Extended12 update_element(std::size_t place, const ElementStiffness& stiffness);
   void correct();
@@ -32,17 +34,17 @@ class Refinement {
 
   const FactorisedFrame& of_;
   const CaseLoads& loads_;
-  std::vector<Extended> moved_;
-  std::vector<Extended> rest_;  // of the loads at each place, which nothing balances
+  std::vector<Extended> displacements_;
+  std::vector<Extended> residual_;  // out-of-balance force of each degree of freedom
   std::vector<Vector12> forces_;
   Norms largest_;
 };
 
-Extended12 Refinement::moved_ends(const Element& element) const {
+Extended12 Refinement::end_displacements(const Element& element) const {
   Extended12 ends;
   for (std::size_t i = 0; i < 6; ++i) {
-    ends[i] = moved_[6 * element.start + i];
-    ends[6 + i] = moved_[6 * element.end + i];
+    ends[i] = displacements_[6 * element.start + i];
+    ends[6 + i] = displacements_[6 * element.end + i];
   }
   return ends;
 }
@@ -51,51 +53,51 @@ Extended12 Refinement::moved_ends(const Element& element) const {
 Extended12 Refinement::update_element(std::size_t place, const ElementStiffness& stiffness) {
   const Geometry& geometry = of_.geometry[place];
   Extended12 forces =
-      extended_end_forces(stiffness, geometry, moved_ends(of_.frame.elements[place]));
+      extended_end_forces(stiffness, geometry, end_displacements(of_.frame.elements[place]));
   for (std::size_t i = 0; i < 12; ++i) {
     const auto at = static_cast<int>(i);
-    forces[i] += Extended(loads_.clamped[place][at]);
+    forces[i] += Extended(loads_.fixed_end_forces[place][at]);
     forces_[place][at] = forces[i].value();
   }
   return to_global(geometry.axes, forces);
 }
 
 void Refinement::update_forces() {
-  rest_ = {loads_.nodal.begin(), loads_.nodal.end()};
+  residual_ = {loads_.nodal.begin(), loads_.nodal.end()};
   forces_.resize(of_.frame.elements.size());
   ElementStiffness stiffness;
   for (std::size_t place = 0; place < forces_.size(); ++place) {
     of_.stiffness(place, stiffness);
-    const Extended12 held = update_element(place, stiffness);
+    const Extended12 internal = update_element(place, stiffness);
     const Element& element = of_.frame.elements[place];
     for (std::size_t i = 0; i < 6; ++i) {
-      rest_[6 * element.start + i] += -held[i];
-      rest_[6 * element.end + i] += -held[6 + i];
+      residual_[6 * element.start + i] += -internal[i];
+      residual_[6 * element.end + i] += -internal[6 + i];
     }
   }
   for (const Spring& spring : of_.frame.springs) {
     for (std::size_t i = 0; i < 6; ++i) {
-      const std::size_t place = 6 * spring.node + i;
-      rest_[place] += -(moved_[place] * spring.stiffness[i]);
+      const std::size_t dof = 6 * spring.node + i;
+      residual_[dof] += -(displacements_[dof] * spring.stiffness[i]);
     }
   }
 }
 
 void Refinement::correct() {
   std::vector<double> column(of_.scale.size());
-  const auto place = [&](std::size_t i) { return of_.equations.place(static_cast<int>(i)); };
+  const auto dof = [&](std::size_t i) { return of_.equations.dof(static_cast<int>(i)); };
   for (std::size_t i = 0; i < column.size(); ++i) {
-    column[i] = rest_[place(i)].value() * of_.scale[i];
+    column[i] = residual_[dof(i)].value() * of_.scale[i];
   }
   if (!column.empty()) of_.solver.solve(column);
   for (std::size_t i = 0; i < column.size(); ++i) {
-    moved_[place(i)] += Extended(column[i] * of_.scale[i]);
+    displacements_[dof(i)] += Extended(column[i] * of_.scale[i]);
   }
 }
 
 double Refinement::change_since(const std::vector<Vector12>& before) {
   Norms change;
-  largest_ = loads_.size;
+  largest_ = loads_.norms;
   for (std::size_t i = 0; i < forces_.size(); ++i) {
     for (int j = 0; j < 12; ++j) {
       const double difference = forces_[i][j] - before[i][j];
@@ -119,7 +121,7 @@ RefinedCase Refinement::run() {
     if (!(change <= last / 2)) break;
   }
   RefinedCase result{{}, std::move(forces_), largest_, change};
-  for (const Extended& moved : moved_) result.displacements.push_back(moved.value());
+  for (const Extended& value : displacements_) result.displacements.push_back(value.value());
   return result;
 }
 

@@ -17,9 +17,9 @@ struct FactorisedFrame {
 
 /// Loads of a case as the refinement takes them.
 struct CaseLoads {
-  NodeValues nodal;               ///< given on nodes
-  std::vector<Vector12> clamped;  ///< per element: end forces that hold it still, local axes
-  Norms size;                     ///< of all of them
+  NodeValues nodal;                        ///< given on nodes
+  std::vector<Vector12> fixed_end_forces;  ///< per element: with its releases, local axes
+  Norms norms;                             ///< of all of them
 };
 
 /// What is known of a case after its refinement.
@@ -32,12 +32,12 @@ struct RefinedCase {
 };
 
 /// Refines displacements that double precision does not suffice for, as in a chain of hundreds of
-/// elements, whose tip moves a million times as far as an element deforms: solves again for the
-/// part of the loads that the elements leave unbalanced, both in extended precision, until the
-/// element forces change no more (iterative refinement: Higham, Accuracy and Stability of Numerical
-/// Algorithms, chapter 12). Every step multiplies the error by the rounding of the factorisation
-/// over the softness of the frame, so that it converges unless the frame is a mechanism, or so
-/// nearly one that `force_error` stays large.
+/// elements, whose tip is displaced a million times as far as an element deforms: solves again for
+/// the residual, the part of the loads that the elements leave unbalanced, both in extended
+/// precision, until the element forces change no more (iterative refinement: Higham, Accuracy and
+/// Stability of Numerical Algorithms, chapter 12). Every step multiplies the error by the rounding
+/// of the factorisation over the softness of the frame, so that it converges unless the frame is a
+/// mechanism, or so nearly one that `force_error` stays large.
 RefinedCase refine(const FactorisedFrame& factorised, const CaseLoads& loads,
                    const NodeValues& displacements);
 

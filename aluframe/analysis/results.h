@@ -48,14 +48,14 @@ struct Reaction {
 struct Equilibrium {
   /// Largest unbalanced force of any node over the largest load or element force.
   double nodes = 0.0;
-  double whole = 0.0;  ///< loads and reactions of the whole frame over the sum of their sizes
+  double whole = 0.0;  ///< loads and reactions of the whole frame over the sum of their magnitudes
   /// Estimated error of the element forces over the largest of them, before their rounding to
   /// single precision: what the unbalanced forces of all nodes may do together, or the last change
   /// of forces that needed refinement.
   double force_error = 0.0;
 };
 
-/// Answer of the frame to one load case.
+/// Response of the frame to one load case.
 struct CaseResult {
   std::vector<Vector6> displacements;  ///< per node: mm and rad, global axes
   std::vector<Reaction> reactions;     ///< of the nodes with supports or springs, by place

@@ -6,12 +6,12 @@
 #include <cmath>
 
 #include "aluframe/analysis/beam_column.h"
+#include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/input_check.h"
 #include "aluframe/analysis/mechanism.h"
 #include "aluframe/analysis/refinement.h"
-#include "aluframe/analysis/soft_motion.h"
-#include "aluframe/analysis/stiff_equations.h"
-#include "aluframe/analysis/words.h"
+#include "aluframe/analysis/softest_mode.h"
+#include "aluframe/analysis/stiffness_equations.h"
 
 namespace aluframe::analysis {
 
@@ -21,9 +21,9 @@ using Found = std::optional<Problem>;
 
 /// Axial forces below this share of the loads do nothing worth another iteration.
 constexpr double least_axial_share = 1e-3;
-/// Softness below which every step is refined: the tip of a long oblique chain moves so far that
-/// the axial forces of its elements would be rounding, and the steps would not settle. Building
-/// grids of 10,000 elements lie at 1e-4.
+/// Softness below which every step is refined: the tip of a long oblique chain is displaced so far
+/// that the axial forces of its elements would be rounding, and the steps would not settle.
+/// Building grids of 10,000 elements lie at 1e-4.
 constexpr double soft = 1e-8;
 
 /// What iterates: elements under the axial forces of the last solution.
@@ -51,7 +51,7 @@ class Iteration {
   Found find_buckling(const Factorisation& done, const ScaledEquations& scaled) const;
   Problem buckled_element(std::size_t place) const;
   Problem buckled(const ScaledEquations& scaled) const;
-  const RefinedCase& refine_answer();
+  const RefinedCase& refine_solution();
   Vector12 end_forces(std::size_t place) const;
   void update_forces();
   Result<CaseResult> plain_result() const;
@@ -69,7 +69,7 @@ class Iteration {
   NodeValues displacements_;
   std::optional<RefinedCase> refined_;  // where double precision does not suffice
   std::vector<double> scale_;           // of the equations that gave them
-  Norms size_;
+  Norms load_norms_;
   std::unique_ptr<LinearSolver> solver_;
   double change_ = 0.0;
   bool first_ = true;
@@ -83,8 +83,8 @@ EquivalentLoads Iteration::equivalent_loads() const {
   EquivalentLoads loads(frame_, geometry_, load_case_);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (!loads_.is_loaded(i)) continue;
-    const ClampedEnds& ends = columns_[i].clamped();
-    loads.add_clamped(i, ends.condensed, EndSizes::of(ends.unreleased));
+    const FixedEndForces& ends = columns_[i].fixed_end();
+    loads.add_fixed_end_forces(i, ends.condensed, EndForceNorms::of(ends.unreleased));
   }
   loads.add_settlements(stiffness());
   return loads;
@@ -113,7 +113,7 @@ Found Iteration::make_columns() {
 Problem Iteration::buckled(const ScaledEquations& scaled) const {
   return {
       Problem::Kind::buckling,
-      "the frame buckles under these loads: " + tell_motion_near_zero(frame_, equations_, scaled),
+      "the frame buckles under these loads: " + describe_buckling_mode(frame_, equations_, scaled),
       std::nullopt, std::nullopt};
 }
 
@@ -132,24 +132,25 @@ Found Iteration::solve_equations() {
   displacements_ = settlements(frame_, load_case_);
   refined_.reset();
   const EquivalentLoads loads = equivalent_loads();
-  size_ = loads.size();
+  load_norms_ = loads.norms();
   if (equations_.count() == 0) return std::nullopt;
   const ScaledEquations scaled = assemble(frame_, geometry_, equations_, stiffness());
   scale_ = scaled.scale;
   if (auto problem = find_buckling(solver_->factorise(scaled.matrix), scaled)) return problem;
-  RightSides sides(equations_, scaled);
-  sides.add(loads.values());
-  const double softest = sides.solve(*solver_);
-  const bool held = softest >= least_softness;
-  if (!held) return first_ ? explain_mechanism(frame_, equations_, scaled) : buckled(scaled);
-  sides.add_displacements(0, displacements_);
-  if (softest < soft) refine_answer();
+  LoadVectors vectors(equations_, scaled);
+  vectors.add(loads.values());
+  const double softest = vectors.solve(*solver_);
+  const bool is_stable = softest >= least_softness;
+  if (!is_stable) return first_ ? explain_mechanism(frame_, equations_, scaled) : buckled(scaled);
+  vectors.add_displacements(0, displacements_);
+  if (softest < soft) refine_solution();
   return std::nullopt;
 }
 
-const RefinedCase& Iteration::refine_answer() {
-  CaseLoads loads{nodal_loads(frame_, load_case_), {}, size_};
-  for (const BeamColumn& column : columns_) loads.clamped.push_back(column.clamped().condensed);
+const RefinedCase& Iteration::refine_solution() {
+  CaseLoads loads{nodal_loads(frame_, load_case_), {}, load_norms_};
+  for (const BeamColumn& column : columns_)
+    loads.fixed_end_forces.push_back(column.fixed_end().condensed);
   const RefinedCase& refined = refined_.emplace(refine(
       {frame_, geometry_, equations_, scale_, stiffness(), *solver_}, loads, displacements_));
   displacements_ = refined.displacements;
@@ -160,12 +161,12 @@ Vector12 Iteration::end_forces(std::size_t place) const {
   if (refined_) return refined_->end_forces[place];
   const Vector12 u =
       to_local(geometry_[place].axes, at_ends(frame_.elements[place], displacements_));
-  return columns_[place].stiffness().condensed * u + columns_[place].clamped().condensed;
+  return columns_[place].stiffness().condensed * u + columns_[place].fixed_end().condensed;
 }
 
 void Iteration::update_forces() {
   next_forces_.resize(forces_.size());
-  double largest = least_axial_share * size_.force, change = 0.0;
+  double largest = least_axial_share * load_norms_.force, change = 0.0;
   for (std::size_t i = 0; i < forces_.size(); ++i) {
     next_forces_[i] = piece_forces(frame_.elements[i].kind, end_forces(i), loads_.of(i));
     for (std::size_t j = 0; j < pieces; ++j) {
@@ -192,11 +193,11 @@ Result<CaseResult> Iteration::plain_result() const {
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
     const Element& element = frame_.elements[i];
     const Vector12 u = to_local(geometry_[i].axes, recovery.displacements_of(element));
-    const ElementAnswer answer = columns_[i].answer(element, loads_.of(i), u);
-    recovery.add(i, to_global(geometry_[i].axes, answer.end_forces), answer.sections.reshaped(),
-                 answer.magnitude);
+    const ElementResponse response = columns_[i].response(element, loads_.of(i), u);
+    recovery.add(i, to_global(geometry_[i].axes, response.end_forces), response.sections.reshaped(),
+                 response.magnitude);
   }
-  return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
+  return recovery.finish(equations_, load_case_, loads_, geometry_, load_norms_, Order::second);
 }
 
 Result<CaseResult> Iteration::result_of(const RefinedCase& refined) const {
@@ -209,7 +210,7 @@ Result<CaseResult> Iteration::result_of(const RefinedCase& refined) const {
     const FivePositions sections = columns_[i].sections(element, loads_.of(i), u, ends);
     recovery.add(i, to_global(axes, ends), sections.reshaped(), refined.largest);
   }
-  return recovery.finish(equations_, load_case_, loads_, geometry_, size_, Order::second);
+  return recovery.finish(equations_, load_case_, loads_, geometry_, load_norms_, Order::second);
 }
 
 Result<CaseResult> Iteration::result() {
@@ -217,7 +218,7 @@ Result<CaseResult> Iteration::result() {
   auto plain = plain_result();
   const auto* found = std::get_if<CaseResult>(&plain);
   if (found == nullptr || !needs_refinement(found->equilibrium)) return plain;
-  return result_of(refine_answer());
+  return result_of(refine_solution());
 }
 
 Problem diverged(const SecondOrderOptions& options, double change) {
@@ -253,7 +254,7 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   auto result = iteration.result();
   if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
   solved.result = std::get<CaseResult>(std::move(result));
-  if (auto problem = find_imbalance(solved.result, 0, options.limits)) {
+  if (auto problem = find_residual_problem(solved.result, 0, options.limits)) {
     return std::move(*problem);
   }
   return solved;

@@ -26,7 +26,7 @@ struct SecondOrderResult {
 ///
 /// Superposition does not hold: analyse the combined loads (`combine`), not the cases.
 ///
-/// Loads that the frame cannot carry are a problem that tells what buckles.
+/// Loads that the frame cannot carry are a problem that names what buckles.
 Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCase& loads,
                                                const SecondOrderOptions& options = {});
 

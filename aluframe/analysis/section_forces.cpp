@@ -1,13 +1,13 @@
 #include "aluframe/analysis/section_forces.h"
 
-#include "aluframe/analysis/clamped_forces.h"
+#include "aluframe/analysis/fixed_end_forces.h"
 
 namespace aluframe::analysis {
 
 FivePositions sections_of_loads(ElementKind kind, const ElementLoads& loads) {
   FivePositions forces = FivePositions::Zero();
   if (kind == ElementKind::truss) {
-    forces.row(0).setConstant(-passed_to_ends(loads)[6]);
+    forces.row(0).setConstant(-simply_supported_reactions(loads)[6]);
     return forces;
   }
   for (int i = 1; i < 4; ++i) {

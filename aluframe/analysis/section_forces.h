@@ -26,7 +26,7 @@ void sections_of_ends(ElementKind kind, double length, const Ends& f, Sections& 
     for (int i = 0; i < 30; i += 6) sections.row(i) = f.row(6);
     return;
   }
-  // A section holds the piece before it against the start's forces.
+  // A section balances the piece before it and the start's forces.
   for (int position = 0; position < 4; ++position) {
     const double x = length * position / 4.0;
     const int i = 6 * position;

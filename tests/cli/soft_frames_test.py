@@ -72,7 +72,7 @@ def force(tables, element, position, component):
                 if row["element"] == element and row["position"] == position)
 
 
-def moved(tables, node):
+def vertical_displacement(tables, node):
     return next(row["Dz"] for row in tables["displacements"] if row["node"] == node)
 
 
@@ -91,7 +91,7 @@ def test_a_cantilever_in_200_pieces_has_the_forces_of_statics(tables, options):
     assert force(shown, 200, 0, "Fz") == pytest.approx(0.01, **near)
     # PL³/(3·EI) + PL/(G·As), with half of a pipe's area in shear; 0.8 of it downwards.
     bends = 10 * 50000**3 / (3 * E * PIPE_I) + 10 * 50000 / (G * PIPE_AREA / 2)
-    assert moved(shown, 201) == pytest.approx(-0.8 * bends / 1000, rel=1e-8)
+    assert vertical_displacement(shown, 201) == pytest.approx(-0.8 * bends / 1000, rel=1e-8)
 
 
 @SECOND_ORDER
@@ -102,7 +102,7 @@ def test_a_beam_in_300_pieces_has_its_parabola_of_moments(tables, options):
     assert force(shown, 1, 0, "Fz") == pytest.approx(3, **near)
     # 5·qL⁴/(384·EI) + qL²/(8·G·As).
     sinks = 5 * 6000**4 / (384 * E * PIPE_I) + 6000**2 / (8 * G * PIPE_AREA / 2)
-    assert moved(shown, 151) == pytest.approx(-sinks / 1000, rel=1e-8)
+    assert vertical_displacement(shown, 151) == pytest.approx(-sinks / 1000, rel=1e-8)
 
 
 @SECOND_ORDER

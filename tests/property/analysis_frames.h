@@ -56,7 +56,8 @@ inline Element any_member(std::size_t start, std::size_t end, Number number) {
     element.kind = ElementKind::truss;
     return element;
   }
-  // One of each pair, and of the bending planes one more: whatever the choice, the element is held.
+  // One of each pair, and of the bending planes one more: whatever the choice, the element is
+  // restrained.
   for (const std::size_t place : {0U, 3U, 4U, 5U}) {
     if (by_chance(25)) element.released[by_chance(50) ? place : place + 6] = true;
   }

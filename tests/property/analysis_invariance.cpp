@@ -153,7 +153,7 @@ RC_GTEST_PROP(FrameInvariance, RenumberingChangesNothing, ()) {
   const auto node_at = any_permutation(frame.nodes.size());
   const auto element_at = any_permutation(frame.elements.size());
   Frame other = frame;
-  LoadCase moved = loads;
+  LoadCase renumbered = loads;
   for (std::size_t i = 0; i < node_at.size(); ++i) other.nodes[node_at[i]] = frame.nodes[i];
   for (std::size_t i = 0; i < element_at.size(); ++i) {
     Element& e = other.elements[element_at[i]] = frame.elements[i];
@@ -162,13 +162,13 @@ RC_GTEST_PROP(FrameInvariance, RenumberingChangesNothing, ()) {
   }
   for (Support& s : other.supports) s.node = node_at[s.node];
   for (Spring& s : other.springs) s.node = node_at[s.node];
-  for (NodalLoad& l : moved.nodal) l.node = node_at[l.node];
-  for (Settlement& l : moved.settlements) l.node = node_at[l.node];
-  for (DistributedLoad& l : moved.distributed) l.element = element_at[l.element];
-  for (PointLoad& l : moved.points) l.element = element_at[l.element];
-  for (Temperature& l : moved.temperatures) l.element = element_at[l.element];
+  for (NodalLoad& l : renumbered.nodal) l.node = node_at[l.node];
+  for (Settlement& l : renumbered.settlements) l.node = node_at[l.node];
+  for (DistributedLoad& l : renumbered.distributed) l.element = element_at[l.element];
+  for (PointLoad& l : renumbered.points) l.element = element_at[l.element];
+  for (Temperature& l : renumbered.temperatures) l.element = element_at[l.element];
   const CaseResult before = solved(frame, {loads})[0];
-  const CaseResult after = solved(other, {moved})[0];
+  const CaseResult after = solved(other, {renumbered})[0];
   std::vector<ElementForces> in_order;
   for (const std::size_t place : element_at) in_order.push_back(after.forces[place]);
   assert_same_forces(in_order, before.forces);
@@ -277,7 +277,7 @@ RC_GTEST_PROP(FrameInvariance, SplittingABeamChangesNothing, ()) {
   Frame frame = any_frame();
   LoadCase loads = any_loads_of_a_site(frame);
   std::size_t place = place_below(frame.elements.size());
-  // A truss cut in two would have a loose node; the first element is always a beam.
+  // A truss cut in two would have an unrestrained node; the first element is always a beam.
   if (frame.elements[place].kind == ElementKind::truss) place = 0;
   const CaseResult before = solved(frame, {loads})[0];
   split(frame, loads, place, number_between(0.1, 0.9));

@@ -1,4 +1,5 @@
-// Frames with published or closed-form answers, one data file each. Prints a table of all numbers.
+// Frames with published or closed-form solutions, one data file each. Prints a table of all
+// numbers.
 
 #include <gtest/gtest.h>
 

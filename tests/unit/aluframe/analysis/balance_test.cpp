@@ -12,13 +12,14 @@ namespace {
 /// A cantilever of 1 m with 100 N upwards at its tip: the balance of given forces and reactions.
 class BalanceOfCantilever : public testing::Test {
  protected:
-  Equilibrium check(double held_at_tip, const Vector6& reaction, Order order = Order::first) const {
-    NodeValues nodal(12, 0.0), held(12, 0.0);
+  Equilibrium check(double internal_at_tip, const Vector6& reaction,
+                    Order order = Order::first) const {
+    NodeValues nodal(12, 0.0), internal(12, 0.0);
     nodal[6 + dz] = 100.0;
-    held[6 + dz] = held_at_tip;
+    internal[6 + dz] = internal_at_tip;
     const std::vector<Reaction> reactions{{0, reaction}};
     return check_equilibrium(
-        {frame_, equations_, geometry_, nodal, {100.0, 0.0}, held, NodeValues(12, 0.0)},
+        {frame_, equations_, geometry_, nodal, {100.0, 0.0}, internal, NodeValues(12, 0.0)},
         LoadsByElement(frame_, geometry_, {}), reactions, order);
   }
 

@@ -39,8 +39,8 @@ EndDisplacement end_of_cantilever(const Determinate& beam, double shear_stiffnes
   return end;
 }
 
-/// Force and moment that the end's clamp exerts, so that the end stays where it is.
-Eigen::Vector2d clamp_at_end(const Determinate& beam, double shear_stiffness) {
+/// Force and moment that the fixed end exerts, so that the end stays where it is.
+Eigen::Vector2d forces_of_fixed_end(const Determinate& beam, double shear_stiffness) {
   const Determinate force{[](double) { return 1.0; }, [](double x) { return length - x; }};
   const Determinate moment{[](double) { return 0.0; }, [](double) { return 1.0; }};
   const EndDisplacement f = end_of_cantilever(force, shear_stiffness);
@@ -52,9 +52,9 @@ Eigen::Vector2d clamp_at_end(const Determinate& beam, double shear_stiffness) {
 }
 
 /// Steps of 1/200000 of the length leave about 1e-9; a load that jumps inside a step 1e-5.
-void expect_clamped(const Vector4& found, const Determinate& beam, double shear_stiffness,
-                    double total, double tolerance) {
-  const Eigen::Vector2d end = clamp_at_end(beam, shear_stiffness);
+void expect_fixed_end_forces(const Vector4& found, const Determinate& beam, double shear_stiffness,
+                             double total, double tolerance) {
+  const Eigen::Vector2d end = forces_of_fixed_end(beam, shear_stiffness);
   EXPECT_NEAR(found[2], end[0], tolerance * total);
   EXPECT_NEAR(found[3], end[1], tolerance * total * length);
 }
@@ -78,32 +78,34 @@ TEST_P(BothShearRigidities, TrapezoidOnAPartIsHeldAsByIntegration) {
   };
   const Determinate beam{[&](double x) { return beyond(x, false); },
                          [&](double x) { return beyond(x, true); }};
-  expect_clamped(clamped_by_load(plane(), {a, b, qa, qb}), beam, GetParam(), 3.0 * 1500, 1e-8);
+  expect_fixed_end_forces(fixed_end_forces_of_load(plane(), {a, b, qa, qb}), beam, GetParam(),
+                          3.0 * 1500, 1e-8);
 }
 
 TEST_P(BothShearRigidities, ForceIsHeldAsByIntegration) {
   const double a = 900.0, p = 5000.0;
   const Determinate beam{[&](double x) { return x < a ? p : 0.0; },
                          [&](double x) { return x < a ? p * (a - x) : 0.0; }};
-  expect_clamped(clamped_by_force(plane(), a, p), beam, GetParam(), p, 1e-5);
+  expect_fixed_end_forces(fixed_end_forces_of_force(plane(), a, p), beam, GetParam(), p, 1e-5);
 }
 
 TEST_P(BothShearRigidities, MomentIsHeldAsByIntegration) {
   const double a = 1700.0, m = 4.0e6;
   const Determinate beam{[](double) { return 0.0; }, [&](double x) { return x < a ? m : 0.0; }};
-  expect_clamped(clamped_by_moment(plane(), a, m), beam, GetParam(), m / length, 1e-5);
+  expect_fixed_end_forces(fixed_end_forces_of_moment(plane(), a, m), beam, GetParam(), m / length,
+                          1e-5);
 }
 
 TEST_P(BothShearRigidities, CurvatureIsHeldAsByIntegration) {
   const double curvature = 2.0e-6;
   const auto none = [](double) { return 0.0; };
-  expect_clamped(clamped_by_curvature(plane(), curvature), {none, none, curvature}, GetParam(),
-                 ei * curvature / length, 1e-8);
+  expect_fixed_end_forces(fixed_end_forces_of_curvature(plane(), curvature),
+                          {none, none, curvature}, GetParam(), ei * curvature / length, 1e-8);
 }
 
 TEST_P(BothShearRigidities, HeldLoadIsInEquilibrium) {
   const double q = 2.0;
-  const Vector4 f = clamped_by_load(plane(), {0.0, length, q, q});
+  const Vector4 f = fixed_end_forces_of_load(plane(), {0.0, length, q, q});
   EXPECT_NEAR(f[0] + f[2], -q * length, 1e-9 * q * length);
   // Moments about the start; the load's own lever is half the length.
   EXPECT_NEAR(f[1] + f[3] + f[2] * length, -q * length * length / 2, 1e-9 * q * length * length);
@@ -130,7 +132,7 @@ TEST_P(BothShearRigidities, RigidMotionCostsNothing) {
 TEST_P(BothShearRigidities, TurningAPulledPieceNeedsItsForceTimesTheSlope) {
   // A straight piece turned by 1/length: the pull has the side components n/length.
   const double pull = 1.0e5;
-  const Vector4 f = string_stiffness(plane(), {pull, pull}) * Vector4(0, 1, length, 1);
+  const Vector4 f = geometric_stiffness(plane(), {pull, pull}) * Vector4(0, 1, length, 1);
   EXPECT_NEAR(f[0], -pull, 1e-9 * pull);
   EXPECT_NEAR(f[2], pull, 1e-9 * pull);
   EXPECT_NEAR(f[1], 0.0, 1e-9 * pull * length);
@@ -140,7 +142,7 @@ TEST_P(BothShearRigidities, TurningAPulledPieceNeedsItsForceTimesTheSlope) {
 TEST(StringStiffness, RigidInShearIsTheConsistentMatrix) {
   // n/(30L)·[36 3L -36 3L; 4L² -3L -L²; ...] (Przemieniecki, equation 15.12).
   const double pull = 30.0;
-  const Matrix4 k = string_stiffness(BendingPlane::of(ei, 0.0, length), {pull, pull});
+  const Matrix4 k = geometric_stiffness(BendingPlane::of(ei, 0.0, length), {pull, pull});
   EXPECT_NEAR(k(0, 0), 36.0 / length, 1e-12);
   EXPECT_NEAR(k(0, 1), 3.0, 1e-12);
   EXPECT_NEAR(k(1, 1), 4.0 * length, 1e-9);

@@ -1,4 +1,4 @@
-// Many cases on a chain of many elements: answers are computed for several cases and elements at a
+// Many cases on a chain of many elements: forces are recovered for several cases and elements at a
 // time, and none may reach another.
 #include <gtest/gtest.h>
 

@@ -94,7 +94,7 @@ TEST(Mechanism, NodeThatMayTurnAboutTwoAxesHasBothNamed) {
             "node 2 can rotate freely about Y and Z: every element there is released");
 }
 
-TEST(Mechanism, FurtherLooseNodesAreCounted) {
+TEST(Mechanism, FurtherUnrestrainedNodesAreCounted) {
   Frame frame = beam_of(4);
   frame.supports = {{0, clamped}, {2, clamped}, {4, clamped}};
   for (const std::size_t i : {0U, 2U}) frame.elements[i].released[10] = true;

@@ -8,7 +8,7 @@
 namespace aluframe::analysis {
 namespace {
 
-/// A solver that answers with so many times the right answer: 1 − `factor` of the error stays.
+/// A solver that returns so many times the right solution: 1 − `factor` of the error stays.
 class WrongSolver final : public LinearSolver {
  public:
   explicit WrongSolver(double factor) : factor_(factor) {}
@@ -67,9 +67,9 @@ class ElementMovedAsAWhole : public testing::Test {
     geometry_ = element_geometry(frame_)[0];
     elastic_source(frame_, {&geometry_, 1})(0, stiffness_);
   }
-  double largest_force(const Extended12& moved) const {
+  double largest_force(const Extended12& displacements) const {
     double largest = 0.0;
-    for (const Extended& force : extended_end_forces(stiffness_, geometry_, moved)) {
+    for (const Extended& force : extended_end_forces(stiffness_, geometry_, displacements)) {
       largest = std::max(largest, std::abs(force.value()));
     }
     return largest;
@@ -81,32 +81,32 @@ class ElementMovedAsAWhole : public testing::Test {
 };
 
 TEST_F(ElementMovedAsAWhole, HasNoForceWhenShifted) {
-  Extended12 moved;
+  Extended12 displacements;
   for (const std::size_t i : {0U, 6U}) {
-    moved[i] = Extended(1e6 / 3);
-    moved[i + 1] = Extended(-1e5 / 7);
-    moved[i + 2] = Extended(1e4 / 9);
+    displacements[i] = Extended(1e6 / 3);
+    displacements[i + 1] = Extended(-1e5 / 7);
+    displacements[i + 2] = Extended(1e4 / 9);
   }
-  EXPECT_EQ(largest_force(moved), 0.0);
+  EXPECT_EQ(largest_force(displacements), 0.0);
 }
 
 TEST_F(ElementMovedAsAWhole, HasNoForceWhenTurned) {
   // About y by a third: its end moves along −z. Doubles leave 1e-7 N·mm of 4·E·I/L = 2.6e9.
   constexpr double turn = 1.0 / 3;
-  Extended12 moved;
-  moved[4] = moved[10] = Extended(turn);
-  moved[8] = -exact_product(turn, geometry_.length);
-  EXPECT_LT(largest_force(moved), 1e-20);
+  Extended12 displacements;
+  displacements[4] = displacements[10] = Extended(turn);
+  displacements[8] = -exact_product(turn, geometry_.length);
+  EXPECT_LT(largest_force(displacements), 1e-20);
 }
 
 TEST_F(ElementMovedAsAWhole, HasTheForceOfItsStringWhenTurned) {
   // A tension of 5 kN pulls the end back by 5 kN times the turn.
-  stiffness_.turned[2] = -5000;
-  stiffness_.turned[8] = 5000;
-  Extended12 moved;
-  moved[4] = moved[10] = Extended(0.5);
-  moved[8] = -exact_product(0.5, geometry_.length);
-  const Extended12 forces = extended_end_forces(stiffness_, geometry_, moved);
+  stiffness_.rigid_rotation[2] = -5000;
+  stiffness_.rigid_rotation[8] = 5000;
+  Extended12 displacements;
+  displacements[4] = displacements[10] = Extended(0.5);
+  displacements[8] = -exact_product(0.5, geometry_.length);
+  const Extended12 forces = extended_end_forces(stiffness_, geometry_, displacements);
   EXPECT_NEAR(forces[8].value(), -2500, 1e-12);
   EXPECT_NEAR(forces[2].value(), 2500, 1e-12);
   EXPECT_NEAR(forces[4].value(), 0, 1e-9);

@@ -8,7 +8,7 @@ namespace aluframe::analysis {
 namespace {
 
 // Every pattern of releases under every member load, against the displacement method: stiffness and
-// held forces of the clamped element, the released ends moved until their forces vanish, all at
+// fixed-end forces of the element, the released ends displaced until their forces vanish, all at
 // once.
 constexpr double length = 2400.0;
 
@@ -70,20 +70,20 @@ Frame released_frame(const std::array<bool, 12>& released) {
   return frame;
 }
 
-/// Patterns of releases that leave the element held, by bits 0 to 11.
+/// Patterns of releases that leave the element restrained, by bits 0 to 11.
 std::vector<unsigned> usable_patterns() {
   std::vector<unsigned> patterns;
   for (unsigned bits = 0; bits < 4096; ++bits) {
     const auto off = [&](int i) { return (bits >> i & 1U) != 0; };
-    bool held = !(off(0) && off(6)) && !(off(3) && off(9));
+    bool restrained = !(off(0) && off(6)) && !(off(3) && off(9));
     // A bending plane has two equilibrium conditions: at most two of its four may be released, and
     // not both shears.
     for (const auto& plane : {std::array{1, 5, 7, 11}, std::array{2, 4, 8, 10}}) {
       int count = 0;
       for (const int i : plane) count += off(i) ? 1 : 0;
-      held = held && count <= 2 && !(off(plane[0]) && off(plane[2]));
+      restrained = restrained && count <= 2 && !(off(plane[0]) && off(plane[2]));
     }
-    if (held) patterns.push_back(bits);
+    if (restrained) patterns.push_back(bits);
   }
   return patterns;
 }
@@ -94,17 +94,17 @@ std::array<bool, 12> pattern(unsigned bits) {
   return released;
 }
 
-/// Closed form: end forces of the clamped element, changed by displacements of the released ends
+/// Closed form: fixed-end forces of the element, changed by displacements of the released ends
 /// until their forces vanish (the displacement method, all released ends at once).
-Vector12 expected_end_forces(const Matrix12& k, const Vector12& held, unsigned bits) {
+Vector12 expected_end_forces(const Matrix12& k, const Vector12& fixed_end, unsigned bits) {
   std::vector<int> free;
   for (int i = 0; i < 12; ++i) {
     if ((bits >> i & 1U) != 0) free.push_back(i);
   }
-  if (free.empty()) return held;
+  if (free.empty()) return fixed_end;
   const Eigen::MatrixXd own = k(free, free);
-  const Eigen::VectorXd moved = own.fullPivLu().solve(-held(free));
-  return held + k(Eigen::all, free) * moved;
+  const Eigen::VectorXd displacements = own.fullPivLu().solve(-fixed_end(free));
+  return fixed_end + k(Eigen::all, free) * displacements;
 }
 
 Vector12 end_forces(const ElementForces& f) {
@@ -128,9 +128,9 @@ Matrix12 stiffness_by_settlements() {
   Matrix12 k;
   for (int i = 0; i < 12; ++i) {
     LoadCase unit;
-    const Vector12 moved = to_global(axes, Vector12(Vector12::Unit(i)));
+    const Vector12 displacements = to_global(axes, Vector12(Vector12::Unit(i)));
     for (std::size_t j = 0; j < 12; ++j) {
-      unit.settlements.push_back({j / 6, j % 6, moved[static_cast<int>(j)]});
+      unit.settlements.push_back({j / 6, j % 6, displacements[static_cast<int>(j)]});
     }
     k.col(i) = end_forces(solved(frame, unit).forces[0]);
   }
@@ -138,13 +138,13 @@ Matrix12 stiffness_by_settlements() {
 }
 
 TEST_P(EveryLoad, EveryReleasePatternFreesItsEndsAndNoOthers) {
-  const Vector12 held = end_forces(solved(released_frame({}), GetParam().load_case).forces[0]);
+  const Vector12 fixed_end = end_forces(solved(released_frame({}), GetParam().load_case).forces[0]);
   const Matrix12 k = stiffness_by_settlements();
-  const double force = held.cwiseAbs().maxCoeff();
+  const double force = fixed_end.cwiseAbs().maxCoeff();
   for (const unsigned bits : usable_patterns()) {
     const Frame frame = released_frame(pattern(bits));
     const Vector12 found = end_forces(solved(frame, GetParam().load_case).forces[0]);
-    const Vector12 expected = expected_end_forces(k, held, bits);
+    const Vector12 expected = expected_end_forces(k, fixed_end, bits);
     for (int i = 0; i < 12; ++i) {
       // Single precision of the forces and of k, at most a length apart in size.
       ASSERT_NEAR(found[i], expected[i], 2e-5 * force) << "pattern " << bits << " place " << i;
@@ -155,7 +155,7 @@ TEST_P(EveryLoad, EveryReleasePatternFreesItsEndsAndNoOthers) {
   }
 }
 
-/// One release pattern of a horizontal beam under a uniform load, with its textbook answers.
+/// One release pattern of a horizontal beam under a uniform load, with its textbook solutions.
 struct Textbook {
   const char* name;
   std::array<bool, 12> released;

@@ -26,15 +26,16 @@ Problem buckling_of(const Frame& frame, const LoadCase& loads,
   throw std::runtime_error("was analysed");
 }
 
-/// One element along X. Both ends held sideways; stiff in the plane of y; `held` ends are clamped.
-Frame strut(bool start_held, bool end_held, Stiffness stiffness = plain_stiffness()) {
+/// One element along X. Both ends restrained sideways; stiff in the plane of y; `clamped` ends do
+/// not rotate.
+Frame strut(bool start_clamped, bool end_clamped, Stiffness stiffness = plain_stiffness()) {
   stiffness.izz = 1e9;
   Frame frame;
   add_node(frame, 0, 0, 0);
   add_node(frame, length, 0, 0);
   add_element(frame, 0, 1, stiffness);
-  frame.supports = {{0, {true, true, true, true, start_held, true}},
-                    {1, {false, true, true, true, end_held, true}}};
+  frame.supports = {{0, {true, true, true, true, start_clamped, true}},
+                    {1, {false, true, true, true, end_clamped, true}}};
   return frame;
 }
 
@@ -160,7 +161,7 @@ TEST(SecondOrder, CantileverMastOfManyElementsHasTheSameMoment) {
   EXPECT_NEAR(std::abs(r.result.forces[0][0][my]), expected, 1e-6 * expected);
 }
 
-/// A pendulum of a truss on a hinge, its top held by a spring sideways.
+/// A pendulum of a truss on a hinge, its top restrained by a spring sideways.
 Frame pendulum(double spring) {
   Frame frame;
   add_node(frame, 0, 0, 0);
@@ -189,7 +190,7 @@ TEST(SecondOrder, PendulumBeyondItsSpringBucklesAndItsNodeIsNamed) {
 
 struct Strut {
   const char* name;
-  bool start_held, end_held;
+  bool start_clamped, end_clamped;
   double share;  // of the Euler load, at which it buckles
 };
 void PrintTo(const Strut& one, std::ostream* stream) {
@@ -218,7 +219,7 @@ TEST_P(BucklingStrut, BucklesUnderJustMore) {
   EXPECT_EQ(problem.kind, Problem::Kind::buckling);
 }
 
-// Loads in the stiff plane alone do not move what buckles out of it: the equations have an answer.
+// Loads in the stiff plane alone do not move what buckles out of it: the equations have a solution.
 TEST(SecondOrder, StrutBendingAboutItsStiffAxisBucklesAboutTheOther) {
   for (const double share : {0.9, 1.1, 1.5}) {
     LoadCase loads = push_and_load(share * euler_load(), 0.0);

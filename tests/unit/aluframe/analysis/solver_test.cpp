@@ -25,7 +25,7 @@ SymmetricMatrix chain(int size, double less = 0.0) {
   return m;
 }
 
-TEST(Solver, SolvesSeveralRightSides) {
+TEST(Solver, SolvesSeveralLoadVectors) {
   // A chain held at both ends under a unit everywhere: x_i = i·(n + 1 − i)/2.
   constexpr int size = 100;
   const auto solver = make_solver();

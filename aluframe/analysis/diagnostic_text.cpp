@@ -1,4 +1,4 @@
-#include "aluframe/analysis/words.h"
+#include "aluframe/analysis/diagnostic_text.h"
 
 #include <fmt/format.h>
 
@@ -69,12 +69,12 @@ std::string node_names(const Frame& frame, std::span<const std::size_t> places) 
   for (const std::size_t place : places) numbers.push_back(frame.nodes[place].number);
   const std::vector<Run> runs = runs_of(numbers);
   std::string text = numbers.size() == 1 ? "node " : "nodes ";
-  std::size_t told = 0;
+  std::size_t named = 0;
   for (std::size_t i = 0; i < std::min(runs.size(), most_runs); ++i) {
     text += (i > 0 ? ", " : "") + run_text(runs[i]);
-    told += runs[i].last - runs[i].first + 1;
+    named += runs[i].last - runs[i].first + 1;
   }
-  if (told < numbers.size()) text += fmt::format(" and {} more", numbers.size() - told);
+  if (named < numbers.size()) text += fmt::format(" and {} more", numbers.size() - named);
   return text;
 }
 

@@ -1,4 +1,4 @@
-#include "aluframe/analysis/clamped_forces.h"
+#include "aluframe/analysis/fixed_end_forces.h"
 
 namespace aluframe::analysis {
 
@@ -9,7 +9,7 @@ Eigen::Vector2d lever_shares(double x, double length) {
   return {1.0 - x / length, x / length};
 }
 
-/// Axial forces or torques that the two ends hold: distributed by lever from where the load acts.
+/// Axial fixed-end forces and torques: distributed by lever from where the load acts.
 void add_axial(const ElementLoads& loads, double axial_stiffness, Vector12& forces) {
   const double length = loads.length;
   for (const LocalDistributed& load : loads.distributed) {
@@ -34,23 +34,23 @@ void add_axial(const ElementLoads& loads, double axial_stiffness, Vector12& forc
 
 }  // namespace
 
-Vector4 clamped_plane(const BendingPlane& plane, const ElementLoads& loads, int axis) {
-  const PlanePlaces& places = axis == 1 ? places_y : places_z;
+Vector4 plane_fixed_end_forces(const BendingPlane& plane, const ElementLoads& loads, int axis) {
+  const PlaneDofs& dofs = axis == 1 ? dofs_y : dofs_z;
   const double curvature = axis == 1 ? loads.free.curvature_y : loads.free.curvature_z;
-  Vector4 sum = clamped_by_curvature(plane, curvature);
+  Vector4 sum = fixed_end_forces_of_curvature(plane, curvature);
   for (const LocalDistributed& load : loads.distributed) {
     const double from = load.from_value[axis], to = load.to_value[axis];
-    sum += clamped_by_load(plane, {load.from, load.to, from, to});
+    sum += fixed_end_forces_of_load(plane, {load.from, load.to, from, to});
   }
   for (const LocalPoint& load : loads.points) {
-    sum += clamped_by_force(plane, load.at, load.force[axis]);
+    sum += fixed_end_forces_of_force(plane, load.at, load.force[axis]);
     // Axis 1 bends about z, axis 2 about y.
-    sum += clamped_by_moment(plane, load.at, places.rotation_sign * load.moment[3 - axis]);
+    sum += fixed_end_forces_of_moment(plane, load.at, dofs.rotation_sign * load.moment[3 - axis]);
   }
   return sum;
 }
 
-Vector12 passed_to_ends(const ElementLoads& loads) {
+Vector12 simply_supported_reactions(const ElementLoads& loads) {
   Vector12 forces = Vector12::Zero();
   const auto share = [&](double x, const Eigen::Vector3d& force) -> Vector12 {
     const Eigen::Vector2d parts = lever_shares(x, loads.length);
@@ -67,18 +67,18 @@ Vector12 passed_to_ends(const ElementLoads& loads) {
   return forces;
 }
 
-Vector12 clamped_forces(const Element& element, const ElementLoads& loads) {
+Vector12 fixed_end_forces(const Element& element, const ElementLoads& loads) {
   const Stiffness& s = element.stiffness;
   if (element.kind == ElementKind::truss) {
-    Vector12 forces = passed_to_ends(loads);
+    Vector12 forces = simply_supported_reactions(loads);
     forces[0] += s.e * s.area * loads.free.strain;
     forces[6] -= s.e * s.area * loads.free.strain;
     return forces;
   }
   Vector12 forces = Vector12::Zero();
   add_axial(loads, s.e * s.area, forces);
-  add_plane(places_y, clamped_plane(plane_y(s, loads.length), loads, 1), forces);
-  add_plane(places_z, clamped_plane(plane_z(s, loads.length), loads, 2), forces);
+  add_plane(dofs_y, plane_fixed_end_forces(plane_y(s, loads.length), loads, 1), forces);
+  add_plane(dofs_z, plane_fixed_end_forces(plane_z(s, loads.length), loads, 2), forces);
   return forces;
 }
 

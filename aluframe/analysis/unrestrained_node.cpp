@@ -1,12 +1,12 @@
-#include "aluframe/analysis/loose_node.h"
+#include "aluframe/analysis/unrestrained_node.h"
 
 #include <fmt/format.h>
 
 #include <Eigen/Eigenvalues>
 #include <algorithm>
 
+#include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/mechanism.h"
-#include "aluframe/analysis/words.h"
 
 namespace aluframe::analysis {
 
@@ -15,17 +15,17 @@ namespace {
 using Matrix6 = Eigen::Matrix<double, 6, 6>;
 using Column6 = Eigen::Matrix<double, 6, 1>;
 
-/// Stiffness that each node has when all others stand still, scaled; 1 where it has no equation.
+/// Stiffness that each node has when all others are restrained, scaled; 1 where it has no equation.
 std::vector<Matrix6> node_blocks(const Frame& frame, const Equations& equations,
                                  const SymmetricMatrix& matrix) {
   std::vector<Matrix6> blocks(frame.nodes.size(), Matrix6::Identity());
   for (int i = 0; i < equations.count(); ++i) {
-    const std::size_t place = equations.place(i);
-    blocks[place / 6](static_cast<int>(place % 6), static_cast<int>(place % 6)) = 0.0;
+    const std::size_t dof = equations.dof(i);
+    blocks[dof / 6](static_cast<int>(dof % 6), static_cast<int>(dof % 6)) = 0.0;
   }
   for (std::size_t i = 0; i < matrix.values.size(); ++i) {
-    const std::size_t row = equations.place(matrix.rows[i] - 1);
-    const std::size_t column = equations.place(matrix.columns[i] - 1);
+    const std::size_t row = equations.dof(matrix.rows[i] - 1);
+    const std::size_t column = equations.dof(matrix.columns[i] - 1);
     if (row / 6 != column / 6) continue;
     const auto r = static_cast<int>(row % 6), c = static_cast<int>(column % 6);
     blocks[row / 6](r, c) += matrix.values[i];
@@ -35,11 +35,11 @@ std::vector<Matrix6> node_blocks(const Frame& frame, const Equations& equations,
 }
 
 /// Global axes about (or along) which the node moves by itself, among directions `first` to +2.
-std::vector<std::string> loose_axes(const Eigen::SelfAdjointEigenSolver<Matrix6>& modes, int loose,
-                                    std::size_t first) {
+std::vector<std::string> free_axes(const Eigen::SelfAdjointEigenSolver<Matrix6>& modes,
+                                   int free_modes, std::size_t first) {
   std::vector<std::string> axes;
   for (std::size_t i = first; i < first + 3; ++i) {
-    const auto parts = modes.eigenvectors().row(static_cast<int>(i)).head(loose);
+    const auto parts = modes.eigenvectors().row(static_cast<int>(i)).head(free_modes);
     if (parts.squaredNorm() > 1.0 - 1e-6) axes.push_back(axis_name(i));
   }
   return axes;
@@ -62,10 +62,10 @@ std::string reason(const Frame& frame, std::size_t node, bool rotates) {
 }
 
 /// How the node moves: about and along which axes, or in one direction across them.
-std::string motion_text(const Eigen::SelfAdjointEigenSolver<Matrix6>& modes, int loose,
+std::string motion_text(const Eigen::SelfAdjointEigenSolver<Matrix6>& modes, int free_modes,
                         const Column6& scale, bool& rotates) {
-  const std::vector<std::string> about = loose_axes(modes, loose, 3);
-  const std::vector<std::string> along = loose_axes(modes, loose, 0);
+  const std::vector<std::string> about = free_axes(modes, free_modes, 3);
+  const std::vector<std::string> along = free_axes(modes, free_modes, 0);
   const Column6 mode = modes.eigenvectors().col(0).cwiseProduct(scale);
   rotates = along.empty() && (!about.empty() || modes.eigenvectors().col(0).tail<3>().norm() >
                                                     modes.eigenvectors().col(0).head<3>().norm());
@@ -86,22 +86,23 @@ Column6 scale_of(const Equations& equations, const std::vector<double>& scale, s
 
 }  // namespace
 
-std::optional<Problem> find_loose_node(const Frame& frame, const Equations& equations,
-                                       const ScaledEquations& scaled) {
+std::optional<Problem> find_unrestrained_node(const Frame& frame, const Equations& equations,
+                                              const ScaledEquations& scaled) {
   const std::vector<Matrix6> blocks = node_blocks(frame, equations, scaled.matrix);
   std::optional<Problem> found;
   std::size_t more = 0;
   for (std::size_t node = 0; node < blocks.size(); ++node) {
     const Eigen::SelfAdjointEigenSolver<Matrix6> modes(blocks[node]);
-    const auto loose = static_cast<int>((modes.eigenvalues().array() <= least_softness).count());
-    if (loose == 0) continue;
+    const auto free_modes =
+        static_cast<int>((modes.eigenvalues().array() <= least_softness).count());
+    if (free_modes == 0) continue;
     if (found) {
       ++more;
       continue;
     }
     bool rotates = false;
     const std::string motion =
-        motion_text(modes, loose, scale_of(equations, scaled.scale, node), rotates);
+        motion_text(modes, free_modes, scale_of(equations, scaled.scale, node), rotates);
     found = Problem{Problem::Kind::mechanism,
                     node_name(frame, node) + " " + motion + ": " + reason(frame, node, rotates),
                     node, std::nullopt};

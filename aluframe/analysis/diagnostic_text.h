@@ -8,7 +8,7 @@
 
 namespace aluframe::analysis {
 
-/// Texts that problems are told in.
+/// Names for the texts of diagnostics.
 
 /// "X", "Y" or "Z" of one of the six directions of a node.
 std::string axis_name(std::size_t direction);

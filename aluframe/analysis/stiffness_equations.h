@@ -9,17 +9,18 @@ namespace aluframe::analysis {
 std::optional<Problem> find_problem(const Factorisation& factorisation, const Frame& frame,
                                     const Equations& equations, const ScaledEquations& scaled);
 
-/// Right sides of several cases one after the other, and a probing load behind them.
-class RightSides {
+/// Load vectors of several cases one after the other, and a probing load behind them; their
+/// solutions once solved.
+class LoadVectors {
  public:
-  RightSides(const Equations& equations, const ScaledEquations& scaled)
+  LoadVectors(const Equations& equations, const ScaledEquations& scaled)
       : equations_(equations), scaled_(scaled) {}
 
   void add(const NodeValues& loads);
-  /// Solves all. @return softness of the answer to the probing load
+  /// Solves all. @return softness of the solution for the probing load
   double solve(LinearSolver& solver);
   /// Displacements of the case on top of the prescribed ones.
-  void add_displacements(std::size_t load_case, NodeValues& moved) const;
+  void add_displacements(std::size_t load_case, NodeValues& displacements) const;
 
  private:
   std::size_t size() const { return scaled_.scale.size(); }
@@ -29,12 +30,12 @@ class RightSides {
   std::vector<double> columns_;
 };
 
-/// Whether double precision does not suffice for a case: what is left unbalanced is more than the
+/// Whether double precision does not suffice for a case: its residual is more than the
 /// rounding of an ordinary frame, by which the forces stay far from `Options::error_limit`.
 bool needs_refinement(const Equilibrium& equilibrium);
 
 /// The problem of a case whose result does not balance its loads.
-std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load_case,
-                                      const Options& options);
+std::optional<Problem> find_residual_problem(const CaseResult& result, std::size_t load_case,
+                                             const Options& options);
 
 }  // namespace aluframe::analysis

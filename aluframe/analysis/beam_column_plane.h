@@ -19,17 +19,17 @@ using PieceForces = std::array<AxialForce, pieces>;
 /// One bending plane of an element under axial force, as a chain of pieces whose inner nodes are
 /// eliminated. Deflection against the chord of the ends and its moment of the axial force are both
 /// in it. Without axial force it is exactly the plane of the element.
-class BendingChain {
+class BeamColumnPlane {
  public:
   /// @param plane of the whole element
   /// @param axis of the deflection: 1 (y) or 2 (z)
-  BendingChain(const BendingPlane& plane, const ElementLoads& loads, int axis,
-               const PieceForces& forces);
+  BeamColumnPlane(const BendingPlane& plane, const ElementLoads& loads, int axis,
+                  const PieceForces& forces);
 
   const Matrix4& stiffness() const { return stiffness_; }  ///< of the two ends
-  const Vector4& clamped() const { return held_; }         ///< end forces of the clamped element
-  /// End forces of the element turned as a whole by a slope of 1.
-  const Vector4& turned() const { return turned_; }
+  const Vector4& fixed_end() const { return fixed_end_; }  ///< of the two ends
+  /// End forces of the element under a rigid-body rotation, a slope of 1.
+  const Vector4& rigid_rotation() const { return rigid_rotation_; }
   /// Negative pivots of the inner nodes: the element buckles between ends that stand still.
   int negative_pivots() const { return negative_pivots_; }
 
@@ -44,15 +44,16 @@ class BendingChain {
     Eigen::Vector2d own;
   };
 
-  void append(std::size_t piece, const Matrix4& k, const Vector4& held, const Vector4& turned);
+  void append(std::size_t piece, const Matrix4& k, const Vector4& fixed_end,
+              const Vector4& rigid_rotation);
   void balance();
   std::array<Eigen::Vector2d, pieces + 1> displacements(const Vector4& ends) const;
 
   BendingPlane piece_;
   PieceForces forces_;
   Matrix4 stiffness_;
-  Vector4 held_;
-  Vector4 turned_;
+  Vector4 fixed_end_;
+  Vector4 rigid_rotation_;
   std::array<Eliminated, pieces - 1> inner_;
   int negative_pivots_ = 0;
 };

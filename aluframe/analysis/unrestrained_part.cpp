@@ -1,16 +1,16 @@
-#include "aluframe/analysis/loose_part.h"
+#include "aluframe/analysis/unrestrained_part.h"
 
 #include <Eigen/Eigenvalues>
 #include <numeric>
 
-#include "aluframe/analysis/words.h"
+#include "aluframe/analysis/diagnostic_text.h"
 
 namespace aluframe::analysis {
 
 namespace {
 
-/// A motion that costs this share of the stiffest one is not held.
-constexpr double not_held = 1e-10;
+/// A rigid-body mode with this share of the stiffest one's stiffness is not restrained.
+constexpr double not_restrained = 1e-10;
 
 using Matrix6 = Eigen::Matrix<double, 6, 6>;
 using Column6 = Eigen::Matrix<double, 6, 1>;
@@ -32,14 +32,14 @@ std::vector<std::size_t> part_of_nodes(const Frame& frame) {
 }
 
 /// Which directions of a node mean anything: none without elements, no rotations with trusses only.
-std::vector<std::size_t> held_directions(const Frame& frame) {
-  std::vector<std::size_t> held(frame.nodes.size(), 0);
+std::vector<std::size_t> active_directions(const Frame& frame) {
+  std::vector<std::size_t> active(frame.nodes.size(), 0);
   for (const Element& e : frame.elements) {
     const std::size_t count = e.kind == ElementKind::beam ? 6 : 3;
-    held[e.start] = std::max(held[e.start], count);
-    held[e.end] = std::max(held[e.end], count);
+    active[e.start] = std::max(active[e.start], count);
+    active[e.end] = std::max(active[e.end], count);
   }
-  return held;
+  return active;
 }
 
 /// A part: its nodes, its middle, and half its size, by which rotations are made lengths.
@@ -47,7 +47,7 @@ struct Part {
   std::vector<std::size_t> nodes;
   Eigen::Vector3d middle = Eigen::Vector3d::Zero();
   double size = 0.0;
-  Matrix6 support = Matrix6::Zero();  ///< stiffness of the supports against its motions as a body
+  Matrix6 support = Matrix6::Zero();  ///< stiffness of the supports against its rigid-body modes
 
   void measure(const Frame& frame) {
     Eigen::AlignedBox3d box;
@@ -58,8 +58,8 @@ struct Part {
     size = box.diagonal().norm() / 2.0;
   }
 
-  /// One held direction of a node: what each of the six motions does there.
-  void hold(const Node& node, std::size_t direction) {
+  /// One restrained direction of a node: what each of the six rigid-body modes does there.
+  void restrain(const Node& node, std::size_t direction) {
     const auto i = static_cast<int>(direction % 3);
     Column6 row = Column6::Zero();
     if (direction < 3) {
@@ -73,12 +73,12 @@ struct Part {
   }
 };
 
-std::vector<Part> parts_of(const Frame& frame, const std::vector<std::size_t>& held,
+std::vector<Part> parts_of(const Frame& frame, const std::vector<std::size_t>& active,
                            std::vector<std::size_t>& part_of_node) {
   std::vector<Part> parts;
   std::vector<std::size_t> place(frame.nodes.size(), frame.nodes.size());
   for (std::size_t i = 0; i < frame.nodes.size(); ++i) {
-    if (held[i] == 0) continue;
+    if (active[i] == 0) continue;
     std::size_t& at = place[part_of_node[i]];
     if (at == frame.nodes.size()) {
       at = parts.size();
@@ -98,10 +98,10 @@ std::string motion_text(const Column6& motion) {
 }
 
 /// A single bar of trusses may turn about itself: that moves none of its points.
-bool moves_any_node(const Frame& frame, const std::vector<std::size_t>& held, const Part& part,
+bool moves_any_node(const Frame& frame, const std::vector<std::size_t>& active, const Part& part,
                     const Column6& motion) {
   for (const std::size_t i : part.nodes) {
-    if (held[i] == 6 && motion.tail<3>().norm() > 1e-6) return true;
+    if (active[i] == 6 && motion.tail<3>().norm() > 1e-6) return true;
     const Node& node = frame.nodes[i];
     const Eigen::Vector3d arm = (Eigen::Vector3d(node.x, node.y, node.z) - part.middle) / part.size;
     if ((motion.head<3>() + motion.tail<3>().cross(arm)).norm() > 1e-6) return true;
@@ -109,7 +109,7 @@ bool moves_any_node(const Frame& frame, const std::vector<std::size_t>& held, co
   return false;
 }
 
-std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::size_t>& held,
+std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::size_t>& active,
                                    const Part& part, bool whole) {
   const std::string what = (whole ? "the structure with " : "the part of the structure with ") +
                            node_names(frame, part.nodes);
@@ -120,9 +120,9 @@ std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::si
   };
   if (part.support.isZero(0.0)) return problem("nothing supports " + what);
   const Eigen::SelfAdjointEigenSolver<Matrix6> modes(part.support);
-  for (int i = 0; i < 6 && modes.eigenvalues()[i] <= not_held * modes.eigenvalues()[5]; ++i) {
+  for (int i = 0; i < 6 && modes.eigenvalues()[i] <= not_restrained * modes.eigenvalues()[5]; ++i) {
     const Column6 motion = modes.eigenvectors().col(i);
-    if (!moves_any_node(frame, held, part, motion)) continue;
+    if (!moves_any_node(frame, active, part, motion)) continue;
     return problem("the supports do not hold " + what + ": it can " + motion_text(motion));
   }
   return std::nullopt;
@@ -130,24 +130,25 @@ std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::si
 
 }  // namespace
 
-std::optional<Problem> find_loose_part(const Frame& frame) {
-  const std::vector<std::size_t> held = held_directions(frame);
+std::optional<Problem> find_unrestrained_part(const Frame& frame) {
+  const std::vector<std::size_t> active = active_directions(frame);
   std::vector<std::size_t> part_of_node = part_of_nodes(frame);
-  std::vector<Part> parts = parts_of(frame, held, part_of_node);
+  std::vector<Part> parts = parts_of(frame, active, part_of_node);
   for (const Support& support : frame.supports) {
-    for (std::size_t i = 0; i < held[support.node]; ++i) {
-      if (support.fixed[i]) parts[part_of_node[support.node]].hold(frame.nodes[support.node], i);
+    for (std::size_t i = 0; i < active[support.node]; ++i) {
+      if (support.fixed[i])
+        parts[part_of_node[support.node]].restrain(frame.nodes[support.node], i);
     }
   }
   for (const Spring& spring : frame.springs) {
-    for (std::size_t i = 0; i < held[spring.node]; ++i) {
+    for (std::size_t i = 0; i < active[spring.node]; ++i) {
       if (spring.stiffness[i] > 0.0) {
-        parts[part_of_node[spring.node]].hold(frame.nodes[spring.node], i);
+        parts[part_of_node[spring.node]].restrain(frame.nodes[spring.node], i);
       }
     }
   }
   for (const Part& part : parts) {
-    if (auto problem = find_motion(frame, held, part, parts.size() == 1)) return problem;
+    if (auto problem = find_motion(frame, active, part, parts.size() == 1)) return problem;
   }
   return std::nullopt;
 }

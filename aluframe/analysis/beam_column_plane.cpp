@@ -1,8 +1,8 @@
-#include "aluframe/analysis/bending_chain.h"
+#include "aluframe/analysis/beam_column_plane.h"
 
 #include <algorithm>
 
-#include "aluframe/analysis/clamped_forces.h"
+#include "aluframe/analysis/fixed_end_forces.h"
 
 namespace aluframe::analysis {
 
@@ -48,43 +48,44 @@ BendingPlane piece_of(const BendingPlane& plane) {
 
 }  // namespace
 
-BendingChain::BendingChain(const BendingPlane& plane, const ElementLoads& loads, int axis,
-                           const PieceForces& forces)
+BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, const ElementLoads& loads, int axis,
+                                 const PieceForces& forces)
     : piece_(piece_of(plane)), forces_(forces) {
   const Matrix4 bending = bending_stiffness(piece_);
-  // Turned without bending, a piece has the forces of its string alone.
+  // Rotated without bending, a piece has the forces of its geometric stiffness alone.
   const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
   for (std::size_t i = 0; i < pieces; ++i) {
-    const Matrix4 string = string_stiffness(piece_, forces[i]);
-    const Vector4 held = clamped_plane(piece_, PieceLoads(loads, i).view(), axis);
-    append(i, bending + string, held, string * unit_slope);
+    const Matrix4 geometric = geometric_stiffness(piece_, forces[i]);
+    const Vector4 fixed_end = plane_fixed_end_forces(piece_, PieceLoads(loads, i).view(), axis);
+    append(i, bending + geometric, fixed_end, geometric * unit_slope);
   }
   balance();
 }
 
 /// Elimination leaves rounding of the pieces' stiffness, hundreds of times that of the element, in
-/// what should cost nothing: moving the element as a rigid body. In a chain of many elements that
+/// what should need no force: a rigid-body motion of the element. In a chain of many elements that
 /// rounding outgrows the loads. So only the stiffness against rotations is kept, and the rest
-/// follows from it by statics: no force when moved, and those of the strings when turned.
-void BendingChain::balance() {
+/// follows from it by statics: no force under translation, under rotation that of the geometric
+/// stiffness.
+void BeamColumnPlane::balance() {
   const double length = piece_.length * static_cast<double>(pieces);
   Matrix4& k = stiffness_;
   for (const int rotation : {1, 3}) {
-    const double force = (turned_[rotation] - k(rotation, 1) - k(rotation, 3)) / length;
+    const double force = (rigid_rotation_[rotation] - k(rotation, 1) - k(rotation, 3)) / length;
     k(rotation, 2) = k(2, rotation) = force;
     k(rotation, 0) = k(0, rotation) = -force;
   }
-  const double force = (turned_[2] - k(2, 1) - k(2, 3)) / length;
+  const double force = (rigid_rotation_[2] - k(2, 1) - k(2, 3)) / length;
   k(0, 0) = k(2, 2) = force;
   k(0, 2) = k(2, 0) = -force;
 }
 
-void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& held,
-                          const Vector4& turned) {
+void BeamColumnPlane::append(std::size_t piece, const Matrix4& k, const Vector4& fixed_end,
+                             const Vector4& rigid_rotation) {
   if (piece == 0) {
     stiffness_ = k;
-    held_ = held;
-    turned_ = turned;
+    fixed_end_ = fixed_end;
+    rigid_rotation_ = rigid_rotation;
     return;
   }
   const Eigen::Matrix2d pivot = stiffness_.bottomRightCorner<2, 2>() + k.topLeftCorner<2, 2>();
@@ -92,7 +93,7 @@ void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& he
   const Eigen::Matrix2d inverse = pivot.inverse();
   Eigen::Matrix<double, 2, 4> coupling;
   coupling << stiffness_.bottomLeftCorner<2, 2>(), k.topRightCorner<2, 2>();
-  const Eigen::Vector2d force = held_.tail<2>() + held.head<2>();
+  const Eigen::Vector2d force = fixed_end_.tail<2>() + fixed_end.head<2>();
   Eliminated& node = inner_[piece - 1];
   node.by_ends = inverse * coupling;
   node.own = inverse * force;
@@ -101,14 +102,14 @@ void BendingChain::append(std::size_t piece, const Matrix4& k, const Vector4& he
   joined.bottomRightCorner<2, 2>() = k.bottomRightCorner<2, 2>();
   stiffness_ = joined - coupling.transpose() * node.by_ends;
   Vector4 forces;
-  forces << held_.head<2>(), held.tail<2>();
-  held_ = forces - coupling.transpose() * node.own;
-  const Eigen::Vector2d turning = turned_.tail<2>() + turned.head<2>();
-  forces << turned_.head<2>(), turned.tail<2>();
-  turned_ = forces - coupling.transpose() * (inverse * turning);
+  forces << fixed_end_.head<2>(), fixed_end.tail<2>();
+  fixed_end_ = forces - coupling.transpose() * node.own;
+  const Eigen::Vector2d turning = rigid_rotation_.tail<2>() + rigid_rotation.head<2>();
+  forces << rigid_rotation_.head<2>(), rigid_rotation.tail<2>();
+  rigid_rotation_ = forces - coupling.transpose() * (inverse * turning);
 }
 
-std::array<Eigen::Vector2d, pieces + 1> BendingChain::displacements(const Vector4& ends) const {
+std::array<Eigen::Vector2d, pieces + 1> BeamColumnPlane::displacements(const Vector4& ends) const {
   std::array<Eigen::Vector2d, pieces + 1> result;
   result[0] = ends.head<2>();
   result[pieces] = ends.tail<2>();
@@ -120,16 +121,16 @@ std::array<Eigen::Vector2d, pieces + 1> BendingChain::displacements(const Vector
   return result;
 }
 
-std::array<double, 5> BendingChain::bowing_moments(const Vector4& ends) const {
+std::array<double, 5> BeamColumnPlane::bowing_moments(const Vector4& ends) const {
   // A slope of 1 everywhere: what the force does on it is its integral with the real slope.
   const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
-  const auto moved = displacements(ends);
+  const auto displaced = displacements(ends);
   std::array<double, 5> moments{};
   double sum = 0.0;
   for (std::size_t i = 0; i < pieces; ++i) {
     Vector4 u;
-    u << moved[i], moved[i + 1];
-    sum += unit_slope.dot(string_stiffness(piece_, forces_[i]) * u);
+    u << displaced[i], displaced[i + 1];
+    sum += unit_slope.dot(geometric_stiffness(piece_, forces_[i]) * u);
     if ((i + 1) % (pieces / 4) == 0) moments[(i + 1) / (pieces / 4)] = sum;
   }
   return moments;

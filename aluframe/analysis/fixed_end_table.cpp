@@ -1,4 +1,4 @@
-#include "aluframe/analysis/clamped_elements.h"
+#include "aluframe/analysis/fixed_end_table.h"
 
 #include "aluframe/analysis/releases.h"
 
@@ -22,16 +22,16 @@ std::optional<Releases> releases_of(const Element& element, double length) {
   return Releases::condense(element.released, k);
 }
 
-/// Fills the places of one element.
-void clamp(const Element& element, std::size_t place, std::span<const LoadsByElement> loads,
-           std::span<ClampedElement> places) {
-  if (places.empty()) return;
+/// Fills the entries of one element.
+void fill_entries(const Element& element, std::size_t place, std::span<const LoadsByElement> loads,
+                  std::span<FixedEndEntry> entries) {
+  if (entries.empty()) return;
   const auto releases = releases_of(element, loads.front().of(place).length);
-  auto next = places.begin();
+  auto next = entries.begin();
   for (std::size_t c = 0; c < loads.size(); ++c) {
     if (!loads[c].is_loaded(place)) continue;
-    const Vector12 ends = clamped_forces(element, loads[c].of(place));
-    *next = {c, EndSizes::of(ends), ends};
+    const Vector12 ends = fixed_end_forces(element, loads[c].of(place));
+    *next = {c, EndForceNorms::of(ends), ends};
     if (releases) releases->condense_forces(next->condensed);
     ++next;
   }
@@ -39,11 +39,11 @@ void clamp(const Element& element, std::size_t place, std::span<const LoadsByEle
 
 }  // namespace
 
-ClampedElements::ClampedElements(const Frame& frame, std::span<const LoadsByElement> loads)
+FixedEndTable::FixedEndTable(const Frame& frame, std::span<const LoadsByElement> loads)
     : begin_(begins(frame.elements.size(), loads)), all_(begin_.back()) {
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
-    const auto places = std::span(all_).subspan(begin_[i], begin_[i + 1] - begin_[i]);
-    clamp(frame.elements[i], i, loads, places);
+    const auto entries = std::span(all_).subspan(begin_[i], begin_[i + 1] - begin_[i]);
+    fill_entries(frame.elements[i], i, loads, entries);
   }
 }
 

@@ -1,4 +1,4 @@
-#include "aluframe/analysis/stiff_equations.h"
+#include "aluframe/analysis/stiffness_equations.h"
 
 #include <fmt/format.h>
 
@@ -38,23 +38,23 @@ std::optional<Problem> find_problem(const Factorisation& factorisation, const Fr
   }
 }
 
-void RightSides::add(const NodeValues& loads) {
+void LoadVectors::add(const NodeValues& loads) {
   for (int i = 0; i < equations_.count(); ++i) {
-    columns_.push_back(loads[equations_.place(i)] * scaled_.scale[static_cast<std::size_t>(i)]);
+    columns_.push_back(loads[equations_.dof(i)] * scaled_.scale[static_cast<std::size_t>(i)]);
   }
 }
 
-double RightSides::solve(LinearSolver& solver) {
+double LoadVectors::solve(LinearSolver& solver) {
   const std::vector<double> probe = probing_load(equations_.count());
   columns_.insert(columns_.end(), probe.begin(), probe.end());
   solver.solve(columns_);
   return softness(probe, std::span(columns_).last(size()));
 }
 
-void RightSides::add_displacements(std::size_t load_case, NodeValues& moved) const {
+void LoadVectors::add_displacements(std::size_t load_case, NodeValues& displacements) const {
   const double* column = columns_.data() + load_case * size();
   for (std::size_t i = 0; i < size(); ++i) {
-    moved[equations_.place(static_cast<int>(i))] += column[i] * scaled_.scale[i];
+    displacements[equations_.dof(static_cast<int>(i))] += column[i] * scaled_.scale[i];
   }
 }
 
@@ -62,8 +62,8 @@ bool needs_refinement(const Equilibrium& e) {
   return std::max(e.nodes, e.whole) > ordinary_residual || e.force_error > ordinary_error;
 }
 
-std::optional<Problem> find_imbalance(const CaseResult& result, std::size_t load_case,
-                                      const Options& options) {
+std::optional<Problem> find_residual_problem(const CaseResult& result, std::size_t load_case,
+                                             const Options& options) {
   const Equilibrium& e = result.equilibrium;
   const double unbalanced = std::max(e.nodes, e.whole);
   const bool is_balanced = unbalanced <= options.residual_limit;

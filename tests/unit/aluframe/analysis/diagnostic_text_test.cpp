@@ -1,4 +1,4 @@
-#include "aluframe/analysis/words.h"
+#include "aluframe/analysis/diagnostic_text.h"
 
 #include <gtest/gtest.h>
 

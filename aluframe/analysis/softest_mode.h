@@ -1,0 +1,17 @@
+#pragma once
+
+#include "aluframe/analysis/assembly.h"
+
+namespace aluframe::analysis {
+
+/// Finds the softest mode of the frame and names the nodes that it moves: "nodes 2-3 can move
+/// freely along X: no element or support resists it". Works for singular equations too.
+Problem describe_softest_mode(const Frame& frame, const Equations& equations,
+                              const ScaledEquations& scaled);
+
+/// The same for equations that axial forces have made indefinite: the mode whose stiffness is
+/// nearest to zero, as "nodes 2-3 move along X".
+std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
+                                   const ScaledEquations& scaled);
+
+}  // namespace aluframe::analysis
