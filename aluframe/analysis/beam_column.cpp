@@ -1,59 +1,50 @@
 #include "aluframe/analysis/beam_column.h"
 
+#include "aluframe/analysis/beam_column_stiffness.h"
 #include "aluframe/analysis/linear_recovery.h"
 
 namespace aluframe::analysis {
 
-void BeamColumn::add_beam(const Element& element, const ElementLoads& loads,
-                          const PieceForces& forces) {
-  const Stiffness& s = element.stiffness;
-  plane_y_.emplace(plane_y(s, loads.length), loads, 1, forces);
-  plane_z_.emplace(plane_z(s, loads.length), loads, 2, forces);
-  negative_pivots_ = plane_y_->negative_pivots() + plane_z_->negative_pivots();
-  Matrix12& k = stiffness_.condensed;
-  add_spring(0, s.e * s.area / loads.length, k);
-  add_spring(3, s.g * s.it / loads.length, k);
-  add_plane(dofs_y, plane_y_->stiffness(), k);
-  add_plane(dofs_z, plane_z_->stiffness(), k);
-  add_plane(dofs_y, plane_y_->rigid_rotation(), stiffness_.rigid_rotation);
-  add_plane(dofs_z, plane_z_->rigid_rotation(), stiffness_.rigid_rotation);
+/// Replaces the bending parts of the fixed-end forces, which the axial force changes.
+void BeamColumn::set_bending(const ElementLoads& loads) {
+  const LocalPoint at_start = point_load_at_start(loads);
   Vector12& fixed_end = fixed_end_.unreleased;
   for (const PlaneDofs* dofs : {&dofs_y, &dofs_z}) {
     for (const int dof : dofs->dof) fixed_end[dof] = 0.0;
   }
   add_plane(dofs_y, plane_y_->fixed_end(), fixed_end);
   add_plane(dofs_z, plane_z_->fixed_end(), fixed_end);
-}
-
-void BeamColumn::add_truss(const ElementLoads& loads, double force) {
-  for (const int dof : {1, 2}) {
-    add_spring(dof, force / loads.length, stiffness_.condensed);
-    stiffness_.rigid_rotation[dof] = -force;
-    stiffness_.rigid_rotation[dof + 6] = force;
-  }
+  fixed_end.segment<2>(1) -= at_start.force.tail<2>();
+  fixed_end.segment<2>(4) -= at_start.moment.tail<2>();
 }
 
 std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLoads& loads,
-                                         const PieceForces& forces) {
+                                         std::optional<double> axial_force) {
   BeamColumn column;
-  const Matrix12 elastic = elastic_stiffness(element, loads.length);
-  column.stiffness_.unreleased = elastic.diagonal();
-  column.stiffness_.rigid_rotation.setZero();
+  const double length = loads.length;
   column.fixed_end_.unreleased = fixed_end_forces(element, loads);
   if (element.kind == ElementKind::truss) {
-    column.stiffness_.condensed = elastic;
-    column.add_truss(loads, forces[0].start);
-  } else {
-    column.stiffness_.condensed.setZero();
-    column.add_beam(element, loads, forces);
+    const double force = axial_force.value_or(0.0);
+    set_truss(element, length, force, column.stiffness_);
+    column.buckles_ = -force > truss_buckling_load(element, length);
+    column.fixed_end_.condensed = column.fixed_end_.unreleased;
+    return column;
   }
+  const Stiffness& s = element.stiffness;
+  const std::vector<ElementSpan> spans = spans_of(loads, axial_force);
+  column.plane_y_.emplace(plane_y(s, length), spans, 1, loads.free.curvature_y);
+  column.plane_z_.emplace(plane_z(s, length), spans, 2, loads.free.curvature_z);
+  if (!column.plane_y_->is_carried() || !column.plane_z_->is_carried()) return std::nullopt;
+  set_beam_column(element, length, *column.plane_y_, *column.plane_z_, column.stiffness_);
+  column.set_bending(loads);
   column.fixed_end_.condensed = column.fixed_end_.unreleased;
-  if (element.kind == ElementKind::truss) return column;
+  int negative_pivots = column.plane_y_->negative_pivots() + column.plane_z_->negative_pivots();
   column.releases_ =
-      Releases::condense(element.released, column.stiffness_.condensed, &column.negative_pivots_);
+      Releases::condense(element.released, column.stiffness_.condensed, &negative_pivots);
   if (!column.releases_) return std::nullopt;
   column.releases_->condense_forces(column.fixed_end_.condensed);
   column.releases_->condense_forces(column.stiffness_.rigid_rotation);
+  column.buckles_ = negative_pivots > 0;
   return column;
 }
 
@@ -89,25 +80,10 @@ FivePositions BeamColumn::sections(const Element& element, const ElementLoads& l
   return sections;
 }
 
-PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads) {
-  PieceForces forces{};
-  if (kind == ElementKind::truss) {
-    const double n = end_forces[6] - simply_supported_reactions(loads)[6];
-    forces.fill({n, n});
-    return forces;
-  }
-  const double length = loads.length / static_cast<double>(pieces);
-  for (std::size_t i = 0; i < pieces; ++i) {
-    // Through two places inside, because a point load may act at either end of the piece.
-    const auto force_at = [&](double part) {
-      const double x = length * (static_cast<double>(i) + part);
-      return -end_forces[0] - resultant_before(loads, x).force.x();
-    };
-    const double first = force_at(0.25), second = force_at(0.75);
-    const double middle = (first + second) / 2, rise = second - first;
-    forces[i] = {middle - rise, middle + rise};
-  }
-  return forces;
+double axial_force_at_start(ElementKind kind, const Vector12& end_forces,
+                            const ElementLoads& loads) {
+  if (kind == ElementKind::beam) return -end_forces[0];
+  return end_forces[6] - simply_supported_reactions(loads)[6];
 }
 
 }  // namespace aluframe::analysis

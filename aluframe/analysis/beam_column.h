@@ -14,13 +14,15 @@ namespace aluframe::analysis {
 /// in first order; a truss has its chord alone.
 class BeamColumn {
  public:
-  /// @return nothing when the element by itself has no equilibrium under these axial forces
+  /// @param axial_force at its start, N, positive in tension; nothing: as in first order
+  /// @return nothing when the element by itself has no equilibrium under its axial force
   static std::optional<BeamColumn> of(const Element& element, const ElementLoads& loads,
-                                      const PieceForces& forces);
+                                      std::optional<double> axial_force);
 
   const ElementStiffness& stiffness() const { return stiffness_; }
   const FixedEndForces& fixed_end() const { return fixed_end_; }
-  int negative_pivots() const { return negative_pivots_; }
+  /// Whether it buckles between nodes that stand still, a truss as a bar on hinges.
+  bool buckles() const { return buckles_; }
 
   /// Forces under the displacements of its nodes, local axes.
   ElementResponse response(const Element& element, const ElementLoads& loads,
@@ -30,18 +32,18 @@ class BeamColumn {
                          const Vector12& displacements, const Vector12& end_forces) const;
 
  private:
-  void add_beam(const Element& element, const ElementLoads& loads, const PieceForces& forces);
-  void add_truss(const ElementLoads& loads, double force);
+  void set_bending(const ElementLoads& loads);
   void add_bowing(const Vector12& displacements, FivePositions& sections) const;
 
   ElementStiffness stiffness_;
   FixedEndForces fixed_end_;
   std::optional<BeamColumnPlane> plane_y_, plane_z_;
   std::optional<Releases> releases_;
-  int negative_pivots_ = 0;
+  bool buckles_ = false;
 };
 
-/// Axial forces of the pieces, from the end forces acting ON the element.
-PieceForces piece_forces(ElementKind kind, const Vector12& end_forces, const ElementLoads& loads);
+/// Axial force at the start, N, positive in tension, from the end forces acting ON the element.
+double axial_force_at_start(ElementKind kind, const Vector12& end_forces,
+                            const ElementLoads& loads);
 
 }  // namespace aluframe::analysis

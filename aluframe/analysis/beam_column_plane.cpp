@@ -1,91 +1,119 @@
 #include "aluframe/analysis/beam_column_plane.h"
 
 #include <algorithm>
-
-#include "aluframe/analysis/fixed_end_forces.h"
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <utility>
 
 namespace aluframe::analysis {
 
 namespace {
 
-/// Loads of an element that stand on one of its pieces, counted from the piece's start.
-class PieceLoads {
- public:
-  PieceLoads(const ElementLoads& loads, std::size_t piece) {
-    const double length = loads.length / static_cast<double>(pieces);
-    const double start = length * static_cast<double>(piece);
-    for (const LocalDistributed& load : loads.distributed) {
-      const double from = std::max(load.from, start), to = std::min(load.to, start + length);
-      if (from >= to) continue;
-      distributed_.push_back({from - start, to - start, load.value_at(from), load.value_at(to)});
-    }
-    for (const LocalPoint& load : loads.points) {
-      const double place = load.at / length;
-      if (std::min(static_cast<std::size_t>(place), pieces - 1) != piece) continue;
-      points_.push_back({load.at - start, load.force, load.moment});
-    }
-    view_ = {length, distributed_, points_, loads.free};
-  }
-
-  const ElementLoads& view() const { return view_; }
-
- private:
-  std::vector<LocalDistributed> distributed_;
-  std::vector<LocalPoint> points_;
-  ElementLoads view_;
-};
+/// So many segments hold a tie of three thousand times its Euler load; beyond, digits are lost.
+constexpr double most_segments = 64.0;
+/// A compression above this part of the shear stiffness is not carried.
+constexpr double largest_shear_share = 0.999;
 
 int negative_eigenvalues(const Eigen::Matrix2d& k) {
   if (k.determinant() < 0.0) return 1;
   return k.trace() < 0.0 ? 2 : 0;
 }
 
-/// One of several equal pieces: the share of shear grows with the square of the shorter length.
-BendingPlane piece_of(const BendingPlane& plane) {
-  constexpr auto count = static_cast<double>(pieces);
-  return {plane.length / count, plane.ei, plane.shear * count * count};
+/// A part of the plane: the share of shear grows with the square of the shorter length.
+BendingPlane part_of(const BendingPlane& plane, double length) {
+  const double ratio = plane.length / length;
+  return {length, plane.ei, plane.shear * ratio * ratio};
+}
+
+/// The piece of a span between two distances from its start, without the point load at its end.
+SegmentPiece piece_of(const ElementSpan& span, double from, double to, int axis) {
+  const double a = from / span.length(), b = to / span.length();
+  const SpanAxialForce& n = span.axial;
+  const auto axial_at = [&](double s) {
+    return n.start + (n.end - n.start) * s + 4.0 * n.bow * s * (1.0 - s);
+  };
+  const double start = span.load_start[axis], end = span.load_end[axis];
+  return {.length = to - from,
+          .axial = {axial_at(a), axial_at(b), n.bow * (b - a) * (b - a)},
+          .across_start = start + (end - start) * a,
+          .across_end = start + (end - start) * b};
+}
+
+/// sqrt(|N|/EI)·L of a span, larger where shear softens it; infinite when it is not carried.
+double own_length(const BendingPlane& plane, const ElementSpan& span) {
+  const double compression = span.axial.largest_compression();
+  const double largest =
+      std::max({compression, std::abs(span.axial.start), std::abs(span.axial.end)});
+  // 1/GAs is shear·L²/(12·EI).
+  const double shear_share =
+      compression * plane.shear * plane.length * plane.length / (12.0 * plane.ei);
+  if (shear_share > largest_shear_share) return std::numeric_limits<double>::infinity();
+  return std::sqrt(largest / (plane.ei * (1.0 - shear_share))) * span.length();
 }
 
 }  // namespace
 
-BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, const ElementLoads& loads, int axis,
-                                 const PieceForces& forces)
-    : piece_(piece_of(plane)), forces_(forces) {
-  const Matrix4 bending = bending_stiffness(piece_);
-  // Rotated without bending, a piece has the forces of its geometric stiffness alone.
-  const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
-  for (std::size_t i = 0; i < pieces; ++i) {
-    const Matrix4 geometric = geometric_stiffness(piece_, forces[i]);
-    const Vector4 fixed_end = plane_fixed_end_forces(piece_, PieceLoads(loads, i).view(), axis);
-    append(i, bending + geometric, fixed_end, geometric * unit_slope);
-  }
-  balance();
+BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, std::span<const ElementSpan> spans,
+                                 int axis, double curvature)
+    : plane_(plane) {
+  cut(spans, axis, curvature);
+  for (const BeamColumnSegment& segment : segments_) join(segment);
+  if (segments_.size() > 1) complete_by_statics(rigid_rotation_, plane.length, stiffness_);
 }
 
-/// Elimination leaves rounding of the pieces' stiffness, hundreds of times that of the element, in
-/// what should need no force: a rigid-body motion of the element. In a chain of many elements that
-/// rounding outgrows the loads. So only the stiffness against rotations is kept, and the rest
-/// follows from it by statics: no force under translation, under rotation that of the geometric
-/// stiffness.
-void BeamColumnPlane::balance() {
-  const double length = piece_.length * static_cast<double>(pieces);
-  Matrix4& k = stiffness_;
-  for (const int rotation : {1, 3}) {
-    const double force = (rigid_rotation_[rotation] - k(rotation, 1) - k(rotation, 3)) / length;
-    k(rotation, 2) = k(2, rotation) = force;
-    k(rotation, 0) = k(0, rotation) = -force;
+/// Segments of equal own length, so that none is very short: the rounding of its stiffness would be
+/// that of a much stiffer bar.
+void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double curvature) {
+  std::vector<double> own_lengths;
+  for (const ElementSpan& span : spans) own_lengths.push_back(own_length(plane_, span));
+  const double sum = std::accumulate(own_lengths.begin(), own_lengths.end(), 0.0);
+  is_carried_ = std::isfinite(sum);
+  if (!is_carried_) return;
+  const double count = std::clamp(std::ceil(sum / longest_segment), 1.0, most_segments);
+  const double rotation_sign = (axis == 1 ? dofs_y : dofs_z).rotation_sign;
+  std::vector<SegmentPiece> pieces;
+  double length = 0.0;
+  const auto end_segment = [&] {
+    segments_.emplace_back(part_of(plane_, length), std::move(pieces), curvature);
+    pieces.clear();
+    length = 0.0;
+  };
+  const double step = sum / count, same = 1e-6 * step;
+  const auto is_last_segment = [&] { return static_cast<double>(segments_.size()) >= count - 1.0; };
+  double own_before = 0.0, next_cut = step;
+  for (std::size_t i = 0; i < spans.size(); ++i) {
+    const ElementSpan& span = spans[i];
+    const double own_after = own_before + own_lengths[i];
+    double from = 0.0;
+    for (; !is_last_segment() && next_cut < own_after - same; next_cut += step) {
+      const double to = (next_cut - own_before) / own_lengths[i] * span.length();
+      pieces.push_back(piece_of(span, from, to, axis));
+      length += to - from;
+      from = to;
+      end_segment();
+    }
+    pieces.push_back(piece_of(span, from, span.length(), axis));
+    length += span.length() - from;
+    // Axis 1 bends about z, axis 2 about y.
+    pieces.back().force_at_end = span.force_at_end[axis];
+    pieces.back().moment_at_end = rotation_sign * span.moment_at_end[3 - axis];
+    own_before = own_after;
+    if (!is_last_segment() && next_cut <= own_after + same) {
+      end_segment();
+      next_cut += step;
+    }
   }
-  const double force = (rigid_rotation_[2] - k(2, 1) - k(2, 3)) / length;
-  k(0, 0) = k(2, 2) = force;
-  k(0, 2) = k(2, 0) = -force;
+  end_segment();
 }
 
-void BeamColumnPlane::append(std::size_t piece, const Matrix4& k, const Vector4& fixed_end,
-                             const Vector4& rigid_rotation) {
-  if (piece == 0) {
+void BeamColumnPlane::join(const BeamColumnSegment& next) {
+  const Matrix4 k = next.stiffness();
+  const Vector4 fixed_end = next.fixed_end(), rotated = next.rigid_rotation();
+  if (&next == segments_.data()) {
     stiffness_ = k;
     fixed_end_ = fixed_end;
-    rigid_rotation_ = rigid_rotation;
+    rigid_rotation_ = rotated;
     return;
   }
   const Eigen::Matrix2d pivot = stiffness_.bottomRightCorner<2, 2>() + k.topLeftCorner<2, 2>();
@@ -94,27 +122,26 @@ void BeamColumnPlane::append(std::size_t piece, const Matrix4& k, const Vector4&
   Eigen::Matrix<double, 2, 4> coupling;
   coupling << stiffness_.bottomLeftCorner<2, 2>(), k.topRightCorner<2, 2>();
   const Eigen::Vector2d force = fixed_end_.tail<2>() + fixed_end.head<2>();
-  Eliminated& node = inner_[piece - 1];
+  Eliminated& node = inner_.emplace_back();
   node.by_ends = inverse * coupling;
   node.own = inverse * force;
   Matrix4 joined = Matrix4::Zero();
   joined.topLeftCorner<2, 2>() = stiffness_.topLeftCorner<2, 2>();
   joined.bottomRightCorner<2, 2>() = k.bottomRightCorner<2, 2>();
   stiffness_ = joined - coupling.transpose() * node.by_ends;
-  Vector4 forces;
-  forces << fixed_end_.head<2>(), fixed_end.tail<2>();
+  const Vector4 forces = (Vector4() << fixed_end_.head<2>(), fixed_end.tail<2>()).finished();
   fixed_end_ = forces - coupling.transpose() * node.own;
-  const Eigen::Vector2d turning = rigid_rotation_.tail<2>() + rigid_rotation.head<2>();
-  forces << rigid_rotation_.head<2>(), rigid_rotation.tail<2>();
-  rigid_rotation_ = forces - coupling.transpose() * (inverse * turning);
+  const Eigen::Vector2d rotation = rigid_rotation_.tail<2>() + rotated.head<2>();
+  const Vector4 ends = (Vector4() << rigid_rotation_.head<2>(), rotated.tail<2>()).finished();
+  rigid_rotation_ = ends - coupling.transpose() * (inverse * rotation);
 }
 
-std::array<Eigen::Vector2d, pieces + 1> BeamColumnPlane::displacements(const Vector4& ends) const {
-  std::array<Eigen::Vector2d, pieces + 1> result;
-  result[0] = ends.head<2>();
-  result[pieces] = ends.tail<2>();
+std::vector<Eigen::Vector2d> BeamColumnPlane::displacements(const Vector4& ends) const {
+  std::vector<Eigen::Vector2d> result(inner_.size() + 2);
+  result.front() = ends.head<2>();
+  result.back() = ends.tail<2>();
   Vector4 around = ends;
-  for (std::size_t i = pieces - 1; i >= 1; --i) {
+  for (std::size_t i = inner_.size(); i >= 1; --i) {
     around.tail<2>() = -(inner_[i - 1].by_ends * around + inner_[i - 1].own).eval();
     result[i] = around.tail<2>();
   }
@@ -122,16 +149,22 @@ std::array<Eigen::Vector2d, pieces + 1> BeamColumnPlane::displacements(const Vec
 }
 
 std::array<double, 5> BeamColumnPlane::bowing_moments(const Vector4& ends) const {
-  // A slope of 1 everywhere: what the force does on it is its integral with the real slope.
-  const Vector4 unit_slope(0.0, 1.0, piece_.length, 1.0);
-  const auto displaced = displacements(ends);
+  const std::vector<Eigen::Vector2d> at = displacements(ends);
   std::array<double, 5> moments{};
-  double sum = 0.0;
-  for (std::size_t i = 0; i < pieces; ++i) {
-    Vector4 u;
-    u << displaced[i], displaced[i + 1];
-    sum += unit_slope.dot(geometric_stiffness(piece_, forces_[i]) * u);
-    if ((i + 1) % (pieces / 4) == 0) moments[(i + 1) / (pieces / 4)] = sum;
+  double sum = 0.0, from = 0.0;
+  std::size_t position = 1;
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    const BeamColumnSegment& segment = segments_[i];
+    const Vector4 own = (Vector4() << at[i], at[i + 1]).finished();
+    const bool is_last = i + 1 == segments_.size();
+    for (; position < moments.size(); ++position) {
+      const double x = plane_.length * static_cast<double>(position) / 4.0 - from;
+      if (x > segment.length() && !is_last) break;
+      moments[position] = sum + segment.bowing_moment(own, std::min(x, segment.length()));
+    }
+    if (is_last) break;
+    sum += segment.bowing_moment(own, segment.length());
+    from += segment.length();
   }
   return moments;
 }

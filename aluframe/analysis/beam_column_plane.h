@@ -1,37 +1,35 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <vector>
 
-#include "aluframe/analysis/bending_plane.h"
-#include "aluframe/analysis/element_loads.h"
+#include "aluframe/analysis/beam_column_segment.h"
+#include "aluframe/analysis/element_stiffness.h"
 
 namespace aluframe::analysis {
 
-/// Pieces that an element is cut into where its axial force bends it further. With eight, the
-/// buckling load of an element with hinged ends is 3e-5 too high, with clamped ends 5e-4 (the error
-/// grows with the fourth power of a piece's length); their ends include the quarter points.
-inline constexpr std::size_t pieces = 8;
-
-/// Axial force of every piece.
-using PieceForces = std::array<AxialForce, pieces>;
-
-/// One bending plane of an element under axial force, as a chain of pieces whose inner nodes are
-/// eliminated. Deflection against the chord of the ends and its moment of the axial force are both
-/// in it. Without axial force it is exactly the plane of the element.
+/// One bending plane of an element under axial force, exactly: one segment, or where the axial
+/// force is so large that it might buckle by itself, a chain of them whose inner nodes are
+/// eliminated. Without axial force it is the plane of the element.
 class BeamColumnPlane {
  public:
   /// @param plane of the whole element
+  /// @param spans of the element, with at least one
   /// @param axis of the deflection: 1 (y) or 2 (z)
-  BeamColumnPlane(const BendingPlane& plane, const ElementLoads& loads, int axis,
-                  const PieceForces& forces);
+  /// @param curvature d²w/dx² that the element would take by itself, 1/mm
+  BeamColumnPlane(const BendingPlane& plane, std::span<const ElementSpan> spans, int axis,
+                  double curvature);
 
   const Matrix4& stiffness() const { return stiffness_; }  ///< of the two ends
-  const Vector4& fixed_end() const { return fixed_end_; }  ///< of the two ends
-  /// End forces of the element under a rigid-body rotation, a slope of 1.
+  const Vector4& fixed_end() const { return fixed_end_; }  ///< end forces that fix both ends
+  /// End forces when the element is rotated as a rigid body by a slope of 1.
   const Vector4& rigid_rotation() const { return rigid_rotation_; }
-  /// Negative pivots of the inner nodes: the element buckles between ends that stand still.
+  /// Negative pivots of the inner nodes: so many times the element buckles between ends that stand
+  /// still.
   int negative_pivots() const { return negative_pivots_; }
+  /// False when a compression reaches the shear stiffness, which no length can carry.
+  bool is_carried() const { return is_carried_; }
 
   /// Moments that the axial force adds between the start and the five positions, from the
   /// displacements of the two ends: integral of the force times the slope.
@@ -44,18 +42,18 @@ class BeamColumnPlane {
     Eigen::Vector2d own;
   };
 
-  void append(std::size_t piece, const Matrix4& k, const Vector4& fixed_end,
-              const Vector4& rigid_rotation);
-  void balance();
-  std::array<Eigen::Vector2d, pieces + 1> displacements(const Vector4& ends) const;
+  void cut(std::span<const ElementSpan> spans, int axis, double curvature);
+  void join(const BeamColumnSegment& segment);
+  std::vector<Eigen::Vector2d> displacements(const Vector4& ends) const;
 
-  BendingPlane piece_;
-  PieceForces forces_;
-  Matrix4 stiffness_;
-  Vector4 fixed_end_;
-  Vector4 rigid_rotation_;
-  std::array<Eliminated, pieces - 1> inner_;
+  BendingPlane plane_;
+  std::vector<BeamColumnSegment> segments_;
+  std::vector<Eliminated> inner_;
+  Matrix4 stiffness_ = Matrix4::Zero();
+  Vector4 fixed_end_ = Vector4::Zero();
+  Vector4 rigid_rotation_ = Vector4::Zero();
   int negative_pivots_ = 0;
+  bool is_carried_ = true;
 };
 
 }  // namespace aluframe::analysis

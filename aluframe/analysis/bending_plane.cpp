@@ -26,14 +26,6 @@ Vector4 rotations_at(const BendingPlane& plane, double x) {
   return shapes / (1.0 + p);
 }
 
-Vector4 axis_slopes_at(const BendingPlane& plane, double x) {
-  const double l = plane.length, p = plane.shear, s = x / l, r = 1.0 - s;
-  const double across = -(6.0 * s * r + p) / l;
-  const Vector4 shapes(across, r * (1.0 - 3.0 * s) + p / 2.0 * (r - s), -across,
-                       s * (1.0 - 3.0 * r) - p / 2.0 * (r - s));
-  return shapes / (1.0 + p);
-}
-
 Matrix4 bending_stiffness(const BendingPlane& plane) {
   const double l = plane.length, p = plane.shear;
   const double across = 12.0, mixed = 6.0 * l;
@@ -44,14 +36,6 @@ Matrix4 bending_stiffness(const BendingPlane& plane) {
       -across, -mixed, across, -mixed,  //
       mixed, far, -mixed, near;
   return k * (plane.ei / ((1.0 + p) * l * l * l));
-}
-
-Matrix4 geometric_stiffness(const BendingPlane& plane, const AxialForce& n) {
-  return integrate<Matrix4>(0.0, plane.length, [&](double x) -> Matrix4 {
-    const Vector4 slopes = axis_slopes_at(plane, x);
-    const double force = n.start + (n.end - n.start) * (x / plane.length);
-    return force * slopes * slopes.transpose();
-  });
 }
 
 Vector4 fixed_end_forces_of_load(const BendingPlane& plane, const PlaneLoad& load) {

@@ -26,23 +26,13 @@ struct PlaneLoad {
   double value_at(double x) const;
 };
 
-/// Deflection, rotation and slope of the axis (dw/dx) at x, mm from the start, for a unit of each
-/// of the four end displacements.
+/// Deflection and rotation at x, mm from the start, for a unit of each of the four end
+/// displacements.
 Vector4 deflections_at(const BendingPlane& plane, double x);
 Vector4 rotations_at(const BendingPlane& plane, double x);
-Vector4 axis_slopes_at(const BendingPlane& plane, double x);
 
 /// End forces per unit of the end displacements.
 Matrix4 bending_stiffness(const BendingPlane& plane);
-
-/// Axial force of a piece, N, positive in tension, linear from its start to its end.
-struct AxialForce {
-  double start = 0.0, end = 0.0;
-};
-
-/// Geometric stiffness of a piece under an axial force: integral of n·w'·w'. With shear, the axial
-/// force acts on the slope of the axis (Engesser).
-Matrix4 geometric_stiffness(const BendingPlane& plane, const AxialForce& n);
 
 /// Fixed-end forces of the piece under a load along w, and under a force along w or a moment along
 /// t at x.

@@ -35,7 +35,7 @@ class Iteration {
         geometry_(element_geometry(frame)),
         equations_(frame),
         loads_(frame, geometry_, loads),
-        forces_(frame.elements.size(), PieceForces{}),
+        axial_forces_(frame.elements.size()),
         solver_(make_solver()) {}
 
   Found find_lost() const { return find_lost_load(frame_, equations_, load_case_); }
@@ -64,7 +64,8 @@ class Iteration {
   std::vector<Geometry> geometry_;
   Equations equations_;
   LoadsByElement loads_;
-  std::vector<PieceForces> forces_, next_forces_;
+  std::vector<std::optional<double>> axial_forces_;  // at the starts; nothing in first order
+  std::vector<double> next_axial_forces_;
   std::vector<BeamColumn> columns_;
   NodeValues displacements_;
   std::optional<RefinedCase> refined_;  // where double precision does not suffice
@@ -91,8 +92,10 @@ EquivalentLoads Iteration::equivalent_loads() const {
 }
 
 Problem Iteration::buckled_element(std::size_t place) const {
-  double least = 0.0;
-  for (const AxialForce& n : forces_[place]) least = std::min({least, n.start, n.end});
+  const bool is_truss = frame_.elements[place].kind == ElementKind::truss;
+  const double at_start = *axial_forces_[place];
+  const double least =
+      is_truss ? at_start : -largest_compression(spans_of(loads_.of(place), at_start));
   return {Problem::Kind::buckling,
           fmt::format("{} buckles between its nodes: its axial force reaches {:.4g} N",
                       element_name(frame_, place), least),
@@ -103,8 +106,8 @@ Found Iteration::make_columns() {
   columns_.clear();
   columns_.reserve(frame_.elements.size());
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
-    auto column = BeamColumn::of(frame_.elements[i], loads_.of(i), forces_[i]);
-    if (!column || column->negative_pivots() > 0) return buckled_element(i);
+    auto column = BeamColumn::of(frame_.elements[i], loads_.of(i), axial_forces_[i]);
+    if (!column || column->buckles()) return buckled_element(i);
     columns_.push_back(std::move(*column));
   }
   return std::nullopt;
@@ -165,22 +168,20 @@ Vector12 Iteration::end_forces(std::size_t place) const {
 }
 
 void Iteration::update_forces() {
-  next_forces_.resize(forces_.size());
+  next_axial_forces_.resize(axial_forces_.size());
   double largest = least_axial_share * load_norms_.force, change = 0.0;
-  for (std::size_t i = 0; i < forces_.size(); ++i) {
-    next_forces_[i] = piece_forces(frame_.elements[i].kind, end_forces(i), loads_.of(i));
-    for (std::size_t j = 0; j < pieces; ++j) {
-      const AxialForce &now = next_forces_[i][j], &before = forces_[i][j];
-      largest = std::max({largest, std::abs(now.start), std::abs(now.end)});
-      change =
-          std::max({change, std::abs(now.start - before.start), std::abs(now.end - before.end)});
-    }
+  for (std::size_t i = 0; i < axial_forces_.size(); ++i) {
+    const Vector12 ends = end_forces(i);
+    const double now = axial_force_at_start(frame_.elements[i].kind, ends, loads_.of(i));
+    next_axial_forces_[i] = now;
+    largest = std::max({largest, std::abs(now), std::abs(ends[6])});
+    change = std::max(change, std::abs(now - axial_forces_[i].value_or(0.0)));
   }
   change_ = change == 0.0 ? 0.0 : change / largest;
 }
 
 Found Iteration::step() {
-  if (!first_) forces_.swap(next_forces_);
+  if (!first_) std::ranges::copy(next_axial_forces_, axial_forces_.begin());
   if (auto problem = make_columns()) return problem;
   if (auto problem = solve_equations()) return problem;
   update_forces();

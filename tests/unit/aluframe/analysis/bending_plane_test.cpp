@@ -129,26 +129,5 @@ TEST_P(BothShearRigidities, RigidMotionCostsNothing) {
   EXPECT_LT((k * Vector4(0, 1, length, 1)).norm(), 1e-9 * size);
 }
 
-TEST_P(BothShearRigidities, TurningAPulledPieceNeedsItsForceTimesTheSlope) {
-  // A straight piece turned by 1/length: the pull has the side components n/length.
-  const double pull = 1.0e5;
-  const Vector4 f = geometric_stiffness(plane(), {pull, pull}) * Vector4(0, 1, length, 1);
-  EXPECT_NEAR(f[0], -pull, 1e-9 * pull);
-  EXPECT_NEAR(f[2], pull, 1e-9 * pull);
-  EXPECT_NEAR(f[1], 0.0, 1e-9 * pull * length);
-  EXPECT_NEAR(f[3], 0.0, 1e-9 * pull * length);
-}
-
-TEST(StringStiffness, RigidInShearIsTheConsistentMatrix) {
-  // n/(30L)·[36 3L -36 3L; 4L² -3L -L²; ...] (Przemieniecki, equation 15.12).
-  const double pull = 30.0;
-  const Matrix4 k = geometric_stiffness(BendingPlane::of(ei, 0.0, length), {pull, pull});
-  EXPECT_NEAR(k(0, 0), 36.0 / length, 1e-12);
-  EXPECT_NEAR(k(0, 1), 3.0, 1e-12);
-  EXPECT_NEAR(k(1, 1), 4.0 * length, 1e-9);
-  EXPECT_NEAR(k(1, 3), -length, 1e-9);
-  EXPECT_NEAR(k(0, 2), -36.0 / length, 1e-12);
-}
-
 }  // namespace
 }  // namespace aluframe::analysis

@@ -1,0 +1,122 @@
+#include "aluframe/analysis/buckling.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/analysis/factor_search.h"
+#include "aluframe/analysis/load_vector.h"
+#include "aluframe/analysis/motion_text.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+/// Axial forces below this share of the largest force are rounding, which presses nothing.
+constexpr double rounding_share = 1e-6;
+
+/// Each over the sum of those that are positive.
+void make_shares(std::vector<double>& work) {
+  double sum = 0.0;
+  for (const double w : work) sum += std::max(0.0, w);
+  for (double& w : work) w = sum > 0.0 ? w / sum : 0.0;
+}
+
+}  // namespace
+
+class Buckling::Search {
+ public:
+  explicit Search(const Frame& frame)
+      : frame_(frame),
+        geometry_(element_geometry(frame)),
+        equations_(frame),
+        solver_(make_solver()),
+        space_{frame_, geometry_, equations_, *solver_, {}} {}
+
+  Result<BucklingResult> find(const LoadCase& loads, std::span<const double> axial_forces,
+                              int modes);
+
+ private:
+  BucklingMode mode_of(const FoundFactor& found, const LoadedFrame& loaded,
+                       std::span<const double> scale) const;
+  std::string own_text(const FoundFactor& found, const LoadedFrame& loaded) const;
+
+  const Frame& frame_;
+  std::vector<Geometry> geometry_;
+  Equations equations_;
+  std::unique_ptr<LinearSolver> solver_;
+  SearchSpace space_;
+};
+
+std::string Buckling::Search::own_text(const FoundFactor& found, const LoadedFrame& loaded) const {
+  const std::size_t element = *found.element;
+  const int axis = loaded.own_direction({found.factor, element});
+  const Eigen::Vector3d along = geometry_[element].axes.row(axis).transpose();
+  return element_name(frame_, element) + " buckles between its nodes, along " + axis_name(along);
+}
+
+BucklingMode Buckling::Search::mode_of(const FoundFactor& found, const LoadedFrame& loaded,
+                                       std::span<const double> scale) const {
+  BucklingMode mode;
+  mode.factor = found.factor;
+  mode.element = found.element;
+  mode.shape.resize(frame_.nodes.size(), Vector6{});
+  mode.work.resize(frame_.elements.size(), 0.0);
+  if (found.element) {
+    mode.work[*found.element] = 1.0;
+    mode.text = own_text(found, loaded);
+    return mode;
+  }
+  const NodeValues values = node_values(found.shape, equations_, scale, frame_);
+  for (std::size_t i = 0; i < values.size(); ++i) mode.shape[i / 6][i % 6] = values[i];
+  mode.work = loaded.work(found.factor, values);
+  make_shares(mode.work);
+  const auto dominant = dominant_motion(frame_, values);
+  mode.text = dominant ? motion_text(frame_, *dominant) : "the frame moves";
+  return mode;
+}
+
+Result<BucklingResult> Buckling::Search::find(const LoadCase& loads,
+                                              std::span<const double> axial_forces, int modes) {
+  const LoadedFrame loaded(frame_, geometry_, equations_, loads, axial_forces);
+  BucklingResult result;
+  if (!loaded.is_compressed()) return result;
+  FactorSearch search(space_, loaded);
+  auto found = search.find(modes, largest_buckling_factor);
+  if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
+  result.factorisations = search.factorisations();
+  const auto at_rest = loaded.at(0.0);
+  for (const FoundFactor& one : std::get<std::vector<FoundFactor>>(found)) {
+    result.modes.push_back(mode_of(one, loaded, at_rest->scaled.scale));
+  }
+  return result;
+}
+
+Buckling::Buckling(const Frame& frame) : search_(std::make_unique<Search>(frame)) {}
+Buckling::~Buckling() = default;
+
+Result<BucklingResult> Buckling::find(const LoadCase& loads, std::span<const double> axial_forces,
+                                      int modes) {
+  return search_->find(loads, axial_forces, modes);
+}
+
+std::vector<double> axial_forces_at_start(const CaseResult& result) {
+  double largest = 0.0;
+  for (const ElementForces& forces : result.forces) {
+    for (const SectionForces& at : forces) {
+      for (std::size_t i = 0; i < 3; ++i) largest = std::max(largest, std::abs(double{at[i]}));
+    }
+  }
+  std::vector<double> axial;
+  axial.reserve(result.forces.size());
+  for (const ElementForces& forces : result.forces) {
+    const double n = forces[0][0];
+    const auto is_rounding = [&](const SectionForces& at) {
+      return std::abs(double{at[0]}) <= rounding_share * largest;
+    };
+    axial.push_back(std::ranges::all_of(forces, is_rounding) ? 0.0 : n);
+  }
+  return axial;
+}
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,318 @@
+#include "aluframe/analysis/factor_search.h"
+
+#include <Eigen/Eigenvalues>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+#include "aluframe/analysis/mechanism.h"
+
+namespace aluframe::analysis {
+
+namespace {
+
+/// Bounds of a factor that are certain to this share of it have met.
+constexpr double certain = 1e-6;
+/// How near a factor is first looked at from below: near enough for a few steps of inverse
+/// iteration, far enough for an upper bound that is not good yet.
+constexpr double near_share = 1e-2;
+constexpr Eigen::Index trial_modes = 6;
+constexpr int steps_of_inverse_iteration = 3;
+constexpr int most_trials = 80;
+
+/// The part of the smallest own factor at which the stiffness shows what axial forces take from it
+/// where the factor is small.
+constexpr double small_share = 1e-2;
+
+SymmetricMatrix difference(const SymmetricMatrix& a, const SymmetricMatrix& b) {
+  SymmetricMatrix out = a;
+  for (std::size_t i = 0; i < out.values.size(); ++i) out.values[i] -= b.values[i];
+  return out;
+}
+
+/// Largest ν and its vector, of B·y = ν·A·y with A positive definite.
+struct LargestRatio {
+  double value = 0.0;
+  Eigen::VectorXd vector;
+  Columns all;  ///< vectors of all ratios, the largest first
+};
+
+std::optional<LargestRatio> largest_ratio(const Columns& b, const Columns& a) {
+  const Eigen::LLT<Columns> cholesky(a);
+  if (cholesky.info() != Eigen::Success) return std::nullopt;
+  Columns inner = cholesky.matrixL().solve(b);
+  inner = cholesky.matrixL().solve(inner.transpose().eval());
+  const Eigen::SelfAdjointEigenSolver<Columns> eigen((inner + inner.transpose()) / 2.0);
+  if (eigen.info() != Eigen::Success) return std::nullopt;
+  const Columns vectors = cholesky.matrixU().solve(eigen.eigenvectors()).rowwise().reverse();
+  return LargestRatio{eigen.eigenvalues().reverse()[0], vectors.col(0), vectors};
+}
+
+Problem not_narrowed() {
+  return {Problem::Kind::solver, "the factor at which the frame buckles could not be found",
+          std::nullopt, std::nullopt};
+}
+
+}  // namespace
+
+FactorSearch::FactorSearch(SearchSpace& space, const LoadedFrame& loaded)
+    : space_(space), loaded_(loaded), own_(loaded.smallest_own_factor()) {}
+
+/// @param factor a hair smaller afterwards where it is an element's own one
+FactorSearch::Below FactorSearch::factors_below(double& factor) {
+  using Status = Factorisation::Status;
+  constexpr int most_tries = 5;
+  for (int tries = 0; tries < most_tries; ++tries, factor *= 1.0 - certain / 100.0) {
+    auto equations = loaded_.at(factor);
+    if (!equations) continue;
+    current_ = std::move(*equations);
+    ++factorisations_;
+    const Factorisation done = space_.solver.factorise(current_.scaled.matrix);
+    if (done.status == Status::zero_pivot) continue;
+    if (auto problem = find_problem(done, space_.frame, space_.equations, current_.scaled)) {
+      return std::move(*problem);
+    }
+    return done.negative_pivots + current_.own_factors;
+  }
+  return not_narrowed();
+}
+
+/// Modes of earlier searches, and others so that no kind of motion is left out.
+void FactorSearch::take_trial_modes() {
+  const auto size = static_cast<Eigen::Index>(unloaded_.scale.size());
+  const Eigen::Index count = std::min(trial_modes + space_.trial.cols(), size);
+  const std::vector<double> any = probing_load(static_cast<int>(size * count));
+  trial_ = Eigen::Map<const Columns>(any.data(), size, count);
+  const Eigen::Index kept = std::min(space_.trial.cols(), count);
+  trial_.leftCols(kept) = space_.trial.leftCols(kept);
+  trial_ = orthonormal(trial_);
+}
+
+/// The modes found stand first in the next search.
+void FactorSearch::keep_trial_modes() {
+  const auto is_shape = [](const FoundFactor& f) { return f.shape.size() > 0; };
+  const auto first = std::ranges::find_if(found_, is_shape);
+  if (first == found_.end()) return;
+  const Eigen::Index kept = std::min(space_.trial.cols(), trial_modes - 1);
+  Columns modes(first->shape.size(), kept + 1);
+  modes << first->shape.normalized(), space_.trial.leftCols(kept);
+  space_.trial = std::move(modes);
+}
+
+/// Subspace iteration with the stiffness of the frame without axial forces.
+FactorSearch::Found FactorSearch::find_trial_modes() {
+  double none = 0.0;
+  const Below below = factors_below(none);
+  if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+  const bool is_finite = std::isfinite(own_.factor);
+  const auto slightly = loaded_.at(small_share * (is_finite ? own_.factor : 1.0));
+  if (!slightly) return not_narrowed();
+  const SymmetricMatrix taken = difference(unloaded_.matrix, slightly->scaled.matrix);
+  constexpr int most_steps = 12;
+  constexpr double settled = 0.03;
+  double before = 0.0;
+  for (int step = 0; step < most_steps; ++step) {
+    trial_ = times(taken, trial_);
+    space_.solver.solve({trial_.data(), static_cast<std::size_t>(trial_.size())});
+    trial_ = orthonormal(trial_);
+    const auto ratio = largest_ratio(trial_.transpose() * times(taken, trial_),
+                                     trial_.transpose() * times(unloaded_.matrix, trial_));
+    if (!ratio) return std::nullopt;
+    if (ratio->value > 0.0 && std::abs(ratio->value - before) <= settled * ratio->value) break;
+    before = ratio->value;
+  }
+  return std::nullopt;
+}
+
+/// Inverse iteration with what was factorised last.
+void FactorSearch::improve_trial_modes(int steps) {
+  const SymmetricMatrix taken = difference(unloaded_.matrix, current_.scaled.matrix);
+  for (int step = 0; step < steps; ++step) {
+    trial_ = times(taken, trial_);
+    space_.solver.solve({trial_.data(), static_cast<std::size_t>(trial_.size())});
+    if (!trial_.allFinite()) return take_trial_modes();
+    trial_ = orthonormal(trial_);
+  }
+}
+
+/// The smallest factor at which the stiffness, projected on the trial modes, is singular: secants
+/// from the lower bound, where it is positive definite, and then from nearer such factors.
+/// @param share of the factor that may stay uncertain
+std::optional<FoundFactor> FactorSearch::projected_factor(double share) {
+  const auto projected = [&](const ScaledEquations& equations) -> Columns {
+    return trial_.transpose() * times(equations.matrix, trial_);
+  };
+  const double limit = own_.factor * (1.0 - certain);
+  double low = lower_;
+  Columns at_low = projected(base_);
+  double factor = lower_ > 0.0 ? lower_ * (1.0 + near_share) : small_share * own_.factor;
+  constexpr int most_secants = 20;
+  for (int i = 0; i < most_secants; ++i) {
+    factor = std::min(factor, limit);
+    const auto there = loaded_.at(factor);
+    if (!there) return std::nullopt;
+    Columns at_factor = projected(there->scaled);
+    const auto ratio = largest_ratio(at_low - at_factor, at_low);
+    if (!ratio || !(ratio->value > 0.0)) return std::nullopt;
+    const double next = low + (factor - low) / ratio->value;
+    if (std::abs(next - factor) <= share * next) {
+      return FoundFactor{next, trial_ * ratio->vector, std::nullopt};
+    }
+    if (next >= limit && factor >= limit) return std::nullopt;
+    if (next > factor) {
+      low = factor;
+      at_low = std::move(at_factor);
+    }
+    factor = next;
+  }
+  return std::nullopt;
+}
+
+FactorSearch::Found FactorSearch::find_smallest() {
+  FoundFactor best{own_.factor, {}, own_.element};
+  const auto take = [&](std::optional<FoundFactor> found) {
+    if (!found || !(found->factor < best.factor)) return false;
+    best = std::move(*found);
+    return true;
+  };
+  bool has_searched = space_.trial.cols() == 0;
+  take_trial_modes();
+  if (has_searched) {
+    if (auto problem = find_trial_modes()) return problem;
+  }
+  const auto first = projected_factor(near_share);
+  double trial = (first ? first->factor : best.factor) * (1.0 - near_share);
+  for (int i = 0; i < most_trials; ++i) {
+    const Below below = factors_below(trial);
+    if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+    improve_trial_modes(steps_of_inverse_iteration);
+    const bool is_below = std::get<int>(below) == 0;
+    if (is_below) {
+      lower_ = trial;
+      base_ = current_.scaled;
+      take(projected_factor(certain / 1000.0));
+      if (best.factor * (1.0 - certain) <= trial) {
+        found_.push_back(std::move(best));
+        return std::nullopt;
+      }
+      const bool is_near = best.factor * (1.0 - 2.0 * near_share) <= trial;
+      trial = best.factor * (1.0 - (is_near ? certain / 2.0 : near_share));
+      continue;
+    }
+    if (!has_searched) {
+      has_searched = true;
+      take_trial_modes();
+      if (auto problem = find_trial_modes()) return problem;
+    }
+    const double refuted = trial;
+    best = {refuted, trial_.col(0), std::nullopt};
+    const bool is_better = take(projected_factor(certain / 1000.0));
+    trial = is_better ? best.factor * (1.0 - near_share)
+                      : (lower_ > 0.0 ? std::sqrt(lower_ * refuted) : refuted / 4.0);
+    if (trial <= lower_) trial = std::sqrt(lower_ * best.factor);
+  }
+  return not_narrowed();
+}
+
+/// Raises `low`, which has fewer factors below it than `count`, by steps while that stays so.
+/// @return factors below the end of the step that ended it, or fewer when `largest` is reached
+FactorSearch::Below FactorSearch::raise_until(int count, double& low, double largest) {
+  constexpr double step = 1.5;
+  while (low < largest) {
+    double high = low * step;
+    const Below below = factors_below(high);
+    if (std::holds_alternative<Problem>(below) || std::get<int>(below) >= count) return below;
+    low = high;
+  }
+  return count - 1;
+}
+
+FactorSearch::Found FactorSearch::narrow(int count, double& low, double& high) {
+  for (int i = 0; high - low > certain / 2.0 * high; ++i) {
+    if (i == most_trials) return not_narrowed();
+    double middle = (low + high) / 2.0;
+    const Below below = factors_below(middle);
+    if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+    (std::get<int>(below) >= count ? high : low) = middle;
+  }
+  return std::nullopt;
+}
+
+/// Modes that are found already with the same factor, square to each other.
+Columns FactorSearch::modes_from(double factor) const {
+  Columns modes(trial_.rows(), 0);
+  for (const FoundFactor& other : found_) {
+    if (other.shape.size() == 0 || other.factor < factor) continue;
+    modes.conservativeResize(Eigen::NoChange, modes.cols() + 1);
+    modes.rightCols<1>() = other.shape;
+  }
+  return modes.cols() == 0 ? modes : orthonormal(modes);
+}
+
+/// The mode whose factor lies between two: of several with the same factor, one square to those
+/// that are found already.
+FoundFactor FactorSearch::mode_between(double low, double high) {
+  FoundFactor result{(low + high) / 2.0, {}, loaded_.element_with_own_factor(low, high)};
+  if (result.element) return result;
+  improve_trial_modes(2 * steps_of_inverse_iteration);
+  const Columns projected = trial_.transpose() * times(current_.scaled.matrix, trial_);
+  const Eigen::SelfAdjointEigenSolver<Columns> eigen(projected);
+  const Eigen::VectorXd distances = eigen.eigenvalues().cwiseAbs();
+  std::vector<Eigen::Index> nearest(static_cast<std::size_t>(distances.size()));
+  std::iota(nearest.begin(), nearest.end(), Eigen::Index{0});
+  std::ranges::sort(nearest, {}, [&](Eigen::Index i) { return distances[i]; });
+  const Columns others = modes_from(low * (1.0 - 4.0 * certain));
+  nearest.resize(std::min(nearest.size(), static_cast<std::size_t>(others.cols()) + 1));
+  for (const Eigen::Index i : nearest) {
+    Eigen::VectorXd shape = trial_ * eigen.eigenvectors().col(i);
+    shape -= others * (others.transpose() * shape);
+    if (result.shape.size() == 0 || shape.norm() > result.shape.norm()) result.shape = shape;
+  }
+  return result;
+}
+
+FactorSearch::Found FactorSearch::find_next(double largest) {
+  const int count = static_cast<int>(found_.size()) + 1;
+  double low = found_.back().factor * (1.0 + certain);
+  double high = low;
+  Below below = factors_below(high);
+  if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+  if (std::get<int>(below) >= count) {
+    low = found_.back().factor;
+  } else {
+    below = raise_until(count, low, largest);
+    if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+    if (std::get<int>(below) < count) return std::nullopt;
+    high = low * 1.5;
+    if (auto problem = narrow(count, low, high)) return problem;
+  }
+  take_trial_modes();
+  const Below near = factors_below(high);
+  if (const auto* problem = std::get_if<Problem>(&near)) return *problem;
+  found_.push_back(mode_between(low, high));
+  return std::nullopt;
+}
+
+Result<std::vector<FoundFactor>> FactorSearch::find(int count, double largest) {
+  if (own_.factor == std::numeric_limits<double>::infinity()) return std::move(found_);
+  auto unloaded = loaded_.at(0.0);
+  if (!unloaded) return not_narrowed();
+  unloaded_ = std::move(unloaded->scaled);
+  base_ = unloaded_;
+  if (unloaded_.scale.empty()) {
+    found_.push_back({own_.factor, {}, own_.element});
+    return std::move(found_);
+  }
+  if (auto problem = find_smallest()) return std::move(*problem);
+  keep_trial_modes();
+  if (found_.front().factor > largest) found_.clear();
+  while (!found_.empty() && static_cast<int>(found_.size()) < count) {
+    const std::size_t before = found_.size();
+    if (auto problem = find_next(largest)) return std::move(*problem);
+    if (found_.size() == before) break;
+  }
+  return std::move(found_);
+}
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <variant>
+
+#include "aluframe/analysis/loaded_frame.h"
+#include "aluframe/analysis/stiffness_equations.h"
+#include "aluframe/analysis/symmetric_product.h"
+
+namespace aluframe::analysis {
+
+/// What the searches for buckling factors of one frame share.
+struct SearchSpace {
+  const Frame& frame;
+  std::span<const Geometry> geometry;
+  const Equations& equations;
+  LinearSolver& solver;
+  Columns trial;  ///< modes of earlier searches; without columns before the first
+};
+
+/// A factor, and the scaled displacements of the equations in its mode; without rows where an
+/// element buckles while the nodes stand still.
+struct FoundFactor {
+  double factor = 0.0;
+  Eigen::VectorXd shape;
+  std::optional<std::size_t> element = std::nullopt;
+};
+
+/// Looks for the factors at which a frame in one state of axial forces buckles.
+///
+/// The stiffness K(λ) is regular up to the smallest own factor of an element, and the smallest
+/// factor of the frame is not above that. Trial modes give an upper bound: the factor at which K
+/// projected on them is singular. A factorisation without negative pivots gives a lower bound. Its
+/// inverse improves the trial modes, until both bounds meet. Factors above the smallest are
+/// bracketed by their numbers alone.
+class FactorSearch {
+ public:
+  FactorSearch(SearchSpace& space, const LoadedFrame& loaded);
+
+  /// The smallest factors, as many as asked for and found.
+  /// @param largest that is looked for
+  Result<std::vector<FoundFactor>> find(int count, double largest);
+  int factorisations() const { return factorisations_; }
+
+ private:
+  using Found = std::optional<Problem>;
+  /// How many factors lie below one.
+  using Below = std::variant<int, Problem>;
+
+  Found find_trial_modes();
+  Found find_smallest();
+  Found find_next(double largest);
+  Below factors_below(double& factor);
+  Below raise_until(int count, double& low, double largest);
+  Found narrow(int count, double& low, double& high);
+  void take_trial_modes();
+  void keep_trial_modes();
+  void improve_trial_modes(int steps);
+  std::optional<FoundFactor> projected_factor(double certain);
+  Columns modes_from(double factor) const;
+  FoundFactor mode_between(double low, double high);
+
+  SearchSpace& space_;
+  const LoadedFrame& loaded_;
+  OwnFactor own_;
+  ScaledEquations unloaded_;  // at the factor 0
+  ScaledEquations base_;      // at the lower bound of the smallest factor
+  double lower_ = 0.0;
+  LoadedEquations current_;  // factorised last
+  Columns trial_;
+  std::vector<FoundFactor> found_;
+  int factorisations_ = 0;
+};
+
+}  // namespace aluframe::analysis

@@ -1,0 +1,78 @@
+#include "aluframe/analysis/loaded_frame.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "aluframe/analysis/load_vector.h"
+
+namespace aluframe::analysis {
+
+LoadedFrame::LoadedFrame(const Frame& frame, std::span<const Geometry> geometry,
+                         const Equations& equations, const LoadCase& loads,
+                         std::span<const double> axial_forces)
+    : frame_(frame), geometry_(geometry), equations_(equations) {
+  const LoadsByElement by_element(frame, geometry, loads);
+  elements_.reserve(frame.elements.size());
+  for (std::size_t i = 0; i < frame.elements.size(); ++i) {
+    elements_.emplace_back(frame.elements[i], by_element.of(i), axial_forces[i]);
+  }
+}
+
+bool LoadedFrame::is_compressed() const {
+  return std::ranges::any_of(
+      elements_, [](const LoadedElement& element) { return element.largest_compression() > 0.0; });
+}
+
+/// Elements whose lower bound lies above a factor that is found already are not looked at.
+OwnFactor LoadedFrame::smallest_own_factor() const {
+  std::vector<double> bounds;
+  for (const LoadedElement& element : elements_) bounds.push_back(element.lower_bound());
+  std::vector<std::size_t> order(elements_.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::sort(order, {}, [&](std::size_t i) { return std::pair(bounds[i], i); });
+  OwnFactor smallest;
+  for (const std::size_t i : order) {
+    if (bounds[i] >= smallest.factor) break;
+    const double factor = elements_[i].smallest_own_factor();
+    if (factor < smallest.factor) smallest = {factor, i};
+  }
+  return smallest;
+}
+
+std::optional<std::size_t> LoadedFrame::element_with_own_factor(double low, double high) const {
+  ElementStiffness k;
+  for (std::size_t i = 0; i < elements_.size(); ++i) {
+    const auto below = elements_[i].stiffness_at(low, k),
+               above = elements_[i].stiffness_at(high, k);
+    if (below && above && *above > *below) return i;
+  }
+  return std::nullopt;
+}
+
+std::optional<LoadedEquations> LoadedFrame::at(double factor) const {
+  LoadedEquations result;
+  bool is_certain = true;
+  const StiffnessSource source = [&](std::size_t place, ElementStiffness& k) {
+    const auto own = elements_[place].stiffness_at(factor, k);
+    is_certain = is_certain && own;
+    result.own_factors += own.value_or(0);
+  };
+  result.scaled = assemble(frame_, geometry_, equations_, source);
+  if (!is_certain) return std::nullopt;
+  return result;
+}
+
+std::vector<double> LoadedFrame::work(double factor, std::span<const double> displacements) const {
+  const NodeValues values(displacements.begin(), displacements.end());
+  std::vector<double> work(elements_.size(), 0.0);
+  ElementStiffness loaded, unloaded;
+  for (std::size_t i = 0; i < elements_.size(); ++i) {
+    const Vector12 u = to_local(geometry_[i].axes, at_ends(frame_.elements[i], values));
+    if (!elements_[i].stiffness_at(factor, loaded)) continue;
+    elements_[i].stiffness_at(0.0, unloaded);
+    work[i] = u.dot((unloaded.condensed - loaded.condensed) * u);
+  }
+  return work;
+}
+
+}  // namespace aluframe::analysis

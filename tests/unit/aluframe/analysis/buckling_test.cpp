@@ -1,0 +1,215 @@
+#include "aluframe/analysis/buckling.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "aluframe/analysis/second_order.h"
+#include "tests/unit/aluframe/analysis/frames.h"
+
+namespace aluframe::analysis {
+namespace {
+
+constexpr double pi = std::numbers::pi;
+constexpr std::array<bool, 6> guided{true, true, false, true, true, true};
+constexpr std::array<bool, 6> hinged_top{true, true, false, false, false, false};
+constexpr std::array<bool, 6> hinged_base{true, true, true, false, false, true};
+
+BucklingResult buckle(const Frame& frame, const LoadCase& loads, int modes = 1) {
+  const LoadCase cases[]{loads};
+  const auto solved = analyse(frame, cases);
+  if (const auto* problem = std::get_if<Problem>(&solved)) throw std::runtime_error(problem->text);
+  const auto axial = axial_forces_at_start(std::get<Solution>(solved).cases[0]);
+  auto found = Buckling(frame).find(loads, axial, modes);
+  if (const auto* problem = std::get_if<Problem>(&found)) throw std::runtime_error(problem->text);
+  return std::get<BucklingResult>(std::move(found));
+}
+
+/// A column along Z of so many elements under a load of 1 kN on its top.
+struct Column {
+  Frame frame;
+  LoadCase loads;
+};
+
+Column column(int elements, double length, const std::array<bool, 6>& base,
+              const std::array<bool, 6>& top, const Stiffness& stiffness = plain_stiffness()) {
+  Column c;
+  for (int i = 0; i <= elements; ++i) add_node(c.frame, 0, 0, length * i / elements);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(elements); ++i) {
+    add_element(c.frame, i, i + 1, stiffness);
+  }
+  const auto last = static_cast<std::size_t>(elements);
+  c.frame.supports = {{0, base}, {last, top}};
+  c.loads.nodal.push_back({last, {0, 0, -1000, 0, 0, 0}});
+  return c;
+}
+
+struct EulerCase {
+  const char* name;
+  std::array<bool, 6> base, top;
+  double turns;  ///< sqrt(P/EI)·L
+};
+
+class EulerCases : public testing::TestWithParam<EulerCase> {};
+
+TEST_P(EulerCases, AreExactWithOneElementOrSeveral) {
+  const auto& [name, base, top, turns] = GetParam();
+  const Stiffness s = plain_stiffness();
+  const double length = 4000.0;
+  const double exact = turns * turns * s.e * s.izz / (length * length) / 1000.0;
+  for (const int elements : {1, 2, 7}) {
+    const Column c = column(elements, length, base, top);
+    const BucklingResult found = buckle(c.frame, c.loads);
+    ASSERT_EQ(found.modes.size(), 1U);
+    EXPECT_NEAR(found.modes[0].factor, exact, 1e-6 * exact) << name << " of " << elements;
+    EXPECT_LE(found.factorisations, 15);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buckling, EulerCases,
+    testing::Values(EulerCase{"cantilever", clamped, {}, pi / 2},
+                    EulerCase{"on hinges", hinged_base, hinged_top, pi},
+                    EulerCase{"clamped and hinged", clamped, hinged_top, 4.4934094579090642},
+                    EulerCase{"clamped", clamped, guided, 2 * pi},
+                    EulerCase{"guided", clamped, {false, false, false, true, true, true}, pi}));
+
+TEST(Buckling, UnderOwnWeightIsThatOfBesselFunctions) {
+  // q·L³/EI = 7.8373 (Timoshenko and Gere, article 2.12): 9/4·x², x = 1.8663508 the first zero of
+  // the Bessel function of order -1/3.
+  const Stiffness s = plain_stiffness();
+  const double length = 4000.0;
+  Column c = column(1, length, clamped, {});
+  c.loads = {};
+  c.loads.distributed.push_back({.element = 0,
+                                 .axes = LoadAxes::global,
+                                 .from_value = {0, 0, -1.0},
+                                 .to_value = {0, 0, -1.0}});
+  const double exact = 2.25 * 1.86635086 * 1.86635086 * s.e * s.izz / (length * length * length);
+  const BucklingResult found = buckle(c.frame, c.loads);
+  ASSERT_EQ(found.modes.size(), 1U);
+  EXPECT_NEAR(found.modes[0].factor, exact, 1e-7 * exact);
+}
+
+TEST(Buckling, CountsAPointLoadBetweenTheNodes) {
+  // The same column with the load on its middle by a node there.
+  const double length = 4000.0;
+  Column one = column(1, length, clamped, {});
+  one.loads = {};
+  one.loads.points.push_back(
+      {.element = 0, .axes = LoadAxes::global, .force = {0, 0, -1000.0}, .at = 0.5});
+  Column two = column(2, length, clamped, {});
+  two.loads = {};
+  two.loads.nodal.push_back({1, {0, 0, -1000, 0, 0, 0}});
+  const double exact = pi * pi / 4.0 * plain_stiffness().e * plain_stiffness().izz /
+                       (2000.0 * 2000.0) / 1000.0;  // the lower half alone is pressed
+  EXPECT_NEAR(buckle(one.frame, one.loads).modes[0].factor, exact, 1e-6 * exact);
+  EXPECT_NEAR(buckle(two.frame, two.loads).modes[0].factor, exact, 1e-6 * exact);
+}
+
+TEST(Buckling, LowersByShearAsEngesserHasIt) {
+  const Stiffness s = shear_stiffness();
+  const double length = 600.0;  // short, so that shear counts
+  const Column c = column(1, length, hinged_base, hinged_top, s);
+  const double euler_z = pi * pi * s.e * s.izz / (length * length);
+  const double exact = 1.0 / (1.0 / euler_z + 1.0 / (s.g * s.ay)) / 1000.0;
+  EXPECT_NEAR(buckle(c.frame, c.loads).modes[0].factor, exact, 1e-6 * exact);
+}
+
+TEST(Buckling, OfATrussIsItsOwnAsABarOnHinges) {
+  const Stiffness s = plain_stiffness();
+  Frame frame;
+  add_node(frame, 0, 0, 0);
+  add_node(frame, 3000, 0, 0);
+  add_truss(frame, 0, 1);
+  frame.supports = {{0, pinned}, {1, {false, true, true, false, false, false}}};
+  LoadCase loads;
+  loads.nodal.push_back({1, {-1000, 0, 0, 0, 0, 0}});
+  const double exact = pi * pi * s.e * s.izz / (3000.0 * 3000.0) / 1000.0;
+  const BucklingResult found = buckle(frame, loads);
+  ASSERT_EQ(found.modes.size(), 1U);
+  EXPECT_NEAR(found.modes[0].factor, exact, 1e-6 * exact);
+  EXPECT_EQ(found.modes[0].element, 0U);
+  EXPECT_EQ(found.modes[0].text, "element 1 buckles between its nodes, along Y");
+}
+
+TEST(Buckling, IsNoneWithoutCompression) {
+  Column c = column(2, 3000.0, clamped, {});
+  c.loads.nodal[0].value = {0, 0, 1000, 0, 0, 0};
+  EXPECT_TRUE(buckle(c.frame, c.loads).modes.empty());
+  c.loads.nodal[0].value = {1000, 0, 0, 0, 0, 0};
+  EXPECT_TRUE(buckle(c.frame, c.loads).modes.empty()) << "bending alone";
+}
+
+TEST(Buckling, FindsHigherFactorsInTheirOrder) {
+  // About both axes: (n·π)²·EI/L² with n = 1, 2 for z and y.
+  const Stiffness s = plain_stiffness();
+  const double length = 4000.0, unit = pi * pi / (length * length) / 1000.0;
+  for (const int elements : {1, 3}) {
+    const Column c = column(elements, length, hinged_base, hinged_top);
+    const BucklingResult found = buckle(c.frame, c.loads, 4);
+    ASSERT_EQ(found.modes.size(), 4U);
+    std::vector<double> exact{s.e * s.izz * unit, s.e * s.iyy * unit, 4 * s.e * s.izz * unit,
+                              9 * s.e * s.izz * unit};
+    std::ranges::sort(exact);
+    for (std::size_t i = 0; i < 4; ++i) {
+      EXPECT_NEAR(found.modes[i].factor, exact[i], 2e-6 * exact[i]) << i;
+    }
+  }
+}
+
+TEST(Buckling, FindsEqualFactorsBoth) {
+  Stiffness round = plain_stiffness();
+  round.iyy = round.izz;
+  const Column c = column(2, 4000.0, clamped, {}, round);
+  const BucklingResult found = buckle(c.frame, c.loads, 2);
+  ASSERT_EQ(found.modes.size(), 2U);
+  const double exact = pi * pi / 4 * round.e * round.izz / (4000.0 * 4000.0) / 1000.0;
+  EXPECT_NEAR(found.modes[0].factor, exact, 2e-6 * exact);
+  EXPECT_NEAR(found.modes[1].factor, exact, 2e-6 * exact);
+  // Two directions, not one twice.
+  const Vector6 &a = found.modes[0].shape[2], &b = found.modes[1].shape[2];
+  const double across = std::abs(a[0] * b[1] - a[1] * b[0]);
+  EXPECT_GT(across, 0.5 * std::hypot(a[0], a[1]) * std::hypot(b[0], b[1]));
+}
+
+TEST(Buckling, SharesTheWorkOfTheAxialForces) {
+  // Two storeys, the load on the middle: the lower element alone is pressed.
+  Column c = column(2, 4000.0, clamped, {});
+  c.loads.nodal[0].node = 1;
+  const BucklingResult found = buckle(c.frame, c.loads);
+  EXPECT_NEAR(found.modes[0].work[0], 1.0, 1e-9);
+  EXPECT_NEAR(found.modes[0].work[1], 0.0, 1e-9);
+}
+
+TEST(Buckling, BeginsANewSearchWithTheModesBefore) {
+  const Column c = column(5, 4000.0, clamped, {});
+  Buckling buckling(c.frame);
+  const std::vector<double> axial(5, -1000.0), more(5, -1700.0);
+  const auto first = buckling.find(c.loads, axial);
+  const auto second = buckling.find(c.loads, more);
+  const double factor = std::get<BucklingResult>(first).modes[0].factor;
+  EXPECT_NEAR(std::get<BucklingResult>(second).modes[0].factor, factor / 1.7, 1e-6 * factor);
+  EXPECT_LT(std::get<BucklingResult>(second).factorisations,
+            std::get<BucklingResult>(first).factorisations);
+}
+
+TEST(Buckling, IsWhereSecondOrderGrowsWithoutBound) {
+  Column c = column(3, 4000.0, clamped, {});
+  const double factor = buckle(c.frame, c.loads).modes[0].factor;
+  c.loads.nodal[0].value = {1.0, 1.0, -1000.0 * factor * 0.999, 0, 0, 0};
+  const auto below = analyse_second_order(c.frame, c.loads);
+  ASSERT_TRUE(std::holds_alternative<SecondOrderResult>(below));
+  const Vector6& tip = std::get<SecondOrderResult>(below).result.displacements.back();
+  // Grown by 1/(1 - 0.999) beside the deflection of first order, as far as the load has the mode.
+  const double first = std::pow(4000.0, 3) / (3.0 * 70000.0 * 2.9e6);
+  EXPECT_GT(tip[1], 900.0 * first);
+  c.loads.nodal[0].value[2] = -1000.0 * factor * 1.001;
+  const auto above = analyse_second_order(c.frame, c.loads);
+  ASSERT_TRUE(std::holds_alternative<Problem>(above));
+  EXPECT_EQ(std::get<Problem>(above).kind, Problem::Kind::buckling);
+}
+
+}  // namespace
+}  // namespace aluframe::analysis
