@@ -35,34 +35,34 @@ double resisting(const RestrainingBar& bar, Buckling buckling) {
          bar.flexibility;
 }
 
-Share share_of(const Stretches& stretches, const ElementEnd& bar, bool continues,
+Share share_of(const MemberSegments& segments, const ElementEnd& bar, bool continues,
                const Eigen::Vector3d& about, Buckling buckling) {
   Share share;
   for (const Axis axis : {Axis::y, Axis::z}) {
-    if (is_released(stretches, bar, axis)) continue;
-    const double component = about.dot(stretches.direction(bar.element, axis));
+    if (is_released(segments, bar, axis)) continue;
+    const double component = about.dot(segments.direction(bar.element, axis));
     const double part = component * component;
     if (part <= alignment * alignment) continue;
     if (continues) {
-      const Stretches::Arm arm = stretches.arm(bar);
-      share.loading += part * arm.stretch->stiffness[static_cast<std::size_t>(axis)] / arm.length;
+      const MemberSegments::Arm arm = segments.arm(bar);
+      share.loading += part * arm.segment->stiffness[static_cast<std::size_t>(axis)] / arm.length;
     } else {
-      share.resisting += part * resisting(bar_from(stretches, bar, axis), buckling);
+      share.resisting += part * resisting(bar_from(segments, bar, axis), buckling);
     }
   }
   return share;
 }
 
 /// What the elements at an end add together.
-Share share_of_bars(const Stretches& stretches, const ElementEnd& own, const Eigen::Vector3d& about,
-                    Buckling buckling) {
+Share share_of_bars(const MemberSegments& segments, const ElementEnd& own,
+                    const Eigen::Vector3d& about, Buckling buckling) {
   Share sum;
-  visit_others(stretches, own, [&](const ElementEnd& bar) {
-    if (stretches.model().elements[bar.element].kind == model::ElementKind::truss) return;
+  visit_others(segments, own, [&](const ElementEnd& bar) {
+    if (segments.model().elements[bar.element].kind == model::ElementKind::truss) return;
     const bool continues =
-        buckling != Buckling::cantilever &&
-        goes_on(stretches.geometry(own.element), own.end, stretches.geometry(bar.element), bar.end);
-    const Share share = share_of(stretches, bar, continues, about, buckling);
+        buckling != Buckling::cantilever && are_collinear(segments.geometry(own.element), own.end,
+                                                          segments.geometry(bar.element), bar.end);
+    const Share share = share_of(segments, bar, continues, about, buckling);
     sum.resisting += share.resisting;
     sum.loading += share.loading;
   });
@@ -71,20 +71,20 @@ Share share_of_bars(const Stretches& stretches, const ElementEnd& own, const Eig
 
 }  // namespace
 
-double end_ratio(const Stretches& stretches, const Stretch& stretch, std::size_t end, Axis axis,
-                 Buckling buckling) {
+double end_ratio(const MemberSegments& segments, const MemberSegment& segment, std::size_t end,
+                 Axis axis, Buckling buckling) {
   constexpr double hinged = std::numeric_limits<double>::infinity();
-  const ElementEnd& own = stretch.ends[end];
-  if (is_released(stretches, own, axis)) return hinged;
+  const ElementEnd& own = segment.ends[end];
+  if (is_released(segments, own, axis)) return hinged;
   // What a cantilever carries at its tip turns with it.
-  if (buckling == Buckling::cantilever && stretches.is_carried(own)) return hinged;
-  const Eigen::Vector3d about = stretches.direction(stretch.ends[0].element, axis);
-  const model::Support* support = support_at(stretches, own);
+  if (buckling == Buckling::cantilever && segments.is_cantilever_end(own)) return hinged;
+  const Eigen::Vector3d about = segments.direction(segment.ends[0].element, axis);
+  const model::Support* support = support_at(segments, own);
   if (fixes_rotation(support, about)) return 0.0;
-  const Share bars = share_of_bars(stretches, own, about, buckling);
+  const Share bars = share_of_bars(segments, own, about, buckling);
   const double resistance = bars.resisting + spring_about(support, about);
   if (resistance <= 0.0) return hinged;
-  const double own_stiffness = stretch.stiffness[static_cast<std::size_t>(axis)] / stretch.length;
+  const double own_stiffness = segment.stiffness[static_cast<std::size_t>(axis)] / segment.length;
   return column_stiffness(buckling) * (own_stiffness + bars.loading) / resistance;
 }
 

@@ -33,12 +33,12 @@ double spring_stiffness(const model::Support& support, std::size_t first,
 
 }  // namespace
 
-model::Number node_of(const Stretches& stretches, const ElementEnd& at) {
-  return stretches.model().elements[at.element].nodes[at.end];
+model::Number node_of(const MemberSegments& segments, const ElementEnd& at) {
+  return segments.model().elements[at.element].nodes[at.end];
 }
 
-const model::Support* support_at(const Stretches& stretches, const ElementEnd& at) {
-  return stretches.connectivity().support_of(node_of(stretches, at));
+const model::Support* support_at(const MemberSegments& segments, const ElementEnd& at) {
+  return segments.connectivity().support_of(node_of(segments, at));
 }
 
 bool fixes_rotation(const model::Support* support, const Eigen::Vector3d& axis) {
@@ -49,31 +49,31 @@ double spring_about(const model::Support* support, const Eigen::Vector3d& axis) 
   return support == nullptr ? 0.0 : spring_stiffness(*support, rotations, axis);
 }
 
-bool is_held_along(const Stretches& stretches, const ElementEnd& at,
-                   const Eigen::Vector3d& direction) {
-  const model::Support* support = support_at(stretches, at);
+bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
+                         const Eigen::Vector3d& direction) {
+  const model::Support* support = support_at(segments, at);
   if (support == nullptr) return false;
   Eigen::Vector3d free = left_free(*support, 0, direction);
-  const Eigen::Vector3d bar = stretches.geometry(at.element).axes.row(0).transpose();
+  const Eigen::Vector3d bar = segments.geometry(at.element).axes.row(0).transpose();
   const Eigen::Vector3d along = left_free(*support, 0, bar);
   // The bar keeps its length, so its end does not move along it either.
   if (along.norm() > steep) free -= free.dot(along) / along.squaredNorm() * along;
   return free.norm() <= alignment;
 }
 
-bool is_free_end(const Stretches& stretches, const ElementEnd& at,
+bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
                  const Eigen::Vector3d& direction) {
-  return stretches.connectivity().elements_at(node_of(stretches, at)).size() == 1 &&
-         !is_held_along(stretches, at, direction);
+  return segments.connectivity().elements_at(node_of(segments, at)).size() == 1 &&
+         !is_restrained_along(segments, at, direction);
 }
 
-bool acts_on_bending(const Stretches& stretches, const ElementEnd& at,
+bool acts_on_bending(const MemberSegments& segments, const ElementEnd& at,
                      const Eigen::Vector3d& about) {
-  const model::Support* support = support_at(stretches, at);
+  const model::Support* support = support_at(segments, at);
   if (support == nullptr) return false;
-  const Eigen::Vector3d bar = stretches.geometry(at.element).axes.row(0).transpose();
+  const Eigen::Vector3d bar = segments.geometry(at.element).axes.row(0).transpose();
   const Eigen::Vector3d across = about.cross(bar).normalized();
-  return is_held_along(stretches, at, across) || fixes_rotation(support, about) ||
+  return is_restrained_along(segments, at, across) || fixes_rotation(support, about) ||
          spring_about(support, about) > 0.0 || spring_stiffness(*support, 0, across) > 0.0;
 }
 

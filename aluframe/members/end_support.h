@@ -1,6 +1,6 @@
 #pragma once
 
-#include "aluframe/members/stretches.h"
+#include "aluframe/members/member_segments.h"
 
 /// What the support of a node does to an element that ends there. Directions are unit vectors; a
 /// support acts on one that lies within 1° of the directions that it restrains, and leaves any
@@ -11,30 +11,30 @@ namespace aluframe::members {
 inline constexpr double alignment = 0.01745;
 
 /// The node at an end of an element.
-model::Number node_of(const Stretches& stretches, const ElementEnd& at);
+model::Number node_of(const MemberSegments& segments, const ElementEnd& at);
 
 /// The support there, or null.
-const model::Support* support_at(const Stretches& stretches, const ElementEnd& at);
+const model::Support* support_at(const MemberSegments& segments, const ElementEnd& at);
 
 bool fixes_rotation(const model::Support* support, const Eigen::Vector3d& axis);
 
 /// Stiffness of the support's springs against a rotation, N·mm per rad; 0 without a support.
 double spring_about(const model::Support* support, const Eigen::Vector3d& axis);
 
-/// Whether a support holds an end rigidly against moving along a direction square to the element. A
-/// support that does not act along the direction holds it too when whatever it leaves free would
+/// Whether a support restrains an end rigidly along a direction square to the element. A support
+/// that does not act along the direction restrains it too when whatever it leaves free would
 /// change the bar's length: a vertical support under a sloping beam.
-bool is_held_along(const Stretches& stretches, const ElementEnd& at,
-                   const Eigen::Vector3d& direction);
+bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
+                         const Eigen::Vector3d& direction);
 
-/// Whether nothing holds an end against moving along a direction: no other element is there, and no
-/// support that acts that way.
-bool is_free_end(const Stretches& stretches, const ElementEnd& at,
+/// Whether an end is free along a direction: no other element is there, and no support that acts
+/// that way.
+bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
                  const Eigen::Vector3d& direction);
 
 /// Whether a support or a spring takes part when an element that ends there bends about an axis: by
-/// the deflection or by the rotation. One that holds it sideways only does not.
-bool acts_on_bending(const Stretches& stretches, const ElementEnd& at,
+/// the deflection or by the rotation. One that restrains it sideways only does not.
+bool acts_on_bending(const MemberSegments& segments, const ElementEnd& at,
                      const Eigen::Vector3d& about);
 
 }  // namespace aluframe::members

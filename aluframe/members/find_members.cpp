@@ -32,7 +32,7 @@ bool is_hinged(const Element& element, std::size_t end) {
   return element.released[6 * end + my] || element.released[6 * end + mz];
 }
 
-/// Walks along chains of elements.
+/// Follows chains of elements.
 class ChainFinder {
  public:
   explicit ChainFinder(const model::Model& model)
@@ -53,10 +53,10 @@ class ChainFinder {
     if (taken_[place]) return {};
     taken_[place] = true;
     const Element& element = model_.elements[place];
-    std::vector<Number> chain = walk(place, element.nodes[0]);
+    std::vector<Number> chain = follow(place, element.nodes[0]);
     std::ranges::reverse(chain);
     chain.push_back(element.number);
-    const std::vector<Number> onward = walk(place, element.nodes[1]);
+    const std::vector<Number> onward = follow(place, element.nodes[1]);
     chain.insert(chain.end(), onward.begin(), onward.end());
     return chain;
   }
@@ -69,7 +69,7 @@ class ChainFinder {
   }
 
   /// Takes the elements behind `node`, as far as the chain goes.
-  std::vector<Number> walk(std::size_t place, Number node) {
+  std::vector<Number> follow(std::size_t place, Number node) {
     std::vector<Number> passed;
     for (auto next = partner(place, node); next && !taken_[*next]; next = partner(place, node)) {
       place = *next;
@@ -90,7 +90,7 @@ class ChainFinder {
       const Element& element = model_.elements[one];
       if (is_released(element, end_at(element, node))) return std::nullopt;
     }
-    return is_held(place, *next, node) ? std::nullopt : next;
+    return is_restrained(place, *next, node) ? std::nullopt : next;
   }
 
   /// The one element that continues another at a node; nothing when there is none or a choice.
@@ -110,19 +110,19 @@ class ChainFinder {
     const Element& b = model_.elements[other];
     return may_chain(other) && a.section == b.section && a.material == b.material &&
            types_[place] == types_[other] &&
-           goes_on(geometry_[place], end_at(a, node), geometry_[other], end_at(b, node)) &&
-           stands_alike(geometry_[place], geometry_[other]);
+           are_collinear(geometry_[place], end_at(a, node), geometry_[other], end_at(b, node)) &&
+           have_same_orientation(geometry_[place], geometry_[other]);
   }
 
   /// Whether an element that frames in at the node ends the chain there.
-  bool is_held(std::size_t place, std::size_t next, Number node) const {
+  bool is_restrained(std::size_t place, std::size_t next, Number node) const {
     return std::ranges::any_of(connectivity_.elements_at(node), [&](Number number) {
       const std::size_t other = model_.elements.position(number);
-      return other != place && other != next && holds(types_[place], other, node);
+      return other != place && other != next && restrains(types_[place], other, node);
     });
   }
 
-  bool holds(MemberType chain, std::size_t other, Number node) const {
+  bool restrains(MemberType chain, std::size_t other, Number node) const {
     const Element& element = model_.elements[other];
     if (element.kind == ElementKind::truss) return false;
     if (chain != MemberType::column) return types_[other] == MemberType::column;

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "aluframe/members/buckling_line.h"
 #include "aluframe/members/chart_equations.h"
+#include "aluframe/members/collinear_run.h"
 #include "aluframe/members/end_restraint.h"
 #include "aluframe/members/restraining_bar.h"
 
@@ -16,7 +16,7 @@ using Given = std::optional<model::ElementDesign::AxisPair>;
 /// A direction has a part along a global axis when it is more than 0.01° off square to it.
 constexpr double square_limit = 1.75e-4;
 
-/// Whether the frame's bracing holds what moves along a direction.
+/// Whether the frame's bracing restrains translation along a direction.
 bool is_braced_along(const model::Model& model, const Eigen::Vector3d& direction) {
   const model::FrameSettings frame = model.frame.value_or(model::FrameSettings{});
   const bool moves_along_x = std::abs(direction.x()) > square_limit;
@@ -24,91 +24,93 @@ bool is_braced_along(const model::Model& model, const Eigen::Vector3d& direction
   return (frame.braced_a || !moves_along_x) && (frame.braced_b || !moves_along_y);
 }
 
-/// Whether an end moves because nothing but the stretch itself holds it along a direction. Bracing,
-/// which the model does not show, holds what stands on a column, but no bare tip.
-bool is_tip(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& direction) {
-  if (is_free_end(stretches, at, direction)) return true;
-  const model::Model& model = stretches.model();
+/// Whether an end moves because nothing but the segment itself restrains it along a direction.
+/// Bracing, which the model does not show, restrains what stands on a column, but no bare tip.
+bool is_tip(const MemberSegments& segments, const ElementEnd& at,
+            const Eigen::Vector3d& direction) {
+  if (is_free_end(segments, at, direction)) return true;
+  const model::Model& model = segments.model();
   const bool is_braced =
-      is_upright(model, model.elements[at.element], stretches.geometry(at.element)) &&
+      is_upright(model, model.elements[at.element], segments.geometry(at.element)) &&
       is_braced_along(model, direction);
-  return stretches.is_carried(at) && !is_braced;
+  return segments.is_cantilever_end(at) && !is_braced;
 }
 
-/// Whether a stretch sways when it buckles about an axis, its ends moving along a direction.
-bool sways(const Stretches& stretches, const Stretch& stretch, Axis axis,
+/// Whether a segment sways when it buckles about an axis, its ends moving along a direction.
+bool sways(const MemberSegments& segments, const MemberSegment& segment, Axis axis,
            const Eigen::Vector3d& direction) {
-  const model::Model& model = stretches.model();
-  const std::size_t first = stretch.elements.front();
-  if (!is_upright(model, model.elements[first], stretches.geometry(first))) return false;
+  const model::Model& model = segments.model();
+  const std::size_t first = segment.elements.front();
+  if (!is_upright(model, model.elements[first], segments.geometry(first))) return false;
   if (is_braced_along(model, direction)) return false;
   // A diagonal on hinges is no leg: it could not stand.
   const bool is_leg = model::member_type(model, model.elements[first]) != model::MemberType::column;
-  if (is_leg && is_released(stretches, stretch.ends[0], axis) &&
-      is_released(stretches, stretch.ends[1], axis)) {
+  if (is_leg && is_released(segments, segment.ends[0], axis) &&
+      is_released(segments, segment.ends[1], axis)) {
     return false;
   }
-  return !is_held_along(stretches, stretch.ends[0], direction) ||
-         !is_held_along(stretches, stretch.ends[1], direction);
+  return !is_restrained_along(segments, segment.ends[0], direction) ||
+         !is_restrained_along(segments, segment.ends[1], direction);
 }
 
-LengthFactor computed(const Stretches& stretches, const Stretch& stretch, Axis axis) {
+LengthFactor computed(const MemberSegments& segments, const MemberSegment& segment, Axis axis) {
   const Axis other = axis == Axis::y ? Axis::z : Axis::y;
-  const std::size_t first = stretch.elements.front();
-  const Eigen::Vector3d moves = stretches.direction(first, other);
-  const model::Model& model = stretches.model();
-  const bool may_sway = is_upright(model, model.elements[first], stretches.geometry(first)) &&
+  const std::size_t first = segment.elements.front();
+  const Eigen::Vector3d moves = segments.direction(first, other);
+  const model::Model& model = segments.model();
+  const bool may_sway = is_upright(model, model.elements[first], segments.geometry(first)) &&
                         !is_braced_along(model, moves);
-  const Stretch line =
-      line_of(stretches, stretch, axis, may_sway ? Meeting::without_hold : Meeting::none);
+  const MemberSegment run =
+      collinear_run(segments, segment, axis, may_sway ? Meeting::without_restraint : Meeting::none);
   Buckling buckling = Buckling::non_sway;
   LengthFactor factor{.k = 1.0, .source = FactorSource::non_sway};
-  if (is_tip(stretches, line.ends[0], moves) || is_tip(stretches, line.ends[1], moves)) {
+  if (is_tip(segments, run.ends[0], moves) || is_tip(segments, run.ends[1], moves)) {
     buckling = Buckling::cantilever;
     factor.source = FactorSource::cantilever;
-  } else if (sways(stretches, line, axis, moves)) {
+  } else if (sways(segments, run, axis, moves)) {
     buckling = Buckling::sway;
     factor.source = FactorSource::sway;
   }
   for (const std::size_t end : {0U, 1U}) {
-    factor.g[end] = end_ratio(stretches, line, end, axis, buckling);
+    factor.g[end] = end_ratio(segments, run, end, axis, buckling);
   }
   const auto solve = buckling == Buckling::non_sway ? non_sway_factor : sway_factor;
-  factor.k = solve(factor.g[0], factor.g[1]) * line.length / stretch.length;
+  factor.k = solve(factor.g[0], factor.g[1]) * run.length / segment.length;
   return factor;
 }
 
-bool is_truss(const model::Model& model, const Stretch& stretch) {
-  const model::Element& first = model.elements[stretch.elements.front()];
+bool is_truss(const model::Model& model, const MemberSegment& segment) {
+  const model::Element& first = model.elements[segment.elements.front()];
   return first.kind == model::ElementKind::truss ||
          model::member_type(model, first) == model::MemberType::truss;
 }
 
-void take(const model::ElementDesign::AxisPair& given, FactorSource source, StretchFactors& out) {
+void take(const model::ElementDesign::AxisPair& given, FactorSource source, SegmentFactors& out) {
   out.y = {.k = given.y, .source = source};
   out.z = {.k = given.z, .source = source};
 }
 
-void find_factors(const Stretches& stretches, const Stretch& stretch, StretchFactors& out) {
-  const model::Model& model = stretches.model();
+void find_factors(const MemberSegments& segments, const MemberSegment& segment,
+                  SegmentFactors& out) {
+  const model::Model& model = segments.model();
   const Given none;
-  const Given& own = stretch.elements.size() == 1
-                         ? model.elements[stretch.elements.front()].design.length_factors
+  const Given& own = segment.elements.size() == 1
+                         ? model.elements[segment.elements.front()].design.length_factors
                          : none;
   const bool is_one = model.frame && model.frame->length_factors == model::LengthFactors::one;
   if (own) {
     take(*own, FactorSource::given_element, out);
-  } else if (stretch.member != nullptr && stretch.member->length_factors) {
-    take(*stretch.member->length_factors, FactorSource::given_member, out);
+  } else if (segment.member != nullptr && segment.member->length_factors) {
+    take(*segment.member->length_factors, FactorSource::given_member, out);
   } else if (is_one) {
     take({.y = 1.0, .z = 1.0}, FactorSource::one, out);
   } else if (model.supports.empty()) {
     take({.y = 1.0, .z = 1.0}, FactorSource::no_supports, out);
-  } else if (is_truss(model, stretch)) {
+  } else if (is_truss(model, segment)) {
     take({.y = 1.0, .z = 1.0}, FactorSource::truss, out);
   } else {
-    out.y = computed(stretches, stretch, Axis::y);
-    out.z = computed(stretches, stretch, Axis::z);
+    out.y = computed(segments, segment, Axis::y);
+    out.z = computed(segments, segment, Axis::z);
   }
 }
 
@@ -120,18 +122,18 @@ std::string_view name_of(FactorSource source) {
   return names[static_cast<std::size_t>(source)];
 }
 
-std::vector<StretchFactors> length_factors(const model::Model& model) {
-  const Stretches stretches(model);
-  std::vector<StretchFactors> all;
-  all.reserve(stretches.all().size());
-  for (const Stretch& stretch : stretches.all()) {
-    StretchFactors factors{
-        .member = {}, .elements = {}, .length = stretch.length, .y = {}, .z = {}};
-    if (stretch.member != nullptr) factors.member = stretch.member->number;
-    for (const std::size_t place : stretch.elements) {
+std::vector<SegmentFactors> length_factors(const model::Model& model) {
+  const MemberSegments segments(model);
+  std::vector<SegmentFactors> all;
+  all.reserve(segments.all().size());
+  for (const MemberSegment& segment : segments.all()) {
+    SegmentFactors factors{
+        .member = {}, .elements = {}, .length = segment.length, .y = {}, .z = {}};
+    if (segment.member != nullptr) factors.member = segment.member->number;
+    for (const std::size_t place : segment.elements) {
       factors.elements.push_back(model.elements[place].number);
     }
-    find_factors(stretches, stretch, factors);
+    find_factors(segments, segment, factors);
     all.push_back(std::move(factors));
   }
   return all;

@@ -14,9 +14,9 @@ enum class FactorSource {
   given_element,  ///< `design.length_factors` of the element
   given_member,   ///< `length_factors` of the member
   one,            ///< the model asks for 1
-  no_supports,    ///< 1: without any support the model does not say what holds the frame
+  no_supports,    ///< 1: without any support the model does not say what restrains the frame
   truss,          ///< 1: axial-only elements are hinged at both ends
-  non_sway,       ///< computed, both ends held
+  non_sway,       ///< computed, both ends restrained
   sway,           ///< computed, ends move
   cantilever      ///< computed, an end is free
 };
@@ -32,7 +32,7 @@ struct LengthFactor {
 };
 
 /// Effective length factors of a member, or of an element that belongs to none.
-struct StretchFactors {
+struct SegmentFactors {
   std::optional<model::Number> member;  ///< nothing for a lone element
   std::vector<model::Number> elements;
   double length = 0.0;  ///< mm, what the factors are of
@@ -43,16 +43,16 @@ struct StretchFactors {
 /// gives goes first; an element's own factors only stand here when it is alone, within a member
 /// they are that element's business. The others are computed from the ends (end_restraint.h):
 /// - In a model without any support (its forces come from elsewhere) factors are 1.
-/// - An end that no other element and no support holds against moving makes a cantilever, and one
-///   that carries what nothing else holds (carried_ends.h), unless it is a column's and braced.
-/// - Columns, and inclined legs within 30° of the vertical, sway, unless supports hold both their
-/// ends, or the frame is braced
-///   (model::FrameSettings): about y they move along z, about z along y; braced_a holds what moves
-///   along global X, braced_b along global Y, both together any direction.
+/// - An end that no other element meets and no support restrains makes a cantilever, and one that
+///   alone restrains what lies beyond it (cantilever_ends.h), unless it is a column's and braced.
+/// - Columns, and inclined legs within 30° of the vertical, sway, unless supports restrain both
+///   their ends, or the frame is braced (model::FrameSettings): about y they move along z, about z
+///   along y; braced_a restrains translation along global X, braced_b along global Y, both together
+///   in any direction.
 /// - Beams and other inclined elements do not sway; trusses have 1.
-/// - Stretches that go straight on past a node that is no joint (buckling_line.h) have the factor
-///   of all of them together, times its length over their own.
+/// - Member segments that go straight on past a node that is no joint (collinear_run.h) have the
+///   factor of all of them together, times its length over their own.
 /// The model must be consistent, as its reader leaves it.
-std::vector<StretchFactors> length_factors(const model::Model& model);
+std::vector<SegmentFactors> length_factors(const model::Model& model);
 
 }  // namespace aluframe::members

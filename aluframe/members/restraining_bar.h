@@ -26,14 +26,14 @@ struct RestrainingBar {
 };
 
 /// The bar that begins with an element's end, bent about that element's axis.
-RestrainingBar bar_from(const Stretches& stretches, const ElementEnd& at, Axis axis);
+RestrainingBar bar_from(const MemberSegments& segments, const ElementEnd& at, Axis axis);
 
 /// Calls `visit` with every element end at the node of one but that one.
 template <class Visit>
-void visit_others(const Stretches& stretches, const ElementEnd& at, Visit visit) {
-  const model::Table<model::Element>& elements = stretches.model().elements;
-  const model::Number node = node_of(stretches, at);
-  for (const model::Number number : stretches.connectivity().elements_at(node)) {
+void visit_others(const MemberSegments& segments, const ElementEnd& at, Visit visit) {
+  const model::Table<model::Element>& elements = segments.model().elements;
+  const model::Number node = node_of(segments, at);
+  for (const model::Number number : segments.connectivity().elements_at(node)) {
     const std::size_t place = elements.position(number);
     if (place == at.element) continue;
     visit(ElementEnd{place, elements[place].nodes[0] == node ? std::size_t{0} : std::size_t{1}});
@@ -42,9 +42,10 @@ void visit_others(const Stretches& stretches, const ElementEnd& at, Visit visit)
 
 /// Whether an element's end passes a moment about an axis on to its bending: a beam whose own axes,
 /// as far as they are not released there, lie within 45° of it.
-bool bends_about(const Stretches& stretches, const ElementEnd& at, const Eigen::Vector3d& about);
+bool bends_about(const MemberSegments& segments, const ElementEnd& at,
+                 const Eigen::Vector3d& about);
 
 /// Whether an element's end is released about an axis of its own.
-bool is_released(const Stretches& stretches, const ElementEnd& at, Axis axis);
+bool is_released(const MemberSegments& segments, const ElementEnd& at, Axis axis);
 
 }  // namespace aluframe::members

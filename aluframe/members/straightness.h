@@ -30,8 +30,8 @@ inline Eigen::Vector3d away_from(const analysis::Geometry& element, std::size_t 
 }
 
 /// Whether two elements that meet with the given ends lie on one line, on both sides of the node.
-inline bool goes_on(const analysis::Geometry& a, std::size_t end_of_a, const analysis::Geometry& b,
-                    std::size_t end_of_b) {
+inline bool are_collinear(const analysis::Geometry& a, std::size_t end_of_a,
+                          const analysis::Geometry& b, std::size_t end_of_b) {
   const Eigen::Vector3d in = away_from(a, end_of_a);
   const Eigen::Vector3d out = away_from(b, end_of_b);
   return in.dot(out) < 0.0 && in.cross(out).norm() <= collinear_limit;
@@ -39,7 +39,7 @@ inline bool goes_on(const analysis::Geometry& a, std::size_t end_of_a, const ana
 
 /// Whether two sections stand alike: their z axes agree. Their y axes are then parallel, and
 /// opposite when the elements point against each other.
-inline bool stands_alike(const analysis::Geometry& a, const analysis::Geometry& b) {
+inline bool have_same_orientation(const analysis::Geometry& a, const analysis::Geometry& b) {
   const Eigen::Vector3d up = a.axes.row(2).transpose();
   const Eigen::Vector3d other = b.axes.row(2).transpose();
   return up.dot(other) > 0.0 && up.cross(other).norm() <= collinear_limit;

@@ -11,7 +11,7 @@ namespace aluframe::remarks {
 /// What the kinds of remarks look at, formed once.
 struct Subject {
   const model::Model& model;
-  const std::vector<members::StretchFactors>& factors;
+  const std::vector<members::SegmentFactors>& factors;
   model::Connectivity connectivity;
   EffectiveAreas areas;
 };

@@ -15,7 +15,7 @@ namespace {
 
 using members::FactorSource;
 using members::LengthFactor;
-using members::StretchFactors;
+using members::SegmentFactors;
 
 /// Whether the chart itself has no larger factor: the joints of the element resist nothing.
 bool is_at_bound(const LengthFactor& factor) {
@@ -23,9 +23,9 @@ bool is_at_bound(const LengthFactor& factor) {
          members::sway_factor(factor.g[0], factor.g[1]) >= members::largest_factor;
 }
 
-void add_all(Concerned& concerned, const model::Model& model, const StretchFactors& stretch,
+void add_all(Concerned& concerned, const model::Model& model, const SegmentFactors& segment,
              double value) {
-  for (const model::Number number : stretch.elements) {
+  for (const model::Number number : segment.elements) {
     concerned.add(*model.elements.find(number), value);
   }
 }
@@ -72,9 +72,9 @@ bool may_buckle_sideways(const model::Model& model, const model::Element& elemen
 std::optional<Remark> factor_at_bound(Subject& subject) {
   const model::Model& model = subject.model;
   Concerned concerned;
-  for (const StretchFactors& stretch : subject.factors) {
-    if (!is_at_bound(stretch.y) && !is_at_bound(stretch.z)) continue;
-    add_all(concerned, model, stretch, std::max(stretch.y.k, stretch.z.k));
+  for (const SegmentFactors& segment : subject.factors) {
+    if (!is_at_bound(segment.y) && !is_at_bound(segment.z)) continue;
+    add_all(concerned, model, segment, std::max(segment.y.k, segment.z.k));
   }
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_member(
@@ -90,12 +90,12 @@ std::optional<Remark> factor_at_bound(Subject& subject) {
 std::optional<Remark> factor_without_supports(Subject& subject) {
   const model::Model& model = subject.model;
   Concerned concerned;
-  for (const StretchFactors& stretch : subject.factors) {
-    if (stretch.y.source != FactorSource::no_supports &&
-        stretch.z.source != FactorSource::no_supports) {
+  for (const SegmentFactors& segment : subject.factors) {
+    if (segment.y.source != FactorSource::no_supports &&
+        segment.z.source != FactorSource::no_supports) {
       continue;
     }
-    for (const model::Number number : stretch.elements) {
+    for (const model::Number number : segment.elements) {
       const model::Element& element = *model.elements.find(number);
       const model::MemberType type = model::member_type(model, element);
       if (element.design.length_factors) continue;
@@ -117,14 +117,14 @@ std::optional<Remark> free_ends(Subject& subject) {
   const model::Model& model = subject.model;
   const model::Connectivity& connectivity = subject.connectivity;
   Concerned concerned;
-  for (const StretchFactors& stretch : subject.factors) {
-    const std::vector<model::Number> ends = end_nodes(model, stretch.elements);
+  for (const SegmentFactors& segment : subject.factors) {
+    const std::vector<model::Number> ends = end_nodes(model, segment.elements);
     const bool free = std::ranges::any_of(ends, [&](model::Number node) {
       return counts_as_free(connectivity, node) &&
-             model::meets_others(model, connectivity, node, stretch.elements, model::Meeting::any);
+             model::meets_others(model, connectivity, node, segment.elements, model::Meeting::any);
     });
     if (!free) continue;
-    for (const model::Number number : stretch.elements) {
+    for (const model::Number number : segment.elements) {
       const model::Element& element = *model.elements.find(number);
       if (may_buckle_sideways(model, element)) concerned.add(element);
     }

@@ -11,7 +11,7 @@ std::vector<Remark> model_remarks(const model::Model& model) {
 }
 
 std::vector<Remark> model_remarks(const model::Model& model,
-                                  const std::vector<members::StretchFactors>& factors) {
+                                  const std::vector<members::SegmentFactors>& factors) {
   constexpr std::optional<Remark> (*kinds[])(Subject&) = {wide_strips,
                                                           area_above_gross,
                                                           welds_without_loss,

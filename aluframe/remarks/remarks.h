@@ -30,6 +30,6 @@ struct Remark {
 std::vector<Remark> model_remarks(const model::Model& model);
 /// The same for a caller that has `members::length_factors(model)` already.
 std::vector<Remark> model_remarks(const model::Model& model,
-                                  const std::vector<members::StretchFactors>& factors);
+                                  const std::vector<members::SegmentFactors>& factors);
 
 }  // namespace aluframe::remarks

@@ -50,7 +50,7 @@ struct Input {
   std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
   std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
   forces::Summary forces;                ///< how forces were computed, once they are
-  std::vector<members::StretchFactors> length_factors;  ///< once it is prepared
+  std::vector<members::SegmentFactors> length_factors;  ///< once it is prepared
   SetupOrigins origins;                                 ///< of what the run goes by
   store::RunSetup setup;                                ///< what it goes by, once it is prepared
   std::vector<store::RemarkRow> remarks;  ///< on it (run/remarks.h), once it is prepared

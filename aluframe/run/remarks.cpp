@@ -26,7 +26,7 @@ store::RemarkRow row_of(const std::string& kind, const Numbers& elements, std::s
   return row;
 }
 
-void add_of_model(const model::Model& model, const std::vector<members::StretchFactors>& factors,
+void add_of_model(const model::Model& model, const std::vector<members::SegmentFactors>& factors,
                   std::vector<store::RemarkRow>& rows) {
   for (remarks::Remark& remark : remarks::model_remarks(model, factors)) {
     store::RemarkRow row = row_of(remark.rule, {remark.elements.begin(), remark.elements.end()},

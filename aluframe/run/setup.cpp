@@ -53,10 +53,10 @@ bool is_computed(members::FactorSource source) {
 }
 
 /// "5 computed, 1 given, 2 taken as 1" of members and elements that belong to none.
-SettingRow length_factors_row(const std::vector<members::StretchFactors>& factors) {
+SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factors) {
   std::array<std::size_t, 3> counts{};
   constexpr std::array<std::string_view, 3> names{"computed", "given", "taken as 1"};
-  for (const members::StretchFactors& of : factors) {
+  for (const members::SegmentFactors& of : factors) {
     const bool computed = is_computed(of.y.source) || is_computed(of.z.source);
     const std::size_t kind = computed ? 0 : is_given(of.y.source) ? 1 : 2;
     ++counts[kind];
@@ -87,7 +87,7 @@ SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) 
 }
 
 std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
-                                const std::vector<members::StretchFactors>& factors) {
+                                const std::vector<members::SegmentFactors>& factors) {
   const model::DesignSettings settings = model.design.value_or(model::DesignSettings());
   const auto grade = static_cast<std::size_t>(settings.safety_class - 1);
   return {{"safety_class", fmt::format("{}, gamma0 {}", settings.safety_class, gamma_0.at(grade)),
@@ -103,7 +103,7 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
 }  // namespace
 
 store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins,
-                         const std::vector<members::StretchFactors>& factors) {
+                         const std::vector<members::SegmentFactors>& factors) {
   store::RunSetup setup;
   setup.settings = rows_of(model, origins, factors);
   setup.analysis = setup.settings.back().value;

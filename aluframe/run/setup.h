@@ -23,6 +23,6 @@ struct SetupOrigins {
 /// the forces that it is given, but none that are computed.
 /// `factors` are those of the model.
 store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins,
-                         const std::vector<members::StretchFactors>& factors);
+                         const std::vector<members::SegmentFactors>& factors);
 
 }  // namespace aluframe::run

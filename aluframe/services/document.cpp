@@ -75,7 +75,7 @@ int DesignData::GetKFactor(UINT elem, T_KFAC_D& out) const {
 int FrameLengthFactors::Calc_KFactor(const CArray<UINT>& elems, int, int, int, CDgnDynData& out) {
   out.RemoveAllKFactors();
   const std::unordered_set<UINT> wanted(elems.begin(), elems.end());
-  for (const members::StretchFactors& factors : factors_) {
+  for (const members::SegmentFactors& factors : factors_) {
     const bool is_wanted = std::ranges::any_of(
         factors.elements, [&wanted](model::Number element) { return wanted.contains(element); });
     if (is_wanted) out.SetKFactor(factors.elements.front(), {factors.y.k, factors.z.k});

@@ -59,7 +59,7 @@ class DesignData : public CDgnDynData {
 /// else computed from its frame (aluframe/members/length_factors.h).
 class FrameLengthFactors : public CKFactor {
  public:
-  explicit FrameLengthFactors(std::vector<members::StretchFactors> factors)
+  explicit FrameLengthFactors(std::vector<members::SegmentFactors> factors)
       : factors_(std::move(factors)) {}
   void SetIsAluDgn(int) override {}
   /// Gives `out` the factors of what these elements belong to, by display key, and nothing else.
@@ -67,7 +67,7 @@ class FrameLengthFactors : public CKFactor {
                    CDgnDynData& out) override;
 
  private:
-  std::vector<members::StretchFactors> factors_;
+  std::vector<members::SegmentFactors> factors_;
 };
 
 /// Where message boxes go.

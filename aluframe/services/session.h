@@ -54,7 +54,7 @@ struct SessionOptions {
   /// Follows the run; null: nobody does.
   RunObserver* observer = nullptr;
   /// The model's, for a caller that has them already; nothing: they are computed when asked for.
-  std::optional<std::vector<members::StretchFactors>> length_factors;
+  std::optional<std::vector<members::SegmentFactors>> length_factors;
   /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
   std::function<void(store::ResultWriter&)> before_finish;
   /// What a run's records are written with.

@@ -40,7 +40,7 @@ std::string in_order(const std::vector<model::Number>& elements) {
 }
 
 /// Elements of a member whose own factors the checks take in place of the member's.
-tables::Cell own_factors(const model::Model& model, const members::StretchFactors& of) {
+tables::Cell own_factors(const model::Model& model, const members::SegmentFactors& of) {
   std::vector<model::Number> own;
   for (const model::Number number : of.elements) {
     if (model.elements.find(number)->design.length_factors) own.push_back(number);
@@ -49,12 +49,12 @@ tables::Cell own_factors(const model::Model& model, const members::StretchFactor
   return in_order(own);
 }
 
-std::string origin(const model::Model& model, const members::StretchFactors& of) {
+std::string origin(const model::Model& model, const members::SegmentFactors& of) {
   if (!of.member) return "lone element";
   return model.finds_members ? "found" : "file";
 }
 
-std::vector<tables::Cell> row(const model::Model& model, const members::StretchFactors& of) {
+std::vector<tables::Cell> row(const model::Model& model, const members::SegmentFactors& of) {
   std::vector<tables::Cell> cells(2);
   if (of.member) {
     cells[0] = std::int64_t{*of.member};
@@ -68,7 +68,7 @@ std::vector<tables::Cell> row(const model::Model& model, const members::StretchF
   return cells;
 }
 
-bool is_wanted(const members::StretchFactors& of, const model::NumberRanges& elements) {
+bool is_wanted(const members::SegmentFactors& of, const model::NumberRanges& elements) {
   return elements.empty() || std::ranges::any_of(of.elements, [&](model::Number element) {
            return elements.contains(element);
          });
@@ -83,7 +83,7 @@ int run_members_command(const MembersOptions& options) {
   const auto& input = std::get<run::Input>(read);
   const model::Model& model = input.model;
   tables::OutputTable table{.columns = columns(model), .rows = {}};
-  for (const members::StretchFactors& of : members::length_factors(model)) {
+  for (const members::SegmentFactors& of : members::length_factors(model)) {
     if (is_wanted(of, options.common.selection.elements)) table.rows.push_back(row(model, of));
   }
   print_text(tables::render(table, options.common.format, false));

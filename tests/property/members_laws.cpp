@@ -124,7 +124,7 @@ RC_GTEST_PROP(LengthFactorLaws, FactorsDoNotDependOnHowColumnsAreDivided, ()) {
   }
   // Without members the two parts of a column have its buckling length still.
   split.model().members = {};
-  for (const StretchFactors& part : length_factors(split.model())) {
+  for (const SegmentFactors& part : length_factors(split.model())) {
     const std::size_t column = (part.elements[0] - 1) % 10;
     if (part.elements[0] > 20) continue;  // beams
     const double expected = of_whole[column].y.k * of_whole[column].length;

@@ -1,7 +1,7 @@
 // Factors of columns and beams in frames, by what restrains their ends.
 //
-// Expected factors: u·tan u = s for a stretch that sways and is hinged or free at one end, s =
-// R·L/EI being the stiffness of its other end; K = π/u. Roots u of s = 1, 3, 4, 6:
+// Expected factors: u·tan u = s for a member segment that sways and is hinged or free at one end, s
+// = R·L/EI being the stiffness of its other end; K = π/u. Roots u of s = 1, 3, 4, 6:
 // 0.860334, 1.192459, 1.264592, 1.349553 (that of 1: Abramowitz and Stegun, table 4.20; the others
 // by bisection, apart from this code). Five digits of K follow from six of u.
 #include <cmath>
@@ -23,8 +23,8 @@ constexpr double rounding = 2e-5;
 constexpr double exact = 1e-9;
 
 /// Factors of the member or lone element that an element belongs to.
-StretchFactors factors_of(FrameBuilder& frame, Number element) {
-  for (StretchFactors& factors : length_factors(frame.model())) {
+SegmentFactors factors_of(FrameBuilder& frame, Number element) {
+  for (SegmentFactors& factors : length_factors(frame.model())) {
     for (const Number number : factors.elements) {
       if (number == element) return factors;
     }
@@ -94,7 +94,7 @@ TEST(Portal, WithColumnsTurnedByARightAngleSwaysAboutTheirOtherAxis) {
 TEST(Portal, RestrainsAColumnTurnedByHalfARightAngleHalfAsMuch) {
   FrameBuilder frame = hinged_portal();
   frame.with(1, [](Element& column) { column.beta = 45; });
-  const StretchFactors factors = factors_of(frame, 1);
+  const SegmentFactors factors = factors_of(frame, 1);
   EXPECT_NEAR(factors.y.g[1], 2.0, exact);
   EXPECT_NEAR(factors.z.g[1], 2.0, exact);
 }
@@ -180,7 +180,7 @@ TEST(Column, OfSeveralElementsCountsWithItsWholeLength) {
   FrameBuilder frame = portal();
   frame.hinged(4).node(5, 0, 0, -3).hinged(5).beam(4, 5, 1);
   frame.member({.number = 1, .name = {}, .elements = {4, 1}, .length_factors = {}});
-  const StretchFactors factors = factors_of(frame, 1);
+  const SegmentFactors factors = factors_of(frame, 1);
   EXPECT_NEAR(factors.length, 6000.0, exact);
   EXPECT_NEAR(factors.y.g[1], 0.5, exact) << "EI/6 m over EI/3 m";
   EXPECT_EQ(factors.y.g[0], hinge);
@@ -209,7 +209,7 @@ TEST(Column, FixedAtBothEndsHasHalfItsLength) {
 TEST(Cantilever, HasTwiceItsLength) {
   FrameBuilder frame = column();
   frame.fixed(1).braced(true, true);
-  const StretchFactors factors = factors_of(frame, 1);
+  const SegmentFactors factors = factors_of(frame, 1);
   EXPECT_EQ(factors.y.source, FactorSource::cantilever);
   EXPECT_NEAR(factors.y.k, 2.0, exact);
   EXPECT_NEAR(factors.z.k, 2.0, exact);
@@ -269,7 +269,7 @@ TEST(Cantilever, IsOneWithASignAtItsTip) {
   // The sign: a closed square under the tip.
   frame.node(3, 3, 0, 2).node(4, 3, 1, 2).node(5, 3, 1, 3);
   frame.beam(2, 2, 3).beam(3, 3, 4).beam(4, 4, 5).beam(5, 5, 2);
-  const StretchFactors factors = factors_of(frame, 1);
+  const SegmentFactors factors = factors_of(frame, 1);
   EXPECT_EQ(factors.y.source, FactorSource::cantilever);
   EXPECT_NEAR(factors.y.k, 2.0, exact);
   EXPECT_NEAR(factors.z.k, 2.0, exact);

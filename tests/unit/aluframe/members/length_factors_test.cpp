@@ -9,7 +9,7 @@ namespace {
 using model::ElementDesign;
 using testing::ElementsAre;
 
-/// Columns 1 and 2 end to end, clamped at the foot: without a member two stretches.
+/// Columns 1 and 2 end to end, clamped at the foot: without a member two segments.
 FrameBuilder mast() {
   FrameBuilder frame;
   frame.node(1, 0, 0, 0).node(2, 0, 0, 3).node(3, 0, 0, 5).beam(1, 1, 2).beam(2, 2, 3);
@@ -23,7 +23,7 @@ model::Member member_of(std::vector<Number> elements) {
 TEST(LengthFactors, StandForMembersFirstThenForLoneElements) {
   FrameBuilder frame = mast();
   frame.node(4, 0, 0, 6).beam(3, 3, 4).member(member_of({2, 3}));
-  const std::vector<StretchFactors> all = length_factors(frame.model());
+  const std::vector<SegmentFactors> all = length_factors(frame.model());
   ASSERT_EQ(all.size(), 2U);
   EXPECT_EQ(all[0].member, 7U);
   EXPECT_THAT(all[0].elements, ElementsAre(2, 3));
@@ -37,7 +37,7 @@ TEST(LengthFactors, OfALoneElementAreItsOwnWhenGiven) {
   frame.with(1, [](model::Element& element) {
     element.design.length_factors = ElementDesign::AxisPair{0.7, 1.4};
   });
-  const StretchFactors factors = length_factors(frame.model())[0];
+  const SegmentFactors factors = length_factors(frame.model())[0];
   EXPECT_EQ(factors.y.k, 0.7);
   EXPECT_EQ(factors.z.k, 1.4);
   EXPECT_EQ(factors.z.source, FactorSource::given_element);
@@ -51,7 +51,7 @@ TEST(LengthFactors, OfAMemberAreTheGivenOnesWhateverItsElementsHave) {
   model::Member member = member_of({1, 2});
   member.length_factors = ElementDesign::AxisPair{0.8, 0.9};
   frame.member(member);
-  const StretchFactors factors = length_factors(frame.model())[0];
+  const SegmentFactors factors = length_factors(frame.model())[0];
   EXPECT_EQ(factors.y.k, 0.8);
   EXPECT_EQ(factors.z.k, 0.9);
   EXPECT_EQ(factors.y.source, FactorSource::given_member);
@@ -60,14 +60,14 @@ TEST(LengthFactors, OfAMemberAreTheGivenOnesWhateverItsElementsHave) {
 TEST(LengthFactors, OfAMemberWithoutGivenOnesAreComputed) {
   FrameBuilder frame = mast();
   frame.member(member_of({1, 2}));
-  const StretchFactors factors = length_factors(frame.model())[0];
+  const SegmentFactors factors = length_factors(frame.model())[0];
   EXPECT_NEAR(factors.y.k, 2.0, 1e-9) << "clamped and free";
 }
 
 TEST(LengthFactors, AreOneWhenTheModelAsksForIt) {
   FrameBuilder frame = mast();
   frame.model().frame = model::FrameSettings{.length_factors = model::LengthFactors::one};
-  const StretchFactors factors = length_factors(frame.model())[0];
+  const SegmentFactors factors = length_factors(frame.model())[0];
   EXPECT_EQ(factors.y.k, 1.0);
   EXPECT_EQ(factors.y.source, FactorSource::one);
 }
@@ -75,7 +75,7 @@ TEST(LengthFactors, AreOneWhenTheModelAsksForIt) {
 TEST(LengthFactors, AreOneInAModelWithoutSupports) {
   FrameBuilder frame;
   frame.node(1, 0, 0, 0).node(2, 0, 0, 3).beam(1, 1, 2);
-  const StretchFactors factors = length_factors(frame.model())[0];
+  const SegmentFactors factors = length_factors(frame.model())[0];
   EXPECT_EQ(factors.z.k, 1.0);
   EXPECT_EQ(factors.z.source, FactorSource::no_supports);
 }

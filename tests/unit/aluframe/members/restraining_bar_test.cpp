@@ -18,7 +18,7 @@ constexpr double exact = 1e-9;  // ratios, but for the rounding of a few product
 
 /// G at the head of column 1, buckling in the plane X-Z.
 double head_ratio(FrameBuilder& frame) {
-  for (const StretchFactors& factors : length_factors(frame.model())) {
+  for (const SegmentFactors& factors : length_factors(frame.model())) {
     if (factors.elements.front() == 1) return factors.y.g[1];
   }
   throw std::out_of_range("no element 1");
@@ -130,7 +130,7 @@ TEST(RestrainingBar, OfAColumnEndsWhereABeamHoldsIt) {
   FrameBuilder frame = two_columns();
   frame.beam(3, 2, 4).braced(true, true);
   // Beam 3: at its start column 1 of 3 m on a hinge, 3·EI/L against 2·EI/L.
-  for (const StretchFactors& factors : length_factors(frame.model())) {
+  for (const SegmentFactors& factors : length_factors(frame.model())) {
     if (factors.elements.front() == 3) {
       EXPECT_NEAR(factors.y.g[0], 2.0 / 3.0, exact);
     }

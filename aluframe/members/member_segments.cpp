@@ -1,8 +1,8 @@
-#include "aluframe/members/stretches.h"
+#include "aluframe/members/member_segments.h"
 
 #include <utility>
 
-#include "aluframe/members/carried_ends.h"
+#include "aluframe/members/cantilever_ends.h"
 #include "aluframe/section/section_properties.h"
 
 namespace aluframe::members {
@@ -34,10 +34,10 @@ std::vector<std::array<double, 2>> inertias_of(const model::Table<model::Section
 
 }  // namespace
 
-Stretches::Stretches(const model::Model& model)
+MemberSegments::MemberSegments(const model::Model& model)
     : model_(model),
       connectivity_(model),
-      carried_(carried_ends(model, connectivity_)),
+      cantilever_ends_(cantilever_ends(model, connectivity_)),
       places_(model.elements.size()) {
   note_elements(inertias_of(model.sections));
   for (const model::Member& member : model.members) {
@@ -53,7 +53,7 @@ Stretches::Stretches(const model::Model& model)
   }
 }
 
-void Stretches::note_elements(const std::vector<std::array<double, 2>>& inertias) {
+void MemberSegments::note_elements(const std::vector<std::array<double, 2>>& inertias) {
   geometry_.reserve(model_.elements.size());
   for (const model::Element& element : model_.elements) {
     geometry_.push_back(geometry_of(model_, element));
@@ -64,40 +64,40 @@ void Stretches::note_elements(const std::vector<std::array<double, 2>>& inertias
   }
 }
 
-void Stretches::add(const model::Member* member, std::vector<std::size_t> elements) {
-  Stretch stretch{.member = member, .elements = std::move(elements)};
-  model::Number node = start_of(model_, stretch.elements);
-  stretch.nodes[0] = node;
-  for (const std::size_t place : stretch.elements) {
+void MemberSegments::add(const model::Member* member, std::vector<std::size_t> elements) {
+  MemberSegment segment{.member = member, .elements = std::move(elements)};
+  model::Number node = start_of(model_, segment.elements);
+  segment.nodes[0] = node;
+  for (const std::size_t place : segment.elements) {
     const model::Element& element = model_.elements[place];
     const std::size_t near = end_at(element, node);
-    if (place == stretch.elements.front()) stretch.ends[0] = {place, near};
+    if (place == segment.elements.front()) segment.ends[0] = {place, near};
     const double length = geometry_[place].length;
     const std::array<double, 2>& stiffness = stiffness_[place];
     for (std::size_t axis = 0; axis < 2; ++axis)
-      stretch.stiffness[axis] += length * stiffness[axis];
+      segment.stiffness[axis] += length * stiffness[axis];
     Place& where = places_[place];
-    where.stretch = all_.size();
-    where.along[near] = stretch.length;
-    stretch.length += length;
-    where.along[1 - near] = stretch.length;
+    where.segment = all_.size();
+    where.along[near] = segment.length;
+    segment.length += length;
+    where.along[1 - near] = segment.length;
     node = element.nodes[1 - near];
-    stretch.ends[1] = {place, 1 - near};
+    segment.ends[1] = {place, 1 - near};
   }
-  stretch.nodes[1] = node;
-  for (double& stiffness : stretch.stiffness) stiffness /= stretch.length;
-  all_.push_back(std::move(stretch));
+  segment.nodes[1] = node;
+  for (double& stiffness : segment.stiffness) stiffness /= segment.length;
+  all_.push_back(std::move(segment));
 }
 
-Stretches::Arm Stretches::arm(const ElementEnd& at) const {
+MemberSegments::Arm MemberSegments::arm(const ElementEnd& at) const {
   const Place& place = places_[at.element];
-  const Stretch& stretch = all_[place.stretch];
+  const MemberSegment& segment = all_[place.segment];
   const double from = place.along[at.end];
-  if (place.along[1 - at.end] > from) return {&stretch, stretch.length - from};
-  return {&stretch, from};
+  if (place.along[1 - at.end] > from) return {&segment, segment.length - from};
+  return {&segment, from};
 }
 
-Eigen::Vector3d Stretches::direction(std::size_t element, Axis axis) const {
+Eigen::Vector3d MemberSegments::direction(std::size_t element, Axis axis) const {
   return geometry_[element].axes.row(axis == Axis::y ? 1 : 2).transpose();
 }
 
