@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
 
 namespace aluframe::forces {
@@ -45,7 +46,7 @@ analysis::Result<Answers> in_second_order(const analysis::Frame& frame,
     auto solved = analysis::analyse_second_order(frame, loads[i]);
     if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
       problem->load_case = i;
-      return std::move(*problem);
+      return with_buckling_factor(std::move(*problem), frame, loads[i]);
     }
     answers.push_back(std::get<analysis::SecondOrderResult>(std::move(solved)));
   }

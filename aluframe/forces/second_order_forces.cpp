@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/model/envelopes.h"
 
@@ -39,8 +40,11 @@ analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const Loa
     cases.push_back({&loads_[entry.load_case], entry.factor});
   }
   if (const auto known = answers_.find(key); known != answers_.end()) return &known->second;
-  auto solved = analysis::analyse_second_order(frame_, analysis::combine(cases));
-  if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+  const analysis::LoadCase loads = analysis::combine(cases);
+  auto solved = analysis::analyse_second_order(frame_, loads);
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+    return with_buckling_factor(std::move(*problem), frame_, loads);
+  }
   const auto [place, is_new] =
       answers_.emplace(std::move(key), std::get<SecondOrderResult>(std::move(solved)));
   const SecondOrderResult& result = place->second;

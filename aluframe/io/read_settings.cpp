@@ -13,7 +13,7 @@ constexpr auto settings_fields =
     std::to_array<std::string_view>({"code", "rib", "rib_ratio", "safety_class", "strength_ratio",
                                      "seismic", "gamma_re_strength", "gamma_re_stability"});
 constexpr auto frame_fields =
-    std::to_array<std::string_view>({"braced_a", "braced_b", "length_factors"});
+    std::to_array<std::string_view>({"braced_a", "braced_b", "length_factors", "buckling_limit"});
 constexpr auto analysis_fields = std::to_array<std::string_view>({"second_order"});
 
 void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
@@ -55,6 +55,7 @@ model::FrameSettings read_frame_settings(const JsonObject& object) {
   if (const auto source = object.optional("length_factors")) {
     frame.length_factors = source->one_of<model::LengthFactors>(length_factor_sources);
   }
+  frame.buckling_limit = object.positive_or("buckling_limit", frame.buckling_limit);
   return frame;
 }
 

@@ -86,6 +86,7 @@ std::string frame_line(const model::FrameSettings& frame) {
       .flag("braced_b", frame.braced_b)
       .text_unless("length_factors", name_in(length_factor_sources, frame.length_factors),
                    name_in(length_factor_sources, standard.length_factors))
+      .number_unless("buckling_limit", frame.buckling_limit, standard.buckling_limit)
       .str();
 }
 

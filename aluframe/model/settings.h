@@ -24,11 +24,14 @@ enum class LengthFactors {
   one        ///< they are 1
 };
 
-/// Whether the frame is braced against sway along its two axes: a is global X, b global Y.
+/// How the frame is stabilised and its stability judged. Whether it is braced against sway along its
+/// two axes: a is global X, b global Y.
 struct FrameSettings {
   bool braced_a = false;
   bool braced_b = false;
   LengthFactors length_factors = LengthFactors::computed;
+  /// A combination whose buckling load factor is smaller has a remark.
+  double buckling_limit = 10.0;
 
   friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
 };

@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "aluframe/forces/analyse_sets.h"
-#include "aluframe/forces/load_sets.h"
+#include "aluframe/run/chosen_numbers.h"
 
 namespace aluframe::run {
 
@@ -22,40 +22,11 @@ struct Subjects {
   std::vector<model::Number> left_out;
 };
 
-Problem about(const Input& input, const std::string& text) {
-  return {input.file.string() + ": " + text};
-}
-
-/// The numbers that the user named, all of them when none; or a message.
-std::variant<std::vector<model::Number>, std::string> chosen(const char* name,
-                                                             const model::NumberRanges& ranges,
-                                                             std::vector<model::Number> existing,
-                                                             const std::string& what) {
-  if (ranges.empty()) return existing;
-  auto selected = model::select(ranges, existing, what);
-  if (auto* text = std::get_if<std::string>(&selected)) *text = fmt::format("{}: {}", name, *text);
-  return selected;
-}
-
-/// The first load case of the set that has no loads.
-std::optional<model::Number> without_loads(const model::Model& model, const forces::LoadSet& set) {
-  for (const auto& entry : set) {
-    const model::LoadCase& load_case = model.load_cases[entry.load_case];
-    if (!forces::has_loads(load_case)) return load_case.number;
-  }
-  return std::nullopt;
-}
-
 Result<Subjects> chosen_cases(const Input& input, const AnalysisOptions& options) {
-  std::vector<model::Number> with_loads;
-  for (const model::LoadCase& load_case : input.model.load_cases) {
-    if (forces::has_loads(load_case)) with_loads.push_back(load_case.number);
-  }
-  auto numbers = chosen("--cases", options.cases, with_loads, "load case with loads");
-  if (const auto* text = std::get_if<std::string>(&numbers)) return about(input, *text);
+  auto numbers = chosen_load_cases(input, options.cases);
+  if (auto* problem = std::get_if<Problem>(&numbers)) return std::move(*problem);
   Subjects subjects;
   subjects.numbers = std::get<std::vector<model::Number>>(std::move(numbers));
-  if (subjects.numbers.empty()) return about(input, "has no loads to analyse");
   for (const model::Number number : subjects.numbers) {
     subjects.sets.push_back({{input.model.load_cases.position(number), 1.0}});
   }
@@ -85,8 +56,9 @@ Result<Subjects> chosen_combinations(const Input& input, const AnalysisOptions& 
   for (const model::Combination& combination : model.combinations) {
     if (!combination.state_of) existing.push_back(combination.number);
   }
-  const auto numbers = chosen("--combinations", options.combinations, existing, "combination");
-  if (const auto* text = std::get_if<std::string>(&numbers)) return about(input, *text);
+  const auto numbers = chosen_numbers(input, "--combinations", options.combinations,
+                                      std::move(existing), "combination");
+  if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
   Subjects subjects;
   subjects.of_combinations = true;
   const auto plans = model::compile_combinations(model);

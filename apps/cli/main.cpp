@@ -9,6 +9,7 @@
 
 #include "aluframe/files/error_text.h"
 #include "apps/cli/analyse_command.h"
+#include "apps/cli/buckling_command.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/members_command.h"
@@ -278,6 +279,26 @@ void add_material_changes(CLI::App& settings, WantedChanges& wanted) {
   add_value("--f02-thick", wanted.f02_thick, "Proof strength above 10 mm, N/mm2");
 }
 
+void add_buckling(CLI::App& app, BucklingCommandOptions& options, int& status) {
+  CLI::App* buckling = app.add_subcommand(
+      "buckling", "Show the factors of the loads at which the frame buckles, and how");
+  buckling->add_option("MODEL", options.input.model, "Model file")->required()->type_name("");
+  add_allow_outside(*buckling, options.input.allow_outside);
+  add_parsed(*buckling, "--cases", options.subjects.cases, ranges_or_throw,
+             "These load cases in place of combinations, such as 1,3,10-20");
+  add_parsed(*buckling, "--combinations", options.subjects.combinations, ranges_or_throw,
+             "Only these combinations");
+  constexpr int most_modes = 100;
+  buckling->add_option("--modes", options.subjects.modes, "How many factors of each")
+      ->check(CLI::Range(1, most_modes))
+      ->type_name("N");
+  buckling->add_flag("--reversed", options.subjects.reversed,
+                     "Also the factor of all loads the other way round, as a negative one");
+  add_format(*buckling, options.format);
+  buckling->add_option("--output", options.output, "Write to this file")->type_name("FILE");
+  buckling->callback([&] { status = run_buckling_command(options); });
+}
+
 void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
   CLI::App* analyse = app.add_subcommand(
       "analyse", "Show displacements, reactions and element forces under the loads of a model");
@@ -344,6 +365,7 @@ int run_program(int argc, char** argv) {
   app.require_subcommand(1);
   int status = exit_done;
   AnalyseOptions analyse;
+  BucklingCommandOptions buckling;
   CheckOptions check;
   ResultsOptions results;
   run::InputOptions validate;
@@ -354,6 +376,7 @@ int run_program(int argc, char** argv) {
   SectionOptions section;
   add_check(app, check, status);
   add_analyse(app, analyse, status);
+  add_buckling(app, buckling, status);
   add_results(app, results, status);
   add_validate(app, validate, status);
   add_members(app, members, status);

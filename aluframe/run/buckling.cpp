@@ -1,0 +1,229 @@
+#include "aluframe/run/buckling.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "aluframe/model/envelopes.h"
+#include "aluframe/run/chosen_numbers.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using Modes = std::vector<analysis::BucklingMode>;
+
+/// Sets of loads whose smallest factors are those of a combination or a load case.
+struct Subject {
+  model::Number number = 0;
+  std::vector<forces::LoadSet> sets;
+  std::string unknown;  ///< why it has no factor
+};
+
+/// Elements with less of the work of the axial forces are not named.
+constexpr double least_work = 0.1;
+
+BucklingFactor factor_of(const model::Model& model, model::Number subject,
+                         const analysis::BucklingMode& mode) {
+  BucklingFactor factor{.subject = subject, .factor = mode.factor, .mode = mode.text};
+  for (std::size_t i = 0; i < mode.work.size(); ++i) {
+    if (mode.work[i] >= least_work) factor.elements.push_back(model.elements[i].number);
+  }
+  return factor;
+}
+
+/// Design combinations as the model has them: envelopes, not their states.
+std::vector<model::Number> design_combinations(const model::Model& model) {
+  std::vector<model::Number> numbers;
+  for (const model::Combination& combination : model.combinations) {
+    const bool is_checked = combination.design || !combination.states.empty();
+    if (is_checked && !combination.state_of) numbers.push_back(combination.number);
+  }
+  return numbers;
+}
+
+/// The smallest modes of several sets of loads together.
+analysis::Result<Modes> smallest_modes(forces::FrameBuckling& frame,
+                                       const std::vector<forces::LoadSet>& sets, int count) {
+  Modes all;
+  for (const forces::LoadSet& set : sets) {
+    auto found = frame.under(set, count);
+    if (auto* problem = std::get_if<analysis::Problem>(&found)) return std::move(*problem);
+    std::ranges::move(std::get<analysis::BucklingResult>(found).modes, std::back_inserter(all));
+  }
+  std::ranges::stable_sort(all, {}, &analysis::BucklingMode::factor);
+  if (all.size() > static_cast<std::size_t>(count)) all.resize(static_cast<std::size_t>(count));
+  return all;
+}
+
+std::vector<forces::LoadSet> reversed(std::vector<forces::LoadSet> sets) {
+  for (forces::LoadSet& set : sets) {
+    for (auto& entry : set) entry.factor = -entry.factor;
+  }
+  return sets;
+}
+
+Subject subject_of(const model::Model& model, std::span<const model::CombinationPlan> plans,
+                   model::Number number) {
+  Subject subject{.number = number, .sets = {}, .unknown = {}};
+  auto sets = forces::buckling_sets_of(model, plans, model.combinations.position(number));
+  if (auto* text = std::get_if<std::string>(&sets)) {
+    subject.unknown = std::move(*text);
+  } else {
+    subject.sets = std::get<std::vector<forces::LoadSet>>(std::move(sets));
+  }
+  return subject;
+}
+
+Result<std::vector<Subject>> subjects_of_cases(const Input& input,
+                                               const model::NumberRanges& cases) {
+  const auto numbers = chosen_load_cases(input, cases);
+  if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
+  std::vector<Subject> subjects;
+  for (const model::Number number : std::get<std::vector<model::Number>>(numbers)) {
+    subjects.push_back({number, {{{input.model.load_cases.position(number), 1.0}}}, {}});
+  }
+  return subjects;
+}
+
+Result<std::vector<Subject>> subjects_of_combinations(const Input& input,
+                                                      const model::NumberRanges& combinations) {
+  const model::Model& model = input.model;
+  const auto numbers = chosen_numbers(input, "--combinations", combinations,
+                                      design_combinations(model), "design combination");
+  if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
+  const auto plans = model::compile_combinations(model);
+  std::vector<Subject> subjects;
+  for (const model::Number number : std::get<std::vector<model::Number>>(numbers)) {
+    Subject& subject = subjects.emplace_back(subject_of(model, plans, number));
+    for (const forces::LoadSet& set : subject.sets) {
+      if (const auto load_case = without_loads(model, set)) {
+        subject.unknown = fmt::format("load case {} has no loads", *load_case);
+      }
+    }
+  }
+  return subjects;
+}
+
+bool has_given_forces(const model::Model& model, std::size_t load_case) {
+  for (std::size_t element = 0; element < model.elements.size(); ++element) {
+    if (model.forces.find(element, load_case) != nullptr) return true;
+  }
+  return false;
+}
+
+bool are_all_computed(const Input& input, std::size_t load_case) {
+  if (input.model.analysis.second_order) return true;  // which refuses given forces
+  for (std::size_t element = 0; element < input.model.elements.size(); ++element) {
+    if (!input.forces.computed.contains(element, load_case)) return false;
+  }
+  return true;
+}
+
+/// Why a set has no factor: its forces, or a part of them, are not those of this frame's analysis.
+std::string unknown_of(const Input& input, const forces::LoadSet& set) {
+  const model::Model& model = input.model;
+  for (const auto& [load_case, factor] : set) {
+    const bool has_loads = forces::has_loads(model.load_cases[load_case]);
+    if (has_loads ? are_all_computed(input, load_case) : !has_given_forces(model, load_case)) {
+      continue;
+    }
+    return fmt::format("load case {} has given forces, which do not say how the frame carries them",
+                       model.load_cases[load_case].number);
+  }
+  return {};
+}
+
+/// Design combinations of the run by their numbers in the model.
+std::vector<model::Number> combinations_of_run(const Input& input) {
+  std::vector<model::Number> numbers = design_combinations(input.model);
+  if (input.combinations.empty()) return numbers;
+  std::erase_if(numbers, [&](model::Number number) {
+    const auto checked = model::checked_combinations(input.model, std::array{number});
+    return !std::ranges::includes(input.combinations, checked);
+  });
+  return numbers;
+}
+
+BucklingFactor smallest_of(const Input& input, forces::FrameBuckling& frame,
+                           const Subject& subject) {
+  const auto modes = smallest_modes(frame, subject.sets, 1);
+  if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
+    return {.subject = subject.number, .factor = std::nullopt, .unknown = problem->text};
+  }
+  const Modes& found = std::get<Modes>(modes);
+  if (found.empty()) return {.subject = subject.number, .factor = std::nullopt};
+  return factor_of(input.model, subject.number, found.front());
+}
+
+}  // namespace
+
+Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options) {
+  BucklingAnalysis analysis;
+  analysis.of_combinations = !options.combinations.empty() ||
+                             (options.cases.empty() && !design_combinations(input.model).empty());
+  const auto chosen = analysis.of_combinations
+                          ? subjects_of_combinations(input, options.combinations)
+                          : subjects_of_cases(input, options.cases);
+  if (const auto* problem = std::get_if<Problem>(&chosen)) return *problem;
+  auto made = forces::FrameBuckling::of(input.model);
+  if (const auto* problem = std::get_if<analysis::Problem>(&made)) {
+    return problem_of(input.file, *problem);
+  }
+  auto& frame = std::get<forces::FrameBuckling>(made);
+  for (const Subject& subject : std::get<std::vector<Subject>>(chosen)) {
+    if (!subject.unknown.empty()) {
+      analysis.factors.push_back(
+          {.subject = subject.number, .factor = std::nullopt, .unknown = subject.unknown});
+      continue;
+    }
+    const auto modes = smallest_modes(frame, subject.sets, options.modes);
+    if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
+      return problem_of(input.file, *problem);
+    }
+    for (const analysis::BucklingMode& mode : std::get<Modes>(modes)) {
+      analysis.factors.push_back(factor_of(input.model, subject.number, mode));
+    }
+    if (std::get<Modes>(modes).empty()) {
+      analysis.factors.push_back({.subject = subject.number, .factor = std::nullopt});
+    }
+    if (!options.reversed) continue;
+    analysis.reversed.push_back(
+        smallest_of(input, frame, {subject.number, reversed(subject.sets), {}}));
+  }
+  return analysis;
+}
+
+std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
+                                                     const std::function<bool(int, int)>& goes_on) {
+  const auto plans = model::compile_combinations(input.model);
+  std::vector<Subject> subjects;
+  for (const model::Number number : combinations_of_run(input)) {
+    Subject& subject = subjects.emplace_back(subject_of(input.model, plans, number));
+    for (const forces::LoadSet& set : subject.sets) {
+      if (subject.unknown.empty()) subject.unknown = unknown_of(input, set);
+    }
+  }
+  std::vector<BucklingFactor> factors;
+  const bool is_any_known =
+      std::ranges::any_of(subjects, [](const Subject& subject) { return subject.unknown.empty(); });
+  std::optional<analysis::Result<forces::FrameBuckling>> made;
+  if (is_any_known) made.emplace(forces::FrameBuckling::of(input.model));
+  for (const Subject& subject : subjects) {
+    if (!goes_on(static_cast<int>(factors.size()), static_cast<int>(subjects.size()))) break;
+    std::string unknown = subject.unknown;
+    if (unknown.empty()) {
+      if (const auto* problem = std::get_if<analysis::Problem>(&*made)) unknown = problem->text;
+    }
+    if (unknown.empty()) {
+      factors.push_back(smallest_of(input, std::get<forces::FrameBuckling>(*made), subject));
+    } else {
+      factors.push_back({.subject = subject.number, .factor = std::nullopt, .unknown = unknown});
+    }
+  }
+  return factors;
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "aluframe/forces/frame_buckling.h"
+#include "aluframe/run/input.h"
+
+// How far the whole frame is from buckling, in every combination.
+
+namespace aluframe::run {
+
+/// One factor of the loads of a combination or a load case at which the frame buckles.
+struct BucklingFactor {
+  model::Number subject = 0;     ///< number of the combination or the load case
+  std::optional<double> factor;  ///< nothing: nothing is compressed, or `unknown` says why
+  std::string mode = {};         ///< "nodes 2-3 move along X"
+  /// Elements whose axial force does a tenth of the work in the mode, or more.
+  std::vector<model::Number> elements = {};
+  std::string unknown = {};  ///< why no factor is known; empty: it is
+};
+
+/// What is to be looked at: combinations for design, or without any the load cases with loads; but
+/// what the user names goes first.
+struct BucklingOptions {
+  model::NumberRanges cases;
+  model::NumberRanges combinations;
+  int modes = 1;          ///< at least 1
+  bool reversed = false;  ///< also what all loads the other way round do
+};
+
+struct BucklingAnalysis {
+  bool of_combinations = false;         ///< else of load cases
+  std::vector<BucklingFactor> factors;  ///< by subject, ascending; one at least of each
+  /// Of each subject whose factor is known, the smallest one when all its loads act the other way
+  /// round, if that is asked for.
+  std::vector<BucklingFactor> reversed;
+};
+
+/// Finds the smallest buckling factors of the model under its combinations or load cases, by the
+/// axial forces of first order.
+Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options);
+
+/// The smallest factor of every combination of a run, by number; of an envelope that of its states.
+/// A combination whose forces are given, all or some, has none.
+/// @param goes_on asked before every combination; what is left when it says no is not worked out
+std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
+                                                     const std::function<bool(int, int)>& goes_on);
+
+}  // namespace aluframe::run

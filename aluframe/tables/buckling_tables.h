@@ -1,0 +1,14 @@
+#pragma once
+
+#include "aluframe/model/model.h"
+#include "aluframe/run/buckling.h"
+#include "aluframe/tables/output_table.h"
+
+namespace aluframe::tables {
+
+/// A line a factor of a combination or load case, the smallest first; behind them one for its loads
+/// the other way round, whose factor is negative. A subject without compression, or whose factor is
+/// unknown, has a line that says so.
+OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysis& analysis);
+
+}  // namespace aluframe::tables
