@@ -272,7 +272,7 @@ const char* state_name(RunState state) {
 RunState state_named(std::string_view name) {
   const auto found = std::ranges::find(state_names, name);
   if (found == state_names.end()) {
-    throw std::runtime_error("unknown state of a run \"" + std::string(name) + "\"");
+    throw std::runtime_error("is damaged: unknown state of a run \"" + std::string(name) + "\"");
   }
   return static_cast<RunState>(found - state_names.begin());
 }
