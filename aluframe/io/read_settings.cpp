@@ -55,7 +55,9 @@ model::FrameSettings read_frame_settings(const JsonObject& object) {
   if (const auto source = object.optional("length_factors")) {
     frame.length_factors = source->one_of<model::LengthFactors>(length_factor_sources);
   }
-  frame.buckling_limit = object.positive_or("buckling_limit", frame.buckling_limit);
+  if (const auto limit = object.optional("buckling_limit")) {
+    frame.buckling_limit = limit->positive();
+  }
   return frame;
 }
 

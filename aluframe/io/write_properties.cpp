@@ -86,7 +86,8 @@ std::string frame_line(const model::FrameSettings& frame) {
       .flag("braced_b", frame.braced_b)
       .text_unless("length_factors", name_in(length_factor_sources, frame.length_factors),
                    name_in(length_factor_sources, standard.length_factors))
-      .number_unless("buckling_limit", frame.buckling_limit, standard.buckling_limit)
+      .number_unless("buckling_limit", frame.buckling_limit.value_or(model::usual_buckling_limit),
+                     model::usual_buckling_limit)
       .str();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <string>
 
 namespace aluframe::model {
@@ -24,14 +26,18 @@ enum class LengthFactors {
   one        ///< they are 1
 };
 
-/// How the frame is stabilised and its stability judged. Whether it is braced against sway along its
-/// two axes: a is global X, b global Y.
+/// The usual border of first-order analysis: beyond it second-order effects stay below a tenth.
+inline constexpr double usual_buckling_limit = 10.0;
+
+/// How the frame is stabilised and its stability judged. Whether it is braced against sway along
+/// its two axes: a is global X, b global Y.
 struct FrameSettings {
   bool braced_a = false;
   bool braced_b = false;
   LengthFactors length_factors = LengthFactors::computed;
-  /// A combination whose buckling load factor is smaller has a remark.
-  double buckling_limit = 10.0;
+  /// A combination whose buckling load factor is smaller has a remark; nothing:
+  /// `usual_buckling_limit`.
+  std::optional<double> buckling_limit = std::nullopt;
 
   friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
 };

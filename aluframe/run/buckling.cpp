@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
+#include "aluframe/model/number_ranges.h"
 #include "aluframe/run/chosen_numbers.h"
 
 namespace aluframe::run {
@@ -158,6 +160,43 @@ BucklingFactor smallest_of(const Input& input, forces::FrameBuckling& frame,
   return factor_of(input.model, subject.number, found.front());
 }
 
+/// Kind of the remarks, and among the settings of a run that leaves buckling out.
+constexpr const char* remark_kind = "buckling";
+constexpr const char* setting_key = "buckling";
+
+template <class Wanted>
+std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& rows, Wanted wanted) {
+  std::vector<store::BucklingRow> out;
+  std::ranges::copy_if(rows, std::back_inserter(out), wanted);
+  return out;
+}
+
+/// "combination 3 buckles", "combinations 1-4, 7 buckle"; "has" and "have".
+std::string subject_verb(const std::vector<store::BucklingRow>& rows, const std::string& verb) {
+  std::vector<model::Number> numbers;
+  for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
+  std::ranges::sort(numbers);
+  const std::string list = model::join_as_ranges(numbers);
+  if (numbers.size() > 1) return fmt::format("combinations {} {}", list, verb);
+  return fmt::format("combination {} {}", list, verb == "have" ? "has" : verb + "s");
+}
+
+/// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
+std::string factor_text(const store::BucklingRow& row) {
+  return fmt::format("{:.3g} times the loads of combination {} ({})", *row.factor, row.combination,
+                     row.shape);
+}
+
+/// A remark with the elements that buckle.
+store::RemarkRow remark_of(const store::BucklingRow& row, std::string text) {
+  store::RemarkRow remark;
+  remark.kind = remark_kind;
+  remark.elements = row.elements;
+  remark.text = std::move(text);
+  remark.combination = row.combination;
+  return remark;
+}
+
 }  // namespace
 
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options) {
@@ -224,6 +263,85 @@ std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
     }
   }
   return factors;
+}
+
+std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors) {
+  std::vector<store::BucklingRow> rows;
+  for (const BucklingFactor& factor : factors) {
+    rows.push_back({.combination = factor.subject,
+                    .factor = factor.factor,
+                    .shape = factor.mode,
+                    .elements = model::join_as_ranges(factor.elements),
+                    .unknown = factor.unknown});
+  }
+  return rows;
+}
+
+double buckling_limit(const model::Model& model) {
+  return model.frame.value_or(model::FrameSettings())
+      .buckling_limit.value_or(model::usual_buckling_limit);
+}
+
+const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>& rows) {
+  const store::BucklingRow* smallest = nullptr;
+  for (const store::BucklingRow& row : rows) {
+    if (row.factor && (smallest == nullptr || *row.factor < *smallest->factor)) smallest = &row;
+  }
+  return smallest;
+}
+
+bool buckles(const store::BucklingRow& row) {
+  return row.factor && *row.factor < 1.0;
+}
+
+std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
+                                               const model::Model& model) {
+  const double limit = buckling_limit(model);
+  std::vector<store::RemarkRow> remarks;
+  const auto failing = chosen(rows, buckles);
+  const auto low = chosen(rows, [&](const store::BucklingRow& row) {
+    return row.factor && !buckles(row) && *row.factor < limit;
+  });
+  if (!failing.empty()) {
+    const store::BucklingRow& worst = *smallest_factor(failing);
+    store::RemarkRow& remark = remarks.emplace_back(remark_of(
+        worst,
+        fmt::format("{} the frame: {}", subject_verb(failing, "buckle"), factor_text(worst))));
+    remark.ratio = 1.0 / *worst.factor;
+  }
+  if (!low.empty()) {
+    const char* remedy =
+        model.analysis.second_order
+            ? "imperfections of sway and bow count there: give them as loads, or stiffen or brace "
+              "what moves"
+            : "forces of first order leave out what grows there: compute them in second order, or "
+              "stiffen or brace what moves";
+    const store::BucklingRow& worst = *smallest_factor(low);
+    remarks.push_back(remark_of(
+        worst, fmt::format("{} below the limit of {} for the buckling load factor: {}; {}",
+                           subject_verb(low, "lie"), limit, factor_text(worst), remedy)));
+  }
+  std::map<std::string, std::vector<store::BucklingRow>> unknown;
+  for (const store::BucklingRow& row : rows) {
+    if (!row.unknown.empty()) unknown[row.unknown].push_back(row);
+  }
+  for (const auto& [reason, of_reason] : unknown) {
+    store::RemarkRow& remark = remarks.emplace_back();
+    remark.kind = remark_kind;
+    remark.text =
+        fmt::format("{} no buckling load factor: {}", subject_verb(of_reason, "have"), reason);
+  }
+  return remarks;
+}
+
+void leave_out_buckling(store::RunSetup& setup) {
+  setup.settings.push_back({setting_key, "off", "--no-buckling"});
+}
+
+FrameBuckling buckling_of(const store::RunSetup& setup) {
+  const bool is_off = std::ranges::find(setup.settings, setting_key, &store::SettingRow::key) !=
+                      setup.settings.end();
+  return is_off ? FrameBuckling::off : FrameBuckling::on;
 }
 
 }  // namespace aluframe::run

@@ -48,4 +48,28 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
 std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
                                                      const std::function<bool(int, int)>& goes_on);
 
+/// The rows of the result file.
+std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors);
+
+/// The factor below which a combination has a remark.
+double buckling_limit(const model::Model& model);
+
+/// What an engineer is owed a word about, of kind "buckling": combinations that buckle the frame,
+/// those below the limit, with the remedy, and those whose factor is unknown.
+std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
+                                               const model::Model& model);
+
+/// The row with the smallest factor; null without any.
+const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>& rows);
+
+/// Whether a combination buckles the frame: it fails, whatever the ratios of its checks are.
+bool buckles(const store::BucklingRow& row);
+
+/// Whether the buckling of the frame is looked at.
+enum class FrameBuckling { on, off };
+
+/// Notes in what a run goes by that it does not look at the buckling of the frame.
+void leave_out_buckling(store::RunSetup& setup);
+FrameBuckling buckling_of(const store::RunSetup& setup);
+
 }  // namespace aluframe::run

@@ -75,6 +75,22 @@ fs::path stored_at(const fs::path& results, const services::CheckSummary& summar
   return fs::exists(partial, ignored) ? partial : fs::path();
 }
 
+/// @return false when the user has stopped it
+bool find_buckling(const Input& input, const CheckOptions& options, CheckResult& result) {
+  services::ProgressListener* const progress = options.progress;
+  if (progress != nullptr) progress->started("Buckling of the frame");
+  bool is_cancelled = false;
+  const auto factors = buckling_of_combinations(input, [&](int done, int total) {
+    is_cancelled = progress != nullptr && progress->advanced(done, total);
+    return !is_cancelled;
+  });
+  if (progress != nullptr) progress->ended();
+  result.buckling_factors = buckling_rows(factors);
+  std::ranges::move(buckling_remarks(result.buckling_factors, input.model),
+                    std::back_inserter(result.remarks));
+  return !is_cancelled;
+}
+
 }  // namespace
 
 std::optional<std::string> nothing_to_resume(const fs::path& results) {
@@ -115,12 +131,20 @@ CheckResult check(const Input& input, const CheckOptions& options) {
     leave_out_second_opinion(session.setup);
   }
   result.remarks = input.remarks;
+  result.buckling = options.buckling;
+  if (options.buckling == FrameBuckling::off) {
+    leave_out_buckling(session.setup);
+  } else if (!find_buckling(input, options, result)) {
+    result.summary.outcome = services::RunOutcome::cancelled;
+    return result;
+  }
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {
       result.safe = summary_of(opinion->safe_rows());
       std::ranges::move(opinion->remarks(), std::back_inserter(result.remarks));
     }
     for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
+    for (const store::BucklingRow& row : result.buckling_factors) writer.add_buckling(row);
   };
   result.summary = services::run_check(input.model, std::move(session));
   if (opinion) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/run/buckling.h"
 #include "aluframe/run/input.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/services/check_run.h"
@@ -21,6 +22,7 @@ struct CheckOptions {
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
   SecondOpinion second_opinion = SecondOpinion::on;
+  FrameBuckling buckling = FrameBuckling::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
   /// `resumed`: only what is missing in the partial file of an earlier run is checked; the results
@@ -40,6 +42,8 @@ struct CheckResult {
   SecondOpinion second_opinion = SecondOpinion::on;  ///< whether it was asked for
   std::optional<SafeSummary> safe;                   ///< nothing without a second opinion
   std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios
+  FrameBuckling buckling = FrameBuckling::on;        ///< whether it was asked for
+  std::vector<store::BucklingRow> buckling_factors;  ///< of the combinations
 };
 
 /// Why there is nothing that a check could go on with, or nothing.

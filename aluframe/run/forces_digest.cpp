@@ -26,7 +26,7 @@ std::string forces_digest(const Input& input) {
   store::Digest digest;
   add(digest, input.model.forces);
   add(digest, input.model.combined_forces);
-  for (const members::StretchFactors& factors : input.length_factors) {
+  for (const members::SegmentFactors& factors : input.length_factors) {
     add(digest, factors.y);
     add(digest, factors.z);
   }

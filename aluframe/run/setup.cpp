@@ -71,6 +71,12 @@ SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factor
   return {"length_factors", value, counts[0] > 0 ? "from the frame" : origin};
 }
 
+SettingRow buckling_row(const model::Model& model) {
+  const auto given = model.frame.value_or(model::FrameSettings()).buckling_limit;
+  return {"buckling_limit", fmt::format("{}", given.value_or(model::usual_buckling_limit)),
+          given ? "given" : "default"};
+}
+
 SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) {
   if (model.analysis.second_order) {
     return {"analysis", "second-order", origins.second_order_asked ? "--second-order" : "given"};
@@ -97,6 +103,7 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
            origin_of(origins, "strength_ratio")},
           seismic_row(settings, origins),
           length_factors_row(factors),
+          buckling_row(model),
           analysis_row(model, origins)};
 }
 

@@ -33,7 +33,13 @@ bool ConcernedElements::contains(model::Number element) const {
 }
 
 Told told_by(const CheckResult& result) {
-  return {result.second_opinion, result.safe, {}, result.remarks, result.summary.not_checked};
+  return {result.second_opinion,
+          result.safe,
+          {},
+          result.remarks,
+          result.summary.not_checked,
+          result.buckling,
+          result.buckling_factors};
 }
 
 Told told_by(store::ResultReader& results, const std::vector<model::Number>& elements) {
@@ -41,7 +47,9 @@ Told told_by(store::ResultReader& results, const std::vector<model::Number>& ele
             .safe = std::nullopt,
             .safe_rows = results.safe(),
             .remarks = results.remarks(),
-            .not_checked = results.not_checked()};
+            .not_checked = results.not_checked(),
+            .buckling = buckling_of(results.info().setup),
+            .buckling_factors = results.buckling()};
   const auto is_wanted = [&elements](std::uint32_t element) {
     return std::ranges::binary_search(elements, element);
   };

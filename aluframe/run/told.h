@@ -18,6 +18,8 @@ struct Told {
   std::vector<store::SafeRow> safe_rows;  ///< of stored results, behind `safe`
   std::vector<store::RemarkRow> remarks;
   std::vector<store::NotChecked> not_checked;
+  FrameBuckling buckling = FrameBuckling::on;
+  std::vector<store::BucklingRow> buckling_factors;
 };
 
 /// The elements that a remark is about.

@@ -26,6 +26,7 @@ constexpr std::array all_rows = {
     "SELECT * FROM assertion ORDER BY element, place",
     "SELECT * FROM finished ORDER BY element",
     "SELECT * FROM remark ORDER BY sequence",
+    "SELECT * FROM buckling ORDER BY combination",
     "SELECT * FROM record ORDER BY element",
 };
 

@@ -101,6 +101,17 @@ struct RemarkRow {
   friend bool operator==(const RemarkRow&, const RemarkRow&) = default;
 };
 
+/// How far the whole frame is from buckling under the loads of a combination.
+struct BucklingRow {
+  std::uint32_t combination = 0;  ///< of the model; an envelope stands for its states
+  std::optional<double> factor;   ///< of the loads; nothing: no compression, or `unknown` says why
+  std::string shape = {};         ///< "nodes 2-3 move along X"
+  std::string elements = {};      ///< that buckle, "1-3, 7"
+  std::string unknown = {};       ///< why there is no factor; empty: it is known
+
+  friend bool operator==(const BucklingRow&, const BucklingRow&) = default;
+};
+
 /// Where the run of a result file writes until it is complete, and what it leaves when it ends
 /// early: "frame.aluresult.partial".
 std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
@@ -183,6 +194,7 @@ class ResultWriter {
   /// stored of it is committed together or not at all, and only then taken up by another run.
   virtual void end_element(const ElementNotes& notes) = 0;
   virtual void add_remark(const RemarkRow& row) = 0;
+  virtual void add_buckling(const BucklingRow& row) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;
   /// Flushes, waits until the disk has everything, notes how the run ended, closes the file and,
@@ -233,6 +245,8 @@ class ResultReader {
   /// Second opinions, in the order written; empty when the run went without.
   virtual std::vector<SafeRow> safe() = 0;
   virtual std::vector<RemarkRow> remarks() = 0;
+  /// In the order of the combinations; empty when the run went without.
+  virtual std::vector<BucklingRow> buckling() = 0;
 };
 
 }  // namespace aluframe::store

@@ -93,6 +93,17 @@ class FileReader : public ResultReader {
     });
   }
 
+  std::vector<BucklingRow> buckling() override {
+    return about_file(path_, [this] {
+      std::vector<BucklingRow> rows;
+      SQLite::Statement select(database_,
+                               "SELECT combination, factor, shape, elements, unknown FROM "
+                               "buckling ORDER BY combination");
+      while (select.executeStep()) rows.push_back(buckling_row(select));
+      return rows;
+    });
+  }
+
  private:
   GoverningRow governing_row(SQLite::Statement& select) {
     GoverningRow row{select.getColumn(0).getUInt(), select.getColumn(1).getInt(),
@@ -124,6 +135,15 @@ class FileReader : public ResultReader {
             .ratio = ratio.isNull() ? std::nullopt : std::optional(ratio.getDouble()),
             .element = whole(4),
             .combination = whole(5)};
+  }
+
+  static BucklingRow buckling_row(SQLite::Statement& select) {
+    const SQLite::Column factor = select.getColumn(1);
+    return {.combination = select.getColumn(0).getUInt(),
+            .factor = factor.isNull() ? std::nullopt : std::optional(factor.getDouble()),
+            .shape = stored_line(select.getColumn(2)),
+            .elements = stored_line(select.getColumn(3)),
+            .unknown = stored_line(select.getColumn(4))};
   }
 
   std::filesystem::path path_;

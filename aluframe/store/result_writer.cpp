@@ -19,6 +19,7 @@ struct WriteTo {
 
   void operator()(const ElementWork& work) const { file.add(work.row.get(), work.notes); }
   void operator()(const RemarkRow& row) const { file.add(row); }
+  void operator()(const BucklingRow& row) const { file.add(row); }
   void operator()(const CommitMark&) const { file.commit(); }
   void operator()(RunState state) const { file.finish(state); }
 };
@@ -143,6 +144,10 @@ std::optional<T_RALU_D> QueuedResultWriter::find(std::uint32_t element, const Re
 }
 
 void QueuedResultWriter::add_remark(const RemarkRow& row) {
+  if (thread_.joinable()) queue_.push(row);
+}
+
+void QueuedResultWriter::add_buckling(const BucklingRow& row) {
   if (thread_.joinable()) queue_.push(row);
 }
 

@@ -53,6 +53,7 @@ class QueuedResultWriter : public ResultWriter {
   bool read(std::uint32_t element, std::uint32_t combination, int min_side, T_RALU_D& out) override;
   void end_element(const ElementNotes& notes) override;
   void add_remark(const RemarkRow& row) override;
+  void add_buckling(const BucklingRow& row) override;
   void flush() override;
   void finish(RunState state) override;
   std::uint64_t record_count() const override { return records_; }

@@ -51,6 +51,7 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_assertion_(database_, "INSERT INTO assertion VALUES (?, ?, ?)"),
       insert_finished_(database_, "INSERT INTO finished VALUES (?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
+      insert_buckling_(database_, "INSERT INTO buckling VALUES (?, ?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
   begin();
@@ -227,6 +228,15 @@ void RowWriter::add(const RemarkRow& row) {
   bind_or_null(insert_remark_, 6, row.combination);
   run(insert_remark_, row.kind, row.elements, row.text);
   count(row.text.size());
+}
+
+void RowWriter::add(const BucklingRow& row) {
+  bind_or_null(insert_buckling_, 2, row.factor);
+  insert_buckling_.bind(3, row.shape);
+  insert_buckling_.bind(4, row.elements);
+  insert_buckling_.bind(5, row.unknown);
+  run(insert_buckling_, row.combination);
+  count(row.shape.size());
 }
 
 std::optional<T_RALU_D> RowWriter::find(std::uint32_t element, const RecordKey& key) {

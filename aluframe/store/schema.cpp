@@ -122,6 +122,12 @@ CREATE TABLE remark (
   ratio,
   element INTEGER,
   combination INTEGER);
+CREATE TABLE buckling (
+  combination INTEGER PRIMARY KEY,
+  factor,
+  shape TEXT NOT NULL,
+  elements TEXT NOT NULL,
+  unknown TEXT NOT NULL);
 CREATE TABLE record (
   element INTEGER PRIMARY KEY,
   data BLOB NOT NULL);

@@ -1,6 +1,7 @@
 #include "aluframe/tables/buckling_tables.h"
 
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/tables/names.h"
 
 namespace aluframe::tables {
 
@@ -11,9 +12,14 @@ std::string name_of(const model::Model& model, bool of_combinations, model::Numb
                          : model.load_cases.find(number)->name;
 }
 
-std::string text_of(const run::BucklingFactor& factor) {
-  if (factor.factor) return factor.mode;
-  return factor.unknown.empty() ? "nothing is compressed" : "unknown: " + factor.unknown;
+/// What buckles, or why there is no factor.
+std::string shape_text(bool has_factor, const std::string& shape, const std::string& unknown) {
+  if (has_factor) return shape;
+  return unknown.empty() ? "nothing is compressed" : "unknown: " + unknown;
+}
+
+Cell text_or_nothing(const std::string& text) {
+  return text.empty() ? Cell() : Cell(text);
 }
 
 }  // namespace
@@ -28,11 +34,11 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
                    {.key = "shape", .heading = "shape"},
                    {.key = "elements", .heading = "elements"}};
   const auto add = [&](const run::BucklingFactor& factor, const Cell& mode, double sign) {
-    const std::string elements = model::join_as_ranges(factor.elements);
     table.rows.push_back({std::int64_t{factor.subject},
                           name_of(model, analysis.of_combinations, factor.subject), mode,
-                          factor.factor ? Cell(sign * *factor.factor) : Cell(), text_of(factor),
-                          elements.empty() ? Cell() : Cell(elements)});
+                          factor.factor ? Cell(sign * *factor.factor) : Cell(),
+                          shape_text(factor.factor.has_value(), factor.mode, factor.unknown),
+                          text_or_nothing(model::join_as_ranges(factor.elements))});
   };
   std::int64_t mode = 0;
   for (std::size_t i = 0; i < analysis.factors.size(); ++i) {
@@ -46,6 +52,21 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
       if (other.subject == factor.subject && other.factor)
         add(other, std::string("reversed"), -1.0);
     }
+  }
+  return table;
+}
+
+OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,
+                                  const store::RunInfo& info) {
+  OutputTable table;
+  for (const char* key : {"combination", "name", "factor", "shape", "elements"}) {
+    table.columns.push_back({.key = key, .heading = key});
+  }
+  for (const store::BucklingRow& row : rows) {
+    table.rows.push_back({std::int64_t{row.combination}, name_of_combination(info, row.combination),
+                          row.factor ? Cell(*row.factor) : Cell(),
+                          shape_text(row.factor.has_value(), row.shape, row.unknown),
+                          text_or_nothing(row.elements)});
   }
   return table;
 }

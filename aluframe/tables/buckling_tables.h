@@ -11,4 +11,8 @@ namespace aluframe::tables {
 /// unknown, has a line that says so.
 OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysis& analysis);
 
+/// The stored factors, a line a combination.
+OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,
+                                  const store::RunInfo& info);
+
 }  // namespace aluframe::tables

@@ -83,6 +83,19 @@ std::string safe_text(const model::Model& model, const store::SafeRow& row) {
                      combination_text(model, row.combination, row.min_side));
 }
 
+/// The smallest factor of all combinations, or why there is none.
+std::string frame_buckling_text(const run::Told& told) {
+  if (told.buckling == run::FrameBuckling::off) return "not looked at (--no-buckling)";
+  if (told.buckling_factors.empty()) return "not looked at";
+  if (const auto* smallest = run::smallest_factor(told.buckling_factors)) {
+    return fmt::format("{} times the loads of combination {}, {}", short_number(*smallest->factor),
+                       smallest->combination, smallest->shape);
+  }
+  const bool is_known = std::ranges::all_of(
+      told.buckling_factors, [](const store::BucklingRow& row) { return row.unknown.empty(); });
+  return is_known ? "nothing is compressed" : "no factor is known";
+}
+
 std::string safe_over_text(const run::SafeSummary& safe) {
   return fmt::format("{} element{}, {} of which no check says so", safe.over,
                      safe.over == 1 ? "" : "s", safe.unsaid);
@@ -98,6 +111,17 @@ std::pair<Cell, Cell> combination_cells(const model::Model& model, std::uint32_t
   const model::Combination* combination = model.combinations.find(number);
   if (combination == nullptr) return {static_cast<std::int64_t>(number), Cell()};
   return {static_cast<std::int64_t>(combination->state_of.value_or(number)), combination->name};
+}
+
+/// The smallest buckling load factor; empty cells without one.
+template <class Add>
+void add_buckling(const run::CheckResult& result, Add add) {
+  const store::BucklingRow* smallest = run::smallest_factor(result.buckling_factors);
+  add("buckling", std::string(result.buckling == run::FrameBuckling::on ? "on" : "off"));
+  add("buckling_factor", smallest != nullptr ? Cell(*smallest->factor) : Cell());
+  add("buckling_combination",
+      smallest != nullptr ? Cell(static_cast<std::int64_t>(smallest->combination)) : Cell());
+  add("buckling_shape", smallest != nullptr ? Cell(smallest->shape) : Cell());
 }
 
 /// The second opinion of the run; empty cells without one.
@@ -120,6 +144,7 @@ void add_safe(const model::Model& model, const run::CheckResult& result, Add add
   add("safe_combination_name", name);
   add("safe_fraction", worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
   add("remark_count", whole(result.remarks.size()));
+  add_buckling(result, add);
 }
 
 /// What the run took.
@@ -216,6 +241,7 @@ std::string told_text(const model::Model& model, const run::Told& told, Lists li
     out = line_of("safe ratio", safe_text(model, *told.safe->worst)) +
           line_of("safe over 1", safe_over_text(*told.safe));
   }
+  out += line_of("buckling", frame_buckling_text(told));
   const auto of_model = [&model](model::Number number) {
     const model::Combination* found = model.combinations.find(number);
     return found != nullptr ? found->state_of.value_or(number) : number;

@@ -35,6 +35,7 @@ void print_assertions(const services::CheckSummary& summary) {
 bool fails(const run::CheckResult& result, Strictness strict) {
   if (strict == Strictness::none) return false;
   if (result.summary.elements_over_limit > 0) return true;
+  if (std::ranges::any_of(result.buckling_factors, run::buckles)) return true;
   if (strict == Strictness::checks) return false;
   const auto fails_by_remark = [](const store::RemarkRow& remark) {
     return remark.kind == run::unknown_between_ends ||
@@ -151,14 +152,16 @@ int run_check_command(const CheckOptions& options) {
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   ProgressBar progress(wants_progress(options.progress));
-  const run::CheckOptions check{.results = results,
-                                .language = options.language,
-                                .progress = &progress,
-                                .message = print_message,
-                                .second_opinion = options.second_opinion,
-                                .when_busy = options.when_busy,
-                                .beginning = options.beginning,
-                                .objection = [&] { return problem_of(options, results); }};
+  const run::CheckOptions check{
+      .results = results,
+      .language = options.language,
+      .progress = &progress,
+      .message = print_message,
+      .second_opinion = options.second_opinion,
+      .buckling = options.no_buckling ? run::FrameBuckling::off : run::FrameBuckling::on,
+      .when_busy = options.when_busy,
+      .beginning = options.beginning,
+      .objection = [&] { return problem_of(options, results); }};
   note_interrupts();
   try {
     return check_and_print(input, check, options);

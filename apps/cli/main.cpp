@@ -126,6 +126,8 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
       ->each([&options](const std::string& word) {
         options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
       });
+  check->add_flag("--no-buckling", options.no_buckling,
+                  "Do not look at the buckling of the whole frame");
   add_parsed(*check, "--second-opinion", options.second_opinion,
              one_of(parse_second_opinion, "on, off"),
              "Safe ratios beside those of the checks: on or off");
@@ -170,6 +172,12 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       ->excludes("--element");
   results->add_flag("--remarks", options.remarks, "What the run remarked, all or on one element")
       ->excludes("--not-checked");
+  results
+      ->add_flag("--buckling", options.buckling,
+                 "How far the whole frame is from buckling in every combination")
+      ->excludes("--not-checked")
+      ->excludes("--remarks")
+      ->excludes("--element");
   results->get_option("--combinations")->needs("--element");
   for (const char* of_the_list : {"--elements", "--sort", "--top", "--over"}) {
     results->get_option(of_the_list)->excludes("--element");

@@ -9,6 +9,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/told.h"
+#include "aluframe/tables/buckling_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
@@ -130,6 +131,12 @@ std::string remarks_text(store::ResultReader& reader, const ResultsOptions& opti
              : tables::render(tables::remarks_table(remarks), options.format, false);
 }
 
+std::string buckling_text(store::ResultReader& reader, const ResultsOptions& options) {
+  const auto rows = reader.buckling();
+  if (rows.empty()) throw InputError{"the run did not look at the buckling of the frame"};
+  return tables::render(tables::stored_buckling_table(rows, reader.info()), options.format, false);
+}
+
 std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
                     const tables::ResultView& view) {
   if (options.not_checked) {
@@ -137,6 +144,7 @@ std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
                           options.format, false);
   }
   if (options.remarks) return remarks_text(reader, options);
+  if (options.buckling) return buckling_text(reader, options);
   return options.element ? element_text(reader, *options.element, options, view)
                          : list_text(reader, options, view);
 }

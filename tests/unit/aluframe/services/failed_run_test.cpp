@@ -35,6 +35,7 @@ class FailingWriter : public store::ResultWriter {
     inner_->end_element(notes);
   }
   void add_remark(const store::RemarkRow& row) override { inner_->add_remark(row); }
+  void add_buckling(const store::BucklingRow& row) override { inner_->add_buckling(row); }
   void flush() override {
     if (fault_ == Fault::flush) fail();
     inner_->flush();
