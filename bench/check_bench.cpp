@@ -57,8 +57,7 @@ class KeepingWriter : public store::ResultWriter {
     benchmark::DoNotOptimize(record);
   }
   bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { return false; }
-  void add_not_checked(const store::NotChecked&) override {}
-  void add_safe(const store::SafeRow&) override {}
+  void end_element(const store::ElementNotes&) override {}
   void add_remark(const store::RemarkRow&) override {}
   void flush() override {}
   void finish(store::RunState) override {}

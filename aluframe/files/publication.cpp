@@ -114,13 +114,17 @@ Publication::Publication(const fs::path& destination, WhenBusy when_busy)
     : Publication(destination, sibling(link_target(destination), "new").filename(), when_busy) {}
 
 Publication::Publication(const fs::path& destination, const fs::path& new_name, WhenBusy when_busy,
-                         const std::function<void(const fs::path&)>& require)
+                         const std::function<void(const fs::path&)>& require, EarlierPart earlier)
     : destination_(fs::absolute(link_target(destination))),
       lock_(destination_, when_busy),
       path_(destination_.parent_path() / new_name) {
   require_replaceable(destination_);
   if (require) require(path_);
-  create(path_, destination_);
+  if (earlier == EarlierPart::is_gone_on_with) {
+    keep();
+  } else {
+    create(path_, destination_);
+  }
 }
 
 Publication::~Publication() {

@@ -8,6 +8,9 @@
 
 namespace aluframe::files {
 
+/// What becomes of a part that an earlier run has left under the new file's name.
+enum class EarlierPart { is_removed, is_gone_on_with };
+
 /// A file that is written beside the one whose place it is to take, and takes it in one step when
 /// it is whole: whoever reads meets the earlier file or the new one, never a part, also after a
 /// kill, a full disk or a power cut. The path is locked (file_lock.h) meanwhile.
@@ -28,16 +31,18 @@ class Publication {
                        WhenBusy when_busy = WhenBusy::refuse);
   /// The new file has a name of its own in the destination's folder, for a part of it to be kept.
   /// What stands there is removed, unless `require` throws on its path; it is asked when no other
-  /// run can be writing there any more.
+  /// run can be writing there any more. A part that is gone on with must be there, and is kept in
+  /// any case unless it is published or discarded.
   Publication(const std::filesystem::path& destination, const std::filesystem::path& new_name,
               WhenBusy when_busy,
-              const std::function<void(const std::filesystem::path&)>& require = {});
+              const std::function<void(const std::filesystem::path&)>& require = {},
+              EarlierPart earlier = EarlierPart::is_removed);
   /// Removes the new file unless it was published or kept.
   ~Publication();
   Publication(const Publication&) = delete;
   Publication& operator=(const Publication&) = delete;
 
-  /// The new file, which exists and is empty.
+  /// The new file, which exists, and is empty unless it goes on with an earlier part.
   const std::filesystem::path& path() const { return path_; }
   /// The file whose place it takes, whatever links lead to it.
   const std::filesystem::path& destination() const { return destination_; }
@@ -48,6 +53,8 @@ class Publication {
   void publish();
   /// Leaves the new file where it is.
   void keep() { is_done_ = true; }
+  /// Removes it in the end, unless it is published.
+  void discard() { is_done_ = false; }
 
  private:
   std::filesystem::path destination_;

@@ -41,6 +41,10 @@ class ForceTable {
     return forces_.data() + element * cases_;
   }
 
+  /// Of all pairs, element by element, and whether each is given (1).
+  const std::vector<CaseForces>& forces() const { return forces_; }
+  const std::vector<std::uint8_t>& given() const { return given_; }
+
   friend bool operator==(const ForceTable&, const ForceTable&) = default;
 
  private:

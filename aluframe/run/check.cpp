@@ -1,11 +1,16 @@
 #include "aluframe/run/check.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
+#include "aluframe/files/link_target.h"
+#include "aluframe/run/forces_digest.h"
+#include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/session_options.h"
 
 namespace aluframe::run {
@@ -14,26 +19,52 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Starts a result file after telling the user when that means to wait.
-std::unique_ptr<store::ResultWriter> wait_and_create(
-    const fs::path& path, const store::RunInfo& info,
-    const std::function<void(const std::string&)>& message) {
-  try {
-    return store::ResultWriter::create(path, info);
-  } catch (const files::FileBusy& busy) {
-    if (message) message(std::string(busy.what()) + "; waiting for its end");
-    return store::ResultWriter::wait_and_create(path, info);
-  }
+/// Opens the result file after telling the user when that means to wait.
+template <class Open>
+auto open_or_wait(const CheckOptions& options, Open open) {
+  const auto opened = [&] {
+    try {
+      return open(files::WhenBusy::refuse);
+    } catch (const files::FileBusy& busy) {
+      if (options.when_busy == files::WhenBusy::refuse) throw;
+      if (options.message) options.message(std::string(busy.what()) + "; waiting for its end");
+      return open(files::WhenBusy::wait);
+    }
+  };
+  auto out = opened();
+  if (!options.objection) return out;
+  if (const auto objection = options.objection()) throw std::runtime_error(*objection);
+  return out;
 }
 
 std::unique_ptr<store::ResultWriter> create(const fs::path& path, const store::RunInfo& info,
                                             const CheckOptions& options) {
-  auto writer = options.when_busy == files::WhenBusy::wait
-                    ? wait_and_create(path, info, options.message)
-                    : store::ResultWriter::create(path, info);
-  if (!options.objection) return writer;
-  if (const auto objection = options.objection()) throw std::runtime_error(*objection);
-  return writer;
+  return open_or_wait(options, [&](files::WhenBusy when_busy) {
+    return when_busy == files::WhenBusy::wait ? store::ResultWriter::wait_and_create(path, info)
+                                              : store::ResultWriter::create(path, info);
+  });
+}
+
+store::TakenUp take_up(const fs::path& path, const store::RunInfo& info,
+                       const std::vector<std::uint32_t>& elements, const CheckOptions& options) {
+  store::TakenUp taken_up = open_or_wait(options, [&](files::WhenBusy when_busy) {
+    try {
+      return store::ResultWriter::take_up(path, info, elements, when_busy);
+    } catch (const store::CannotTakeUp&) {
+      const auto nothing = nothing_to_resume(path);
+      if (nothing) throw store::CannotTakeUp(*nothing);
+      throw;
+    }
+  });
+  const auto count = std::ranges::count_if(
+      taken_up.elements, [](const auto& element) { return element.notes.element != 0; });
+  const std::size_t done = static_cast<std::size_t>(count);
+  if (options.message) {
+    options.message(fmt::format("{}: {} of {} element{} taken up, {} to be checked",
+                                store::partial_path_of(path).string(), done, elements.size(),
+                                elements.size() == 1 ? "" : "s", elements.size() - done));
+  }
+  return taken_up;
 }
 
 fs::path stored_at(const fs::path& results, const services::CheckSummary& summary) {
@@ -46,6 +77,20 @@ fs::path stored_at(const fs::path& results, const services::CheckSummary& summar
 
 }  // namespace
 
+std::optional<std::string> nothing_to_resume(const fs::path& results) {
+  const fs::path partial = store::partial_path_of(files::link_target(results));
+  std::error_code ignored;
+  if (fs::exists(fs::symlink_status(partial, ignored))) return std::nullopt;
+  const std::string why =
+      fs::exists(results, ignored)
+          ? fmt::format("; {} holds the results of a run that went through", results.string())
+          : "";
+  return fmt::format(
+      "{}: there is no such file, no run has left anything to take up{}; check without "
+      "--resume",
+      partial.string(), why);
+}
+
 CheckResult check(const Input& input, const CheckOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
   session.language = options.language;
@@ -54,30 +99,33 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {
     return create(path, info, options);
   };
+  if (options.beginning == Beginning::resumed) {
+    session.take_up = [&](const fs::path& path, const store::RunInfo& info,
+                          const std::vector<std::uint32_t>& elements) {
+      return take_up(path, info, elements, options);
+    };
+  }
+  session.setup.forces_digest = forces_digest(input);
   CheckResult result;
-  std::vector<store::NotChecked> between;
-  std::optional<second_opinion::RunOpinion> opinion;
+  std::optional<OpinionNotes> opinion;
   result.second_opinion = options.second_opinion;
   if (options.second_opinion == SecondOpinion::on) {
-    session.observer = &opinion.emplace(input.model, input.forces.computed);
+    session.observer = &opinion.emplace(input);
   } else {
     leave_out_second_opinion(session.setup);
   }
   result.remarks = input.remarks;
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {
-      const second_opinion::RunSafe found = opinion->result();
-      const std::vector<store::SafeRow> rows = safe_rows(found);
-      for (const store::SafeRow& row : rows) writer.add_safe(row);
-      result.safe = summary_of(rows);
-      between = not_checked_between(found);
-      for (const store::NotChecked& item : between) writer.add_not_checked(item);
-      std::ranges::move(unchecked_remarks(found, input.model), std::back_inserter(result.remarks));
+      result.safe = summary_of(opinion->safe_rows());
+      std::ranges::move(opinion->remarks(), std::back_inserter(result.remarks));
     }
     for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
   };
   result.summary = services::run_check(input.model, std::move(session));
-  std::ranges::move(between, std::back_inserter(result.summary.not_checked));
+  if (opinion) {
+    std::ranges::copy(opinion->between(), std::back_inserter(result.summary.not_checked));
+  }
   result.results = stored_at(options.results, result.summary);
   return result;
 }

@@ -12,6 +12,9 @@
 
 namespace aluframe::run {
 
+/// Whether a check goes on with what an earlier one has left.
+enum class Beginning { anew, resumed };
+
 struct CheckOptions {
   std::filesystem::path results;  ///< the result file to be written
   services::Language language = services::Language::english;
@@ -20,6 +23,9 @@ struct CheckOptions {
   SecondOpinion second_opinion = SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
+  /// `resumed`: only what is missing in the partial file of an earlier run is checked; the results
+  /// are those of one run that was not interrupted.
+  Beginning beginning = Beginning::anew;
   /// What speaks against the place of the result file, or nothing. Asked when no other run can
   /// write there any more: what that run has left may not be what stood there before.
   std::function<std::optional<std::string>()> objection = {};
@@ -36,7 +42,13 @@ struct CheckResult {
   std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios
 };
 
+/// Why there is nothing that a check could go on with, or nothing.
+std::optional<std::string> nothing_to_resume(const std::filesystem::path& results);
+
 /// Checks what `prepare` has made ready, and stores the results.
+/// @throws store::CannotTakeUp when the check is to be resumed, and what the earlier run has left
+/// is
+///   missing, damaged, or of a run that could have other results; it then is as it was
 CheckResult check(const Input& input, const CheckOptions& options);
 
 }  // namespace aluframe::run

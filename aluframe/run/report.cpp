@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/run/session_options.h"
 
@@ -15,17 +16,13 @@ bool had_second_opinion(const std::filesystem::path& results) {
   return second_opinion_of(store::ResultReader::open(results)->info().setup) == SecondOpinion::on;
 }
 
-/// What stands beside the records of elements that are checked for the report.
-void add_second_opinion(const Input& input, const second_opinion::RunSafe& opinion,
-                        bool is_new_file, store::ResultWriter& writer) {
-  for (const store::SafeRow& row : safe_rows(opinion)) writer.add_safe(row);
-  for (const store::NotChecked& item : not_checked_between(opinion)) writer.add_not_checked(item);
+/// Remarks on elements that are checked for the report; on its input, where the file is its own.
+void add_remarks(const Input& input, const OpinionNotes& opinion, bool is_new_file,
+                 store::ResultWriter& writer) {
   if (is_new_file) {
     for (const store::RemarkRow& row : input.remarks) writer.add_remark(row);
   }
-  for (const store::RemarkRow& row : unchecked_remarks(opinion, input.model)) {
-    writer.add_remark(row);
-  }
+  for (const store::RemarkRow& row : opinion.remarks()) writer.add_remark(row);
 }
 
 }  // namespace
@@ -35,12 +32,12 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   session.language = options.language;
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
-  second_opinion::RunOpinion opinion(input.model, input.forces.computed);
+  OpinionNotes opinion(input);
   const bool is_new_file = !std::filesystem::exists(options.results);
   const bool has_opinion = is_new_file || had_second_opinion(options.results);
   if (has_opinion) session.observer = &opinion;
   session.before_finish = [&](store::ResultWriter& writer) {
-    if (has_opinion) add_second_opinion(input, opinion.result(), is_new_file, writer);
+    if (has_opinion) add_remarks(input, opinion, is_new_file, writer);
   };
   return services::run_report(input.model, std::move(session), options.report);
 }

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <set>
+#include <stdexcept>
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
@@ -34,9 +36,6 @@ constexpr KindText kinds[] = {
      "the checks: give 0 for noise",
      false},
 };
-
-/// LargestForce::position of a force that acts at none of them.
-constexpr int between_positions = -1;
 
 /// ", 0.3 of the length" between the positions of an element; nothing at one of them.
 std::string fraction_text(const second_opinion::Place& place) {
@@ -98,7 +97,7 @@ std::string between_text(const Pairs& pairs, const model::Model& model, const ch
 }
 
 /// One row for all elements and load cases; where both are so, the text tells their elements apart.
-void add_between(const second_opinion::RunSafe& result, const model::Model& model,
+void add_between(const second_opinion::RunFound& result, const model::Model& model,
                  std::vector<store::RemarkRow>& rows) {
   const Pairs &unknown = result.unknown_between, &estimated = result.estimated_between;
   if (unknown.empty() && estimated.empty()) return;
@@ -127,21 +126,16 @@ SecondOpinion second_opinion_of(const store::RunSetup& setup) {
   return is_off ? SecondOpinion::off : SecondOpinion::on;
 }
 
-std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result) {
-  std::vector<store::SafeRow> rows;
-  rows.reserve(result.elements.size());
-  for (const second_opinion::ElementSafe& element : result.elements) {
-    rows.push_back({.element = element.place.element,
-                    .code = element.code,
-                    .safe = element.safe,
-                    .item = element.item,
-                    .rules = second_opinion::to_text(element.rules),
-                    .combination = element.place.combination,
-                    .min_side = element.place.min_side,
-                    .fraction = element.place.fraction,
-                    .from_start = element.from_start});
-  }
-  return rows;
+store::SafeRow safe_row(const second_opinion::ElementSafe& element) {
+  return {.element = element.place.element,
+          .code = element.code,
+          .safe = element.safe,
+          .item = element.item,
+          .rules = second_opinion::to_text(element.rules),
+          .combination = element.place.combination,
+          .min_side = element.place.min_side,
+          .fraction = element.place.fraction,
+          .from_start = element.from_start};
 }
 
 SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
@@ -159,20 +153,41 @@ SafeSummary summary_of(const std::vector<store::SafeRow>& rows) {
   return summary;
 }
 
-std::vector<store::NotChecked> not_checked_between(const second_opinion::RunSafe& result) {
-  std::vector<store::NotChecked> items;
-  for (const second_opinion::UncheckedBetween& force : result.unchecked_between) {
-    const bool is_torsion = force.component == model::torsion;
-    const char* name = is_torsion ? "Mx" : force.component == model::shear_y ? "Fy" : "Fz";
-    items.push_back({force.place.element, std::nullopt,
-                     is_torsion ? services::torsion_without_check : services::shear_without_check,
-                     store::LargestForce{name, force.magnitude, between_positions,
-                                         force.place.combination, force.place.min_side}});
-  }
-  return items;
+store::NotChecked not_checked_between(const second_opinion::UncheckedBetween& force) {
+  const bool is_torsion = force.component == model::torsion;
+  const char* name = is_torsion ? "Mx" : force.component == model::shear_y ? "Fy" : "Fz";
+  return {force.place.element, std::nullopt,
+          is_torsion ? services::torsion_without_check : services::shear_without_check,
+          store::LargestForce{name, force.magnitude, store::between_positions,
+                              force.place.combination, force.place.min_side}};
 }
 
-std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
+store::UncheckedRow unchecked_row(const Unchecked& item) {
+  const auto at = [](const second_opinion::Place& place) -> store::UncheckedRow::At {
+    return {place.combination, place.min_side, place.fraction};
+  };
+  return {.kind = kinds[static_cast<std::size_t>(item.kind)].rule,
+          .magnitude = item.magnitude,
+          .at = at(item.magnitude_place),
+          .ratio = item.ratio,
+          .ratio_at = at(item.ratio_place)};
+}
+
+Unchecked unchecked_of(std::uint32_t element, const store::UncheckedRow& row) {
+  const auto* kind = std::ranges::find(kinds, row.kind, &KindText::rule);
+  if (kind == std::end(kinds)) throw std::runtime_error("there is no remark " + row.kind);
+  const auto place = [&](const store::UncheckedRow::At& at) -> second_opinion::Place {
+    return {element, at.combination, at.min_side, at.fraction};
+  };
+  return {.kind = static_cast<Unchecked::Kind>(kind - std::begin(kinds)),
+          .elements = {element},
+          .magnitude = row.magnitude,
+          .magnitude_place = row.magnitude > 0.0 ? place(row.at) : second_opinion::Place(),
+          .ratio = row.ratio,
+          .ratio_place = row.ratio ? place(row.ratio_at) : second_opinion::Place()};
+}
+
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunFound& result,
                                                 const model::Model& model) {
   std::vector<store::RemarkRow> rows;
   rows.reserve(result.unchecked.size());

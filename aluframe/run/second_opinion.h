@@ -27,15 +27,20 @@ struct SafeSummary {
   std::optional<store::SafeRow> worst;
 };
 
-std::vector<store::SafeRow> safe_rows(const second_opinion::RunSafe& result);
+store::SafeRow safe_row(const second_opinion::ElementSafe& element);
 SafeSummary summary_of(const std::vector<store::SafeRow>& rows);
 
-/// Shear and torsion without a check that are larger between two positions of an element than at
-/// any of them.
-std::vector<store::NotChecked> not_checked_between(const second_opinion::RunSafe& result);
+/// Shear or torsion without a check that is larger between two positions of an element than at any
+/// of them.
+store::NotChecked not_checked_between(const second_opinion::UncheckedBetween& force);
+
+/// A force of an element that no check is for, as it is stored, and back.
+store::UncheckedRow unchecked_row(const second_opinion::Unchecked& item);
+/// @throws std::runtime_error for a row of no kind
+second_opinion::Unchecked unchecked_of(std::uint32_t element, const store::UncheckedRow& row);
 
 /// What no check of the run is for, a remark a kind, with the worst second opinion of it.
-std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunSafe& result,
+std::vector<store::RemarkRow> unchecked_remarks(const second_opinion::RunFound& result,
                                                 const model::Model& model);
 
 }  // namespace aluframe::run

@@ -236,16 +236,15 @@ void RunOpinion::keep(const SafeRatio& ratio, const Place& place) {
   worst.from_start = place.fraction.value_or(0.0) * current_->length;
 }
 
-RunSafe RunOpinion::result() const {
-  RunSafe out = result_;
+RunFound RunOpinion::result() const {
+  RunFound out = result_;
   out.unchecked = unchecked_.kinds();
-  out.unchecked_between = unchecked_.between();
   return out;
 }
 
 void RunOpinion::finish(const T_RALU_D& governing) {
   extremes_.finished_element(current_->chain);
-  unchecked_.finish_element();
+  last_ = {std::nullopt, unchecked_.finish_element()};
   const std::unique_ptr<Current> done = std::move(current_);
   if (!done->any) return;
   std::optional<double>& code = done->worst.code;
@@ -255,7 +254,7 @@ void RunOpinion::finish(const T_RALU_D& governing) {
     if (!code || !std::isfinite(ratio) || ratio > *code) code = ratio;
     if (!std::isfinite(ratio)) break;
   }
-  result_.elements.push_back(done->worst);
+  last_.safe = done->worst;
 }
 
 }  // namespace aluframe::second_opinion

@@ -16,7 +16,6 @@
 #include "aluframe/second_opinion/member_extremes.h"
 #include "aluframe/second_opinion/place.h"
 #include "aluframe/second_opinion/unchecked_forces.h"
-#include "aluframe/services/run_observer.h"
 
 namespace aluframe::second_opinion {
 
@@ -30,11 +29,15 @@ struct ElementSafe {
   double from_start = 0.0;  ///< mm from the element's start; 0 for the whole member
 };
 
-/// What the second opinion of a run came to.
-struct RunSafe {
-  std::vector<ElementSafe> elements;  ///< checked ones, in the order of the run
-  std::vector<Unchecked> unchecked;   ///< kinds that were met
-  std::vector<UncheckedBetween> unchecked_between;
+/// What the second opinion of an element came to.
+struct ElementFound {
+  std::optional<ElementSafe> safe;  ///< nothing: no ratio could be formed
+  ElementUnchecked unchecked;
+};
+
+/// What the second opinion of a run came to beside that of its elements.
+struct RunFound {
+  std::vector<Unchecked> unchecked;  ///< kinds that were met
   /// Elements and load cases, by their places, of which nothing is known between the five positions
   /// that are given.
   std::vector<std::pair<std::size_t, std::size_t>> unknown_between;
@@ -45,20 +48,28 @@ struct RunSafe {
 /// Asks about every position of a check run while it goes on.
 ///
 ///     RunOpinion opinion(model, summary.computed);  // of compute_forces
-///     options.observer = &opinion;
-///     services::run_check(model, options);
-///     opinion.result()
-class RunOpinion : public services::RunObserver {
+///     for (every record of the run) opinion.checked(element, combination, min_side, record);
+///     opinion.last()    // after the governing record of an element
+///     opinion.result()  // in the end
+class RunOpinion {
  public:
   /// `model` must outlive the object; its forces must be there.
   /// @param computed pairs whose forces the analysis has computed
   explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {});
-  ~RunOpinion() override;
+  ~RunOpinion();
+  RunOpinion(const RunOpinion&) = delete;
+  RunOpinion& operator=(const RunOpinion&) = delete;
 
+  /// A record of the run, while its host is bound: combination 0 is the governing one, which ends
+  /// the element.
   void checked(std::uint32_t element, std::uint32_t combination, int min_side,
-               const T_RALU_D& record) override;
+               const T_RALU_D& record);
+  /// Of the element that the last governing record has ended.
+  const ElementFound& last() const { return last_; }
+  /// What an earlier run has found at an element that is not asked about again.
+  void take_up(const std::vector<Unchecked>& of_element) { unchecked_.add(of_element); }
 
-  RunSafe result() const;
+  RunFound result() const;
 
  private:
   struct Current;
@@ -86,7 +97,8 @@ class RunOpinion : public services::RunObserver {
   std::unique_ptr<Current> current_;
   AluDgnEndForce end_;  ///< of the member, for the record at hand
   UncheckedForces unchecked_;
-  RunSafe result_;
+  ElementFound last_;
+  RunFound result_;
 };
 
 }  // namespace aluframe::second_opinion

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace aluframe::second_opinion {
 
@@ -11,6 +12,32 @@ namespace {
 constexpr double silent_ratio = 1e-6;
 /// Forces at positions are in single precision.
 constexpr double rounding = 1e-6;
+
+Unchecked& item_of(std::vector<Unchecked>& kinds, Unchecked::Kind kind) {
+  const auto found = std::ranges::find(kinds, kind, &Unchecked::kind);
+  if (found != kinds.end()) return *found;
+  Unchecked& added = kinds.emplace_back();
+  added.kind = kind;
+  return added;
+}
+
+/// The first among equals stays.
+void take_larger(Unchecked& item, double magnitude, const Place& place) {
+  if (!(magnitude > item.magnitude)) return;
+  item.magnitude = magnitude;
+  item.magnitude_place = place;
+}
+
+void take_larger_ratio(Unchecked& item, const std::optional<double>& ratio, const Place& place) {
+  if (!ratio || (item.ratio && !(*ratio > *item.ratio))) return;
+  item.ratio = ratio;
+  item.ratio_place = place;
+}
+
+double torsion_ratio(const std::vector<Unchecked>& kinds) {
+  const auto found = std::ranges::find(kinds, Unchecked::Kind::torsion, &Unchecked::kind);
+  return found == kinds.end() ? 0.0 : found->ratio.value_or(0.0);
+}
 
 }  // namespace
 
@@ -57,36 +84,36 @@ void UncheckedForces::note_component(const Place& place, PlaceKind where,
 
 void UncheckedForces::note_kind(Unchecked::Kind kind, double magnitude, const Place& place,
                                 std::optional<double> ratio) {
-  auto found = std::ranges::find(kinds_, kind, &Unchecked::kind);
-  if (found == kinds_.end()) {
-    kinds_.emplace_back().kind = kind;
-    found = kinds_.end() - 1;
-  }
-  if (found->elements.empty() || *found->elements.rbegin() != place.element) {
-    found->elements.insert(place.element);
-  }
-  if (magnitude > found->magnitude) {
-    found->magnitude = magnitude;
-    found->magnitude_place = place;
-  }
-  if (ratio && (!found->ratio || *ratio > *found->ratio)) {
-    found->ratio = ratio;
-    found->ratio_place = place;
-  }
+  Unchecked& item = item_of(of_element_, kind);
+  if (item.elements.empty()) item.elements.insert(place.element);
+  take_larger(item, magnitude, place);
+  take_larger_ratio(item, ratio, place);
 }
 
 double UncheckedForces::worst_torsion() const {
-  const auto found = std::ranges::find(kinds_, Unchecked::Kind::torsion, &Unchecked::kind);
-  return found == kinds_.end() ? 0.0 : found->ratio.value_or(0.0);
+  return std::max(torsion_ratio(kinds_), torsion_ratio(of_element_));
 }
 
-void UncheckedForces::finish_element() {
+void UncheckedForces::add(const std::vector<Unchecked>& kinds) {
+  for (const Unchecked& added : kinds) {
+    Unchecked& item = item_of(kinds_, added.kind);
+    item.elements.insert(added.elements.begin(), added.elements.end());
+    take_larger(item, added.magnitude, added.magnitude_place);
+    take_larger_ratio(item, added.ratio, added.ratio_place);
+  }
+}
+
+ElementUnchecked UncheckedForces::finish_element() {
+  ElementUnchecked out;
   for (Largest& largest : largest_) {
     if (largest.between.magnitude > largest.at_positions * (1.0 + rounding)) {
-      between_.push_back(largest.between);
+      out.between.push_back(largest.between);
     }
     largest = Largest();
   }
+  add(of_element_);
+  out.kinds = std::exchange(of_element_, {});
+  return out;
 }
 
 }  // namespace aluframe::second_opinion

@@ -39,20 +39,27 @@ struct UncheckedBetween {
 /// Which places an element's forces are looked at.
 enum class PlaceKind { position, between };
 
+/// Of one element what a run gathers over all.
+struct ElementUnchecked {
+  std::vector<Unchecked> kinds;  ///< in the order met
+  std::vector<UncheckedBetween> between;
+};
+
 /// Notes the forces of a run that no check is for, place by place and element by element.
 class UncheckedForces {
  public:
   /// @param code what the checks have made of `force`
   void note(const Place& place, PlaceKind where, ElementOpinion& opinion,
             const AluDgnSectForce& force, const T_RALU_SECT& code);
-  /// The element has no more places.
-  void finish_element();
+  /// The element has no more places. @return what was noted of it
+  ElementUnchecked finish_element();
+  /// Adds kinds of an element that is finished.
+  void add(const std::vector<Unchecked>& kinds);
 
   /// The worst ratio of torsion so far; 0 without one.
   double worst_torsion() const;
-  /// Kinds that were met.
+  /// Kinds that were met at finished elements.
   const std::vector<Unchecked>& kinds() const { return kinds_; }
-  const std::vector<UncheckedBetween>& between() const { return between_; }
 
  private:
   /// Shear along y and z and torsion of the element at hand.
@@ -67,7 +74,7 @@ class UncheckedForces {
                  std::optional<double> ratio);
 
   std::vector<Unchecked> kinds_;
-  std::vector<UncheckedBetween> between_;
+  std::vector<Unchecked> of_element_;  ///< at hand
   std::array<Largest, 3> largest_{};
 };
 

@@ -55,21 +55,31 @@ class LastMessage {
   std::optional<std::string> last_;
 };
 
-/// Writes what was not checked and how the run ended. The file is finished also when it has failed,
-/// so that it says so where it still can.
+/// Writes what stands beside the elements and how the run ended. The file is finished also when it
+/// has failed, so that it says so where it still can.
 void finish_file(Session& session, RunOutcome outcome) {
   store::ResultWriter* writer = session.manager().writer();
   if (writer == nullptr) return;
   try {
-    for (const store::NotChecked& item : session.monitor().not_checked()) {
-      writer->add_not_checked(item);
-    }
     if (session.options().before_finish) session.options().before_finish(*writer);
   } catch (const std::exception&) {
     writer->finish(store::RunState::failed);
     throw;
   }
   writer->finish(state_of(outcome));
+}
+
+/// @return false, with the failure noted, when another run stands in the way
+bool take_up(Session& session) {
+  try {
+    session.take_up();
+    return true;
+  } catch (const store::CannotTakeUp&) {
+    throw;
+  } catch (const std::exception& error) {
+    session.monitor().note_failure(files::error_text(error));
+    return false;
+  }
 }
 
 /// True when all states of an envelope are checked, or one that nothing else has.
@@ -107,6 +117,7 @@ CheckSummary summary_of(Session& session, const model::Model& model, RunOutcome 
   count_combinations(session, model, summary);
   summary.checked_elements = monitor.checked_elements();
   summary.checked_positions = monitor.checked_positions();
+  summary.positions_taken_up = monitor.positions_taken_up();
   summary.elements_over_limit = monitor.elements_over_limit();
   if (const store::ResultWriter* writer = session.manager().writer()) {
     summary.records = writer->record_count();
@@ -124,7 +135,7 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
   LastMessage last(options.message);
   Session session(model, std::move(options));
   const Binding binding(session);
-  const int flag = IAluDgnDataMgr::Instance()->CheckCode(nullptr);
+  const int flag = take_up(session) ? IAluDgnDataMgr::Instance()->CheckCode(nullptr) : 0;
   RunOutcome outcome = outcome_of(session, flag);
   if (outcome == RunOutcome::failed && !session.monitor().failure()) {
     session.monitor().note_failure("the design module ended the run without a result");

@@ -30,6 +30,7 @@ struct CheckSummary {
   bool by_states = false;  ///< an envelope was checked by its states
   std::uint64_t checked_elements = 0;
   std::uint64_t checked_positions = 0;
+  std::uint64_t positions_taken_up = 0;  ///< of these, those that an earlier run has checked
   std::uint64_t elements_over_limit = 0;
   std::uint64_t records = 0;  ///< records stored
   double seconds = 0.0;
@@ -40,6 +41,8 @@ struct CheckSummary {
 
 /// Checks a model with the design module and stores the results.
 /// The host that was bound before is not restored: one run at a time.
+/// @throws store::CannotTakeUp when the run is to go on with what an earlier one has left, and
+/// cannot
 CheckSummary run_check(const model::Model& model, SessionOptions options);
 
 }  // namespace aluframe::services

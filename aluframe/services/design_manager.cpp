@@ -58,7 +58,8 @@ UINT DesignManager::GetOriginElem(int index) const {
 
 int DesignManager::CreateDesignResultFile() {
   // The run before, if any, is over.
-  writer_.reset();
+  writer_ = std::move(taken_up_);
+  if (writer_ != nullptr) return 1;
   try {
     writer_ = create_writer_(result_path_, info_);
     return 1;
@@ -80,7 +81,37 @@ int DesignManager::WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lco
   if (observer_ != nullptr) {
     noting_failure([&] { observer_->checked(elem, lcomb, minSide, record); });
   }
+  constexpr UINT governing = 0;
+  if (lcomb == governing) {
+    store::ElementNotes notes = monitor_.take_notes(elem);
+    if (observer_ != nullptr) observer_->add_notes(notes);
+    end_element(notes);
+  }
   return 1;
+}
+
+void DesignManager::end_element(const store::ElementNotes& notes) {
+  if (writer_ != nullptr) noting_failure([&] { writer_->end_element(notes); });
+}
+
+void DesignManager::take_up(store::TakenUp earlier) {
+  for (const store::FinishedElement& element : earlier.elements) {
+    monitor_.take_up(element);
+    if (observer_ != nullptr) observer_->take_up(element.notes);
+  }
+  taken_up_ = std::move(earlier.writer);
+}
+
+void DesignManager::begin_elements() {
+  monitor_.begin_elements();
+  if (monitor_.taken_up() > 0) return;
+  constexpr std::uint32_t run_start = 0;
+  const store::ElementNotes notes = monitor_.take_notes(run_start);
+  if (!notes.assertions.empty()) end_element(notes);
+}
+
+void DesignManager::set_done(std::size_t done) {
+  if (const auto unchecked = monitor_.set_done(done)) end_element(monitor_.take_notes(*unchecked));
 }
 
 int DesignManager::ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int) {
@@ -119,9 +150,6 @@ void DesignManager::close_stored_results(
     const std::function<void(store::ResultWriter&)>& before_finish) {
   stored_.reset();
   if (writer_ == nullptr) return;
-  for (const store::NotChecked& item : monitor_.not_checked()) {
-    writer_->add_not_checked(item);
-  }
   if (before_finish) before_finish(*writer_);
   writer_->finish(stored_state_);
 }

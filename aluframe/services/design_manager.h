@@ -54,8 +54,18 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   /// Elements whose results were added to the stored ones, by number.
   const std::set<std::uint32_t>& added() const { return added_; }
 
+  /// Goes on with what an earlier run has left: its elements are counted, and their records are not
+  /// written again.
+  void take_up(store::TakenUp earlier);
+  /// The first element is about to be checked.
+  void begin_elements();
+  /// Of the elements that are checked `done` are finished.
+  void set_done(std::size_t done);
+
   /// Nonzero once a run has finished with a consistent result file.
   int design_flag() const { return design_flag_; }
+  /// What the result file says about its run.
+  const store::RunInfo& info() const { return info_; }
   /// The run's result file, or null when none was started.
   store::ResultWriter* writer() { return writer_.get(); }
 
@@ -65,6 +75,8 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   auto noting_failure(Action action);
   /// Opens the stored results for adding to them, or starts a result file.
   void start_adding();
+  /// Stores what is to be said of an element that the run is through with.
+  void end_element(const store::ElementNotes& notes);
   std::optional<T_RALU_D> stored_record(UINT elem, UINT lcomb, int minSide);
 
   const model::Model& model_;
@@ -76,6 +88,7 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   ResultWriterFactory create_writer_;
   RunObserver* observer_;
   std::unique_ptr<store::ResultWriter> writer_;
+  std::unique_ptr<store::ResultWriter> taken_up_;  ///< until the run starts its result file
   bool uses_stored_ = false;
   std::set<std::uint32_t> added_;
   store::RunState stored_state_ = store::RunState::complete;

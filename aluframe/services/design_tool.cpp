@@ -26,7 +26,16 @@ int DesignTool::FiltAluKeysByMatl(const CArray<UINT>& in, CArray<UINT>& out, int
     if (model_.elements.find(elem) != nullptr) out.Add(elem);
   }
   monitor_.set_elements({out.begin(), out.end()});
+  if (monitor_.taken_up() > 0) leave_out_taken_up(out);
   return 1;
+}
+
+void DesignTool::leave_out_taken_up(CArray<UINT>& elements) const {
+  const std::vector<UINT> all(elements.begin(), elements.end());
+  elements.RemoveAll();
+  for (const UINT elem : all) {
+    if (!monitor_.was_taken_up(elem)) elements.Add(elem);
+  }
 }
 
 int DesignTool::GetAluDgnLCombs(CArrayEx<T_LCOM_MAXMIN_K>& out, int, int) const {

@@ -32,6 +32,9 @@ class DesignTool : public IAluDgnTool, public CViewCtrl {
   void GetAllSelectedElem(CArray<UINT>& out) const override;
 
  private:
+  /// What an earlier run was through with needs no check.
+  void leave_out_taken_up(CArray<UINT>& elements) const;
+
   const model::Model& model_;
   const model::CombinationEvaluator& evaluator_;
   RunMonitor& monitor_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "aluframe/model/force_component.h"
@@ -65,7 +66,8 @@ bool was_left_out(const Unchecked& force, const T_RALU_SECT& result) {
 
 /// Checks are chosen by axial force and bending; shear or torsion alone calls for none.
 bool has_force_state(const std::array<float, 6>& force) {
-  return acts(force[model::axial_force]) || acts(force[model::about_y]) || acts(force[model::about_z]);
+  return acts(force[model::axial_force]) || acts(force[model::about_y]) ||
+         acts(force[model::about_z]);
 }
 
 }  // namespace
@@ -80,21 +82,44 @@ bool was_judged(double demand, double capacity) {
 
 void RunMonitor::set_elements(std::vector<std::uint32_t> elements) {
   elements_ = std::move(elements);
-  done_ = 0;
+  done_ = taken_up();
   current_ = Current();
+}
+
+void RunMonitor::take_up(const store::FinishedElement& element) {
+  const store::ElementNotes& notes = element.notes;
+  if (notes.element != 0) taken_up_.insert(notes.element);
+  checked_positions_ += notes.checked_positions;
+  positions_taken_up_ += notes.checked_positions;
+  if (element.governing) count_governing(notes.element, *element.governing);
+  std::ranges::copy_if(notes.not_checked, std::back_inserter(not_checked_),
+                       [](const store::NotChecked& item) { return !store::is_between(item); });
+  for (const store::AssertionRow& row : notes.assertions) assertions_[row.place] += row.count;
+  since_.not_checked = not_checked_.size();
+}
+
+void RunMonitor::begin_elements() {
+  if (taken_up() == 0) return;
+  for (const auto& [place, count] : std::exchange(since_.assertions, {})) {
+    const auto total = assertions_.find(place);
+    total->second -= count;
+    if (total->second == 0) assertions_.erase(total);
+  }
 }
 
 bool RunMonitor::is_current(std::uint32_t element) const {
   return done_ < elements_.size() && elements_[done_] == element;
 }
 
-void RunMonitor::set_done(std::size_t done) {
+std::optional<std::uint32_t> RunMonitor::set_done(std::size_t done) {
+  std::optional<std::uint32_t> unchecked;
   if (done_ < elements_.size() && !current_.governing_written) {
-    not_checked_.push_back(
-        {elements_[done_], std::nullopt, "its design data could not be assembled"});
+    unchecked = elements_[done_];
+    not_checked_.push_back({*unchecked, std::nullopt, "its design data could not be assembled"});
   }
-  done_ = done;
+  done_ = taken_up() + done;
   current_ = Current();
+  return unchecked;
 }
 
 void RunMonitor::start_element(std::uint32_t element) {
@@ -153,7 +178,10 @@ void RunMonitor::note_positions(std::uint32_t element, std::uint32_t combination
   std::string unchecked;
   for (std::size_t p = 0; p < kCheckPositions; ++p) {
     const T_RALU_SECT& result = record.aSect[p];
-    if (any_judged(result)) ++checked_positions_;
+    if (any_judged(result)) {
+      ++checked_positions_;
+      ++since_.checked_positions;
+    }
     if (!is_current(element) || !current_.requested[p]) continue;
     if (has_force_state(current_.force[p]) && std::ranges::all_of(result.aItem, is_empty)) {
       unchecked += (unchecked.empty() ? "" : ", ") + std::string(position_names[p]);
@@ -192,27 +220,31 @@ void RunMonitor::add_left_out_forces(std::uint32_t element) {
 
 void RunMonitor::note_governing(std::uint32_t element, const T_RALU_D& record) {
   current_.governing_written = true;
-  const auto judged = [](const T_RALU_ITEM& item) {
-    return was_judged(item.dDemand, item.dCapacity);
-  };
-  if (std::ranges::none_of(record.aComp, judged)) {
+  if (!count_governing(element, record.aComp)) {
     not_checked_.push_back({element, std::nullopt, reason_without_result(element)});
     if (!current_.had_force_state) note_forces_without_state(element);
     return;
   }
-  ++checked_elements_;
   add_left_out_forces(element);
   not_checked_.insert(not_checked_.end(), current_.pending.begin(), current_.pending.end());
+}
+
+bool RunMonitor::count_governing(std::uint32_t element,
+                                 const std::array<T_RALU_ITEM, kResultItems>& checks) {
+  bool any = false;
   bool over = false;
-  for (std::size_t item = 0; item < record.aComp.size(); ++item) {
-    const T_RALU_ITEM& check = record.aComp[item];
-    if (!judged(check)) continue;
+  for (std::size_t item = 0; item < checks.size(); ++item) {
+    const T_RALU_ITEM& check = checks[item];
+    if (!was_judged(check.dDemand, check.dCapacity)) continue;
+    any = true;
     over = over || exceeds_limit(check.Ratio());
     if (!worst_ || check.ComPair(worst_->check) != 0) {
       worst_ = WorstCheck{element, static_cast<int>(item), check};
     }
   }
+  if (any) ++checked_elements_;
   if (over) ++elements_over_limit_;
+  return any;
 }
 
 void RunMonitor::note_forces_without_state(std::uint32_t element) {
@@ -245,11 +277,22 @@ void RunMonitor::note_assertion(const std::string& source, int line) {
                        std::ranges::any_of(model_.sections, [](const model::Section& section) {
                          return section.shape == model::Shape::other;
                        });
-  if (!is_told) ++assertions_[place];
+  if (is_told) return;
+  ++assertions_[place];
+  ++since_.assertions[place];
 }
 
 void RunMonitor::note_failure(const std::string& text) {
   if (!failure_) failure_ = text;
+}
+
+store::ElementNotes RunMonitor::take_notes(std::uint32_t element) {
+  const SinceNotes since = std::exchange(since_, {0, not_checked_.size(), {}});
+  store::ElementNotes notes{.element = element, .checked_positions = since.checked_positions};
+  const auto first = not_checked_.begin() + static_cast<std::ptrdiff_t>(since.not_checked);
+  notes.not_checked.assign(first, not_checked_.end());
+  for (const auto& [place, count] : since.assertions) notes.assertions.push_back({place, count});
+  return notes;
 }
 
 }  // namespace aluframe::services

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "aluframe/model/model.h"
@@ -42,8 +43,17 @@ class RunMonitor {
 
   /// The elements of the run, in the order in which they are checked.
   void set_elements(std::vector<std::uint32_t> elements);
-  /// `done` elements are finished; the last of them was not checked if it left no governing record.
-  void set_done(std::size_t done);
+  /// Counts an element that an earlier run was through with; it is one of the first of the run.
+  void take_up(const store::FinishedElement& element);
+  /// Elements that an earlier run was through with.
+  std::size_t taken_up() const { return taken_up_.size(); }
+  bool was_taken_up(std::uint32_t element) const { return taken_up_.contains(element); }
+  /// The first element is about to be checked. What was noted until then stands in the results of
+  /// the earlier run, if there is one.
+  void begin_elements();
+  /// Of those that this run checks `done` elements are finished; the last of them was not checked
+  /// if it left no governing record. @return it, if it was not
+  std::optional<std::uint32_t> set_done(std::size_t done);
   /// What follows is about this element of the run: a report takes elements without counting them.
   void start_element(std::uint32_t element);
   /// Forces that were handed out for `element`, which may be the one being checked or an end of its
@@ -55,12 +65,17 @@ class RunMonitor {
   void note_record(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_assertion(const std::string& source, int line);
   void note_failure(const std::string& text);
+  /// What is to be stored of an element that the run is through with, or of its start (element 0):
+  /// all that was noted since the element before.
+  store::ElementNotes take_notes(std::uint32_t element);
 
   std::size_t element_count() const { return elements_.size(); }
   const std::vector<std::uint32_t>& elements() const { return elements_; }
   std::uint64_t checked_elements() const { return checked_elements_; }
   /// Element × combination × position at which at least one demand was set against a limit.
   std::uint64_t checked_positions() const { return checked_positions_; }
+  /// Of these, those of elements that an earlier run was through with.
+  std::uint64_t positions_taken_up() const { return positions_taken_up_; }
   std::uint64_t elements_over_limit() const { return elements_over_limit_; }
   const std::optional<WorstCheck>& worst() const { return worst_; }
   const std::vector<store::NotChecked>& not_checked() const { return not_checked_; }
@@ -84,7 +99,16 @@ class RunMonitor {
     std::vector<store::NotChecked> pending;
   };
 
+  /// What was noted since the notes of the last element were taken.
+  struct SinceNotes {
+    std::uint64_t checked_positions = 0;
+    std::size_t not_checked = 0;  ///< of `not_checked_` those before it are taken
+    std::map<std::string, std::uint64_t> assertions;
+  };
+
   bool is_current(std::uint32_t element) const;
+  /// @return false when no check of the element has a result
+  bool count_governing(std::uint32_t element, const std::array<T_RALU_ITEM, kResultItems>& checks);
   void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_governing(std::uint32_t element, const T_RALU_D& record);
   void note_left_out_forces(std::size_t position, std::uint32_t combination,
@@ -98,10 +122,13 @@ class RunMonitor {
 
   const model::Model& model_;
   std::vector<std::uint32_t> elements_;
+  std::unordered_set<std::uint32_t> taken_up_;
   std::size_t done_ = 0;
   Current current_;
+  SinceNotes since_;
   std::uint64_t checked_elements_ = 0;
   std::uint64_t checked_positions_ = 0;
+  std::uint64_t positions_taken_up_ = 0;
   std::uint64_t elements_over_limit_ = 0;
   std::optional<WorstCheck> worst_;
   std::vector<store::NotChecked> not_checked_;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "aluframe/store/element_notes.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::services {
@@ -15,6 +16,10 @@ class RunObserver {
   /// throws ends the run as failed.
   virtual void checked(std::uint32_t element, std::uint32_t combination, int min_side,
                        const T_RALU_D& record) = 0;
+  /// Adds what is to be stored of the element whose governing record was the last one.
+  virtual void add_notes(store::ElementNotes& notes) = 0;
+  /// An earlier run was through with this element; it comes before those that are checked.
+  virtual void take_up(const store::ElementNotes& notes) = 0;
 };
 
 }  // namespace aluframe::services

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/services/program_build.h"
 #include "aluframe/services/text.h"
 
 namespace aluframe::services {
@@ -31,16 +33,33 @@ std::vector<store::EnvelopeState> envelope_states(const model::Model& model,
   return rows;
 }
 
+/// The elements that a run goes through, in their order.
+std::vector<std::uint32_t> elements_of_run(const model::Model& model,
+                                           const std::vector<model::Number>& selected) {
+  if (!selected.empty()) return selected;
+  std::vector<std::uint32_t> elements;
+  elements.reserve(model.elements.size());
+  for (const model::Element& element : model.elements) elements.push_back(element.number);
+  return elements;
+}
+
+std::string ranges_of(std::vector<std::uint32_t> numbers) {
+  std::ranges::sort(numbers);
+  return model::join_as_ranges(numbers);
+}
+
 store::RunInfo run_info(const model::Model& model, const model::CombinationEvaluator& evaluator,
                         const SessionOptions& options) {
   store::RunInfo info{.model_title = model.title,
                       .code = "GB 50429-2007",
-                      .program = "aluframe",
+                      .program = "aluframe " ALUFRAME_VERSION,
                       .combinations = {},
                       .model_digest = options.model_digest,
                       .envelope_states = envelope_states(model, options.combinations),
                       .setup = options.setup,
-                      .model_elements = static_cast<std::uint32_t>(model.elements.size())};
+                      .model_elements = static_cast<std::uint32_t>(model.elements.size()),
+                      .build = program_build(),
+                      .elements = ranges_of(elements_of_run(model, options.selected))};
   for (const model::Combination& combination : model.combinations) {
     if (!combination.state_of && (combination.design || !combination.states.empty())) {
       ++info.model_combinations;
@@ -60,19 +79,26 @@ store::RunInfo run_info(const model::Model& model, const model::CombinationEvalu
 /// Hands the module's progress on to the listener and the monitor.
 class ListenedProgress : public CDgnProgressDlg {
  public:
-  ListenedProgress(ProgressListener* listener, RunMonitor& monitor, bool& cancelled)
-      : listener_(listener), monitor_(monitor), cancelled_(cancelled) {}
+  ListenedProgress(ProgressListener* listener, DesignManager& manager, std::size_t taken_up,
+                   bool& cancelled)
+      : listener_(listener),
+        manager_(manager),
+        taken_up_(static_cast<int>(taken_up)),
+        cancelled_(cancelled) {}
   ListenedProgress(const ListenedProgress&) = delete;
   ListenedProgress& operator=(const ListenedProgress&) = delete;
   ~ListenedProgress() override { close(); }
 
   void Create_ProgressDlg(const CString&, const CString& text, int) override {
     open_ = true;
+    manager_.begin_elements();
     if (listener_ != nullptr) listener_->started(to_utf8(text));
   }
   int Update_ProgressDlg(int done, int total) override {
-    monitor_.set_done(static_cast<std::size_t>(done));
-    if (listener_ != nullptr && listener_->advanced(done, total)) cancelled_ = true;
+    manager_.set_done(static_cast<std::size_t>(done));
+    if (listener_ != nullptr && listener_->advanced(taken_up_ + done, taken_up_ + total)) {
+      cancelled_ = true;
+    }
     return cancelled_ ? 1 : 0;
   }
   void Delete_ProgressDlg() override { close(); }
@@ -83,7 +109,8 @@ class ListenedProgress : public CDgnProgressDlg {
   }
 
   ProgressListener* listener_;
-  RunMonitor& monitor_;
+  DesignManager& manager_;
+  int taken_up_;  ///< elements that an earlier run was through with
   bool& cancelled_;
   bool open_ = false;
 };
@@ -103,13 +130,20 @@ Session::Session(const model::Model& model, SessionOptions options)
       document_(model_, attributes_, tool_, manager_, scale_, options_.editable,
                 options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
 
+void Session::take_up() {
+  if (!options_.take_up) return;
+  manager_.take_up(options_.take_up(options_.result_path, manager_.info(),
+                                    elements_of_run(model_, options_.selected)));
+}
+
 std::unique_ptr<CKFactor> Session::CreateKFactor() {
   return std::make_unique<FrameLengthFactors>(
       options_.length_factors ? *options_.length_factors : members::length_factors(model_));
 }
 
 std::unique_ptr<CDgnProgressDlg> Session::CreateProgressDlg() {
-  return std::make_unique<ListenedProgress>(options_.progress, monitor_, cancelled_);
+  return std::make_unique<ListenedProgress>(options_.progress, manager_, monitor_.taken_up(),
+                                            cancelled_);
 }
 
 CString Session::MessageText(const CString& key) {

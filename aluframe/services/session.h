@@ -59,6 +59,11 @@ struct SessionOptions {
   std::function<void(store::ResultWriter&)> before_finish;
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
+  /// Goes on with what an earlier run has left, as `store::ResultWriter::take_up` does; nothing:
+  /// the run begins anew.
+  std::function<store::TakenUp(const std::filesystem::path&, const store::RunInfo&,
+                               const std::vector<std::uint32_t>& elements)>
+      take_up = {};
 };
 
 /// Our host: everything that the design module calls, over one model. Bind it for a run.
@@ -88,6 +93,10 @@ class Session : public host::HostServices {
   host::Toolkit* DialogToolkit() override { return options_.toolkit; }
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
+
+  /// Before the run: goes on with what an earlier one has left, if the options ask for it.
+  /// @throws what the option throws
+  void take_up();
 
   RunMonitor& monitor() { return monitor_; }
   DesignManager& manager() { return manager_; }

@@ -23,11 +23,6 @@ bool holds_something(const fs::path& path) {
   return fs::exists(status) && (!fs::is_regular_file(status) || fs::file_size(path) > 0);
 }
 
-/// What this program did not write it does not overwrite.
-void require_replaceable(const fs::path& path) {
-  if (holds_something(path)) const OldFileLock is_a_result_file(path);
-}
-
 /// Ends what a killed run left of the path: a partial file is to be no other than a run's.
 void require_no_other_file(const fs::path& partial) {
   if (holds_something(partial) && files::kind_of(partial) != files::FileKind::results) {
@@ -58,13 +53,17 @@ std::unique_ptr<ResultWriter> start(const fs::path& path, const RunInfo& info,
     const fs::path partial = partial_path_of(files::link_target(path));
     auto file = std::make_unique<files::Publication>(path, partial.filename(), when_busy,
                                                      require_no_other_file);
-    require_replaceable(file->destination());
+    require_replaceable_results(file->destination());
     lay_out_file(file->path(), info);
     return std::make_unique<QueuedResultWriter>(path, std::move(file), Unfinished::is_kept);
   });
 }
 
 }  // namespace
+
+void require_replaceable_results(const fs::path& path) {
+  if (holds_something(path)) const OldFileLock is_a_result_file(path);
+}
 
 fs::path partial_path_of(const fs::path& result_file) {
   return fs::path(result_file) += ".partial";
@@ -83,7 +82,7 @@ std::unique_ptr<ResultWriter> ResultWriter::reopen(const fs::path& path, const R
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
     if (!fs::exists(path)) throw std::runtime_error("there is no such file");
     auto file = std::make_unique<files::Publication>(path);
-    require_replaceable(file->destination());
+    require_replaceable_results(file->destination());
     require_same_run(file->destination(), info);
     fs::copy_file(file->destination(), file->path(), fs::copy_options::overwrite_existing);
     remove_side_files(file->path());

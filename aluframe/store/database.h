@@ -8,6 +8,7 @@
 #include <string>
 
 #include "aluframe/files/file_lock.h"
+#include "aluframe/store/result_file.h"
 
 namespace aluframe::store {
 
@@ -22,6 +23,8 @@ template <class Action>
 auto about_file(const std::filesystem::path& path, Action action) {
   try {
     return action();
+  } catch (const CannotTakeUp&) {
+    throw;  // it names its file
   } catch (const files::FileBusy& error) {
     throw files::FileBusy(path.string() + ": " + error.what());
   } catch (const std::exception& error) {

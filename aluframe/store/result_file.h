@@ -4,10 +4,12 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "aluframe/files/file_lock.h"
+#include "aluframe/store/element_notes.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::store {
@@ -54,6 +56,9 @@ struct RunSetup {
   /// none.
   std::string forces_file = {};
   std::vector<SettingRow> settings = {};
+  /// Tells the forces that were checked apart, those that an analysis has computed included; empty:
+  /// unknown.
+  std::string forces_digest = {};
 };
 
 /// What the result file says about its run.
@@ -71,50 +76,19 @@ struct RunInfo {
   std::uint32_t model_combinations = 0;  ///< for design; an envelope once
   /// What a whole check goes through one by one: combinations, or in their place their states.
   std::uint32_t model_states = 0;
+  std::string build = {};     ///< tells builds of one version apart; empty: unknown
+  std::string elements = {};  ///< that the run goes through, "1-3, 7"
 };
+
+/// What could make results of the run `stored` others than those of `wanted`, be it in the last
+/// digit: "elements: found 1-3, wanted 1-4". Nothing when everything that a run goes by is the
+/// same.
+std::optional<std::string> anything_different(const RunInfo& stored, const RunInfo& wanted);
 
 /// Why results of the run `stored` are not those of a run like `wanted`: of another code or model,
 /// a combination of both has changed its name, sides or seismic type, or the model or its forces
 /// have changed otherwise. Nothing when they may be.
 std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted);
-
-/// The largest of the forces that no check was made for, and where it acts.
-struct LargestForce {
-  std::string component;   ///< "Fy", "Fz", "Mx"
-  double magnitude = 0.0;  ///< N or N·mm, without a sign
-  int position = 0;        ///< -1: between two positions
-  std::uint32_t combination = 0;
-  int min_side = 0;
-
-  friend bool operator==(const LargestForce&, const LargestForce&) = default;
-};
-
-/// Something that the run could not check.
-struct NotChecked {
-  std::uint32_t element = 0;
-  std::optional<std::uint32_t> combination;  ///< nothing: all of them
-  std::string reason;
-  std::optional<LargestForce> largest = {};  ///< of the force that the reason is about
-
-  friend bool operator==(const NotChecked&, const NotChecked&) = default;
-};
-
-/// The second opinion of one element: its largest ratio when every unsafe rule of the checks is set
-/// right, beside what the checks have.
-struct SafeRow {
-  std::uint32_t element = 0;
-  std::optional<double> code;  ///< worst ratio of the checks; nothing: no check has one
-  double safe = 0.0;           ///< never below `code`
-  int item = 0;                ///< RALU_ITEM_TYPE of the safe ratio
-  std::string rules;           ///< "C1, S6": what makes it differ; empty: nothing does
-  std::uint32_t combination = 0;
-  int min_side = 0;
-  /// Part of the element's length from its start; nothing: the whole member together.
-  std::optional<double> fraction;
-  double from_start = 0.0;  ///< mm
-
-  friend bool operator==(const SafeRow&, const SafeRow&) = default;
-};
 
 /// What an engineer is owed beside the ratios of a run.
 struct RemarkRow {
@@ -131,13 +105,28 @@ struct RemarkRow {
 /// early: "frame.aluresult.partial".
 std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
 
+class ResultWriter;
+
+/// A partial file that is gone on with.
+struct TakenUp {
+  std::unique_ptr<ResultWriter> writer;
+  std::vector<FinishedElement> elements;  ///< that need no check any more, in the order of the run
+};
+
+/// What an earlier run has left cannot be taken up.
+class CannotTakeUp : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// Writes the result file of one run.
 ///
 /// `create` writes beside the result file, in the partial one (`partial_path_of`), which `finish`
 /// puts in its place in one step when the run is complete; until then earlier results stay. A run
 /// that ends in another way leaves the partial file, of a killed one with what was last committed
-/// and the state `running`, unless it holds no record; the next run removes it. The path is locked
-/// from `create` or `reopen` until the writer is destroyed or finished.
+/// and the state `running`, unless it holds no record; the next run removes it, or takes it up
+/// (`take_up`). The path is locked from `create`, `take_up` or `reopen` until the writer is
+/// destroyed or finished.
 ///
 /// Records are packed on the caller's thread and written by a second one through a bounded queue,
 /// in transactions, so that checking and writing overlap. The first error of the writer is thrown
@@ -146,6 +135,7 @@ std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
 ///     const auto writer = ResultWriter::create("frame.aluresult", info);
 ///     writer->write(element, record, combination, min_side);  // for every combination
 ///     writer->write(element, governing, 0, 0);
+///     writer->end_element(notes);
 ///     writer->finish(RunState::complete);
 ///
 /// All calls come from one thread.
@@ -167,11 +157,21 @@ class ResultWriter {
   ///   by another run
   static std::unique_ptr<ResultWriter> reopen(const std::filesystem::path& path,
                                               const RunInfo& info);
+  /// Goes on with the partial file that a run like this one has left: what belongs to the elements
+  /// that it was through with stays, in the order of the run; everything else of it is dropped. At
+  /// least one element is left to be checked.
+  /// @param elements of the run, in their order
+  /// @throws CannotTakeUp when there is no such file, it is of a run that could have other results,
+  ///   or damaged; files::FileBusy when another run is writing it; std::runtime_error; the partial
+  ///   file then is as it was
+  static TakenUp take_up(const std::filesystem::path& path, const RunInfo& info,
+                         const std::vector<std::uint32_t>& elements,
+                         files::WhenBusy when_busy = files::WhenBusy::refuse);
   virtual ~ResultWriter() = default;
 
-  /// Adds one element's record of a combination; combination 0 is the governing record and ends the
-  /// element. Records of one element come together; an element that comes again replaces its
-  /// earlier records. The governing items of a combination's record are those that `MakeCompItem`
+  /// Adds one element's record of a combination; combination 0 is the governing record, the last.
+  /// Records of one element come together; an element that comes again replaces its earlier
+  /// records. The governing items of a combination's record are those that `MakeCompItem`
   /// makes; they are made again on reading.
   /// @throws std::invalid_argument for a combination beyond 2^27 - 1 or a side other than 0 and 1
   virtual void write(std::uint32_t element, const T_RALU_D& record, std::uint32_t combination,
@@ -179,9 +179,9 @@ class ResultWriter {
   /// A record written in this run, also one that is still in the queue.
   virtual bool read(std::uint32_t element, std::uint32_t combination, int min_side,
                     T_RALU_D& out) = 0;
-  virtual void add_not_checked(const NotChecked& item) = 0;
-  /// An element that comes again replaces its earlier row.
-  virtual void add_safe(const SafeRow& row) = 0;
+  /// The run is through with an element, the last one written or one without records: what is
+  /// stored of it is committed together or not at all, and only then taken up by another run.
+  virtual void end_element(const ElementNotes& notes) = 0;
   virtual void add_remark(const RemarkRow& row) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;

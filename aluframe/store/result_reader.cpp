@@ -1,12 +1,13 @@
 #include <filesystem>
-#include <limits>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "aluframe/store/database.h"
 #include "aluframe/store/result_file.h"
 #include "aluframe/store/row_query.h"
 #include "aluframe/store/schema.h"
+#include "aluframe/store/stored_rows.h"
 #include "aluframe/store/stored_text.h"
 
 namespace aluframe::store {
@@ -18,10 +19,8 @@ constexpr const char* select_governing =
     "min_side FROM element JOIN governing ON governing.element = element.number "
     "ORDER BY element.sequence, item";
 
-constexpr const char* select_safe =
-    "SELECT safe.element, code_ratio, safe_ratio, item, rules, combination, min_side, fraction, "
-    "from_start_mm FROM safe JOIN element ON element.number = safe.element "
-    "ORDER BY element.sequence";
+/// What a run finds at positions goes before what it finds between them.
+constexpr const char* told_order = " ORDER BY coalesce(position, 0) < 0, sequence";
 
 class FileReader : public ResultReader {
  public:
@@ -68,10 +67,7 @@ class FileReader : public ResultReader {
   std::vector<NotChecked> not_checked() override {
     return about_file(path_, [this] {
       std::vector<NotChecked> items;
-      SQLite::Statement select(
-          database_,
-          "SELECT element, combination, reason, force, magnitude, position, at_combination, "
-          "at_min_side FROM not_checked ORDER BY sequence");
+      SQLite::Statement select(database_, select_not_checked + std::string(told_order));
       while (select.executeStep()) items.push_back(not_checked_row(select));
       return items;
     });
@@ -80,7 +76,7 @@ class FileReader : public ResultReader {
   std::vector<SafeRow> safe() override {
     return about_file(path_, [this] {
       std::vector<SafeRow> rows;
-      SQLite::Statement select(database_, select_safe);
+      SQLite::Statement select(database_, select_safe + std::string(" ORDER BY element.sequence"));
       while (select.executeStep()) rows.push_back(safe_row(select));
       return rows;
     });
@@ -114,44 +110,6 @@ class FileReader : public ResultReader {
     const std::optional<T_RALU_D> record = records_.find(row.element, RecordKey());
     if (!record) throw std::runtime_error("an element has lost its governing record");
     row.governing = record->aComp.at(static_cast<std::size_t>(row.item));
-  }
-
-  static NotChecked not_checked_row(SQLite::Statement& select) {
-    const SQLite::Column combination = select.getColumn(1);
-    return {select.getColumn(0).getUInt(),
-            combination.isNull() ? std::nullopt : std::optional(combination.getUInt()),
-            stored_line(select.getColumn(2)), largest_force(select)};
-  }
-
-  static std::optional<LargestForce> largest_force(SQLite::Statement& select) {
-    if (select.getColumn(3).isNull()) return std::nullopt;
-    return LargestForce{stored_line(select.getColumn(3)), select.getColumn(4).getDouble(),
-                        select.getColumn(5).getInt(), select.getColumn(6).getUInt(),
-                        select.getColumn(7).getInt()};
-  }
-
-  /// SQLite has no NaN: NULL stands for it.
-  static double number(const SQLite::Column& column) {
-    return column.isNull() ? std::numeric_limits<double>::quiet_NaN() : column.getDouble();
-  }
-
-  /// NULL: no check has a ratio. Where it is no number, the safe ratio is none either.
-  static std::optional<double> code_ratio(const SQLite::Column& code, const SQLite::Column& safe) {
-    if (code.isNull() && !safe.isNull()) return std::nullopt;
-    return number(code);
-  }
-
-  static SafeRow safe_row(SQLite::Statement& select) {
-    const SQLite::Column fraction = select.getColumn(7);
-    return {.element = select.getColumn(0).getUInt(),
-            .code = code_ratio(select.getColumn(1), select.getColumn(2)),
-            .safe = number(select.getColumn(2)),
-            .item = select.getColumn(3).getInt(),
-            .rules = stored_line(select.getColumn(4)),
-            .combination = select.getColumn(5).getUInt(),
-            .min_side = select.getColumn(6).getInt(),
-            .fraction = fraction.isNull() ? std::nullopt : std::optional(fraction.getDouble()),
-            .from_start = select.getColumn(8).getDouble()};
   }
 
   static RemarkRow remark_row(SQLite::Statement& select) {

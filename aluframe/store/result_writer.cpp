@@ -17,9 +17,7 @@ constexpr std::size_t queue_bytes = 16U << 20;
 struct WriteTo {
   RowWriter& file;
 
-  void operator()(const std::shared_ptr<const ElementRow>& row) const { file.add(*row); }
-  void operator()(const NotChecked& item) const { file.add(item); }
-  void operator()(const SafeRow& row) const { file.add(row); }
+  void operator()(const ElementWork& work) const { file.add(work.row.get(), work.notes); }
   void operator()(const RemarkRow& row) const { file.add(row); }
   void operator()(const CommitMark&) const { file.commit(); }
   void operator()(RunState state) const { file.finish(state); }
@@ -40,10 +38,12 @@ bool succeeds(Action action) {
 
 QueuedResultWriter::QueuedResultWriter(std::filesystem::path path,
                                        std::unique_ptr<files::Publication> file,
-                                       Unfinished unfinished)
+                                       Unfinished unfinished, const WrittenBefore& before)
     : path_(std::move(path)),
       publication_(std::move(file)),
       unfinished_(unfinished),
+      records_(before.records),
+      closed_bytes_(before.packed_bytes),
       queue_(queue_bytes),
       file_(std::make_unique<RowWriter>(publication_->path())) {
   thread_ = std::thread([this] { write_queued_work(); });
@@ -64,6 +64,7 @@ void QueuedResultWriter::leave_file() {
   if (unfinished_ == Unfinished::is_kept && records_ > 0) {
     publication_->keep();
   } else {
+    publication_->discard();
     succeeds([this] { remove_side_files(publication_->path()); });
   }
   publication_.reset();
@@ -90,8 +91,10 @@ void QueuedResultWriter::write_to_file(const Work& work) {
   std::visit(WriteTo{*file_}, work);
 }
 
-void QueuedResultWriter::queue_open_element() {
-  if (open_element_) queue_.push(std::make_shared<const ElementRow>(open_element_->row()));
+void QueuedResultWriter::queue_open_element(std::optional<ElementNotes> notes) {
+  if (!open_element_) return;
+  queue_.push(
+      ElementWork{std::make_shared<const ElementRow>(open_element_->row()), std::move(notes)});
 }
 
 void QueuedResultWriter::write(std::uint32_t element, const T_RALU_D& record,
@@ -103,12 +106,18 @@ void QueuedResultWriter::write(std::uint32_t element, const T_RALU_D& record,
   if (!open_element_) open_element_.emplace(element, record.nMembType);
   open_element_->add(record, key);
   ++records_;
-  if (combination == 0) end_open_element();
 }
 
-void QueuedResultWriter::end_open_element() {
+void QueuedResultWriter::end_element(const ElementNotes& notes) {
+  if (!thread_.joinable()) return;
+  const bool has_records = open_element_ && open_element_->element() == notes.element;
+  end_open_element(has_records ? std::optional(notes) : std::nullopt);
+  if (!has_records) queue_.push(ElementWork{nullptr, notes});
+}
+
+void QueuedResultWriter::end_open_element(std::optional<ElementNotes> notes) {
   if (!open_element_) return;
-  queue_open_element();
+  queue_open_element(std::move(notes));
   closed_bytes_ += open_element_->size();
   open_element_.reset();
 }
@@ -131,14 +140,6 @@ std::optional<T_RALU_D> QueuedResultWriter::find(std::uint32_t element, const Re
   }
   const std::lock_guard lock(file_mutex_);
   return about_file(path_, [&] { return file_->find(element, key); });
-}
-
-void QueuedResultWriter::add_not_checked(const NotChecked& item) {
-  if (thread_.joinable()) queue_.push(item);
-}
-
-void QueuedResultWriter::add_safe(const SafeRow& row) {
-  if (thread_.joinable()) queue_.push(row);
 }
 
 void QueuedResultWriter::add_remark(const RemarkRow& row) {
@@ -170,6 +171,7 @@ void QueuedResultWriter::finish(RunState state) {
   file_.reset();
   if (state == RunState::complete || unfinished_ == Unfinished::is_discarded) {
     about_file(path_, [this] { publish_results(*publication_); });
+    publication_.reset();
   }
   leave_file();
 }

@@ -17,6 +17,18 @@ namespace aluframe::store {
 /// What becomes of the file of a run that did not end as it should.
 enum class Unfinished { is_kept, is_discarded };
 
+/// Records that a file holds when its writer begins.
+struct WrittenBefore {
+  std::uint64_t records = 0;
+  std::uint64_t packed_bytes = 0;
+};
+
+/// What this program did not write it does not overwrite.
+/// @throws std::runtime_error when something else than a result file stands there, or a
+/// write-protected
+///   one
+void require_replaceable_results(const std::filesystem::path& path);
+
 /// Puts a written and closed result file in the place of the earlier one, which is to be one too.
 void publish_results(files::Publication& file);
 
@@ -29,8 +41,9 @@ void publish_results(files::Publication& file);
 class QueuedResultWriter : public ResultWriter {
  public:
   /// `file` is a laid-out result file that is to be published as `path`.
+  /// What was written before counts.
   QueuedResultWriter(std::filesystem::path path, std::unique_ptr<files::Publication> file,
-                     Unfinished unfinished);
+                     Unfinished unfinished, const WrittenBefore& before = {});
   ~QueuedResultWriter() override;
   QueuedResultWriter(const QueuedResultWriter&) = delete;
   QueuedResultWriter& operator=(const QueuedResultWriter&) = delete;
@@ -38,8 +51,7 @@ class QueuedResultWriter : public ResultWriter {
   void write(std::uint32_t element, const T_RALU_D& record, std::uint32_t combination,
              int min_side) override;
   bool read(std::uint32_t element, std::uint32_t combination, int min_side, T_RALU_D& out) override;
-  void add_not_checked(const NotChecked& item) override;
-  void add_safe(const SafeRow& row) override;
+  void end_element(const ElementNotes& notes) override;
   void add_remark(const RemarkRow& row) override;
   void flush() override;
   void finish(RunState state) override;
@@ -50,9 +62,10 @@ class QueuedResultWriter : public ResultWriter {
   void write_queued_work();
   void write_to_file(const Work& work);
   void write_all();
-  /// Hands the records of the element that is being packed to the writing thread.
-  void queue_open_element();
-  void end_open_element();
+  /// Hands the records of the element that is being packed to the writing thread, with what else is
+  /// stored of it once the run is through with it.
+  void queue_open_element(std::optional<ElementNotes> notes = {});
+  void end_open_element(std::optional<ElementNotes> notes = {});
   std::optional<T_RALU_D> find(std::uint32_t element, const RecordKey& key);
   void end_thread();
   /// Leaves the closed file, as far as something of it is worth it.
@@ -61,9 +74,9 @@ class QueuedResultWriter : public ResultWriter {
   std::filesystem::path path_;
   std::unique_ptr<files::Publication> publication_;
   Unfinished unfinished_;
-  std::optional<ElementPacker> open_element_;  ///< its governing record is still to come
-  std::uint64_t records_ = 0;
-  std::uint64_t closed_bytes_ = 0;
+  std::optional<ElementPacker> open_element_;  ///< its end is still to come
+  std::uint64_t records_;
+  std::uint64_t closed_bytes_;
   WorkQueue queue_;
   std::mutex file_mutex_;  ///< guards `file_`
   std::unique_ptr<RowWriter> file_;

@@ -1,5 +1,7 @@
 #include "aluframe/store/row_writer.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,6 +11,7 @@
 #include <string>
 
 #include "aluframe/store/database.h"
+#include "aluframe/store/element_digest.h"
 #include "aluframe/store/schema.h"
 
 namespace aluframe::store {
@@ -33,23 +36,6 @@ void bind_or_null(SQLite::Statement& statement, int index, const std::optional<V
   }
 }
 
-std::string text_of(double value) {
-  if (std::isnan(value)) return "nan";
-  return value < 0.0 ? "-inf" : "inf";
-}
-
-/// "demand nan, ratio nan"; empty when all are finite.
-std::string not_finite(const T_RALU_ITEM& item) {
-  const std::array<std::pair<const char*, double>, 3> values = {
-      {{"demand", item.dDemand}, {"capacity", item.dCapacity}, {"ratio", item.Ratio()}}};
-  std::string text;
-  for (const auto& [name, value] : values) {
-    if (std::isfinite(value)) continue;
-    text += (text.empty() ? "" : ", ") + std::string(name) + " " + text_of(value);
-  }
-  return text;
-}
-
 }  // namespace
 
 RowWriter::RowWriter(const std::filesystem::path& path)
@@ -59,7 +45,11 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_governing_(database_, "INSERT INTO governing VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       insert_not_checked_(database_,
                           "INSERT INTO not_checked VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?)"),
-      insert_safe_(database_, "INSERT OR REPLACE INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_safe_(database_, "INSERT INTO safe VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_unchecked_(database_,
+                        "INSERT INTO unchecked VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+      insert_assertion_(database_, "INSERT INTO assertion VALUES (?, ?, ?)"),
+      insert_finished_(database_, "INSERT INTO finished VALUES (?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
@@ -71,6 +61,11 @@ void RowWriter::note_elements() {
   while (elements.executeStep()) {
     elements_.insert(elements.getColumn(0).getUInt());
     sequence_ = std::max(sequence_, elements.getColumn(1).getInt64());
+  }
+  SQLite::Statement finished(database_, "SELECT element, sequence FROM finished");
+  while (finished.executeStep()) {
+    elements_.insert(finished.getColumn(0).getUInt());
+    finished_ = std::max(finished_, finished.getColumn(1).getInt64());
   }
 }
 
@@ -119,32 +114,50 @@ void RowWriter::count(std::size_t bytes) {
 }
 
 void RowWriter::remove(std::uint32_t element) {
-  for (const char* sql :
-       {"DELETE FROM element WHERE number = ?", "DELETE FROM governing WHERE element = ?",
-        "DELETE FROM record WHERE element = ?", "DELETE FROM not_checked WHERE element = ?"}) {
-    SQLite::Statement statement(database_, sql);
+  for (const char* table : tables_of_elements) {
+    SQLite::Statement statement(database_, fmt::format("DELETE FROM {} WHERE element = ?", table));
     run(statement, element);
   }
+  SQLite::Statement statement(database_, "DELETE FROM element WHERE number = ?");
+  run(statement, element);
 }
 
-void RowWriter::add(const ElementRow& row) {
+void RowWriter::add(const ElementRow* row, const std::optional<ElementNotes>& notes) {
+  if (row == nullptr && !notes) return;
+  const std::uint32_t element = row != nullptr ? row->element : notes->element;
+  if (!elements_.insert(element).second) remove(element);
+  if (row != nullptr) add_records(*row);
+  if (notes) add_notes(row, *notes);
+  count(row != nullptr ? row->data.size() : sizeof(ElementNotes));
+}
+
+void RowWriter::add_records(const ElementRow& row) {
   if (row.data.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     throw std::runtime_error("element " + std::to_string(row.element) +
                              " has more records than a row can hold");
   }
-  if (!elements_.insert(row.element).second) remove(row.element);
   run(insert_element_, row.element, ++sequence_, row.member_type, row.records);
   insert_record_.bind(1, row.element);
   insert_record_.bindNoCopy(2, row.data.data(), static_cast<int>(row.data.size()));
   insert_record_.exec();
   insert_record_.reset();
-  if (row.governing) {
-    int item = 0;
-    for (const T_RALU_ITEM& governing : *row.governing) {
-      add_governing(row.element, item++, governing);
-    }
+  if (!row.governing) return;
+  int item = 0;
+  for (const T_RALU_ITEM& governing : *row.governing) {
+    add_governing(row.element, item++, governing);
   }
-  count(row.data.size());
+}
+
+void RowWriter::add_notes(const ElementRow* row, const ElementNotes& notes) {
+  for (const NotChecked& item : notes.not_checked) add_not_checked(item);
+  if (notes.safe) add_safe(*notes.safe);
+  int sequence = 0;
+  for (const UncheckedRow& item : notes.unchecked) add_unchecked(notes.element, ++sequence, item);
+  for (const AssertionRow& item : notes.assertions) {
+    run(insert_assertion_, notes.element, item.place, static_cast<std::int64_t>(item.count));
+  }
+  run(insert_finished_, notes.element, ++finished_,
+      static_cast<std::int64_t>(notes.checked_positions), element_digest(row, notes));
 }
 
 void RowWriter::add_governing(std::uint32_t element, int item, const T_RALU_ITEM& governing) {
@@ -160,7 +173,7 @@ void RowWriter::add_governing(std::uint32_t element, int item, const T_RALU_ITEM
       governing.nMinSide);
 }
 
-void RowWriter::add(const NotChecked& item) {
+void RowWriter::add_not_checked(const NotChecked& item) {
   if (item.combination) {
     insert_not_checked_.bind(2, *item.combination);
   } else {
@@ -171,7 +184,6 @@ void RowWriter::add(const NotChecked& item) {
   bind_largest(item.largest);
   insert_not_checked_.exec();
   insert_not_checked_.reset();
-  count(item.reason.size());
 }
 
 void RowWriter::bind_largest(const std::optional<LargestForce>& largest) {
@@ -186,7 +198,7 @@ void RowWriter::bind_largest(const std::optional<LargestForce>& largest) {
   insert_not_checked_.bind(8, largest->min_side);
 }
 
-void RowWriter::add(const SafeRow& row) {
+void RowWriter::add_safe(const SafeRow& row) {
   bind_or_null(insert_safe_, 9, row.fraction);
   insert_safe_.bind(10, row.from_start);
   // SQLite keeps what is no number as NULL, as it keeps no ratio.
@@ -194,7 +206,19 @@ void RowWriter::add(const SafeRow& row) {
   run(insert_safe_, row.element, row.code.value_or(no_ratio), row.safe,
       item_names.at(static_cast<std::size_t>(row.item)), row.item, row.rules, row.combination,
       row.min_side);
-  count(sizeof(row));
+}
+
+void RowWriter::add_unchecked(std::uint32_t element, int sequence, const UncheckedRow& row) {
+  bind_or_null(insert_unchecked_, 7, row.at.fraction);
+  bind_or_null(insert_unchecked_, 8, row.ratio);
+  const bool has_ratio = row.ratio.has_value();
+  bind_or_null(insert_unchecked_, 9,
+               has_ratio ? std::optional(row.ratio_at.combination) : std::nullopt);
+  bind_or_null(insert_unchecked_, 10,
+               has_ratio ? std::optional(row.ratio_at.min_side) : std::nullopt);
+  bind_or_null(insert_unchecked_, 11, has_ratio ? row.ratio_at.fraction : std::nullopt);
+  run(insert_unchecked_, element, sequence, row.kind, row.magnitude, row.at.combination,
+      row.at.min_side);
 }
 
 void RowWriter::add(const RemarkRow& row) {

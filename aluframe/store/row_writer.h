@@ -29,11 +29,11 @@ class RowWriter {
   RowWriter(const RowWriter&) = delete;
   RowWriter& operator=(const RowWriter&) = delete;
 
-  /// Adds an element's rows; an element that comes again replaces its earlier rows and moves to the
-  /// end of the order.
-  void add(const ElementRow& row);
-  void add(const NotChecked& item);
-  void add(const SafeRow& row);
+  /// Adds an element's rows in one transaction; an element that comes again replaces its earlier
+  /// rows and moves to the end of the order.
+  /// @param row null: it has no records
+  /// @param notes nothing: the run is not through with it
+  void add(const ElementRow* row, const std::optional<ElementNotes>& notes);
   void add(const RemarkRow& row);
   void commit();
   /// Commits everything, waits until the disk has it, then notes the state: a run that a power
@@ -53,6 +53,11 @@ class RowWriter {
   void roll_back();
   void count(std::size_t bytes);
   void remove(std::uint32_t element);
+  void add_records(const ElementRow& row);
+  void add_notes(const ElementRow* row, const ElementNotes& notes);
+  void add_not_checked(const NotChecked& item);
+  void add_safe(const SafeRow& row);
+  void add_unchecked(std::uint32_t element, int sequence, const UncheckedRow& row);
   void add_governing(std::uint32_t element, int item, const T_RALU_ITEM& governing);
   void bind_largest(const std::optional<LargestForce>& largest);
 
@@ -62,10 +67,14 @@ class RowWriter {
   SQLite::Statement insert_governing_;
   SQLite::Statement insert_not_checked_;
   SQLite::Statement insert_safe_;
+  SQLite::Statement insert_unchecked_;
+  SQLite::Statement insert_assertion_;
+  SQLite::Statement insert_finished_;
   SQLite::Statement insert_remark_;
   RowQuery records_;
   std::unordered_set<std::uint32_t> elements_;
   std::int64_t sequence_ = 0;
+  std::int64_t finished_ = 0;
   std::size_t open_rows_ = 0;
   std::size_t open_bytes_ = 0;
   bool in_transaction_ = false;

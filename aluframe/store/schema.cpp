@@ -1,8 +1,11 @@
 #include "aluframe/store/schema.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "aluframe/store/content_digest.h"
 #include "aluframe/store/stored_text.h"
@@ -29,7 +32,10 @@ CREATE TABLE run (
   forces_file TEXT NOT NULL,
   model_elements INTEGER NOT NULL,
   model_combinations INTEGER NOT NULL,
-  model_states INTEGER NOT NULL);
+  model_states INTEGER NOT NULL,
+  build TEXT NOT NULL,
+  elements TEXT NOT NULL,
+  forces_digest TEXT NOT NULL);
 CREATE TABLE setting (
   sequence INTEGER PRIMARY KEY,
   key TEXT NOT NULL,
@@ -85,6 +91,29 @@ CREATE TABLE safe (
   min_side INTEGER NOT NULL,
   fraction,
   from_start_mm);
+CREATE TABLE unchecked (
+  element INTEGER NOT NULL,
+  sequence INTEGER NOT NULL,
+  kind TEXT NOT NULL,
+  magnitude,
+  combination INTEGER NOT NULL,
+  min_side INTEGER NOT NULL,
+  fraction,
+  ratio,
+  ratio_combination INTEGER,
+  ratio_min_side INTEGER,
+  ratio_fraction,
+  PRIMARY KEY (element, sequence)) WITHOUT ROWID;
+CREATE TABLE assertion (
+  element INTEGER NOT NULL,
+  place TEXT NOT NULL,
+  count INTEGER NOT NULL,
+  PRIMARY KEY (element, place)) WITHOUT ROWID;
+CREATE TABLE finished (
+  element INTEGER PRIMARY KEY,
+  sequence INTEGER NOT NULL,
+  checked_positions INTEGER NOT NULL,
+  digest INTEGER NOT NULL);
 CREATE TABLE remark (
   sequence INTEGER PRIMARY KEY,
   kind TEXT NOT NULL,
@@ -100,8 +129,14 @@ CREATE TABLE seal (
   digest TEXT NOT NULL);
 )sql";
 
+std::string text_of(double value) {
+  if (std::isnan(value)) return "nan";
+  return value < 0.0 ? "-inf" : "inf";
+}
+
 void insert_run(SQLite::Database& database, const RunInfo& info) {
-  SQLite::Statement run(database, "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  SQLite::Statement run(database,
+                        "INSERT INTO run VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   run.bind(1, state_name(RunState::running));
   run.bind(2, format_version);
   run.bind(3, info.model_title);
@@ -115,6 +150,9 @@ void insert_run(SQLite::Database& database, const RunInfo& info) {
   run.bind(11, info.model_elements);
   run.bind(12, info.model_combinations);
   run.bind(13, info.model_states);
+  run.bind(14, info.build);
+  run.bind(15, info.elements);
+  run.bind(16, info.setup.forces_digest);
   run.exec();
 }
 
@@ -185,7 +223,7 @@ RunInfo load_run(SQLite::Database& database) {
   SQLite::Statement run(database,
                         "SELECT title, code, program, model_digest, analysis, second_order_asked, "
                         "model_file, forces_file, model_elements, model_combinations, "
-                        "model_states FROM run");
+                        "model_states, build, elements, forces_digest FROM run");
   if (!run.executeStep()) throw std::runtime_error("it does not say which run it is of");
   info.model_title = stored_line(run.getColumn(0));
   info.code = stored_line(run.getColumn(1));
@@ -198,6 +236,9 @@ RunInfo load_run(SQLite::Database& database) {
   info.model_elements = run.getColumn(8).getUInt();
   info.model_combinations = run.getColumn(9).getUInt();
   info.model_states = run.getColumn(10).getUInt();
+  info.build = stored_line(run.getColumn(11));
+  info.elements = stored_line(run.getColumn(12));
+  info.setup.forces_digest = stored_line(run.getColumn(13));
   return info;
 }
 
@@ -213,6 +254,17 @@ std::vector<SettingRow> load_settings(SQLite::Database& database) {
 
 }  // namespace
 
+std::string not_finite(const T_RALU_ITEM& item) {
+  const std::array<std::pair<const char*, double>, 3> values = {
+      {{"demand", item.dDemand}, {"capacity", item.dCapacity}, {"ratio", item.Ratio()}}};
+  std::string text;
+  for (const auto& [name, value] : values) {
+    if (std::isfinite(value)) continue;
+    text += (text.empty() ? "" : ", ") + std::string(name) + " " + text_of(value);
+  }
+  return text;
+}
+
 const char* state_name(RunState state) {
   return state_names.at(static_cast<std::size_t>(state));
 }
@@ -220,7 +272,7 @@ const char* state_name(RunState state) {
 RunState state_named(std::string_view name) {
   const auto found = std::ranges::find(state_names, name);
   if (found == state_names.end()) {
-    throw std::runtime_error("unknown state of a run \"" + std::string(name) + "\"");
+    throw std::runtime_error("is damaged: unknown state of a run \"" + std::string(name) + "\"");
   }
   return static_cast<RunState>(found - state_names.begin());
 }
@@ -235,6 +287,17 @@ void lay_out(SQLite::Database& database, const RunInfo& info) {
   insert_settings(database, info);
   insert_combinations(database, info, "INSERT");
   transaction.commit();
+}
+
+std::string head_digest(SQLite::Database& database) {
+  constexpr std::array rows{
+      table_definitions,
+      "SELECT version, title, code, program, model_digest, analysis, second_order_asked, "
+      "model_file, forces_file, model_elements, model_combinations, model_states, build, elements, "
+      "forces_digest FROM run",
+      "SELECT * FROM setting ORDER BY sequence", "SELECT * FROM combination ORDER BY sequence",
+      "SELECT * FROM envelope_state ORDER BY sequence"};
+  return digest_of_rows(database, rows);
 }
 
 void add_combinations(SQLite::Database& database, const RunInfo& info) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "aluframe/files/file_kind.h"
@@ -15,12 +16,21 @@ namespace aluframe::store {
 /// Marks an SQLite file as a result file ("AluR").
 inline constexpr std::uint32_t application_id = files::result_file_mark;
 /// Raised when an older program could misread the file.
-inline constexpr int format_version = 4;
+inline constexpr int format_version = 5;
 
 /// Item types as the table `governing` names them, by RALU_ITEM_TYPE.
 inline constexpr std::array<const char*, kResultItems> item_names = {
     "strength",           "shear y", "shear z",       "stability",
     "combined stability", "unused",  "slenderness y", "slenderness z"};
+
+/// The tables that have rows of elements, by their column `element`; `element` itself names it
+/// `number`.
+inline constexpr std::array<const char*, 7> tables_of_elements = {
+    "record", "governing", "not_checked", "safe", "unchecked", "assertion", "finished"};
+
+/// What the table `governing` says of values that are not finite: "demand nan, ratio nan"; empty
+/// when all are.
+std::string not_finite(const T_RALU_ITEM& item);
 
 /// The state of a run as the table `run` has it.
 const char* state_name(RunState state);
@@ -30,6 +40,10 @@ RunState state_named(std::string_view name);
 /// Lays out an empty database as the result file of a run that has started: page size, format
 /// marks, tables, the run and its combinations, in one transaction.
 void lay_out(SQLite::Database& database, const RunInfo& info);
+
+/// Digest of what the file says of its run from the start: its tables' definitions, the run without
+/// its state, settings and combinations.
+std::string head_digest(SQLite::Database& database);
 
 /// Adds the combinations of `info` that the file lacks.
 void add_combinations(SQLite::Database& database, const RunInfo& info);

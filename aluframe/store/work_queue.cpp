@@ -9,11 +9,15 @@ namespace {
 
 /// Bytes that a piece of work occupies, roughly for what is not packed.
 std::size_t size_of(const Work& work) {
-  if (const auto* row = std::get_if<std::shared_ptr<const ElementRow>>(&work)) {
-    return sizeof(ElementRow) + (*row)->data.size();
+  const auto* element = std::get_if<ElementWork>(&work);
+  if (element == nullptr) return sizeof(Work);
+  std::size_t size = sizeof(Work);
+  if (element->row) size += sizeof(ElementRow) + element->row->data.size();
+  if (!element->notes) return size;
+  for (const NotChecked& item : element->notes->not_checked) {
+    size += sizeof(item) + item.reason.size();
   }
-  const auto* item = std::get_if<NotChecked>(&work);
-  return sizeof(Work) + (item == nullptr ? 0 : item->reason.size());
+  return size;
 }
 
 }  // namespace
@@ -52,8 +56,8 @@ void WorkQueue::close() {
 std::shared_ptr<const ElementRow> WorkQueue::find(std::uint32_t element) {
   const std::lock_guard lock(mutex_);
   for (const Work& work : std::views::reverse(work_)) {
-    const auto* row = std::get_if<std::shared_ptr<const ElementRow>>(&work);
-    if (row != nullptr && (*row)->element == element) return *row;
+    const auto* found = std::get_if<ElementWork>(&work);
+    if (found != nullptr && found->row && found->row->element == element) return found->row;
   }
   return nullptr;
 }

@@ -7,6 +7,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <variant>
 
 #include "aluframe/store/element_row.h"
@@ -17,9 +18,14 @@ namespace aluframe::store {
 /// Commit what was written so far.
 struct CommitMark {};
 
-/// Rows are shared so that one can still be read while it is being written.
-using Work = std::variant<std::shared_ptr<const ElementRow>, NotChecked, SafeRow, RemarkRow,
-                          CommitMark, RunState>;
+/// An element as far as it is to be written. Rows are shared so that one can still be read while it
+/// is being written.
+struct ElementWork {
+  std::shared_ptr<const ElementRow> row;  ///< null: it has no records
+  std::optional<ElementNotes> notes;      ///< nothing: the run is not through with it
+};
+
+using Work = std::variant<ElementWork, RemarkRow, CommitMark, RunState>;
 
 /// Hands work from one producer to one consumer, in order, and the consumer's first error back.
 ///

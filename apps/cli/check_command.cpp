@@ -127,12 +127,26 @@ std::optional<std::string> problem_of(const CheckOptions& options,
       {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 
+/// Checks, and prints what came of it. @return the exit status
+int check_and_print(const run::Input& input, const run::CheckOptions& check,
+                    const CheckOptions& options) {
+  const run::CheckResult result = run::check(input, check);
+  const bool has_failed = result.summary.outcome == services::RunOutcome::failed;
+  if (!result.results.empty() && !has_failed) print_summary(input, result, options.common.format);
+  print_outcome(result, check.results);
+  return exit_status(result, options.strict);
+}
+
 }  // namespace
 
 int run_check_command(const CheckOptions& options) {
   const std::filesystem::path results =
       options.output.value_or(run::result_path_of(options.input.model));
   if (const auto problem = problem_of(options, results)) return stop({*problem});
+  const bool resumes = options.beginning == run::Beginning::resumed;
+  if (resumes && options.when_busy == files::WhenBusy::refuse) {
+    if (const auto problem = run::nothing_to_resume(results)) return stop({*problem});
+  }
   const auto prepared = run::prepare(options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
@@ -143,13 +157,14 @@ int run_check_command(const CheckOptions& options) {
                                 .message = print_message,
                                 .second_opinion = options.second_opinion,
                                 .when_busy = options.when_busy,
+                                .beginning = options.beginning,
                                 .objection = [&] { return problem_of(options, results); }};
   note_interrupts();
-  const run::CheckResult result = run::check(input, check);
-  const bool has_failed = result.summary.outcome == services::RunOutcome::failed;
-  if (!result.results.empty() && !has_failed) print_summary(input, result, options.common.format);
-  print_outcome(result, check.results);
-  return exit_status(result, options.strict);
+  try {
+    return check_and_print(input, check, options);
+  } catch (const store::CannotTakeUp& refusal) {
+    return stop({refusal.what()});
+  }
 }
 
 }  // namespace aluframe::cli

@@ -29,6 +29,8 @@ struct CheckOptions {
   run::SecondOpinion second_opinion = run::SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
+  /// Whether to go on with what an earlier check has left.
+  run::Beginning beginning = run::Beginning::anew;
 };
 
 /// Checks a model, stores the results and prints what the run came to.

@@ -131,6 +131,9 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
   check->add_flag_callback(
       "--wait", [&options] { options.when_busy = files::WhenBusy::wait; },
       "Wait for another run that is writing the result file");
+  check->add_flag_callback(
+      "--resume", [&options] { options.beginning = run::Beginning::resumed; },
+      "Check only what is missing in the partial results of a check that ended early");
   check->callback([&] { status = run_check_command(options); });
 }
 

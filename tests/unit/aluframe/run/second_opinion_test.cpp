@@ -13,38 +13,34 @@ namespace {
 using second_opinion::ElementSafe;
 using second_opinion::Place;
 using second_opinion::Rule;
-using second_opinion::RunSafe;
+using second_opinion::RunFound;
 using second_opinion::Unchecked;
 
 constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
-TEST(SafeRows, AreTheElementsOfTheRun) {
-  RunSafe run;
-  run.elements.push_back({.code = 0.241,
-                          .safe = 1.083,
-                          .item = RALU_STABILITY,
-                          .rules = Rule::c4 | Rule::c3,
-                          .place = {21, 3, 1, 0.5},
-                          .from_start = 1500.0});
-  const auto rows = safe_rows(run);
-  ASSERT_EQ(rows.size(), 1U);
-  EXPECT_EQ(rows[0], (store::SafeRow{.element = 21,
-                                     .code = 0.241,
-                                     .safe = 1.083,
-                                     .item = RALU_STABILITY,
-                                     .rules = "C3, C4",
-                                     .combination = 3,
-                                     .min_side = 1,
-                                     .fraction = 0.5,
-                                     .from_start = 1500.0}));
+TEST(SafeRow, HasWhatWasFoundOfTheElement) {
+  const ElementSafe element{.code = 0.241,
+                            .safe = 1.083,
+                            .item = RALU_STABILITY,
+                            .rules = Rule::c4 | Rule::c3,
+                            .place = {21, 3, 1, 0.5},
+                            .from_start = 1500.0};
+  EXPECT_EQ(safe_row(element), (store::SafeRow{.element = 21,
+                                               .code = 0.241,
+                                               .safe = 1.083,
+                                               .item = RALU_STABILITY,
+                                               .rules = "C3, C4",
+                                               .combination = 3,
+                                               .min_side = 1,
+                                               .fraction = 0.5,
+                                               .from_start = 1500.0}));
 }
 
-TEST(SafeRows, OfAWholeMemberHaveNoFraction) {
-  RunSafe run;
-  ElementSafe& element = run.elements.emplace_back();
+TEST(SafeRow, OfAWholeMemberHasNoFraction) {
+  ElementSafe element;
   element.rules = Rule::c7;
   element.place = {21, 3, 0, std::nullopt};
-  EXPECT_EQ(safe_rows(run)[0].fraction, std::nullopt);
+  EXPECT_EQ(safe_row(element).fraction, std::nullopt);
 }
 
 store::SafeRow row(std::uint32_t element, double code, double safe) {
@@ -98,7 +94,7 @@ Unchecked unchecked(Unchecked::Kind kind, double magnitude) {
 }
 
 store::RemarkRow remark_of(const Unchecked& item) {
-  RunSafe run;
+  RunFound run;
   run.unchecked.push_back(item);
   return unchecked_remarks(run, model::Model()).at(0);
 }
@@ -135,14 +131,35 @@ TEST(UncheckedRemarks, SayWhereBetweenThePositionsTheForceActs) {
 }
 
 TEST(NotCheckedBetween, AreForcesAtNoPosition) {
-  RunSafe run;
-  run.unchecked_between = {{model::torsion, 2e6, {3, 5, 1, 0.3}},
-                           {model::shear_y, 4e3, {3, 6, 0, 0.7}}};
-  EXPECT_EQ(not_checked_between(run),
-            (std::vector<store::NotChecked>{{3, std::nullopt, services::torsion_without_check,
-                                             store::LargestForce{"Mx", 2e6, -1, 5, 1}},
-                                            {3, std::nullopt, services::shear_without_check,
-                                             store::LargestForce{"Fy", 4e3, -1, 6, 0}}}));
+  EXPECT_EQ(not_checked_between({model::torsion, 2e6, {3, 5, 1, 0.3}}),
+            (store::NotChecked{3, std::nullopt, services::torsion_without_check,
+                               store::LargestForce{"Mx", 2e6, -1, 5, 1}}));
+  EXPECT_EQ(not_checked_between({model::shear_y, 4e3, {3, 6, 0, 0.7}}),
+            (store::NotChecked{3, std::nullopt, services::shear_without_check,
+                               store::LargestForce{"Fy", 4e3, -1, 6, 0}}));
+}
+
+TEST(UncheckedRow, ComesBackAsItWasStored) {
+  for (const auto kind : {Unchecked::Kind::shear, Unchecked::Kind::torsion,
+                          Unchecked::Kind::tension_bending, Unchecked::Kind::tiny_axial}) {
+    Unchecked item = unchecked(kind, 12.5e3);
+    item.elements = {2};
+    item.ratio = 0.75;
+    item.ratio_place = {2, 9, 1, 0.25};
+    const Unchecked back = unchecked_of(2, unchecked_row(item));
+    EXPECT_EQ(back.kind, kind);
+    EXPECT_EQ(back.elements, item.elements);
+    EXPECT_EQ(back.magnitude, item.magnitude);
+    EXPECT_EQ(back.magnitude_place, item.magnitude_place);
+    EXPECT_EQ(back.ratio, item.ratio);
+    EXPECT_EQ(back.ratio_place, item.ratio_place);
+  }
+}
+
+TEST(UncheckedRow, OfAnUnknownRemarkIsRefused) {
+  store::UncheckedRow row = unchecked_row(unchecked(Unchecked::Kind::shear, 1e3));
+  row.kind = "C4";
+  EXPECT_THROW(unchecked_of(2, row), std::runtime_error);
 }
 
 TEST(UncheckedRemarks, HaveTheWorstSecondOpinionWhereItStands) {

@@ -19,8 +19,7 @@ class FullDisk : public store::ResultWriter {
  public:
   void write(std::uint32_t, const T_RALU_D&, std::uint32_t, int) override { fail(); }
   bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { fail(); }
-  void add_not_checked(const store::NotChecked&) override {}
-  void add_safe(const store::SafeRow&) override {}
+  void end_element(const store::ElementNotes&) override {}
   void add_remark(const store::RemarkRow&) override {}
   void flush() override { fail(); }
   void finish(store::RunState) override {}

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 /// Hands everything on to the real result file, but fails where it is told to.
 class FailingWriter : public store::ResultWriter {
  public:
-  enum class Fault { third_record, not_checked, flush, finish };
+  enum class Fault { third_record, element_end, flush, finish };
 
   FailingWriter(std::unique_ptr<store::ResultWriter> inner, Fault fault)
       : inner_(std::move(inner)), fault_(fault) {}
@@ -30,11 +30,10 @@ class FailingWriter : public store::ResultWriter {
             T_RALU_D& out) override {
     return inner_->read(element, combination, min_side, out);
   }
-  void add_not_checked(const store::NotChecked& item) override {
-    if (fault_ == Fault::not_checked) fail();
-    inner_->add_not_checked(item);
+  void end_element(const store::ElementNotes& notes) override {
+    if (fault_ == Fault::element_end) fail();
+    inner_->end_element(notes);
   }
-  void add_safe(const store::SafeRow& row) override { inner_->add_safe(row); }
   void add_remark(const store::RemarkRow& row) override { inner_->add_remark(row); }
   void flush() override {
     if (fault_ == Fault::flush) fail();
@@ -87,8 +86,8 @@ TEST_F(FailedRunTest, ADiskThatFillsUpIsAFailureWithItsReason) {
             store::RunState::failed);
 }
 
-TEST_F(FailedRunTest, ARunWhoseListOfUncheckedElementsIsLostHasFailed) {
-  const CheckSummary summary = run_with(Fault::not_checked);
+TEST_F(FailedRunTest, ARunThatLosesWhatIsToBeSaidOfAnElementHasFailed) {
+  const CheckSummary summary = run_with(Fault::element_end);
   EXPECT_EQ(summary.outcome, RunOutcome::failed);
   EXPECT_EQ(summary.failure, "disk full");
   EXPECT_EQ(store::ResultReader::open(store::partial_path_of(options().result_path))->state(),

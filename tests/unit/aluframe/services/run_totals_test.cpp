@@ -52,6 +52,45 @@ TEST_F(RunTotalsTest, ACheckedElementCountsOnceAndItsPositionsInEveryCombination
   EXPECT_TRUE(monitor_.not_checked().empty());
 }
 
+TEST_F(RunTotalsTest, ElementsThatAnEarlierRunWasThroughWithCountAsIfTheyWereCheckedNow) {
+  check_next(120, 100);
+  monitor_.note_assertion("source", 7);
+  store::FinishedElement first{monitor_.take_notes(4), record_with(120, 100).aComp};
+  EXPECT_EQ(first.notes.checked_positions, 2U);
+  EXPECT_EQ(first.notes.assertions, (std::vector<store::AssertionRow>{{"source:7", 1}}));
+  check_next(50, 100);
+
+  RunMonitor resumed(model_);
+  resumed.take_up(first);
+  resumed.set_elements({4, 1, 2});
+  resumed.note_assertion("source", 7);  // of the start, which stands in the earlier results
+  resumed.begin_elements();
+  EXPECT_EQ(resumed.taken_up(), 1U);
+  EXPECT_TRUE(resumed.was_taken_up(4));
+  resumed.note_forces(1, forces_with(1.0F));
+  resumed.note_record(1, 1, record_with(50, 100));
+  resumed.note_record(1, 0, record_with(50, 100));
+  resumed.set_done(1);
+
+  EXPECT_EQ(resumed.element_count(), 3U);
+  EXPECT_EQ(resumed.checked_elements(), monitor_.checked_elements());
+  EXPECT_EQ(resumed.checked_positions(), monitor_.checked_positions());
+  EXPECT_EQ(resumed.elements_over_limit(), 1U);
+  EXPECT_EQ(resumed.worst()->element, 4U);
+  EXPECT_EQ(resumed.assertions(), monitor_.assertions());
+  EXPECT_TRUE(resumed.not_checked().empty());
+}
+
+TEST_F(RunTotalsTest, AnElementWithoutDataAfterThoseTakenUpIsNamed) {
+  RunMonitor resumed(model_);
+  resumed.take_up({{.element = 4}, std::nullopt});
+  resumed.set_elements({4, 1, 2});
+  EXPECT_EQ(resumed.set_done(1), 1U);
+  EXPECT_EQ(resumed.take_notes(1).not_checked,
+            (std::vector<store::NotChecked>{
+                {1, std::nullopt, "its design data could not be assembled"}}));
+}
+
 TEST_F(RunTotalsTest, APositionCountsOnceHoweverManyChecksItHas) {
   T_RALU_D record;
   record.aSect[2].aItem[RALU_STRENGTH] = {50, 100, 0.0};

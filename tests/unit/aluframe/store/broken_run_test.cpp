@@ -67,7 +67,7 @@ TEST(BrokenRun, AfterAnErrorEveryCallThrows) {
               };
               return throws([&] { store_test::write_element(*writer, 1); }) &&
                              throws([&] { writer->read(1, 0, 0, record); }) &&
-                             throws([&] { writer->add_not_checked({}); }) &&
+                             throws([&] { writer->end_element({}); }) &&
                              throws([&] { writer->flush(); }) &&
                              throws([&] { writer->finish(RunState::complete); })
                          ? 0

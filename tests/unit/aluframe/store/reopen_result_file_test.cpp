@@ -124,7 +124,8 @@ TEST_F(ReopenedFile, RecordsOfTheEarlierRunCanBeReadMeanwhile) {
 TEST_F(ReopenedFile, WhatWasNotCheckedIsKeptAndAddedTo) {
   for (const std::uint32_t element : {3U, 4U}) {
     const auto writer = reopen();
-    writer->add_not_checked({element, std::nullopt, "no forces"});
+    writer->end_element(
+        {.element = element, .not_checked = {{element, std::nullopt, "no forces"}}});
     writer->finish(RunState::complete);
   }
   EXPECT_THAT(ResultReader::open(file())->not_checked(),
@@ -248,7 +249,7 @@ TEST_F(RefusedFile, IsADatabaseOfAnotherProgram) {
 
 TEST_F(RefusedFile, IsOneOfAnotherVersion) {
   run_sql("PRAGMA user_version = 1");
-  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 4");
+  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 5");
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherModel) {

@@ -84,8 +84,8 @@ TEST_F(ResultReaderTest, ListsWhatCouldNotBeCheckedInTheOrderAdded) {
   const NotChecked whole{5, std::nullopt, "no forces in any combination"};
   const NotChecked part{2, 7, "no forces (none for load case 3)"};
   const auto writer = ResultWriter::create(file, {});
-  writer->add_not_checked(whole);
-  writer->add_not_checked(part);
+  writer->end_element({.element = 5, .not_checked = {whole}});
+  writer->end_element({.element = 2, .not_checked = {part}});
   writer->finish(RunState::complete);
   EXPECT_THAT(ResultReader::open(file)->not_checked(), ElementsAre(whole, part));
 }
@@ -93,7 +93,7 @@ TEST_F(ResultReaderTest, ListsWhatCouldNotBeCheckedInTheOrderAdded) {
 TEST_F(ResultReaderTest, TheLargestUncheckedForceComesBack) {
   const NotChecked item{5, std::nullopt, "torsion", LargestForce{"Mx", 1.5e6, 4, 7, 1}};
   const auto writer = ResultWriter::create(file, {});
-  writer->add_not_checked(item);
+  writer->end_element({.element = 5, .not_checked = {item}});
   writer->finish(RunState::complete);
   EXPECT_THAT(ResultReader::open(file)->not_checked(), ElementsAre(item));
 }

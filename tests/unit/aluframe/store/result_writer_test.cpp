@@ -70,7 +70,7 @@ TEST_F(ResultWriterTest, CallsAfterFinishDoNothing) {
   store_test::write_element(*writer, 1);
   writer->finish(RunState::cancelled);
   store_test::write_element(*writer, 3);
-  writer->add_not_checked({1, std::nullopt, "late"});
+  writer->end_element({.element = 1, .not_checked = {{1, std::nullopt, "late"}}});
   writer->flush();
   writer->finish(RunState::complete);
   T_RALU_D record;

@@ -26,15 +26,19 @@ SafeRow sample_row(std::uint32_t element) {
 
 class SecondOpinionRows : public testing::Test {
  protected:
-  template <class Row, class Add>
-  void write(const std::vector<Row>& rows, Add add) {
+  void write_safe(const std::vector<SafeRow>& rows) {
     const auto writer = ResultWriter::create(folder.file(), store_test::sample_info());
-    for (const std::uint32_t element : {1U, 2U}) store_test::write_element(*writer, element);
-    for (const Row& row : rows) (*writer.*add)(row);
+    for (const SafeRow& row : rows) {
+      store_test::write_element(*writer, row.element);
+      writer->end_element({.element = row.element, .safe = row});
+    }
     writer->finish(RunState::complete);
   }
-  void write_safe(const std::vector<SafeRow>& rows) { write(rows, &ResultWriter::add_safe); }
-  void write_remarks(const std::vector<RemarkRow>& rows) { write(rows, &ResultWriter::add_remark); }
+  void write_remarks(const std::vector<RemarkRow>& rows) {
+    const auto writer = ResultWriter::create(folder.file(), store_test::sample_info());
+    for (const RemarkRow& row : rows) writer->add_remark(row);
+    writer->finish(RunState::complete);
+  }
   std::vector<SafeRow> safe() { return ResultReader::open(folder.file())->safe(); }
   std::vector<RemarkRow> remarks() { return ResultReader::open(folder.file())->remarks(); }
 

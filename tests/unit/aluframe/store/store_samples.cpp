@@ -107,7 +107,8 @@ std::string all_tables(const fs::path& path) {
   SQLite::Database database(path.string(), SQLite::OPEN_READWRITE);
   std::string text;
   for (const std::string table :
-       {"run", "setting", "combination", "element", "governing", "not_checked", "record"}) {
+       {"run", "setting", "combination", "element", "governing", "not_checked", "safe", "unchecked",
+        "assertion", "finished", "remark", "record"}) {
     text += table + "\n";
     SQLite::Statement select(database, "SELECT * FROM " + table);
     while (select.executeStep()) {

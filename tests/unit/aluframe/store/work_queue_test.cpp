@@ -6,15 +6,23 @@
 #include <chrono>
 #include <future>
 #include <stdexcept>
+#include <string>
 
 namespace aluframe::store {
 namespace {
 
 using namespace std::chrono_literals;
 
-std::shared_ptr<const ElementRow> row(std::uint32_t element, std::size_t bytes) {
-  return std::make_shared<const ElementRow>(
-      ElementRow{element, 1, 1, std::vector<std::byte>(bytes), std::nullopt});
+ElementWork row(std::uint32_t element, std::size_t bytes) {
+  return {std::make_shared<const ElementRow>(
+              ElementRow{element, 1, 1, std::vector<std::byte>(bytes), std::nullopt}),
+          std::nullopt};
+}
+
+RemarkRow remark(const std::string& kind) {
+  RemarkRow row;
+  row.kind = kind;
+  return row;
 }
 
 std::exception_ptr some_error() {
@@ -23,11 +31,11 @@ std::exception_ptr some_error() {
 
 TEST(WorkQueue, GivesWorkInTheOrderPushed) {
   WorkQueue queue(1000);
-  queue.push(NotChecked{1, std::nullopt, "a"});
-  queue.push(NotChecked{2, std::nullopt, "b"});
-  EXPECT_EQ(std::get<NotChecked>(*queue.front()).element, 1U);
+  queue.push(remark("C5"));
+  queue.push(remark("C6"));
+  EXPECT_EQ(std::get<RemarkRow>(*queue.front()).kind, "C5");
   queue.pop();
-  EXPECT_EQ(std::get<NotChecked>(*queue.front()).element, 2U);
+  EXPECT_EQ(std::get<RemarkRow>(*queue.front()).kind, "C6");
 }
 
 TEST(WorkQueue, AProducerWaitsWhileTheLimitIsReached) {
