@@ -18,6 +18,7 @@ import queue
 import shutil
 import subprocess
 import sys
+import time
 from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
@@ -95,9 +96,9 @@ class Copy:
         target.parent.mkdir(parents=True, exist_ok=True)
         shutil.copy(source, target)
 
-    def builds(self, test, jobs=1):
-        target = "aluframe" if test.endswith(".py") else test
-        done = subprocess.run(["cmake", "--build", self.build, "--target", target, "--parallel", str(jobs)],
+    def builds(self, tests, jobs=1):
+        targets = {"aluframe" if test.endswith(".py") else test for test in tests}
+        done = subprocess.run(["cmake", "--build", self.build, "--parallel", str(jobs), "--target", *targets],
                               check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return done.returncode == 0
 
@@ -124,17 +125,23 @@ class Copy:
         whole = file.read_text(encoding="utf-8")
         file.write_text(whole.replace(fault.find, fault.replace), encoding="utf-8")
         try:
-            if not self.builds(fault.test):
+            if not self.builds([fault.test]):
                 return "does not compile"
             return SURVIVED if self.passes(fault.test, fault.only) else KILLED
         finally:
             file.write_text(whole, encoding="utf-8")
 
 
-def require_sound(copy, faults, jobs):
-    for test, only in sorted({(fault.test, fault.only) for fault in faults}):
-        if not copy.builds(test, jobs) or not copy.passes(test, only):
-            fail(f"{test} {only}: does not pass without a fault")
+def require_sound(copies, faults):
+    """Everything builds and passes as it is; what one copy passes, the others pass too."""
+    for copy in copies:  # one after the other: with a compiler cache the second costs little
+        if not copy.builds({fault.test for fault in faults}, len(copies)):
+            fail("the tests do not build without a fault")
+    tests = sorted({(fault.test, fault.only) for fault in faults})
+    with ThreadPoolExecutor(len(copies)) as workers:
+        for (test, only), passes in zip(tests, workers.map(lambda test: copies[0].passes(*test), tests)):
+            if not passes:
+                fail(f"{test} {only}: does not pass without a fault")
 
 
 def fates_of(faults, copies):
@@ -150,8 +157,9 @@ def fates_of(faults, copies):
                 fault = waiting.get_nowait()
             except queue.Empty:
                 return
+            begin = time.monotonic()
             fates[fault.name] = copy.fate_of(fault)
-            print(f"{fates[fault.name]:<10} {fault.name}", flush=True)
+            print(f"{fates[fault.name]:<8} {time.monotonic() - begin:5.1f} s  {fault.name}", flush=True)
 
     with ThreadPoolExecutor(len(copies)) as workers:
         for done in [workers.submit(work_through, copy) for copy in copies]:
@@ -172,8 +180,7 @@ def main():
                             capture_output=True, text=True, check=True)
     names = list(filter(None, listed.stdout.split("\0")))
     copies = [Copy(options.folder / str(i + 1), names) for i in range(max(1, min(options.jobs, len(faults))))]
-    for copy in copies:  # one after the other: with a compiler cache the second costs little
-        require_sound(copy, faults, options.jobs)
+    require_sound(copies, faults)
     fates = fates_of(sorted(faults, key=lambda fault: (fault.test, fault.file)), copies)
     counts = [sum(fate == kind for fate in fates.values()) for kind in (KILLED, SURVIVED)]
     print(f"{counts[0]} of {len(fates)} killed")

@@ -32,6 +32,13 @@ def test_a_report_tells_of_it_likewise(odd):
     assert "no check to show: element 1\n" in done.stderr
 
 
+def test_a_report_without_any_check_is_a_failure(aluframe, beam):  # noqa: F811
+    beam["sections"] = [RIGID_IN_SHEAR | {"name": "Odd"}]
+    aluframe.write(beam)
+    aluframe("check", "frame.json", status=2)
+    assert "no check to show: element 1\n" in aluframe("report", "frame.json", status=2).stderr
+
+
 def test_a_vector_without_length_is_not_called_parallel(aluframe, pipe_beam):
     pipe_beam["elements"][0]["orientation"] = {"vector": [0, 0, 0]}
     error = aluframe("validate", aluframe.write(pipe_beam), status=1).stderr

@@ -3,7 +3,7 @@
 import json
 
 import pytest
-from conftest import ROOT
+from program import ROOT
 from tool_runner import run
 
 TABLE = ROOT / "tools" / "mutants.json"
