@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "aluframe/files/same_file.h"
+#include "aluframe/model/plain_text.h"
 
 namespace aluframe::files {
 
@@ -12,10 +13,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// One line, whatever paths hold: that of a model may come from a file that others have changed.
 std::string text_of(const fs::path& path, std::string_view output, std::string_view is,
                     std::string_view what) {
-  return path.string() + ": " + std::string(is) + ' ' + std::string(what) + ", which " +
-         std::string(output) + " would overwrite; choose another file";
+  return model::without_control_characters(path.string() + ": " + std::string(is) + ' ' +
+                                           std::string(what) + ", which " + std::string(output) +
+                                           " would overwrite; choose another file");
 }
 
 std::string_view name_of(FileKind kind) {

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <system_error>
+
 #include "aluframe/files/error_text.h"
 #include "aluframe/store/schema.h"
 
@@ -13,6 +15,14 @@ namespace fs = std::filesystem;
 
 constexpr const char* no_result_file = "is not a result file";
 
+/// SQLite calls a file damaged also when the system fails to read it.
+void require_read(SQLite::Database& database) {
+  int number = 0;
+  sqlite3_file_control(database.getHandle(), nullptr, SQLITE_FCNTL_LAST_ERRNO, &number);
+  if (number == 0) return;
+  throw std::runtime_error("cannot be read: " + std::generic_category().message(number));
+}
+
 /// A file is looked at through SQLite alone: closing any other handle on it would drop the locks of
 /// a writer in this process.
 int marked_application(SQLite::Database& database) {
@@ -20,6 +30,7 @@ int marked_application(SQLite::Database& database) {
     return database.execAndGet("PRAGMA application_id").getInt();
   } catch (const SQLite::Exception& error) {
     if (error.getErrorCode() != SQLITE_NOTADB && error.getErrorCode() != SQLITE_CORRUPT) throw;
+    require_read(database);
     throw std::runtime_error(no_result_file);
   }
 }

@@ -29,11 +29,12 @@ std::optional<ProgressMode> parse_progress_mode(std::string_view name) {
   return std::nullopt;
 }
 
-std::string progress_line(const std::string& text, int done, int total, double seconds) {
+std::string progress_line(const std::string& text, int done, int total, double seconds,
+                          int before) {
   const double share = total > 0 ? static_cast<double>(done) / total : 1.0;
   const auto filled = static_cast<std::size_t>(share * bar_width);
   const std::string bar = std::string(filled, '#') + std::string(bar_width - filled, '.');
-  const double rate = seconds > 0.0 ? done / seconds : 0.0;
+  const double rate = seconds > 0.0 ? (done - before) / seconds : 0.0;
   const std::string left = rate > 0.0 ? clock_time((total - done) / rate) + " left" : "";
   return fmt::format("{} [{}] {:3.0f} %  {}/{}  {:.0f}/s  {}", text, bar, share * 100.0, done,
                      total, rate, left);
@@ -41,16 +42,18 @@ std::string progress_line(const std::string& text, int done, int total, double s
 
 void ProgressBar::started(const std::string& text) {
   text_ = text;
+  before_.reset();
   start_ = Clock::now();
   last_drawn_ = {};
 }
 
 bool ProgressBar::advanced(int done, int total) {
   const Clock::time_point now = Clock::now();
+  if (!before_) before_ = done - 1;
   if (visible_ && (now - last_drawn_ >= drawing_interval || done == total)) {
     last_drawn_ = now;
     const double seconds = std::chrono::duration<double>(now - start_).count();
-    print_to_stderr(erase_line + progress_line(text_, done, total, seconds));
+    print_to_stderr(erase_line + progress_line(text_, done, total, seconds, *before_));
   }
   return was_interrupted();
 }

@@ -14,7 +14,9 @@ enum class ProgressMode { automatic, always, never };
 std::optional<ProgressMode> parse_progress_mode(std::string_view name);
 
 /// "Checking [#####...............]  25 %  500/2000  1240/s  0:01 left"
-std::string progress_line(const std::string& text, int done, int total, double seconds);
+/// @param before of `done`, those that an earlier run has checked: they took none of the seconds
+std::string progress_line(const std::string& text, int done, int total, double seconds,
+                          int before = 0);
 
 /// Draws the progress of a run on standard error, a few times a second, and stops the run after
 /// Ctrl-C.
@@ -31,6 +33,7 @@ class ProgressBar : public services::ProgressListener {
 
   bool visible_;
   std::string text_;
+  std::optional<int> before_;  ///< elements that were done when the run began, once that is known
   Clock::time_point start_;
   Clock::time_point last_drawn_;
 };

@@ -7,7 +7,7 @@ import math
 import re
 
 import pytest
-from conftest import PIPE_AREA, PIPE_I, ROOT
+from program import PIPE_AREA, PIPE_I, ROOT
 from loaded_beam import CANTILEVER, SIMPLE, UNIFORM, beam, cases, leaning_column  # noqa: F401
 
 E = 70000.0

@@ -10,7 +10,7 @@ import sys
 import time
 
 import pytest
-from conftest import PIPE_AREA, PIPE_I, PIPE_W, ROOT
+from program import PIPE_AREA, PIPE_I, PIPE_W, ROOT
 
 
 def governing(aluframe, *more):

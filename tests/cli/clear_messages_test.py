@@ -32,6 +32,13 @@ def test_a_report_tells_of_it_likewise(odd):
     assert "no check to show: element 1\n" in done.stderr
 
 
+def test_a_report_without_any_check_is_a_failure(aluframe, beam):  # noqa: F811
+    beam["sections"] = [RIGID_IN_SHEAR | {"name": "Odd"}]
+    aluframe.write(beam)
+    aluframe("check", "frame.json", status=2)
+    assert "no check to show: element 1\n" in aluframe("report", "frame.json", status=2).stderr
+
+
 def test_a_vector_without_length_is_not_called_parallel(aluframe, pipe_beam):
     pipe_beam["elements"][0]["orientation"] = {"vector": [0, 0, 0]}
     error = aluframe("validate", aluframe.write(pipe_beam), status=1).stderr
@@ -43,3 +50,12 @@ def test_a_vector_without_length_is_not_called_parallel(aluframe, pipe_beam):
 def test_dimensions_with_exponents_are_refused_for_their_exponent(aluframe, name):
     error = aluframe("section", name, status=1).stderr
     assert f"found '{name}', must be P Dxt with plain decimals in mm (12.5, no exponent)" in error
+
+
+def test_elements_without_forces_are_named_with_their_load_case(aluframe, pipe_beam):
+    pipe_beam["nodes"].append({"number": 3, "x": 8, "y": 0, "z": 3})
+    pipe_beam["elements"].append({"number": 2, "nodes": [2, 3], "section": 1, "material": 1})
+    out = aluframe("validate", aluframe.write(pipe_beam)).stdout
+    cases = sorted({forces["case"] for forces in pipe_beam["forces"]})
+    assert [line for line in out.splitlines() if "no forces" in line] == [
+        f"  load case {case} has no forces for element 2" for case in cases]

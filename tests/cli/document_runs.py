@@ -13,7 +13,7 @@ import sys
 from pathlib import Path
 from typing import NamedTuple
 
-from conftest import ROOT
+from program import ROOT
 from document_coverage import (
     BEFORE, CSV_FILES, FRAGMENTS, QUERIED, TEXTS, WORKED_EXAMPLES, Answer, Drawing, Excerpt, entry_for,
     reason_not_to_run)

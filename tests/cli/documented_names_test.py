@@ -7,7 +7,7 @@ import subprocess
 import sys
 
 import pytest
-from conftest import ROOT, Program
+from program import ROOT, Program
 from document_coverage import NOT_RUN, reason_not_to_run
 from document_runs import commands_of
 from documents import anchors_of, blocks_of, inline_code_of, links_of, pages

@@ -14,7 +14,7 @@ import os
 import sqlite3
 
 import pytest
-from conftest import ROOT
+from program import ROOT
 from document_coverage import FRAGMENTS, TEXTS
 from document_matching import difference, refreshed, same_lines
 from document_runs import folder_for, run_block

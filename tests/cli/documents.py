@@ -3,7 +3,7 @@
 import re
 from typing import NamedTuple
 
-from conftest import ROOT
+from program import ROOT
 
 FENCE = re.compile(r"( *)(`{3,}|~{3,})([\w-]*)\s*")
 INLINE_CODE = re.compile(r"(`+)(.+?)\1")

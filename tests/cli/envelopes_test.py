@@ -9,7 +9,7 @@ import re
 import sqlite3
 
 import pytest
-from conftest import PIPE_W
+from program import PIPE_W
 from typed_states import TypedStates
 
 # The strength of the pipe in bending alone is |My| − Mz over W·f, W alike about both axes and f = 200 N/mm²:

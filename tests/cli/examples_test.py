@@ -4,7 +4,7 @@ import json
 import re
 
 import pytest
-from conftest import ROOT
+from program import ROOT
 
 EXAMPLES = sorted((ROOT / "examples").glob("*.json"))
 

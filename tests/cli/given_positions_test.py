@@ -4,7 +4,7 @@ import copy
 import json
 import re
 
-from conftest import ROOT
+from program import ROOT
 
 # 4 m without a load: Fz = 2 kN all along, My from -3 to 5 kN·m.
 UNLOADED = [[0, 0, 2, 0, -3, 0], [0, 0, 2, 0, 5, 0]]

@@ -6,7 +6,7 @@ import subprocess
 
 import pytest
 
-from conftest import ROOT
+from program import ROOT
 
 # The points of docs/points.md; the first one is worked out there.
 EXAMPLE = (ROOT / "examples" / "points.jsonl").read_text(encoding="utf-8").splitlines()[0]

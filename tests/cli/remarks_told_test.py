@@ -6,7 +6,7 @@ import sqlite3
 
 import pytest
 
-from conftest import ROOT
+from program import ROOT
 from second_opinion_models import beam, h200, with_forces
 
 EXTREMES = ("combination 7: checked by extremes (\"envelopes\": \"extremes\"), whose forces need not act together; "

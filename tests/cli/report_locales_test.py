@@ -6,7 +6,7 @@ import re
 import subprocess
 
 import pytest
-from conftest import ROOT
+from program import ROOT
 
 from report_grammar import READABLE, STORED
 from report_model import ModelFacts

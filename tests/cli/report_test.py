@@ -5,7 +5,7 @@ import os
 import re
 
 import pytest
-from conftest import PIPE_AREA, PIPE_W, ROOT
+from program import PIPE_AREA, PIPE_W, ROOT
 
 from report_checks import ORDER, governing_by_element
 from report_frames import checked_three_beams, elements_of, text_of

@@ -15,7 +15,7 @@ from pathlib import Path
 
 import pytest
 
-from conftest import ROOT, Program
+from program import ROOT, Program
 from tool_runner import run as run_tool
 
 RESULTS = "frame.aluresult"

@@ -6,7 +6,7 @@ import re
 import subprocess
 
 import pytest
-from conftest import ROOT
+from program import ROOT
 
 SECTION = (ROOT / "docs" / "points.md").read_text(encoding="utf-8").split("## Second opinion\n")[1].split("\n## ")[0]
 POINT = json.loads(re.search(r"```json\n(.*?)```", SECTION, re.S).group(1))

@@ -9,7 +9,7 @@ from math import pi
 
 import pytest
 
-from conftest import ROOT
+from program import ROOT
 
 SHAPES = ["H 300x150x8x12", "C 200x80x6x10", "T 180x120x8x10", "B 200x100x5x8", "P 100x5",
           "2C 200x80x6x10x12", "SR 50"]

@@ -9,7 +9,7 @@ import subprocess
 
 import pytest
 
-from conftest import PIPE_AREA, PIPE_W
+from program import PIPE_AREA, PIPE_W
 from settings_model import MODEL, change, text_of
 
 

@@ -4,7 +4,7 @@ pieces, a beam in 300, a link ten thousand times as stiff as its neighbours; wor
 import re
 
 import pytest
-from conftest import PIPE_AREA, PIPE_I
+from program import PIPE_AREA, PIPE_I
 from loaded_beam import CANTILEVER
 
 E = 70000.0

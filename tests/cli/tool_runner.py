@@ -3,7 +3,7 @@
 import subprocess
 import sys
 
-from conftest import ROOT
+from program import ROOT
 
 TOOLS = ROOT / "tools"
 sys.path.insert(0, str(TOOLS))

@@ -10,7 +10,7 @@ import tempfile
 from pathlib import Path
 
 import pytest
-from conftest import ROOT, Program
+from program import ROOT, Program
 from tool_runner import run
 
 from example_models import EXAMPLES

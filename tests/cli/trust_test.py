@@ -7,7 +7,7 @@ import re
 import sqlite3
 
 import pytest
-from conftest import PIPE_AREA, PIPE_I
+from program import PIPE_AREA, PIPE_I
 from loaded_beam import beam  # noqa: F401 (a fixture)
 
 # Torsion that the pipe carries, N·mm: fv·It/(D/2), It = 2·I; fv = 240/1.2/√3 N/mm² of 6061-T6.

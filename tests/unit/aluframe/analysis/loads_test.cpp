@@ -158,6 +158,17 @@ TEST(Cases, EachHasItsOwnResult) {
   }
 }
 
+TEST(Reaction, TakesALoadAtItsSupportToo) {
+  LoadCase load_case;
+  load_case.nodal.push_back({0, {50, 0, -70, 0, 900, 0}});
+  load_case.nodal.push_back({1, {0, 0, -100}});
+  // By statics, the cantilever of 1 m along X: moment of the tip about Y is +100 N times 1 m.
+  const Vector6 value = solved(cantilever(1000), load_case).reactions[0].value;
+  EXPECT_THAT(value[dx], close_to(-50));
+  EXPECT_THAT(value[dz], close_to(170));
+  EXPECT_THAT(value[ry], close_to(-900 - 100 * 1000.0));
+}
+
 TEST(Cases, CombinationIsTheFactoredSumOfLoads) {
   LoadCase a, b;
   a.nodal.push_back({1, {100}});
@@ -168,6 +179,31 @@ TEST(Cases, CombinationIsTheFactoredSumOfLoads) {
   EXPECT_EQ(sum.nodal[0].value[0], 135.0);
   EXPECT_EQ(sum.points[0].force[0], -14.0);
   EXPECT_EQ(sum.self_weight[2], -1.35);
+}
+
+TEST(Cases, CombinationTakesItsFactorToEveryNumberOfALoad) {
+  LoadCase plain;
+  plain.distributed.push_back({.element = 0, .from_value = {1, 2, 3}, .to_value = {4, 5, 6}});
+  plain.points.push_back({.element = 0, .moment = {7, 8, 9}, .at = 0.5});
+  plain.temperatures.push_back({.element = 0,
+                                .change = 10,
+                                .difference_y = 20,
+                                .depth_y = 100,
+                                .difference_z = 30,
+                                .depth_z = 200});
+  plain.settlements.push_back({0, dz, -5});
+  const std::array<FactoredCase, 1> parts{{{&plain, -2.0}}};
+  const LoadCase sum = combine(parts);
+  EXPECT_EQ(sum.distributed[0].from_value, (Vector3{-2, -4, -6}));
+  EXPECT_EQ(sum.distributed[0].to_value, (Vector3{-8, -10, -12}));
+  EXPECT_EQ(sum.points[0].moment, (Vector3{-14, -16, -18}));
+  EXPECT_EQ(sum.points[0].at, 0.5);
+  EXPECT_EQ(sum.temperatures[0].change, -20);
+  EXPECT_EQ(sum.temperatures[0].difference_y, -40);
+  EXPECT_EQ(sum.temperatures[0].difference_z, -60);
+  EXPECT_EQ(sum.temperatures[0].depth_y, 100);
+  EXPECT_EQ(sum.temperatures[0].depth_z, 200);
+  EXPECT_EQ(sum.settlements[0].value, 10);
 }
 
 TEST(Equilibrium, ResidualIsReportedAndTiny) {
@@ -187,6 +223,16 @@ TEST(Equilibrium, CaseThatLeavesMoreThanTheLimitFails) {
   EXPECT_EQ(problem->kind, Problem::Kind::equilibrium);
   EXPECT_THAT(problem->text, testing::HasSubstr(" of the forces stay unbalanced, more than "));
   EXPECT_EQ(problem->load_case, 0U);
+}
+
+TEST(Equilibrium, CaseThatFailsIsToldThoughOthersAreInBalance) {
+  // Without loads nothing is out of balance.
+  const std::array<LoadCase, 2> cases{LoadCase(), uniform(LoadAxes::local, {1, 2, -2})};
+  const Frame frame = rafter();
+  const auto result = analyse(frame, cases, {.residual_limit = 0.0});
+  const auto* problem = std::get_if<Problem>(&result);
+  ASSERT_NE(problem, nullptr);
+  EXPECT_EQ(problem->load_case, 1U);
 }
 
 TEST(Equilibrium, CaseWhoseForcesAreLessCertainThanTheLimitFails) {

@@ -25,9 +25,10 @@ class WrongSolver final : public LinearSolver {
   std::unique_ptr<LinearSolver> right_ = make_solver();
 };
 
-/// A cantilever of 1 m under 100 N at its tip, refined from nothing.
-RefinedCase refined_by(LinearSolver& solver) {
-  const Frame frame = cantilever(1000);
+/// A cantilever of 1 m under 100 N at its tip, which a spring may hold, refined from nothing.
+RefinedCase refined_by(LinearSolver& solver, double spring = 0.0) {
+  Frame frame = cantilever(1000);
+  if (spring > 0.0) frame.springs.push_back({1, {0.0, 0.0, spring}});
   const auto geometry = element_geometry(frame);
   const Equations equations(frame);
   const StiffnessSource source = elastic_source(frame, geometry);
@@ -47,6 +48,16 @@ TEST(Refinement, CorrectsASolverThatIsATenthWrong) {
   EXPECT_THAT(refined.displacements[6 + dz], close_to(-100 * 1e9 / (3 * s.e * s.iyy)));
   EXPECT_NEAR(refined.end_forces[0][my], -100 * 1000.0, 1e-6);
   EXPECT_LT(refined.force_error, 1e-13);
+}
+
+TEST(Refinement, CorrectsWhatASpringTakes) {
+  // w = P/(3·EI/L³ + k).
+  WrongSolver solver(0.9);
+  const RefinedCase refined = refined_by(solver, 500.0);
+  const Stiffness s = plain_stiffness();
+  const double tip = -100 / (3 * s.e * s.iyy / 1e9 + 500.0);
+  EXPECT_THAT(refined.displacements[6 + dz], close_to(tip));
+  EXPECT_NEAR(refined.end_forces[0][my], (-100 - 500.0 * tip) * 1000.0, 1e-6);
 }
 
 TEST(Refinement, SolutionThatSettlesSlowlyHasAnErrorThatIsTold) {

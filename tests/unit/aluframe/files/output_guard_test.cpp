@@ -96,5 +96,17 @@ TEST_F(OutputGuard, PassesOverFilesThatARunDoesNotHave) {
             std::nullopt);
 }
 
+TEST_F(OutputGuard, TellsInOneLineOfAModelWhoseNameHasTwo) {
+  std::string results("SQLite format 3\0", 16);
+  results += std::string(52, '\1') + "AluR";
+  const fs::path file = folder_.write("a.aluresult", results);
+  const auto problem = find_overwriting(
+      {{"the result file", file, FileKind::results, in_folder("b.json\nc.json: written\x1B[2K")}},
+      {{"the model", in_folder("frame.json")}});
+  ASSERT_TRUE(problem.has_value());
+  EXPECT_EQ(problem->find_first_of("\n\x1B"), std::string::npos) << *problem;
+  EXPECT_NE(problem->find("b.json c.json: written [2K, which "), std::string::npos) << *problem;
+}
+
 }  // namespace
 }  // namespace aluframe::files

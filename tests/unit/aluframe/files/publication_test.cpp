@@ -249,6 +249,14 @@ TEST_F(PublishText, ReadersNeverMeetAPart) {
   EXPECT_EQ(status, 0);
 }
 
+TEST_F(PublishText, WhatAKilledRunLeftOfItsLockKeepsNobodyOutAndGoesWithTheNextWriting) {
+  std::ofstream(folder_ / ".frame.json.aluframe-lock") << "";
+  std::ofstream(folder_ / ".frame.json.aluframe-new") << "begun";
+  publish_text(file_, "new");
+  EXPECT_EQ(content_of(file_), "new");
+  EXPECT_THAT(names(), ElementsAre("frame.json"));
+}
+
 TEST_F(PublishText, ALinkPlantedWhereTheNewFileIsToStandIsNotFollowed) {
   std::ofstream(folder_ / "victim") << "precious";
   fs::create_symlink("victim", folder_ / ".frame.json.aluframe-new");

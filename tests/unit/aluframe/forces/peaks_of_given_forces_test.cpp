@@ -7,6 +7,7 @@ namespace {
 
 using Kind = model::PointLoad::Kind;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 constexpr double span = 4000.0, q = 3.0, force = 9000.0;
@@ -84,6 +85,31 @@ TEST(PeaksOfAnEnvelope, AreThoseOfItsPartsWithTheExtremesThere) {
   ASSERT_THAT(low, SizeIs(3));
   expect_place(low[0], 1500, fz, -0.75 * force);
   expect_place(low[1], 2500, my, -2 * peak);
+}
+
+TEST(PeaksOfAnEnvelope, ChangeSidesUnderANegativeFactor) {
+  // Once or twice a force at 3/8, and less the one or the other: from -2 to -1 times its moment.
+  model::Model model = simple_beam(span);
+  add_case(model, point(Kind::force, 2, -force, 0.375));
+  model::Combination envelope;
+  envelope.number = 1;
+  envelope.kind = model::CombinationKind::envelope;
+  for (const double factor : {1.0, 2.0}) {
+    envelope.terms.push_back({model::CombinationTerm::Source::load_case, 1, factor});
+  }
+  model.combinations.add(envelope);
+  model::Combination less;
+  less.number = 2;
+  less.terms.push_back({model::CombinationTerm::Source::combination, 1, -1.0});
+  model.combinations.add(less);
+  model = with_forces(model);
+  const double peak = force * 1500 * 2500 / span;
+  const auto high = peaks_of(model, 2);
+  ASSERT_THAT(high, Not(IsEmpty()));
+  expect_place(high[0], 1500, my, -peak);
+  const auto low = peaks_of(model, 2, {}, model::Side::minimum);
+  ASSERT_THAT(low, Not(IsEmpty()));
+  expect_place(low[0], 1500, my, -2 * peak);
 }
 
 }  // namespace

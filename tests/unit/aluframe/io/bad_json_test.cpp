@@ -110,6 +110,15 @@ TEST(NotUtf8, OverlongSurrogateTooLargeAndCutCharactersAreRejected) {
             "post.json: line 1, column 2: found byte 0xE6, the file must be UTF-8");
 }
 
+TEST(NotUtf8, CharacterWhoseLastByteIsALetterIsRejected) {
+  EXPECT_EQ(message_about("\"\xE6\xA2"
+                          "A\""),
+            "post.json: line 1, column 2: found byte 0xE6, the file must be UTF-8");
+  EXPECT_EQ(message_about("\"\xF0\x9F\x98"
+                          "A\""),
+            "post.json: line 1, column 2: found byte 0xF0, the file must be UTF-8");
+}
+
 TEST(NotUtf8, Utf16FileIsRejectedAtItsFirstByte) {
   EXPECT_EQ(message_about(std::string_view("\xFF\xFE{\0}\0", 6)),
             "post.json: line 1, column 1: found byte 0xFF, the file must be UTF-8");

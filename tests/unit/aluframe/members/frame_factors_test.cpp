@@ -99,6 +99,20 @@ TEST(Portal, RestrainsAColumnTurnedByHalfARightAngleHalfAsMuch) {
   EXPECT_NEAR(factors.z.g[1], 2.0, exact);
 }
 
+// A beam twice as stiff as the columns about the axis that it bends about, five times about the
+// other: half of what columns have, and a fifth of it for columns that bend the other way.
+TEST(Portal, IsRestrainedByTheInertiaThatItsBeamBendsWith) {
+  FrameBuilder frame = hinged_portal();
+  model::Section section = *frame.model().sections.find(2);
+  section.given.iyy = 2 * FrameBuilder::inertia;
+  section.given.izz = 5 * FrameBuilder::inertia;
+  frame.model().sections.replace(section);
+  frame.with(3, [](Element& beam) { beam.section = 2; });
+  EXPECT_NEAR(factors_of(frame, 1).y.g[1], 0.5, exact);
+  frame.with(3, [](Element& beam) { beam.beta = 90; });
+  EXPECT_NEAR(factors_of(frame, 1).y.g[1], 0.2, exact);
+}
+
 TEST(Bracing, OfOneDirectionDoesNotHoldAColumnTurnedBetweenThem) {
   for (const auto& [a, b] : {std::pair{true, false}, {false, true}, {true, true}}) {
     FrameBuilder frame = hinged_portal();
@@ -191,6 +205,15 @@ TEST(Column, ThatIsReleasedAboutAnAxisIsHingedAboutItOnly) {
   frame.fixed(1).fixed(4).release(1, {my_start});
   EXPECT_EQ(factors_of(frame, 1).y.g[0], hinge);
   EXPECT_EQ(factors_of(frame, 1).z.g[0], 0.0);
+}
+
+TEST(Column, BucklesTogetherWithTheOneAboveUnlessAHingePartsThem) {
+  FrameBuilder frame = column();
+  frame.node(3, 0, 0, 5).beam(2, 2, 3).hinged(1);
+  frame.support(3, {true, true, false, false, false, false});
+  EXPECT_NEAR(factors_of(frame, 1).y.k, 5.0 / 3, exact) << "one half wave over 5 m";
+  frame.release(1, {my_end});
+  EXPECT_EQ(factors_of(frame, 1).y.k, largest_factor) << "nothing holds the hinge at its head";
 }
 
 TEST(Column, BetweenTwoHeldHingesDoesNotSway) {

@@ -101,6 +101,19 @@ TEST(CheckPoints, StopsWhenTheOutputTakesNoMore) {
   EXPECT_LT(summary.checked, 4U);
 }
 
+TEST(PointLine, HasTheSectionParametersInTheOrderOfTheirNames) {
+  ALU_CAL_BUFF buffer;
+  buffer.sectpara.dA = 1;
+  buffer.sectpara.dW1 = 2;
+  buffer.sectpara.dW2 = 3;
+  buffer.sectpara.dWz = 4;
+  buffer.sectpara.dR1 = 5;
+  buffer.sectpara.dR2 = 6;
+  buffer.sectpara.dRw = 7;
+  EXPECT_NE(point_line("1", 1, T_RALU_SECT(), buffer).find(R"("sectpara":[1,2,3,4,5,6,7])"),
+            std::string::npos);
+}
+
 TEST(PointLine, WritesWhatIsNotFiniteAsText) {
   T_RALU_SECT result;
   result.aItem[3].dDemand = std::numeric_limits<double>::quiet_NaN();

@@ -32,6 +32,12 @@ TEST(StabilityCoefficients, AboveOneAreNamedWithTheLargest) {
   EXPECT_EQ(remarks[0].value, 1.2);
 }
 
+TEST(StabilityCoefficients, AboveOneAboutZAloneAreNamedToo) {
+  const auto remarks = with_coefficients(0.9, 1.3).remarks("S4");
+  ASSERT_THAT(remarks, SizeIs(1));
+  EXPECT_EQ(remarks[0].value, 1.3);
+}
+
 TEST(StabilityCoefficients, OfZAloneSwitchLateralBucklingOff) {
   const auto remarks = with_coefficients(1.0, 0.9).remarks("S4");
   ASSERT_THAT(remarks, SizeIs(1));

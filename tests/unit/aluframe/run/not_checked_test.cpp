@@ -29,6 +29,16 @@ TEST(GroupNotChecked, OfEveryForceTheLargestIsKept) {
   EXPECT_EQ(groups[0].largest[1].element, 1U);
 }
 
+TEST(GroupNotChecked, ASmallerForceOfALaterElementDoesNotTakeItsPlace) {
+  const auto groups =
+      group_not_checked({{1, std::nullopt, "shear", store::LargestForce{"Fy", 5.0, 0, 1, 0}},
+                         {2, std::nullopt, "shear", store::LargestForce{"Fy", 3.0, 4, 2, 0}}});
+  ASSERT_EQ(groups.size(), 1U);
+  ASSERT_EQ(groups[0].largest.size(), 1U);
+  EXPECT_EQ(groups[0].largest[0].element, 1U);
+  EXPECT_EQ(groups[0].largest[0].force.magnitude, 5.0);
+}
+
 TEST(GroupNotChecked, NothingMakesNoGroup) {
   EXPECT_TRUE(group_not_checked({}).empty());
 }

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "aluframe/run/results.h"
+#include "tests/unit/aluframe/services/temporary_folder.h"
 
 namespace aluframe::run {
 namespace {
@@ -14,6 +17,14 @@ TEST(ResultFileOf, IsTheFileItselfOrThatOfAModel) {
   EXPECT_EQ(result_file_of("job/frame.aluresult"), "job/frame.aluresult");
   EXPECT_EQ(result_file_of("job/frame.aluresult.partial"), "job/frame.aluresult.partial");
   EXPECT_EQ(result_file_of("job/frame.partial"), "job/frame.aluresult");
+}
+
+TEST(LaterRunText, NamesTheFileThatALaterRunLeft) {
+  const services::TemporaryFolder folder;
+  const std::filesystem::path file = folder.path() / "frame.aluresult";
+  EXPECT_EQ(later_run_text(file), std::nullopt);
+  std::ofstream(file.string() + ".partial") << "begun";
+  EXPECT_THAT(later_run_text(file), Optional(HasSubstr("frame.aluresult.partial: a later run ")));
 }
 
 TEST(UnfinishedText, SaysHowARunEnded) {

@@ -25,6 +25,21 @@ TEST(ConcernedElements, ARemarkThatNamesNoneIsAboutAll) {
   EXPECT_TRUE(concerned("").contains(5));
 }
 
+TEST(WithEnvelopes, NamesTheEnvelopeInThePlaceOfItsState) {
+  const ModelCombination of_model = [](model::Number number) -> model::Number {
+    return number > 1000 ? number / 1000 : number;
+  };
+  store::RemarkRow of_state, of_none;
+  of_state.combination = 7002;
+  const auto remarks = with_envelopes(std::vector{of_state, of_none}, of_model);
+  EXPECT_EQ(remarks[0].combination, 7U);
+  EXPECT_EQ(remarks[1].combination, std::nullopt);
+  const store::NotChecked item{1, std::nullopt, "shear",
+                               store::LargestForce{"Fy", 5.0, 0, 7002, 0}};
+  const auto items = with_envelopes(std::vector{item}, of_model);
+  EXPECT_EQ(items[0].largest->combination, 7U);
+}
+
 TEST(Coverage, CountsCombinationsAndTheirStatesInBrackets) {
   Coverage coverage;
   coverage.combinations = {1, 7};

@@ -28,6 +28,14 @@ TEST(CompressionOpinion, TheEulerLoadBoundsCompressionAloneToo) {
                3.0 / 6.3968, 1e-4);
 }
 
+TEST(CompressionOpinion, TheEulerLoadIsThatOfTheWeakerAxis) {
+  // N_E' = π²·E·Izz/(1.2·L²), Izz = 33,487·50.
+  const double euler = pi2_e * 33487.0 * 50.0 / (1.2 * 4000.0 * 4000.0);
+  const ALU_DGN_DATA column = h200(ALU_MEMBER_COLUMN);
+  expect_ratio(answer(answers_of(column, {.n = -40e3}), RALU_STABILITY, Rule::s2), 40e3 / euler,
+               1e-4);
+}
+
 TEST(CompressionOpinion, AFactorBelowOneDoesNotRaiseTheEulerLoad) {
   ALU_DGN_DATA data = slender_pipe();
   data.code.para.dGamma0 = 0.9;

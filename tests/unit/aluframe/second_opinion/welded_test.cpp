@@ -27,6 +27,18 @@ TEST(WeldedOpinion, ABoxWithEqualFlangesHasOneModulus) {
   EXPECT_FALSE(names(answers_of(welded(data), {.my = 1e6}), Rule::f4));
 }
 
+TEST(WeldedOpinion, TheFartherFibreOfACompressedBoxBendsWithItsOwnModulus) {
+  // Bending counts 33,523/25,887 times what the check has of it beside N/(φy·A); held about z, so
+  // that compression alone is checked with φy too.
+  ALU_DGN_DATA data = unequal_box();
+  data.code.para.dKz = 0.1;
+  const double alone = ratio_of(checked(data, {.n = -10e3}), RALU_STABILITY);
+  const double both = ratio_of(checked(data, {.n = -10e3, .my = 1e6}), RALU_STABILITY);
+  const double expected = alone + (both - alone) * 33523.0 / 25887.0;
+  const auto answers = answers_of(data, {.n = -10e3, .my = 1e6});
+  expect_ratio(answer(answers, RALU_STABILITY, Rule::f4), expected, three_digits);
+}
+
 TEST(WeldedOpinion, AnUnweldedStockyBoxTakesItsFartherFibreAlready) {
   ALU_DGN_DATA data = unequal_box();
   data.code.sect.bWelded = 0;

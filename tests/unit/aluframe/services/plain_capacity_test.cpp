@@ -42,6 +42,14 @@ TEST(PlainCapacity, OfASolidRound) {
   EXPECT_NEAR(capacity.torsion, fv * std::numbers::pi / 16 * 64000, 1e-3 * fv);
 }
 
+// By hand: Iyy = (80·100³ − 76·88³)/12 = 2,350,677 over the first moment of half, 80·6·47 + 44·4·22
+// = 26,432, by a web of 4; Izz = 512,469 over that of half the flanges, 2·6·40·20 = 9,600, by 12.
+TEST(PlainCapacity, OfAnHSectionInShear) {
+  const PlainCapacity capacity = capacity_of(model::Shape::h_section, {100, 80, 4, 6, 80, 6, 0, 0});
+  EXPECT_NEAR(capacity.shear_z, fv * 2350677 / 6608, 1e-6 * capacity.shear_z);
+  EXPECT_NEAR(capacity.shear_y, fv * 512469 / 800, 1e-6 * capacity.shear_y);
+}
+
 // Closed form: π/16·(D⁴ − d⁴)/D.
 TEST(PlainCapacity, OfAPipeInTorsion) {
   const double modulus = std::numbers::pi / 16 * (1e8 - 80.0 * 80 * 80 * 80) / 100;
@@ -54,8 +62,8 @@ TEST(PlainCapacity, OfABoxInTorsion) {
               1e-6 * fv);
 }
 
-// St-Venant: Σb·t³/3 over the thickest plate, 2·80·6³/3 + 88·4³/3 over 6. A tenth for how far plates
-// reach into their corners and how their ends are counted.
+// St-Venant: Σb·t³/3 over the thickest plate, 2·80·6³/3 + 88·4³/3 over 6. A tenth for how far
+// plates reach into their corners and how their ends are counted.
 TEST(PlainCapacity, OfAnHSectionInTorsion) {
   const double modulus = (2 * 80 * 216.0 + 88 * 64.0) / 3 / 6;
   EXPECT_NEAR(capacity_of(model::Shape::h_section, {100, 80, 4, 6, 80, 6}).torsion, fv * modulus,

@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 #include "aluframe/model/envelopes.h"
+#include "aluframe/services/plain_capacity.h"
 #include "tests/unit/aluframe/services/monitor_records.h"
 #include "tests/unit/aluframe/services/sample_model.h"
 
@@ -210,6 +214,40 @@ TEST_F(RunMonitorTest, ShearAndTorsionWithoutAResultAreListedOnceForTheElement) 
   ASSERT_EQ(monitor_.not_checked().size(), 2U);
   EXPECT_EQ(monitor_.not_checked()[0].reason.find("shear where it acts"), 0U);
   EXPECT_EQ(monitor_.not_checked()[1].reason, "torsion");
+}
+
+TEST_F(RunMonitorTest, OfForcesLeftOutTheLargestIsToldWithItsPlace) {
+  for (const auto& [combination, at_start, at_end] :
+       {std::tuple{1U, 2.0F, 3.0F}, {2U, 1.0F, -5.0F}, {6U, 4.0F, 4.0F}}) {
+    T_ALU_FORCE_D forces = forces_with(1.0F);
+    forces.aForce[0][1] = at_start;  // Fy
+    forces.aForce[4][1] = at_end;
+    monitor_.note_forces(4, forces);
+    monitor_.note_record(4, combination, record_with(50, 100));
+  }
+  monitor_.note_record(4, 0, record_with(50, 100));
+  ASSERT_EQ(monitor_.not_checked().size(), 1U);
+  const auto& largest = monitor_.not_checked()[0].largest;
+  ASSERT_TRUE(largest.has_value());
+  EXPECT_EQ(largest->component, "Fy");
+  EXPECT_EQ(largest->magnitude, 5.0);
+  EXPECT_EQ(largest->position, 4);
+  EXPECT_EQ(largest->combination, 2U);
+}
+
+TEST_F(RunMonitorTest, AMillionthOfWhatTheSectionCarriesIsNoForceLeftOut) {
+  const double capacity = plain_capacity(model_, 1).shear_y;
+  ASSERT_GT(capacity, 0.0);
+  for (const auto& [share, is_told] : {std::pair{0.5e-6, false}, {2e-6, true}}) {
+    RunMonitor monitor(model_);
+    monitor.set_elements({1});
+    T_ALU_FORCE_D forces = forces_with(1.0F);
+    forces.aForce[0][1] = static_cast<float>(share * capacity);  // Fy
+    monitor.note_forces(1, forces);
+    monitor.note_record(1, 1, record_with(50, 100));
+    monitor.note_record(1, 0, record_with(50, 100));
+    EXPECT_EQ(monitor.not_checked().size(), is_told ? 1U : 0U) << share;
+  }
 }
 
 TEST_F(RunMonitorTest, BothSidesOfACombinationLackForcesOnce) {

@@ -1,6 +1,10 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <fstream>
 
 #include "tests/unit/aluframe/store/store_samples.h"
@@ -26,6 +30,50 @@ class ResultReaderTest : public testing::Test {
   Folder folder;
   std::filesystem::path file = folder.file();
 };
+
+/// While it lives, one of the reads that SQLite asks the system for fails as on a failing disk.
+class FailingRead {
+ public:
+  explicit FailingRead(int number) {
+    left_ = number;
+    for (const char* name : names) {
+      vfs_->xSetSystemCall(vfs_, name, reinterpret_cast<sqlite3_syscall_ptr>(&read));
+    }
+  }
+  ~FailingRead() {
+    for (const char* name : names) vfs_->xSetSystemCall(vfs_, name, nullptr);
+  }
+  FailingRead(const FailingRead&) = delete;
+  FailingRead& operator=(const FailingRead&) = delete;
+  static bool has_failed() { return left_ <= 0; }
+
+ private:
+  static constexpr std::array names{"pread", "pread64"};
+
+  static ssize_t read(int descriptor, void* to, std::size_t count, off_t place) {
+    if (--left_ != 0) return pread(descriptor, to, count, place);
+    errno = EIO;
+    return -1;
+  }
+
+  inline static int left_ = 0;
+  sqlite3_vfs* vfs_ = sqlite3_vfs_find(nullptr);
+};
+
+TEST_F(ResultReaderTest, TellsAReadThatFailsAsThatWhicheverItIs) {
+  store_test::write_run(file, 3);
+  int number = 1;
+  for (;; ++number) {
+    const FailingRead failing(number);
+    const std::string error = open_error();
+    if (!failing.has_failed()) break;
+    EXPECT_THAT(error, testing::AnyOf(HasSubstr("cannot be read"), HasSubstr("disk I/O error")))
+        << number;
+    EXPECT_THAT(error, testing::Not(HasSubstr("is not a result file"))) << number;
+  }
+  EXPECT_GT(number, 3) << "the header, its page and those of tables are read one by one";
+  EXPECT_EQ(open_error(), "");
+}
 
 TEST_F(ResultReaderTest, TellsTheRunAndItsCombinationsInTheirOrder) {
   RunInfo info = store_test::sample_info();

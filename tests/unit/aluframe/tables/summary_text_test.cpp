@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+
 #include "aluframe/tables/check_summary.h"
 
 namespace aluframe::tables {
@@ -106,6 +109,23 @@ TEST(SummaryText, ListsWhatWasNotChecked) {
 
 TEST(SummaryText, AModelWithoutATitleIsUntitled) {
   EXPECT_EQ(text_of(run::Input(), sample_summary()).find("Untitled model\n"), 0U);
+}
+
+TEST(SummaryCsv, CountsTheElementsOverOneApartFromThoseThatAreChecked) {
+  run::CheckResult result;
+  result.summary = sample_summary();
+  result.summary.elements_over_limit = 2;
+  const std::string csv = summary_csv(sample_input(), result);
+  std::istringstream lines(csv);
+  std::string keys, values;
+  std::getline(lines, keys);
+  std::getline(lines, values);
+  // "complete", 5 elements, 4 checked, 3 combinations, 40 positions, 16 records, 0.5 s, 2 over 1
+  EXPECT_TRUE(
+      keys.starts_with("outcome,elements,checked_elements,combinations,checked_positions,"
+                       "records,seconds,elements_over_1,"))
+      << keys;
+  EXPECT_TRUE(values.starts_with("complete,5,4,3,40,16,0.5,2,")) << values;
 }
 
 }  // namespace

@@ -31,6 +31,12 @@ TEST(ProgressLine, CountsMinutes) {
   EXPECT_NE(progress_line("", 1, 10000, 1.0).find("166:39 left"), std::string::npos);
 }
 
+// 500 of 1000 that were left are done in 2 s: 250/s, 500/250 = 2 s left.
+TEST(ProgressLine, GoesByWhatThisRunHasChecked) {
+  EXPECT_EQ(progress_line("Checking", 1500, 2000, 2.0, 1000),
+            "Checking [##################......]  75 %  1500/2000  250/s  0:02 left");
+}
+
 TEST(ProgressLine, PromisesNothingBeforeTheFirstElement) {
   EXPECT_EQ(progress_line("", 0, 10, 0.0).find("left"), std::string::npos);
   EXPECT_EQ(progress_line("", 0, 10, 5.0).find("left"), std::string::npos);
