@@ -35,6 +35,7 @@ class ThreeElements : public store::ResultReader {
     return {first, third};
   }
   std::vector<store::RemarkRow> remarks() override { return {}; }
+  std::vector<store::BucklingRow> buckling() override { return {}; }
 
  private:
   store::RunInfo info_;
