@@ -59,7 +59,7 @@ Problem not_narrowed() {
 FactorSearch::FactorSearch(SearchSpace& space, const LoadedFrame& loaded, double largest)
     : space_(space),
       loaded_(loaded),
-      largest_(std::min(largest, loaded.largest_carried_factor())),
+      largest_(largest),
       own_(loaded.smallest_own_factor(largest)),
       small_(small_share * (std::isfinite(own_.factor) ? own_.factor : 1.0)) {}
 
@@ -243,9 +243,10 @@ FactorSearch::Found FactorSearch::find_smallest() {
 Result<bool> FactorSearch::raise_bracket() {
   constexpr double step = 1.5;
   const int count = static_cast<int>(found_.size());
-  while (bracket_.high < largest_) {
+  const double largest = std::min(largest_, loaded_.largest_carried_factor());
+  while (bracket_.high < largest) {
     const double low = bracket_.high;
-    double high = std::min(low * step, largest_);
+    double high = std::min(low * step, largest);
     const Below below = factors_below(high);
     if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
     if (high <= low) break;  // singular from there to the largest

@@ -123,7 +123,7 @@ double LoadedElement::smallest_own_factor(double largest) const {
     low = high;
     high *= 1.5;
   }
-  constexpr double certain = 1e-12;
+  constexpr double certain = 1e-9;
   while (high - low > certain * high) {
     const double middle = (low + high) / 2.0;
     (has_own_below(middle, both) ? high : low) = middle;
@@ -132,7 +132,7 @@ double LoadedElement::smallest_own_factor(double largest) const {
 }
 
 int LoadedElement::own_direction(double smallest_own_factor) const {
-  constexpr double just_above = 1.0 + 1e-9;
+  constexpr double just_above = 1.0 + 1e-8;
   return has_own_below(smallest_own_factor * just_above, {true, false}) ? 1 : 2;
 }
 

@@ -149,6 +149,51 @@ TEST(BucklingLimits, AllFactorsOfAShearColumnLieBelowItsShearStiffness) {
   }
 }
 
+TEST(BucklingLimits, CompressionThatGrowsNearToTheShearStiffnessIsExactInOneElement) {
+  // A stubby column, clamped and hinged, under load along it: cut into pieces whose compression is
+  // nearly even, it buckles at the same factor.
+  Stiffness stubby{.e = 70000.0,
+                   .g = 27000.0,
+                   .area = 500.0,
+                   .ay = 265.0,
+                   .az = 430.0,
+                   .it = 1e4,
+                   .iyy = 1.3e6,
+                   .izz = 1.0e6};
+  std::array<double, 2> factors{};
+  for (const std::size_t parts : {1U, 24U}) {
+    Frame frame;
+    LoadCase loads;
+    for (std::size_t i = 0; i <= parts; ++i) {
+      add_node(frame, 0, 0, 500.0 * static_cast<double>(i) / static_cast<double>(parts));
+    }
+    for (std::size_t i = 0; i < parts; ++i) {
+      add_element(frame, i, i + 1, stubby);
+      loads.distributed.push_back({.element = i,
+                                   .axes = LoadAxes::global,
+                                   .from_value = {0, 0, -10.0},
+                                   .to_value = {0, 0, -10.0}});
+    }
+    frame.supports = {{0, clamped}, {parts, hinged_top}};
+    factors[parts == 1 ? 0 : 1] = buckle(frame, loads).modes.at(0).factor;
+  }
+  EXPECT_NEAR(factors[0], factors[1], 2e-6 * factors[1]);
+}
+
+TEST(BucklingLimits, AColumnWithoutLengthToSpeakOfStillBucklesByShear) {
+  // Engesser: 1/P = 1/P_E + 1/GAs, and P_E is two thousand times GAs.
+  Stiffness soft = plain_stiffness();
+  soft.ay = soft.az = 10.0;
+  Row row(1, ElementKind::beam, hinged_base, hinged_top, soft);
+  row.frame.nodes[1].z = 60.0;
+  for (const int modes : {1, 3}) {
+    const BucklingResult found = buckle(row.frame, row.loads, modes);
+    ASSERT_FALSE(found.modes.empty());
+    // Above 99 % of GAs no length is carried.
+    EXPECT_NEAR(found.modes[0].factor, 0.99 * 270.0, 1e-6 * 270.0);
+  }
+}
+
 TEST(BucklingLimits, WhatATrussDoesNotCarryIsNotReleasedFromIt) {
   Row row(1, ElementKind::truss, pinned, hinged_top);
   row.frame.elements[0].released[fy] = row.frame.elements[0].released[6 + my] = true;
