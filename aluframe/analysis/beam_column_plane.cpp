@@ -10,10 +10,11 @@ namespace aluframe::analysis {
 
 namespace {
 
-/// So many segments hold a tie of three thousand times its Euler load; beyond, digits are lost.
-constexpr double most_segments = 64.0;
+/// So many segments hold a tie of ten million times its Euler load, a cable; beyond, digits are
+/// lost.
+constexpr double most_segments = 4096.0;
 /// A compression above this part of the shear stiffness is not carried.
-constexpr double largest_shear_share = 0.999;
+constexpr double largest_shear_share = 0.99;
 
 int negative_eigenvalues(const Eigen::Matrix2d& k) {
   if (k.determinant() < 0.0) return 1;
@@ -40,19 +41,33 @@ SegmentPiece piece_of(const ElementSpan& span, double from, double to, int axis)
           .across_end = start + (end - start) * b};
 }
 
-/// sqrt(|N|/EI)·L of a span, larger where shear softens it; infinite when it is not carried.
+/// 1/GAs.
+double shear_flexibility(const BendingPlane& plane) {
+  return plane.shear * plane.length * plane.length / (12.0 * plane.ei);
+}
+
+/// sqrt(|N|/EI)·L of a span, larger where shear softens it, and where a compression that grows
+/// along it comes near to the shear stiffness: the power series converge up to the place where both
+/// would be equal. Infinite when it is not carried.
 double own_length(const BendingPlane& plane, const ElementSpan& span) {
   const double compression = span.axial.largest_compression();
   const double largest =
       std::max({compression, std::abs(span.axial.start), std::abs(span.axial.end)});
-  // 1/GAs is shear·L²/(12·EI).
-  const double shear_share =
-      compression * plane.shear * plane.length * plane.length / (12.0 * plane.ei);
+  const double shear_share = compression * shear_flexibility(plane);
   if (shear_share > largest_shear_share) return std::numeric_limits<double>::infinity();
-  return std::sqrt(largest / (plane.ei * (1.0 - shear_share))) * span.length();
+  const double change =
+      std::abs(span.axial.end - span.axial.start) + 4.0 * std::abs(span.axial.bow);
+  const double to_pole = (1.0 - shear_share) / (change * shear_flexibility(plane));
+  constexpr double share_of_radius = 0.5;
+  return std::max(std::sqrt(largest / (plane.ei * (1.0 - shear_share))) * span.length(),
+                  longest_segment / (share_of_radius * to_pole));
 }
 
 }  // namespace
+
+double carried_compression(const BendingPlane& plane) {
+  return largest_shear_share / shear_flexibility(plane);
+}
 
 BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, std::span<const ElementSpan> spans,
                                  int axis, double curvature)

@@ -9,6 +9,10 @@
 
 namespace aluframe::analysis {
 
+/// Compression that the shear stiffness of a plane carries on any length, N; infinite where it is
+/// rigid in shear.
+double carried_compression(const BendingPlane& plane);
+
 /// One bending plane of an element under axial force, exactly: one segment, or where the axial
 /// force is so large that it might buckle by itself, a chain of them whose inner nodes are
 /// eliminated. Without axial force it is the plane of the element.

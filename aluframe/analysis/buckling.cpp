@@ -81,8 +81,8 @@ Result<BucklingResult> Buckling::Search::find(const LoadCase& loads,
   const LoadedFrame loaded(frame_, geometry_, equations_, loads, axial_forces);
   BucklingResult result;
   if (!loaded.is_compressed()) return result;
-  FactorSearch search(space_, loaded);
-  auto found = search.find(modes, largest_buckling_factor);
+  FactorSearch search(space_, loaded, largest_buckling_factor);
+  auto found = search.find(modes);
   if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
   result.factorisations = search.factorisations();
   const auto at_rest = loaded.at(0.0);

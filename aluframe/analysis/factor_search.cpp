@@ -56,20 +56,27 @@ Problem not_narrowed() {
 
 }  // namespace
 
-FactorSearch::FactorSearch(SearchSpace& space, const LoadedFrame& loaded)
-    : space_(space), loaded_(loaded), own_(loaded.smallest_own_factor()) {}
+FactorSearch::FactorSearch(SearchSpace& space, const LoadedFrame& loaded, double largest)
+    : space_(space),
+      loaded_(loaded),
+      largest_(largest),
+      own_(loaded.smallest_own_factor(largest)),
+      small_(small_share * (std::isfinite(own_.factor) ? own_.factor : 1.0)) {}
 
-/// @param factor a hair smaller afterwards where it is an element's own one
+/// @param factor smaller afterwards where the equations are singular: a hair, or more where their
+///               rounding makes them so around it
 FactorSearch::Below FactorSearch::factors_below(double& factor) {
   using Status = Factorisation::Status;
   constexpr int most_tries = 5;
-  for (int tries = 0; tries < most_tries; ++tries, factor *= 1.0 - certain / 100.0) {
+  double step = certain / 100.0;
+  for (int tries = 0; tries < most_tries; ++tries, factor *= 1.0 - step, step *= 10.0) {
     auto equations = loaded_.at(factor);
     if (!equations) continue;
     current_ = std::move(*equations);
+    if (current_.scaled.scale.empty()) return current_.own_factors;
     ++factorisations_;
     const Factorisation done = space_.solver.factorise(current_.scaled.matrix);
-    if (done.status == Status::zero_pivot) continue;
+    if (done.status == Status::zero_pivot && factor > 0.0) continue;
     if (auto problem = find_problem(done, space_.frame, space_.equations, current_.scaled)) {
       return std::move(*problem);
     }
@@ -79,9 +86,10 @@ FactorSearch::Below FactorSearch::factors_below(double& factor) {
 }
 
 /// Modes of earlier searches, and others so that no kind of motion is left out.
-void FactorSearch::take_trial_modes() {
+/// @param more trial modes than usual
+void FactorSearch::take_trial_modes(Eigen::Index more) {
   const auto size = static_cast<Eigen::Index>(unloaded_.scale.size());
-  const Eigen::Index count = std::min(trial_modes + space_.trial.cols(), size);
+  const Eigen::Index count = std::min(trial_modes + more + space_.trial.cols(), size);
   const std::vector<double> any = probing_load(static_cast<int>(size * count));
   trial_ = Eigen::Map<const Columns>(any.data(), size, count);
   const Eigen::Index kept = std::min(space_.trial.cols(), count);
@@ -100,13 +108,22 @@ void FactorSearch::keep_trial_modes() {
   space_.trial = std::move(modes);
 }
 
-/// Subspace iteration with the stiffness of the frame without axial forces.
-FactorSearch::Found FactorSearch::find_trial_modes() {
+/// Factorises the stiffness of the frame without axial forces, which must resist every motion.
+FactorSearch::Found FactorSearch::factorise_unloaded() {
   double none = 0.0;
   const Below below = factors_below(none);
   if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
-  const bool is_finite = std::isfinite(own_.factor);
-  const auto slightly = loaded_.at(small_share * (is_finite ? own_.factor : 1.0));
+  const std::vector<double> load = probing_load(current_.scaled.matrix.size);
+  std::vector<double> solution = load;
+  space_.solver.solve(solution);
+  if (std::get<int>(below) == 0 && softness(load, solution) >= least_softness) return std::nullopt;
+  return explain_mechanism(space_.frame, space_.equations, current_.scaled);
+}
+
+/// Subspace iteration with the stiffness of the frame without axial forces.
+FactorSearch::Found FactorSearch::find_trial_modes() {
+  if (auto problem = factorise_unloaded()) return problem;
+  const auto slightly = loaded_.at(small_);
   if (!slightly) return not_narrowed();
   const SymmetricMatrix taken = difference(unloaded_.matrix, slightly->scaled.matrix);
   constexpr int most_steps = 12;
@@ -143,10 +160,10 @@ std::optional<FoundFactor> FactorSearch::projected_factor(double share) {
   const auto projected = [&](const ScaledEquations& equations) -> Columns {
     return trial_.transpose() * times(equations.matrix, trial_);
   };
-  const double limit = own_.factor * (1.0 - certain);
+  const double limit = std::min(own_.factor, largest_) * (1.0 - certain);
   double low = lower_;
   Columns at_low = projected(base_);
-  double factor = lower_ > 0.0 ? lower_ * (1.0 + near_share) : small_share * own_.factor;
+  double factor = lower_ > 0.0 ? lower_ * (1.0 + near_share) : small_;
   constexpr int most_secants = 20;
   for (int i = 0; i < most_secants; ++i) {
     factor = std::min(factor, limit);
@@ -169,8 +186,10 @@ std::optional<FoundFactor> FactorSearch::projected_factor(double share) {
   return std::nullopt;
 }
 
+/// Finds none when it is above the largest that is looked for.
 FactorSearch::Found FactorSearch::find_smallest() {
   FoundFactor best{own_.factor, {}, own_.element};
+  if (!(own_.factor <= largest_)) best = {largest_, {}, std::nullopt};
   const auto take = [&](std::optional<FoundFactor> found) {
     if (!found || !(found->factor < best.factor)) return false;
     best = std::move(*found);
@@ -184,6 +203,7 @@ FactorSearch::Found FactorSearch::find_smallest() {
   const auto first = projected_factor(near_share);
   double trial = (first ? first->factor : best.factor) * (1.0 - near_share);
   for (int i = 0; i < most_trials; ++i) {
+    const double aim = trial;
     const Below below = factors_below(trial);
     if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
     improve_trial_modes(steps_of_inverse_iteration);
@@ -192,8 +212,11 @@ FactorSearch::Found FactorSearch::find_smallest() {
       lower_ = trial;
       base_ = current_.scaled;
       take(projected_factor(certain / 1000.0));
-      if (best.factor * (1.0 - certain) <= trial) {
-        found_.push_back(std::move(best));
+      // Singular from here to where it was aimed at: as near as rounding lets it come.
+      const bool is_singular = trial < aim * (1.0 - certain);
+      if (best.factor * (1.0 - certain) <= trial || is_singular) {
+        const bool is_mode = best.element || best.shape.size() > 0;
+        if (is_mode) found_.push_back(std::move(best));
         return std::nullopt;
       }
       const bool is_near = best.factor * (1.0 - 2.0 * near_share) <= trial;
@@ -215,46 +238,89 @@ FactorSearch::Found FactorSearch::find_smallest() {
   return not_narrowed();
 }
 
-/// Raises `low`, which has fewer factors below it than `count`, by steps while that stays so.
-/// @return factors below the end of the step that ended it, or fewer when `largest` is reached
-FactorSearch::Below FactorSearch::raise_until(int count, double& low, double largest) {
+/// Raises the bracket of the last factor, which holds no more than those found, by steps until it
+/// holds more. @return false when the largest factor is reached
+Result<bool> FactorSearch::raise_bracket() {
   constexpr double step = 1.5;
-  while (low < largest) {
-    double high = low * step;
+  const int count = static_cast<int>(found_.size());
+  const double largest = std::min(largest_, loaded_.largest_carried_factor());
+  while (bracket_.high < largest) {
+    const double low = bracket_.high;
+    double high = std::min(low * step, largest);
     const Below below = factors_below(high);
-    if (std::holds_alternative<Problem>(below) || std::get<int>(below) >= count) return below;
-    low = high;
+    if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+    if (high <= low) break;  // singular from there to the largest
+    bracket_ = {low, high, std::get<int>(below)};
+    if (bracket_.below_high > count) return true;
   }
-  return count - 1;
+  return false;
 }
 
-FactorSearch::Found FactorSearch::narrow(int count, double& low, double& high) {
+FactorSearch::Found FactorSearch::narrow_bracket() {
+  const int count = static_cast<int>(found_.size());
+  auto& [low, high, below_high] = bracket_;
   for (int i = 0; high - low > certain / 2.0 * high; ++i) {
     if (i == most_trials) return not_narrowed();
     double middle = (low + high) / 2.0;
     const Below below = factors_below(middle);
     if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
-    (std::get<int>(below) >= count ? high : low) = middle;
+    if (middle <= low) break;  // singular all over
+    if (std::get<int>(below) > count) {
+      high = middle;
+      below_high = std::get<int>(below);
+    } else {
+      low = middle;
+    }
   }
   return std::nullopt;
 }
 
-/// Modes that are found already with the same factor, square to each other.
-Columns FactorSearch::modes_from(double factor) const {
-  Columns modes(trial_.rows(), 0);
+/// The first factor that is not found yet lies in the bracket afterwards.
+/// @return false when the largest factor is reached
+Result<bool> FactorSearch::bracket_next() {
+  const int count = static_cast<int>(found_.size());
+  if (count == 1) {
+    const double factor = found_.front().factor;
+    bracket_ = {factor * (1.0 - certain), factor * (1.0 + certain), 0};
+    const Below below = factors_below(bracket_.high);
+    if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+    bracket_.below_high = std::get<int>(below);
+  }
+  if (bracket_.below_high > count) return true;
+  auto raised = raise_bracket();
+  if (const auto* is_raised = std::get_if<bool>(&raised); !is_raised || !*is_raised) return raised;
+  if (auto problem = narrow_bracket()) return std::move(*problem);
+  return true;
+}
+
+/// An element with an own factor in the bracket that is not found yet.
+std::optional<std::size_t> FactorSearch::own_mode_in_bracket() const {
+  auto elements = loaded_.elements_with_own_factor(bracket_.low, bracket_.high);
   for (const FoundFactor& other : found_) {
-    if (other.shape.size() == 0 || other.factor < factor) continue;
+    if (!other.element || other.factor < bracket_.low) continue;
+    const auto same = std::ranges::find(elements, *other.element);
+    if (same != elements.end()) elements.erase(same);
+  }
+  if (elements.empty()) return std::nullopt;
+  return elements.front();
+}
+
+/// Modes that are found already in the bracket, square to each other.
+Columns FactorSearch::modes_in_bracket() const {
+  Columns modes(static_cast<Eigen::Index>(unloaded_.scale.size()), 0);
+  for (const FoundFactor& other : found_) {
+    if (other.shape.size() == 0 || other.factor < bracket_.low * (1.0 - 4.0 * certain)) continue;
     modes.conservativeResize(Eigen::NoChange, modes.cols() + 1);
     modes.rightCols<1>() = other.shape;
   }
   return modes.cols() == 0 ? modes : orthonormal(modes);
 }
 
-/// The mode whose factor lies between two: of several with the same factor, one square to those
-/// that are found already.
-FoundFactor FactorSearch::mode_between(double low, double high) {
-  FoundFactor result{(low + high) / 2.0, {}, loaded_.element_with_own_factor(low, high)};
-  if (result.element) return result;
+/// The mode whose factor lies in the bracket: of several with the same factor, one square to those
+/// that are found already. The stiffness factorised last is that of the upper end.
+Eigen::VectorXd FactorSearch::mode_in_bracket() {
+  const Columns others = modes_in_bracket();
+  take_trial_modes(others.cols());
   improve_trial_modes(2 * steps_of_inverse_iteration);
   const Columns projected = trial_.transpose() * times(current_.scaled.matrix, trial_);
   const Eigen::SelfAdjointEigenSolver<Columns> eigen(projected);
@@ -262,54 +328,48 @@ FoundFactor FactorSearch::mode_between(double low, double high) {
   std::vector<Eigen::Index> nearest(static_cast<std::size_t>(distances.size()));
   std::iota(nearest.begin(), nearest.end(), Eigen::Index{0});
   std::ranges::sort(nearest, {}, [&](Eigen::Index i) { return distances[i]; });
-  const Columns others = modes_from(low * (1.0 - 4.0 * certain));
   nearest.resize(std::min(nearest.size(), static_cast<std::size_t>(others.cols()) + 1));
+  Eigen::VectorXd found;
   for (const Eigen::Index i : nearest) {
     Eigen::VectorXd shape = trial_ * eigen.eigenvectors().col(i);
     shape -= others * (others.transpose() * shape);
-    if (result.shape.size() == 0 || shape.norm() > result.shape.norm()) result.shape = shape;
+    if (found.size() == 0 || shape.norm() > found.norm()) found = shape;
   }
-  return result;
+  return found;
 }
 
-FactorSearch::Found FactorSearch::find_next(double largest) {
-  const int count = static_cast<int>(found_.size()) + 1;
-  double low = found_.back().factor * (1.0 + certain);
-  double high = low;
-  Below below = factors_below(high);
-  if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
-  if (std::get<int>(below) >= count) {
-    low = found_.back().factor;
-  } else {
-    below = raise_until(count, low, largest);
+/// Finds none when the largest factor is reached.
+FactorSearch::Found FactorSearch::find_next() {
+  const auto bracketed = bracket_next();
+  if (const auto* problem = std::get_if<Problem>(&bracketed)) return *problem;
+  if (!std::get<bool>(bracketed)) return std::nullopt;
+  const double last = found_.back().factor;
+  FoundFactor next{last >= bracket_.low ? last : (bracket_.low + bracket_.high) / 2.0, {}, {}};
+  next.element = own_mode_in_bracket();
+  if (!next.element) {
+    double high = bracket_.high;
+    const Below below = factors_below(high);
     if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
-    if (std::get<int>(below) < count) return std::nullopt;
-    high = low * 1.5;
-    if (auto problem = narrow(count, low, high)) return problem;
+    next.shape = mode_in_bracket();
   }
-  take_trial_modes();
-  const Below near = factors_below(high);
-  if (const auto* problem = std::get_if<Problem>(&near)) return *problem;
-  found_.push_back(mode_between(low, high));
+  found_.push_back(std::move(next));
   return std::nullopt;
 }
 
-Result<std::vector<FoundFactor>> FactorSearch::find(int count, double largest) {
-  if (own_.factor == std::numeric_limits<double>::infinity()) return std::move(found_);
+Result<std::vector<FoundFactor>> FactorSearch::find(int count) {
   auto unloaded = loaded_.at(0.0);
   if (!unloaded) return not_narrowed();
   unloaded_ = std::move(unloaded->scaled);
   base_ = unloaded_;
-  if (unloaded_.scale.empty()) {
+  if (!unloaded_.scale.empty()) {
+    if (auto problem = find_smallest()) return std::move(*problem);
+    keep_trial_modes();
+  } else if (own_.factor <= largest_) {
     found_.push_back({own_.factor, {}, own_.element});
-    return std::move(found_);
   }
-  if (auto problem = find_smallest()) return std::move(*problem);
-  keep_trial_modes();
-  if (found_.front().factor > largest) found_.clear();
   while (!found_.empty() && static_cast<int>(found_.size()) < count) {
     const std::size_t before = found_.size();
-    if (auto problem = find_next(largest)) return std::move(*problem);
+    if (auto problem = find_next()) return std::move(*problem);
     if (found_.size() == before) break;
   }
   return std::move(found_);

@@ -31,14 +31,14 @@ struct FoundFactor {
 /// factor of the frame is not above that. Trial modes give an upper bound: the factor at which K
 /// projected on them is singular. A factorisation without negative pivots gives a lower bound. Its
 /// inverse improves the trial modes, until both bounds meet. Factors above the smallest are
-/// bracketed by their numbers alone.
+/// bracketed by their numbers alone; those of one bracket are the same.
 class FactorSearch {
  public:
-  FactorSearch(SearchSpace& space, const LoadedFrame& loaded);
+  /// @param largest factor that is looked for
+  FactorSearch(SearchSpace& space, const LoadedFrame& loaded, double largest);
 
   /// The smallest factors, as many as asked for and found.
-  /// @param largest that is looked for
-  Result<std::vector<FoundFactor>> find(int count, double largest);
+  Result<std::vector<FoundFactor>> find(int count);
   int factorisations() const { return factorisations_; }
 
  private:
@@ -46,28 +46,40 @@ class FactorSearch {
   /// How many factors lie below one.
   using Below = std::variant<int, Problem>;
 
+  /// Two factors, and how many factors of the frame lie below the upper one.
+  struct Bracket {
+    double low = 0.0, high = 0.0;
+    int below_high = 0;
+  };
+
+  Found factorise_unloaded();
   Found find_trial_modes();
   Found find_smallest();
-  Found find_next(double largest);
+  Found find_next();
   Below factors_below(double& factor);
-  Below raise_until(int count, double& low, double largest);
-  Found narrow(int count, double& low, double& high);
-  void take_trial_modes();
+  Result<bool> bracket_next();
+  Result<bool> raise_bracket();
+  Found narrow_bracket();
+  void take_trial_modes(Eigen::Index more = 0);
   void keep_trial_modes();
   void improve_trial_modes(int steps);
   std::optional<FoundFactor> projected_factor(double certain);
-  Columns modes_from(double factor) const;
-  FoundFactor mode_between(double low, double high);
+  std::optional<std::size_t> own_mode_in_bracket() const;
+  Columns modes_in_bracket() const;
+  Eigen::VectorXd mode_in_bracket();
 
   SearchSpace& space_;
   const LoadedFrame& loaded_;
+  double largest_;  // that is looked for
   OwnFactor own_;
+  double small_;              // a factor at which axial forces take little from the stiffness
   ScaledEquations unloaded_;  // at the factor 0
   ScaledEquations base_;      // at the lower bound of the smallest factor
   double lower_ = 0.0;
   LoadedEquations current_;  // factorised last
   Columns trial_;
   std::vector<FoundFactor> found_;
+  Bracket bracket_;  // of the last factor found
   int factorisations_ = 0;
 };
 

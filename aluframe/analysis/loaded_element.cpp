@@ -27,6 +27,7 @@ std::vector<ElementSpan> spans_for(const Element& element, const ElementLoads& l
 
 /// Whether an end of the element may move across it.
 bool slides(const Element& element) {
+  if (element.kind == ElementKind::truss) return false;
   constexpr std::array<std::size_t, 4> across{1, 2, 7, 8};
   return std::ranges::any_of(across, [&](std::size_t i) { return element.released[i]; });
 }
@@ -87,6 +88,15 @@ std::optional<int> LoadedElement::stiffness_at(double factor, ElementStiffness& 
   return stiffness_at(factor, both, k);
 }
 
+double LoadedElement::largest_carried_factor() const {
+  double least = infinite;
+  if (compression_ <= 0.0 || element_->kind == ElementKind::truss) return least;
+  for (const int axis : {1, 2}) {
+    least = std::min(least, carried_compression(plane(axis)) / compression_);
+  }
+  return least;
+}
+
 /// The ends of an element that stands still between its nodes are hinged at least, or guided.
 double LoadedElement::lower_bound() const {
   if (compression_ <= 0.0) return infinite;
@@ -104,15 +114,16 @@ bool LoadedElement::has_own_below(double factor, const Directions& acting) const
   return !own || *own > 0;
 }
 
-double LoadedElement::smallest_own_factor() const {
+double LoadedElement::smallest_own_factor(double largest) const {
   const double bound = lower_bound();
   if (bound == infinite || element_->kind == ElementKind::truss) return bound;
   double low = 0.0, high = bound;
   while (!has_own_below(high, both)) {
+    if (high > largest) return infinite;
     low = high;
     high *= 1.5;
   }
-  constexpr double certain = 1e-12;
+  constexpr double certain = 1e-9;
   while (high - low > certain * high) {
     const double middle = (low + high) / 2.0;
     (has_own_below(middle, both) ? high : low) = middle;
@@ -121,7 +132,7 @@ double LoadedElement::smallest_own_factor() const {
 }
 
 int LoadedElement::own_direction(double smallest_own_factor) const {
-  constexpr double just_above = 1.0 + 1e-9;
+  constexpr double just_above = 1.0 + 1e-8;
   return has_own_below(smallest_own_factor * just_above, {true, false}) ? 1 : 2;
 }
 

@@ -20,6 +20,10 @@ class LoadedElement {
   /// N at the factor 1; 0: it does not buckle.
   double largest_compression() const { return compression_; }
 
+  /// The factor at which the compression reaches what the shear stiffness carries; infinite without
+  /// either.
+  double largest_carried_factor() const;
+
   /// @param k gets the stiffness at the factor
   /// @return own factors below this one: how often the element buckles while its nodes stand still;
   ///         nothing at a factor that is one of its own, or beyond what its shear stiffness carries
@@ -27,7 +31,8 @@ class LoadedElement {
 
   /// A factor that is not above its smallest own one; infinite without compression.
   double lower_bound() const;
-  double smallest_own_factor() const;
+  /// @return infinite above the largest that is looked for
+  double smallest_own_factor(double largest) const;
   /// The axis, 1 (y) or 2 (z), along which it deflects at its smallest own factor.
   int own_direction(double smallest_own_factor) const;
 

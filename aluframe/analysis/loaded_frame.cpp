@@ -24,7 +24,7 @@ bool LoadedFrame::is_compressed() const {
 }
 
 /// Elements whose lower bound lies above a factor that is found already are not looked at.
-OwnFactor LoadedFrame::smallest_own_factor() const {
+OwnFactor LoadedFrame::smallest_own_factor(double largest) const {
   std::vector<double> bounds;
   for (const LoadedElement& element : elements_) bounds.push_back(element.lower_bound());
   std::vector<std::size_t> order(elements_.size());
@@ -33,20 +33,30 @@ OwnFactor LoadedFrame::smallest_own_factor() const {
   OwnFactor smallest;
   for (const std::size_t i : order) {
     if (bounds[i] >= smallest.factor) break;
-    const double factor = elements_[i].smallest_own_factor();
+    const double factor = elements_[i].smallest_own_factor(largest);
     if (factor < smallest.factor) smallest = {factor, i};
   }
   return smallest;
 }
 
-std::optional<std::size_t> LoadedFrame::element_with_own_factor(double low, double high) const {
+std::vector<std::size_t> LoadedFrame::elements_with_own_factor(double low, double high) const {
+  std::vector<std::size_t> found;
   ElementStiffness k;
   for (std::size_t i = 0; i < elements_.size(); ++i) {
     const auto below = elements_[i].stiffness_at(low, k),
                above = elements_[i].stiffness_at(high, k);
-    if (below && above && *above > *below) return i;
+    if (!below || !above) continue;
+    found.insert(found.end(), static_cast<std::size_t>(std::max(0, *above - *below)), i);
   }
-  return std::nullopt;
+  return found;
+}
+
+double LoadedFrame::largest_carried_factor() const {
+  double least = std::numeric_limits<double>::infinity();
+  for (const LoadedElement& element : elements_) {
+    least = std::min(least, element.largest_carried_factor());
+  }
+  return least;
 }
 
 std::optional<LoadedEquations> LoadedFrame::at(double factor) const {

@@ -31,12 +31,15 @@ class LoadedFrame {
   bool is_compressed() const;
   /// The smallest factor at which an element buckles while its nodes stand still: the frame, whose
   /// nodes may move, does not carry more.
-  OwnFactor smallest_own_factor() const;
+  /// @return infinite above the largest that is looked for
+  OwnFactor smallest_own_factor(double largest) const;
   int own_direction(const OwnFactor& own) const {
     return elements_[own.element].own_direction(own.factor);
   }
-  /// An element that has an own factor between two.
-  std::optional<std::size_t> element_with_own_factor(double low, double high) const;
+  /// Elements that have own factors between two, as often as they have.
+  std::vector<std::size_t> elements_with_own_factor(double low, double high) const;
+  /// Larger factors exceed a shear stiffness; infinite without one.
+  double largest_carried_factor() const;
 
   /// @return nothing where the factor is one of an element's own
   std::optional<LoadedEquations> at(double factor) const;
