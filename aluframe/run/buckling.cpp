@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
@@ -171,14 +170,14 @@ std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& ro
   return out;
 }
 
-/// "combination 3 buckles", "combinations 1-4, 7 buckle"; "has" and "have".
+/// "combination 3 buckles", "combinations 1-4, 7 buckle".
 std::string subject_verb(const std::vector<store::BucklingRow>& rows, const std::string& verb) {
   std::vector<model::Number> numbers;
   for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
   std::ranges::sort(numbers);
   const std::string list = model::join_as_ranges(numbers);
   if (numbers.size() > 1) return fmt::format("combinations {} {}", list, verb);
-  return fmt::format("combination {} {}", list, verb == "have" ? "has" : verb + "s");
+  return fmt::format("combination {} {}s", list, verb);
 }
 
 /// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
@@ -320,16 +319,6 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
     remarks.push_back(remark_of(
         worst, fmt::format("{} below the limit of {} for the buckling load factor: {}; {}",
                            subject_verb(low, "lie"), limit, factor_text(worst), remedy)));
-  }
-  std::map<std::string, std::vector<store::BucklingRow>> unknown;
-  for (const store::BucklingRow& row : rows) {
-    if (!row.unknown.empty()) unknown[row.unknown].push_back(row);
-  }
-  for (const auto& [reason, of_reason] : unknown) {
-    store::RemarkRow& remark = remarks.emplace_back();
-    remark.kind = remark_kind;
-    remark.text =
-        fmt::format("{} no buckling load factor: {}", subject_verb(of_reason, "have"), reason);
   }
   return remarks;
 }

@@ -55,7 +55,7 @@ std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>&
 double buckling_limit(const model::Model& model);
 
 /// What an engineer is owed a word about, of kind "buckling": combinations that buckle the frame,
-/// those below the limit, with the remedy, and those whose factor is unknown.
+/// and those below the limit, with the remedy.
 std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
                                                const model::Model& model);
 

@@ -85,10 +85,11 @@ bool find_buckling(const Input& input, const CheckOptions& options, CheckResult&
     return !is_cancelled;
   });
   if (progress != nullptr) progress->ended();
+  if (is_cancelled) return false;
   result.buckling_factors = buckling_rows(factors);
   std::ranges::move(buckling_remarks(result.buckling_factors, input.model),
                     std::back_inserter(result.remarks));
-  return !is_cancelled;
+  return true;
 }
 
 }  // namespace
@@ -132,11 +133,10 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   }
   result.remarks = input.remarks;
   result.buckling = options.buckling;
-  if (options.buckling == FrameBuckling::off) {
+  if (options.buckling == FrameBuckling::on) {
+    session.after_elements = [&] { return find_buckling(input, options, result); };
+  } else {
     leave_out_buckling(session.setup);
-  } else if (!find_buckling(input, options, result)) {
-    result.summary.outcome = services::RunOutcome::cancelled;
-    return result;
   }
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "aluframe/run/buckling.h"
 #include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/run/session_options.h"
@@ -25,6 +26,13 @@ void add_remarks(const Input& input, const OpinionNotes& opinion, bool is_new_fi
   for (const store::RemarkRow& row : opinion.remarks()) writer.add_remark(row);
 }
 
+/// How far the frame is from buckling, which a check would have stored.
+void add_buckling(const Input& input, store::ResultWriter& writer) {
+  const auto rows = buckling_rows(buckling_of_combinations(input, [](int, int) { return true; }));
+  for (const store::BucklingRow& row : rows) writer.add_buckling(row);
+  for (const store::RemarkRow& row : buckling_remarks(rows, input.model)) writer.add_remark(row);
+}
+
 }  // namespace
 
 services::ReportSummary report(const Input& input, const ReportOptions& options) {
@@ -37,6 +45,7 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   const bool has_opinion = is_new_file || had_second_opinion(options.results);
   if (has_opinion) session.observer = &opinion;
   session.before_finish = [&](store::ResultWriter& writer) {
+    if (is_new_file) add_buckling(input, writer);
     if (has_opinion) add_remarks(input, opinion, is_new_file, writer);
   };
   return services::run_report(input.model, std::move(session), options.report);

@@ -141,6 +141,10 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
     session.monitor().note_failure("the design module ended the run without a result");
   }
   try {
+    if (outcome == RunOutcome::complete && session.options().after_elements &&
+        !session.options().after_elements()) {
+      outcome = RunOutcome::cancelled;
+    }
     finish_file(session, outcome);
   } catch (const std::exception& error) {
     session.monitor().note_failure(files::error_text(error));

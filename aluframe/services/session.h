@@ -57,6 +57,8 @@ struct SessionOptions {
   std::optional<std::vector<members::SegmentFactors>> length_factors;
   /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
   std::function<void(store::ResultWriter&)> before_finish;
+  /// What a run does when all elements are checked; false: the user has stopped it there.
+  std::function<bool()> after_elements = {};
   /// What a run's records are written with.
   ResultWriterFactory create_writer = store::ResultWriter::create;
   /// Goes on with what an earlier run has left, as `store::ResultWriter::take_up` does; nothing:

@@ -1,5 +1,9 @@
 #include "aluframe/tables/buckling_tables.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/tables/names.h"
 
@@ -54,6 +58,27 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
     }
   }
   return table;
+}
+
+std::string buckling_line(run::FrameBuckling asked, const std::vector<store::BucklingRow>& rows) {
+  if (asked == run::FrameBuckling::off) return "not looked at (--no-buckling)";
+  if (rows.empty()) return "not looked at";
+  std::vector<model::Number> unknown;
+  for (const store::BucklingRow& row : rows) {
+    if (!row.unknown.empty()) unknown.push_back(row.combination);
+  }
+  std::string text;
+  if (const auto* smallest = run::smallest_factor(rows)) {
+    text = fmt::format("{} times the loads of combination {}, {}", short_number(*smallest->factor),
+                       smallest->combination, smallest->shape);
+  } else if (unknown.size() < rows.size()) {
+    text = "nothing is compressed";
+  }
+  if (unknown.empty()) return text;
+  const auto first =
+      std::ranges::find_if(rows, [](const auto& row) { return !row.unknown.empty(); });
+  return text + fmt::format("{}unknown of combination {}: {}", text.empty() ? "" : "; ",
+                            model::join_as_ranges(unknown), first->unknown);
 }
 
 OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,

@@ -11,6 +11,10 @@ namespace aluframe::tables {
 /// unknown, has a line that says so.
 OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysis& analysis);
 
+/// The smallest factor of all combinations, or why there is none: "3.4121 times the loads of
+/// combination 2, nodes 2-3 move along X".
+std::string buckling_line(run::FrameBuckling asked, const std::vector<store::BucklingRow>& rows);
+
 /// The stored factors, a line a combination.
 OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,
                                   const store::RunInfo& info);

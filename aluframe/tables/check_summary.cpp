@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
+#include "aluframe/tables/buckling_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/output_table.h"
 #include "aluframe/tables/remark_tables.h"
@@ -81,19 +82,6 @@ std::string safe_text(const model::Model& model, const store::SafeRow& row) {
   return fmt::format("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
                      item_name(row.item), rules, code_text(row), row.element, safe_place_text(row),
                      combination_text(model, row.combination, row.min_side));
-}
-
-/// The smallest factor of all combinations, or why there is none.
-std::string frame_buckling_text(const run::Told& told) {
-  if (told.buckling == run::FrameBuckling::off) return "not looked at (--no-buckling)";
-  if (told.buckling_factors.empty()) return "not looked at";
-  if (const auto* smallest = run::smallest_factor(told.buckling_factors)) {
-    return fmt::format("{} times the loads of combination {}, {}", short_number(*smallest->factor),
-                       smallest->combination, smallest->shape);
-  }
-  const bool is_known = std::ranges::all_of(
-      told.buckling_factors, [](const store::BucklingRow& row) { return row.unknown.empty(); });
-  return is_known ? "nothing is compressed" : "no factor is known";
 }
 
 std::string safe_over_text(const run::SafeSummary& safe) {
@@ -241,7 +229,7 @@ std::string told_text(const model::Model& model, const run::Told& told, Lists li
     out = line_of("safe ratio", safe_text(model, *told.safe->worst)) +
           line_of("safe over 1", safe_over_text(*told.safe));
   }
-  out += line_of("buckling", frame_buckling_text(told));
+  out += line_of("buckling", buckling_line(told.buckling, told.buckling_factors));
   const auto of_model = [&model](model::Number number) {
     const model::Combination* found = model.combinations.find(number);
     return found != nullptr ? found->state_of.value_or(number) : number;

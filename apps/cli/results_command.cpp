@@ -79,7 +79,10 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
       tables::to_text(tables::overview_table(elements, reader.info(), run::safe_by_element(reader)),
                       !options.output && stdout_wants_colour());
   out += told_text(reader, reader.remarks(), reader.not_checked());
-  return out + "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
+  const std::string buckling =
+      tables::buckling_line(run::buckling_of(reader.info().setup), reader.buckling());
+  return out + "\nBuckling: " + buckling +
+         "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
 }
 
 std::string governing_text(store::ResultReader& reader, model::Number element,

@@ -125,7 +125,7 @@ def test_the_settings_of_a_run_come_with_where_they_are_from(aluframe, pipe_beam
     assert re.findall(r"^  (?:settings)? +(\S.* \((?:given|default|from the frame)\))$", out, re.M) == [
         "safety class 1, gamma0 1.1 (given)", "ribs on, ratio 1.2 (default)",
         "strength ratio 0.9 (given)", "seismic factors off (default)",
-        "length factors 1 computed (from the frame)",
+        "length factors 1 computed (from the frame)", "buckling limit 10 (default)",
         "analysis given forces (given)"]
 
 
