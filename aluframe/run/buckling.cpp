@@ -264,10 +264,12 @@ std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
   return factors;
 }
 
-std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors) {
+std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors,
+                                              const model::Model& model) {
   std::vector<store::BucklingRow> rows;
   for (const BucklingFactor& factor : factors) {
     rows.push_back({.combination = factor.subject,
+                    .name = model.combinations.find(factor.subject)->name,
                     .factor = factor.factor,
                     .shape = factor.mode,
                     .elements = model::join_as_ranges(factor.elements),

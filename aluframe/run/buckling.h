@@ -49,7 +49,8 @@ std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
                                                      const std::function<bool(int, int)>& goes_on);
 
 /// The rows of the result file.
-std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors);
+std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors,
+                                              const model::Model& model);
 
 /// The factor below which a combination has a remark.
 double buckling_limit(const model::Model& model);

@@ -86,7 +86,7 @@ bool find_buckling(const Input& input, const CheckOptions& options, CheckResult&
   });
   if (progress != nullptr) progress->ended();
   if (is_cancelled) return false;
-  result.buckling_factors = buckling_rows(factors);
+  result.buckling_factors = buckling_rows(factors, input.model);
   std::ranges::move(buckling_remarks(result.buckling_factors, input.model),
                     std::back_inserter(result.remarks));
   return true;

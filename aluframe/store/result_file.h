@@ -104,6 +104,7 @@ struct RemarkRow {
 /// How far the whole frame is from buckling under the loads of a combination.
 struct BucklingRow {
   std::uint32_t combination = 0;  ///< of the model; an envelope stands for its states
+  std::string name = {};          ///< of the combination
   std::optional<double> factor;   ///< of the loads; nothing: no compression, or `unknown` says why
   std::string shape = {};         ///< "nodes 2-3 move along X"
   std::string elements = {};      ///< that buckle, "1-3, 7"

@@ -97,7 +97,7 @@ class FileReader : public ResultReader {
     return about_file(path_, [this] {
       std::vector<BucklingRow> rows;
       SQLite::Statement select(database_,
-                               "SELECT combination, factor, shape, elements, unknown FROM "
+                               "SELECT combination, name, factor, shape, elements, unknown FROM "
                                "buckling ORDER BY combination");
       while (select.executeStep()) rows.push_back(buckling_row(select));
       return rows;
@@ -138,12 +138,13 @@ class FileReader : public ResultReader {
   }
 
   static BucklingRow buckling_row(SQLite::Statement& select) {
-    const SQLite::Column factor = select.getColumn(1);
+    const SQLite::Column factor = select.getColumn(2);
     return {.combination = select.getColumn(0).getUInt(),
+            .name = stored_line(select.getColumn(1)),
             .factor = factor.isNull() ? std::nullopt : std::optional(factor.getDouble()),
-            .shape = stored_line(select.getColumn(2)),
-            .elements = stored_line(select.getColumn(3)),
-            .unknown = stored_line(select.getColumn(4))};
+            .shape = stored_line(select.getColumn(3)),
+            .elements = stored_line(select.getColumn(4)),
+            .unknown = stored_line(select.getColumn(5))};
   }
 
   std::filesystem::path path_;

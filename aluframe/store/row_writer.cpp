@@ -51,7 +51,7 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_assertion_(database_, "INSERT INTO assertion VALUES (?, ?, ?)"),
       insert_finished_(database_, "INSERT INTO finished VALUES (?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
-      insert_buckling_(database_, "INSERT INTO buckling VALUES (?, ?, ?, ?, ?)"),
+      insert_buckling_(database_, "INSERT INTO buckling VALUES (?, ?, ?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
   begin();
@@ -231,11 +231,11 @@ void RowWriter::add(const RemarkRow& row) {
 }
 
 void RowWriter::add(const BucklingRow& row) {
-  bind_or_null(insert_buckling_, 2, row.factor);
-  insert_buckling_.bind(3, row.shape);
-  insert_buckling_.bind(4, row.elements);
-  insert_buckling_.bind(5, row.unknown);
-  run(insert_buckling_, row.combination);
+  bind_or_null(insert_buckling_, 3, row.factor);
+  insert_buckling_.bind(4, row.shape);
+  insert_buckling_.bind(5, row.elements);
+  insert_buckling_.bind(6, row.unknown);
+  run(insert_buckling_, row.combination, row.name);
   count(row.shape.size());
 }
 

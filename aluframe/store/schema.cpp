@@ -124,6 +124,7 @@ CREATE TABLE remark (
   combination INTEGER);
 CREATE TABLE buckling (
   combination INTEGER PRIMARY KEY,
+  name TEXT NOT NULL,
   factor,
   shape TEXT NOT NULL,
   elements TEXT NOT NULL,

@@ -81,14 +81,13 @@ std::string buckling_line(run::FrameBuckling asked, const std::vector<store::Buc
                             model::join_as_ranges(unknown), first->unknown);
 }
 
-OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,
-                                  const store::RunInfo& info) {
+OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows) {
   OutputTable table;
   for (const char* key : {"combination", "name", "factor", "shape", "elements"}) {
     table.columns.push_back({.key = key, .heading = key});
   }
   for (const store::BucklingRow& row : rows) {
-    table.rows.push_back({std::int64_t{row.combination}, name_of_combination(info, row.combination),
+    table.rows.push_back({std::int64_t{row.combination}, row.name,
                           row.factor ? Cell(*row.factor) : Cell(),
                           shape_text(row.factor.has_value(), row.shape, row.unknown),
                           text_or_nothing(row.elements)});

@@ -16,7 +16,6 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
 std::string buckling_line(run::FrameBuckling asked, const std::vector<store::BucklingRow>& rows);
 
 /// The stored factors, a line a combination.
-OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows,
-                                  const store::RunInfo& info);
+OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows);
 
 }  // namespace aluframe::tables

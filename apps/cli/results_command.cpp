@@ -137,7 +137,7 @@ std::string remarks_text(store::ResultReader& reader, const ResultsOptions& opti
 std::string buckling_text(store::ResultReader& reader, const ResultsOptions& options) {
   const auto rows = reader.buckling();
   if (rows.empty()) throw InputError{"the run did not look at the buckling of the frame"};
-  return tables::render(tables::stored_buckling_table(rows, reader.info()), options.format, false);
+  return tables::render(tables::stored_buckling_table(rows), options.format, false);
 }
 
 std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
