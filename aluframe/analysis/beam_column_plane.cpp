@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 namespace aluframe::analysis {
@@ -77,15 +76,18 @@ BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, std::span<const Elem
   if (segments_.size() > 1) complete_by_statics(rigid_rotation_, plane.length, stiffness_);
 }
 
-/// Segments of equal own length, so that none is very short: the rounding of its stiffness would be
-/// that of a much stiffer bar.
+/// Segments of equal length, so many that none can buckle by itself even if the largest axial force
+/// acted on the whole of it, and none is very short: the rounding of its stiffness would be that of
+/// a much stiffer bar.
 void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double curvature) {
-  std::vector<double> own_lengths;
-  for (const ElementSpan& span : spans) own_lengths.push_back(own_length(plane_, span));
-  const double sum = std::accumulate(own_lengths.begin(), own_lengths.end(), 0.0);
-  is_carried_ = std::isfinite(sum);
+  double longest = 0.0;
+  for (const ElementSpan& span : spans) {
+    longest = std::max(longest, own_length(plane_, span) / span.length());
+  }
+  is_carried_ = std::isfinite(longest);
   if (!is_carried_) return;
-  const double count = std::clamp(std::ceil(sum / longest_segment), 1.0, most_segments);
+  const double count =
+      std::clamp(std::ceil(longest * plane_.length / longest_segment), 1.0, most_segments);
   const double rotation_sign = (axis == 1 ? dofs_y : dofs_z).rotation_sign;
   std::vector<SegmentPiece> pieces;
   double length = 0.0;
@@ -94,15 +96,13 @@ void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double c
     pieces.clear();
     length = 0.0;
   };
-  const double step = sum / count, same = 1e-6 * step;
+  const double step = plane_.length / count, same = 1e-6 * step;
   const auto is_last_segment = [&] { return static_cast<double>(segments_.size()) >= count - 1.0; };
-  double own_before = 0.0, next_cut = step;
-  for (std::size_t i = 0; i < spans.size(); ++i) {
-    const ElementSpan& span = spans[i];
-    const double own_after = own_before + own_lengths[i];
+  double next_cut = step;
+  for (const ElementSpan& span : spans) {
     double from = 0.0;
-    for (; !is_last_segment() && next_cut < own_after - same; next_cut += step) {
-      const double to = (next_cut - own_before) / own_lengths[i] * span.length();
+    for (; !is_last_segment() && next_cut < span.to - same; next_cut += step) {
+      const double to = next_cut - span.from;
       pieces.push_back(piece_of(span, from, to, axis));
       length += to - from;
       from = to;
@@ -113,8 +113,7 @@ void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double c
     // Axis 1 bends about z, axis 2 about y.
     pieces.back().force_at_end = span.force_at_end[axis];
     pieces.back().moment_at_end = rotation_sign * span.moment_at_end[3 - axis];
-    own_before = own_after;
-    if (!is_last_segment() && next_cut <= own_after + same) {
+    if (!is_last_segment() && next_cut <= span.to + same) {
       end_segment();
       next_cut += step;
     }

@@ -43,19 +43,6 @@ analysis::Result<analysis::BucklingResult> FrameBuckling::under(const LoadSet& s
   return found;
 }
 
-std::variant<std::vector<LoadSet>, std::string> buckling_sets_of(
-    const model::Model& model, std::span<const model::CombinationPlan> plans, std::size_t place) {
-  const std::vector<model::Number>& states = model.combinations[place].states;
-  if (states.empty()) return load_sets_of(model, plans, place);
-  std::vector<LoadSet> all;
-  for (const model::Number state : states) {
-    auto sets = load_sets_of(model, plans, model.combinations.position(state));
-    if (auto* text = std::get_if<std::string>(&sets)) return std::move(*text);
-    std::ranges::move(std::get<std::vector<LoadSet>>(sets), std::back_inserter(all));
-  }
-  return all;
-}
-
 analysis::Problem with_buckling_factor(analysis::Problem problem, const analysis::Frame& frame,
                                        const analysis::LoadCase& loads) {
   using Kind = analysis::Problem::Kind;
@@ -68,8 +55,9 @@ analysis::Problem with_buckling_factor(analysis::Problem problem, const analysis
   const auto* result = std::get_if<analysis::BucklingResult>(&found);
   if (result == nullptr || result->modes.empty()) return problem;
   const analysis::BucklingMode& mode = result->modes.front();
-  problem.text += fmt::format("; by forces of first order the factor of these loads is {:.3g}: {}",
-                              mode.factor, mode.text);
+  problem.text +=
+      fmt::format("; by forces of first order the factor of these loads is {:.3g}", mode.factor);
+  if (problem.text.find(mode.text) == std::string::npos) problem.text += ": " + mode.text;
   return problem;
 }
 

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <variant>
 #include <vector>
 
 #include "aluframe/analysis/buckling.h"
@@ -40,13 +39,9 @@ class FrameBuckling {
   std::map<Key, analysis::BucklingResult> known_;
 };
 
-/// The sets of loads that the combination at `place` is checked under: of an envelope those of its
-/// states, where it has any. A text when they are unknown.
-std::variant<std::vector<LoadSet>, std::string> buckling_sets_of(
-    const model::Model& model, std::span<const model::CombinationPlan> plans, std::size_t place);
-
 /// A problem of second order, and where the loads lie that have no equilibrium there: "...;
-/// by forces of first order the factor of these loads is 0.834: nodes 2-3 move along X". Other
+/// by forces of first order the factor of these loads is 0.834: nodes 2-3 move along X", without
+/// what buckles where the problem has said it. Other
 /// problems, and loads whose factor is not found, are left as they are.
 analysis::Problem with_buckling_factor(analysis::Problem problem, const analysis::Frame& frame,
                                        const analysis::LoadCase& loads);

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "aluframe/model/envelope_states.h"
 #include "aluframe/model/envelopes.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/chosen_numbers.h"
@@ -19,8 +20,8 @@ using Modes = std::vector<analysis::BucklingMode>;
 /// Sets of loads whose smallest factors are those of a combination or a load case.
 struct Subject {
   model::Number number = 0;
-  std::vector<forces::LoadSet> sets;
-  std::string unknown;  ///< why it has no factor
+  std::vector<forces::LoadSet> sets;  ///< whose axial forces are those of the frame's analysis
+  std::string unknown;                ///< why others have no factor; empty: there are none
 };
 
 /// Elements with less of the work of the axial forces are not named.
@@ -66,75 +67,87 @@ std::vector<forces::LoadSet> reversed(std::vector<forces::LoadSet> sets) {
   return sets;
 }
 
-Subject subject_of(const model::Model& model, std::span<const model::CombinationPlan> plans,
-                   model::Number number) {
-  Subject subject{.number = number, .sets = {}, .unknown = {}};
-  auto sets = forces::buckling_sets_of(model, plans, model.combinations.position(number));
-  if (auto* text = std::get_if<std::string>(&sets)) {
-    subject.unknown = std::move(*text);
-  } else {
-    subject.sets = std::get<std::vector<forces::LoadSet>>(std::move(sets));
+/// By load case, whether forces of the run are given in it: they do not say how the frame carries
+/// them.
+std::vector<bool> cases_with_given_forces(const Input& input) {
+  const model::Model& model = input.model;
+  std::vector<bool> given(model.load_cases.size(), false);
+  if (model.analysis.second_order) return given;  // which refuses given forces
+  for (std::size_t element = 0; element < model.elements.size(); ++element) {
+    for (std::size_t i = 0; i < given.size(); ++i) {
+      given[i] = given[i] || (model.forces.find(element, i) != nullptr &&
+                              !input.forces.computed.contains(element, i));
+    }
   }
-  return subject;
+  return given;
 }
+
+/// Combinations with the states of their envelopes.
+class Subjects {
+ public:
+  explicit Subjects(const Input& input)
+      : model_(input.model),
+        states_(model::states_of_combinations(input.model)),
+        is_given_(cases_with_given_forces(input)) {}
+
+  Subject of_combination(model::Number number) const {
+    const model::States& states = states_[model_.combinations.position(number)];
+    Subject subject{.number = number, .sets = {}, .unknown = {}};
+    if (states.too_many) {
+      subject.unknown = fmt::format("it has more than {} states", model::max_envelope_states);
+      return subject;
+    }
+    for (const model::State& state : states.list) add(state, subject);
+    return subject;
+  }
+
+  Subject of_case(model::Number number) const {
+    Subject subject{.number = number, .sets = {}, .unknown = {}};
+    add({{model_.load_cases.position(number), 1.0}}, subject);
+    return subject;
+  }
+
+ private:
+  void add(const forces::LoadSet& set, Subject& subject) const {
+    const auto given = std::ranges::find_if(
+        set, [&](const auto& entry) { return entry.factor != 0.0 && is_given_[entry.load_case]; });
+    if (given == set.end()) {
+      subject.sets.push_back(set);
+    } else {
+      subject.unknown =
+          fmt::format("load case {} has given forces, which do not say how the frame carries them",
+                      model_.load_cases[given->load_case].number);
+    }
+  }
+
+  const model::Model& model_;
+  std::vector<model::States> states_;
+  std::vector<bool> is_given_;
+};
 
 Result<std::vector<Subject>> subjects_of_cases(const Input& input,
                                                const model::NumberRanges& cases) {
   const auto numbers = chosen_load_cases(input, cases);
   if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
-  std::vector<Subject> subjects;
+  const Subjects subjects(input);
+  std::vector<Subject> out;
   for (const model::Number number : std::get<std::vector<model::Number>>(numbers)) {
-    subjects.push_back({number, {{{input.model.load_cases.position(number), 1.0}}}, {}});
+    out.push_back(subjects.of_case(number));
   }
-  return subjects;
+  return out;
 }
 
 Result<std::vector<Subject>> subjects_of_combinations(const Input& input,
                                                       const model::NumberRanges& combinations) {
-  const model::Model& model = input.model;
   const auto numbers = chosen_numbers(input, "--combinations", combinations,
-                                      design_combinations(model), "design combination");
+                                      design_combinations(input.model), "design combination");
   if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
-  const auto plans = model::compile_combinations(model);
-  std::vector<Subject> subjects;
+  const Subjects subjects(input);
+  std::vector<Subject> out;
   for (const model::Number number : std::get<std::vector<model::Number>>(numbers)) {
-    Subject& subject = subjects.emplace_back(subject_of(model, plans, number));
-    for (const forces::LoadSet& set : subject.sets) {
-      if (const auto load_case = without_loads(model, set)) {
-        subject.unknown = fmt::format("load case {} has no loads", *load_case);
-      }
-    }
+    out.push_back(subjects.of_combination(number));
   }
-  return subjects;
-}
-
-bool has_given_forces(const model::Model& model, std::size_t load_case) {
-  for (std::size_t element = 0; element < model.elements.size(); ++element) {
-    if (model.forces.find(element, load_case) != nullptr) return true;
-  }
-  return false;
-}
-
-bool are_all_computed(const Input& input, std::size_t load_case) {
-  if (input.model.analysis.second_order) return true;  // which refuses given forces
-  for (std::size_t element = 0; element < input.model.elements.size(); ++element) {
-    if (!input.forces.computed.contains(element, load_case)) return false;
-  }
-  return true;
-}
-
-/// Why a set has no factor: its forces, or a part of them, are not those of this frame's analysis.
-std::string unknown_of(const Input& input, const forces::LoadSet& set) {
-  const model::Model& model = input.model;
-  for (const auto& [load_case, factor] : set) {
-    const bool has_loads = forces::has_loads(model.load_cases[load_case]);
-    if (has_loads ? are_all_computed(input, load_case) : !has_given_forces(model, load_case)) {
-      continue;
-    }
-    return fmt::format("load case {} has given forces, which do not say how the frame carries them",
-                       model.load_cases[load_case].number);
-  }
-  return {};
+  return out;
 }
 
 /// Design combinations of the run by their numbers in the model.
@@ -151,12 +164,15 @@ std::vector<model::Number> combinations_of_run(const Input& input) {
 BucklingFactor smallest_of(const Input& input, forces::FrameBuckling& frame,
                            const Subject& subject) {
   const auto modes = smallest_modes(frame, subject.sets, 1);
+  BucklingFactor factor{.subject = subject.number, .factor = std::nullopt};
   if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
-    return {.subject = subject.number, .factor = std::nullopt, .unknown = problem->text};
+    factor.unknown = problem->text;
+    return factor;
   }
   const Modes& found = std::get<Modes>(modes);
-  if (found.empty()) return {.subject = subject.number, .factor = std::nullopt};
-  return factor_of(input.model, subject.number, found.front());
+  if (!found.empty()) factor = factor_of(input.model, subject.number, found.front());
+  factor.unknown = subject.unknown;
+  return factor;
 }
 
 /// Kind of the remarks, and among the settings of a run that leaves buckling out.
@@ -212,11 +228,6 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
   }
   auto& frame = std::get<forces::FrameBuckling>(made);
   for (const Subject& subject : std::get<std::vector<Subject>>(chosen)) {
-    if (!subject.unknown.empty()) {
-      analysis.factors.push_back(
-          {.subject = subject.number, .factor = std::nullopt, .unknown = subject.unknown});
-      continue;
-    }
     const auto modes = smallest_modes(frame, subject.sets, options.modes);
     if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
       return problem_of(input.file, *problem);
@@ -224,8 +235,9 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
     for (const analysis::BucklingMode& mode : std::get<Modes>(modes)) {
       analysis.factors.push_back(factor_of(input.model, subject.number, mode));
     }
-    if (std::get<Modes>(modes).empty()) {
-      analysis.factors.push_back({.subject = subject.number, .factor = std::nullopt});
+    if (std::get<Modes>(modes).empty() || !subject.unknown.empty()) {
+      analysis.factors.push_back(
+          {.subject = subject.number, .factor = std::nullopt, .unknown = subject.unknown});
     }
     if (!options.reversed) continue;
     analysis.reversed.push_back(
@@ -236,29 +248,25 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
 
 std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
                                                      const std::function<bool(int, int)>& goes_on) {
-  const auto plans = model::compile_combinations(input.model);
-  std::vector<Subject> subjects;
+  const Subjects subjects(input);
+  std::vector<Subject> all;
   for (const model::Number number : combinations_of_run(input)) {
-    Subject& subject = subjects.emplace_back(subject_of(input.model, plans, number));
-    for (const forces::LoadSet& set : subject.sets) {
-      if (subject.unknown.empty()) subject.unknown = unknown_of(input, set);
-    }
+    all.push_back(subjects.of_combination(number));
   }
-  std::vector<BucklingFactor> factors;
   const bool is_any_known =
-      std::ranges::any_of(subjects, [](const Subject& subject) { return subject.unknown.empty(); });
+      std::ranges::any_of(all, [](const Subject& subject) { return !subject.sets.empty(); });
   std::optional<analysis::Result<forces::FrameBuckling>> made;
   if (is_any_known) made.emplace(forces::FrameBuckling::of(input.model));
-  for (const Subject& subject : subjects) {
-    if (!goes_on(static_cast<int>(factors.size()), static_cast<int>(subjects.size()))) break;
-    std::string unknown = subject.unknown;
-    if (unknown.empty()) {
-      if (const auto* problem = std::get_if<analysis::Problem>(&*made)) unknown = problem->text;
-    }
-    if (unknown.empty()) {
-      factors.push_back(smallest_of(input, std::get<forces::FrameBuckling>(*made), subject));
+  const auto* problem = made ? std::get_if<analysis::Problem>(&*made) : nullptr;
+  std::vector<BucklingFactor> factors;
+  for (const Subject& subject : all) {
+    if (!goes_on(static_cast<int>(factors.size()), static_cast<int>(all.size()))) break;
+    if (subject.sets.empty() || problem != nullptr) {
+      factors.push_back({.subject = subject.number,
+                         .factor = std::nullopt,
+                         .unknown = subject.sets.empty() ? subject.unknown : problem->text});
     } else {
-      factors.push_back({.subject = subject.number, .factor = std::nullopt, .unknown = unknown});
+      factors.push_back(smallest_of(input, std::get<forces::FrameBuckling>(*made), subject));
     }
   }
   return factors;
@@ -305,10 +313,9 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
   });
   if (!failing.empty()) {
     const store::BucklingRow& worst = *smallest_factor(failing);
-    store::RemarkRow& remark = remarks.emplace_back(remark_of(
+    remarks.push_back(remark_of(
         worst,
         fmt::format("{} the frame: {}", subject_verb(failing, "buckle"), factor_text(worst))));
-    remark.ratio = 1.0 / *worst.factor;
   }
   if (!low.empty()) {
     const char* remedy =

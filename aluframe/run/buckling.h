@@ -18,7 +18,7 @@ struct BucklingFactor {
   std::string mode = {};         ///< "nodes 2-3 move along X"
   /// Elements whose axial force does a tenth of the work in the mode, or more.
   std::vector<model::Number> elements = {};
-  std::string unknown = {};  ///< why no factor is known; empty: it is
+  std::string unknown = {};  ///< why no factor is known, of all or of some states; empty: it is
 };
 
 /// What is to be looked at: combinations for design, or without any the load cases with loads; but

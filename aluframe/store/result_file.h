@@ -108,7 +108,8 @@ struct BucklingRow {
   std::optional<double> factor;   ///< of the loads; nothing: no compression, or `unknown` says why
   std::string shape = {};         ///< "nodes 2-3 move along X"
   std::string elements = {};      ///< that buckle, "1-3, 7"
-  std::string unknown = {};       ///< why there is no factor; empty: it is known
+  std::string unknown =
+      {};  ///< why there is no factor, of all or of some states; empty: it is known
 
   friend bool operator==(const BucklingRow&, const BucklingRow&) = default;
 };

@@ -18,8 +18,8 @@ std::string name_of(const model::Model& model, bool of_combinations, model::Numb
 
 /// What buckles, or why there is no factor.
 std::string shape_text(bool has_factor, const std::string& shape, const std::string& unknown) {
-  if (has_factor) return shape;
-  return unknown.empty() ? "nothing is compressed" : "unknown: " + unknown;
+  if (has_factor) return unknown.empty() ? shape : shape + "; unknown of other states: " + unknown;
+  return unknown.empty() ? "nothing is compressed, or next to nothing" : "unknown: " + unknown;
 }
 
 Cell text_or_nothing(const std::string& text) {
@@ -72,7 +72,7 @@ std::string buckling_line(run::FrameBuckling asked, const std::vector<store::Buc
     text = fmt::format("{} times the loads of combination {}, {}", short_number(*smallest->factor),
                        smallest->combination, smallest->shape);
   } else if (unknown.size() < rows.size()) {
-    text = "nothing is compressed";
+    text = "nothing is compressed, or next to nothing";
   }
   if (unknown.empty()) return text;
   const auto first =

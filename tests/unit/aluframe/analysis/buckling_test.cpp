@@ -108,6 +108,43 @@ TEST(Buckling, CountsAPointLoadBetweenTheNodes) {
   EXPECT_NEAR(buckle(two.frame, two.loads).modes[0].factor, exact, 1e-6 * exact);
 }
 
+TEST(Buckling, OfAShortPressedPartIsThatOfTheStubItIs) {
+  // A load at a part a of a cantilever presses the stub below it alone: pi²·EI/(4·(a·L)²).
+  const Stiffness s = plain_stiffness();
+  const double length = 4000.0;
+  for (const double at : {0.05, 0.1, 0.15, 0.2, 0.37}) {
+    Column c = column(1, length, clamped, {});
+    c.loads = {};
+    c.loads.points.push_back(
+        {.element = 0, .axes = LoadAxes::global, .force = {0, 0, -1000.0}, .at = at});
+    const double stub = at * length;
+    const double exact = pi * pi / 4.0 * s.e * s.izz / (stub * stub) / 1000.0;
+    const BucklingResult found = buckle(c.frame, c.loads, 2);
+    EXPECT_NEAR(found.modes[0].factor, exact, 1e-6 * exact) << at;
+    const double second = std::min(9.0, s.iyy / s.izz) * exact;
+    EXPECT_NEAR(found.modes[1].factor, second, 1e-5 * second) << at;
+  }
+}
+
+TEST(Buckling, OfAPressedPartBetweenRestraintsIsThatOfANodeAtItsLoad) {
+  // The same bar in two elements that meet at the load, whose parts are uniform.
+  for (const double at : {0.1, 0.2, 0.3}) {
+    Column one = column(1, 3000.0, clamped, clamped);
+    one.frame.elements[0].released[6] = true;  // the upper part is not pulled
+    one.loads = {};
+    one.loads.points.push_back(
+        {.element = 0, .axes = LoadAxes::global, .force = {0, 0, -20000.0}, .at = at});
+    Column two = column(2, 3000.0, clamped, clamped);
+    two.frame.nodes[1].z = at * 3000.0;
+    two.frame.elements[1].released[6] = true;
+    two.loads = {};
+    two.loads.nodal.push_back({1, {0, 0, -20000.0, 0, 0, 0}});
+    const double in_one = buckle(one.frame, one.loads).modes[0].factor;
+    const double in_two = buckle(two.frame, two.loads).modes[0].factor;
+    EXPECT_NEAR(in_one, in_two, 1e-5 * in_two) << at;
+  }
+}
+
 TEST(Buckling, LowersByShearAsEngesserHasIt) {
   const Stiffness s = shear_stiffness();
   const double length = 600.0;  // short, so that shear counts

@@ -64,7 +64,8 @@ TEST(SummaryText, SaysWhatWasDoneAndWhatGoverns) {
             "  checks        40 positions, 16 records stored\n"
             "  time          0.50 s (80 positions/s)\n"
             "  worst ratio   1.2000 (shear z), element 2, position J, combination 3 \"ULS\"\n"
-            "  over 1        1 element\n");
+            "  over 1        1 element\n"
+            "  buckling      not looked at\n");
 }
 
 TEST(SummaryText, CountsBothSidesBesideTheCombinations) {
