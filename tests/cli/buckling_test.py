@@ -168,7 +168,7 @@ def test_second_order_names_the_factor_of_loads_without_equilibrium(aluframe, be
     buckling_load = math.pi**2 * E * 8e6 / (4 * SPAN**2) / 1000
     aluframe.write(beam | leaning_column(1.25 * buckling_load))
     done = aluframe("analyse", "frame.json", "--second-order", "--cases", "1", status=1)
-    assert done.stderr.endswith("by forces of first order the factor of these loads is 0.8\n")
+    assert "by forces of first order the factor of these loads is 0.8" in done.stderr
 
 
 def test_a_report_on_a_model_that_was_never_checked_stores_the_factors(column):
