@@ -65,7 +65,8 @@ double smallest(const Modes& modes) {
 
 void assert_same_factor(double found, double expected, double share = certain) {
   RC_PRE(share < 1e-2);
-  constexpr double none = 0.1 * largest_buckling_factor;
+  // Beyond, the axial forces that decide are near those that count as rounding.
+  constexpr double none = 0.01 * largest_buckling_factor;
   if (found > none && expected > none) return;
   if (std::abs(found - expected) <= share * expected) return;
   RC_LOG() << "found " << found << ", expected " << expected << std::endl;
