@@ -14,6 +14,7 @@
 
 #include "aluframe/analysis/analyse.h"
 #include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/buckling.h"
 #include "aluframe/analysis/second_order.h"
 #include "bench/building_grid.h"
 #include "bench/library_steps.h"
@@ -113,6 +114,35 @@ void second_order(benchmark::State& state, std::size_t elements) {
   state.counters["iterations"] = iterations;
 }
 
+/// Axial forces of first order under the weight with so much of the wind.
+struct State {
+  analysis::LoadCase loads;
+  std::vector<double> axial_forces;
+
+  State(const Grid& grid, double wind) {
+    const std::array parts{analysis::FactoredCase{&grid.cases[0], 1.3},
+                           analysis::FactoredCase{&grid.cases[2], wind}};
+    loads = analysis::combine(parts);
+    const auto solution = value_of(analysis::analyse(grid.frame, std::span(&loads, 1)));
+    axial_forces = analysis::axial_forces_at_start(solution.cases.front());
+  }
+};
+
+/// The smallest factor of each of the states, one after the other.
+void buckling(benchmark::State& state, std::size_t elements, std::vector<double> winds) {
+  const Grid& grid = grid_of(elements);
+  std::vector<State> states;
+  for (const double wind : winds) states.emplace_back(grid, wind);
+  int factorisations = 0;
+  for (auto _ : state) {
+    analysis::Buckling search(grid.frame);
+    for (const State& one : states) {
+      factorisations = value_of(search.find(one.loads, one.axial_forces)).factorisations;
+    }
+  }
+  state.counters["factorisations"] = factorisations;
+}
+
 std::string name_of(const char* what, std::size_t elements) {
   return std::string(what) + "/" + std::to_string(elements);
 }
@@ -128,8 +158,8 @@ bool iterates(std::size_t elements) {
 class RatioReporter : public bench::MedianRuns {
  public:
   void print_ratios() const {
-    std::printf("\n%9s %10s %10s %8s %14s %14s\n", "elements", "ms", "/library", "memory",
-                "further case", "second order");
+    std::printf("\n%9s %10s %10s %8s %14s %14s %10s %5s %12s\n", "elements", "ms", "/library",
+                "memory", "further case", "second order", "buckling", "", "next state");
     for (const std::size_t size : sizes) {
       if (!is_complete(size)) continue;  // a filter on the command line
       const double whole = time("whole", size), library = time("library", size);
@@ -138,14 +168,18 @@ class RatioReporter : public bench::MedianRuns {
       std::printf("%9zu %10.1f %10.2f %8.2f %14.2f", size, whole, whole / library,
                   counter("whole", size, "memory/factor"), further / block);
       if (medians().contains(name_of("second", size))) {
-        std::printf(" %14.2f", time("second", size) / whole);
+        const double first = time("buckling", size), both = time("states", size);
+        std::printf(" %14.2f %10.2f %5.0f %12.2f", time("second", size) / whole, first / library,
+                    counter("buckling", size, "factorisations"), (both - first) / library);
       }
       std::printf("\n");
     }
     std::printf(
         "/library: by the library's three steps; memory: the solver's, to the megabyte, by 8\n"
         "bytes an entry of the factor; further case: by its share of a block solution; second "
-        "order: by the first\n");
+        "order: by the first;\nbuckling: the smallest factor of a state, by the "
+        "library's three steps, and how many\nfactorisations it takes; next state: of a like one "
+        "after it\n");
   }
 
  private:
@@ -178,6 +212,8 @@ void add_all(std::size_t size) {
   add("block", size, [size](benchmark::State& state) { block_solution(state, size); });
   if (!iterates(size)) return;
   add("second", size, [size](benchmark::State& state) { second_order(state, size); });
+  add("buckling", size, [size](benchmark::State& state) { buckling(state, size, {1.5}); });
+  add("states", size, [size](benchmark::State& state) { buckling(state, size, {1.5, 0.9}); });
 }
 
 }  // namespace

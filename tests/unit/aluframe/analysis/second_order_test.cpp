@@ -159,6 +159,26 @@ TEST(SecondOrder, BracedPostHasTheForcesOfItsDisplacedJoint) {
   EXPECT_NEAR(r.result.displacements[2][dx], u, 1e-6 * u);
 }
 
+TEST(SecondOrder, TrussBeyondItsOwnEulerLoadIsRefused) {
+  // A bar on hinges between held nodes: P = π²·E·Izz/L², its weaker axis.
+  constexpr double span = 3000.0;
+  const Stiffness s = plain_stiffness();
+  const double euler = std::numbers::pi * std::numbers::pi * s.e * s.izz / (span * span);
+  Frame frame;
+  add_node(frame, 0, 0, 0);
+  add_node(frame, span, 0, 0);
+  add_truss(frame, 0, 1);
+  frame.supports = {{0, pinned}, {1, {false, true, true, false, false, false}}};
+  LoadCase loads;
+  loads.nodal.push_back({1, {-0.999 * euler, 0, 0, 0, 0, 0}});
+  EXPECT_TRUE(std::holds_alternative<SecondOrderResult>(analyse_second_order(frame, loads)));
+  loads.nodal[0].value[0] = -1.001 * euler;
+  const auto beyond = analyse_second_order(frame, loads);
+  ASSERT_TRUE(std::holds_alternative<Problem>(beyond));
+  EXPECT_EQ(std::get<Problem>(beyond).kind, Problem::Kind::buckling);
+  EXPECT_THAT(std::get<Problem>(beyond).text, testing::HasSubstr("element 1 buckles between"));
+}
+
 TEST(SecondOrder, CantileverMastHasTheTangentMomentAtItsFoot) {
   // M = H·tan(kL)/k.
   const Stiffness s = plain_stiffness();
