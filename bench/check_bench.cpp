@@ -59,6 +59,7 @@ class KeepingWriter : public store::ResultWriter {
   bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { return false; }
   void end_element(const store::ElementNotes&) override {}
   void add_remark(const store::RemarkRow&) override {}
+  void add_buckling(const store::BucklingRow&) override {}
   void flush() override {}
   void finish(store::RunState) override {}
   std::uint64_t record_count() const override { return count_; }

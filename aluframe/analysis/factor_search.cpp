@@ -89,7 +89,8 @@ FactorSearch::Below FactorSearch::factors_below(double& factor) {
 /// @param more trial modes than usual
 void FactorSearch::take_trial_modes(Eigen::Index more) {
   const auto size = static_cast<Eigen::Index>(unloaded_.scale.size());
-  const Eigen::Index count = std::min(trial_modes + more + space_.trial.cols(), size);
+  const Eigen::Index others = space_.trial.cols() > 0 ? 1 : trial_modes;
+  const Eigen::Index count = std::min(others + more + space_.trial.cols(), size);
   const std::vector<double> any = probing_load(static_cast<int>(size * count));
   trial_ = Eigen::Map<const Columns>(any.data(), size, count);
   const Eigen::Index kept = std::min(space_.trial.cols(), count);
@@ -97,15 +98,9 @@ void FactorSearch::take_trial_modes(Eigen::Index more) {
   trial_ = orthonormal(trial_);
 }
 
-/// The modes found stand first in the next search.
+/// The trial modes in the end, those near the factor found, stand first in the next search.
 void FactorSearch::keep_trial_modes() {
-  const auto is_shape = [](const FoundFactor& f) { return f.shape.size() > 0; };
-  const auto first = std::ranges::find_if(found_, is_shape);
-  if (first == found_.end()) return;
-  const Eigen::Index kept = std::min(space_.trial.cols(), trial_modes - 1);
-  Columns modes(first->shape.size(), kept + 1);
-  modes << first->shape.normalized(), space_.trial.leftCols(kept);
-  space_.trial = std::move(modes);
+  if (trial_.cols() > 0) space_.trial = trial_.leftCols(std::min(trial_.cols(), trial_modes));
 }
 
 /// Factorises the stiffness of the frame without axial forces, which must resist every motion.

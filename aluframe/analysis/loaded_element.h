@@ -33,6 +33,7 @@ class LoadedElement {
   double lower_bound() const;
   /// @return infinite above the largest that is looked for
   double smallest_own_factor(double largest) const;
+  bool has_own_below(double factor) const { return has_own_below(factor, both); }
   /// The axis, 1 (y) or 2 (z), along which it deflects at its smallest own factor.
   int own_direction(double smallest_own_factor) const;
 

@@ -1,6 +1,7 @@
 #include "aluframe/analysis/loaded_frame.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "aluframe/analysis/load_vector.h"
@@ -33,6 +34,10 @@ OwnFactor LoadedFrame::smallest_own_factor(double largest) const {
   OwnFactor smallest;
   for (const std::size_t i : order) {
     if (bounds[i] >= smallest.factor) break;
+    // One look is enough for most: a search takes many. Equal factors are those of the first.
+    constexpr double clearly = 1.0 - 1e-8;
+    const bool is_first = !std::isfinite(smallest.factor);
+    if (!is_first && !elements_[i].has_own_below(smallest.factor * clearly)) continue;
     const double factor = elements_[i].smallest_own_factor(largest);
     if (factor < smallest.factor) smallest = {factor, i};
   }
