@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "aluframe/forces/compute_forces.h"
+#include "aluframe/analysis/analyse.h"
 #include "aluframe/forces/frame_of_model.h"
 
 namespace aluframe::forces {

@@ -25,8 +25,6 @@ class FrameBuckling {
   /// @param modes how many factors, at least 1
   analysis::Result<analysis::BucklingResult> under(const LoadSet& set, int modes);
 
-  const analysis::Frame& frame() const { return *frame_; }
-
  private:
   using Key = std::pair<std::vector<std::pair<std::size_t, double>>, int>;
 

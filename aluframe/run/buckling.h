@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,8 +34,8 @@ struct BucklingOptions {
 struct BucklingAnalysis {
   bool of_combinations = false;         ///< else of load cases
   std::vector<BucklingFactor> factors;  ///< by subject, ascending; one at least of each
-  /// Of each subject whose factor is known, the smallest one when all its loads act the other way
-  /// round, if that is asked for.
+  /// Of each subject, the smallest factor when all its loads act the other way round, if that is
+  /// asked for.
   std::vector<BucklingFactor> reversed;
 };
 
@@ -43,7 +44,7 @@ struct BucklingAnalysis {
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options);
 
 /// The smallest factor of every combination of a run, by number; of an envelope that of its states.
-/// A combination whose forces are given, all or some, has none.
+/// States in which forces are given have none.
 /// @param goes_on asked before every combination; what is left when it says no is not worked out
 std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
                                                      const std::function<bool(int, int)>& goes_on);

@@ -96,8 +96,6 @@ std::optional<std::string> later_run_text(const std::filesystem::path& file);
 /// Of them, that their run did not end.
 std::optional<std::string> unfinished_text(const std::filesystem::path& file,
                                            store::RunState state);
-/// And that a later run has left a partial file beside them.
-std::optional<std::string> later_run_text(const std::filesystem::path& file);
 /// Where results may be found that a run which ended early has left in place of the missing file;
 /// nothing when the file is there or nothing is left.
 std::optional<std::string> left_instead_text(const std::filesystem::path& file);

@@ -1,5 +1,6 @@
 import pytest
 
+from faults import FaultyRuns, build
 from flows import Flows
 
 
@@ -13,6 +14,18 @@ def long_flows(tmp_path_factory):
 def small_flows(tmp_path_factory):
     """Flows of as few file calls as show everything."""
     return Flows(tmp_path_factory.mktemp("rehearsal"), elements=6, combinations=3)
+
+
+@pytest.fixture(scope="module")
+def library(tmp_path_factory):
+    return build(tmp_path_factory.mktemp("library"))
+
+
+@pytest.fixture
+def faulty(library, tmp_path):
+    folder = tmp_path / "frame"
+    folder.mkdir()
+    return FaultyRuns(library, folder)
 
 
 @pytest.fixture

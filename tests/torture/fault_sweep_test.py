@@ -4,25 +4,13 @@ from collections import Counter
 
 import pytest
 
-from faults import ERRORS, FaultyRuns, build, strange_ends
+from faults import ERRORS, strange_ends
 from flows import ALL
 from random_kills_test import require_clean_next_run, require_readable
 from workbench import IS_LONG, RESULTS, files_of, lay_out, run
 
 # Where a power cut would undo what the run has done, though it said that it was done.
 SYNCS = ("fsync", "fdatasync")
-
-
-@pytest.fixture(scope="module")
-def library(tmp_path_factory):
-    return build(tmp_path_factory.mktemp("library"))
-
-
-@pytest.fixture
-def faulty(library, tmp_path):
-    folder = tmp_path / "frame"
-    folder.mkdir()
-    return FaultyRuns(library, folder)
 
 
 def calls_of(faulty, flow):

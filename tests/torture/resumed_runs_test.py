@@ -7,7 +7,7 @@ from dataclasses import replace
 
 import pytest
 
-from faults import FaultyRuns, build, strange_ends
+from faults import strange_ends
 from flows import Flows, QUIET, ended
 from workbench import IS_LONG, RESULTS, amount, chance_of, lay_out, run
 
@@ -78,18 +78,6 @@ def test_a_killed_check_is_resumed_to_the_end_of_one_run(check, whole, tmp_path,
             kill_during(resumed(flow), tmp_path, chance.uniform(0, 0.8 * flow.seconds))
         outcomes[require_end_of_one_run(flow, tmp_path, whole)] += 1
     tell(f"resumed after kills: {dict(outcomes)}")
-
-
-@pytest.fixture(scope="module")
-def library(tmp_path_factory):
-    return build(tmp_path_factory.mktemp("library"))
-
-
-@pytest.fixture
-def faulty(library, tmp_path):
-    folder = tmp_path / "frame"
-    folder.mkdir()
-    return FaultyRuns(library, folder)
 
 
 def chosen(calls):

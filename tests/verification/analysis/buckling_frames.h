@@ -6,24 +6,12 @@
 #include <stdexcept>
 #include <vector>
 
-#include "aluframe/analysis/analyse.h"
-#include "aluframe/analysis/buckling.h"
+#include "tests/support/buckle.h"
 
 namespace aluframe::analysis::verification {
 
 inline constexpr double pi = std::numbers::pi;
 inline constexpr std::array<bool, 6> clamped{true, true, true, true, true, true};
-
-/// Axial forces of first order, and the factors under them. A problem ends the test.
-inline BucklingResult buckle(const Frame& frame, const LoadCase& loads, int modes = 1) {
-  const LoadCase cases[]{loads};
-  const auto solved = analyse(frame, cases);
-  if (const auto* problem = std::get_if<Problem>(&solved)) throw std::runtime_error(problem->text);
-  const auto axial = axial_forces_at_start(std::get<Solution>(solved).cases[0]);
-  auto found = Buckling(frame).find(loads, axial, modes);
-  if (const auto* problem = std::get_if<Problem>(&found)) throw std::runtime_error(problem->text);
-  return std::get<BucklingResult>(std::move(found));
-}
 
 /// A frame in the plane XZ and its loads. Sections are given by their I in that plane; across it
 /// they are a thousand times as stiff. Elements do not shorten: their area is what makes axial

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "aluframe/analysis/buckling.h"
+#include "tests/support/buckle.h"
 #include "tests/unit/aluframe/analysis/frames.h"
 
 namespace aluframe::analysis {
@@ -20,12 +21,6 @@ constexpr std::array<bool, 6> hinged_base{true, true, true, false, false, true};
 Result<BucklingResult> find(const Frame& frame, const LoadCase& loads,
                             const std::vector<double>& axial, int modes = 1) {
   return Buckling(frame).find(loads, axial, modes);
-}
-
-BucklingResult buckle(const Frame& frame, const LoadCase& loads, int modes = 1) {
-  auto found = find(frame, loads, axial_forces_at_start(solved(frame, loads)), modes);
-  if (const auto* problem = std::get_if<Problem>(&found)) throw std::runtime_error(problem->text);
-  return std::get<BucklingResult>(std::move(found));
 }
 
 /// Columns of 3 m side by side, each under 1 kN.

@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "aluframe/analysis/second_order.h"
+#include "tests/support/buckle.h"
 #include "tests/unit/aluframe/analysis/frames.h"
 
 namespace aluframe::analysis {
@@ -15,16 +16,6 @@ constexpr double pi = std::numbers::pi;
 constexpr std::array<bool, 6> guided{true, true, false, true, true, true};
 constexpr std::array<bool, 6> hinged_top{true, true, false, false, false, false};
 constexpr std::array<bool, 6> hinged_base{true, true, true, false, false, true};
-
-BucklingResult buckle(const Frame& frame, const LoadCase& loads, int modes = 1) {
-  const LoadCase cases[]{loads};
-  const auto solved = analyse(frame, cases);
-  if (const auto* problem = std::get_if<Problem>(&solved)) throw std::runtime_error(problem->text);
-  const auto axial = axial_forces_at_start(std::get<Solution>(solved).cases[0]);
-  auto found = Buckling(frame).find(loads, axial, modes);
-  if (const auto* problem = std::get_if<Problem>(&found)) throw std::runtime_error(problem->text);
-  return std::get<BucklingResult>(std::move(found));
-}
 
 /// A column along Z of so many elements under a load of 1 kN on its top.
 struct Column {
