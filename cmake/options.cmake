@@ -6,7 +6,9 @@ target_compile_options(aluframe_options INTERFACE
   # g++ 12 takes the unused alternatives of a std::variant for uninitialised values.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
   # g++ leaves changes of sign out of -Wconversion; clang is to do the same.
-  $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
+  # The stable_sort of g++ 12's library calls what clang knows as deprecated.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 
 if(ALUFRAME_COVERAGE)
   target_compile_options(aluframe_options INTERFACE --coverage -O0)

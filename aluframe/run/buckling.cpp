@@ -53,11 +53,9 @@ analysis::Result<Modes> smallest_modes(forces::FrameBuckling& frame,
   for (const forces::LoadSet& set : sets) {
     auto found = frame.under(set, count);
     if (auto* problem = std::get_if<analysis::Problem>(&found)) return std::move(*problem);
-    for (analysis::BucklingMode& mode : std::get<analysis::BucklingResult>(found).modes) {
-      all.insert(std::ranges::upper_bound(all, mode.factor, {}, &analysis::BucklingMode::factor),
-                 std::move(mode));
-    }
+    std::ranges::move(std::get<analysis::BucklingResult>(found).modes, std::back_inserter(all));
   }
+  std::ranges::stable_sort(all, {}, &analysis::BucklingMode::factor);
   if (all.size() > static_cast<std::size_t>(count)) all.resize(static_cast<std::size_t>(count));
   return all;
 }
