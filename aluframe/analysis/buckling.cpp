@@ -16,10 +16,11 @@ namespace {
 constexpr double rounding_share = 1e-6;
 
 /// Each over the sum of those that are positive.
-void make_shares(std::vector<double>& work) {
+void make_shares(std::vector<AxialWork>& work) {
   double sum = 0.0;
-  for (const double w : work) sum += std::max(0.0, w);
-  for (double& w : work) w = sum > 0.0 ? w / sum : 0.0;
+  for (const AxialWork& w : work) sum += std::max(0.0, w.about_y) + std::max(0.0, w.about_z);
+  const double share = sum > 0.0 ? 1.0 / sum : 0.0;
+  for (AxialWork& w : work) w = {.about_y = w.about_y * share, .about_z = w.about_z * share};
 }
 
 }  // namespace
@@ -61,9 +62,11 @@ BucklingMode Buckling::Search::mode_of(const FoundFactor& found, const LoadedFra
   mode.factor = found.factor;
   mode.element = found.element;
   mode.shape.resize(frame_.nodes.size(), Vector6{});
-  mode.work.resize(frame_.elements.size(), 0.0);
+  mode.work.resize(frame_.elements.size());
   if (found.element) {
-    mode.work[*found.element] = 1.0;
+    const bool bends_about_y = loaded.own_direction({found.factor, *found.element}) == 2;
+    AxialWork& own = mode.work[*found.element];
+    (bends_about_y ? own.about_y : own.about_z) = 1.0;
     mode.text = own_text(found, loaded);
     return mode;
   }
@@ -80,6 +83,7 @@ Result<BucklingResult> Buckling::Search::find(const LoadCase& loads,
                                               std::span<const double> axial_forces, int modes) {
   const LoadedFrame loaded(frame_, geometry_, equations_, loads, axial_forces);
   BucklingResult result;
+  result.compression = loaded.compression();
   if (!loaded.is_compressed()) return result;
   FactorSearch search(space_, loaded, largest_buckling_factor);
   auto found = search.find(modes);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/analysis/axial_work.h"
 #include "aluframe/analysis/load_case.h"
 #include "aluframe/analysis/results.h"
 
@@ -17,9 +18,9 @@ struct BucklingMode {
   /// Per node: displacements and rotations, global axes, of any size; all 0 where an element
   /// buckles while its nodes stand still.
   std::vector<Vector6> shape;
-  /// Per element: part of the work that its axial force does in the mode, of all parts of that sign
-  /// that buckles the frame; positive for compressed elements. Their sum is at least 1.
-  std::vector<double> work;
+  /// Per element: part of the work that its axial force does in the mode, of all parts of the sign
+  /// that buckles the frame; positive for compressed elements.
+  std::vector<AxialWork> work;
   std::optional<std::size_t> element = std::nullopt;  ///< that buckles between its nodes
   std::string text;  ///< "nodes 2-3 move along X", "element 7 buckles between its nodes, along Y"
 };
@@ -27,6 +28,8 @@ struct BucklingMode {
 struct BucklingResult {
   /// The smallest factors, ascending, up to `largest_buckling_factor`; none without compression.
   std::vector<BucklingMode> modes;
+  /// Per element, its largest compression at the factor 1, N; 0 without.
+  std::vector<double> compression;
   int factorisations = 0;
 };
 

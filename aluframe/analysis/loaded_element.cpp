@@ -88,6 +88,23 @@ std::optional<int> LoadedElement::stiffness_at(double factor, ElementStiffness& 
   return stiffness_at(factor, both, k);
 }
 
+AxialWork LoadedElement::work(double factor, const Vector12& ends) const {
+  if (element_->kind == ElementKind::truss) {
+    const double per_square = -factor * spans_.front().axial.start / length();
+    const double along_y = ends[7] - ends[1], along_z = ends[8] - ends[2];
+    return {.about_y = per_square * along_z * along_z, .about_z = per_square * along_y * along_y};
+  }
+  ElementStiffness unloaded, along_y, along_z;
+  if (!stiffness_at(factor, {true, false}, along_y) ||
+      !stiffness_at(factor, {false, true}, along_z) || !stiffness_at(0.0, unloaded)) {
+    return {};
+  }
+  const auto taken = [&](const ElementStiffness& k) {
+    return ends.dot((unloaded.condensed - k.condensed) * ends);
+  };
+  return {.about_y = taken(along_z), .about_z = taken(along_y)};
+}
+
 double LoadedElement::largest_carried_factor() const {
   double least = infinite;
   if (compression_ <= 0.0 || element_->kind == ElementKind::truss) return least;

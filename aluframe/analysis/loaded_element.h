@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/axial_work.h"
 #include "aluframe/analysis/beam_column_plane.h"
 
 namespace aluframe::analysis {
@@ -28,6 +29,10 @@ class LoadedElement {
   /// @return own factors below this one: how often the element buckles while its nodes stand still;
   ///         nothing at a factor that is one of its own, or beyond what its shear stiffness carries
   std::optional<int> stiffness_at(double factor, ElementStiffness& k) const;
+
+  /// Work of the axial force at the factor in displacements of the two ends, local axes; 0 at a
+  /// factor that is one of its own.
+  AxialWork work(double factor, const Vector12& ends) const;
 
   /// A factor that is not above its smallest own one; infinite without compression.
   double lower_bound() const;

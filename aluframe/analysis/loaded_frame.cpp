@@ -24,6 +24,15 @@ bool LoadedFrame::is_compressed() const {
       elements_, [](const LoadedElement& element) { return element.largest_compression() > 0.0; });
 }
 
+std::vector<double> LoadedFrame::compression() const {
+  std::vector<double> compression;
+  compression.reserve(elements_.size());
+  for (const LoadedElement& element : elements_) {
+    compression.push_back(element.largest_compression());
+  }
+  return compression;
+}
+
 /// Elements whose lower bound lies above a factor that is found already are not looked at.
 OwnFactor LoadedFrame::smallest_own_factor(double largest) const {
   std::vector<double> bounds;
@@ -77,15 +86,14 @@ std::optional<LoadedEquations> LoadedFrame::at(double factor) const {
   return result;
 }
 
-std::vector<double> LoadedFrame::work(double factor, std::span<const double> displacements) const {
+std::vector<AxialWork> LoadedFrame::work(double factor,
+                                         std::span<const double> displacements) const {
   const NodeValues values(displacements.begin(), displacements.end());
-  std::vector<double> work(elements_.size(), 0.0);
-  ElementStiffness loaded, unloaded;
+  std::vector<AxialWork> work;
+  work.reserve(elements_.size());
   for (std::size_t i = 0; i < elements_.size(); ++i) {
     const Vector12 u = to_local(geometry_[i].axes, at_ends(frame_.elements[i], values));
-    if (!elements_[i].stiffness_at(factor, loaded)) continue;
-    elements_[i].stiffness_at(0.0, unloaded);
-    work[i] = u.dot((unloaded.condensed - loaded.condensed) * u);
+    work.push_back(elements_[i].work(factor, u));
   }
   return work;
 }

@@ -29,6 +29,8 @@ class LoadedFrame {
               const LoadCase& loads, std::span<const double> axial_forces);
 
   bool is_compressed() const;
+  /// Per element, its largest compression at the factor 1, N; 0 without.
+  std::vector<double> compression() const;
   /// The smallest factor at which an element buckles while its nodes stand still: the frame, whose
   /// nodes may move, does not carry more.
   /// @return infinite above the largest that is looked for
@@ -45,8 +47,8 @@ class LoadedFrame {
   std::optional<LoadedEquations> at(double factor) const;
 
   /// Per element, the work of its axial force at the factor in a displacement of the nodes, which
-  /// has six values each: positive where it takes stiffness away.
-  std::vector<double> work(double factor, std::span<const double> displacements) const;
+  /// has six values each.
+  std::vector<AxialWork> work(double factor, std::span<const double> displacements) const;
 
  private:
   const Frame& frame_;

@@ -53,9 +53,8 @@ model::CaseLoads read_case_loads(const JsonObject& load_case, const Scales& scal
 /// first of the six.
 void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> names,
                 std::span<bool> flags);
-/// Length factors {y, z} when the object has them.
-std::optional<model::ElementDesign::AxisPair> read_axis_pair(const JsonObject& object,
-                                                             std::string_view field);
+/// `length_factors` {y, z} when the object has them.
+std::optional<model::ElementDesign::AxisPair> read_length_factors(const JsonObject& object);
 
 /// The number of an entity that must be in the table; `what` names its kind in the message.
 template <class Entity>

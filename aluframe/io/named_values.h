@@ -53,6 +53,7 @@ inline constexpr std::array envelope_checks{
 
 inline constexpr std::array length_factor_sources{
     NamedValue{"computed", model::LengthFactors::computed},
+    NamedValue{"buckling", model::LengthFactors::buckling},
     NamedValue{"one", model::LengthFactors::one},
 };
 

@@ -55,11 +55,8 @@ ElementDesign::Slenderness read_slenderness(const JsonValue& value) {
   return limits;
 }
 
-}  // namespace
-
-std::optional<ElementDesign::AxisPair> read_axis_pair(const JsonObject& object,
-                                                      std::string_view field) {
-  const std::optional<JsonValue> value = object.optional(field);
+std::optional<ElementDesign::AxisPair> read_coefficients(const JsonObject& object) {
+  const std::optional<JsonValue> value = object.optional("stability_coefficients");
   if (!value) return std::nullopt;
   const JsonObject axes(*value, axis_fields);
   ElementDesign::AxisPair pair;
@@ -68,11 +65,22 @@ std::optional<ElementDesign::AxisPair> read_axis_pair(const JsonObject& object,
   return pair;
 }
 
+}  // namespace
+
+/// A factor left out would be 1, also where the frame sways: both are to be given.
+std::optional<ElementDesign::AxisPair> read_length_factors(const JsonObject& object) {
+  const std::optional<JsonValue> value = object.optional("length_factors");
+  if (!value) return std::nullopt;
+  const JsonObject axes(*value, axis_fields);
+  return ElementDesign::AxisPair{.y = axes.required("y").positive(),
+                                 .z = axes.required("z").positive()};
+}
+
 ElementDesign read_element_design(const JsonValue& value, const Scales& scales) {
   const JsonObject object(value, design_fields);
   ElementDesign design;
-  design.stability_coefficients = read_axis_pair(object, "stability_coefficients");
-  design.length_factors = read_axis_pair(object, "length_factors");
+  design.stability_coefficients = read_coefficients(object);
+  design.length_factors = read_length_factors(object);
   if (const auto rib = object.optional("rib")) design.rib = read_rib(*rib);
   if (const auto weld = object.optional("weld_coefficient")) {
     design.weld_coefficient = weld->positive();

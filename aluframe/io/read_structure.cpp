@@ -137,7 +137,7 @@ model::Member read_member(const JsonObject& object, const model::Model& model, O
   model::Member member;
   member.number = object.required("number").entity_number();
   member.name = object.plain_text_or("name", "");
-  member.length_factors = read_axis_pair(object, "length_factors");
+  member.length_factors = read_length_factors(object);
   const JsonValue elements = object.required("elements");
   for (const JsonValue value : elements.list()) {
     const model::Number element = read_reference(value, model.elements, "element");

@@ -19,7 +19,7 @@ bool continues(const MemberSegments& segments, const ElementEnd& at, const Eleme
   const model::Table<model::Element>& elements = segments.model().elements;
   const analysis::Geometry& here = segments.geometry(at.element);
   const analysis::Geometry& there = segments.geometry(next.element);
-  return are_collinear(here, at.end, there, next.end) && have_same_orientation(here, there) &&
+  return are_collinear(here, at.end, there, next.end) && have_parallel_axes(here, there) &&
          passes_moments(elements[at.element], at.end) &&
          passes_moments(elements[next.element], next.end);
 }

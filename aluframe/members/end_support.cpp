@@ -49,6 +49,10 @@ double spring_about(const model::Support* support, const Eigen::Vector3d& axis) 
   return support == nullptr ? 0.0 : spring_stiffness(*support, rotations, axis);
 }
 
+double spring_along(const model::Support* support, const Eigen::Vector3d& direction) {
+  return support == nullptr ? 0.0 : spring_stiffness(*support, 0, direction);
+}
+
 bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
                          const Eigen::Vector3d& direction) {
   const model::Support* support = support_at(segments, at);
@@ -74,7 +78,7 @@ bool acts_on_bending(const MemberSegments& segments, const ElementEnd& at,
   const Eigen::Vector3d bar = segments.geometry(at.element).axes.row(0).transpose();
   const Eigen::Vector3d across = about.cross(bar).normalized();
   return is_restrained_along(segments, at, across) || fixes_rotation(support, about) ||
-         spring_about(support, about) > 0.0 || spring_stiffness(*support, 0, across) > 0.0;
+         spring_about(support, about) > 0.0 || spring_along(support, across) > 0.0;
 }
 
 }  // namespace aluframe::members

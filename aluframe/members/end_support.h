@@ -21,6 +21,9 @@ bool fixes_rotation(const model::Support* support, const Eigen::Vector3d& axis);
 /// Stiffness of the support's springs against a rotation, N·mm per rad; 0 without a support.
 double spring_about(const model::Support* support, const Eigen::Vector3d& axis);
 
+/// Stiffness of the support's springs against moving along a direction, N/mm; 0 without a support.
+double spring_along(const model::Support* support, const Eigen::Vector3d& direction);
+
 /// Whether a support restrains an end rigidly along a direction square to the element. A support
 /// that does not act along the direction restrains it too when whatever it leaves free would
 /// change the bar's length: a vertical support under a sloping beam.

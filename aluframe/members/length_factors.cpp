@@ -1,10 +1,13 @@
 #include "aluframe/members/length_factors.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "aluframe/members/chart_equations.h"
+#include "aluframe/members/chart_scope.h"
 #include "aluframe/members/collinear_run.h"
 #include "aluframe/members/end_restraint.h"
+#include "aluframe/members/mode_lengths.h"
 #include "aluframe/members/restraining_bar.h"
 
 namespace aluframe::members {
@@ -53,7 +56,7 @@ bool sways(const MemberSegments& segments, const MemberSegment& segment, Axis ax
          !is_restrained_along(segments, segment.ends[1], direction);
 }
 
-LengthFactor computed(const MemberSegments& segments, const MemberSegment& segment, Axis axis) {
+LengthFactor by_chart(const MemberSegments& segments, const MemberSegment& segment, Axis axis) {
   const Axis other = axis == Axis::y ? Axis::z : Axis::y;
   const std::size_t first = segment.elements.front();
   const Eigen::Vector3d moves = segments.direction(first, other);
@@ -90,8 +93,23 @@ void take(const model::ElementDesign::AxisPair& given, FactorSource source, Segm
   out.z = {.k = given.z, .source = source};
 }
 
+/// A factor that the model does not give.
+LengthFactor chosen(const MemberSegments& segments, const MemberSegment& segment, Axis axis,
+                    const std::optional<ModeLength>& mode) {
+  const model::FrameSettings frame = segments.model().frame.value_or(model::FrameSettings{});
+  LengthFactor factor;
+  const auto objection = chart_objection(segments, segment, axis);
+  if (mode && (objection || frame.length_factors == model::LengthFactors::buckling)) {
+    factor = {.k = mode->k, .source = FactorSource::mode};
+  } else {
+    factor = by_chart(segments, segment, axis);
+  }
+  factor.objection = objection.value_or("");
+  return factor;
+}
+
 void find_factors(const MemberSegments& segments, const MemberSegment& segment,
-                  SegmentFactors& out) {
+                  const SegmentModeLengths& modes, SegmentFactors& out) {
   const model::Model& model = segments.model();
   const Given none;
   const Given& own = segment.elements.size() == 1
@@ -109,34 +127,62 @@ void find_factors(const MemberSegments& segments, const MemberSegment& segment,
   } else if (is_truss(model, segment)) {
     take({.y = 1.0, .z = 1.0}, FactorSource::truss, out);
   } else {
-    out.y = computed(segments, segment, Axis::y);
-    out.z = computed(segments, segment, Axis::z);
+    out.y = chosen(segments, segment, Axis::y, modes.y);
+    out.z = chosen(segments, segment, Axis::z, modes.z);
   }
+  out.y.mode = modes.y;
+  out.z.mode = modes.z;
+}
+
+bool is_of_chart(FactorSource source) {
+  return source == FactorSource::non_sway || source == FactorSource::sway ||
+         source == FactorSource::cantilever;
 }
 
 }  // namespace
 
 std::string_view name_of(FactorSource source) {
-  constexpr std::string_view names[] = {"given (element)", "given (member)", "one",  "no supports",
-                                        "truss",           "non-sway",       "sway", "cantilever"};
+  constexpr std::string_view names[] = {
+      "given (element)", "given (member)", "one",        "no supports", "truss",
+      "non-sway",        "sway",           "cantilever", "mode"};
   return names[static_cast<std::size_t>(source)];
 }
 
-std::vector<SegmentFactors> length_factors(const model::Model& model) {
+bool is_below_mode(const LengthFactor& factor) {
+  constexpr double tolerated = 1.05;
+  const bool is_own_choice = is_of_chart(factor.source) || factor.source == FactorSource::truss;
+  return is_own_choice && factor.mode && factor.k * tolerated < factor.mode->k;
+}
+
+bool is_guessed(const LengthFactor& factor) {
+  return is_of_chart(factor.source) && !factor.objection.empty();
+}
+
+std::vector<SegmentFactors> length_factors(const model::Model& model,
+                                           std::span<const FrameMode> modes) {
   const MemberSegments segments(model);
+  const std::vector<SegmentModeLengths> by_mode = mode_lengths(segments, modes);
   std::vector<SegmentFactors> all;
   all.reserve(segments.all().size());
-  for (const MemberSegment& segment : segments.all()) {
+  for (std::size_t i = 0; i < segments.all().size(); ++i) {
+    const MemberSegment& segment = segments.all()[i];
     SegmentFactors factors{
         .member = {}, .elements = {}, .length = segment.length, .y = {}, .z = {}};
     if (segment.member != nullptr) factors.member = segment.member->number;
     for (const std::size_t place : segment.elements) {
       factors.elements.push_back(model.elements[place].number);
     }
-    find_factors(segments, segment, factors);
+    find_factors(segments, segment, by_mode[i], factors);
     all.push_back(std::move(factors));
   }
   return all;
+}
+
+bool need_modes(const model::Model& model, const std::vector<SegmentFactors>& factors) {
+  const model::FrameSettings frame = model.frame.value_or(model::FrameSettings{});
+  if (frame.length_factors == model::LengthFactors::buckling) return true;
+  return std::ranges::any_of(
+      factors, [](const SegmentFactors& of) { return is_guessed(of.y) || is_guessed(of.z); });
 }
 
 }  // namespace aluframe::members

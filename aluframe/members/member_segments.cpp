@@ -71,7 +71,10 @@ void MemberSegments::add(const model::Member* member, std::vector<std::size_t> e
   for (const std::size_t place : segment.elements) {
     const model::Element& element = model_.elements[place];
     const std::size_t near = end_at(element, node);
+    const model::Element& first = model_.elements[segment.elements.front()];
     if (place == segment.elements.front()) segment.ends[0] = {place, near};
+    segment.has_one_section = segment.has_one_section && element.section == first.section &&
+                              element.material == first.material;
     const double length = geometry_[place].length;
     const std::array<double, 2>& stiffness = stiffness_[place];
     for (std::size_t axis = 0; axis < 2; ++axis)

@@ -27,6 +27,7 @@ struct MemberSegment {
   std::array<model::Number, 2> nodes{};   ///< start, end
   std::array<ElementEnd, 2> ends{};       ///< what lies there
   double length = 0.0;                    ///< mm
+  bool has_one_section = true;            ///< and one material
   std::array<double, 2> stiffness{};      ///< E·I about y and z, N·mm²
 };
 

@@ -37,12 +37,9 @@ inline bool are_collinear(const analysis::Geometry& a, std::size_t end_of_a,
   return in.dot(out) < 0.0 && in.cross(out).norm() <= collinear_limit;
 }
 
-/// Whether two sections stand alike: their z axes agree. Their y axes are then parallel, and
-/// opposite when the elements point against each other.
-inline bool have_same_orientation(const analysis::Geometry& a, const analysis::Geometry& b) {
-  const Eigen::Vector3d up = a.axes.row(2).transpose();
-  const Eigen::Vector3d other = b.axes.row(2).transpose();
-  return up.dot(other) > 0.0 && up.cross(other).norm() <= collinear_limit;
+/// Whether the axes of two sections are parallel, each to its own: turned by 180° they bend alike.
+inline bool have_parallel_axes(const analysis::Geometry& a, const analysis::Geometry& b) {
+  return a.axes.row(2).cross(b.axes.row(2)).norm() <= collinear_limit;
 }
 
 /// Whether an element carries a frame as a column does: one by its member type, or an inclined one

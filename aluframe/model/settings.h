@@ -22,7 +22,9 @@ struct DesignSettings {
 
 /// Where effective length factors come from that the model does not give.
 enum class LengthFactors {
-  computed,  ///< from the stiffness of what frames into the ends
+  computed,  ///< from the stiffness of what frames into the ends, and from the buckling modes of
+             ///< the frame where that is no measure
+  buckling,  ///< from the buckling modes of the frame
   one        ///< they are 1
 };
 

@@ -1,26 +1,13 @@
 #pragma once
 
-#include <functional>
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "aluframe/forces/frame_buckling.h"
+#include "aluframe/run/frame_modes.h"
 #include "aluframe/run/input.h"
 
 // How far the whole frame is from buckling, in every combination.
 
 namespace aluframe::run {
-
-/// One factor of the loads of a combination or a load case at which the frame buckles.
-struct BucklingFactor {
-  model::Number subject = 0;     ///< number of the combination or the load case
-  std::optional<double> factor;  ///< nothing: nothing is compressed, or `unknown` says why
-  std::string mode = {};         ///< "nodes 2-3 move along X"
-  /// Elements whose axial force does a tenth of the work in the mode, or more.
-  std::vector<model::Number> elements = {};
-  std::string unknown = {};  ///< why no factor is known, of all or of some states; empty: it is
-};
 
 /// What is to be looked at: combinations for design, or without any the load cases with loads; but
 /// what the user names goes first.
@@ -43,11 +30,14 @@ struct BucklingAnalysis {
 /// axial forces of first order.
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options);
 
-/// The smallest factor of every combination of a run, by number; of an envelope that of its states.
-/// States in which forces are given have none.
-/// @param goes_on asked before every combination; what is left when it says no is not worked out
-std::vector<BucklingFactor> buckling_of_combinations(const Input& input,
-                                                     const std::function<bool(int, int)>& goes_on);
+/// Of all combinations of the run the smallest factor, and what an engineer is owed a word about.
+struct RunBuckling {
+  std::vector<store::BucklingRow> rows;
+  std::vector<store::RemarkRow> remarks;
+};
+
+/// Goes by the modes of the input where it has them.
+RunBuckling buckling_of_run(const Input& input, const GoesOn& goes_on);
 
 /// The rows of the result file.
 std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors,
@@ -66,9 +56,6 @@ const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>&
 
 /// Whether a combination buckles the frame: it fails, whatever the ratios of its checks are.
 bool buckles(const store::BucklingRow& row);
-
-/// Whether the buckling of the frame is looked at.
-enum class FrameBuckling { on, off };
 
 /// Notes in what a run goes by that it does not look at the buckling of the frame.
 void leave_out_buckling(store::RunSetup& setup);

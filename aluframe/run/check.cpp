@@ -80,15 +80,14 @@ bool find_buckling(const Input& input, const CheckOptions& options, CheckResult&
   services::ProgressListener* const progress = options.progress;
   if (progress != nullptr) progress->started("Buckling of the frame");
   bool is_cancelled = false;
-  const auto factors = buckling_of_combinations(input, [&](int done, int total) {
+  RunBuckling buckling = buckling_of_run(input, [&](int done, int total) {
     is_cancelled = progress != nullptr && progress->advanced(done, total);
     return !is_cancelled;
   });
   if (progress != nullptr) progress->ended();
   if (is_cancelled) return false;
-  result.buckling_factors = buckling_rows(factors, input.model);
-  std::ranges::move(buckling_remarks(result.buckling_factors, input.model),
-                    std::back_inserter(result.remarks));
+  result.buckling_factors = std::move(buckling.rows);
+  std::ranges::move(buckling.remarks, std::back_inserter(result.remarks));
   return true;
 }
 
@@ -132,8 +131,8 @@ CheckResult check(const Input& input, const CheckOptions& options) {
     leave_out_second_opinion(session.setup);
   }
   result.remarks = input.remarks;
-  result.buckling = options.buckling;
-  if (options.buckling == FrameBuckling::on) {
+  result.buckling = input.buckling;
+  if (input.buckling == FrameBuckling::on) {
     session.after_elements = [&] { return find_buckling(input, options, result); };
   } else {
     leave_out_buckling(session.setup);

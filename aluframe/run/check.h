@@ -22,7 +22,6 @@ struct CheckOptions {
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
   SecondOpinion second_opinion = SecondOpinion::on;
-  FrameBuckling buckling = FrameBuckling::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
   /// `resumed`: only what is missing in the partial file of an earlier run is checked; the results
@@ -42,7 +41,7 @@ struct CheckResult {
   SecondOpinion second_opinion = SecondOpinion::on;  ///< whether it was asked for
   std::optional<SafeSummary> safe;                   ///< nothing without a second opinion
   std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios
-  FrameBuckling buckling = FrameBuckling::on;        ///< whether it was asked for
+  FrameBuckling buckling = FrameBuckling::on;        ///< whether it was looked at
   std::vector<store::BucklingRow> buckling_factors;  ///< of the combinations
 };
 

@@ -40,6 +40,14 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
   return std::nullopt;
 }
 
+void find_length_factors(Input& input) {
+  input.length_factors = members::length_factors(input.model);
+  if (input.buckling == FrameBuckling::off) return;
+  if (!members::need_modes(input.model, input.length_factors)) return;
+  input.modes = frame_modes_of_all(input);
+  input.length_factors = members::length_factors(input.model, input.modes->modes);
+}
+
 }  // namespace
 
 Result<Input> read_input(const InputOptions& options, const Selection& selection) {
@@ -48,6 +56,7 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
   if (const auto* problem = std::get_if<io::Problem>(&read)) return Problem{problem->message()};
   Input input;
   input.file = options.model;
+  input.buckling = options.buckling;
   input.model = std::get<model::Model>(std::move(read));
   input.found_members = members::complete(input.model);
   if (options.forces) {
@@ -73,13 +82,14 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   auto read = read_input(options, selection);
   auto* input = std::get_if<Input>(&read);
   if (input == nullptr) return read;
-  input->length_factors = members::length_factors(input->model);
-  input->setup = setup_of(input->model, input->origins, input->length_factors);
+  const store::SettingRow analysis = analysis_setting(input->model, input->origins);
   const auto computed = forces::compute_forces(input->model);
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     return problem_of(options.model, *problem);
   }
   input->forces = std::get<forces::Summary>(computed);
+  find_length_factors(*input);
+  input->setup = setup_of(input->model, input->origins, input->length_factors, analysis);
   input->remarks = input_remarks(*input);
   return read;
 }

@@ -12,6 +12,7 @@
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/model.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/run/frame_modes.h"
 #include "aluframe/run/problem.h"
 #include "aluframe/run/setup.h"
 #include "aluframe/store/result_file.h"
@@ -30,7 +31,8 @@ struct InputOptions {
   std::filesystem::path model;
   /// CSV in place of the model's forces.
   std::optional<std::filesystem::path> forces = std::nullopt;
-  bool second_order = false;   ///< whatever the model says
+  bool second_order = false;  ///< whatever the model says
+  FrameBuckling buckling = FrameBuckling::on;
   bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
 };
 
@@ -50,6 +52,8 @@ struct Input {
   std::vector<model::Number> elements;   ///< that the run is limited to; empty: all
   std::set<model::Number> combinations;  ///< that the run is limited to; empty: all for design
   forces::Summary forces;                ///< how forces were computed, once they are
+  FrameBuckling buckling = FrameBuckling::on;  ///< whether it is looked at
+  std::optional<FrameModes> modes;  ///< of all combinations, where length factors hang on them
   std::vector<members::SegmentFactors> length_factors;  ///< once it is prepared
   SetupOrigins origins;                                 ///< of what the run goes by
   store::RunSetup setup;                                ///< what it goes by, once it is prepared
@@ -60,7 +64,8 @@ struct Input {
 /// selection names must exist.
 Result<Input> read_input(const InputOptions& options, const Selection& selection = {});
 
-/// Reads the input and computes the forces that follow from the model's loads.
+/// Reads the input and computes the forces that follow from the model's loads, and the length
+/// factors.
 Result<Input> prepare(const InputOptions& options, const Selection& selection = {});
 
 /// The problem of an analysis as it is told, with the JSON path of the element or node that it is

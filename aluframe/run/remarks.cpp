@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -10,6 +11,7 @@
 #include "aluframe/model/envelopes.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/remarks/remarks.h"
+#include "aluframe/run/length_remarks.h"
 #include "aluframe/section/second_computation.h"
 
 namespace aluframe::run {
@@ -96,6 +98,13 @@ void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
   rows.push_back(row_of("P", {}, fmt::format(fmt::runtime(peaks_unknown), numbers)));
 }
 
+/// Where modes are not known yet, a check tells of them.
+void add_of_lengths(const Input& input, std::vector<store::RemarkRow>& rows) {
+  if (!input.modes && input.buckling == FrameBuckling::on) return;
+  std::ranges::move(length_remarks(input.length_factors, input.modes ? &*input.modes : nullptr),
+                    std::back_inserter(rows));
+}
+
 }  // namespace
 
 std::vector<store::RemarkRow> input_remarks(const Input& input) {
@@ -105,6 +114,7 @@ std::vector<store::RemarkRow> input_remarks(const Input& input) {
   add_of_axes(input.model, rows);
   add_of_sections(input.model, rows);
   add_of_model(input.model, input.length_factors, rows);
+  add_of_lengths(input, rows);
   return rows;
 }
 

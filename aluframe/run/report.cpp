@@ -28,10 +28,9 @@ void add_remarks(const Input& input, const OpinionNotes& opinion, bool is_new_fi
 
 /// How far the frame is from buckling, which a check would have stored.
 void add_buckling(const Input& input, store::ResultWriter& writer) {
-  const auto rows =
-      buckling_rows(buckling_of_combinations(input, [](int, int) { return true; }), input.model);
-  for (const store::BucklingRow& row : rows) writer.add_buckling(row);
-  for (const store::RemarkRow& row : buckling_remarks(rows, input.model)) writer.add_remark(row);
+  const RunBuckling buckling = buckling_of_run(input, [](int, int) { return true; });
+  for (const store::BucklingRow& row : buckling.rows) writer.add_buckling(row);
+  for (const store::RemarkRow& row : buckling.remarks) writer.add_remark(row);
 }
 
 }  // namespace

@@ -52,13 +52,19 @@ bool is_computed(members::FactorSource source) {
          source == members::FactorSource::cantilever;
 }
 
-/// "5 computed, 1 given, 2 taken as 1" of members and elements that belong to none.
+bool is_of_mode(const members::SegmentFactors& of) {
+  return of.y.source == members::FactorSource::mode || of.z.source == members::FactorSource::mode;
+}
+
+/// "5 computed, 3 by buckling modes, 1 given, 2 taken as 1" of members and elements that belong to
+/// none.
 SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factors) {
-  std::array<std::size_t, 3> counts{};
-  constexpr std::array<std::string_view, 3> names{"computed", "given", "taken as 1"};
+  std::array<std::size_t, 4> counts{};
+  constexpr std::array<std::string_view, 4> names{"computed", "by buckling modes", "given",
+                                                  "taken as 1"};
   for (const members::SegmentFactors& of : factors) {
     const bool computed = is_computed(of.y.source) || is_computed(of.z.source);
-    const std::size_t kind = computed ? 0 : is_given(of.y.source) ? 1 : 2;
+    const std::size_t kind = is_of_mode(of) ? 1 : computed ? 0 : is_given(of.y.source) ? 2 : 3;
     ++counts[kind];
   }
   std::string value;
@@ -66,9 +72,9 @@ SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factor
     if (counts[kind] == 0) continue;
     value += fmt::format("{}{} {}", value.empty() ? "" : ", ", counts[kind], names[kind]);
   }
-  const bool only_given = counts[0] == 0 && counts[2] == 0;
-  const char* origin = only_given ? "given" : "default";
-  return {"length_factors", value, counts[0] > 0 ? "from the frame" : origin};
+  const bool has_computed = counts[0] + counts[1] > 0;
+  const char* origin = counts[3] == 0 ? "given" : "default";
+  return {"length_factors", value, has_computed ? "from the frame" : origin};
 }
 
 SettingRow buckling_row(const model::Model& model) {
@@ -77,7 +83,25 @@ SettingRow buckling_row(const model::Model& model) {
           given ? "given" : "default"};
 }
 
-SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) {
+std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
+                                const std::vector<members::SegmentFactors>& factors,
+                                SettingRow analysis) {
+  const model::DesignSettings settings = model.design.value_or(model::DesignSettings());
+  const auto grade = static_cast<std::size_t>(settings.safety_class - 1);
+  return {{"safety_class", fmt::format("{}, gamma0 {}", settings.safety_class, gamma_0.at(grade)),
+           origin_of(origins, "safety_class")},
+          ribs_row(model, settings, origins),
+          {"strength_ratio", fmt::format("{}", settings.strength_ratio),
+           origin_of(origins, "strength_ratio")},
+          seismic_row(settings, origins),
+          length_factors_row(factors),
+          buckling_row(model),
+          std::move(analysis)};
+}
+
+}  // namespace
+
+SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origins) {
   if (model.analysis.second_order) {
     return {"analysis", "second-order", origins.second_order_asked ? "--second-order" : "given"};
   }
@@ -92,27 +116,10 @@ SettingRow analysis_row(const model::Model& model, const SetupOrigins& origins) 
           file};
 }
 
-std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
-                                const std::vector<members::SegmentFactors>& factors) {
-  const model::DesignSettings settings = model.design.value_or(model::DesignSettings());
-  const auto grade = static_cast<std::size_t>(settings.safety_class - 1);
-  return {{"safety_class", fmt::format("{}, gamma0 {}", settings.safety_class, gamma_0.at(grade)),
-           origin_of(origins, "safety_class")},
-          ribs_row(model, settings, origins),
-          {"strength_ratio", fmt::format("{}", settings.strength_ratio),
-           origin_of(origins, "strength_ratio")},
-          seismic_row(settings, origins),
-          length_factors_row(factors),
-          buckling_row(model),
-          analysis_row(model, origins)};
-}
-
-}  // namespace
-
 store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins,
-                         const std::vector<members::SegmentFactors>& factors) {
+                         const std::vector<members::SegmentFactors>& factors, SettingRow analysis) {
   store::RunSetup setup;
-  setup.settings = rows_of(model, origins, factors);
+  setup.settings = rows_of(model, origins, factors, std::move(analysis));
   setup.analysis = setup.settings.back().value;
   setup.second_order_asked = origins.second_order_asked;
   return setup;

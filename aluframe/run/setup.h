@@ -19,10 +19,13 @@ struct SetupOrigins {
 };
 
 /// The settings that matter for every ratio and where they come from: safety class, ribs, strength
-/// ratio, seismic factors, length factors, and how forces come about. `model` has its members, and
-/// the forces that it is given, but none that are computed.
-/// `factors` are those of the model.
+/// ratio, seismic factors, length factors, and how forces come about. `model` has its members.
+/// `factors` are those of the model, `analysis` is how its forces come about.
 store::RunSetup setup_of(const model::Model& model, const SetupOrigins& origins,
-                         const std::vector<members::SegmentFactors>& factors);
+                         const std::vector<members::SegmentFactors>& factors,
+                         store::SettingRow analysis);
+
+/// How forces come about. `model` has those that it is given, but none that are computed.
+store::SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origins);
 
 }  // namespace aluframe::run

@@ -10,6 +10,7 @@
 #include <variant>
 
 #include "aluframe/files/file_kind.h"
+#include "aluframe/run/buckling.h"
 #include "aluframe/run/results.h"
 
 namespace aluframe::run {
@@ -64,6 +65,7 @@ InputOptions as_checked(const InputOptions& options, const fs::path& file,
                         const store::RunInfo& info) {
   InputOptions out = options;
   out.second_order = out.second_order || info.setup.second_order_asked;
+  if (buckling_of(info.setup) == FrameBuckling::off) out.buckling = FrameBuckling::off;
   if (!out.forces && !info.setup.forces_file.empty()) {
     out.forces = (file.parent_path() / info.setup.forces_file).lexically_normal();
   }

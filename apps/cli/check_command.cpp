@@ -65,13 +65,13 @@ int exit_status(const run::CheckResult& result, Strictness strict) {
   return fails(result, strict) ? exit_over_limit : exit_done;
 }
 
-/// "; the results of 12 elements are in frame.aluresult.partial": by the file, which may hold less
-/// than the run has handed to it.
+/// "; the results of 12 elements are in frame.aluresult.partial, --resume goes on with them": by
+/// the file, which may hold less than the run has handed to it.
 std::string stored_text(const std::filesystem::path& results) {
   try {
     const std::size_t count = store::ResultReader::open(results)->elements().size();
-    return fmt::format("; the results of {} element{} are in {}", count, count == 1 ? "" : "s",
-                       results.string());
+    return fmt::format("; the results of {} element{} are in {}, --resume goes on with them", count,
+                       count == 1 ? "" : "s", results.string());
   } catch (const std::exception& error) {
     return "; what was stored cannot be read: " + files::error_text(error);
   }
@@ -152,16 +152,14 @@ int run_check_command(const CheckOptions& options) {
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   ProgressBar progress(wants_progress(options.progress));
-  const run::CheckOptions check{
-      .results = results,
-      .language = options.language,
-      .progress = &progress,
-      .message = print_message,
-      .second_opinion = options.second_opinion,
-      .buckling = options.no_buckling ? run::FrameBuckling::off : run::FrameBuckling::on,
-      .when_busy = options.when_busy,
-      .beginning = options.beginning,
-      .objection = [&] { return problem_of(options, results); }};
+  const run::CheckOptions check{.results = results,
+                                .language = options.language,
+                                .progress = &progress,
+                                .message = print_message,
+                                .second_opinion = options.second_opinion,
+                                .when_busy = options.when_busy,
+                                .beginning = options.beginning,
+                                .objection = [&] { return problem_of(options, results); }};
   note_interrupts();
   try {
     return check_and_print(input, check, options);

@@ -27,7 +27,6 @@ struct CheckOptions {
   services::Language language = services::Language::english;
   Strictness strict = Strictness::none;
   run::SecondOpinion second_opinion = run::SecondOpinion::on;
-  bool no_buckling = false;  ///< leaves the buckling of the frame out
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;
   /// Whether to go on with what an earlier check has left.

@@ -126,8 +126,9 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
       ->each([&options](const std::string& word) {
         options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
       });
-  check->add_flag("--no-buckling", options.no_buckling,
-                  "Do not look at the buckling of the whole frame");
+  check->add_flag_callback(
+      "--no-buckling", [&options] { options.input.buckling = run::FrameBuckling::off; },
+      "Do not look at the buckling of the whole frame");
   add_parsed(*check, "--second-opinion", options.second_opinion,
              one_of(parse_second_opinion, "on, off"),
              "Safe ratios beside those of the checks: on or off");

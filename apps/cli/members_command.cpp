@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "aluframe/members/length_factors.h"
+#include "aluframe/run/member_list.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/terminal.h"
 
@@ -23,7 +23,10 @@ std::vector<tables::Column> columns(const model::Model& model) {
           {.key = "ky_source", .heading = "Ky from"},
           {.key = "kz", .heading = "Kz"},
           {.key = "kz_source", .heading = "Kz from"},
-          {.key = "own_factors", .heading = "own factors"}};
+          {.key = "own_factors", .heading = "own factors"},
+          {.key = "ky_mode", .heading = "Ky of mode"},
+          {.key = "kz_mode", .heading = "Kz of mode"},
+          {.key = "remark", .heading = "remark"}};
 }
 
 /// The elements of a member from its start to its end, as "1-3, 7".
@@ -54,6 +57,34 @@ std::string origin(const model::Model& model, const members::SegmentFactors& of)
   return model.finds_members ? "found" : "file";
 }
 
+tables::Cell of_mode(const members::LengthFactor& factor) {
+  if (!factor.mode) return {};
+  return factor.mode->k;
+}
+
+/// What an engineer should know about a factor: "charts do not hold: it is inclined", "less than
+/// by the mode of combination 2".
+std::string remark_on(const members::LengthFactor& factor) {
+  if (members::is_below_mode(factor)) {
+    return fmt::format("less than by the mode of combination {}", factor.mode->combination);
+  }
+  if (factor.source == members::FactorSource::mode) {
+    const std::string mode = fmt::format("mode of combination {}, factor {:.3g}",
+                                         factor.mode->combination, factor.mode->factor);
+    return factor.objection.empty() ? mode : mode + ", as " + factor.objection;
+  }
+  if (!members::is_guessed(factor)) return {};
+  return factor.objection + ", which charts leave out; no mode tells of it";
+}
+
+tables::Cell remarks_on(const members::SegmentFactors& of) {
+  const std::string y = remark_on(of.y), z = remark_on(of.z);
+  if (y.empty() && z.empty()) return {};
+  if (y == z) return y;
+  const std::string both = y.empty() || z.empty() ? "" : "; ";
+  return (y.empty() ? "" : "Ky: " + y) + both + (z.empty() ? "" : "Kz: " + z);
+}
+
 std::vector<tables::Cell> row(const model::Model& model, const members::SegmentFactors& of) {
   std::vector<tables::Cell> cells(2);
   if (of.member) {
@@ -64,7 +95,8 @@ std::vector<tables::Cell> row(const model::Model& model, const members::SegmentF
   const double unit = model::millimetres_per(model.units.length);
   cells.insert(cells.end(), {in_order(of.elements), origin(model, of), of.length / unit, of.y.k,
                              std::string(members::name_of(of.y.source)), of.z.k,
-                             std::string(members::name_of(of.z.source)), own_factors(model, of)});
+                             std::string(members::name_of(of.z.source)), own_factors(model, of),
+                             of_mode(of.y), of_mode(of.z), remarks_on(of)});
   return cells;
 }
 
@@ -77,16 +109,17 @@ bool is_wanted(const members::SegmentFactors& of, const model::NumberRanges& ele
 }  // namespace
 
 int run_members_command(const MembersOptions& options) {
-  const auto read = run::read_input(
+  const auto listed = run::list_members(
       {.model = options.model, .allow_outside = options.allow_outside}, options.common.selection);
-  if (const auto* problem = std::get_if<run::Problem>(&read)) return stop(*problem);
-  const auto& input = std::get<run::Input>(read);
-  const model::Model& model = input.model;
-  tables::OutputTable table{.columns = columns(model), .rows = {}};
-  for (const members::SegmentFactors& of : members::length_factors(model)) {
-    if (is_wanted(of, options.common.selection.elements)) table.rows.push_back(row(model, of));
+  if (const auto* problem = std::get_if<run::Problem>(&listed)) return stop(*problem);
+  const auto& [input, factors, unknown] = std::get<run::MemberList>(listed);
+  tables::OutputTable table{.columns = columns(input.model), .rows = {}};
+  for (const members::SegmentFactors& of : factors) {
+    if (is_wanted(of, options.common.selection.elements))
+      table.rows.push_back(row(input.model, of));
   }
   print_text(tables::render(table, options.common.format, false));
+  if (!unknown.empty()) print_message("buckling modes are not known: " + unknown);
   return exit_done;
 }
 

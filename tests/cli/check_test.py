@@ -356,4 +356,4 @@ def test_a_run_that_is_cancelled_counts_what_its_file_holds(aluframe):
     with sqlite3.connect(aluframe.folder / "large.aluresult.partial") as database:
         (count,), = database.execute("SELECT count(*) FROM element")
     elements = "1 element" if count == 1 else f"{count} elements"
-    assert f"cancelled; the results of {elements} are in large.aluresult.partial\n" in said
+    assert f"cancelled; the results of {elements} are in large.aluresult.partial, --resume goes on with them\n" in said

@@ -99,7 +99,7 @@ def test_validate_counts_found_members(aluframe):
 def test_an_unknown_source_of_factors_is_refused(aluframe):
     aluframe.write(PORTAL | {"frame": {"length_factors": "two"}})
     message = aluframe("validate", "frame.json", status=1).stderr
-    assert "/frame/length_factors" in message and "computed, one" in message
+    assert "/frame/length_factors" in message and "computed, buckling, one" in message
 
 
 # λ = Ky·L/i, with i = √(D² + d²)/4 of the pipe.

@@ -68,7 +68,7 @@ FULL = {
             "stability_coefficients": {"y": 0.5, "z": 0.6}, "rib": {"stiffened": True, "ratio": 1.2},
             "weld_coefficient": 0.9, "haz_width": 1,
             "moment_factors": {"y": {"value": -0.5}, "z": {"loading": 3}},
-            "length_factors": {"y": 2}, "slenderness_limits": {
+            "length_factors": {"y": 2, "z": 1}, "slenderness_limits": {
                 "checked": False, "compression": 0, "tension": 350}}},
         {"number": 1, "nodes": [3, 4], "section": 2, "material": 1, "releases": {"start": ["N"]},
          "orientation": {"node": 2}}],

@@ -43,7 +43,7 @@ double uncertainty(const Frame& frame, const LoadCase& loads, const Modes& modes
   double least = largest;
   for (const BucklingMode& mode : modes) {
     for (std::size_t e = 0; e < mode.work.size(); ++e) {
-      if (mode.work[e] < 0.01) continue;
+      if (mode.work[e].sum() < 0.01) continue;
       double axial = 0.0;
       for (const SectionForces& at : result.forces[e]) {
         axial = std::max(axial, std::abs(double{at[0]}));
@@ -194,7 +194,7 @@ RC_GTEST_PROP(BucklingLaws, ModesAscendAndTheFirstIsTheFirst, ()) {
     RC_ASSERT(three[i].factor >= three[i - 1].factor);
   }
   double sum = 0.0;
-  for (const double work : one[0].work) sum += work;
+  for (const AxialWork& work : one[0].work) sum += work.sum();
   RC_ASSERT(sum > 0.0);
 }
 

@@ -1,6 +1,6 @@
 """The structures in examples/, described compactly; tools/make_examples.py writes them out."""
 
-from example_models import footbridge, mullion_transom, platform_roof, portal
+from example_models import dome, footbridge, mullion_transom, platform_roof, portal
 
 # File name in examples/ and the function that describes the structure.
 EXAMPLES = {
@@ -8,4 +8,5 @@ EXAMPLES = {
     "footbridge.json": footbridge.describe,
     "platform-roof.json": platform_roof.describe,
     "portal-bracket.json": portal.describe,
+    "dome.json": dome.describe,
 }

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "buckling_frames.h"
-#include "fine_frame.h"
+#include "tests/support/fine_frame.h"
 
 namespace aluframe::analysis::verification {
 namespace {

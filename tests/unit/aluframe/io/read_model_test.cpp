@@ -287,13 +287,13 @@ TEST(ElementDesignAttributes, AreTakenFromTheFile) {
 
 TEST(ElementDesignAttributes, HaveTheirDefaultsOneByOne) {
   const model::ElementDesign design = design_of(
-      R"("rib": {}, "moment_factors": {"z": {"value": 1}}, "length_factors": {"z": 2},
+      R"("rib": {}, "moment_factors": {"z": {"value": 1}}, "stability_coefficients": {"z": 2},
          "slenderness_limits": {})");
   EXPECT_EQ(design.rib, (model::ElementDesign::Rib{true, 1.2}));
   EXPECT_EQ(design.moment_factors, (model::ElementDesign::MomentFactors{{{}, 0}, {1.0, 0}}));
-  EXPECT_EQ(design.length_factors, (model::ElementDesign::AxisPair{1.0, 2.0}));
+  EXPECT_EQ(design.stability_coefficients, (model::ElementDesign::AxisPair{1.0, 2.0}));
   EXPECT_EQ(design.slenderness_limits, (model::ElementDesign::Slenderness{true, 200.0, 300.0}));
-  EXPECT_FALSE(design.stability_coefficients.has_value());
+  EXPECT_FALSE(design.length_factors.has_value());
   EXPECT_FALSE(design.haz_width.has_value());
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <Eigen/Sparse>
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "aluframe/analysis/load_case.h"
@@ -16,6 +18,16 @@ class FineFrame {
  public:
   FineFrame(const Frame& frame, const LoadCase& loads, int parts);
 
+  /// The smallest factor of the loads at which the frame buckles, to 1e-4, and how.
+  struct Mode {
+    double factor = 0.0;
+    /// By element of the frame: work of its axial force when it bends about its y and its z.
+    std::vector<std::array<double, 2>> work;
+    std::vector<double> compression;  ///< by element, the largest at the factor 1; 0 without
+  };
+  /// Nothing when no factor lies below a million.
+  std::optional<Mode> first_mode() const;
+
   /// Negative eigenvalues of the stiffness under a factor of the loads: so many factors lie below.
   int factors_below(double factor) const;
 
@@ -28,6 +40,7 @@ class FineFrame {
     Eigen::MatrixXd to_local;   ///< 12 rows
     Matrix elastic, geometric;  ///< the latter under a tension of 1
     double axial_force = 0.0;
+    std::size_t element = 0;  ///< of the frame
   };
 
   void number_nodes(const Frame& frame);
@@ -35,6 +48,8 @@ class FineFrame {
   void add_springs(const Frame& frame);
   Eigen::SparseMatrix<double> stiffness(double factor) const;
   void find_axial_forces();
+  Eigen::VectorXd shape_near(double factor) const;
+  Vector local_displacements(const Piece& piece, const Eigen::VectorXd& u) const;
 
   int count_ = 0;
   std::vector<std::array<int, 6>> of_node_;  ///< below 0: restrained

@@ -1,6 +1,7 @@
-#include "fine_frame.h"
+#include "tests/support/fine_frame.h"
 
 #include <Eigen/Dense>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <stdexcept>
@@ -168,6 +169,7 @@ void FineFrame::add_member(const Frame& frame, const Element& element, const Vec
   for (int i = 0; i < parts; ++i) {
     End end = i + 1 < parts ? own_end() : frame_end(element.end, 6);
     Piece piece = plain;
+    piece.element = static_cast<std::size_t>(&element - frame.elements.data());
     piece.dofs = start.dofs;
     piece.dofs.insert(piece.dofs.end(), end.dofs.begin(), end.dofs.end());
     piece.to_local = Eigen::MatrixXd::Zero(12, start.to_local.cols() + end.to_local.cols());
@@ -228,13 +230,62 @@ void FineFrame::find_axial_forces() {
   }
   const Eigen::VectorXd u = solver.solve(Eigen::Map<const Eigen::VectorXd>(loads_.data(), count_));
   for (Piece& piece : pieces_) {
-    Eigen::VectorXd own(static_cast<Eigen::Index>(piece.dofs.size()));
-    for (std::size_t i = 0; i < piece.dofs.size(); ++i) {
-      own[static_cast<Eigen::Index>(i)] = piece.dofs[i] < 0 ? 0.0 : u[piece.dofs[i]];
-    }
-    const Vector local = piece.to_local * own;
+    const Vector local = local_displacements(piece, u);
     piece.axial_force = piece.elastic(0, 0) * (local[6] - local[0]);
   }
+}
+
+FineFrame::Vector FineFrame::local_displacements(const Piece& piece,
+                                                 const Eigen::VectorXd& u) const {
+  Eigen::VectorXd own(static_cast<Eigen::Index>(piece.dofs.size()));
+  for (std::size_t i = 0; i < piece.dofs.size(); ++i) {
+    own[static_cast<Eigen::Index>(i)] = piece.dofs[i] < 0 ? 0.0 : u[piece.dofs[i]];
+  }
+  return piece.to_local * own;
+}
+
+/// Inverse iteration.
+Eigen::VectorXd FineFrame::shape_near(double factor) const {
+  const Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> solver(stiffness(factor));
+  if (solver.info() != Eigen::Success) throw std::runtime_error("the fine frame is singular");
+  const Eigen::SparseMatrix<double> taken = stiffness(0.0) - stiffness(1.0);
+  Eigen::VectorXd shape(count_);
+  for (int i = 0; i < count_; ++i) shape[i] = std::sin(1.0 + 7.0 * i);
+  for (int step = 0; step < 8; ++step) {
+    shape = solver.solve(taken * shape);
+    shape.normalize();
+  }
+  return shape;
+}
+
+std::optional<FineFrame::Mode> FineFrame::first_mode() const {
+  constexpr double largest = 1e6;
+  double low = 0.0, high = 1e-3;
+  for (; factors_below(high) == 0; high *= 2.0) {
+    if (high > largest) return std::nullopt;
+    low = high;
+  }
+  while (high - low > 1e-4 * high) {
+    const double middle = (low + high) / 2.0;
+    (factors_below(middle) > 0 ? high : low) = middle;
+  }
+  Mode mode{.factor = high, .work = {}, .compression = {}};
+  const Eigen::VectorXd shape = shape_near(low);
+  for (const Piece& piece : pieces_) {
+    mode.work.resize(piece.element + 1);
+    mode.compression.resize(piece.element + 1, 0.0);
+    Vector about_y = local_displacements(piece, shape), about_z = about_y;
+    for (const int place : {1, 5, 7, 11}) about_y[place] = 0.0;
+    for (const int place : {2, 4, 8, 10}) about_z[place] = 0.0;
+    const auto work = [&](const Vector& u) -> double {
+      return -piece.axial_force * u.dot(piece.geometric * u);
+    };
+    mode.work[piece.element][0] += work(about_y);
+    mode.work[piece.element][1] += work(about_z);
+    double& compression = mode.compression[piece.element];
+    compression = std::max(compression, -piece.axial_force);
+  }
+  return mode;
 }
 
 int FineFrame::factors_below(double factor) const {

@@ -1,0 +1,136 @@
+#include "aluframe/run/frame_modes.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+#include "aluframe/model/envelopes.h"
+#include "aluframe/run/buckling_subjects.h"
+#include "aluframe/run/input.h"
+
+namespace aluframe::run {
+
+namespace {
+
+/// Modes of the combination nearest to buckling that length factors follow from, when the model
+/// asks for factors of modes.
+constexpr int modes_of_governing = 6;
+
+/// What a run checks of a combination: itself, or of an envelope those of its states that the run
+/// is not limited to leave out.
+std::optional<BucklingSubject> subject_of_run(const Input& input, const BucklingSubjects& subjects,
+                                              model::Number number) {
+  if (input.combinations.empty()) return subjects.of_combination(number);
+  const auto checked = model::checked_combinations(input.model, std::array{number});
+  if (std::ranges::includes(input.combinations, checked)) return subjects.of_combination(number);
+  BucklingSubject subject{.number = number, .sets = {}, .unknown = {}};
+  bool has_any = false;
+  for (const model::Number state : checked) {
+    const bool is_own = input.model.combinations.find(state)->state_of == number;
+    if (!is_own || !input.combinations.contains(state)) continue;
+    has_any = true;
+    BucklingSubject of_state = subjects.of_combination(state);
+    std::ranges::move(of_state.sets, std::back_inserter(subject.sets));
+    if (!of_state.unknown.empty()) subject.unknown = std::move(of_state.unknown);
+  }
+  if (!has_any) return std::nullopt;
+  return subject;
+}
+
+std::vector<BucklingSubject> subjects_of_run(const Input& input) {
+  const BucklingSubjects subjects(input);
+  std::vector<BucklingSubject> all;
+  for (const model::Number number : design_combinations(input.model)) {
+    if (auto subject = subject_of_run(input, subjects, number)) all.push_back(std::move(*subject));
+  }
+  return all;
+}
+
+members::FrameMode frame_mode(model::Number combination, SubjectMode found) {
+  return {.combination = combination,
+          .factor = found.mode.factor,
+          .work = std::move(found.mode.work),
+          .compression = std::move(found.compression)};
+}
+
+/// Adds the modes of a subject, and what is told of its smallest factor.
+void add_modes(const Input& input, forces::FrameBuckling& frame, const BucklingSubject& subject,
+               FrameModes& out) {
+  auto modes = smallest_modes(frame, subject, 1);
+  BucklingFactor factor{.subject = subject.number, .factor = std::nullopt};
+  if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
+    factor.unknown = problem->text;
+  } else if (auto& found = std::get<std::vector<SubjectMode>>(modes); !found.empty()) {
+    factor = factor_of(input.model, subject.number, found.front().mode);
+    factor.unknown = subject.unknown;
+    out.modes.push_back(frame_mode(subject.number, std::move(found.front())));
+  } else {
+    factor.unknown = subject.unknown;
+  }
+  out.factors.push_back(std::move(factor));
+}
+
+/// Adds modes beyond the first of the combination with the smallest factor: others may buckle in
+/// them, or the same about their other axis.
+void add_modes_of_governing(forces::FrameBuckling& frame,
+                            const std::vector<BucklingSubject>& subjects, FrameModes& out) {
+  const auto governing = std::ranges::min_element(out.modes, {}, &members::FrameMode::factor);
+  if (governing == out.modes.end()) return;
+  const model::Number number = governing->combination;
+  const auto subject = std::ranges::find(subjects, number, &BucklingSubject::number);
+  auto modes = smallest_modes(frame, *subject, modes_of_governing);
+  auto* found = std::get_if<std::vector<SubjectMode>>(&modes);
+  if (found == nullptr) return;
+  for (std::size_t i = 1; i < found->size(); ++i) {
+    out.modes.push_back(frame_mode(number, std::move((*found)[i])));
+  }
+}
+
+FrameModes modes_of(const Input& input, const std::vector<BucklingSubject>& subjects,
+                    const GoesOn& goes_on) {
+  const auto has_sets = [](const BucklingSubject& subject) { return !subject.sets.empty(); };
+  std::optional<analysis::Result<forces::FrameBuckling>> made;
+  if (std::ranges::any_of(subjects, has_sets)) made.emplace(forces::FrameBuckling::of(input.model));
+  const auto* problem = made ? std::get_if<analysis::Problem>(&*made) : nullptr;
+  FrameModes out;
+  for (const BucklingSubject& subject : subjects) {
+    if (!goes_on(static_cast<int>(out.factors.size()), static_cast<int>(subjects.size()))) break;
+    if (!has_sets(subject) || problem != nullptr) {
+      out.factors.push_back({.subject = subject.number,
+                             .factor = std::nullopt,
+                             .unknown = has_sets(subject) ? problem->text : subject.unknown});
+    } else {
+      add_modes(input, std::get<forces::FrameBuckling>(*made), subject, out);
+    }
+  }
+  const model::FrameSettings frame = input.model.frame.value_or(model::FrameSettings{});
+  if (made && problem == nullptr && frame.length_factors == model::LengthFactors::buckling) {
+    add_modes_of_governing(std::get<forces::FrameBuckling>(*made), subjects, out);
+  }
+  return out;
+}
+
+}  // namespace
+
+std::vector<model::Number> combinations_of_run(const Input& input) {
+  std::vector<model::Number> numbers;
+  for (const BucklingSubject& subject : subjects_of_run(input)) numbers.push_back(subject.number);
+  return numbers;
+}
+
+FrameModes frame_modes(const Input& input, const GoesOn& goes_on) {
+  return modes_of(input, subjects_of_run(input), goes_on);
+}
+
+FrameModes frame_modes_of_all(const Input& input) {
+  const BucklingSubjects subjects(input);
+  std::vector<BucklingSubject> all;
+  for (const model::Number number : design_combinations(input.model)) {
+    all.push_back(subjects.of_combination(number));
+  }
+  return modes_of(input, all, [](int, int) { return true; });
+}
+
+}  // namespace aluframe::run

@@ -1,0 +1,110 @@
+#include "aluframe/run/length_remarks.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+
+#include "aluframe/model/number_ranges.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using members::LengthFactor;
+using members::SegmentFactors;
+
+constexpr const char* remark_kind = "length";
+
+/// A factor among those of a segment, and its name.
+struct NamedFactor {
+  const SegmentFactors* of = nullptr;
+  const LengthFactor* factor = nullptr;
+  const char* name = "";
+};
+
+template <class Wanted>
+std::vector<NamedFactor> chosen(const std::vector<SegmentFactors>& factors, Wanted wanted) {
+  std::vector<NamedFactor> found;
+  for (const SegmentFactors& of : factors) {
+    if (wanted(of.y)) found.push_back({&of, &of.y, "Ky"});
+    if (wanted(of.z)) found.push_back({&of, &of.z, "Kz"});
+  }
+  return found;
+}
+
+/// "Ky of member 3", "Kz of element 7"
+std::string title(const NamedFactor& named) {
+  if (named.of->member) return fmt::format("{} of member {}", named.name, *named.of->member);
+  return fmt::format("{} of element {}", named.name, named.of->elements.front());
+}
+
+store::RemarkRow row_of(const std::vector<NamedFactor>& concerned, const NamedFactor& worst,
+                        std::string text) {
+  std::vector<model::Number> elements;
+  for (const NamedFactor& named : concerned) {
+    elements.insert(elements.end(), named.of->elements.begin(), named.of->elements.end());
+  }
+  std::ranges::sort(elements);
+  const auto repeated = std::ranges::unique(elements);
+  elements.erase(repeated.begin(), repeated.end());
+  store::RemarkRow row;
+  row.kind = remark_kind;
+  row.elements = model::join_as_ranges(elements);
+  row.element = worst.of->elements.front();
+  row.text = std::move(text);
+  return row;
+}
+
+double shortfall(const NamedFactor& named) {
+  return named.factor->mode->k / named.factor->k;
+}
+
+void add_below_modes(const std::vector<SegmentFactors>& factors,
+                     std::vector<store::RemarkRow>& rows) {
+  const auto below = chosen(factors, members::is_below_mode);
+  if (below.empty()) return;
+  const NamedFactor& worst = *std::ranges::max_element(below, {}, shortfall);
+  const members::ModeLength& mode = *worst.factor->mode;
+  rows.push_back(row_of(
+      below, worst,
+      fmt::format("effective length factors are smaller than the frame's buckling mode has them: "
+                  "{} is {:.3f} ({}), by the mode of combination {} at {:.3g} times its loads "
+                  "{:.3f}; take them from the modes (\"frame\": {{\"length_factors\": "
+                  "\"buckling\"}}), or give them",
+                  title(worst), worst.factor->k, members::name_of(worst.factor->source),
+                  mode.combination, mode.factor, mode.k)));
+}
+
+bool is_any_unknown(const FrameModes* modes) {
+  return modes == nullptr || std::ranges::any_of(modes->factors, [](const BucklingFactor& factor) {
+           return !factor.unknown.empty();
+         });
+}
+
+void add_guessed(const std::vector<SegmentFactors>& factors, const FrameModes* modes,
+                 std::vector<store::RemarkRow>& rows) {
+  const auto guessed = chosen(factors, [](const LengthFactor& factor) {
+    return members::is_guessed(factor) && !factor.mode;
+  });
+  if (guessed.empty() || !is_any_unknown(modes)) return;
+  const NamedFactor& first = guessed.front();
+  rows.push_back(
+      row_of(guessed, first,
+             fmt::format("effective length factors are those of charts for straight columns and "
+                         "beams, and no buckling mode is known: {} is {:.3f}, but {}; let the "
+                         "program compute the forces and the modes, or give factors",
+                         title(first), first.factor->k, first.factor->objection)));
+}
+
+}  // namespace
+
+std::vector<store::RemarkRow> length_remarks(const std::vector<SegmentFactors>& factors,
+                                             const FrameModes* modes) {
+  std::vector<store::RemarkRow> rows;
+  add_below_modes(factors, rows);
+  add_guessed(factors, modes, rows);
+  return rows;
+}
+
+}  // namespace aluframe::run
