@@ -2,8 +2,9 @@
 
 /// Products and triangular solutions of dense blocks for the equation solver. The solver's library
 /// takes them from whatever BLAS the machine has: the reference one is several times slower, and
-/// the fast ones choose their code by the processor, so that the last digits of forces would differ
-/// from machine to machine. Here they are compiled once, from Eigen, for any processor.
+/// the fast ones choose their order of sums by the processor, so that the last digits of forces
+/// would differ from machine to machine. These have one order of sums on every processor, whatever
+/// vectors it has, and with any number of threads.
 ///
 /// They have the names and arguments of the Fortran interface (all by reference, matrices by
 /// columns with their leading dimension, flags as letters: N or T, L or U, N or U, L or R) and go

@@ -8,6 +8,7 @@
 
 #include "aluframe/analysis/dense_kernels.h"
 #include "aluframe/analysis/linear_solver.h"
+#include "aluframe/analysis/shared_work.h"
 
 namespace aluframe::analysis {
 
@@ -31,6 +32,10 @@ bool is_one_of(int code, const int (&codes)[count]) {
 
 /// Load vectors solved as one block: wide enough for matrix products, narrow enough for the cache.
 constexpr int solve_block = 32;
+
+/// Operations of a factorisation, as the analysis foresees them, from which on it has a second
+/// thread: some milliseconds, a hundred times what starting one takes.
+constexpr double operations_for_threads = 2e8;
 
 /// Control ICNTL(i) of the library's manual, which counts from 1.
 int& control(DMUMPS_STRUC_C& data, int i) {
@@ -93,6 +98,8 @@ int MumpsSolver::analyse(const SymmetricMatrix& matrix) {
 
 /// The workspace that the analysis foresees suffices without pivoting; doubled where it does not.
 int MumpsSolver::factorise_with_workspace() {
+  const double operations = data_.rinfog[0];
+  const SharedWork shared(operations >= operations_for_threads ? threads_for_products() : 1);
   int code = run(factorise_job);
   for (int tries = 0; is_one_of(code, code_no_workspace) && tries < 4; ++tries) {
     control(data_, 14) = 2 * std::max(control(data_, 14), 20);
