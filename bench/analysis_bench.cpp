@@ -6,17 +6,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <map>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "aluframe/analysis/analyse.h"
-#include "aluframe/analysis/assembly.h"
 #include "aluframe/analysis/buckling.h"
 #include "aluframe/analysis/second_order.h"
-#include "bench/building_grid.h"
+#include "bench/analysed_grid.h"
 #include "bench/library_steps.h"
 #include "bench/median_runs.h"
 
@@ -24,40 +20,9 @@ namespace {
 
 namespace analysis = aluframe::analysis;
 
+using bench::further_cases, bench::Grid, bench::grid_of, bench::value_of;
+
 constexpr std::array<std::size_t, 4> sizes{100, 1'000, 10'000, 50'000};
-/// Cases beyond the first; their cost is the difference of two analyses over their number.
-constexpr std::size_t further_cases = 10;
-
-/// What is the same for all measurements of one size.
-struct Grid {
-  analysis::Frame frame;
-  std::vector<analysis::LoadCase> cases;
-  analysis::SymmetricMatrix matrix;
-
-  explicit Grid(std::size_t elements)
-      : frame(building_grid::frame_of_about(elements)),
-        cases(building_grid::load_cases(frame, 1 + further_cases)) {
-    const auto geometry = analysis::element_geometry(frame);
-    matrix = analysis::assemble(frame, geometry, analysis::Equations(frame),
-                                analysis::elastic_source(frame, geometry))
-                 .matrix;
-  }
-};
-
-const Grid& grid_of(std::size_t elements) {
-  static std::map<std::size_t, Grid> grids;
-  return grids.try_emplace(elements, elements).first->second;
-}
-
-/// The value of a result, or the end of the program: a problem is no measurement.
-template <class Value>
-Value value_of(analysis::Result<Value> result) {
-  if (const auto* problem = std::get_if<analysis::Problem>(&result)) {
-    std::fprintf(stderr, "%s\n", problem->text.c_str());
-    std::exit(1);
-  }
-  return std::get<Value>(std::move(result));
-}
 
 void analyse(benchmark::State& state, std::size_t elements, std::size_t cases) {
   const Grid& grid = grid_of(elements);
@@ -114,29 +79,15 @@ void second_order(benchmark::State& state, std::size_t elements) {
   state.counters["iterations"] = iterations;
 }
 
-/// Axial forces of first order under the weight with so much of the wind.
-struct State {
-  analysis::LoadCase loads;
-  std::vector<double> axial_forces;
-
-  State(const Grid& grid, double wind) {
-    const std::array parts{analysis::FactoredCase{&grid.cases[0], 1.3},
-                           analysis::FactoredCase{&grid.cases[2], wind}};
-    loads = analysis::combine(parts);
-    const auto solution = value_of(analysis::analyse(grid.frame, std::span(&loads, 1)));
-    axial_forces = analysis::axial_forces_at_start(solution.cases.front());
-  }
-};
-
 /// The smallest factor of each of the states, one after the other.
 void buckling(benchmark::State& state, std::size_t elements, std::vector<double> winds) {
   const Grid& grid = grid_of(elements);
-  std::vector<State> states;
-  for (const double wind : winds) states.emplace_back(grid, wind);
+  std::vector<bench::LoadedState> states;
+  for (const double wind : winds) states.push_back(bench::state_of(grid, wind));
   int factorisations = 0;
   for (auto _ : state) {
     analysis::Buckling search(grid.frame);
-    for (const State& one : states) {
+    for (const bench::LoadedState& one : states) {
       factorisations = value_of(search.find(one.loads, one.axial_forces)).factorisations;
     }
   }
@@ -201,6 +152,7 @@ void add(const char* what, std::size_t elements, Function function) {
   benchmark::RegisterBenchmark(name_of(what, elements).c_str(), function)
       ->Unit(benchmark::kMillisecond)
       ->MinTime(0.1)
+      ->MeasureProcessCPUTime()
       ->Repetitions(repetitions)
       ->ReportAggregatesOnly(true);
 }
