@@ -1,6 +1,7 @@
 #include "aluframe/analysis/dense_blocks.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "aluframe/analysis/dense_tiles.h"
 #include "aluframe/analysis/shared_work.h"
@@ -26,26 +27,32 @@ int parts(int size, int part) {
 /// The rows of the left block that a tile takes, column after column, filled up with zeros.
 void pack_left(const ConstBlock& left, int rows, int depth, double* packed) {
   if (rows == tile_rows && left.row == 1) {
-    for (int p = 0; p < depth; ++p) std::copy_n(&left(0, p), tile_rows, packed + p * tile_rows);
+    for (int p = 0; p < depth; ++p, packed += tile_rows) {
+      std::memcpy(packed, &left(0, p), sizeof(double) * tile_rows);
+    }
     return;
   }
-  for (int p = 0; p < depth; ++p) {
-    for (int i = 0; i < tile_rows; ++i) packed[p * tile_rows + i] = i < rows ? left(i, p) : 0.0;
+  for (int p = 0; p < depth; ++p, packed += tile_rows) {
+    for (int i = 0; i < tile_rows; ++i) packed[i] = i < rows ? left(i, p) : 0.0;
   }
 }
 
 /// The columns of the right block that a tile takes, row after row, filled up with zeros.
 void pack_right(const ConstBlock& right, int depth, int columns, double* packed) {
-  if (columns == tile_columns) {
-    for (int p = 0; p < depth; ++p) {
-      for (int j = 0; j < tile_columns; ++j) packed[p * tile_columns + j] = right(p, j);
+  static_assert(tile_columns == 4);
+  if (columns == tile_columns && right.row == 1) {
+    const double *first = &right(0, 0), *second = &right(0, 1), *third = &right(0, 2),
+                 *fourth = &right(0, 3);
+    for (int p = 0; p < depth; ++p, packed += tile_columns) {
+      packed[0] = first[p];
+      packed[1] = second[p];
+      packed[2] = third[p];
+      packed[3] = fourth[p];
     }
     return;
   }
-  for (int p = 0; p < depth; ++p) {
-    for (int j = 0; j < tile_columns; ++j) {
-      packed[p * tile_columns + j] = j < columns ? right(p, j) : 0.0;
-    }
+  for (int p = 0; p < depth; ++p, packed += tile_columns) {
+    for (int j = 0; j < tile_columns; ++j) packed[j] = j < columns ? right(p, j) : 0.0;
   }
 }
 
