@@ -104,7 +104,7 @@ class RatioReporter : public bench::MedianRuns {
 };
 
 void add(const char* what, std::size_t elements, void (*function)(benchmark::State&, std::size_t)) {
-  const int repetitions = elements > 10'000 ? 3 : 15;
+  const int repetitions = elements > 10'000 ? 3 : elements > 1'000 ? 7 : 15;
   benchmark::RegisterBenchmark(name_of(what, elements).c_str(), function, elements)
       ->Unit(benchmark::kMillisecond)
       ->MinTime(0.1)
