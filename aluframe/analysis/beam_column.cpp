@@ -18,8 +18,19 @@ void BeamColumn::set_bending(const ElementLoads& loads) {
   fixed_end.segment<2>(4) -= at_start.moment.tail<2>();
 }
 
+/// The axial force of a truss along the chord that it has before it is loaded.
+void BeamColumn::set_lean(const InitialSlopes& initial) {
+  for (const int end : {0, 6}) {
+    for (const int dof : {1, 2}) {
+      fixed_end_.unreleased[end + dof] +=
+          stiffness_.rigid_rotation[end + dof] * initial[static_cast<std::size_t>(dof - 1)].mean();
+    }
+  }
+}
+
 std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLoads& loads,
-                                         std::optional<double> axial_force) {
+                                         std::optional<double> axial_force,
+                                         const InitialSlopes& initial) {
   BeamColumn column;
   const double length = loads.length;
   column.fixed_end_.unreleased = fixed_end_forces(element, loads);
@@ -27,13 +38,14 @@ std::optional<BeamColumn> BeamColumn::of(const Element& element, const ElementLo
     const double force = axial_force.value_or(0.0);
     set_truss(element, length, force, column.stiffness_);
     column.buckles_ = -force > truss_buckling_load(element, length);
+    column.set_lean(initial);
     column.fixed_end_.condensed = column.fixed_end_.unreleased;
     return column;
   }
   const Stiffness& s = element.stiffness;
   const std::vector<ElementSpan> spans = spans_of(loads, axial_force);
-  column.plane_y_.emplace(plane_y(s, length), spans, 1, loads.free.curvature_y);
-  column.plane_z_.emplace(plane_z(s, length), spans, 2, loads.free.curvature_z);
+  column.plane_y_.emplace(plane_y(s, length), spans, 1, loads.free.curvature_y, initial[0]);
+  column.plane_z_.emplace(plane_z(s, length), spans, 2, loads.free.curvature_z, initial[1]);
   if (!column.plane_y_->is_carried() || !column.plane_z_->is_carried()) return std::nullopt;
   set_beam_column(element, length, *column.plane_y_, *column.plane_z_, column.stiffness_);
   column.set_bending(loads);
@@ -59,6 +71,25 @@ void BeamColumn::add_bowing(const Vector12& displacements, FivePositions& sectio
     sections(4, i) += z[static_cast<std::size_t>(i)];
     sections(5, i) += y[static_cast<std::size_t>(i)];
   }
+}
+
+std::array<std::vector<double>, 2> BeamColumn::deflections(double length,
+                                                           const Vector12& displacements,
+                                                           std::span<const double> places) const {
+  Vector12 own = displacements;
+  if (plane_y_ && plane_z_ && releases_) {
+    releases_->restore(fixed_end_.unreleased, own);
+    return {plane_y_->deflections(plane_part(dofs_y, own), places),
+            plane_z_->deflections(plane_part(dofs_z, own), places)};
+  }
+  std::array<std::vector<double>, 2> chord;
+  for (const double place : places) {
+    for (std::size_t i = 0; i < 2; ++i) {
+      const auto dof = static_cast<int>(i) + 1;
+      chord[i].push_back(own[dof] + (own[dof + 6] - own[dof]) * place / length);
+    }
+  }
+  return chord;
 }
 
 ElementResponse BeamColumn::response(const Element& element, const ElementLoads& loads,

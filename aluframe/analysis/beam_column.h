@@ -15,9 +15,11 @@ namespace aluframe::analysis {
 class BeamColumn {
  public:
   /// @param axial_force at its start, N, positive in tension; nothing: as in first order
+  /// @param initial what it is out of true by before it is loaded; of a truss its chord alone
   /// @return nothing when the element by itself has no equilibrium under its axial force
   static std::optional<BeamColumn> of(const Element& element, const ElementLoads& loads,
-                                      std::optional<double> axial_force);
+                                      std::optional<double> axial_force,
+                                      const InitialSlopes& initial = {});
 
   const ElementStiffness& stiffness() const { return stiffness_; }
   const FixedEndForces& fixed_end() const { return fixed_end_; }
@@ -30,9 +32,13 @@ class BeamColumn {
   /// Forces at the five positions where the end forces are known.
   FivePositions sections(const Element& element, const ElementLoads& loads,
                          const Vector12& displacements, const Vector12& end_forces) const;
+  /// Deflections along y and along z at places, mm from the start; a truss stays straight.
+  std::array<std::vector<double>, 2> deflections(double length, const Vector12& displacements,
+                                                 std::span<const double> places) const;
 
  private:
   void set_bending(const ElementLoads& loads);
+  void set_lean(const InitialSlopes& initial);
   void add_bowing(const Vector12& displacements, FivePositions& sections) const;
 
   ElementStiffness stiffness_;

@@ -30,12 +30,9 @@ BendingPlane part_of(const BendingPlane& plane, double length) {
 SegmentPiece piece_of(const ElementSpan& span, double from, double to, int axis) {
   const double a = from / span.length(), b = to / span.length();
   const SpanAxialForce& n = span.axial;
-  const auto axial_at = [&](double s) {
-    return n.start + (n.end - n.start) * s + 4.0 * n.bow * s * (1.0 - s);
-  };
   const double start = span.load_start[axis], end = span.load_end[axis];
   return {.length = to - from,
-          .axial = {axial_at(a), axial_at(b), n.bow * (b - a) * (b - a)},
+          .axial = {n.at(a), n.at(b), n.bow * (b - a) * (b - a)},
           .across_start = start + (end - start) * a,
           .across_end = start + (end - start) * b};
 }
@@ -69,9 +66,9 @@ double carried_compression(const BendingPlane& plane) {
 }
 
 BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, std::span<const ElementSpan> spans,
-                                 int axis, double curvature)
+                                 int axis, double curvature, const InitialSlope& initial)
     : plane_(plane) {
-  cut(spans, axis, curvature);
+  cut(spans, axis, curvature, initial);
   for (const BeamColumnSegment& segment : segments_) join(segment);
   if (segments_.size() > 1) complete_by_statics(rigid_rotation_, plane.length, stiffness_);
 }
@@ -79,7 +76,8 @@ BeamColumnPlane::BeamColumnPlane(const BendingPlane& plane, std::span<const Elem
 /// Segments of equal length, so many that none can buckle by itself even if the largest axial force
 /// acted on the whole of it, and none is very short: the rounding of its stiffness would be that of
 /// a much stiffer bar.
-void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double curvature) {
+void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double curvature,
+                          const InitialSlope& initial) {
   double longest = 0.0;
   for (const ElementSpan& span : spans) {
     longest = std::max(longest, own_length(plane_, span) / span.length());
@@ -96,6 +94,12 @@ void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double c
     pieces.clear();
     length = 0.0;
   };
+  const auto add_piece = [&](const ElementSpan& span, double from, double to) {
+    pieces.push_back(piece_of(span, from, to, axis));
+    pieces.back().initial = &initial;
+    pieces.back().from = span.from + from;
+    pieces.back().whole = plane_.length;
+  };
   const double step = plane_.length / count, same = 1e-6 * step;
   const auto is_last_segment = [&] { return static_cast<double>(segments_.size()) >= count - 1.0; };
   double next_cut = step;
@@ -103,12 +107,12 @@ void BeamColumnPlane::cut(std::span<const ElementSpan> spans, int axis, double c
     double from = 0.0;
     for (; !is_last_segment() && next_cut < span.to - same; next_cut += step) {
       const double to = next_cut - span.from;
-      pieces.push_back(piece_of(span, from, to, axis));
+      add_piece(span, from, to);
       length += to - from;
       from = to;
       end_segment();
     }
-    pieces.push_back(piece_of(span, from, span.length(), axis));
+    add_piece(span, from, span.length());
     length += span.length() - from;
     // Axis 1 bends about z, axis 2 about y.
     pieces.back().force_at_end = span.force_at_end[axis];
@@ -181,6 +185,22 @@ std::array<double, 5> BeamColumnPlane::bowing_moments(const Vector4& ends) const
     from += segment.length();
   }
   return moments;
+}
+
+std::vector<double> BeamColumnPlane::deflections(const Vector4& ends,
+                                                 std::span<const double> places) const {
+  const std::vector<Eigen::Vector2d> at = displacements(ends);
+  std::vector<double> result;
+  for (const double place : places) {
+    double from = 0.0;
+    std::size_t i = 0;
+    while (i + 1 < segments_.size() && place > from + segments_[i].length()) {
+      from += segments_[i++].length();
+    }
+    const Vector4 own = (Vector4() << at[i], at[i + 1]).finished();
+    result.push_back(segments_[i].deflection(own, std::min(place - from, segments_[i].length())));
+  }
+  return result;
 }
 
 }  // namespace aluframe::analysis

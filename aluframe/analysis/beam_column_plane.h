@@ -22,8 +22,9 @@ class BeamColumnPlane {
   /// @param spans of the element, with at least one
   /// @param axis of the deflection: 1 (y) or 2 (z)
   /// @param curvature d²w/dx² that the element would take by itself, 1/mm
+  /// @param initial slope before it is loaded, read while this is made
   BeamColumnPlane(const BendingPlane& plane, std::span<const ElementSpan> spans, int axis,
-                  double curvature);
+                  double curvature, const InitialSlope& initial = {});
 
   const Matrix4& stiffness() const { return stiffness_; }  ///< of the two ends
   const Vector4& fixed_end() const { return fixed_end_; }  ///< end forces that fix both ends
@@ -36,8 +37,10 @@ class BeamColumnPlane {
   bool is_carried() const { return is_carried_; }
 
   /// Moments that the axial force adds between the start and the five positions, from the
-  /// displacements of the two ends: integral of the force times the slope.
+  /// displacements of the two ends: integral of the force times the slope, the initial one too.
   std::array<double, 5> bowing_moments(const Vector4& ends) const;
+  /// Deflections at places, mm from the start.
+  std::vector<double> deflections(const Vector4& ends, std::span<const double> places) const;
 
  private:
   /// An eliminated node: its displacement is -(by_ends·(start, next node) + own).
@@ -46,7 +49,8 @@ class BeamColumnPlane {
     Eigen::Vector2d own;
   };
 
-  void cut(std::span<const ElementSpan> spans, int axis, double curvature);
+  void cut(std::span<const ElementSpan> spans, int axis, double curvature,
+           const InitialSlope& initial);
   void join(const BeamColumnSegment& segment);
   std::vector<Eigen::Vector2d> displacements(const Vector4& ends) const;
 

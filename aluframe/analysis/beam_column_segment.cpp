@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace aluframe::analysis {
 
@@ -11,8 +12,25 @@ namespace {
 constexpr int most_powers = 200;
 constexpr double negligible = 1e-19;
 
-double integral(const std::array<double, 3>& polynomial, double to) {
-  return to * (polynomial[0] + to * (polynomial[1] / 2.0 + to * polynomial[2] / 3.0));
+double integral(std::span<const double> polynomial, double to) {
+  double sum = 0.0;
+  for (std::size_t k = polynomial.size(); k-- > 0;) {
+    sum = sum * to + polynomial[k] / static_cast<double>(k + 1);
+  }
+  return to * sum;
+}
+
+/// The axial force times the initial slope of the piece, in powers of the distance from its start.
+std::vector<double> lean_of(const SegmentPiece& piece, const std::array<double, 3>& axial,
+                            double unit) {
+  if (piece.initial == nullptr || piece.initial->is_zero()) return {};
+  const double half = piece.whole / 2.0;
+  const InitialSlope::Powers slope = piece.initial->around(piece.from / half - 1.0, unit / half);
+  std::vector<double> lean(piece.initial->terms() + axial.size() - 1, 0.0);
+  for (std::size_t i = 0; i < piece.initial->terms(); ++i) {
+    for (std::size_t j = 0; j < axial.size(); ++j) lean[i + j] += slope[i] * axial[j];
+  }
+  return lean;
 }
 
 }  // namespace
@@ -48,13 +66,16 @@ BeamColumnSegment::Coefficients BeamColumnSegment::coefficients_of(
   const double axial_unit = ei / (length * length), load_unit = axial_unit / length;
   const double own = piece.length / length;
   const SpanAxialForce& n = piece.axial;
+  const std::array<double, 3> axial{n.start / axial_unit,
+                                    (n.end - n.start + 4.0 * n.bow) / own / axial_unit,
+                                    -4.0 * n.bow / (own * own) / axial_unit};
   return {.length = own,
-          .axial = {n.start / axial_unit, (n.end - n.start + 4.0 * n.bow) / own / axial_unit,
-                    -4.0 * n.bow / (own * own) / axial_unit},
+          .axial = axial,
           .load = {piece.across_start / load_unit,
                    (piece.across_end - piece.across_start) / own / load_unit, 0.0},
           .force_at_end = piece.force_at_end / axial_unit,
-          .moment_at_end = piece.moment_at_end * length / ei};
+          .moment_at_end = piece.moment_at_end * length / ei,
+          .lean = lean_of(piece, axial, length)};
 }
 
 /// Coefficients of all powers follow from those before.
@@ -72,13 +93,17 @@ void BeamColumnSegment::advance(const Coefficients& piece, const Start& start, d
     across[2] -= n2;
   }
   const double by_shear = 1.0 / (1.0 + shear_ * n0);
+  const std::span<const double> lean =
+      start.has_loads ? std::span<const double>(piece.lean) : std::span<const double>();
   double rotation = state.rotation, moment = state.moment;
   double slope_1 = 0.0, slope_2 = 0.0;  // of the powers one and two below
   double power = 1.0;
   State sum{state.deflection, rotation, moment, state.across, state.bowing};
   int settled = 0;
   for (int k = 0; k < most_powers && settled < 3; ++k) {
-    const double force = k < 3 ? across[static_cast<std::size_t>(k)] : 0.0;
+    const auto at = static_cast<std::size_t>(k);
+    const double by_lean = at < lean.size() ? lean[at] : 0.0;
+    const double force = (k < 3 ? across[at] : 0.0) - by_lean;
     const double earlier = n1 * slope_1 + n2 * slope_2;
     const double slope = (rotation + shear_ * (force - earlier)) * by_shear;
     const double bowing = n0 * slope + earlier;
@@ -97,8 +122,9 @@ void BeamColumnSegment::advance(const Coefficients& piece, const Start& start, d
     const double size = std::abs(sum.deflection) + std::abs(sum.rotation) + std::abs(sum.moment);
     const double grown =
         std::abs(deflected) + std::abs(rotation * power) + std::abs(moment * power);
-    settled = grown <= negligible * size ? settled + 1 : 0;
+    settled = grown <= negligible * size && at + 1 >= lean.size() ? settled + 1 : 0;
   }
+  sum.bowing += integral(lean, distance);
   if (start.has_loads) sum.across -= integral(piece.load, distance);
   state = sum;
 }
@@ -170,14 +196,23 @@ Vector4 BeamColumnSegment::rigid_rotation() const {
   return mean + end_forces(fixed({.has_uneven_axial_force = true}));
 }
 
-double BeamColumnSegment::bowing_moment(const Vector4& ends, double place) const {
+/// The start that displaces both ends as given, under the loads.
+BeamColumnSegment::Start BeamColumnSegment::start_between(const Vector4& ends) const {
   Start start{.rotation = ends[1], .has_loads = true};
   const State alone = at_end(start);
   const Eigen::Vector2d more =
       start_for((ends[2] - ends[0]) / plane_.length - alone.deflection, ends[3] - alone.rotation);
   start.moment += more[0];
   start.across += more[1];
-  return plane_.ei / plane_.length * at_place(start, place / plane_.length).bowing;
+  return start;
+}
+
+double BeamColumnSegment::bowing_moment(const Vector4& ends, double place) const {
+  return plane_.ei / plane_.length * at_place(start_between(ends), place / plane_.length).bowing;
+}
+
+double BeamColumnSegment::deflection(const Vector4& ends, double place) const {
+  return ends[0] + plane_.length * at_place(start_between(ends), place / plane_.length).deflection;
 }
 
 }  // namespace aluframe::analysis

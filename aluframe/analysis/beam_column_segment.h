@@ -5,6 +5,7 @@
 
 #include "aluframe/analysis/bending_plane.h"
 #include "aluframe/analysis/element_spans.h"
+#include "aluframe/analysis/initial_slope.h"
 
 namespace aluframe::analysis {
 
@@ -19,16 +20,20 @@ struct SegmentPiece {
   SpanAxialForce axial;
   double across_start = 0.0, across_end = 0.0;  ///< force per length along w, N/mm, linear between
   double force_at_end = 0.0, moment_at_end = 0.0;  ///< along w and along t, N and N·mm
+  /// Slope before it is loaded, of the whole element, which this piece begins `from` mm along and
+  /// which is `whole` mm long; null: straight.
+  const InitialSlope* initial = nullptr;
+  double from = 0.0, whole = 0.0;
 };
 
 /// A segment of a prismatic beam-column bent in one plane, with shear deformation and an axial
 /// force that acts on the slope of its axis (Engesser):
-///     θ' = M/EI + κ,   M' = -V,   V = GAs·(w' - θ),   Q = V + N·w',   Q' = -q
-/// with the deflection w, the rotation θ of the section, and the force Q across the undeflected
-/// axis. Solved by power series from piece to piece, so that stiffness and end forces are exact
-/// (for a constant axial force they are the stability functions; Livesley and Chandler, Stability
-/// Functions for Structural Frameworks, 1956). End displacements and forces are those of
-/// BendingPlane.
+///     θ' = M/EI + κ,   M' = -V,   V = GAs·(w' - θ),   Q = V + N·(w' + s),   Q' = -q
+/// with the deflection w, the rotation θ of the section, the force Q across the straight line of
+/// the model, and the slope s that the axis has before it is loaded. Solved by power series from
+/// piece to piece, so that stiffness and end forces are exact (for a constant axial force they are
+/// the stability functions; Livesley and Chandler, Stability Functions for Structural Frameworks,
+/// 1956). End displacements and forces are those of BendingPlane.
 ///
 /// A segment is short enough when sqrt(|N|/EI)·L is at most `longest_segment`.
 class BeamColumnSegment {
@@ -46,9 +51,11 @@ class BeamColumnSegment {
   Vector4 rigid_rotation() const;
 
   /// Moment that the axial force adds between the start and a place, mm from it: the integral of
-  /// N·w'.
+  /// N·(w' + s).
   /// @param ends displacements of the two ends
   double bowing_moment(const Vector4& ends, double place) const;
+  /// Deflection w at a place, mm from the start.
+  double deflection(const Vector4& ends, double place) const;
 
  private:
   /// What a solution begins with, and what acts along it.
@@ -66,12 +73,14 @@ class BeamColumnSegment {
     double length = 0.0;
     std::array<double, 3> axial{}, load{};
     double force_at_end = 0.0, moment_at_end = 0.0;
+    std::vector<double> lean;  ///< axial force times the slope before it is loaded; empty: straight
   };
 
   Coefficients coefficients_of(const SegmentPiece& piece) const;
   State at_end(const Start& start) const { return at_place(start, 2.0); }
   State at_place(const Start& start, double place) const;
   void advance(const Coefficients& piece, const Start& start, double distance, State& state) const;
+  Start start_between(const Vector4& ends) const;
   Eigen::Vector2d start_for(double deflection, double rotation) const;
   Start fixed(Start start) const;
   Vector4 end_forces(const Start& start) const;

@@ -80,6 +80,13 @@ std::vector<ElementSpan> spans_of(const ElementLoads& loads,
   return spans;
 }
 
+double axial_force_at(const std::vector<ElementSpan>& spans, double x) {
+  const auto behind = [&](const ElementSpan& span) { return x <= span.to; };
+  const auto found = std::ranges::find_if(spans, behind);
+  const ElementSpan& span = found == spans.end() ? spans.back() : *found;
+  return span.axial.at((x - span.from) / span.length());
+}
+
 double largest_compression(const std::vector<ElementSpan>& spans) {
   double largest = 0.0;
   for (const ElementSpan& span : spans) {

@@ -13,6 +13,9 @@ struct SpanAxialForce {
   double bow = 0.0;  ///< in the middle, above the mean of both ends
 
   double largest_compression() const;
+  double at(double part) const {
+    return start + (end - start) * part + 4 * bow * part * (1 - part);
+  }
 };
 
 /// A part of an element along which the loads are linear, and what acts at its end. Local axes, mm
@@ -37,6 +40,9 @@ std::vector<ElementSpan> spans_of(const ElementLoads& loads,
 
 /// Sum of the point loads at the very start of an element.
 LocalPoint point_load_at_start(const ElementLoads& loads);
+
+/// Axial force at x, mm from the start of the element, N.
+double axial_force_at(const std::vector<ElementSpan>& spans, double x);
 
 /// The largest compression along the spans, N; 0 where all are in tension.
 double largest_compression(const std::vector<ElementSpan>& spans);

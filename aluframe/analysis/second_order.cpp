@@ -6,7 +6,9 @@
 #include <cmath>
 
 #include "aluframe/analysis/beam_column.h"
+#include "aluframe/analysis/buckling.h"
 #include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/analysis/initial_state.h"
 #include "aluframe/analysis/input_check.h"
 #include "aluframe/analysis/mechanism.h"
 #include "aluframe/analysis/refinement.h"
@@ -29,23 +31,29 @@ constexpr double soft = 1e-8;
 /// What iterates: elements under the axial forces of the last solution.
 class Iteration {
  public:
-  Iteration(const Frame& frame, const LoadCase& loads)
+  Iteration(const Frame& frame, const LoadCase& loads, const Imperfections& imperfections)
       : frame_(frame),
         load_case_(loads),
         geometry_(element_geometry(frame)),
         equations_(frame),
         loads_(frame, geometry_, loads),
+        initial_(frame, geometry_, loads, imperfections),
         axial_forces_(frame.elements.size()),
         solver_(make_solver()) {}
 
   Found find_lost() const { return find_lost_load(frame_, equations_, load_case_); }
-  /// Solves once with the axial forces known so far and finds new ones.
+  /// Solves once with the axial forces known so far and finds new ones. Imperfections join one
+  /// step after another, as their signs become known.
   Found step();
+  /// Whether the last step had all imperfections.
+  bool is_complete() const { return initial_.is_complete(); }
   /// Largest change of an axial force in the last step, as a share of the largest.
   double change() const { return change_; }
   Result<CaseResult> result();
+  InitialCurvatures initial_curvatures() const { return initial_.curvatures(); }
 
  private:
+  Found add_imperfection();
   Found make_columns();
   Found solve_equations();
   Found find_buckling(const Factorisation& done, const ScaledEquations& scaled) const;
@@ -64,8 +72,10 @@ class Iteration {
   std::vector<Geometry> geometry_;
   Equations equations_;
   LoadsByElement loads_;
+  InitialState initial_;
   std::vector<std::optional<double>> axial_forces_;  // at the starts; nothing in first order
   std::vector<double> next_axial_forces_;
+  std::vector<double> first_axial_forces_;  // of first order, where a mode goes by them
   std::vector<BeamColumn> columns_;
   NodeValues displacements_;
   std::optional<RefinedCase> refined_;  // where double precision does not suffice
@@ -83,7 +93,7 @@ StiffnessSource Iteration::stiffness() const {
 EquivalentLoads Iteration::equivalent_loads() const {
   EquivalentLoads loads(frame_, geometry_, load_case_);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (!loads_.is_loaded(i)) continue;
+    if (!loads_.is_loaded(i) && initial_.is_straight(i)) continue;
     const FixedEndForces& ends = columns_[i].fixed_end();
     loads.add_fixed_end_forces(i, ends.condensed, EndForceNorms::of(ends.unreleased));
   }
@@ -106,7 +116,8 @@ Found Iteration::make_columns() {
   columns_.clear();
   columns_.reserve(frame_.elements.size());
   for (std::size_t i = 0; i < frame_.elements.size(); ++i) {
-    auto column = BeamColumn::of(frame_.elements[i], loads_.of(i), axial_forces_[i]);
+    auto column =
+        BeamColumn::of(frame_.elements[i], loads_.of(i), axial_forces_[i], initial_.of(i));
     if (!column || column->buckles()) return buckled_element(i);
     columns_.push_back(std::move(*column));
   }
@@ -180,7 +191,22 @@ void Iteration::update_forces() {
   change_ = change == 0.0 ? 0.0 : change / largest;
 }
 
+Found Iteration::add_imperfection() {
+  if (initial_.is_complete()) return std::nullopt;
+  if (first_axial_forces_.empty() && initial_.wants_axial_forces()) {
+    const auto solved = result();
+    if (const auto* problem = std::get_if<Problem>(&solved)) return *problem;
+    first_axial_forces_ = axial_forces_at_start(std::get<CaseResult>(solved));
+  }
+  return initial_.add_next(
+      {frame_, geometry_, loads_, columns_, next_axial_forces_, displacements_},
+      first_axial_forces_);
+}
+
 Found Iteration::step() {
+  if (!first_) {
+    if (auto problem = add_imperfection()) return problem;
+  }
   if (!first_) std::ranges::copy(next_axial_forces_, axial_forces_.begin());
   if (auto problem = make_columns()) return problem;
   if (auto problem = solve_equations()) return problem;
@@ -242,7 +268,7 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
                                                const SecondOrderOptions& options) {
   if (auto problem = find_problem(frame)) return std::move(*problem);
   if (auto problem = find_problem(frame, loads)) return std::move(*problem);
-  Iteration iteration(frame, loads);
+  Iteration iteration(frame, loads, options.imperfections);
   if (auto problem = iteration.find_lost()) return std::move(*problem);
   if (auto problem = iteration.step()) return std::move(*problem);
   SecondOrderResult solved;
@@ -251,10 +277,11 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
     if (auto problem = iteration.step()) return std::move(*problem);
     ++solved.iterations;
     solved.change = iteration.change();
-  } while (!(solved.change <= options.tolerance));
+  } while (!iteration.is_complete() || !(solved.change <= options.tolerance));
   auto result = iteration.result();
   if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
   solved.result = std::get<CaseResult>(std::move(result));
+  solved.initial = iteration.initial_curvatures();
   if (auto problem = find_residual_problem(solved.result, 0, options.limits)) {
     return std::move(*problem);
   }

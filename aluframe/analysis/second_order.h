@@ -1,6 +1,8 @@
 #pragma once
 
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/analysis/imperfections.h"
+#include "aluframe/analysis/initial_slope.h"
 
 namespace aluframe::analysis {
 
@@ -9,12 +11,14 @@ struct SecondOrderOptions {
   /// Iterations end when no axial force changes by more than this share of the largest.
   double tolerance = 1e-6;
   Options limits = {};
+  Imperfections imperfections = {};
 };
 
 struct SecondOrderResult {
   CaseResult result;
-  int iterations = 0;   ///< solutions beyond the one of first order
-  double change = 0.0;  ///< last change of an axial force, as a share of the largest
+  int iterations = 0;              ///< solutions beyond the one of first order
+  double change = 0.0;             ///< last change of an axial force, as a share of the largest
+  InitialCurvatures initial = {};  ///< that the imperfections give the elements
   /// "in equilibrium after 3 iterations, axial forces certain to 2.0e-09"
   std::string message() const;
 };
@@ -23,6 +27,10 @@ struct SecondOrderResult {
 /// slope of the chords (P-Delta) and on the deflection between the nodes (P-delta). Displacements
 /// stay small, and so do the angles: forces are along the axes of the undisplaced elements.
 /// Elements do not shorten by bowing, and twisting by axial force is left out.
+///
+/// Imperfections are a shape without stress that the frame has before it is loaded: the axial
+/// forces act on its slope as they do on that of the deflection. Displacements count from there.
+/// Signs are taken so that everything adds to what the loads do.
 ///
 /// Superposition does not hold: analyse the combined loads (`combine`), not the cases.
 ///

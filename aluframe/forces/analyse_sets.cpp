@@ -6,6 +6,7 @@
 #include "aluframe/analysis/analyse.h"
 #include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/forces/imperfections_of_model.h"
 
 namespace aluframe::forces {
 
@@ -40,10 +41,11 @@ analysis::Result<Answers> in_first_order(const analysis::Frame& frame,
 }
 
 analysis::Result<Answers> in_second_order(const analysis::Frame& frame,
-                                          std::span<const analysis::LoadCase> loads) {
+                                          std::span<const analysis::LoadCase> loads,
+                                          const analysis::SecondOrderOptions& options) {
   Answers answers;
   for (std::size_t i = 0; i < loads.size(); ++i) {
-    auto solved = analysis::analyse_second_order(frame, loads[i]);
+    auto solved = analysis::analyse_second_order(frame, loads[i], options);
     if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
       problem->load_case = i;
       return with_buckling_factor(std::move(*problem), frame, loads[i]);
@@ -59,7 +61,8 @@ analysis::Result<Answers> analyse_sets(const model::Model& model, std::span<cons
                                        Order order) {
   const analysis::Frame frame = frame_of(model);
   const std::vector<analysis::LoadCase> loads = loads_of_sets(model, sets);
-  return order == Order::first ? in_first_order(frame, loads) : in_second_order(frame, loads);
+  if (order == Order::first) return in_first_order(frame, loads);
+  return in_second_order(frame, loads, second_order_options(model));
 }
 
 }  // namespace aluframe::forces

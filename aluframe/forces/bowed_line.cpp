@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace aluframe::forces {
 
@@ -91,8 +92,25 @@ double BowedLine::longest_piece(double length) const {
   return std::min(longest_series(length), next_quarter - x_);
 }
 
+/// Curvature before the element is loaded, in powers of the distance from here.
+Series BowedLine::initial_curvature(std::size_t plane) const {
+  const std::span<const float> powers = planes_[plane].initial;
+  Series out{};
+  if (powers.empty()) return out;
+  const double half = 2.0 * quarter_, here = x_ / half - 1.0;
+  std::vector<double> around(powers.begin(), powers.end());
+  double scale = 1.0;
+  for (std::size_t k = 0; k < std::min(around.size(), out.size()); ++k) {
+    for (std::size_t j = around.size() - 1; j-- > k;) around[j] += here * around[j + 1];
+    out[k] = around[k] * scale;
+    scale /= half;
+  }
+  return out;
+}
+
 BowedLine::Bow BowedLine::bow_of(std::size_t plane) const {
-  const auto& [ei, gas, curvature] = planes_[plane];
+  const auto& [ei, gas, curvature, initial] = planes_[plane];
+  const Series bowed = initial_curvature(plane);
   const std::size_t v = shear_of[plane];
   const std::array<double, 3> axial{forces[0], rate[0], slope[0] / 2.0};
   const std::array<double, 3> shear{forces[v], rate[v], slope[v] / 2.0};
@@ -106,7 +124,7 @@ BowedLine::Bow BowedLine::bow_of(std::size_t plane) const {
     double growth = k < shear.size() ? shear[k] : 0.0;
     for (std::size_t j = 0; j < axial.size() && j <= k; ++j) growth += axial[j] * r[k - j];
     m[k + 1] = growth * by_shear * reciprocals[k];
-    r[k + 1] = (m[k] * flexibility + (k == 0 ? curvature : 0.0)) * reciprocals[k];
+    r[k + 1] = (m[k] * flexibility + bowed[k] + (k == 0 ? curvature : 0.0)) * reciprocals[k];
   }
   return bow;
 }

@@ -14,14 +14,17 @@ struct BowedPlane {
   double ei = 0.0;         ///< bending stiffness, N·mm²
   double gas = 0.0;        ///< shear stiffness, N; 0: rigid in shear
   double curvature = 0.0;  ///< 1/mm, by temperature
+  /// Curvature before it is loaded, a polynomial as in model::InitialCurvatures; empty: straight.
+  std::span<const float> initial = {};
 };
 
 /// Forces along an element in second order. Fy, Fz and N follow from the loads, across and along
 /// the undisplaced axis; a moment grows by its shear force and by the axial force times the slope
 /// of the deflected axis:
 ///     θ' = M/EI + κ,   M' = V + N·w',   w' = θ - M'/GAs
-/// (with shear, the axial force acts on the slope of the axis, as in the analysis). Solved by power
-/// series, which are exact for loads and axial forces that are linear in x.
+/// where κ, w and θ include what the element is bowed by before it is loaded, and how it leans, w'
+/// and θ (with shear, the axial force acts on the slope of the axis, as in the analysis). Solved by
+/// power series, which are exact for loads and axial forces that are linear in x.
 class BowedLine : public SectionLine {
  public:
   /// Planes of My, then of Mz.
@@ -70,6 +73,7 @@ class BowedLine : public SectionLine {
   };
 
   Bow bow_of(std::size_t plane) const;
+  Series initial_curvature(std::size_t plane) const;
   double longest_series(double length) const;
   void move(double distance);
   void add_here(std::span<const FactoredChange> changes, std::size_t& next);

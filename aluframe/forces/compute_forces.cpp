@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/forces/imperfections_of_model.h"
 #include "aluframe/forces/second_order_forces.h"
 
 namespace aluframe::forces {
@@ -107,17 +108,25 @@ analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
   SecondOrderAnalyses analyses(model);
   model::ForceTable table;
   table.resize(model.elements.size(), model::side_place(model.combinations.size(), 0));
+  std::vector<model::InitialCurvatures> curvatures;
+  if (model.analysis.imperfections.any()) curvatures.resize(model.combinations.size());
   for (std::size_t place = 0; place < model.combinations.size(); ++place) {
     if (!model.combinations[place].design) continue;
     const auto solved = analyses.answers(place);
     if (const auto* problem = std::get_if<analysis::Problem>(&solved)) return *problem;
-    set_sides(table, place, std::get<Answers>(solved));
+    const Answers& answers = std::get<Answers>(solved);
+    set_sides(table, place, answers);
+    if (answers.size() == 1 && !curvatures.empty()) {
+      const analysis::InitialCurvatures& initial = answers.front()->initial;
+      curvatures[place] = {initial.terms, initial.powers};
+    }
   }
   summary.residual = analyses.largest_residual();
   summary.force_error = analyses.largest_force_error();
   summary.second_order_analyses = analyses.count();
   summary.iterations = analyses.most_iterations();
   model.combined_forces = std::move(table);
+  model.combined_curvatures = std::move(curvatures);
   return summary;
 }
 

@@ -94,13 +94,20 @@ bool InnerForces::is_known(std::size_t element, CaseFactors cases) const {
 
 void InnerForces::peaks(std::size_t element, CaseFactors cases, const model::CaseForces& five,
                         std::span<const Weights> weights, std::vector<PlaceForces>& out) const {
+  peaks_of_sum(element, cases, {}, five, weights, out);
+}
+
+void InnerForces::peaks_of_sum(std::size_t element, CaseFactors cases,
+                               const model::InitialCurvatures& initial,
+                               const model::CaseForces& five, std::span<const Weights> weights,
+                               std::vector<PlaceForces>& out) const {
   if (!has_peaks(element) || !five.inner) return;
   Scratch& scratch = scratch_of_thread();
   gather(changes_, element, cases, scratch.changes);
   const double length = changes_.length_of(element);
   if (is_bowed(element)) {
     if (scratch.changes.empty() && is_straight(element, five)) return;
-    scratch.bowed_finder.find(bowed_line(element, cases, five, scratch.changes), length,
+    scratch.bowed_finder.find(bowed_line(element, cases, five, scratch.changes, initial), length,
                               scratch.changes, five, weights, out);
   } else if (!scratch.changes.empty() && is_known(element, cases)) {
     scratch.finder.find(SectionLine::from(five.at[0]), length, scratch.changes, five, weights, out);
@@ -111,9 +118,13 @@ void InnerForces::peaks(std::size_t element, model::Number combination, model::S
                         const model::CaseForces& five, std::span<const Weights> weights,
                         std::vector<PlaceForces>& out) const {
   if (!has_peaks(element) || !five.inner) return;
-  const model::CombinationPlan& plan = plans_[model_.combinations.position(combination)];
+  const std::size_t place = model_.combinations.position(combination);
+  const model::CombinationPlan& plan = plans_[place];
   if (!plan.two_sides) {
-    peaks(element, plan.cases, five, weights, out);
+    static const model::InitialCurvatures straight;
+    const auto& curvatures = model_.combined_curvatures;
+    peaks_of_sum(element, plan.cases, curvatures.empty() ? straight : curvatures[place], five,
+                 weights, out);
   } else if (!is_bowed(element) && is_known(element, plan.cases)) {
     envelope_peaks(element, plan, side, weights, out);
   }
@@ -128,12 +139,18 @@ bool InnerForces::is_straight(std::size_t element, const model::CaseForces& five
 
 BowedLine InnerForces::bowed_line(std::size_t element, CaseFactors cases,
                                   const model::CaseForces& five,
-                                  std::span<const FactoredChange> changes) const {
+                                  std::span<const FactoredChange> changes,
+                                  const model::InitialCurvatures& initial) const {
   BowedLine::Planes planes = planes_[element];
   for (const auto& entry : cases) {
     const analysis::FreeDeformation free = changes_.free_of(element, entry.load_case);
     planes[0].curvature += entry.factor * free.curvature_z;
     planes[1].curvature += entry.factor * free.curvature_y;
+  }
+  if (initial.terms > 0) {
+    // The plane of My deflects along z.
+    planes[0].initial = initial.of(element, 1);
+    planes[1].initial = initial.of(element, 0);
   }
   return {planes, changes_.length_of(element), five, changes};
 }
@@ -144,7 +161,7 @@ std::array<double, 6> InnerForces::forces_at(std::size_t element, CaseFactors ca
   std::vector<FactoredChange> changes;
   gather(changes_, element, cases, changes);
   if (!is_bowed(element)) return forces_of(SectionLine::from(five.at[0]), changes, x, side);
-  return forces_of(bowed_line(element, cases, five, changes), changes, x, side);
+  return forces_of(bowed_line(element, cases, five, changes, {}), changes, x, side);
 }
 
 }  // namespace aluframe::forces

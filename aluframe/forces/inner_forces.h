@@ -63,12 +63,13 @@ class InnerForces {
   void peaks(std::size_t element, model::Number combination, model::Side side,
              const model::CaseForces& five, std::span<const Weights> weights,
              std::vector<PlaceForces>& out) const;
-  /// The same for load cases times factors that act together.
+  /// The same for load cases times factors that act together, on elements that are straight before.
   void peaks(std::size_t element, std::span<const model::CombinationPlan::CaseFactor> cases,
              const model::CaseForces& five, std::span<const Weights> weights,
              std::vector<PlaceForces>& out) const;
 
-  /// Forces at x, mm from the start, under load cases times factors that act together.
+  /// Forces at x, mm from the start, under load cases times factors that act together, of an
+  /// element that is straight before.
   std::array<double, 6> forces_at(std::size_t element,
                                   std::span<const model::CombinationPlan::CaseFactor> cases,
                                   const model::CaseForces& five, double x,
@@ -91,8 +92,11 @@ class InnerForces {
   bool is_straight(std::size_t element, const model::CaseForces& five) const;
   BowedLine bowed_line(std::size_t element,
                        std::span<const model::CombinationPlan::CaseFactor> cases,
-                       const model::CaseForces& five,
-                       std::span<const FactoredChange> changes) const;
+                       const model::CaseForces& five, std::span<const FactoredChange> changes,
+                       const model::InitialCurvatures& initial) const;
+  void peaks_of_sum(std::size_t element, std::span<const model::CombinationPlan::CaseFactor> cases,
+                    const model::InitialCurvatures& initial, const model::CaseForces& five,
+                    std::span<const Weights> weights, std::vector<PlaceForces>& out) const;
   bool is_known(std::size_t element,
                 std::span<const model::CombinationPlan::CaseFactor> cases) const;
   std::vector<Place> envelope_places(std::size_t element, const model::CombinationPlan& plan,

@@ -7,6 +7,7 @@
 
 #include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/forces/imperfections_of_model.h"
 #include "aluframe/model/envelopes.h"
 
 namespace aluframe::forces {
@@ -14,7 +15,10 @@ namespace aluframe::forces {
 using analysis::SecondOrderResult;
 
 SecondOrderAnalyses::SecondOrderAnalyses(const model::Model& model)
-    : model_(model), plans_(model::compile_combinations(model)), frame_(frame_of(model)) {
+    : model_(model),
+      plans_(model::compile_combinations(model)),
+      frame_(frame_of(model)),
+      options_(second_order_options(model)) {
   loads_.reserve(model.load_cases.size());
   for (const model::LoadCase& load_case : model.load_cases) {
     loads_.push_back(loads_of(model, load_case));
@@ -41,7 +45,7 @@ analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const Loa
   }
   if (const auto known = answers_.find(key); known != answers_.end()) return &known->second;
   const analysis::LoadCase loads = analysis::combine(cases);
-  auto solved = analysis::analyse_second_order(frame_, loads);
+  auto solved = analysis::analyse_second_order(frame_, loads, options_);
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     return with_buckling_factor(std::move(*problem), frame_, loads);
   }

@@ -39,6 +39,7 @@ class SecondOrderAnalyses {
   const model::Model& model_;
   std::vector<model::CombinationPlan> plans_;
   analysis::Frame frame_;
+  analysis::SecondOrderOptions options_;
   std::vector<analysis::LoadCase> loads_;  ///< by place of the load case
   std::map<Key, analysis::SecondOrderResult> answers_;
   int most_iterations_ = 0;

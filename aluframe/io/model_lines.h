@@ -14,6 +14,7 @@ namespace aluframe::io {
 std::string units_line(const model::Units& units);
 std::string settings_line(const model::DesignSettings& settings);
 std::string frame_line(const model::FrameSettings& frame);
+std::string analysis_line(const model::AnalysisSettings& analysis, const Scales& scales);
 std::string material_line(const model::Material& material);
 std::string section_line(const model::Section& section, const Scales& scales);
 std::string node_line(const model::Node& node, const Scales& scales);

@@ -21,6 +21,9 @@ namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
 void read_settings(const JsonObject& root, model::Model& model);
+/// Fails when the amplitude of a mode is no small displacement of the frame, whose nodes are known.
+void require_imperfections_of_size(const JsonObject& root, const Scales& scales,
+                                   const model::Model& model);
 /// Fields of "settings" that the file gives.
 std::vector<std::string> given_settings(const JsonObject& root);
 void read_materials(const JsonObject& root, model::Model& model);

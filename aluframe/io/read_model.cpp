@@ -44,6 +44,7 @@ model::Model read_document(const JsonValue& value, const ModelFolder* folder, Fi
   read_materials(root, model);
   read_sections(root, scales, read_catalogues(root, folder), model);
   read_nodes(root, scales, model);
+  require_imperfections_of_size(root, scales, model);
   read_supports(root, scales, model);
   read_elements(root, scales, model);
   read_members(root, model);

@@ -1,6 +1,11 @@
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "aluframe/io/format_names.h"
+#include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_values.h"
 
@@ -14,7 +19,14 @@ constexpr auto settings_fields =
                                      "seismic", "gamma_re_strength", "gamma_re_stability"});
 constexpr auto frame_fields =
     std::to_array<std::string_view>({"braced_a", "braced_b", "length_factors", "buckling_limit"});
-constexpr auto analysis_fields = std::to_array<std::string_view>({"second_order"});
+constexpr auto analysis_fields = std::to_array<std::string_view>({"second_order", "imperfections"});
+constexpr auto imperfection_fields = std::to_array<std::string_view>({"sway", "bow", "mode"});
+constexpr auto sway_fields = std::to_array<std::string_view>({"x", "y"});
+constexpr auto bow_fields = std::to_array<std::string_view>({"y", "z"});
+constexpr auto mode_fields = std::to_array<std::string_view>({"amplitude"});
+
+/// Larger ones are no imperfections: displacements are taken as small.
+constexpr double largest_imperfection = 0.1;
 
 void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
   const std::optional<JsonValue> value = units.optional("force");
@@ -61,6 +73,73 @@ model::FrameSettings read_frame_settings(const JsonObject& object) {
   return frame;
 }
 
+double imperfection(const JsonValue& value) {
+  const double found = value.number();
+  if (!(found > 0.0 && found <= largest_imperfection)) {
+    value.fail_with(fmt::format("must be above 0 and at most {}", largest_imperfection));
+  }
+  return found;
+}
+
+/// One number for both, or an object with one of two fields or both.
+void read_two(const JsonValue& value, std::span<const std::string_view, 2> fields, double& first,
+              double& second) {
+  if (value.kind() == JsonValue::Kind::number) {
+    first = second = imperfection(value);
+    return;
+  }
+  if (value.kind() != JsonValue::Kind::object) value.fail_with("must be a number or an object");
+  const JsonObject object(value, fields);
+  const auto one = object.optional(fields[0]), other = object.optional(fields[1]);
+  if (!one && !other) {
+    value.fail(fmt::format("needs \"{}\", \"{}\" or both", fields[0], fields[1]));
+  }
+  if (one) first = imperfection(*one);
+  if (other) second = imperfection(*other);
+}
+
+model::Imperfections read_imperfections(const JsonValue& value, const Scales& scales) {
+  model::Imperfections out;
+  const JsonObject object(value, imperfection_fields);
+  if (const auto sway = object.optional("sway")) {
+    read_two(*sway, sway_fields, out.sway_x, out.sway_y);
+  }
+  if (const auto bow = object.optional("bow")) read_two(*bow, bow_fields, out.bow_y, out.bow_z);
+  if (const auto mode = object.optional("mode")) {
+    out.mode = JsonObject(*mode, mode_fields).required("amplitude").positive() * scales.length;
+  }
+  if (!out.any()) value.fail("needs \"sway\", \"bow\" or \"mode\"");
+  return out;
+}
+
+model::AnalysisSettings read_analysis_settings(const JsonObject& object, const Scales& scales) {
+  model::AnalysisSettings analysis;
+  analysis.second_order = object.boolean_or("second_order", false);
+  const auto imperfections = object.optional("imperfections");
+  if (!imperfections) return analysis;
+  if (!analysis.second_order) {
+    imperfections->fail(
+        "imperfections act in second order only: set \"second_order\" to true, or leave them out");
+  }
+  analysis.imperfections = read_imperfections(*imperfections, scales);
+  return analysis;
+}
+
+/// Diagonal of the box around the nodes, mm.
+double extent_of(const model::Model& model) {
+  std::array<double, 3> low{}, high{};
+  bool is_first = true;
+  for (const model::Node& node : model.nodes) {
+    const std::array<double, 3> at{node.x, node.y, node.z};
+    for (std::size_t i = 0; i < at.size(); ++i) {
+      low[i] = is_first ? at[i] : std::min(low[i], at[i]);
+      high[i] = is_first ? at[i] : std::max(high[i], at[i]);
+    }
+    is_first = false;
+  }
+  return std::hypot(high[0] - low[0], high[1] - low[1], high[2] - low[2]);
+}
+
 }  // namespace
 
 model::Units read_units(const JsonObject& root) {
@@ -82,12 +161,22 @@ void read_settings(const JsonObject& root, model::Model& model) {
     model.frame = read_frame_settings(JsonObject(*value, frame_fields));
   }
   if (const std::optional<JsonValue> value = root.optional("analysis")) {
-    const JsonObject object(*value, analysis_fields);
-    model.analysis.second_order = object.boolean_or("second_order", false);
+    model.analysis =
+        read_analysis_settings(JsonObject(*value, analysis_fields), Scales(model.units));
   }
   if (const std::optional<JsonValue> value = root.optional("envelopes")) {
     model.envelopes = value->one_of<model::Envelopes>(envelope_checks);
   }
+}
+
+void require_imperfections_of_size(const JsonObject& root, const Scales& scales,
+                                   const model::Model& model) {
+  const double largest = largest_imperfection * extent_of(model);
+  if (model.analysis.imperfections.mode <= largest) return;
+  const JsonValue amplitude =
+      *root.optional("analysis")->field("imperfections")->field("mode")->field("amplitude");
+  amplitude.fail_with("must be at most a tenth of the frame's extent, " +
+                      number_text(largest, scales.length));
 }
 
 std::vector<std::string> given_settings(const JsonObject& root) {

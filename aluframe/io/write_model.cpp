@@ -43,7 +43,7 @@ class ModelText {
   bool is_first_ = true;  ///< in the list that is open
 };
 
-void write_head(ModelText& text, const model::Model& model) {
+void write_head(ModelText& text, const model::Model& model, const Scales& scales) {
   text.field("format", json_string(format_name));
   text.field("version", std::to_string(format_version));
   if (!model.title.empty()) text.field("title", json_string(model.title));
@@ -51,7 +51,7 @@ void write_head(ModelText& text, const model::Model& model) {
   text.field("units", units_line(model.units));
   if (model.design) text.field("settings", settings_line(*model.design));
   if (model.frame) text.field("frame", frame_line(*model.frame));
-  if (model.analysis.second_order) text.field("analysis", "{\"second_order\": true}");
+  if (model.analysis.second_order) text.field("analysis", analysis_line(model.analysis, scales));
   if (model.envelopes != model::Envelopes()) {
     text.field("envelopes", json_string(name_in(envelope_checks, model.envelopes)));
   }
@@ -95,7 +95,7 @@ void write_forces(ModelText& text, const model::Model& model, const Scales& scal
 std::string write_model(const model::Model& model) {
   const Scales scales(model.units);
   ModelText text;
-  write_head(text, model);
+  write_head(text, model, scales);
   write_structure(text, model, scales);
   if (!model.load_cases.empty()) {
     text.list("load_cases", model.load_cases,

@@ -81,14 +81,29 @@ std::string settings_line(const model::DesignSettings& settings) {
 
 std::string frame_line(const model::FrameSettings& frame) {
   const model::FrameSettings standard;
-  return JsonLine()
-      .flag("braced_a", frame.braced_a)
+  JsonLine line;
+  line.flag("braced_a", frame.braced_a)
       .flag("braced_b", frame.braced_b)
       .text_unless("length_factors", name_in(length_factor_sources, frame.length_factors),
-                   name_in(length_factor_sources, standard.length_factors))
-      .number_unless("buckling_limit", frame.buckling_limit.value_or(model::usual_buckling_limit),
-                     model::usual_buckling_limit)
-      .str();
+                   name_in(length_factor_sources, standard.length_factors));
+  if (frame.buckling_limit) line.number("buckling_limit", *frame.buckling_limit);
+  return line.str();
+}
+
+std::string analysis_line(const model::AnalysisSettings& analysis, const Scales& scales) {
+  const model::Imperfections& given = analysis.imperfections;
+  JsonLine sway, bow, imperfections;
+  sway.number_unless("x", given.sway_x, 0.0).number_unless("y", given.sway_y, 0.0);
+  bow.number_unless("y", given.bow_y, 0.0).number_unless("z", given.bow_z, 0.0);
+  if (!sway.empty()) imperfections.json("sway", sway.str());
+  if (!bow.empty()) imperfections.json("bow", bow.str());
+  if (given.mode != 0.0) {
+    imperfections.json("mode", JsonLine().number("amplitude", given.mode, scales.length).str());
+  }
+  JsonLine line;
+  line.flag("second_order", analysis.second_order);
+  if (!imperfections.empty()) line.json("imperfections", imperfections.str());
+  return line.str();
 }
 
 std::string material_line(const model::Material& material) {

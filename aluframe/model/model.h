@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/model/initial_curvatures.h"
 #include "aluframe/model/loads.h"
 #include "aluframe/model/material.h"
 #include "aluframe/model/section.h"
@@ -80,6 +81,9 @@ struct Model {
   /// Forces of combinations that were analysed on their own, in place of what their load cases add
   /// up to; by element and `side_place` of the combination.
   ForceTable combined_forces;
+  /// What elements are bowed by in such a combination before it loads them, by its place; those
+  /// with two sides have nothing. Empty without imperfections.
+  std::vector<InitialCurvatures> combined_curvatures;
 };
 
 /// Place of a combination's side (0 maximum, 1 minimum) in the table of combined forces. One with a

@@ -37,19 +37,36 @@ struct FrameSettings {
   bool braced_a = false;
   bool braced_b = false;
   LengthFactors length_factors = LengthFactors::computed;
-  /// A combination whose buckling load factor is smaller has a remark; nothing:
-  /// `usual_buckling_limit`.
+  /// A combination whose buckling load factor is smaller has a remark; nothing: the usual limit.
   std::optional<double> buckling_limit = std::nullopt;
 
   friend bool operator==(const FrameSettings&, const FrameSettings&) = default;
+};
+
+/// What the frame is out of true by before it is loaded; 0: nothing.
+struct Imperfections {
+  double sway_x = 0.0, sway_y = 0.0;  ///< lean of the whole frame along X and Y, rad
+  /// Bow of every member in the middle, over its length, by which it bends about its y and z.
+  double bow_y = 0.0, bow_z = 0.0;
+  double mode = 0.0;  ///< largest displacement of the first buckling mode, mm
+
+  bool any() const { return *this != Imperfections(); }
+  friend bool operator==(const Imperfections&, const Imperfections&) = default;
 };
 
 /// How element forces are computed from loads.
 struct AnalysisSettings {
   /// Axial forces act on the displaced frame, each combination analysed on its own.
   bool second_order = false;
+  Imperfections imperfections;  ///< in second order only
 
   friend bool operator==(const AnalysisSettings&, const AnalysisSettings&) = default;
 };
+
+/// The limit of buckling load factors where the model gives none: where forces are of second order
+/// and have imperfections in them, what grows towards buckling is in the forces, and 1 remains.
+inline double usual_limit(const AnalysisSettings& analysis) {
+  return analysis.second_order && analysis.imperfections.any() ? 1.0 : usual_buckling_limit;
+}
 
 }  // namespace aluframe::model

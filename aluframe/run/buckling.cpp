@@ -93,6 +93,19 @@ store::RemarkRow remark_of(const store::BucklingRow& row, std::string text) {
   return remark;
 }
 
+/// What to do about a factor that is low.
+const char* remedy_of(const model::AnalysisSettings& analysis) {
+  if (!analysis.second_order) {
+    return "forces of first order leave out what grows there: compute them in second order, or "
+           "stiffen or brace what moves";
+  }
+  if (analysis.imperfections.any()) {
+    return "what grows there is in the forces: stiffen or brace what moves, or give another limit";
+  }
+  return "imperfections of sway and bow count there: give them (\"imperfections\"), or stiffen or "
+         "brace what moves";
+}
+
 }  // namespace
 
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options) {
@@ -162,7 +175,7 @@ std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>&
 
 double buckling_limit(const model::Model& model) {
   return model.frame.value_or(model::FrameSettings())
-      .buckling_limit.value_or(model::usual_buckling_limit);
+      .buckling_limit.value_or(model::usual_limit(model.analysis));
 }
 
 const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>& rows) {
@@ -192,16 +205,11 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
         fmt::format("{} the frame: {}", subject_verb(failing, "buckle"), factor_text(worst))));
   }
   if (!low.empty()) {
-    const char* remedy =
-        model.analysis.second_order
-            ? "imperfections of sway and bow count there: give them as loads, or stiffen or brace "
-              "what moves"
-            : "forces of first order leave out what grows there: compute them in second order, or "
-              "stiffen or brace what moves";
     const store::BucklingRow& worst = *smallest_factor(low);
     remarks.push_back(remark_of(
         worst, fmt::format("{} below the limit of {} for the buckling load factor: {}; {}",
-                           subject_verb(low, "lie"), limit, factor_text(worst), remedy)));
+                           subject_verb(low, "lie"), limit, factor_text(worst),
+                           remedy_of(model.analysis))));
   }
   return remarks;
 }

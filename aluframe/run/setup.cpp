@@ -9,6 +9,7 @@
 
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/members/length_factors.h"
+#include "aluframe/run/imperfections_text.h"
 
 namespace aluframe::run {
 
@@ -79,8 +80,13 @@ SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factor
 
 SettingRow buckling_row(const model::Model& model) {
   const auto given = model.frame.value_or(model::FrameSettings()).buckling_limit;
-  return {"buckling_limit", fmt::format("{}", given.value_or(model::usual_buckling_limit)),
+  return {"buckling_limit", fmt::format("{}", given.value_or(model::usual_limit(model.analysis))),
           given ? "given" : "default"};
+}
+
+std::string analysis_in_words(const model::Model& model) {
+  const std::string imperfections = imperfections_text(model);
+  return imperfections.empty() ? "second-order" : "second-order with " + imperfections;
 }
 
 std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
@@ -103,7 +109,8 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
 
 SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origins) {
   if (model.analysis.second_order) {
-    return {"analysis", "second-order", origins.second_order_asked ? "--second-order" : "given"};
+    return {"analysis", analysis_in_words(model),
+            origins.second_order_asked ? "--second-order" : "given"};
   }
   const bool has_loads = std::ranges::any_of(model.load_cases, forces::has_loads);
   const bool has_forces = model.forces != model::ForceTable();

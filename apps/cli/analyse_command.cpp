@@ -9,6 +9,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/run/imperfections_text.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -89,8 +90,10 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
 /// The model and what was analysed, above the tables.
 std::string title_text(const AnalysisView& view) {
   const std::string title = view.model->title.empty() ? "Untitled model" : view.model->title;
-  return fmt::format("{}: {} analysis\n\n", title,
-                     view.analysis->second_order ? "second-order" : "linear");
+  if (!view.analysis->second_order) return fmt::format("{}: linear analysis\n\n", title);
+  const std::string imperfections = run::imperfections_text(*view.model);
+  return fmt::format("{}: second-order analysis{}{}\n\n", title,
+                     imperfections.empty() ? "" : " with ", imperfections);
 }
 
 int analyse(const AnalyseOptions& options) {

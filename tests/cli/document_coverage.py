@@ -63,6 +63,7 @@ def as_load_case_of_the_portal(part):
 # JSON that is a part of a model: by page and beginning, what makes a whole model of it.
 FRAGMENTS = {
     ("README.md", '{"number": 1, "name": "DL"'): as_load_case_of_the_portal,
+    ("docs/analysis.md", '"analysis"'): in_the_portal,
     ("docs/model-file.md", '"design"'): on_an_element_of_the_portal,
     ("docs/model-file.md", '"load_cases"'): in_the_portal,
     ("docs/model-file.md", '"supports"'): in_the_portal,

@@ -117,6 +117,7 @@ BROKEN = {
     "unknown frame axis": (["frame", "braced_c"], True),
     "unknown analysis option": (["analysis", "order"], 2),
     "second order as a number": (["analysis", "second_order"], 2),
+    "imperfections in first order": (["analysis", "imperfections"], {"sway": 0.005}),
     "unknown way of checking envelopes": (["envelopes"], "sides"),
     "unknown alloy": (["materials", 0, "alloy"], "6063-T7"),
     "alloy beside values": (["materials", 0, "fu"], 160),
@@ -212,6 +213,22 @@ BROKEN |= {
         ["supports", 2], {"node": 3, "restrained": [direction], "springs": {direction: 1}})
     for direction in ["Dx", "Dy", "Dz", "Rx", "Ry", "Rz"]}
 
+IMPERFECT = {"sway": {"x": 0.005, "y": 0.1}, "bow": 0.004, "mode": {"amplitude": 0.5}}
+BROKEN |= {name: (["analysis"], {"second_order": True, "imperfections": value}) for name, value in {
+    "no imperfection": {},
+    "unknown imperfection": IMPERFECT | {"lean": 0.005},
+    "sway of zero": {"sway": {"x": 0}},
+    "sway in degrees": {"sway": {"y": 0.3}},
+    "sway along z": {"sway": {"x": 0.005, "z": 0.005}},
+    "sway without a direction": {"sway": {}},
+    "bow as a denominator": {"bow": 250},
+    "bow without an axis": {"bow": {}},
+    "bow about x": {"bow": {"x": 0.004}},
+    "mode as a number": {"mode": 0.02},
+    "mode without a size": {"mode": {}},
+    "mode of zero": {"mode": {"amplitude": 0}},
+}.items()}
+
 REQUIRED = [
     ["format"], ["version"], ["materials"], ["sections"], ["nodes"], ["elements"],
     ["materials", 0, "number"], ["materials", 0, "alloy"], ["materials", 1, "grade"],
@@ -255,6 +272,12 @@ def test_the_schema_is_a_valid_schema():
 
 def test_a_model_with_every_field_is_valid():
     VALIDATOR.validate(FULL)
+
+
+@pytest.mark.parametrize("part", IMPERFECT)
+def test_imperfections_are_valid_together_and_each_alone(part):
+    for imperfections in [IMPERFECT, {part: IMPERFECT[part]}]:
+        VALIDATOR.validate(replaced(["analysis"], {"second_order": True, "imperfections": imperfections}))
 
 
 def test_the_documented_example_is_valid():

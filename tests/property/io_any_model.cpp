@@ -263,6 +263,15 @@ void add_forces(Model& model) {
   }
 }
 
+/// Imperfections have a place in second order only.
+AnalysisSettings any_analysis() {
+  AnalysisSettings analysis{.second_order = any_flag(), .imperfections = {}};
+  if (!analysis.second_order) return analysis;
+  const auto any_size = [] { return any_flag() ? any_between(1e-6, 0.1) : 0.0; };
+  analysis.imperfections = {any_size(), any_size(), any_size(), any_size(), any_size()};
+  return analysis;
+}
+
 }  // namespace
 
 Model any_model() {
@@ -274,9 +283,10 @@ Model any_model() {
   model.design = any_optional(any_settings);
   model.frame = any_optional([] {
     return FrameSettings{any_flag(), any_flag(),
-                         any_of({LengthFactors::computed, LengthFactors::one})};
+                         any_of({LengthFactors::computed, LengthFactors::one}),
+                         any_optional([] { return any_between(0.1, 20); })};
   });
-  model.analysis.second_order = any_flag();
+  model.analysis = any_analysis();
   model.envelopes = any_flag() ? Envelopes::states : Envelopes::extremes;
   for (const Number number : {3U, 1U}) {
     model.materials.add(any_material(number));

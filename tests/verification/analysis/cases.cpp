@@ -123,6 +123,13 @@ LoadCase read_load_case(const Json& json) {
   return result;
 }
 
+/// Elements are members of their own.
+Imperfections read_imperfections(const Json& json) {
+  return {.sway = numbers<2>(json, "sway"),
+          .bow = numbers<2>(json, "bow"),
+          .mode = json.value("mode", 0.0)};
+}
+
 const std::array<const char*, 6>& names_of(const std::string& what) {
   if (what == "force") return force_names;
   if (what == "reaction") return reaction_names;
@@ -165,6 +172,7 @@ Case read_case(const std::filesystem::path& file) {
   result.units = json.at("units");
   result.reason = json.at("tolerance").at("reason");
   result.second_order = json.value("second_order", false);
+  result.imperfections = read_imperfections(json.value("imperfections", Json::object()));
   result.frame = read_frame(json.at("frame"));
   for (const Json& load_case : json.at("cases")) {
     result.load_cases.push_back(read_load_case(load_case));

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/analysis/imperfections.h"
 #include "aluframe/analysis/load_case.h"
 
 namespace aluframe::analysis::verification {
@@ -24,6 +25,7 @@ struct Expected {
 struct Case {
   std::string name, title, source, units, reason;
   bool second_order = false;
+  Imperfections imperfections;
   Frame frame;
   std::vector<LoadCase> load_cases;
   std::vector<Expected> expected;

@@ -24,7 +24,9 @@ std::vector<CaseResult> results_of(const Case& one) {
   if (!one.second_order) return value_of(analyse(one.frame, one.load_cases)).cases;
   std::vector<CaseResult> results;
   for (const LoadCase& loads : one.load_cases) {
-    results.push_back(value_of(analyse_second_order(one.frame, loads)).result);
+    results.push_back(
+        value_of(analyse_second_order(one.frame, loads, {.imperfections = one.imperfections}))
+            .result);
   }
   return results;
 }
