@@ -8,9 +8,11 @@
 #include "aluframe/analysis/beam_column.h"
 #include "aluframe/analysis/buckling.h"
 #include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/analysis/displaced_growth.h"
 #include "aluframe/analysis/initial_state.h"
 #include "aluframe/analysis/input_check.h"
 #include "aluframe/analysis/mechanism.h"
+#include "aluframe/analysis/motion_text.h"
 #include "aluframe/analysis/refinement.h"
 #include "aluframe/analysis/softest_mode.h"
 #include "aluframe/analysis/stiffness_equations.h"
@@ -51,6 +53,9 @@ class Iteration {
   double change() const { return change_; }
   Result<CaseResult> result();
   InitialCurvatures initial_curvatures() const { return initial_.curvatures(); }
+  /// Displacements that the geometry of the displaced nodes adds.
+  NodeValues growth();
+  const NodeValues& displacements() const { return displacements_; }
 
  private:
   Found add_imperfection();
@@ -240,6 +245,30 @@ Result<CaseResult> Iteration::result_of(const RefinedCase& refined) const {
   return recovery.finish(equations_, load_case_, loads_, geometry_, load_norms_, Order::second);
 }
 
+NodeValues Iteration::growth() {
+  NodeValues unbalanced(displacements_.size(), 0.0), growth(displacements_.size(), 0.0);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const Element& element = frame_.elements[i];
+    const Stiffness& s = element.stiffness;
+    const bool slides = element.released[0] || element.released[6];
+    const double thermal = slides ? 0.0 : -s.e * s.area * loads_.of(i).free.strain;
+    const Vector12 change = change_by_displacement(geometry_[i], columns_[i].stiffness(), thermal,
+                                                   at_ends(element, displacements_));
+    add_at_ends(element, Vector12(-change), unbalanced);
+  }
+  if (equations_.count() == 0) return growth;
+  std::vector<double> column;
+  for (int i = 0; i < equations_.count(); ++i) {
+    column.push_back(unbalanced[equations_.dof(i)] * scale_[static_cast<std::size_t>(i)]);
+  }
+  solver_->solve(column);
+  for (int i = 0; i < equations_.count(); ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    growth[equations_.dof(i)] = column[place] * scale_[place];
+  }
+  return growth;
+}
+
 Result<CaseResult> Iteration::result() {
   if (refined_) return result_of(*refined_);
   auto plain = plain_result();
@@ -284,6 +313,13 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   solved.initial = iteration.initial_curvatures();
   if (auto problem = find_residual_problem(solved.result, 0, options.limits)) {
     return std::move(*problem);
+  }
+  const NodeValues growth = iteration.growth();
+  solved.growth = growth_share(iteration.displacements(), growth);
+  if (solved.growth > noticeable_growth) {
+    if (const auto moves = dominant_motion(frame, growth)) {
+      solved.growing = motion_text(frame, *moves);
+    }
   }
   return solved;
 }

@@ -14,11 +14,21 @@ struct SecondOrderOptions {
   Imperfections imperfections = {};
 };
 
+/// Growth beyond which displacements are no longer small. A frame whose stiffness falls evenly with
+/// its displacement has lost twice as much of it: a tenth, as much as second order itself is
+/// usually granted; a shallow truss of two bars reaches it below half of the load that snaps it
+/// through.
+inline constexpr double noticeable_growth = 0.05;
+
 struct SecondOrderResult {
   CaseResult result;
   int iterations = 0;              ///< solutions beyond the one of first order
   double change = 0.0;             ///< last change of an axial force, as a share of the largest
   InitialCurvatures initial = {};  ///< that the imperfections give the elements
+  /// Part of the displacements that equilibrium at the displaced nodes would add to them, by one
+  /// step from here: what second order leaves out. 0 where large displacements were followed.
+  double growth = 0.0;
+  std::string growing = {};  ///< what moves in it, when it is above `noticeable_growth`
   /// "in equilibrium after 3 iterations, axial forces certain to 2.0e-09"
   std::string message() const;
 };

@@ -77,10 +77,17 @@ Problem describe_softest_mode(const Frame& frame, const Equations& equations,
   return problem;
 }
 
+std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& equations,
+                                         const ScaledEquations& scaled) {
+  const auto mode = softest_mode(scaled.matrix, 0.0);
+  if (!mode) return std::nullopt;
+  return node_values(mode->shape, equations, scaled.scale, frame);
+}
+
 std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
                                    const ScaledEquations& scaled) {
-  const auto mode = softest_mode(scaled.matrix, 0.0);
-  const auto dominant = mode ? motion_of(frame, equations, scaled, *mode) : std::nullopt;
+  const auto motion = softest_motion(frame, equations, scaled);
+  const auto dominant = motion ? dominant_motion(frame, *motion) : std::nullopt;
   return dominant ? motion_text(frame, *dominant) : "its stiffness is used up";
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "aluframe/analysis/assembly.h"
+#include "aluframe/analysis/load_vector.h"
 
 namespace aluframe::analysis {
 
@@ -9,8 +10,12 @@ namespace aluframe::analysis {
 Problem describe_softest_mode(const Frame& frame, const Equations& equations,
                               const ScaledEquations& scaled);
 
-/// The same for equations that axial forces have made indefinite: the mode whose stiffness is
-/// nearest to zero, as "nodes 2-3 move along X".
+/// The motion of the nodes whose stiffness is nearest to zero, of equations that axial forces may
+/// have made indefinite; of any size.
+std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& equations,
+                                         const ScaledEquations& scaled);
+
+/// What moves in it, as "nodes 2-3 move along X".
 std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
                                    const ScaledEquations& scaled);
 
