@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/analysis/large_displacement.h"
 #include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/imperfections_of_model.h"
@@ -55,14 +56,39 @@ analysis::Result<Answers> in_second_order(const analysis::Frame& frame,
   return answers;
 }
 
+analysis::Result<Answers> with_large_displacements(const analysis::Frame& frame,
+                                                   std::span<const analysis::LoadCase> loads) {
+  Answers answers;
+  for (std::size_t i = 0; i < loads.size(); ++i) {
+    auto solved = analysis::analyse_large_displacements(frame, loads[i]);
+    if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
+      problem->load_case = i;
+      return std::move(*problem);
+    }
+    answers.push_back(std::get<analysis::SecondOrderResult>(std::move(solved)));
+  }
+  return answers;
+}
+
 }  // namespace
+
+Order order_of(const model::AnalysisSettings& settings) {
+  if (settings.large_displacements) return Order::large_displacements;
+  return settings.second_order ? Order::second : Order::first;
+}
 
 analysis::Result<Answers> analyse_sets(const model::Model& model, std::span<const LoadSet> sets,
                                        Order order) {
   const analysis::Frame frame = frame_of(model);
   const std::vector<analysis::LoadCase> loads = loads_of_sets(model, sets);
-  if (order == Order::first) return in_first_order(frame, loads);
-  return in_second_order(frame, loads, second_order_options(model));
+  switch (order) {
+    case Order::first:
+      return in_first_order(frame, loads);
+    case Order::second:
+      return in_second_order(frame, loads, second_order_options(model));
+    default:
+      return with_large_displacements(frame, loads);
+  }
 }
 
 }  // namespace aluframe::forces

@@ -8,7 +8,9 @@
 
 namespace aluframe::forces {
 
-enum class Order { first, second };
+enum class Order { first, second, large_displacements };
+
+Order order_of(const model::AnalysisSettings& settings);
 
 /// Displacements, reactions and element forces of the model under each of the sets of loads, in
 /// their order. In first order, iterations and change are 0.

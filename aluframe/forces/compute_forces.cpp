@@ -120,10 +120,15 @@ analysis::Result<Summary> second_order(model::Model& model, Summary summary) {
       const analysis::InitialCurvatures& initial = answers.front()->initial;
       curvatures[place] = {initial.terms, initial.powers};
     }
+    if (const auto* growing = analyses.growing(place)) {
+      summary.growing.push_back(
+          {model.combinations[place].number, growing->growth, growing->growing});
+    }
   }
   summary.residual = analyses.largest_residual();
   summary.force_error = analyses.largest_force_error();
   summary.second_order_analyses = analyses.count();
+  summary.large_displacements = model.analysis.large_displacements;
   summary.iterations = analyses.most_iterations();
   model.combined_forces = std::move(table);
   model.combined_curvatures = std::move(curvatures);

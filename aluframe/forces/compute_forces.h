@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "aluframe/analysis/analyse.h"
@@ -8,6 +9,13 @@
 #include "aluframe/model/model.h"
 
 namespace aluframe::forces {
+
+/// A combination whose displacements are too large for second order.
+struct Growing {
+  model::Number combination = 0;
+  double share = 0.0;  ///< of its displacements, that large ones have more
+  std::string moves;   ///< "node 5 moves along Z"
+};
 
 /// What computing forces took, for the user to see.
 struct Summary {
@@ -18,7 +26,9 @@ struct Summary {
   /// Largest estimated error of the forces in any analysis, as a share of the largest force.
   double force_error = 0.0;
   std::size_t second_order_analyses = 0;
-  int iterations = 0;  ///< the most that one of them took
+  bool large_displacements = false;  ///< that these followed
+  int iterations = 0;                ///< the most that one of them took
+  std::vector<Growing> growing;
   /// Given forces at the two ends of elements that are loaded between them: in a combination with
   /// these, nothing is known between the ends.
   std::vector<ElementCase> without_inner;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "aluframe/analysis/large_displacement.h"
 #include "aluframe/forces/frame_buckling.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/imperfections_of_model.h"
@@ -36,19 +37,26 @@ std::optional<std::string> SecondOrderAnalyses::missing_loads(const LoadSet& set
   return std::nullopt;
 }
 
-analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const LoadSet& set) {
-  Key key;
+analysis::Result<SecondOrderResult> SecondOrderAnalyses::analyse(const LoadSet& set) const {
   std::vector<analysis::FactoredCase> cases;
-  for (const auto& entry : set) {
-    key.emplace_back(entry.load_case, entry.factor);
-    cases.push_back({&loads_[entry.load_case], entry.factor});
-  }
-  if (const auto known = answers_.find(key); known != answers_.end()) return &known->second;
+  for (const auto& entry : set) cases.push_back({&loads_[entry.load_case], entry.factor});
   const analysis::LoadCase loads = analysis::combine(cases);
+  if (model_.analysis.large_displacements) {
+    return analysis::analyse_large_displacements(frame_, loads);
+  }
   auto solved = analysis::analyse_second_order(frame_, loads, options_);
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     return with_buckling_factor(std::move(*problem), frame_, loads);
   }
+  return solved;
+}
+
+analysis::Result<const SecondOrderResult*> SecondOrderAnalyses::answer(const LoadSet& set) {
+  Key key;
+  for (const auto& entry : set) key.emplace_back(entry.load_case, entry.factor);
+  if (const auto known = answers_.find(key); known != answers_.end()) return &known->second;
+  auto solved = analyse(set);
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
   const auto [place, is_new] =
       answers_.emplace(std::move(key), std::get<SecondOrderResult>(std::move(solved)));
   const SecondOrderResult& result = place->second;
@@ -76,6 +84,14 @@ analysis::Result<std::vector<const SecondOrderResult*>> SecondOrderAnalyses::ans
     found.push_back(std::get<const SecondOrderResult*>(solved));
   }
   return found;
+}
+
+const SecondOrderResult* SecondOrderAnalyses::growing(std::size_t place) {
+  const auto found = answers(place);
+  const auto* all = std::get_if<std::vector<const SecondOrderResult*>>(&found);
+  if (all == nullptr || all->empty()) return nullptr;
+  const SecondOrderResult* most = *std::ranges::max_element(*all, {}, &SecondOrderResult::growth);
+  return most->growth > analysis::noticeable_growth ? most : nullptr;
 }
 
 }  // namespace aluframe::forces

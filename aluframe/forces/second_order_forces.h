@@ -28,12 +28,16 @@ class SecondOrderAnalyses {
   int most_iterations() const { return most_iterations_; }
   double largest_residual() const { return largest_residual_; }
   double largest_force_error() const { return largest_force_error_; }
+  /// Of the combination at `place`, the answer whose displacements large ones would exceed by most;
+  /// null when none would by a noticeable part. Valid while the object lives.
+  const analysis::SecondOrderResult* growing(std::size_t place);
 
  private:
   /// A set of loads to look it up by.
   using Key = std::vector<std::pair<std::size_t, double>>;
 
   std::optional<std::string> missing_loads(const LoadSet& set) const;
+  analysis::Result<analysis::SecondOrderResult> analyse(const LoadSet& set) const;
   analysis::Result<const analysis::SecondOrderResult*> answer(const LoadSet& set);
 
   const model::Model& model_;

@@ -112,14 +112,32 @@ model::Imperfections read_imperfections(const JsonValue& value, const Scales& sc
   return out;
 }
 
+/// true, false or "large".
+void read_second_order(const JsonObject& object, model::AnalysisSettings& analysis) {
+  const std::optional<JsonValue> value = object.optional("second_order");
+  if (!value) return;
+  constexpr std::string_view allowed = "must be true, false or \"large\"";
+  analysis.large_displacements = value->kind() == JsonValue::Kind::string;
+  if (analysis.large_displacements && value->string() != "large") value->fail_with(allowed);
+  if (!analysis.large_displacements && value->kind() != JsonValue::Kind::boolean) {
+    value->fail_with(allowed);
+  }
+  analysis.second_order = analysis.large_displacements || value->boolean();
+}
+
 model::AnalysisSettings read_analysis_settings(const JsonObject& object, const Scales& scales) {
   model::AnalysisSettings analysis;
-  analysis.second_order = object.boolean_or("second_order", false);
+  read_second_order(object, analysis);
   const auto imperfections = object.optional("imperfections");
   if (!imperfections) return analysis;
   if (!analysis.second_order) {
     imperfections->fail(
         "imperfections act in second order only: set \"second_order\" to true, or leave them out");
+  }
+  if (analysis.large_displacements) {
+    imperfections->fail(
+        "large displacements start from the nodes of the model: displace these in place of "
+        "imperfections, or set \"second_order\" to true");
   }
   analysis.imperfections = read_imperfections(*imperfections, scales);
   return analysis;

@@ -101,7 +101,11 @@ std::string analysis_line(const model::AnalysisSettings& analysis, const Scales&
     imperfections.json("mode", JsonLine().number("amplitude", given.mode, scales.length).str());
   }
   JsonLine line;
-  line.flag("second_order", analysis.second_order);
+  if (analysis.large_displacements) {
+    line.text("second_order", "large");
+  } else {
+    line.flag("second_order", analysis.second_order);
+  }
   if (!imperfections.empty()) line.json("imperfections", imperfections.str());
   return line.str();
 }

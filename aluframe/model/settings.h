@@ -58,7 +58,9 @@ struct Imperfections {
 struct AnalysisSettings {
   /// Axial forces act on the displaced frame, each combination analysed on its own.
   bool second_order = false;
-  Imperfections imperfections;  ///< in second order only
+  /// With `second_order`: displacements and rotations of any size.
+  bool large_displacements = false;
+  Imperfections imperfections;  ///< in second order with small displacements only
 
   friend bool operator==(const AnalysisSettings&, const AnalysisSettings&) = default;
 };

@@ -91,8 +91,8 @@ Result<Analysis> analyse(const Input& input, const AnalysisOptions& options) {
   if (const auto* problem = std::get_if<Problem>(&chosen)) return *problem;
   auto& subjects = std::get<Subjects>(chosen);
   const bool second_order = input.model.analysis.second_order;
-  auto solved = forces::analyse_sets(input.model, subjects.sets,
-                                     second_order ? forces::Order::second : forces::Order::first);
+  auto solved =
+      forces::analyse_sets(input.model, subjects.sets, forces::order_of(input.model.analysis));
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     if (problem->load_case) {
       problem->text =

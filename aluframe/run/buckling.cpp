@@ -56,6 +56,38 @@ Result<std::vector<BucklingSubject>> subjects_of_combinations(
   return out;
 }
 
+/// Combinations, or load cases, and whether they are the former.
+Result<std::pair<bool, std::vector<BucklingSubject>>> chosen_subjects(
+    const Input& input, const BucklingOptions& options) {
+  const bool of_combinations = !options.combinations.empty() ||
+                               (options.cases.empty() && !design_combinations(input.model).empty());
+  auto chosen = of_combinations ? subjects_of_combinations(input, options.combinations)
+                                : subjects_of_cases(input, options.cases);
+  if (auto* problem = std::get_if<Problem>(&chosen)) return std::move(*problem);
+  return std::pair(of_combinations, std::get<std::vector<BucklingSubject>>(std::move(chosen)));
+}
+
+Result<LimitFactor> smallest_limit(const Input& input, const BucklingSubject& subject,
+                                   double largest) {
+  using Kind = analysis::LimitLoad::Kind;
+  LimitFactor factor{.subject = subject.number, .limit = {}, .unknown = subject.unknown};
+  for (const forces::LoadSet& set : subject.sets) {
+    auto found = forces::limit_load(input.model, set, largest);
+    if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
+      if (problem->kind != analysis::Problem::Kind::divergence) {
+        return problem_of(input.file, *problem);
+      }
+      factor.unknown = problem->text;
+      continue;
+    }
+    auto& limit = std::get<analysis::LimitLoad>(found);
+    const bool is_smaller = !factor.limit || limit.factor < factor.limit->factor ||
+                            (limit.kind != Kind::none && factor.limit->kind == Kind::none);
+    if (is_smaller) factor.limit = std::move(limit);
+  }
+  return factor;
+}
+
 /// Kind of the remarks, and among the settings of a run that leaves buckling out.
 constexpr const char* remark_kind = "buckling";
 constexpr const char* setting_key = "buckling";
@@ -109,19 +141,18 @@ const char* remedy_of(const model::AnalysisSettings& analysis) {
 }  // namespace
 
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options) {
-  BucklingAnalysis analysis;
-  analysis.of_combinations = !options.combinations.empty() ||
-                             (options.cases.empty() && !design_combinations(input.model).empty());
-  const auto chosen = analysis.of_combinations
-                          ? subjects_of_combinations(input, options.combinations)
-                          : subjects_of_cases(input, options.cases);
+  const auto chosen = chosen_subjects(input, options);
   if (const auto* problem = std::get_if<Problem>(&chosen)) return *problem;
+  const auto& [of_combinations, subjects] =
+      std::get<std::pair<bool, std::vector<BucklingSubject>>>(chosen);
+  BucklingAnalysis analysis;
+  analysis.of_combinations = of_combinations;
   auto made = forces::FrameBuckling::of(input.model);
   if (const auto* problem = std::get_if<analysis::Problem>(&made)) {
     return problem_of(input.file, *problem);
   }
   auto& frame = std::get<forces::FrameBuckling>(made);
-  for (const BucklingSubject& subject : std::get<std::vector<BucklingSubject>>(chosen)) {
+  for (const BucklingSubject& subject : subjects) {
     const auto modes = smallest_modes(frame, subject, options.modes);
     if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
       return problem_of(input.file, *problem);
@@ -136,6 +167,24 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
     }
     if (!options.reversed) continue;
     analysis.reversed.push_back(reversed_factor(input, frame, subject));
+  }
+  return analysis;
+}
+
+Result<LimitAnalysis> find_limit_loads(const Input& input, const BucklingOptions& options,
+                                       double largest_factor) {
+  if (input.model.analysis.imperfections.any()) {
+    return Problem{input.file.string() + ": /analysis/imperfections: " + no_large_imperfections};
+  }
+  const auto chosen = chosen_subjects(input, options);
+  if (const auto* problem = std::get_if<Problem>(&chosen)) return *problem;
+  const auto& [of_combinations, subjects] =
+      std::get<std::pair<bool, std::vector<BucklingSubject>>>(chosen);
+  LimitAnalysis analysis{.of_combinations = of_combinations, .factors = {}};
+  for (const BucklingSubject& subject : subjects) {
+    auto found = smallest_limit(input, subject, largest_factor);
+    if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
+    analysis.factors.push_back(std::get<LimitFactor>(std::move(found)));
   }
   return analysis;
 }

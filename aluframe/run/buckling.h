@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
+#include "aluframe/forces/limit_load.h"
 #include "aluframe/run/frame_modes.h"
 #include "aluframe/run/input.h"
 
@@ -29,6 +32,23 @@ struct BucklingAnalysis {
 /// Finds the smallest buckling factors of the model under its combinations or load cases, by the
 /// axial forces of first order.
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options);
+
+/// The largest factor of a combination's or a load case's loads that the frame carries, followed
+/// through displacements of any size; of an envelope the smallest of its states.
+struct LimitFactor {
+  model::Number subject = 0;
+  std::optional<analysis::LimitLoad> limit;  ///< nothing: `unknown` says why
+  std::string unknown = {};                  ///< why none is known, of all or of some states
+};
+
+struct LimitAnalysis {
+  bool of_combinations = false;  ///< else of load cases
+  std::vector<LimitFactor> factors;
+};
+
+/// Finds the limit loads of the subjects of `options`, up to a largest factor.
+Result<LimitAnalysis> find_limit_loads(const Input& input, const BucklingOptions& options,
+                                       double largest_factor);
 
 /// Of all combinations of the run the smallest factor, and what an engineer is owed a word about.
 struct RunBuckling {

@@ -63,11 +63,17 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
     const auto rows = io::read_forces_csv(*options.forces, input.model);
     if (const auto* problem = std::get_if<io::Problem>(&rows)) return Problem{problem->message()};
   }
-  const bool second_order = std::exchange(
-      input.model.analysis.second_order, input.model.analysis.second_order || options.second_order);
+  const model::AnalysisSettings given = input.model.analysis;
+  model::AnalysisSettings& analysis = input.model.analysis;
+  analysis.large_displacements = given.large_displacements || options.large_displacements;
+  if (analysis.large_displacements && given.imperfections.any()) {
+    return Problem{options.model.string() + ": /analysis/imperfections: " + no_large_imperfections};
+  }
+  analysis.second_order =
+      given.second_order || options.second_order || analysis.large_displacements;
   input.origins = {.given_settings = std::move(notes.given_settings),
                    .forces = options.forces,
-                   .second_order_asked = options.second_order && !second_order};
+                   .second_order_asked = analysis != given};
   input.digest = io::model_digest(input.model);
   if (const auto text = model::expand_envelopes(input.model)) {
     return Problem{options.model.string() + ": " + *text};

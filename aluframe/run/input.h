@@ -31,10 +31,16 @@ struct InputOptions {
   std::filesystem::path model;
   /// CSV in place of the model's forces.
   std::optional<std::filesystem::path> forces = std::nullopt;
-  bool second_order = false;  ///< whatever the model says
+  bool second_order = false;         ///< whatever the model says
+  bool large_displacements = false;  ///< whatever the model says
   FrameBuckling buckling = FrameBuckling::on;
   bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
 };
+
+/// Why large displacements and imperfections do not go together.
+inline constexpr const char* no_large_imperfections =
+    "large displacements start from the nodes of the model: displace these in place of "
+    "imperfections, or leave --large-displacements and --limit-load out";
 
 /// What the user limits a run to; empty: everything.
 struct Selection {

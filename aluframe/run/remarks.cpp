@@ -79,6 +79,27 @@ void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
   }
 }
 
+/// One row; an envelope's state is told by the envelope.
+void add_of_growth(const Input& input, std::vector<store::RemarkRow>& rows) {
+  const std::vector<forces::Growing>& growing = input.forces.growing;
+  if (growing.empty()) return;
+  const auto& worst = *std::ranges::max_element(growing, {}, &forces::Growing::share);
+  const auto number_of = [&](const forces::Growing& one) {
+    return input.model.combinations.find(one.combination)->state_of.value_or(one.combination);
+  };
+  Numbers numbers;
+  for (const forces::Growing& one : growing) numbers.insert(number_of(one));
+  const std::string name = fmt::format("combination {}", number_of(worst));
+  const std::string all =
+      numbers.size() == 1
+          ? name
+          : "combinations " + model::join_as_ranges({numbers.begin(), numbers.end()});
+  store::RemarkRow row =
+      row_of("displacements", {}, growth_remark(all, name, worst.share, worst.moves));
+  row.combination = number_of(worst);
+  rows.push_back(std::move(row));
+}
+
 /// Peaks of extremes are those of their parts, which second order does not keep.
 constexpr const char* peaks_unknown =
     "combination {}: where extremes of second order peak between the five positions is unknown; "
@@ -107,10 +128,20 @@ void add_of_lengths(const Input& input, std::vector<store::RemarkRow>& rows) {
 
 }  // namespace
 
+std::string growth_remark(const std::string& subjects, const std::string& worst, double share,
+                          const std::string& moves) {
+  return fmt::format(
+      "{}: displacements are too large for second order, those at the displaced nodes are {:.0f} % "
+      "larger under {} ({}), and the frame may snap through at less than its buckling factor: "
+      "follow them (\"second_order\": \"large\", or --large-displacements)",
+      subjects, 100.0 * share, worst, moves);
+}
+
 std::vector<store::RemarkRow> input_remarks(const Input& input) {
   std::vector<store::RemarkRow> rows;
   add_of_positions(input, rows);
   add_of_extremes(input, rows);
+  add_of_growth(input, rows);
   add_of_axes(input.model, rows);
   add_of_sections(input.model, rows);
   add_of_model(input.model, input.length_factors, rows);

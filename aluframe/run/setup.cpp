@@ -108,6 +108,10 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
 }  // namespace
 
 SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origins) {
+  if (model.analysis.large_displacements) {
+    return {"analysis", large_displacements,
+            origins.second_order_asked ? "--large-displacements" : "given"};
+  }
   if (model.analysis.second_order) {
     return {"analysis", analysis_in_words(model),
             origins.second_order_asked ? "--second-order" : "given"};

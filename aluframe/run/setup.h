@@ -11,11 +11,15 @@
 
 namespace aluframe::run {
 
+/// How forces came about where displacements of any size were followed.
+inline constexpr const char* large_displacements = "large displacements";
+
 /// Where what a run goes by comes from.
 struct SetupOrigins {
   std::vector<std::string> given_settings;      ///< fields of the model's "settings"
   std::optional<std::filesystem::path> forces;  ///< file in place of the model's forces
-  bool second_order_asked = false;              ///< on request, not by the model
+  /// On request, not by the model: second order, with large displacements or without.
+  bool second_order_asked = false;
 };
 
 /// The settings that matter for every ratio and where they come from: safety class, ribs, strength

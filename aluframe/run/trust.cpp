@@ -12,6 +12,7 @@
 #include "aluframe/files/file_kind.h"
 #include "aluframe/run/buckling.h"
 #include "aluframe/run/results.h"
+#include "aluframe/run/setup.h"
 
 namespace aluframe::run {
 
@@ -64,7 +65,9 @@ std::string coverage_text(const Coverage& coverage) {
 InputOptions as_checked(const InputOptions& options, const fs::path& file,
                         const store::RunInfo& info) {
   InputOptions out = options;
-  out.second_order = out.second_order || info.setup.second_order_asked;
+  const bool is_large = info.setup.analysis == large_displacements;
+  out.second_order = out.second_order || (info.setup.second_order_asked && !is_large);
+  out.large_displacements = out.large_displacements || (info.setup.second_order_asked && is_large);
   if (buckling_of(info.setup) == FrameBuckling::off) out.buckling = FrameBuckling::off;
   if (!out.forces && !info.setup.forces_file.empty()) {
     out.forces = (file.parent_path() / info.setup.forces_file).lexically_normal();

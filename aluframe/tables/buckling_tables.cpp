@@ -22,6 +22,18 @@ std::string shape_text(bool has_factor, const std::string& shape, const std::str
   return unknown.empty() ? "nothing is compressed, or next to nothing" : "unknown: " + unknown;
 }
 
+/// "snaps through: node 5 moves along Z", "none up to 10 times the loads".
+std::string limit_text(const run::LimitFactor& factor) {
+  if (!factor.limit) return "unknown: " + factor.unknown;
+  using Kind = analysis::LimitLoad::Kind;
+  const analysis::LimitLoad& limit = *factor.limit;
+  std::string text = limit.text;
+  if (limit.kind == Kind::none) text = fmt::format("none up to {:g} times the loads", limit.factor);
+  if (limit.kind == Kind::snap_through) text = "snaps through: " + text;
+  if (limit.kind == Kind::buckling) text = "buckles: " + text;
+  return factor.unknown.empty() ? text : text + "; unknown of other states: " + factor.unknown;
+}
+
 Cell text_or_nothing(const std::string& text) {
   return text.empty() ? Cell() : Cell(text);
 }
@@ -56,6 +68,30 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
       if (other.subject == factor.subject && other.factor)
         add(other, std::string("reversed"), -1.0);
     }
+  }
+  return table;
+}
+
+OutputTable limit_load_table(const model::Model& model, const run::LimitAnalysis& analysis) {
+  const double length = model::millimetres_per(model.units.length);
+  OutputTable table;
+  table.columns = {{.key = analysis.of_combinations ? "combination" : "load_case",
+                    .heading = analysis.of_combinations ? "combination" : "load case"},
+                   {.key = "name", .heading = "name"},
+                   {.key = "factor", .heading = "factor"},
+                   {.key = "limit", .heading = "limit"},
+                   {.key = "node", .heading = "node"},
+                   {.key = "displacement",
+                    .heading = fmt::format("displacement {}", model::name_of(model.units.length))}};
+  for (const run::LimitFactor& factor : analysis.factors) {
+    const auto& limit = factor.limit;
+    const bool is_found = limit && limit->kind != analysis::LimitLoad::Kind::none;
+    const bool moves = limit && limit->node;
+    table.rows.push_back({std::int64_t{factor.subject},
+                          name_of(model, analysis.of_combinations, factor.subject),
+                          is_found ? Cell(limit->factor) : Cell(), limit_text(factor),
+                          moves ? Cell(std::int64_t{model.nodes[*limit->node].number}) : Cell(),
+                          moves ? Cell(limit->largest_displacement / length) : Cell()});
   }
   return table;
 }

@@ -268,9 +268,10 @@ std::string forces_text(const forces::Summary& summary) {
   const std::string accuracy = fmt::format("residual {:.1e}, forces certain to {:.1e}",
                                            summary.residual, summary.force_error);
   if (summary.second_order_analyses > 0) {
-    return fmt::format(
-        "{} second-order analys{}, at most {} iterations, {}", summary.second_order_analyses,
-        summary.second_order_analyses == 1 ? "is" : "es", summary.iterations, accuracy);
+    return fmt::format("{} {} analys{}, at most {} iterations, {}", summary.second_order_analyses,
+                       summary.large_displacements ? "large-displacement" : "second-order",
+                       summary.second_order_analyses == 1 ? "is" : "es", summary.iterations,
+                       accuracy);
   }
   return fmt::format("linear analysis of {} load case{}, {}", summary.load_cases,
                      plural(summary.load_cases), accuracy);

@@ -10,6 +10,7 @@
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/imperfections_text.h"
+#include "aluframe/run/remarks.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -68,6 +69,13 @@ run::Analysis analysed(const AnalyseOptions& options, const run::Input& input) {
                     "frame",
                     model::join_as_ranges(analysis.left_out)));
   }
+  for (std::size_t i = 0; i < analysis.subjects.size(); ++i) {
+    const analysis::SecondOrderResult& answer = analysis.answers[i];
+    if (answer.growing.empty()) continue;
+    const std::string name = fmt::format(
+        "{} {}", analysis.of_combinations ? "combination" : "load case", analysis.subjects[i]);
+    print_message("remark: " + run::growth_remark(name, name, answer.growth, answer.growing));
+  }
   return std::move(analysis);
 }
 
@@ -90,10 +98,13 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
 /// The model and what was analysed, above the tables.
 std::string title_text(const AnalysisView& view) {
   const std::string title = view.model->title.empty() ? "Untitled model" : view.model->title;
-  if (!view.analysis->second_order) return fmt::format("{}: linear analysis\n\n", title);
-  const std::string imperfections = run::imperfections_text(*view.model);
-  return fmt::format("{}: second-order analysis{}{}\n\n", title,
-                     imperfections.empty() ? "" : " with ", imperfections);
+  const char* order = view.model->analysis.large_displacements ? "large-displacement"
+                      : view.analysis->second_order            ? "second-order"
+                                                               : "linear";
+  const std::string imperfections =
+      view.analysis->second_order ? run::imperfections_text(*view.model) : "";
+  return fmt::format("{}: {} analysis{}{}\n\n", title, order, imperfections.empty() ? "" : " with ",
+                     imperfections);
 }
 
 int analyse(const AnalyseOptions& options) {

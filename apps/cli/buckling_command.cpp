@@ -9,10 +9,41 @@
 
 namespace aluframe::cli {
 
-int run_buckling_command(const BucklingCommandOptions& options) {
-  if (!options.subjects.cases.empty() && !options.subjects.combinations.empty()) {
-    return stop({"--cases and --combinations do not go together"});
+namespace {
+
+using Table = run::Result<tables::OutputTable>;
+
+std::optional<std::string> find_mismatch(const BucklingCommandOptions& options) {
+  const run::BucklingOptions& subjects = options.subjects;
+  if (!subjects.cases.empty() && !subjects.combinations.empty()) {
+    return "--cases and --combinations do not go together";
   }
+  if (!options.limit_load && options.largest_factor) {
+    return "--largest-factor goes with --limit-load only";
+  }
+  if (options.limit_load && (subjects.modes != 1 || subjects.reversed)) {
+    return "--limit-load goes neither with --modes nor with --reversed";
+  }
+  return std::nullopt;
+}
+
+Table buckling_table(const run::Input& input, const BucklingCommandOptions& options) {
+  const auto found = run::find_buckling(input, options.subjects);
+  if (const auto* problem = std::get_if<run::Problem>(&found)) return *problem;
+  return tables::buckling_table(input.model, std::get<run::BucklingAnalysis>(found));
+}
+
+Table limit_load_table(const run::Input& input, const BucklingCommandOptions& options) {
+  const auto found = run::find_limit_loads(input, options.subjects,
+                                           options.largest_factor.value_or(usual_largest_factor));
+  if (const auto* problem = std::get_if<run::Problem>(&found)) return *problem;
+  return tables::limit_load_table(input.model, std::get<run::LimitAnalysis>(found));
+}
+
+}  // namespace
+
+int run_buckling_command(const BucklingCommandOptions& options) {
+  if (const auto mismatch = find_mismatch(options)) return stop({*mismatch});
   if (const auto problem =
           files::find_overwriting({{"the output", options.output, files::FileKind::other}},
                                   {{"the model", options.input.model}})) {
@@ -21,10 +52,11 @@ int run_buckling_command(const BucklingCommandOptions& options) {
   const auto read = run::read_input(options.input);
   if (const auto* problem = std::get_if<run::Problem>(&read)) return stop(*problem);
   const auto& input = std::get<run::Input>(read);
-  const auto found = run::find_buckling(input, options.subjects);
-  if (const auto* problem = std::get_if<run::Problem>(&found)) return stop(*problem);
-  const auto table = tables::buckling_table(input.model, std::get<run::BucklingAnalysis>(found));
-  return write_output(tables::render(table, options.format, false), options.output);
+  const Table table =
+      options.limit_load ? limit_load_table(input, options) : buckling_table(input, options);
+  if (const auto* problem = std::get_if<run::Problem>(&table)) return stop(*problem);
+  const auto& rows = std::get<tables::OutputTable>(table);
+  return write_output(tables::render(rows, options.format, false), options.output);
 }
 
 }  // namespace aluframe::cli

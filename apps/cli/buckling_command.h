@@ -8,11 +8,16 @@ namespace aluframe::cli {
 struct BucklingCommandOptions {
   run::InputOptions input;
   run::BucklingOptions subjects;
+  bool limit_load = false;               ///< in place of factors of buckling
+  std::optional<double> largest_factor;  ///< up to which limit loads are looked for
   tables::Format format = tables::Format::table;
   std::optional<std::filesystem::path> output;
 };
 
-/// Shows the factors of the loads at which the frame buckles, and how.
+/// Up to so many times their loads, limit loads are looked for unless told otherwise.
+inline constexpr double usual_largest_factor = 10.0;
+
+/// Shows the factors of the loads at which the frame buckles, and how; or its limit loads.
 /// @return the exit status
 int run_buckling_command(const BucklingCommandOptions& options);
 

@@ -62,6 +62,8 @@ auto one_of(Parse parse, const std::string& allowed) {
 void add_second_order(CLI::App& app, run::InputOptions& input) {
   app.add_flag("--second-order", input.second_order,
                "Compute forces in second order, each combination on its own");
+  app.add_flag("--large-displacements", input.large_displacements,
+               "The same with displacements of any size, up to where the frame snaps through");
 }
 
 void add_allow_outside(CLI::App& app, bool& allow_outside) {
@@ -306,6 +308,15 @@ void add_buckling(CLI::App& app, BucklingCommandOptions& options, int& status) {
       ->type_name("N");
   buckling->add_flag("--reversed", options.subjects.reversed,
                      "Also the factor of all loads the other way round, as a negative one");
+  buckling->add_flag("--limit-load", options.limit_load,
+                     "In their place the largest factors that the frame carries, followed through "
+                     "large displacements");
+  constexpr double most = 1e6;
+  buckling
+      ->add_option("--largest-factor", options.largest_factor,
+                   "Look for limit loads up to this factor; 10 when not given")
+      ->check(CLI::Range(1e-3, most))
+      ->type_name("FACTOR");
   add_format(*buckling, options.format);
   buckling->add_option("--output", options.output, "Write to this file")->type_name("FILE");
   buckling->callback([&] { status = run_buckling_command(options); });

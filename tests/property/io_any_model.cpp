@@ -265,8 +265,11 @@ void add_forces(Model& model) {
 
 /// Imperfections have a place in second order only.
 AnalysisSettings any_analysis() {
-  AnalysisSettings analysis{.second_order = any_flag(), .imperfections = {}};
+  AnalysisSettings analysis;
+  analysis.second_order = any_flag();
   if (!analysis.second_order) return analysis;
+  analysis.large_displacements = any_flag();
+  if (analysis.large_displacements) return analysis;
   const auto any_size = [] { return any_flag() ? any_between(1e-6, 0.1) : 0.0; };
   analysis.imperfections = {any_size(), any_size(), any_size(), any_size(), any_size()};
   return analysis;
