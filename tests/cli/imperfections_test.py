@@ -102,3 +102,11 @@ def test_a_truss_that_buckles_first_leaves_no_mode(strut):
     write(strut, {"mode": {"amplitude": 0.01}})
     error = strut("check", "frame.json", status=1).stderr
     assert "/elements/0: combination 1: the first buckling mode cannot be an imperfection: element 1" in error
+
+
+def test_large_displacements_and_imperfections_do_not_go_together(strut):
+    for arguments in [("check", "frame.json", "--large-displacements"), ("buckling", "frame.json", "--limit-load")]:
+        said = strut(*arguments, status=1).stderr
+        assert said.startswith("frame.json: /analysis/imperfections: large displacements start from the nodes")
+    strut.write(strut.model | {"analysis": {"second_order": "large", "imperfections": {"bow": BOW}}})
+    assert "/analysis/imperfections: large displacements start" in strut("validate", "frame.json", status=1).stderr

@@ -11,6 +11,7 @@ SECTORS = 6
 
 ROOF = 0.20  # glass and frames, kN/m² of plan
 SNOW = 0.45
+IMPERFECTION = 300  # of the span, by which the dome may be out of its shape
 
 
 def sphere_radius() -> float:
@@ -97,9 +98,11 @@ def describe() -> Builder:
         "Reticulated dome",
         "A glazed dome of 40 m with a rise of 5 m, one layer of tubes with rigid joints on a ring of "
         "supports. It buckles as a shell: effective lengths come from its buckling modes, and the "
-        "forces from its loads.",
+        "forces from its loads in second order, out of its shape by the first mode.",
         {"code": "GB50429-2007", "rib": False, "safety_class": 2},
-        {"length_factors": "buckling", "buckling_limit": 4.2})
+        {"length_factors": "buckling", "buckling_limit": 4.2},
+        {"second_order": True,
+         "imperfections": {"mode": {"amplitude": round(2 * RADIUS / IMPERFECTION, 4)}}})
     net = Net(b)
     areas, places = net.areas(), net.places()
     nodes = list(areas)
