@@ -34,8 +34,9 @@ class Buckling::Search {
         solver_(make_solver()),
         space_{frame_, geometry_, equations_, *solver_, {}} {}
 
+  /// @param modes nothing: those near the smallest
   Result<BucklingResult> find(const LoadCase& loads, std::span<const double> axial_forces,
-                              int modes);
+                              std::optional<int> modes);
 
  private:
   BucklingMode mode_of(const FoundFactor& found, const LoadedFrame& loaded,
@@ -80,20 +81,30 @@ BucklingMode Buckling::Search::mode_of(const FoundFactor& found, const LoadedFra
 }
 
 Result<BucklingResult> Buckling::Search::find(const LoadCase& loads,
-                                              std::span<const double> axial_forces, int modes) {
+                                              std::span<const double> axial_forces,
+                                              std::optional<int> modes) {
   const LoadedFrame loaded(frame_, geometry_, equations_, loads, axial_forces);
   BucklingResult result;
   result.compression = loaded.compression();
   if (!loaded.is_compressed()) return result;
   FactorSearch search(space_, loaded, largest_buckling_factor);
-  auto found = search.find(modes);
+  constexpr double certain_near = 1e-3;
+  const int most = most_near_modes(frame_.elements.size());
+  auto found = modes ? search.find(*modes) : search.find_near(near_factors, most, certain_near);
   if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
   result.factorisations = search.factorisations();
+  result.has_passed_over = search.has_passed_over();
   const auto at_rest = loaded.at(0.0);
   for (const FoundFactor& one : std::get<std::vector<FoundFactor>>(found)) {
     result.modes.push_back(mode_of(one, loaded, at_rest->scaled.scale));
   }
   return result;
+}
+
+int most_near_modes(std::size_t elements) {
+  constexpr std::size_t most = 60, least = 4, of_all_elements = 60000;
+  return static_cast<int>(
+      std::clamp(of_all_elements / std::max(elements, std::size_t{1}), least, most));
 }
 
 Buckling::Buckling(const Frame& frame) : search_(std::make_unique<Search>(frame)) {}
@@ -102,6 +113,11 @@ Buckling::~Buckling() = default;
 Result<BucklingResult> Buckling::find(const LoadCase& loads, std::span<const double> axial_forces,
                                       int modes) {
   return search_->find(loads, axial_forces, modes);
+}
+
+Result<BucklingResult> Buckling::find_near(const LoadCase& loads,
+                                           std::span<const double> axial_forces) {
+  return search_->find(loads, axial_forces, std::nullopt);
 }
 
 std::vector<double> axial_forces_at_start(const CaseResult& result) {

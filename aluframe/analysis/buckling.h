@@ -30,8 +30,17 @@ struct BucklingResult {
   std::vector<BucklingMode> modes;
   /// Per element, its largest compression at the factor 1, N; 0 without.
   std::vector<double> compression;
+  /// Whether more factors are near the smallest than were looked for.
+  bool has_passed_over = false;
   int factorisations = 0;
 };
+
+/// How far above the smallest factor others are near it.
+inline constexpr double near_factors = 1.5;
+
+/// How many of them are looked for in a frame of so many elements: fewer in large ones, where each
+/// takes long.
+int most_near_modes(std::size_t elements);
 
 /// Larger factors are those of axial forces that are rounding: the frame does not buckle.
 inline constexpr double largest_buckling_factor = 1e6;
@@ -67,6 +76,10 @@ class Buckling {
   /// @return a problem when the frame without axial forces is not held
   Result<BucklingResult> find(const LoadCase& loads, std::span<const double> axial_forces,
                               int modes = 1);
+
+  /// The smallest factor and those near it: up to `near_factors` times it, all but the smallest
+  /// within a thousandth.
+  Result<BucklingResult> find_near(const LoadCase& loads, std::span<const double> axial_forces);
 
  private:
   class Search;

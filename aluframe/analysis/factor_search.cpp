@@ -60,6 +60,7 @@ FactorSearch::FactorSearch(SearchSpace& space, const LoadedFrame& loaded, double
     : space_(space),
       loaded_(loaded),
       largest_(largest),
+      certain_(certain),
       own_(loaded.smallest_own_factor(largest)),
       small_(small_share * (std::isfinite(own_.factor) ? own_.factor : 1.0)) {}
 
@@ -94,7 +95,7 @@ void FactorSearch::take_trial_modes(Eigen::Index more) {
   const std::vector<double> any = probing_load(static_cast<int>(size * count));
   trial_ = Eigen::Map<const Columns>(any.data(), size, count);
   const Eigen::Index kept = std::min(space_.trial.cols(), count);
-  trial_.leftCols(kept) = space_.trial.leftCols(kept);
+  if (kept > 0) trial_.leftCols(kept) = space_.trial.leftCols(kept);
   trial_ = orthonormal(trial_);
 }
 
@@ -254,7 +255,7 @@ Result<bool> FactorSearch::raise_bracket() {
 FactorSearch::Found FactorSearch::narrow_bracket() {
   const int count = static_cast<int>(found_.size());
   auto& [low, high, below_high] = bracket_;
-  for (int i = 0; high - low > certain / 2.0 * high; ++i) {
+  for (int i = 0; high - low > certain_ / 2.0 * high; ++i) {
     if (i == most_trials) return not_narrowed();
     double middle = (low + high) / 2.0;
     const Below below = factors_below(middle);
@@ -351,16 +352,23 @@ FactorSearch::Found FactorSearch::find_next() {
   return std::nullopt;
 }
 
-Result<std::vector<FoundFactor>> FactorSearch::find(int count) {
+FactorSearch::Found FactorSearch::find_first() {
   auto unloaded = loaded_.at(0.0);
   if (!unloaded) return not_narrowed();
   unloaded_ = std::move(unloaded->scaled);
   base_ = unloaded_;
   if (!unloaded_.scale.empty()) {
-    if (auto problem = find_smallest()) return std::move(*problem);
+    if (auto problem = find_smallest()) return problem;
     keep_trial_modes();
   } else if (own_.factor <= largest_) {
     found_.push_back({own_.factor, {}, own_.element});
+  }
+  return std::nullopt;
+}
+
+Result<std::vector<FoundFactor>> FactorSearch::find(int count) {
+  if (found_.empty()) {
+    if (auto problem = find_first()) return std::move(*problem);
   }
   while (!found_.empty() && static_cast<int>(found_.size()) < count) {
     const std::size_t before = found_.size();
@@ -368,6 +376,22 @@ Result<std::vector<FoundFactor>> FactorSearch::find(int count) {
     if (found_.size() == before) break;
   }
   return std::move(found_);
+}
+
+Result<std::vector<FoundFactor>> FactorSearch::find_near(double range, int most,
+                                                         double certain_share) {
+  if (auto problem = find_first()) return std::move(*problem);
+  if (found_.empty()) return std::move(found_);
+  largest_ = std::min(largest_, range * found_.front().factor);
+  certain_ = certain_share;
+  auto found = find(most);
+  const auto* near = std::get_if<std::vector<FoundFactor>>(&found);
+  if (near == nullptr || static_cast<int>(near->size()) < most) return found;
+  double end = std::min(largest_, loaded_.largest_carried_factor());
+  const Below below = factors_below(end);
+  if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
+  has_passed_over_ = std::get<int>(below) > most;
+  return found;
 }
 
 }  // namespace aluframe::analysis

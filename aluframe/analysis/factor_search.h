@@ -39,6 +39,11 @@ class FactorSearch {
 
   /// The smallest factors, as many as asked for and found.
   Result<std::vector<FoundFactor>> find(int count);
+  /// The smallest, and those up to so many times it, but no more than asked for; others than the
+  /// smallest are certain to a share.
+  Result<std::vector<FoundFactor>> find_near(double range, int most, double certain_share);
+  /// Whether there are more factors in the range than were asked for.
+  bool has_passed_over() const { return has_passed_over_; }
   int factorisations() const { return factorisations_; }
 
  private:
@@ -54,6 +59,7 @@ class FactorSearch {
 
   Found factorise_unloaded();
   Found find_trial_modes();
+  Found find_first();
   Found find_smallest();
   Found find_next();
   Below factors_below(double& factor);
@@ -71,6 +77,7 @@ class FactorSearch {
   SearchSpace& space_;
   const LoadedFrame& loaded_;
   double largest_;  // that is looked for
+  double certain_;  // share to which factors above the smallest are
   OwnFactor own_;
   double small_;              // a factor at which axial forces take little from the stiffness
   ScaledEquations unloaded_;  // at the factor 0
@@ -81,6 +88,7 @@ class FactorSearch {
   std::vector<FoundFactor> found_;
   Bracket bracket_;  // of the last factor found
   int factorisations_ = 0;
+  bool has_passed_over_ = false;
 };
 
 }  // namespace aluframe::analysis

@@ -26,6 +26,15 @@ analysis::Result<FrameBuckling> FrameBuckling::of(const model::Model& model) {
 }
 
 analysis::Result<analysis::BucklingResult> FrameBuckling::under(const LoadSet& set, int modes) {
+  return find(set, modes);
+}
+
+analysis::Result<analysis::BucklingResult> FrameBuckling::near(const LoadSet& set) {
+  return find(set, std::nullopt);
+}
+
+analysis::Result<analysis::BucklingResult> FrameBuckling::find(const LoadSet& set,
+                                                               std::optional<int> modes) {
   Key key{{}, modes};
   for (const auto& entry : set) key.first.emplace_back(entry.load_case, entry.factor);
   if (const auto known = known_.find(key); known != known_.end()) return known->second;
@@ -36,7 +45,8 @@ analysis::Result<analysis::BucklingResult> FrameBuckling::under(const LoadSet& s
     const std::vector<double>& of_case = axial_forces_[entry.load_case];
     for (std::size_t i = 0; i < axial.size(); ++i) axial[i] += entry.factor * of_case[i];
   }
-  auto found = buckling_->find(analysis::combine(cases), axial, modes);
+  const analysis::LoadCase loads = analysis::combine(cases);
+  auto found = modes ? buckling_->find(loads, axial, *modes) : buckling_->find_near(loads, axial);
   if (const auto* result = std::get_if<analysis::BucklingResult>(&found)) {
     known_.emplace(std::move(key), *result);
   }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "aluframe/analysis/buckling.h"
@@ -25,10 +26,16 @@ class FrameBuckling {
   /// @param modes how many factors, at least 1
   analysis::Result<analysis::BucklingResult> under(const LoadSet& set, int modes);
 
+  /// The smallest factor of a set of loads and those near it.
+  analysis::Result<analysis::BucklingResult> near(const LoadSet& set);
+
  private:
-  using Key = std::pair<std::vector<std::pair<std::size_t, double>>, int>;
+  /// Factors of load cases, and how many modes; nothing: those near the smallest.
+  using Key = std::pair<std::vector<std::pair<std::size_t, double>>, std::optional<int>>;
 
   FrameBuckling() = default;
+
+  analysis::Result<analysis::BucklingResult> find(const LoadSet& set, std::optional<int> modes);
 
   std::unique_ptr<analysis::Frame> frame_;
   std::vector<analysis::LoadCase> loads_;          ///< by place of the load case

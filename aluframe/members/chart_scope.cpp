@@ -72,30 +72,21 @@ Objection spring_objection(const MemberSegments& segments, const MemberSegment& 
   return std::nullopt;
 }
 
-/// Whether an end passes moments about both axes on.
-bool is_rigid(const MemberSegments& segments, const ElementEnd& at) {
-  const model::Element& element = segments.model().elements[at.element];
-  return element.kind == model::ElementKind::beam && !element.released[6 * at.end + 4] &&
-         !element.released[6 * at.end + 5];
-}
-
 /// An element at an end in which the axis goes on through a kink, or with a turned section: the two
 /// buckle together. Or an inclined one that a level segment is joined to rigidly: it is a part of a
 /// roof, an arch or a dome, whose elements press each other.
 Objection end_objection(const MemberSegments& segments, const ElementEnd& at,
                         const Eigen::Vector3d& about) {
-  constexpr double cosine_of_30_degrees = 0.8660254;
   Objection objection;
   if (!is_rigid(segments, at) || acts_on_bending(segments, at, about)) return objection;
   const analysis::Geometry& own = segments.geometry(at.element);
   visit_others(segments, at, [&](const ElementEnd& other) {
     const analysis::Geometry& geometry = segments.geometry(other.element);
     if (objection || !is_rigid(segments, other)) return;
-    const bool goes_on =
-        -away_from(own, at.end).dot(away_from(geometry, other.end)) >= cosine_of_30_degrees;
+    const bool is_onward = goes_on(segments, at, other);
     const bool is_straight = are_collinear(own, at.end, geometry, other.end);
-    const bool is_kink = goes_on && !is_straight;
-    const bool is_turn = goes_on && is_straight && !have_parallel_axes(own, geometry);
+    const bool is_kink = is_onward && !is_straight;
+    const bool is_turn = is_onward && is_straight && !have_parallel_axes(own, geometry);
     const bool is_roof = !segments.stands_upright(at.element) && is_inclined(geometry);
     if (!is_kink && !is_turn && !is_roof) return;
     const model::Number number = segments.model().elements[other.element].number;

@@ -8,20 +8,11 @@ namespace aluframe::members {
 
 namespace {
 
-/// Whether an element bends about both its axes up to its end.
-bool passes_moments(const model::Element& element, std::size_t end) {
-  constexpr std::size_t my = 4, mz = 5;
-  return element.kind == model::ElementKind::beam && !element.released[6 * end + my] &&
-         !element.released[6 * end + mz];
-}
-
 bool continues(const MemberSegments& segments, const ElementEnd& at, const ElementEnd& next) {
-  const model::Table<model::Element>& elements = segments.model().elements;
   const analysis::Geometry& here = segments.geometry(at.element);
   const analysis::Geometry& there = segments.geometry(next.element);
   return are_collinear(here, at.end, there, next.end) && have_parallel_axes(here, there) &&
-         passes_moments(elements[at.element], at.end) &&
-         passes_moments(elements[next.element], next.end);
+         is_rigid(segments, at) && is_rigid(segments, next);
 }
 
 /// The one element that continues another past its end, or nothing.

@@ -71,6 +71,20 @@ bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
          !is_restrained_along(segments, at, direction);
 }
 
+bool is_rigid(const MemberSegments& segments, const ElementEnd& at) {
+  constexpr std::size_t my = 4, mz = 5;
+  const model::Element& element = segments.model().elements[at.element];
+  return element.kind == model::ElementKind::beam && !element.released[6 * at.end + my] &&
+         !element.released[6 * at.end + mz];
+}
+
+bool goes_on(const MemberSegments& segments, const ElementEnd& at, const ElementEnd& other) {
+  constexpr double cosine_of_30_degrees = 0.8660254;
+  const Eigen::Vector3d in = away_from(segments.geometry(at.element), at.end);
+  const Eigen::Vector3d out = away_from(segments.geometry(other.element), other.end);
+  return -in.dot(out) >= cosine_of_30_degrees;
+}
+
 bool acts_on_bending(const MemberSegments& segments, const ElementEnd& at,
                      const Eigen::Vector3d& about) {
   const model::Support* support = support_at(segments, at);

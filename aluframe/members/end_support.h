@@ -35,6 +35,12 @@ bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
 bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
                  const Eigen::Vector3d& direction);
 
+/// Whether an end passes moments about both its axes on.
+bool is_rigid(const MemberSegments& segments, const ElementEnd& at);
+
+/// Whether an element goes on in another that it meets: straight, or through a kink of up to 30°.
+bool goes_on(const MemberSegments& segments, const ElementEnd& at, const ElementEnd& other);
+
 /// Whether a support or a spring takes part when an element that ends there bends about an axis: by
 /// the deflection or by the rotation. One that restrains it sideways only does not.
 bool acts_on_bending(const MemberSegments& segments, const ElementEnd& at,

@@ -93,18 +93,27 @@ void take(const model::ElementDesign::AxisPair& given, FactorSource source, Segm
   out.z = {.k = given.z, .source = source};
 }
 
+/// Whether the chart itself has no larger factor.
+bool is_at_bound(const LengthFactor& factor) {
+  return (factor.source == FactorSource::sway || factor.source == FactorSource::cantilever) &&
+         sway_factor(factor.g[0], factor.g[1]) >= largest_factor;
+}
+
 /// A factor that the model does not give.
 LengthFactor chosen(const MemberSegments& segments, const MemberSegment& segment, Axis axis,
                     const std::optional<ModeLength>& mode) {
   const model::FrameSettings frame = segments.model().frame.value_or(model::FrameSettings{});
-  LengthFactor factor;
-  const auto objection = chart_objection(segments, segment, axis);
-  if (mode && (objection || frame.length_factors == model::LengthFactors::buckling)) {
-    factor = {.k = mode->k, .source = FactorSource::mode};
-  } else {
-    factor = by_chart(segments, segment, axis);
+  LengthFactor factor = by_chart(segments, segment, axis);
+  factor.objection = chart_objection(segments, segment, axis).value_or("");
+  if (factor.objection.empty() && is_at_bound(factor)) {
+    factor.objection = "nothing at its ends resists its sway";
   }
-  factor.objection = objection.value_or("");
+  const bool asks = frame.length_factors == model::LengthFactors::buckling;
+  if (!mode || (factor.objection.empty() && !asks)) return factor;
+  // Another mode may lie between the first of the loads and one far from it.
+  if (!mode->is_near && mode->k < factor.k) return factor;
+  factor.k = mode->k;
+  factor.source = FactorSource::mode;
   return factor;
 }
 

@@ -59,7 +59,8 @@ struct SegmentFactors {
 /// elsewhere) factors are 1, and of trusses.
 ///
 /// Others are those of the modes (mode_lengths.h), where these tell of them, when the model asks
-/// for them, or when no chart holds (chart_scope.h). The rest are computed from the ends
+/// for them, or when no chart holds (chart_scope.h) or has a factor. A mode far from the first of
+/// its loads takes no smaller factor than the chart. The rest are computed from the ends
 /// (end_restraint.h):
 /// - An end that no other element meets and no support restrains makes a cantilever, and one that
 ///   alone restrains what lies beyond it (cantilever_ends.h), unless it is a column's and braced.

@@ -82,10 +82,10 @@ analysis::Result<std::vector<SubjectMode>> smallest_modes(forces::FrameBuckling&
   for (const forces::LoadSet& set : subject.sets) {
     auto found = frame.under(set, count);
     if (auto* problem = std::get_if<analysis::Problem>(&found)) return std::move(*problem);
-    auto& [modes, compression, factorisations] = std::get<analysis::BucklingResult>(found);
-    for (analysis::BucklingMode& mode : modes) {
+    auto& result = std::get<analysis::BucklingResult>(found);
+    for (analysis::BucklingMode& mode : result.modes) {
       all.insert(std::ranges::upper_bound(all, mode.factor, {}, factor),
-                 {std::move(mode), compression});
+                 {std::move(mode), result.compression});
     }
   }
   if (all.size() > static_cast<std::size_t>(count)) all.resize(static_cast<std::size_t>(count));

@@ -48,43 +48,78 @@ std::vector<BucklingSubject> subjects_of_run(const Input& input) {
   return all;
 }
 
-members::FrameMode frame_mode(model::Number combination, SubjectMode found) {
-  return {.combination = combination,
-          .factor = found.mode.factor,
-          .work = std::move(found.mode.work),
-          .compression = std::move(found.compression)};
+/// Modes with factors that differ by less than a share of them stand for one: any mixture of them
+/// is a mode as well, so that one alone tells of some members by chance.
+class ModesOfSet {
+ public:
+  ModesOfSet(model::Number combination, const analysis::BucklingResult& found, bool is_near)
+      : combination_(combination), is_near_(is_near) {
+    for (const analysis::BucklingMode& mode : found.modes) add(mode, found.compression);
+  }
+
+  std::vector<members::FrameMode> take() && { return std::move(modes_); }
+
+ private:
+  void add(const analysis::BucklingMode& mode, const std::vector<double>& compression) {
+    constexpr double same = 4e-3;
+    if (modes_.empty() || mode.factor > modes_.back().factor * (1.0 + same)) {
+      modes_.push_back({combination_, mode.factor, is_near_, mode.work, compression});
+      return;
+    }
+    std::vector<analysis::AxialWork>& work = modes_.back().work;
+    for (std::size_t i = 0; i < work.size(); ++i) {
+      work[i].about_y += std::max(0.0, mode.work[i].about_y);
+      work[i].about_z += std::max(0.0, mode.work[i].about_z);
+    }
+  }
+
+  model::Number combination_;
+  bool is_near_;
+  std::vector<members::FrameMode> modes_;
+};
+
+void add(std::vector<members::FrameMode> modes, FrameModes& out) {
+  std::ranges::move(modes, std::back_inserter(out.modes));
 }
 
-/// Adds the modes of a subject, and what is told of its smallest factor.
+/// Adds the modes of all sets of a subject, and what is told of its smallest factor.
 void add_modes(const Input& input, forces::FrameBuckling& frame, const BucklingSubject& subject,
                FrameModes& out) {
-  auto modes = smallest_modes(frame, subject, 1);
-  BucklingFactor factor{.subject = subject.number, .factor = std::nullopt};
-  if (const auto* problem = std::get_if<analysis::Problem>(&modes)) {
-    factor.unknown = problem->text;
-  } else if (auto& found = std::get<std::vector<SubjectMode>>(modes); !found.empty()) {
-    factor = factor_of(input.model, subject.number, found.front().mode);
-    factor.unknown = subject.unknown;
-    out.modes.push_back(frame_mode(subject.number, std::move(found.front())));
-  } else {
-    factor.unknown = subject.unknown;
+  BucklingFactor smallest{
+      .subject = subject.number, .factor = std::nullopt, .unknown = subject.unknown};
+  for (const forces::LoadSet& set : subject.sets) {
+    auto found = frame.near(set);
+    if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
+      smallest = {.subject = subject.number, .factor = std::nullopt, .unknown = problem->text};
+      break;
+    }
+    const auto& result = std::get<analysis::BucklingResult>(found);
+    if (result.modes.empty()) continue;
+    if (!smallest.factor || result.modes.front().factor < *smallest.factor) {
+      smallest = factor_of(input.model, subject.number, result.modes.front());
+      smallest.unknown = subject.unknown;
+    }
+    add(ModesOfSet(subject.number, result, true).take(), out);
+    if (!result.has_passed_over) continue;
+    if (out.passed_over.empty() || out.passed_over.back() != subject.number) {
+      out.passed_over.push_back(subject.number);
+    }
   }
-  out.factors.push_back(std::move(factor));
+  out.factors.push_back(std::move(smallest));
 }
 
-/// Adds modes beyond the first of the combination with the smallest factor: others may buckle in
-/// them, or the same about their other axis.
+/// Adds modes further from the first of the combination with the smallest factor: others may buckle
+/// in them, or the same about their other axis.
 void add_modes_of_governing(forces::FrameBuckling& frame,
                             const std::vector<BucklingSubject>& subjects, FrameModes& out) {
   const auto governing = std::ranges::min_element(out.modes, {}, &members::FrameMode::factor);
   if (governing == out.modes.end()) return;
   const model::Number number = governing->combination;
   const auto subject = std::ranges::find(subjects, number, &BucklingSubject::number);
-  auto modes = smallest_modes(frame, *subject, modes_of_governing);
-  auto* found = std::get_if<std::vector<SubjectMode>>(&modes);
-  if (found == nullptr) return;
-  for (std::size_t i = 1; i < found->size(); ++i) {
-    out.modes.push_back(frame_mode(number, std::move((*found)[i])));
+  for (const forces::LoadSet& set : subject->sets) {
+    auto found = frame.under(set, modes_of_governing);
+    const auto* result = std::get_if<analysis::BucklingResult>(&found);
+    if (result != nullptr) add(ModesOfSet(number, *result, false).take(), out);
   }
 }
 

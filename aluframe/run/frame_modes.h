@@ -29,6 +29,8 @@ struct BucklingFactor {
 struct FrameModes {
   std::vector<BucklingFactor> factors;    ///< the smallest of every combination, by number
   std::vector<members::FrameMode> modes;  ///< of these, and others that length factors follow from
+  /// Combinations with more modes near the first than were looked for.
+  std::vector<model::Number> passed_over;
 };
 
 /// Asked before every combination; what is left when it says no is not worked out.

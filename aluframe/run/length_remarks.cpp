@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "aluframe/analysis/buckling.h"
 #include "aluframe/model/number_ranges.h"
 
 namespace aluframe::run {
@@ -66,14 +67,17 @@ void add_below_modes(const std::vector<SegmentFactors>& factors,
   if (below.empty()) return;
   const NamedFactor& worst = *std::ranges::max_element(below, {}, shortfall);
   const members::ModeLength& mode = *worst.factor->mode;
+  const bool is_truss = worst.factor->source == members::FactorSource::truss;
   rows.push_back(row_of(
       below, worst,
       fmt::format("effective length factors are smaller than the frame's buckling mode has them: "
                   "{} is {:.3f} ({}), by the mode of combination {} at {:.3g} times its loads "
-                  "{:.3f}; take them from the modes (\"frame\": {{\"length_factors\": "
-                  "\"buckling\"}}), or give them",
+                  "{:.3f}; {}",
                   title(worst), worst.factor->k, members::name_of(worst.factor->source),
-                  mode.combination, mode.factor, mode.k)));
+                  mode.combination, mode.factor, mode.k,
+                  is_truss ? "trusses keep 1: hold their nodes, or give their factors"
+                           : "take them from the modes (\"frame\": {\"length_factors\": "
+                             "\"buckling\"}), or give them")));
 }
 
 bool is_any_unknown(const FrameModes* modes) {
@@ -97,6 +101,22 @@ void add_guessed(const std::vector<SegmentFactors>& factors, const FrameModes* m
                          title(first), first.factor->k, first.factor->objection)));
 }
 
+/// Members that buckle in modes beyond may have factors that are too small.
+void add_passed_over(const FrameModes* modes, std::vector<store::RemarkRow>& rows) {
+  if (modes == nullptr || modes->passed_over.empty()) return;
+  std::vector<model::Number> numbers = modes->passed_over;
+  std::ranges::sort(numbers);
+  store::RemarkRow row;
+  row.kind = remark_kind;
+  row.combination = numbers.front();
+  row.text = fmt::format(
+      "combination {}: more buckling modes than were looked at have factors up to {:g} times the "
+      "smallest; members that buckle in those alone have length factors of charts: see what "
+      "buckles first (`aluframe buckling --modes`), and stiffen it or give length factors",
+      model::join_as_ranges(numbers), analysis::near_factors);
+  rows.push_back(std::move(row));
+}
+
 }  // namespace
 
 std::vector<store::RemarkRow> length_remarks(const std::vector<SegmentFactors>& factors,
@@ -104,6 +124,7 @@ std::vector<store::RemarkRow> length_remarks(const std::vector<SegmentFactors>& 
   std::vector<store::RemarkRow> rows;
   add_below_modes(factors, rows);
   add_guessed(factors, modes, rows);
+  add_passed_over(modes, rows);
   return rows;
 }
 

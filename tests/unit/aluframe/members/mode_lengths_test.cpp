@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "aluframe/members/chart_equations.h"
 #include "aluframe/members/length_factors.h"
 #include "frames.h"
 
@@ -57,18 +58,19 @@ TEST(ModeLengths, AreNotToldOfSegmentsThatDoLessThanATenthOfTheMost) {
   }
 }
 
-TEST(ModeLengths, AreTheLargestOfModesUpToTwiceTheSmallestFactor) {
+TEST(ModeLengths, AreTheLargestOfModesThatPressHalfAsMuchAndOfTheSmallestFactor) {
   FrameBuilder frame = portal();
   const MemberSegments segments(frame.model());
   const auto of = [](double factor, double compression) {
     return mode_of(static_cast<Number>(factor), factor, {{1.0, 0}, {0, 0}, {0, 0}},
                    {compression, 0, 0});
   };
-  const std::vector near{of(2.0, euler / 2), of(3.0, euler / 12)};
-  EXPECT_NEAR(mode_lengths(segments, near)[0].y.value().k, 2.0, 1e-12);
-  EXPECT_EQ(mode_lengths(segments, near)[0].y->combination, 3U);
-  const std::vector far{of(2.0, euler / 2), of(5.0, euler / 80)};
-  EXPECT_NEAR(mode_lengths(segments, far)[0].y.value().k, 1.0, 1e-12);
+  const auto k_of = [&](const std::vector<FrameMode>& modes) {
+    return mode_lengths(segments, modes)[0].y.value().k;
+  };
+  EXPECT_NEAR(k_of({of(2.0, euler / 2), of(3.0, euler / 3.6)}), std::sqrt(1.2), 1e-12);
+  EXPECT_NEAR(k_of({of(2.0, euler / 2), of(3.0, euler / 12)}), 1.0, 1e-12);
+  EXPECT_NEAR(k_of({of(4.0, euler / 4), of(3.0, euler / 12)}), 2.0, 1e-12);
 }
 
 TEST(ModeLengths, OfAMemberGoByItsWholeLengthAndLargestCompression) {
@@ -80,8 +82,7 @@ TEST(ModeLengths, OfAMemberGoByItsWholeLengthAndLargestCompression) {
   EXPECT_NEAR(mode_lengths(segments, modes)[0].y.value().k, 2.0, 1e-12);
 }
 
-// The upper part has half the stiffness and a quarter of the load, so it does not decide; with half
-// of the load it would have the smaller factor of the two.
+// The upper part has half the stiffness; under less than half of the load it counts with half.
 TEST(ModeLengths, OfAMemberOfTwoSectionsAreTheLargerOfThoseThatCarry) {
   FrameBuilder frame;
   frame.node(1, 0, 0, 0).node(2, 0, 0, 1).node(3, 0, 0, 3).beam(1, 1, 2).beam(2, 2, 3).fixed(1);
@@ -97,7 +98,39 @@ TEST(ModeLengths, OfAMemberOfTwoSectionsAreTheLargerOfThoseThatCarry) {
   };
   EXPECT_NEAR(k_with(0.25), 1.0, 1e-12);
   EXPECT_NEAR(k_with(0.9), 1.0, 1e-12);
-  EXPECT_NEAR(k_with(0.5), 1.0, 1e-12);
+  half.given.iyy = FrameBuilder::inertia * 2;
+  frame.model().sections.replace(half);
+  const MemberSegments stiff(frame.model());
+  const std::vector modes{mode_of(1, 1.0, {{0.5, 0}, {0.5, 0}}, {euler, euler / 10})};
+  EXPECT_NEAR(mode_lengths(stiff, modes)[0].y.value().k, 2.0, 1e-12);
+}
+
+// The upper piece of a cantilever does most of the work, the lower one bends: both buckle.
+TEST(ModeLengths, AreToldOfAllPiecesOfALine) {
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 0).node(2, 0, 0, 3).node(3, 0, 0, 6).beam(1, 1, 2).beam(2, 2, 3).fixed(1);
+  const std::vector modes{mode_of(1, 1.0, {{0.05, 0}, {0.95, 0}}, {euler / 16, euler / 16})};
+  const MemberSegments line(frame.model());
+  EXPECT_NEAR(mode_lengths(line, modes)[0].y.value().k, 4.0, 1e-12);
+  frame.node(4, 3, 0, 3).beam(3, 2, 4).fixed(4);
+  const std::vector held{
+      mode_of(1, 1.0, {{0.05, 0}, {0.95, 0}, {0, 0}}, {euler / 16, euler / 16, 0})};
+  const MemberSegments storeys(frame.model());
+  EXPECT_FALSE(mode_lengths(storeys, held)[0].y) << "a beam to a support ends the line";
+}
+
+TEST(ModeLengths, OfModesFarFromTheFirstStandWhereNoOthersTell) {
+  FrameBuilder frame = portal();
+  const MemberSegments segments(frame.model());
+  FrameMode far = sway(1, 8.0);
+  far.is_near = false;
+  const std::vector both{sway(1, 2.0), far}, alone{far};
+  EXPECT_NEAR(mode_lengths(segments, both)[0].y.value().k, 1.0, 1e-12);
+  EXPECT_NEAR(mode_lengths(segments, alone)[0].y.value().k, 0.5, 1e-12);
+  EXPECT_FALSE(mode_lengths(segments, alone)[0].y->is_near);
+  frame.model().frame = model::FrameSettings{.length_factors = model::LengthFactors::buckling};
+  const LengthFactor factor = length_factors(frame.model(), alone)[0].y;
+  EXPECT_EQ(factor.source, FactorSource::sway) << "it is larger than that of the mode";
 }
 
 TEST(LengthFactors, AreThoseOfModesWhenTheModelAsks) {
@@ -148,6 +181,19 @@ TEST(LengthFactors, SayWhyChartsDoNotHold) {
   EXPECT_EQ(objection_to(changing), "its section changes at node 2");
   EXPECT_EQ(objection_to(sprung), "a spring holds node 2");
   EXPECT_EQ(length_factors(sprung.model())[0].z.objection, "") << "the spring acts along Z";
+}
+
+// A column on hinges whose head may sway: no chart has a factor, and a mode tells.
+TEST(LengthFactors, AreThoseOfModesWhereTheChartIsAtItsBound) {
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 0).node(2, 0, 0, 3).node(3, 3, 0, 3).node(4, 3, 0, 0);
+  frame.beam(1, 1, 2).beam(2, 4, 3).beam(3, 2, 3).hinged(1).fixed(4).release(3, {my_start});
+  EXPECT_EQ(length_factors(frame.model())[0].y.k, largest_factor);
+  const std::vector modes{sway(1, 2.0)};
+  const LengthFactor factor = length_factors(frame.model(), modes)[0].y;
+  EXPECT_EQ(factor.source, FactorSource::mode);
+  EXPECT_NEAR(factor.k, 1.0, 1e-12);
+  EXPECT_EQ(factor.objection, "nothing at its ends resists its sway");
 }
 
 // Two lone elements end to end, and a beam on an inclined one.
