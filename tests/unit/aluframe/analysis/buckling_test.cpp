@@ -211,6 +211,48 @@ TEST(Buckling, SharesTheWorkOfTheAxialForces) {
   EXPECT_NEAR(found.modes[0].work[1].sum(), 0.0, 1e-9);
 }
 
+// An upright element has y along Y and z against X: what moves along X bends it about y.
+TEST(Buckling, TellsAboutWhichAxisTheAxialForcesWork) {
+  for (const auto kind : {ElementKind::beam, ElementKind::truss}) {
+    for (const std::size_t along : {0U, 1U}) {
+      std::array<bool, 6> top{false, false, false, false, false, true};
+      top[1 - along] = true;
+      Column c = column(1, 4000.0, {true, true, true, false, false, true}, top);
+      c.frame.elements[0].kind = kind;
+      Spring spring{.node = 1, .stiffness = {}};
+      spring.stiffness[along] = 2.0;
+      c.frame.springs.push_back(spring);
+      const BucklingResult found = buckle(c.frame, c.loads);
+      // A pendulum on a spring: P = k·L (Timoshenko and Gere, article 2.3).
+      EXPECT_NEAR(found.modes[0].factor, 2.0 * 4000.0 / 1000.0, 1e-5);
+      EXPECT_NEAR(found.modes[0].work[0].about_y, along == 0 ? 1.0 : 0.0, 1e-6);
+      EXPECT_NEAR(found.modes[0].work[0].about_z, along == 0 ? 0.0 : 1.0, 1e-6);
+      EXPECT_NEAR(found.compression[0], 1000.0, 1e-6);
+    }
+  }
+}
+
+TEST(Buckling, FindsAllModesNearTheFirst) {
+  // A round cantilever buckles both ways at once; the next factors are nine times as large.
+  Stiffness round = plain_stiffness();
+  round.iyy = round.izz;
+  const Column c = column(1, 4000.0, clamped, {}, round);
+  const auto axial =
+      axial_forces_at_start(std::get<Solution>(analyse(c.frame, std::span(&c.loads, 1))).cases[0]);
+  auto found = std::get<BucklingResult>(Buckling(c.frame).find_near(c.loads, axial));
+  ASSERT_EQ(found.modes.size(), 2U);
+  EXPECT_FALSE(found.has_passed_over);
+  const double exact = pi * pi / 4 * round.e * round.izz / (4000.0 * 4000.0) / 1000.0;
+  for (const BucklingMode& mode : found.modes) EXPECT_NEAR(mode.factor, exact, 1e-3 * exact);
+}
+
+TEST(Buckling, LooksForFewerModesInLargeFrames) {
+  EXPECT_EQ(most_near_modes(0), 60);
+  EXPECT_EQ(most_near_modes(1000), 60);
+  EXPECT_EQ(most_near_modes(3000), 20);
+  EXPECT_EQ(most_near_modes(50000), 4);
+}
+
 TEST(Buckling, BeginsANewSearchWithTheModesBefore) {
   const Column c = column(5, 4000.0, clamped, {});
   Buckling buckling(c.frame);

@@ -218,6 +218,16 @@ TEST(FindMembers, RunColumnsOnPastABracketThatLeadsBackToThem) {
   EXPECT_EQ(chains_of(frame), (Chains{{1, 2, 3}}));
 }
 
+// The way from the arm to the ground leads along the column to the beam at its other joint.
+TEST(FindMembers, EndColumnsAtTheBeamThatHoldsThemAndNotAtAnArmBesideIt) {
+  FrameBuilder frame;
+  for (Number i = 0; i < 4; ++i) frame.node(i + 1, 0, 0, 2.0 * i);
+  frame.beam(1, 1, 2).beam(2, 2, 3).beam(3, 3, 4);
+  frame.node(5, 1, 0, 2).node(6, 4, 0, 4).beam(4, 2, 5).beam(5, 3, 6).fixed(6);
+  frame.hinged(1).support(4, {true, true, false, false, false, false});
+  EXPECT_EQ(chains_of(frame), both);
+}
+
 TEST(FindMembers, RunBeamsOnUnderAPostThatNothingElseHolds) {
   for (const bool is_held : {false, true}) {
     FrameBuilder frame = straight_beam();
