@@ -3,6 +3,7 @@
 import subprocess
 
 import pytest
+from program import in_memory
 
 RANGE = "must be between 0.001 and 100000 mm"
 # Numbers of a dimension that is not allowed, as a designation writes them.
@@ -12,8 +13,7 @@ WILD = ["1000000000000", "1" + "0" * 20, "1" + "0" * 38, "100000.01", "0.0009", 
 
 def refused(aluframe, *arguments):
     """The one message, which comes within seconds and without more than 1 GB of memory."""
-    done = subprocess.run(["sh", "-c", 'ulimit -v 1000000; exec "$0" "$@"', aluframe.path,
-                           *map(str, arguments)], cwd=aluframe.folder, capture_output=True,
+    done = subprocess.run([*in_memory(1_000_000), aluframe.path, *map(str, arguments)], cwd=aluframe.folder, capture_output=True,
                           text=True, check=False, timeout=20)
     assert done.returncode == 1, done.stderr
     assert done.stdout == "" and len(done.stderr.splitlines()) == 1
@@ -95,7 +95,7 @@ def test_a_model_with_a_wild_property_is_refused(aluframe, pipe_beam, field, num
     "T 100000x100000x0.001x50000", "C 100000x100000x0.001x30000", "2C 100000x100000x0.001x0.001",
     "P 100000x0.001", "P 100000x50000", "SR 0.001", "SR 100000"])
 def test_any_ratio_of_plates_is_shown_in_little_memory(aluframe, name, mesh):
-    done = subprocess.run(["sh", "-c", 'ulimit -v 2000000; exec "$0" "$@"', aluframe.path, "section",
+    done = subprocess.run([*in_memory(2_000_000), aluframe.path, "section",
                            name, "--mesh", str(mesh), "--svg", "a.svg"], cwd=aluframe.folder,
                           capture_output=True, text=True, check=False, timeout=60)
     assert done.returncode == 0, done.stderr

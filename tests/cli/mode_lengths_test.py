@@ -202,7 +202,8 @@ def test_equal_frames_have_equal_factors(aluframe):
     one = mast_with_pendulum(0)
     many = one | {"nodes": [], "elements": [], "supports": [], "frame": {"length_factors": "buckling"}}
     loads = []
-    for copy in range(5):
+    copies = 12
+    for copy in range(copies):
         many["nodes"] += [node | {"number": node["number"] + 4 * copy, "y": 7 * copy} for node in one["nodes"]]
         many["elements"] += [element | {"number": element["number"] + 3 * copy,
                                         "nodes": [n + 4 * copy for n in element["nodes"]]}
@@ -212,9 +213,9 @@ def test_equal_frames_have_equal_factors(aluframe):
                   for load in one["load_cases"][0]["nodal"]]
     many["load_cases"] = [one["load_cases"][0] | {"nodal": loads}]
     aluframe.write(many)
-    masts = [row for row in aluframe.json("members", "frame.json") if row["elements"] in ("1", "4", "7", "10", "13")]
-    assert [row["ky_source"] for row in masts] == ["mode"] * 5
-    assert [row["ky"] for row in masts] == pytest.approx([masts[0]["ky"]] * 5, rel=2e-3)
+    masts = [row for row in aluframe.json("members", "frame.json") if int(row["elements"]) % 3 == 1]
+    assert [row["ky_source"] for row in masts] == ["mode"] * copies
+    assert [row["ky"] for row in masts] == pytest.approx([masts[0]["ky"]] * copies, rel=2e-3)
 
 
 def test_factors_are_those_of_the_combination_that_has_the_larger_one_under_like_loads(aluframe):

@@ -6,7 +6,7 @@ import subprocess
 
 import pytest
 
-from program import ROOT
+from program import IS_SANITIZED, ROOT
 
 # The points of docs/points.md; the first one is worked out there.
 EXAMPLE = (ROOT / "examples" / "points.jsonl").read_text(encoding="utf-8").splitlines()[0]
@@ -109,6 +109,7 @@ def peak_memory(program, lines):
     return usage.ru_maxrss
 
 
+@pytest.mark.skipif(IS_SANITIZED, reason="sanitizers keep memory that is given back")
 def test_memory_does_not_grow_with_the_input(aluframe):
     # 20,000 lines are 12 MB of text. Two runs of one size differ by well under 2 MB.
     assert peak_memory(aluframe.path, 20_000) < peak_memory(aluframe.path, 100) + 2_000

@@ -50,6 +50,15 @@ PIPE_BEAM = {
 }
 
 
+# A program with sanitizers takes memory and addresses of another order.
+IS_SANITIZED = bool(os.environ.get("ALUFRAME_SANITIZE"))
+
+
+def in_memory(kilobytes):
+    """What stands in front of a command that may have so much memory."""
+    return [] if IS_SANITIZED else ["sh", "-c", f'ulimit -v {kilobytes}; exec "$0" "$@"']
+
+
 class Program:
     """The program under test, run in a folder of its own."""
 

@@ -109,9 +109,14 @@ TEST(ModeLengths, OfAMemberOfTwoSectionsAreTheLargerOfThoseThatCarry) {
 TEST(ModeLengths, AreToldOfAllPiecesOfALine) {
   FrameBuilder frame;
   frame.node(1, 0, 0, 0).node(2, 0, 0, 3).node(3, 0, 0, 6).beam(1, 1, 2).beam(2, 2, 3).fixed(1);
-  const std::vector modes{mode_of(1, 1.0, {{0.05, 0}, {0.95, 0}}, {euler / 16, euler / 16})};
   const MemberSegments line(frame.model());
-  EXPECT_NEAR(mode_lengths(line, modes)[0].y.value().k, 4.0, 1e-12);
+  for (const double lower : {0.05, 0.95}) {
+    const std::vector modes{
+        mode_of(1, 1.0, {{lower, 0}, {1 - lower, 0}}, {euler / 16, euler / 16})};
+    for (const auto& told : mode_lengths(line, modes)) {
+      EXPECT_NEAR(told.y.value().k, 4.0, 1e-12) << lower;
+    }
+  }
   frame.node(4, 3, 0, 3).beam(3, 2, 4).fixed(4);
   const std::vector held{
       mode_of(1, 1.0, {{0.05, 0}, {0.95, 0}, {0, 0}}, {euler / 16, euler / 16, 0})};
