@@ -7,8 +7,8 @@
 
 namespace aluframe::members {
 
-/// A buckling mode of the frame under the loads of a combination, or several with one factor. By
-/// element, in the order of the model:
+/// A buckling mode of the frame under the loads of a combination. By element, in the order of
+/// the model:
 struct FrameMode {
   model::Number combination = 0;
   double factor = 0.0;  ///< of the loads at which the frame buckles so

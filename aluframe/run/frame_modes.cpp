@@ -48,38 +48,14 @@ std::vector<BucklingSubject> subjects_of_run(const Input& input) {
   return all;
 }
 
-/// Modes with factors that differ by less than a share of them stand for one: any mixture of them
-/// is a mode as well, so that one alone tells of some members by chance.
-class ModesOfSet {
- public:
-  ModesOfSet(model::Number combination, const analysis::BucklingResult& found, bool is_near)
-      : combination_(combination), is_near_(is_near) {
-    for (const analysis::BucklingMode& mode : found.modes) add(mode, found.compression);
+void add(model::Number combination, analysis::BucklingResult found, bool is_near, FrameModes& out) {
+  for (analysis::BucklingMode& mode : found.modes) {
+    out.modes.push_back({.combination = combination,
+                         .factor = mode.factor,
+                         .is_near = is_near,
+                         .work = std::move(mode.work),
+                         .compression = found.compression});
   }
-
-  std::vector<members::FrameMode> take() && { return std::move(modes_); }
-
- private:
-  void add(const analysis::BucklingMode& mode, const std::vector<double>& compression) {
-    constexpr double same = 4e-3;
-    if (modes_.empty() || mode.factor > modes_.back().factor * (1.0 + same)) {
-      modes_.push_back({combination_, mode.factor, is_near_, mode.work, compression});
-      return;
-    }
-    std::vector<analysis::AxialWork>& work = modes_.back().work;
-    for (std::size_t i = 0; i < work.size(); ++i) {
-      work[i].about_y += std::max(0.0, mode.work[i].about_y);
-      work[i].about_z += std::max(0.0, mode.work[i].about_z);
-    }
-  }
-
-  model::Number combination_;
-  bool is_near_;
-  std::vector<members::FrameMode> modes_;
-};
-
-void add(std::vector<members::FrameMode> modes, FrameModes& out) {
-  std::ranges::move(modes, std::back_inserter(out.modes));
 }
 
 /// Adds the modes of all sets of a subject, and what is told of its smallest factor.
@@ -93,17 +69,15 @@ void add_modes(const Input& input, forces::FrameBuckling& frame, const BucklingS
       smallest = {.subject = subject.number, .factor = std::nullopt, .unknown = problem->text};
       break;
     }
-    const auto& result = std::get<analysis::BucklingResult>(found);
+    auto& result = std::get<analysis::BucklingResult>(found);
     if (result.modes.empty()) continue;
     if (!smallest.factor || result.modes.front().factor < *smallest.factor) {
       smallest = factor_of(input.model, subject.number, result.modes.front());
       smallest.unknown = subject.unknown;
     }
-    add(ModesOfSet(subject.number, result, true).take(), out);
-    if (!result.has_passed_over) continue;
-    if (out.passed_over.empty() || out.passed_over.back() != subject.number) {
-      out.passed_over.push_back(subject.number);
-    }
+    const bool is_told = !out.passed_over.empty() && out.passed_over.back() == subject.number;
+    if (result.has_passed_over && !is_told) out.passed_over.push_back(subject.number);
+    add(subject.number, std::move(result), true, out);
   }
   out.factors.push_back(std::move(smallest));
 }
@@ -118,8 +92,8 @@ void add_modes_of_governing(forces::FrameBuckling& frame,
   const auto subject = std::ranges::find(subjects, number, &BucklingSubject::number);
   for (const forces::LoadSet& set : subject->sets) {
     auto found = frame.under(set, modes_of_governing);
-    const auto* result = std::get_if<analysis::BucklingResult>(&found);
-    if (result != nullptr) add(ModesOfSet(number, *result, false).take(), out);
+    auto* result = std::get_if<analysis::BucklingResult>(&found);
+    if (result != nullptr) add(number, std::move(*result), false, out);
   }
 }
 
