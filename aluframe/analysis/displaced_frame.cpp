@@ -79,7 +79,7 @@ NodeValues DisplacedFrame::displacements(const FrameState& state) const {
   return values;
 }
 
-/// @return false where a piece has no answer
+/// @return false where a piece has none
 template <class Use>
 bool DisplacedFrame::for_each_piece(const FrameState& state, Wanted wanted, const Use& use) const {
   for (std::size_t i = 0; i < pieces_.size(); ++i) {
@@ -99,7 +99,7 @@ std::optional<DisplacedFrame::Forces> DisplacedFrame::forces(const FrameState& s
     out.unbalanced[i] *= state.factor;
     out.scale.include(i, out.unbalanced[i]);
   }
-  const bool has_answer = for_each_piece(state, Wanted::forces, [&](std::size_t i, const auto& r) {
+  const bool has_forces = for_each_piece(state, Wanted::forces, [&](std::size_t i, const auto& r) {
     const Vector12 of_loads = state.factor * loads_[i].on_nodes;
     out.on_pieces.push_back(r.forces - of_loads);
     out.axial_forces.push_back(r.axial_force);
@@ -111,7 +111,7 @@ std::optional<DisplacedFrame::Forces> DisplacedFrame::forces(const FrameState& s
     }
     add_at_ends(cut_.frame.elements[i], Vector12(-out.on_pieces.back()), out.unbalanced);
   });
-  if (!has_answer) return std::nullopt;
+  if (!has_forces) return std::nullopt;
   for (const Spring& spring : cut_.frame.springs) {
     const Pose& pose = state.nodes[spring.node];
     const Eigen::Vector3d turned = pose.rotation_vector();
@@ -127,11 +127,12 @@ std::optional<DisplacedFrame::Forces> DisplacedFrame::forces(const FrameState& s
 std::optional<DisplacedFrame::Tangent> DisplacedFrame::factorise(const FrameState& state) {
   std::vector<Matrix12> stiffness(pieces_.size());
   Tangent tangent;
-  const bool has_answer = for_each_piece(state, Wanted::tangent, [&](std::size_t i, const auto& r) {
-    stiffness[i] = r.tangent;
-    tangent.negative_pivots += r.negative_pivots;
-  });
-  if (!has_answer) return std::nullopt;
+  const bool has_tangent =
+      for_each_piece(state, Wanted::tangent, [&](std::size_t i, const auto& r) {
+        stiffness[i] = r.tangent;
+        tangent.negative_pivots += r.negative_pivots;
+      });
+  if (!has_tangent) return std::nullopt;
   const StiffnessSource source = [&](std::size_t i, ElementStiffness& k) {
     k.condensed = stiffness[i];
     k.unreleased = stiff_[i];

@@ -89,7 +89,8 @@ model::Model cut_strut(bool as_one_member) {
   add_node(model, 30, span / 2, 0, 0);
   model.elements.replace(beam(5, 20, 30));
   model.elements.add(beam(6, 30, 10));
-  if (as_one_member) model.members.add({.number = 1, .name = "", .elements = {5, 6}, .length_factors = {}});
+  if (as_one_member)
+    model.members.add({.number = 1, .name = "", .elements = {5, 6}, .length_factors = {}});
   add_case(model, push_and_moment(0.5 * euler, 0.0));
   add_sum(model, {{1, 1.0}});
   return with_forces(model);
