@@ -14,6 +14,7 @@
 #include "aluframe/analysis/dense_kernels.h"
 #include "aluframe/analysis/dense_tiles.h"
 #include "aluframe/analysis/shared_work.h"
+#include "vector_widths.h"
 
 namespace aluframe::analysis {
 namespace {
@@ -135,15 +136,8 @@ int any(int from, int to, std::mt19937& random) {
   return std::uniform_int_distribution<int>(from, to)(random);
 }
 
-class VectorWidth : public testing::TestWithParam<int> {
- protected:
-  void SetUp() override {
-    if (!has_vectors_of(GetParam())) {
-      GTEST_SKIP() << "this processor has no vectors of " << GetParam() << " doubles";
-    }
-  }
-};
-INSTANTIATE_TEST_SUITE_P(Doubles, VectorWidth, testing::Values(2, 4, 8),
+class VectorWidth : public testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(Doubles, VectorWidth, testing::ValuesIn(vector_widths()),
                          testing::PrintToStringParamName());
 
 TEST_P(VectorWidth, FormsEverySumInItsOrder) {

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "aluframe/analysis/dense_tiles.h"
-#include "aluframe/analysis/shared_work.h"
 #include "frames.h"
+#include "vector_widths.h"
 
 namespace aluframe::analysis {
 namespace {
@@ -65,13 +65,10 @@ void expect_same(const Solution& found, const Solution& expected) {
 }
 
 class FrameUnderVectorWidth : public testing::TestWithParam<int> {};
-INSTANTIATE_TEST_SUITE_P(Doubles, FrameUnderVectorWidth, testing::Values(4, 8),
+INSTANTIATE_TEST_SUITE_P(Doubles, FrameUnderVectorWidth, testing::ValuesIn(vector_widths()),
                          testing::PrintToStringParamName());
 
 TEST_P(FrameUnderVectorWidth, HasTheDigitsOfVectorsOfTwo) {
-  if (!has_vectors_of(GetParam())) {
-    GTEST_SKIP() << "this processor has no vectors of " << GetParam() << " doubles";
-  }
   const int before = use_vectors_of(2);
   const Solution expected = solution_of_lattice();
   use_vectors_of(GetParam());
@@ -79,8 +76,8 @@ TEST_P(FrameUnderVectorWidth, HasTheDigitsOfVectorsOfTwo) {
   use_vectors_of(before);
 }
 
+// Where there is but one, dense_width_test.cpp compares numbers of threads all the same.
 TEST(FrameOnOneProcessor, HasTheDigitsOfTwo) {
-  if (threads_for_products() < 2) GTEST_SKIP() << "this process may use one processor only";
   cpu_set_t all, one;
   ASSERT_EQ(sched_getaffinity(0, sizeof all, &all), 0);
   CPU_ZERO(&one);
