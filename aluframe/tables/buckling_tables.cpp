@@ -38,17 +38,19 @@ Cell text_or_nothing(const std::string& text) {
   return text.empty() ? Cell() : Cell(text);
 }
 
+Column subject_column(bool of_combinations) {
+  if (of_combinations) return {.key = "combination", .heading = "combination"};
+  return {.key = "load_case", .heading = "load case"};
+}
+
 }  // namespace
 
 OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysis& analysis) {
   OutputTable table;
-  table.columns = {{.key = analysis.of_combinations ? "combination" : "load_case",
-                    .heading = analysis.of_combinations ? "combination" : "load case"},
-                   {.key = "name", .heading = "name"},
-                   {.key = "mode", .heading = "mode"},
-                   {.key = "factor", .heading = "factor"},
-                   {.key = "shape", .heading = "shape"},
-                   {.key = "elements", .heading = "elements"}};
+  table.columns = {
+      subject_column(analysis.of_combinations), {.key = "name", .heading = "name"},
+      {.key = "mode", .heading = "mode"},       {.key = "factor", .heading = "factor"},
+      {.key = "shape", .heading = "shape"},     {.key = "elements", .heading = "elements"}};
   const auto add = [&](const run::BucklingFactor& factor, const Cell& mode, double sign) {
     table.rows.push_back({std::int64_t{factor.subject},
                           name_of(model, analysis.of_combinations, factor.subject), mode,
@@ -75,8 +77,7 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
 OutputTable limit_load_table(const model::Model& model, const run::LimitAnalysis& analysis) {
   const double length = model::millimetres_per(model.units.length);
   OutputTable table;
-  table.columns = {{.key = analysis.of_combinations ? "combination" : "load_case",
-                    .heading = analysis.of_combinations ? "combination" : "load case"},
+  table.columns = {subject_column(analysis.of_combinations),
                    {.key = "name", .heading = "name"},
                    {.key = "factor", .heading = "factor"},
                    {.key = "limit", .heading = "limit"},
