@@ -93,12 +93,6 @@ void take(const model::ElementDesign::AxisPair& given, FactorSource source, Segm
   out.z = {.k = given.z, .source = source};
 }
 
-/// Whether the chart itself has no larger factor.
-bool is_at_bound(const LengthFactor& factor) {
-  return (factor.source == FactorSource::sway || factor.source == FactorSource::cantilever) &&
-         sway_factor(factor.g[0], factor.g[1]) >= largest_factor;
-}
-
 /// A factor that the model does not give.
 LengthFactor chosen(const MemberSegments& segments, const MemberSegment& segment, Axis axis,
                     const std::optional<ModeLength>& mode) {
@@ -161,6 +155,11 @@ bool is_below_mode(const LengthFactor& factor) {
   constexpr double tolerated = 1.05;
   const bool is_own_choice = is_of_chart(factor.source) || factor.source == FactorSource::truss;
   return is_own_choice && factor.mode && factor.k * tolerated < factor.mode->k;
+}
+
+bool is_at_bound(const LengthFactor& factor) {
+  return (factor.source == FactorSource::sway || factor.source == FactorSource::cantilever) &&
+         sway_factor(factor.g[0], factor.g[1]) >= largest_factor;
 }
 
 bool is_guessed(const LengthFactor& factor) {

@@ -42,6 +42,9 @@ struct LengthFactor {
 /// Whether a factor that the program chose lies more than a twentieth below what a mode tells.
 bool is_below_mode(const LengthFactor& factor);
 
+/// Whether a chart gives the factor and has no larger one: the joints resist nothing.
+bool is_at_bound(const LengthFactor& factor);
+
 /// Whether a chart gives a factor that it does not hold for.
 bool is_guessed(const LengthFactor& factor);
 

@@ -14,14 +14,7 @@ namespace aluframe::remarks {
 namespace {
 
 using members::FactorSource;
-using members::LengthFactor;
 using members::SegmentFactors;
-
-/// Whether the chart itself has no larger factor: the joints of the element resist nothing.
-bool is_at_bound(const LengthFactor& factor) {
-  return (factor.source == FactorSource::sway || factor.source == FactorSource::cantilever) &&
-         members::sway_factor(factor.g[0], factor.g[1]) >= members::largest_factor;
-}
 
 void add_all(Concerned& concerned, const model::Model& model, const SegmentFactors& segment,
              double value) {
@@ -73,7 +66,7 @@ std::optional<Remark> factor_at_bound(Subject& subject) {
   const model::Model& model = subject.model;
   Concerned concerned;
   for (const SegmentFactors& segment : subject.factors) {
-    if (!is_at_bound(segment.y) && !is_at_bound(segment.z)) continue;
+    if (!members::is_at_bound(segment.y) && !members::is_at_bound(segment.z)) continue;
     add_all(concerned, model, segment, std::max(segment.y.k, segment.z.k));
   }
   if (concerned.empty()) return std::nullopt;
