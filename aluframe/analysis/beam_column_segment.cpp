@@ -12,6 +12,13 @@ namespace {
 constexpr int most_powers = 200;
 constexpr double negligible = 1e-19;
 
+/// 1/(k+1).
+constexpr auto over_next = [] {
+  std::array<double, most_powers> values{};
+  for (int k = 0; k < most_powers; ++k) values[static_cast<std::size_t>(k)] = 1.0 / (k + 1);
+  return values;
+}();
+
 double integral(std::span<const double> polynomial, double to) {
   double sum = 0.0;
   for (std::size_t k = polynomial.size(); k-- > 0;) {
@@ -48,12 +55,16 @@ void complete_by_statics(const Vector4& rigid_rotation, double length, Matrix4& 
 
 BeamColumnSegment::BeamColumnSegment(const BendingPlane& plane, std::vector<SegmentPiece> pieces,
                                      double curvature)
-    : plane_(plane), curvature_(curvature * plane.length), shear_(plane.shear / 12.0) {
+    : plane_(plane),
+      curvature_(curvature * plane.length),
+      shear_(plane.shear / 12.0),
+      is_loaded_(curvature != 0.0) {
   for (const SegmentPiece& piece : pieces) {
     const Coefficients& own = pieces_.emplace_back(coefficients_of(piece));
     mean_axial_ += integral(own.axial, own.length);
     is_uneven_ = is_uneven_ || own.axial != pieces_.front().axial || own.axial[1] != 0.0 ||
                  own.axial[2] != 0.0;
+    is_loaded_ = is_loaded_ || own.is_loaded();
   }
   if (!is_uneven_) mean_axial_ = pieces_.front().axial[0];
   by_moment_ = at_end({.moment = 1.0});
@@ -107,7 +118,7 @@ void BeamColumnSegment::advance(const Coefficients& piece, const Start& start, d
     const double earlier = n1 * slope_1 + n2 * slope_2;
     const double slope = (rotation + shear_ * (force - earlier)) * by_shear;
     const double bowing = n0 * slope + earlier;
-    const double next = 1.0 / (k + 1);
+    const double next = over_next[at];
     const double bend = k == 0 && start.has_loads ? moment + curvature_ : moment;
     rotation = bend * next;
     moment = (bowing - force) * next;
@@ -153,21 +164,16 @@ Eigen::Vector2d BeamColumnSegment::start_for(double deflection, double rotation)
          determinant;
 }
 
-/// The start that also brings the end back to rest.
-BeamColumnSegment::Start BeamColumnSegment::fixed(Start start) const {
+/// Forces acting ON the segment at its two ends, which bring the end back to rest.
+Vector4 BeamColumnSegment::restoring_forces(const Start& start) const {
   const State end = at_end(start);
   const Eigen::Vector2d more = start_for(-end.deflection, -end.rotation);
-  start.moment += more[0];
-  start.across += more[1];
-  return start;
-}
-
-/// Forces acting ON the segment at its two ends.
-Vector4 BeamColumnSegment::end_forces(const Start& start) const {
-  const State end = at_end(start);
+  const double across = by_moment_.across * more[0] + by_across_.across * more[1];
+  const double moment = by_moment_.moment * more[0] + by_across_.moment * more[1];
   const double length = plane_.length;
   return plane_.ei / length *
-         Vector4(-start.across / length, -start.moment, end.across / length, end.moment);
+         Vector4(-(start.across + more[1]) / length, -(start.moment + more[0]),
+                 (end.across + across) / length, end.moment + moment);
 }
 
 Matrix4 BeamColumnSegment::stiffness() const {
@@ -184,7 +190,8 @@ Matrix4 BeamColumnSegment::stiffness() const {
 }
 
 Vector4 BeamColumnSegment::fixed_end() const {
-  return end_forces(fixed({.has_loads = true}));
+  if (!is_loaded_) return Vector4::Zero();
+  return restoring_forces({.has_loads = true});
 }
 
 /// Beside the line turned as a rigid body, which takes the mean axial force across, it deflects
@@ -193,7 +200,7 @@ Vector4 BeamColumnSegment::rigid_rotation() const {
   const double by_mean = mean_axial_ * plane_.ei / (plane_.length * plane_.length);
   const Vector4 mean = by_mean * Vector4(-1.0, 0.0, 1.0, 0.0);
   if (!is_uneven_) return mean;
-  return mean + end_forces(fixed({.has_uneven_axial_force = true}));
+  return mean + restoring_forces({.has_uneven_axial_force = true});
 }
 
 /// The start that displaces both ends as given, under the loads.

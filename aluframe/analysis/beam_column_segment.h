@@ -74,6 +74,11 @@ class BeamColumnSegment {
     std::array<double, 3> axial{}, load{};
     double force_at_end = 0.0, moment_at_end = 0.0;
     std::vector<double> lean;  ///< axial force times the slope before it is loaded; empty: straight
+
+    bool is_loaded() const {
+      return load[0] != 0.0 || load[1] != 0.0 || force_at_end != 0.0 || moment_at_end != 0.0 ||
+             !lean.empty();
+    }
   };
 
   Coefficients coefficients_of(const SegmentPiece& piece) const;
@@ -82,8 +87,7 @@ class BeamColumnSegment {
   void advance(const Coefficients& piece, const Start& start, double distance, State& state) const;
   Start start_between(const Vector4& ends) const;
   Eigen::Vector2d start_for(double deflection, double rotation) const;
-  Start fixed(Start start) const;
-  Vector4 end_forces(const Start& start) const;
+  Vector4 restoring_forces(const Start& start) const;
 
   BendingPlane plane_;
   std::vector<Coefficients> pieces_;
@@ -91,6 +95,7 @@ class BeamColumnSegment {
   double shear_ = 0.0;       ///< EI/(GAs·L²)
   double mean_axial_ = 0.0;  ///< of N·L²/EI
   bool is_uneven_ = false;
+  bool is_loaded_ = false;
   State by_moment_, by_across_;  ///< at the end, by a unit of either at the start
 };
 

@@ -94,9 +94,8 @@ Result<BucklingResult> Buckling::Search::find(const LoadCase& loads,
   if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
   result.factorisations = search.factorisations();
   result.has_passed_over = search.has_passed_over();
-  const auto at_rest = loaded.at(0.0);
   for (const FoundFactor& one : std::get<std::vector<FoundFactor>>(found)) {
-    result.modes.push_back(mode_of(one, loaded, at_rest->scaled.scale));
+    result.modes.push_back(mode_of(one, loaded, search.scale()));
   }
   return result;
 }

@@ -123,13 +123,15 @@ FactorSearch::Found FactorSearch::find_trial_modes() {
   if (!slightly) return not_narrowed();
   const SymmetricMatrix taken = difference(unloaded_.matrix, slightly->scaled.matrix);
   constexpr int most_steps = 12;
-  constexpr double settled = 0.03;
+  constexpr double settled = 0.01;
   double before = 0.0;
+  Columns taken_by_trial = times(taken, trial_);
   for (int step = 0; step < most_steps; ++step) {
-    trial_ = times(taken, trial_);
+    trial_ = taken_by_trial;
     space_.solver.solve({trial_.data(), static_cast<std::size_t>(trial_.size())});
     trial_ = orthonormal(trial_);
-    const auto ratio = largest_ratio(trial_.transpose() * times(taken, trial_),
+    taken_by_trial = times(taken, trial_);
+    const auto ratio = largest_ratio(trial_.transpose() * taken_by_trial,
                                      trial_.transpose() * times(unloaded_.matrix, trial_));
     if (!ratio) return std::nullopt;
     if (ratio->value > 0.0 && std::abs(ratio->value - before) <= settled * ratio->value) break;
@@ -151,15 +153,16 @@ void FactorSearch::improve_trial_modes(int steps) {
 
 /// The smallest factor at which the stiffness, projected on the trial modes, is singular: secants
 /// from the lower bound, where it is positive definite, and then from nearer such factors.
+/// @param known a factor that it is not far above
 /// @param share of the factor that may stay uncertain
-std::optional<FoundFactor> FactorSearch::projected_factor(double share) {
+std::optional<FoundFactor> FactorSearch::projected_factor(double known, double share) {
   const auto projected = [&](const ScaledEquations& equations) -> Columns {
     return trial_.transpose() * times(equations.matrix, trial_);
   };
   const double limit = std::min(own_.factor, largest_) * (1.0 - certain);
   double low = lower_;
   Columns at_low = projected(base_);
-  double factor = lower_ > 0.0 ? lower_ * (1.0 + near_share) : small_;
+  double factor = lower_ > 0.0 ? std::min(lower_ * (1.0 + near_share), known) : small_;
   constexpr int most_secants = 20;
   for (int i = 0; i < most_secants; ++i) {
     factor = std::min(factor, limit);
@@ -196,18 +199,19 @@ FactorSearch::Found FactorSearch::find_smallest() {
   if (has_searched) {
     if (auto problem = find_trial_modes()) return problem;
   }
-  const auto first = projected_factor(near_share);
+  const auto first = projected_factor(best.factor, near_share);
   double trial = (first ? first->factor : best.factor) * (1.0 - near_share);
+  bool is_close = false;  // so that one step of inverse iteration leaves nothing else
   for (int i = 0; i < most_trials; ++i) {
     const double aim = trial;
     const Below below = factors_below(trial);
     if (const auto* problem = std::get_if<Problem>(&below)) return *problem;
-    improve_trial_modes(steps_of_inverse_iteration);
+    improve_trial_modes(is_close ? 1 : steps_of_inverse_iteration);
     const bool is_below = std::get<int>(below) == 0;
     if (is_below) {
       lower_ = trial;
       base_ = current_.scaled;
-      take(projected_factor(certain / 1000.0));
+      take(projected_factor(best.factor, certain / 1000.0));
       // Singular from here to where it was aimed at: as near as rounding lets it come.
       const bool is_singular = trial < aim * (1.0 - certain);
       if (best.factor * (1.0 - certain) <= trial || is_singular) {
@@ -215,10 +219,11 @@ FactorSearch::Found FactorSearch::find_smallest() {
         if (is_mode) found_.push_back(std::move(best));
         return std::nullopt;
       }
-      const bool is_near = best.factor * (1.0 - 2.0 * near_share) <= trial;
-      trial = best.factor * (1.0 - (is_near ? certain / 2.0 : near_share));
+      is_close = best.factor * (1.0 - 2.0 * near_share) <= trial;
+      trial = best.factor * (1.0 - (is_close ? certain / 2.0 : near_share));
       continue;
     }
+    is_close = false;
     if (!has_searched) {
       has_searched = true;
       take_trial_modes();
@@ -226,7 +231,7 @@ FactorSearch::Found FactorSearch::find_smallest() {
     }
     const double refuted = trial;
     best = {refuted, trial_.col(0), std::nullopt};
-    const bool is_better = take(projected_factor(certain / 1000.0));
+    const bool is_better = take(projected_factor(best.factor, certain / 1000.0));
     trial = is_better ? best.factor * (1.0 - near_share)
                       : (lower_ > 0.0 ? std::sqrt(lower_ * refuted) : refuted / 4.0);
     if (trial <= lower_) trial = std::sqrt(lower_ * best.factor);

@@ -45,6 +45,8 @@ class FactorSearch {
   /// Whether there are more factors in the range than were asked for.
   bool has_passed_over() const { return has_passed_over_; }
   int factorisations() const { return factorisations_; }
+  /// What the displacements of modes are scaled with.
+  std::span<const double> scale() const { return unloaded_.scale; }
 
  private:
   using Found = std::optional<Problem>;
@@ -69,7 +71,7 @@ class FactorSearch {
   void take_trial_modes(Eigen::Index more = 0);
   void keep_trial_modes();
   void improve_trial_modes(int steps);
-  std::optional<FoundFactor> projected_factor(double certain);
+  std::optional<FoundFactor> projected_factor(double known, double share);
   std::optional<std::size_t> own_mode_in_bracket() const;
   Columns modes_in_bracket() const;
   Eigen::VectorXd mode_in_bracket();
