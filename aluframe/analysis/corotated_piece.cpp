@@ -171,6 +171,20 @@ std::optional<CorotatedPiece::Motion> CorotatedPiece::motion_of(const Pose& star
   return m;
 }
 
+std::optional<CorotatedPiece::Deformations> CorotatedPiece::deformations(const Pose& start,
+                                                                         const Pose& end) const {
+  const auto motion = motion_of(start, end);
+  if (!motion) return std::nullopt;
+  return Deformations{motion->deformations, motion->gradient};
+}
+
+double CorotatedPiece::energy(const Natural& d) const {
+  const Eigen::Vector2d z = d.segment<2>(1), y = d.segment<2>(3);
+  return (axial_ * d[0] * d[0] + z.dot(bending_z_ * z) + y.dot(bending_y_ * y) +
+          torsion_ * d[5] * d[5]) /
+         2.0;
+}
+
 /// Forces and stiffness of deformations, no release taken into account.
 /// @param loads forces that are there without deformations
 CorotatedPiece::Inner CorotatedPiece::elastic(const Natural& d, const Natural& loads) const {

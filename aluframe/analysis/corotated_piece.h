@@ -75,6 +75,19 @@ class CorotatedPiece {
 
   enum class Wanted { forces, tangent };
 
+  static constexpr int natural = 6;  ///< deformations: longer, z1, z2, y1, y2, twist
+  using Natural = Eigen::Matrix<double, natural, 1>;
+  /// Deformations as they follow from the two nodes, released rotations 0, and what small motions
+  /// of the nodes add to them: displacements and spins, global axes.
+  struct Deformations {
+    Natural value;
+    Eigen::Matrix<double, natural, 12> gradient;
+  };
+  /// @return nothing where the piece is no longer one
+  std::optional<Deformations> deformations(const Pose& start, const Pose& end) const;
+  /// Energy of deformations, N·mm, apart from what an axial force adds.
+  double energy(const Natural& deformations) const;
+
   /// @param load_factor of the loads
   /// @return nothing where the ends have turned so far against the chord that the piece is no
   ///         longer one, or the released ends have no equilibrium
@@ -82,8 +95,6 @@ class CorotatedPiece {
                                    double load_factor, Wanted wanted) const;
 
  private:
-  static constexpr int natural = 6;  // longer, z1, z2, y1, y2, twist
-  using Natural = Eigen::Matrix<double, natural, 1>;
   using NaturalMatrix = Eigen::Matrix<double, natural, natural>;
   struct Motion;
   struct Inner;

@@ -36,7 +36,9 @@ class DisplacedFrame {
     std::vector<Vector12> on_pieces;   ///< acting ON each, its own loads included; global axes
     std::vector<double> axial_forces;  ///< of pieces, between the loads on their ends
     NodeValues unbalanced;  ///< what loads exert on nodes, less what pieces and springs take
-    Norms scale;            ///< of the largest force and moment of a load or a piece
+    /// Of the largest force and moment of a load or a piece, and of what temperatures and displaced
+    /// supports would exert on a frame that gives way nowhere.
+    Norms scale;
   };
   /// @return nothing where pieces are deformed beyond what they can be
   std::optional<Forces> forces(const FrameState& state) const;
@@ -54,11 +56,20 @@ class DisplacedFrame {
   /// The change of the unbalanced forces per unit of the load factor.
   std::optional<NodeValues> load_rate(const FrameState& state) const;
 
+  /// Whether every piece deforms between two states as a step foresees at the first of them, by and
+  /// large: a piece that does otherwise has gone to another branch of the path, however little it
+  /// has moved beside others.
+  /// @param steps foreseen of the free directions, with a change of the load factor
+  bool deforms_as_foreseen(const FrameState& from, const Steps& steps, double factor_change,
+                           const FrameState& to) const;
+
   /// Six values a node: displacements and rotation vectors.
   NodeValues displacements(const FrameState& state) const;
   NodeValues node_values(const Steps& steps) const;
 
  private:
+  Norms held_forces() const;
+  Norms scale_of(Norms scale, double factor) const;
   template <class Use>
   bool for_each_piece(const FrameState& state, CorotatedPiece::Wanted wanted, const Use& use) const;
 
@@ -70,6 +81,9 @@ class DisplacedFrame {
   std::vector<Vector12> stiff_;  // diagonals that stiffness is measured by
   NodeValues nodal_, prescribed_;
   bool has_settlements_ = false;
+  bool has_loads_ = false;  // forces on nodes or on pieces
+  Norms held_;              // of temperatures and displaced supports, if nothing gave way
+  Norms rounding_;          // of forces of pieces
   std::unique_ptr<LinearSolver> solver_;
 };
 

@@ -24,7 +24,7 @@ constexpr double balanced = 1e-12, almost_balanced = 1e-9;
 /// A critical point lies between two states whose load factors differ by this part.
 constexpr double closed_in = 1e-4;
 /// Part of the first step below which none is tried, and how many are.
-constexpr double shortest = 1e-9;
+constexpr double shortest = 1e-11;
 constexpr int most_steps = 2000;
 
 double mean_length(const CutFrame& cut) {
@@ -149,10 +149,19 @@ double EquilibriumPath::cosine(const Point& a, const Point& b) const {
 /// One step along the path, or to the target where that is nearer.
 std::optional<EquilibriumPath::Point> EquilibriumPath::advance(const Point& from, double length,
                                                                double target) {
-  const double change = from.direction * length / speed(from), left = target - from.state.factor;
-  const bool lands = change >= left * (1.0 - 1e-12);
-  const auto state = correct(from, lands ? left : change, lands ? Control::load : Control::arc);
+  double change = from.direction * length / speed(from);
+  const double left = target - from.state.factor;
+  bool lands = change >= left * (1.0 - 1e-12);
+  auto state = lands ? correct(from, left, Control::load) : correct(from, change, Control::arc);
+  if (state && !lands && state->factor > target) {
+    lands = true;
+    state = correct(from, left, Control::load);
+  }
   if (!state) return std::nullopt;
+  if (lands) change = left;
+  if (!displaced_.deforms_as_foreseen(from.state, change * from.rate, change, *state)) {
+    return std::nullopt;
+  }
   const Steps way = way_;
   auto point = point_at(*state, &way);
   if (!point || cosine(from, *point) < least_cosine) return std::nullopt;
@@ -175,7 +184,7 @@ EquilibriumPath::End EquilibriumPath::follow(double target) {
   Point point = std::move(*first);
   factor_weight_ = std::max(square(point.rate, 0.0), 1e-300);
   const double whole = target * speed(point);
-  double length = whole, largest = 0.0;
+  double length = whole;
   std::optional<Point> beyond;  // the first state known to lie beyond a critical point
   for (int step = 0; step < most_steps; ++step) {
     auto next = advance(point, length, target);
@@ -185,7 +194,6 @@ EquilibriumPath::End EquilibriumPath::follow(double target) {
       if (length < shortest * whole) break;
       continue;
     }
-    largest = std::max(largest, next->state.factor);
     if (next->critical > 0) {
       beyond = std::move(next);
     } else {
@@ -196,19 +204,24 @@ EquilibriumPath::End EquilibriumPath::follow(double target) {
     if (!beyond) continue;
     length /= 2.0;
     const double uncertain = 2.0 * length / speed(point);
-    if (uncertain > closed_in * std::max(largest, point.state.factor)) continue;
+    const double larger = std::max(point.state.factor, beyond->state.factor);
+    if (uncertain > closed_in * point.state.factor) continue;
     const auto element = point.buckled ? point.buckled : beyond->buckled;
     const bool is_own = element && beyond->tangent.negative_pivots == 0;
     const PathEnd how = is_own                    ? PathEnd::element_buckling
                         : beyond->direction < 0.0 ? PathEnd::limit_point
                                                   : PathEnd::bifurcation;
     const double factor =
-        how == PathEnd::limit_point ? largest : (point.state.factor + beyond->state.factor) / 2.0;
+        how == PathEnd::limit_point ? larger : (point.state.factor + beyond->state.factor) / 2.0;
     End end = end_of(how, std::move(point), factor);
-    if (is_own) end.element = element;
+    if (is_own) {
+      end.element = element;
+    } else {
+      end.beyond = std::move(beyond->tangent.scaled.matrix);
+    }
     return end;
   }
-  const double factor = point.state.factor;
+  const double factor = std::max(point.state.factor, 0.0);
   return end_of(PathEnd::lost, std::move(point), factor);
 }
 

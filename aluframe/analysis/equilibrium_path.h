@@ -33,6 +33,7 @@ class EquilibriumPath {
     FrameState state;     ///< the last one in stable equilibrium
     SymmetricMatrix stiffness = {};  ///< there, scaled
     std::vector<double> scale = {};
+    SymmetricMatrix beyond = {};  ///< the same just beyond a critical point of the stiffness
     std::optional<std::size_t> element = std::nullopt;  ///< that buckles between its nodes
     int iterations = 0;
     double residual = 0.0;  ///< unbalanced share at the last state

@@ -90,7 +90,8 @@ std::pair<double, std::size_t> largest_translation(const NodeValues& values, std
 
 std::string LargeAnalysis::motion_at(const EquilibriumPath::End& end) const {
   if (end.element) return element_name(frame_, *end.element) + " buckles between its nodes";
-  const auto mode = softest_motion(cut_.frame, displaced_.equations(), {end.stiffness, end.scale});
+  const auto mode =
+      lost_motion(cut_.frame, displaced_.equations(), {end.stiffness, end.scale}, end.beyond);
   if (!mode) return "its stiffness is used up";
   const std::size_t nodes = frame_.nodes.size();
   const auto [of_cuts, cut] = largest_translation(*mode, nodes, cut_.frame.nodes.size());

@@ -84,6 +84,29 @@ std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& eq
   return node_values(mode->shape, equations, scaled.scale, frame);
 }
 
+std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equations,
+                                      const ScaledEquations& scaled,
+                                      const SymmetricMatrix& beyond) {
+  const auto solver = make_solver();
+  if (solver->factorise(scaled.matrix).status != Factorisation::Status::done) return std::nullopt;
+  SymmetricMatrix lost = scaled.matrix;
+  for (std::size_t i = 0; i < lost.values.size(); ++i) lost.values[i] -= beyond.values[i];
+  const int count = std::min(trial_modes, lost.size);
+  const std::vector<double> load = probing_load(lost.size * count);
+  Columns modes = Eigen::Map<const Columns>(load.data(), lost.size, count);
+  for (int i = 0; i < iterations; ++i) {
+    modes = times(lost, orthonormal(modes));
+    solver->solve({modes.data(), static_cast<std::size_t>(modes.size())});
+  }
+  modes = orthonormal(modes);
+  const Eigen::GeneralizedSelfAdjointEigenSolver<Columns> reduced(
+      modes.transpose() * times(lost, modes), modes.transpose() * times(scaled.matrix, modes));
+  if (reduced.info() != Eigen::Success) return std::nullopt;
+  const Eigen::VectorXd most = modes * reduced.eigenvectors().rightCols<1>();
+  if (!most.allFinite()) return std::nullopt;
+  return node_values(most, equations, scaled.scale, frame);
+}
+
 std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
                                    const ScaledEquations& scaled) {
   const auto motion = softest_motion(frame, equations, scaled);

@@ -15,7 +15,15 @@ Problem describe_softest_mode(const Frame& frame, const Equations& equations,
 std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& equations,
                                          const ScaledEquations& scaled);
 
-/// What moves in it, as "nodes 2-3 move along X".
+/// The motion of the nodes that loses most of its stiffness from one state of a frame to another in
+/// which it may be negative, of any size: what buckles or snaps through between the two, whatever
+/// else is softer.
+/// @param scaled positive definite
+/// @param beyond the other matrix, of the same places and scales
+std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equations,
+                                      const ScaledEquations& scaled, const SymmetricMatrix& beyond);
+
+/// What moves in the softest motion, as "nodes 2-3 move along X".
 std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
                                    const ScaledEquations& scaled);
 
