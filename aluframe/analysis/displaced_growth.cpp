@@ -41,6 +41,13 @@ Vector12 change_by_displacement(const Geometry& geometry, const ElementStiffness
   return to_global(geometry.axes, change);
 }
 
+Axes turned_with_chord(const Geometry& geometry, const Eigen::Vector3d& apart) {
+  const Eigen::Vector3d before = geometry.axes.row(0).transpose();
+  const Eigen::Vector3d after = geometry.length * before + apart;
+  const Eigen::Matrix3d turn = Eigen::Quaterniond::FromTwoVectors(before, after).matrix();
+  return geometry.axes * turn.transpose();
+}
+
 double growth_share(std::span<const double> displacements, std::span<const double> growth) {
   double work = 0.0, square = 0.0;
   for (std::size_t i = 0; i < displacements.size(); ++i) {

@@ -14,6 +14,10 @@ namespace aluframe::analysis {
 Vector12 change_by_displacement(const Geometry& geometry, const ElementStiffness& stiffness,
                                 double thermal, const Vector12& u);
 
+/// The axes of an element whose chord turns.
+/// @param apart by which its end moves more than its start, global axes, mm
+Axes turned_with_chord(const Geometry& geometry, const Eigen::Vector3d& apart);
+
 /// Part of the displacements by which those of second order grow once the geometry of the displaced
 /// nodes counts; less than 0 where it stiffens the frame.
 /// @param displacements of second order, six values a node

@@ -166,6 +166,7 @@ std::optional<FoundFactor> FactorSearch::projected_factor(double known, double s
   constexpr int most_secants = 20;
   for (int i = 0; i < most_secants; ++i) {
     factor = std::min(factor, limit);
+    if (!(factor > low)) return std::nullopt;  // the lower bound is all but the limit
     const auto there = loaded_.at(factor);
     if (!there) return std::nullopt;
     Columns at_factor = projected(there->scaled);

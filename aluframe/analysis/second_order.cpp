@@ -14,6 +14,7 @@
 #include "aluframe/analysis/mechanism.h"
 #include "aluframe/analysis/motion_text.h"
 #include "aluframe/analysis/refinement.h"
+#include "aluframe/analysis/shallow_nodes.h"
 #include "aluframe/analysis/softest_mode.h"
 #include "aluframe/analysis/stiffness_equations.h"
 
@@ -29,6 +30,19 @@ constexpr double least_axial_share = 1e-3;
 /// that the axial forces of its elements would be rounding, and the steps would not settle.
 /// Building grids of 10,000 elements lie at 1e-4.
 constexpr double soft = 1e-8;
+
+/// Gives equations the scale of others of the same frame.
+void take_scale(const std::vector<double>& scale, ScaledEquations& equations) {
+  SymmetricMatrix& matrix = equations.matrix;
+  const auto change = [&](int counted_from_one) {
+    const auto at = static_cast<std::size_t>(counted_from_one - 1);
+    return scale[at] / equations.scale[at];
+  };
+  for (std::size_t i = 0; i < matrix.values.size(); ++i) {
+    matrix.values[i] *= change(matrix.rows[i]) * change(matrix.columns[i]);
+  }
+  equations.scale = scale;
+}
 
 /// What iterates: elements under the axial forces of the last solution.
 class Iteration {
@@ -55,6 +69,7 @@ class Iteration {
   InitialCurvatures initial_curvatures() const { return initial_.curvatures(); }
   /// Displacements that the geometry of the displaced nodes adds.
   NodeValues growth();
+  std::optional<NodeValues> flattening();
   const NodeValues& displacements() const { return displacements_; }
 
  private:
@@ -71,6 +86,8 @@ class Iteration {
   Result<CaseResult> result_of(const RefinedCase& refined) const;
   StiffnessSource stiffness() const;
   EquivalentLoads equivalent_loads() const;
+  ScaledEquations displaced_equations(double times) const;
+  double largest_turn() const;
 
   const Frame& frame_;
   const LoadCase& load_case_;
@@ -269,6 +286,48 @@ NodeValues Iteration::growth() {
   return growth;
 }
 
+/// The frame displaced so many times as far: elements keep their lengths and axial forces and turn
+/// as their chords do.
+ScaledEquations Iteration::displaced_equations(double times) const {
+  std::vector<Geometry> turned = geometry_;
+  for (std::size_t i = 0; i < turned.size(); ++i) {
+    const Vector12 u = times * at_ends(frame_.elements[i], displacements_);
+    turned[i].axes = turned_with_chord(geometry_[i], u.segment<3>(6) - u.segment<3>(0));
+  }
+  return assemble(frame_, turned, equations_, stiffness());
+}
+
+double Iteration::largest_turn() const {
+  double largest = 0.0;
+  for (std::size_t i = 0; i < geometry_.size(); ++i) {
+    const Vector12 u = at_ends(frame_.elements[i], displacements_);
+    const Eigen::Vector3d apart = u.segment<3>(6) - u.segment<3>(0);
+    largest = std::max(largest, apart.norm() / geometry_[i].length);
+  }
+  return largest;
+}
+
+/// @return what moves in it; nothing when some stiffness is left everywhere
+std::optional<NodeValues> Iteration::flattening() {
+  // Of a long chain that is displaced far, rounding tells nothing.
+  if (equations_.count() == 0 || refined_) return std::nullopt;
+  // Three elements of a shallow node may be out of their plane by three times what each turns.
+  constexpr double of_a_node = 3.0;
+  const double turn = of_a_node * flattening_times * largest_turn();
+  if (!has_shallow_nodes(frame_, geometry_, turn)) return std::nullopt;
+  // One may lie far beyond the flat state, on its other side, where another does not.
+  for (const double times : {flattening_times, flattening_times / 2.0, flattening_times / 4.0}) {
+    ScaledEquations there = displaced_equations(times);
+    const Factorisation done = solver_->factorise(there.matrix);
+    if (done.status == Factorisation::Status::done && done.negative_pivots == 0) continue;
+    const ScaledEquations here = displaced_equations(0.0);
+    take_scale(here.scale, there);
+    return lost_motion(frame_, equations_, here, there.matrix)
+        .value_or(NodeValues(displacements_.size(), 0.0));
+  }
+  return std::nullopt;
+}
+
 Result<CaseResult> Iteration::result() {
   if (refined_) return result_of(*refined_);
   auto plain = plain_result();
@@ -316,10 +375,12 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   }
   const NodeValues growth = iteration.growth();
   solved.growth = growth_share(iteration.displacements(), growth);
-  if (solved.growth > noticeable_growth) {
-    if (const auto moves = dominant_motion(frame, growth)) {
-      solved.growing = motion_text(frame, *moves);
-    }
+  const bool grows = solved.growth > noticeable_growth;
+  const auto flattening = iteration.flattening();
+  solved.flattens = flattening.has_value();
+  if (grows || flattening) {
+    const auto moves = dominant_motion(frame, grows ? growth : *flattening);
+    solved.growing = moves ? motion_text(frame, *moves) : "the frame moves";
   }
   return solved;
 }

@@ -20,6 +20,11 @@ struct SecondOrderOptions {
 /// through.
 inline constexpr double noticeable_growth = 0.05;
 
+/// So many times as far a frame is displaced to see whether it flattens. A shallow truss of two
+/// bars does from below half of the load that snaps it through; frames that sway do not, because
+/// their elements turn together.
+inline constexpr double flattening_times = 8.0;
+
 struct SecondOrderResult {
   CaseResult result;
   int iterations = 0;              ///< solutions beyond the one of first order
@@ -28,7 +33,11 @@ struct SecondOrderResult {
   /// Part of the displacements that equilibrium at the displaced nodes would add to them, by one
   /// step from here: what second order leaves out. 0 where large displacements were followed.
   double growth = 0.0;
-  std::string growing = {};  ///< what moves in it, when it is above `noticeable_growth`
+  /// Whether a part of the frame would have no stiffness left, displaced `flattening_times` as far:
+  /// it may be small beside what moves elsewhere.
+  bool flattens = false;
+  /// What moves in the growth, when it is above `noticeable_growth`, or in what flattens.
+  std::string growing = {};
   /// "in equilibrium after 3 iterations, axial forces certain to 2.0e-09"
   std::string message() const;
 };

@@ -10,11 +10,11 @@
 
 namespace aluframe::forces {
 
-/// A combination whose displacements are too large for second order.
+/// A combination whose displacements are, or may be, too large for second order.
 struct Growing {
   model::Number combination = 0;
   double share = 0.0;  ///< of its displacements, that large ones have more
-  std::string moves;   ///< "node 5 moves along Z"
+  std::string moves;   ///< "node 5 moves along Z", in the growth where that is noticeable
 };
 
 /// What computing forces took, for the user to see.

@@ -91,7 +91,9 @@ const SecondOrderResult* SecondOrderAnalyses::growing(std::size_t place) {
   const auto* all = std::get_if<std::vector<const SecondOrderResult*>>(&found);
   if (all == nullptr || all->empty()) return nullptr;
   const SecondOrderResult* most = *std::ranges::max_element(*all, {}, &SecondOrderResult::growth);
-  return most->growth > analysis::noticeable_growth ? most : nullptr;
+  if (most->growth > analysis::noticeable_growth) return most;
+  const auto flat = std::ranges::find(*all, true, &SecondOrderResult::flattens);
+  return flat != all->end() ? *flat : nullptr;
 }
 
 }  // namespace aluframe::forces

@@ -10,6 +10,7 @@
 #include "aluframe/run/buckling_subjects.h"
 #include "aluframe/run/chosen_numbers.h"
 #include "aluframe/run/length_remarks.h"
+#include "aluframe/run/limit_factors.h"
 
 namespace aluframe::run {
 
@@ -67,27 +68,6 @@ Result<std::pair<bool, std::vector<BucklingSubject>>> chosen_subjects(
   return std::pair(of_combinations, std::get<std::vector<BucklingSubject>>(std::move(chosen)));
 }
 
-Result<LimitFactor> smallest_limit(const Input& input, const BucklingSubject& subject,
-                                   double largest) {
-  using Kind = analysis::LimitLoad::Kind;
-  LimitFactor factor{.subject = subject.number, .limit = {}, .unknown = subject.unknown};
-  for (const forces::LoadSet& set : subject.sets) {
-    auto found = forces::limit_load(input.model, set, largest);
-    if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
-      if (problem->kind != analysis::Problem::Kind::divergence) {
-        return problem_of(input.file, *problem);
-      }
-      factor.unknown = problem->text;
-      continue;
-    }
-    auto& limit = std::get<analysis::LimitLoad>(found);
-    const bool is_smaller = !factor.limit || limit.factor < factor.limit->factor ||
-                            (limit.kind != Kind::none && factor.limit->kind == Kind::none);
-    if (is_smaller) factor.limit = std::move(limit);
-  }
-  return factor;
-}
-
 /// Kind of the remarks, and among the settings of a run that leaves buckling out.
 constexpr const char* remark_kind = "buckling";
 constexpr const char* setting_key = "buckling";
@@ -130,6 +110,9 @@ const char* remedy_of(const model::AnalysisSettings& analysis) {
   if (!analysis.second_order) {
     return "forces of first order leave out what grows there: compute them in second order, or "
            "stiffen or brace what moves";
+  }
+  if (analysis.large_displacements) {
+    return "stiffen or brace what moves, or give another limit";
   }
   if (analysis.imperfections.any()) {
     return "what grows there is in the forces: stiffen or brace what moves, or give another limit";
@@ -183,7 +166,9 @@ Result<LimitAnalysis> find_limit_loads(const Input& input, const BucklingOptions
   LimitAnalysis analysis{.of_combinations = of_combinations, .factors = {}};
   for (const BucklingSubject& subject : subjects) {
     auto found = smallest_limit(input, subject, largest_factor);
-    if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
+    if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
+      return problem_of(input.file, *problem);
+    }
     analysis.factors.push_back(std::get<LimitFactor>(std::move(found)));
   }
   return analysis;
@@ -191,18 +176,19 @@ Result<LimitAnalysis> find_limit_loads(const Input& input, const BucklingOptions
 
 RunBuckling buckling_of_run(const Input& input, const GoesOn& goes_on) {
   RunBuckling buckling;
+  std::vector<BucklingFactor> factors;
   if (input.modes) {
     const std::vector<model::Number> numbers = combinations_of_run(input);
-    std::vector<BucklingFactor> factors;
     std::ranges::copy_if(input.modes->factors, std::back_inserter(factors), [&](const auto& of) {
       return std::ranges::find(numbers, of.subject) != numbers.end();
     });
-    buckling.rows = buckling_rows(factors, input.model);
   } else {
-    const FrameModes modes = frame_modes(input, goes_on);
-    buckling.rows = buckling_rows(modes.factors, input.model);
+    FrameModes modes = frame_modes(input, goes_on);
     buckling.remarks = length_remarks(members::length_factors(input.model, modes.modes), &modes);
+    factors = std::move(modes.factors);
   }
+  take_limits(input, goes_on, factors);
+  buckling.rows = buckling_rows(factors, input.model);
   std::ranges::move(buckling_remarks(buckling.rows, input.model),
                     std::back_inserter(buckling.remarks));
   return buckling;

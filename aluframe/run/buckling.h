@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "aluframe/forces/limit_load.h"
 #include "aluframe/run/frame_modes.h"
 #include "aluframe/run/input.h"
+#include "aluframe/run/limit_factors.h"
 
 // How far the whole frame is from buckling, in every combination.
 
@@ -32,14 +32,6 @@ struct BucklingAnalysis {
 /// Finds the smallest buckling factors of the model under its combinations or load cases, by the
 /// axial forces of first order.
 Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions& options);
-
-/// The largest factor of a combination's or a load case's loads that the frame carries, followed
-/// through displacements of any size; of an envelope the smallest of its states.
-struct LimitFactor {
-  model::Number subject = 0;
-  std::optional<analysis::LimitLoad> limit;  ///< nothing: `unknown` says why
-  std::string unknown = {};                  ///< why none is known, of all or of some states
-};
 
 struct LimitAnalysis {
   bool of_combinations = false;  ///< else of load cases

@@ -3,6 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
@@ -19,7 +22,6 @@ constexpr double least_work = 0.1;
 std::vector<bool> cases_with_given_forces(const Input& input) {
   const model::Model& model = input.model;
   std::vector<bool> given(model.load_cases.size(), false);
-  if (model.analysis.second_order) return given;  // which refuses given forces
   for (std::size_t element = 0; element < model.elements.size(); ++element) {
     for (std::size_t i = 0; i < given.size(); ++i) {
       given[i] = given[i] || (model.forces.find(element, i) != nullptr &&
@@ -27,6 +29,27 @@ std::vector<bool> cases_with_given_forces(const Input& input) {
     }
   }
   return given;
+}
+
+/// What a run checks of a combination: itself, or of an envelope those of its states that the run
+/// is not limited to leave out.
+std::optional<BucklingSubject> subject_of_run(const Input& input, const BucklingSubjects& subjects,
+                                              model::Number number) {
+  if (input.combinations.empty()) return subjects.of_combination(number);
+  const auto checked = model::checked_combinations(input.model, std::array{number});
+  if (std::ranges::includes(input.combinations, checked)) return subjects.of_combination(number);
+  BucklingSubject subject{.number = number, .sets = {}, .unknown = {}};
+  bool has_any = false;
+  for (const model::Number state : checked) {
+    const bool is_own = input.model.combinations.find(state)->state_of == number;
+    if (!is_own || !input.combinations.contains(state)) continue;
+    has_any = true;
+    BucklingSubject of_state = subjects.of_combination(state);
+    std::ranges::move(of_state.sets, std::back_inserter(subject.sets));
+    if (!of_state.unknown.empty()) subject.unknown = std::move(of_state.unknown);
+  }
+  if (!has_any) return std::nullopt;
+  return subject;
 }
 
 }  // namespace
@@ -72,6 +95,15 @@ std::vector<model::Number> design_combinations(const model::Model& model) {
     if (is_checked && !combination.state_of) numbers.push_back(combination.number);
   }
   return numbers;
+}
+
+std::vector<BucklingSubject> subjects_of_run(const Input& input) {
+  const BucklingSubjects subjects(input);
+  std::vector<BucklingSubject> all;
+  for (const model::Number number : design_combinations(input.model)) {
+    if (auto subject = subject_of_run(input, subjects, number)) all.push_back(std::move(*subject));
+  }
+  return all;
 }
 
 analysis::Result<std::vector<SubjectMode>> smallest_modes(forces::FrameBuckling& frame,

@@ -40,6 +40,9 @@ class BucklingSubjects {
 /// Design combinations as the model has them: envelopes, not their states.
 std::vector<model::Number> design_combinations(const model::Model& model);
 
+/// What a run looks at: of an envelope the states that it checks.
+std::vector<BucklingSubject> subjects_of_run(const Input& input);
+
 /// A mode, and the largest compression of every element under the set of loads that it is of.
 struct SubjectMode {
   analysis::BucklingMode mode;

@@ -1,7 +1,6 @@
 #include "aluframe/run/frame_modes.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -17,36 +16,6 @@ namespace {
 /// Modes of the combination nearest to buckling that length factors follow from, when the model
 /// asks for factors of modes.
 constexpr int modes_of_governing = 6;
-
-/// What a run checks of a combination: itself, or of an envelope those of its states that the run
-/// is not limited to leave out.
-std::optional<BucklingSubject> subject_of_run(const Input& input, const BucklingSubjects& subjects,
-                                              model::Number number) {
-  if (input.combinations.empty()) return subjects.of_combination(number);
-  const auto checked = model::checked_combinations(input.model, std::array{number});
-  if (std::ranges::includes(input.combinations, checked)) return subjects.of_combination(number);
-  BucklingSubject subject{.number = number, .sets = {}, .unknown = {}};
-  bool has_any = false;
-  for (const model::Number state : checked) {
-    const bool is_own = input.model.combinations.find(state)->state_of == number;
-    if (!is_own || !input.combinations.contains(state)) continue;
-    has_any = true;
-    BucklingSubject of_state = subjects.of_combination(state);
-    std::ranges::move(of_state.sets, std::back_inserter(subject.sets));
-    if (!of_state.unknown.empty()) subject.unknown = std::move(of_state.unknown);
-  }
-  if (!has_any) return std::nullopt;
-  return subject;
-}
-
-std::vector<BucklingSubject> subjects_of_run(const Input& input) {
-  const BucklingSubjects subjects(input);
-  std::vector<BucklingSubject> all;
-  for (const model::Number number : design_combinations(input.model)) {
-    if (auto subject = subject_of_run(input, subjects, number)) all.push_back(std::move(*subject));
-  }
-  return all;
-}
 
 void add(model::Number combination, analysis::BucklingResult found, bool is_near, FrameModes& out) {
   for (analysis::BucklingMode& mode : found.modes) {

@@ -1,3 +1,4 @@
+#include "aluframe/analysis/second_order.h"
 #include "aluframe/run/remarks.h"
 
 #include <fmt/format.h>
@@ -130,11 +131,16 @@ void add_of_lengths(const Input& input, std::vector<store::RemarkRow>& rows) {
 
 std::string growth_remark(const std::string& subjects, const std::string& worst, double share,
                           const std::string& moves) {
+  const std::string why =
+      share > analysis::noticeable_growth
+          ? fmt::format("those at the displaced nodes are {:.0f} % larger", 100.0 * share)
+          : fmt::format("{:.0f} times as far, no stiffness would be left",
+                        analysis::flattening_times);
   return fmt::format(
-      "{}: displacements are too large for second order, those at the displaced nodes are {:.0f} % "
-      "larger under {} ({}), and the frame may snap through at less than its buckling factor: "
-      "follow them (\"second_order\": \"large\", or --large-displacements)",
-      subjects, 100.0 * share, worst, moves);
+      "{}: displacements are too large for second order, {} under {} ({}), and the frame may snap "
+      "through at less than its buckling factor: follow them (\"second_order\": \"large\", or "
+      "--large-displacements)",
+      subjects, why, worst, moves);
 }
 
 std::vector<store::RemarkRow> input_remarks(const Input& input) {

@@ -1,6 +1,9 @@
 // Parses the command line and hands over to the commands.
 
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -22,6 +25,18 @@
 #include "apps/cli/validate_command.h"
 
 namespace {
+
+/// A range that "nan" is not in either.
+CLI::Validator number_between(double low, double high) {
+  CLI::Validator range = CLI::Range(low, high);
+  range.operation([range = CLI::Range(low, high), low, high](std::string& text) {
+    double value = 0.0;
+    const bool is_nan = CLI::detail::lexical_cast(text, value) && std::isnan(value);
+    return is_nan ? fmt::format("Value {} not in range {:f} to {:f}", text, low, high)
+                  : range(text);
+  });
+  return range;
+}
 
 using namespace aluframe::cli;
 namespace files = aluframe::files;
@@ -167,7 +182,7 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       })
       ->type_name("N");
   results->add_option("--over", options.query.over, "Only elements with a ratio above this")
-      ->check(CLI::Range(-1e300, 1e300))
+      ->check(number_between(-1e300, 1e300))
       ->type_name("RATIO");
   results->add_option("--element", options.element, "One element: every combination and position")
       ->type_name("NUMBER");
@@ -315,7 +330,7 @@ void add_buckling(CLI::App& app, BucklingCommandOptions& options, int& status) {
   buckling
       ->add_option("--largest-factor", options.largest_factor,
                    "Look for limit loads up to this factor; 10 when not given")
-      ->check(CLI::Range(1e-3, most))
+      ->check(number_between(1e-3, most))
       ->type_name("FACTOR");
   add_format(*buckling, options.format);
   buckling->add_option("--output", options.output, "Write to this file")->type_name("FILE");
