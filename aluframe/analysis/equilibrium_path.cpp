@@ -21,6 +21,8 @@ constexpr int most_iterations = 12;
 /// Unbalanced share at which a state is in equilibrium; above the second one it is not, though
 /// rounding lets it come no nearer.
 constexpr double balanced = 1e-12, almost_balanced = 1e-9;
+/// What corrections without end leave unbalanced is rounding below it.
+constexpr double much_rounding = 1e-2;
 /// A critical point lies between two states whose load factors differ by this part.
 constexpr double closed_in = 1e-4;
 /// Part of the first step below which none is tried, and how many are.
@@ -114,6 +116,7 @@ std::optional<FrameState> EquilibriumPath::correct(const Point& from, double cha
       correction_ = std::sqrt(square(corrections, factor_correction)) / length;
       return state;
     }
+    is_rounding_ = i == most_iterations && residual <= much_rounding;
     if (i == most_iterations || !std::isfinite(residual)) return std::nullopt;
     last = residual;
     ++iterations_;
@@ -222,7 +225,7 @@ EquilibriumPath::End EquilibriumPath::follow(double target) {
     return end;
   }
   const double factor = std::max(point.state.factor, 0.0);
-  return end_of(PathEnd::lost, std::move(point), factor);
+  return end_of(is_rounding_ ? PathEnd::rounding : PathEnd::lost, std::move(point), factor);
 }
 
 }  // namespace aluframe::analysis

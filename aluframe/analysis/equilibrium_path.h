@@ -13,6 +13,7 @@ enum class PathEnd {
   limit_point,       ///< the loads have a maximum: beyond it the frame snaps through
   bifurcation,       ///< another equilibrium branches off: the frame buckles
   element_buckling,  ///< a truss reaches its own buckling load between its nodes
+  rounding,          ///< no equilibrium is found, because rounding leaves too much unbalanced
   lost               ///< no equilibrium was found further on, however short the steps
 };
 
@@ -75,6 +76,7 @@ class EquilibriumPath {
   Steps way_;                // of the last step
   double correction_ = 0.0;  // its share that was corrected
   int iterations_ = 0;
+  bool is_rounding_ = false;  // what the last step that failed is left with
 };
 
 }  // namespace aluframe::analysis

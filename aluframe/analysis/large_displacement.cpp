@@ -227,12 +227,21 @@ Problem limit_problem(const EquilibriumPath::End& end, const std::string& motion
       own.element = end.element;
       return own;
     }
+    case PathEnd::rounding:
+      return problem(Kind::equilibrium,
+                     "large displacements: rounding in the stiffest elements leaves more than 1e-9 "
+                     "of the forces unbalanced; a link is rigid enough with some hundred times the "
+                     "stiffness of its neighbours");
     default:
       return problem(Kind::divergence,
                      fmt::format("large displacements: no equilibrium was found beyond {:.4g} of "
                                  "these loads",
                                  end.factor));
   }
+}
+
+bool has_no_equilibrium(const EquilibriumPath::End& end) {
+  return end.how == PathEnd::lost || end.how == PathEnd::rounding;
 }
 
 LimitLoad::Kind kind_of(PathEnd how) {
@@ -256,7 +265,7 @@ Result<SecondOrderResult> analyse_large_displacements(const Frame& frame, const 
   LargeAnalysis analysis(frame, loads);
   const EquilibriumPath::End end = analysis.follow(1.0);
   if (end.how != PathEnd::reached) {
-    return limit_problem(end, end.how == PathEnd::lost ? "" : analysis.motion_at(end));
+    return limit_problem(end, has_no_equilibrium(end) ? "" : analysis.motion_at(end));
   }
   auto solved = analysis.result(end);
   if (const auto* found = std::get_if<SecondOrderResult>(&solved)) {
@@ -270,7 +279,7 @@ Result<LimitLoad> find_limit_load(const Frame& frame, const LoadCase& loads,
   if (auto problem = find_first_problem(frame, loads)) return std::move(*problem);
   LargeAnalysis analysis(frame, loads);
   const EquilibriumPath::End end = analysis.follow(largest_factor);
-  if (end.how == PathEnd::lost) return limit_problem(end, "");
+  if (has_no_equilibrium(end)) return limit_problem(end, "");
   LimitLoad limit{.kind = kind_of(end.how), .factor = end.factor, .text = {}, .node = {}};
   if (limit.kind != LimitLoad::Kind::none) limit.text = analysis.motion_at(end);
   const auto [size, node] = largest_translation(analysis.displacements(end), 0, frame.nodes.size());

@@ -147,10 +147,12 @@ Found Iteration::make_columns() {
 }
 
 Problem Iteration::buckled(const ScaledEquations& scaled) const {
-  return {
-      Problem::Kind::buckling,
-      "the frame buckles under these loads: " + describe_buckling_mode(frame_, equations_, scaled),
-      std::nullopt, std::nullopt};
+  const ScaledEquations unloaded =
+      assemble(frame_, geometry_, equations_, elastic_source(frame_, geometry_));
+  return {Problem::Kind::buckling,
+          "the frame buckles under these loads: " +
+              describe_lost_motion(frame_, equations_, unloaded, scaled.matrix),
+          std::nullopt, std::nullopt};
 }
 
 Found Iteration::find_buckling(const Factorisation& done, const ScaledEquations& scaled) const {

@@ -77,13 +77,6 @@ Problem describe_softest_mode(const Frame& frame, const Equations& equations,
   return problem;
 }
 
-std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& equations,
-                                         const ScaledEquations& scaled) {
-  const auto mode = softest_mode(scaled.matrix, 0.0);
-  if (!mode) return std::nullopt;
-  return node_values(mode->shape, equations, scaled.scale, frame);
-}
-
 std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equations,
                                       const ScaledEquations& scaled,
                                       const SymmetricMatrix& beyond) {
@@ -94,7 +87,9 @@ std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equat
   const int count = std::min(trial_modes, lost.size);
   const std::vector<double> load = probing_load(lost.size * count);
   Columns modes = Eigen::Map<const Columns>(load.data(), lost.size, count);
-  for (int i = 0; i < iterations; ++i) {
+  // What is lost by others is of the same size where it is not.
+  constexpr int steps = 4 * iterations;
+  for (int i = 0; i < steps; ++i) {
     modes = times(lost, orthonormal(modes));
     solver->solve({modes.data(), static_cast<std::size_t>(modes.size())});
   }
@@ -107,9 +102,9 @@ std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equat
   return node_values(most, equations, scaled.scale, frame);
 }
 
-std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
-                                   const ScaledEquations& scaled) {
-  const auto motion = softest_motion(frame, equations, scaled);
+std::string describe_lost_motion(const Frame& frame, const Equations& equations,
+                                 const ScaledEquations& scaled, const SymmetricMatrix& beyond) {
+  const auto motion = lost_motion(frame, equations, scaled, beyond);
   const auto dominant = motion ? dominant_motion(frame, *motion) : std::nullopt;
   return dominant ? motion_text(frame, *dominant) : "its stiffness is used up";
 }

@@ -10,11 +10,6 @@ namespace aluframe::analysis {
 Problem describe_softest_mode(const Frame& frame, const Equations& equations,
                               const ScaledEquations& scaled);
 
-/// The motion of the nodes whose stiffness is nearest to zero, of equations that axial forces may
-/// have made indefinite; of any size.
-std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& equations,
-                                         const ScaledEquations& scaled);
-
 /// The motion of the nodes that loses most of its stiffness from one state of a frame to another in
 /// which it may be negative, of any size: what buckles or snaps through between the two, whatever
 /// else is softer.
@@ -23,8 +18,8 @@ std::optional<NodeValues> softest_motion(const Frame& frame, const Equations& eq
 std::optional<NodeValues> lost_motion(const Frame& frame, const Equations& equations,
                                       const ScaledEquations& scaled, const SymmetricMatrix& beyond);
 
-/// What moves in the softest motion, as "nodes 2-3 move along X".
-std::string describe_buckling_mode(const Frame& frame, const Equations& equations,
-                                   const ScaledEquations& scaled);
+/// What moves in it, as "nodes 2-3 move along X".
+std::string describe_lost_motion(const Frame& frame, const Equations& equations,
+                                 const ScaledEquations& scaled, const SymmetricMatrix& beyond);
 
 }  // namespace aluframe::analysis

@@ -113,6 +113,158 @@ INSTANTIATE_TEST_SUITE_P(Rises, TwoBarTruss, testing::Values(20.0, 50.0, 200.0, 
                            return "rise_" + std::to_string(static_cast<int>(of.param));
                          });
 
+// ---- Two bars beside what moves more ---------------------------------------------------------
+
+/// The two bars, and a slender mast apart from them, clamped at its foot and pushed at its top:
+/// it moves many times as far as their apex, which does not feel it. Its push is below the one that
+/// buckles it sideways, 4.01·√(EI·GIt)/L².
+Frame bars_beside_a_mast(double rise, double height) {
+  Frame frame = two_bars(rise, ElementKind::truss, bar());
+  add_node(frame, half_span, 5000, 0);
+  add_node(frame, half_span, 5000, height);
+  add_element(frame, 3, 4);
+  frame.supports.push_back({3, clamped});
+  return frame;
+}
+
+struct Beside {
+  double share;   ///< of the limit load
+  double height;  ///< of the mast, mm
+  double push;    ///< at its top, N
+};
+
+class BarsBesideAMast : public testing::TestWithParam<Beside> {
+ protected:
+  static constexpr double rise = 50.0;
+  const double exact = maximum_of([](double w) { return load_of_apex(rise, w); }, 0, rise);
+  const Frame frame = bars_beside_a_mast(rise, GetParam().height);
+  LoadCase loads() const {
+    LoadCase loads = down_at_apex(GetParam().share * exact);
+    loads.nodal.push_back({4, {GetParam().push, 0, 0}});
+    return loads;
+  }
+};
+
+TEST_P(BarsBesideAMast, SnapThroughAtTheirOwnLimitLoadHoweverFarIsLooked) {
+  for (const double largest : {2.0, 5.0, 10.0, 20.0, 50.0}) {
+    if (largest < 1.01 / GetParam().share) continue;
+    const LimitLoad found = limit_of(frame, loads(), largest);
+    EXPECT_EQ(found.kind, LimitLoad::Kind::snap_through) << largest;
+    EXPECT_NEAR(found.factor, 1.0 / GetParam().share, 2e-4 / GetParam().share) << largest;
+    EXPECT_EQ(found.text, "node 2 moves along Z") << largest;
+  }
+}
+
+TEST_P(BarsBesideAMast, AreRefusedAboveIt) {
+  const auto answer = analyse_large_displacements(frame, loads());
+  EXPECT_EQ(std::holds_alternative<Problem>(answer), GetParam().share > 1.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Loads, BarsBesideAMast,
+                         testing::Values(Beside{0.2, 6000, 100}, Beside{0.2, 12000, 100},
+                                         Beside{0.5, 12000, 400}, Beside{0.8, 20000, 300},
+                                         Beside{1.05, 20000, 300}, Beside{1.2, 12000, 600},
+                                         Beside{2.0, 12000, 600}, Beside{3.0, 20000, 100}));
+
+/// As far as a factor is looked for does not make it less certain: a strut on hinges, which its
+/// load shortens by N/EA before it bends out, so that its Euler load is that of the shorter length.
+TEST(LimitLoadOfAStrut, IsThatOfEulerHoweverFarIsLooked) {
+  constexpr double length = 3000.0, load = 10000.0;
+  Frame frame = cantilever(length);
+  frame.supports = {{0, {true, true, true, true, false, false}}, {1, {false, true, true}}};
+  LoadCase loads;
+  loads.nodal.push_back({1, {-load, 0, 0}});
+  const Stiffness s = plain_stiffness();
+  const double euler = pi * pi * s.e * s.izz / (length * length);
+  for (const double largest : {70.0, 200.0, 1e4, 1e6}) {
+    // Pieces with cubic shapes buckle 3e-5 too late, and N/EA of their length is 3e-3.
+    EXPECT_NEAR(limit_of(frame, loads, largest).factor, euler / load, 5e-3 * euler / load)
+        << largest;
+  }
+}
+
+// ---- Loads that leave a frame without forces -------------------------------------------------
+
+/// A bar that is warmer above bends to an arc without stress: κ = α·ΔT/h.
+TEST(WithoutForces, ADifferenceOfTemperatureBendsACantileverToAnArc) {
+  constexpr double length = 3000.0, depth = 100.0, expansion = 2.3e-5;
+  Frame frame = cantilever(length);
+  frame.elements[0].expansion = expansion;
+  for (const double difference : {1.0, 30.0, 600.0}) {
+    LoadCase loads;
+    loads.temperatures.push_back({.element = 0, .difference_z = difference, .depth_z = depth});
+    const CaseResult r = displaced(frame, loads);
+    const double turn = expansion * difference / depth * length, radius = length / turn;
+    EXPECT_NEAR(std::abs(r.displacements[1][dz]), radius * (1 - std::cos(turn)), 1e-3)
+        << difference;
+    EXPECT_NEAR(r.displacements[1][dx], radius * std::sin(turn) - length, 1e-3) << difference;
+  }
+}
+
+/// A beam on hinges turns as a rigid body when a support comes down.
+TEST(WithoutForces, ASettlementTurnsABeamOnHinges) {
+  constexpr double length = 4000.0;
+  Frame frame = cantilever(length);
+  frame.supports = {{0, {true, true, true, true, false, false}}, {1, {false, true, true}}};
+  for (const double down : {1.0, 100.0, 1000.0}) {
+    LoadCase loads;
+    loads.settlements.push_back({1, dz, -down});
+    const CaseResult r = displaced(frame, loads);
+    EXPECT_NEAR(r.displacements[1][dx], std::sqrt(length * length - down * down) - length,
+                1e-6 * down)
+        << down;
+    EXPECT_NEAR(r.displacements[1][ry], std::asin(down / length), 1e-6) << down;
+  }
+}
+
+/// The end of a clamped bar that turns with its support.
+TEST(WithoutForces, ATurnedSupportTurnsACantilever) {
+  constexpr double length = 1000.0;
+  for (const double turn : {0.01, 0.3, 1.2}) {
+    LoadCase loads;
+    loads.settlements.push_back({0, ry, turn});
+    const CaseResult r = displaced(cantilever(length), loads);
+    EXPECT_NEAR(r.displacements[1][dz], -length * std::sin(turn), 1e-4) << turn;
+    EXPECT_NEAR(r.displacements[1][dx], length * (std::cos(turn) - 1), 1e-4) << turn;
+  }
+}
+
+// ---- Stiff links ------------------------------------------------------------------------------
+
+std::pair<Frame, LoadCase> cantilever_with_link(double l, double a, double times, double load) {
+  Frame frame = cantilever(l);
+  add_node(frame, l + a, 0, 0);
+  Stiffness stiff = plain_stiffness();
+  for (double* const value : {&stiff.area, &stiff.it, &stiff.iyy, &stiff.izz}) *value *= times;
+  add_element(frame, 1, 2, stiff);
+  LoadCase loads;
+  loads.nodal.push_back({2, {0, 0, -load}});
+  return {frame, loads};
+}
+
+/// A cantilever whose last tenth is many times as stiff: the load at its end acts on the bar with a
+/// moment, so that the bar's end moves by P·l³/3EI + P·a·l²/2EI and turns by P·l²/2EI + P·a·l/EI,
+/// with which the link turns.
+TEST(StiffLink, AtTheEndOfACantilever) {
+  constexpr double l = 900.0, a = 100.0, load = 30.0;
+  for (const double times : {30.0, 300.0, 1000.0}) {
+    const auto [frame, loads] = cantilever_with_link(l, a, times, load);
+    const double ei = plain_stiffness().e * plain_stiffness().iyy;
+    const double turn = load * (l * l / 2 + a * l) / ei;
+    const double down = load * (l * l * l / 3 + a * l * l / 2) / ei + a * turn;
+    const double in_link = load * a * a * a / 3 / (ei * times);
+    const CaseResult r = displaced(frame, loads);
+    // Rotations of 3e-5, whose squares are left out here.
+    EXPECT_NEAR(r.displacements[2][dz], -(down + in_link), 1e-6 * down) << times;
+  }
+}
+
+TEST(StiffLink, BeyondWhatRoundingAllowsIsRefusedWithTheReason) {
+  const auto [frame, loads] = cantilever_with_link(900.0, 100.0, 1e8, 30.0);
+  const auto answer = analyse_large_displacements(frame, loads);
+  EXPECT_THAT(std::get<Problem>(answer).text, testing::HasSubstr("rounding in the stiffest"));
+}
+
 // ---- Williams' toggle: F. W. Williams, Q. J. Mech. Appl. Math. 17 (1964) 451 ------------------
 
 /// Its half, a bar whose ends do not turn, by stability functions with bowing: the load when the
@@ -324,6 +476,29 @@ TEST(ShallowArch, SnapsThroughAtTimoshenkosLimitLoad) {
     // Loads linear between 24 sine values are (π/24)²/12 = 1.4e-3 too small, and the arch is no
     // parabola: 5e-3 in all.
     EXPECT_NEAR(found.factor, arch_limit(m), 5e-3 * arch_limit(m)) << m;
+  }
+}
+
+/// An arch just too flat to snap through (m = 1.05) comes down fast around q = 1. The path steps
+/// over loads that are asked for there, and has to come back to them.
+TEST(ShallowArch, StandsUnderEveryLoadOfAPathThatAllButSnaps) {
+  constexpr double m = 1.05, rise = 100.0;
+  const Arch arch = shallow_arch(m);
+  for (int i = 1; i <= 40; ++i) {
+    const double q = 0.05 * i;
+    double low = -2.0, high = 1.0;  // of β, which falls as the load grows
+    for (int k = 0; k < 60; ++k) {
+      const double beta = (low + high) / 2;
+      (1 - beta + beta * (1 - beta * beta) / m > q ? low : high) = beta;
+    }
+    LoadCase loads = arch.loads;
+    for (DistributedLoad& load : loads.distributed) {
+      load.from_value[2] *= q;
+      load.to_value[2] *= q;
+    }
+    // The load is 5e-3 off, as above, and ten times that where the path is flat.
+    const double down = -displaced(arch.frame, loads).displacements[12][dz];
+    EXPECT_NEAR(down, rise * (1 - low), 0.05 * rise * q + 0.5) << q;
   }
 }
 

@@ -281,5 +281,32 @@ TEST(Buckling, IsWhereSecondOrderGrowsWithoutBound) {
   EXPECT_EQ(std::get<Problem>(above).kind, Problem::Kind::buckling);
 }
 
+/// Two trusses that buckle between their nodes at one load, beside a mast that nothing presses: the
+/// Euler load of a bar on hinges over its compression, whatever the loads are.
+TEST(Buckling, OfTrussesBesideAnElementWithoutForces) {
+  Frame frame;
+  for (const double x : {-4000.0, 0.0, 4000.0}) add_node(frame, x, 0, x == 0.0 ? 200 : 0);
+  add_truss(frame, 0, 1);
+  add_truss(frame, 1, 2);
+  add_node(frame, 0, 5000, 0);
+  add_node(frame, 0, 5000, 20000);
+  add_element(frame, 3, 4);
+  frame.supports = {{0, pinned}, {1, {false, true}}, {2, pinned}, {3, clamped}};
+  const double length = std::hypot(4000.0, 200.0);
+  const double euler = pi * pi * 70000.0 * 2.9e6 / (length * length);
+  for (int i = 0; i < 40; ++i) {
+    const double down = 5000.0 * std::pow(1.07, i);
+    LoadCase loads;
+    loads.nodal.push_back({1, {0, 0, -down}});
+    const CaseResult r = solved(frame, loads);
+    Buckling buckling(frame);
+    const auto found = buckling.find(loads, axial_forces_at_start(r));
+    const double compression = down / 2 * length / 200;
+    EXPECT_NEAR(std::get<BucklingResult>(found).modes.front().factor, euler / compression,
+                1e-6 * euler / compression)
+        << down;
+  }
+}
+
 }  // namespace
 }  // namespace aluframe::analysis

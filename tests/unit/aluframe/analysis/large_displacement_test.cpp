@@ -280,7 +280,9 @@ TEST(LargeDisplacement, AFrameWithoutLoadsStaysWhereItIs) {
 }
 
 SecondOrderResult second_order(const Frame& frame, const LoadCase& loads) {
-  return std::get<SecondOrderResult>(analyse_second_order(frame, loads));
+  auto result = analyse_second_order(frame, loads);
+  if (const auto* problem = std::get_if<Problem>(&result)) throw std::runtime_error(problem->text);
+  return std::get<SecondOrderResult>(std::move(result));
 }
 
 TEST(GrowthOfSecondOrder, IsThatOfAShallowTruss) {
@@ -310,6 +312,66 @@ TEST(GrowthOfSecondOrder, IsNextToNothingInAFrameThatSways) {
   const SecondOrderResult r = second_order(cantilever(4000), loads);
   EXPECT_LT(r.result.displacements[1][dz], -15.0);  // a span over 250
   EXPECT_LT(std::abs(r.growth), 1e-3);
+}
+
+/// Two shallow bars, rise 50 mm on 2 m, under a load down at their apex, and a mast apart from them
+/// that is pushed at its top and moves a hundred times as far.
+std::pair<Frame, LoadCase> bars_beside_a_mast(double down) {
+  Frame frame;
+  for (const double x : {0.0, 1.0, 2.0}) add_node(frame, 1000 * x, 0, x == 1.0 ? 50 : 0);
+  add_truss(frame, 0, 1);
+  add_truss(frame, 1, 2);
+  add_node(frame, 0, 5000, 0);
+  add_node(frame, 0, 5000, 6000);
+  add_element(frame, 3, 4);
+  frame.supports = {{0, pinned}, {1, {false, true}}, {2, pinned}, {3, clamped}};
+  LoadCase loads;
+  loads.nodal = {{1, {0, 0, -down}}, {4, {3000, 0, 0}}};
+  return {frame, loads};
+}
+
+/// They carry 2·EA·(h/L)³·0.1925 = 8420 N, on a closed form of small angles.
+TEST(GrowthOfSecondOrder, OfAPartIsSeenBesideWhatMovesFurther) {
+  const auto flattens = [](double down) {
+    const auto [frame, loads] = bars_beside_a_mast(down);
+    return second_order(frame, loads);
+  };
+  const SecondOrderResult r = flattens(0.7 * 8420);
+  EXPECT_LT(r.growth, noticeable_growth);
+  EXPECT_TRUE(r.flattens);
+  EXPECT_EQ(r.growing, "node 2 moves along Z");
+  // Eight times as far, it would be displaced by more than it is high.
+  for (const double share : {0.9, 1.1}) EXPECT_TRUE(flattens(share * 8420).flattens);
+  EXPECT_FALSE(flattens(0.25 * 8420).flattens);
+}
+
+TEST(SecondOrder, NamesWhatBucklesBesideWhatIsSofter) {
+  const auto [frame, loads] = bars_beside_a_mast(1.5 * 8420);
+  const auto result = analyse_second_order(frame, loads);
+  EXPECT_EQ(std::get<Problem>(result).text,
+            "the frame buckles under these loads: node 2 moves along Z");
+}
+
+TEST(GrowthOfSecondOrder, NothingFlattensInAPortalThatSways) {
+  Frame frame;
+  for (const double x : {0.0, 6000.0}) {
+    add_node(frame, x, 0, 0);
+    add_node(frame, x, 0, 4000);
+  }
+  // A ridge 100 mm above the eaves, and columns that lean a little.
+  add_node(frame, 3000, 0, 4100);
+  frame.nodes[1].x = 50;
+  add_element(frame, 0, 1);
+  add_element(frame, 2, 3);
+  add_element(frame, 1, 4);
+  add_element(frame, 4, 3);
+  frame.supports = {{0, clamped}, {2, clamped}};
+  LoadCase loads;
+  loads.nodal = {{1, {2000, 0, -2e4}}, {3, {2000, 0, -2e4}}, {4, {0, 0, -3000}}};
+  const SecondOrderResult r = second_order(frame, loads);
+  EXPECT_GT(r.result.displacements[1][dx], 20.0);  // a height over 200
+  EXPECT_FALSE(r.flattens);
+  EXPECT_EQ(r.growing, "");
 }
 
 TEST(LimitLoad, OfAFrameThatCarriesMoreIsNone) {
