@@ -9,16 +9,19 @@ namespace aluframe::analysis {
 
 namespace {
 
-constexpr auto pieces = static_cast<double>(pieces_of_beam);
+/// sqrt(|N|/EI)·l of a piece up to which its cubic shape will do: a clamped bar that buckles has
+/// 2π/8 a piece.
+constexpr double longest_piece = 0.8;
 
 /// An element's part from one cut to the next; releases stay at the ends of the whole.
-Element piece_of(const Element& element, std::size_t i, std::size_t start, std::size_t end) {
+Element piece_of(const Element& element, std::size_t i, std::size_t count, std::size_t start,
+                 std::size_t end) {
   Element piece = element;
   piece.start = start;
   piece.end = end;
   for (std::size_t dof = 0; dof < 6; ++dof) {
     if (i > 0) piece.released[dof] = false;
-    if (i + 1 < pieces_of_beam) piece.released[6 + dof] = false;
+    if (i + 1 < count) piece.released[6 + dof] = false;
   }
   return piece;
 }
@@ -37,7 +40,8 @@ Vector3 between(const Vector3& a, const Vector3& b, double part) {
 }
 
 /// The part of a distributed load on a piece, both by parts of the element's length.
-std::optional<DistributedLoad> clipped(const DistributedLoad& load, std::size_t piece) {
+std::optional<DistributedLoad> clipped(const DistributedLoad& load, std::size_t piece,
+                                       double pieces) {
   const double start = static_cast<double>(piece) / pieces;
   const double from = std::max(load.from * pieces, start * pieces) / pieces;
   const double to = std::min(load.to, start + 1.0 / pieces);
@@ -141,28 +145,31 @@ void add_temperature(const Element& piece, const ElementLoads& loads, PieceLoads
 
 }  // namespace
 
-CutFrame::CutFrame(const Frame& original) : frame(original) {
+PieceCounts usual_pieces(const Frame& frame) {
+  PieceCounts counts;
+  for (const Element& element : frame.elements) {
+    counts.push_back(element.kind == ElementKind::truss ? 1 : pieces_of_beam);
+  }
+  return counts;
+}
+
+CutFrame::CutFrame(const Frame& original, const PieceCounts& counts) : frame(original) {
   const std::vector<Geometry> whole = element_geometry(original);
   frame.elements.clear();
   for (std::size_t i = 0; i < original.elements.size(); ++i) {
     const Element& element = original.elements[i];
+    const auto count = static_cast<double>(counts[i]);
     first_piece.push_back(frame.elements.size());
-    if (element.kind == ElementKind::truss) {
-      frame.elements.push_back(element);
-      geometry.push_back(whole[i]);
-      element_of.push_back(i);
-      continue;
-    }
     std::size_t from = element.start;
-    for (std::size_t piece = 0; piece < pieces_of_beam; ++piece) {
+    for (std::size_t piece = 0; piece < counts[i]; ++piece) {
       std::size_t to = element.end;
-      if (piece + 1 < pieces_of_beam) {
+      if (piece + 1 < counts[i]) {
         to = frame.nodes.size();
         frame.nodes.push_back(between(original.nodes[element.start], original.nodes[element.end],
-                                      static_cast<double>(piece + 1) / pieces));
+                                      static_cast<double>(piece + 1) / count));
       }
-      frame.elements.push_back(piece_of(element, piece, from, to));
-      geometry.push_back({whole[i].length / pieces, whole[i].axes});
+      frame.elements.push_back(piece_of(element, piece, counts[i], from, to));
+      geometry.push_back({whole[i].length / count, whole[i].axes});
       element_of.push_back(i);
       from = to;
     }
@@ -170,14 +177,29 @@ CutFrame::CutFrame(const Frame& original) : frame(original) {
   first_piece.push_back(frame.elements.size());
 }
 
+PieceCounts CutFrame::enough_pieces(std::span<const double> axial_forces) const {
+  PieceCounts counts(first_piece.size() - 1);
+  for (std::size_t i = 0; i < counts.size(); ++i) counts[i] = count_of(i);
+  for (std::size_t i = 0; i < axial_forces.size(); ++i) {
+    const Element& piece = frame.elements[i];
+    const double ei = piece.stiffness.e * std::min(piece.stiffness.iyy, piece.stiffness.izz);
+    if (piece.kind == ElementKind::truss || !(ei > 0.0)) continue;
+    const double longest = longest_piece * std::sqrt(ei / std::abs(axial_forces[i]));
+    std::size_t& count = counts[element_of[i]];
+    const double length = geometry[i].length * static_cast<double>(count_of(element_of[i]));
+    while (length > longest * static_cast<double>(count) && count < most_pieces_of_beam) {
+      count *= 2;
+    }
+  }
+  return counts;
+}
+
 LoadCase CutFrame::cut(const LoadCase& loads) const {
   LoadCase out = loads;
   out.distributed.clear();
   out.points.clear();
   out.temperatures.clear();
-  const auto is_whole = [&](std::size_t element) {
-    return first_piece[element + 1] - first_piece[element] == 1;
-  };
+  const auto is_whole = [&](std::size_t element) { return count_of(element) == 1; };
   for (DistributedLoad load : loads.distributed) {
     const std::size_t first = first_piece[load.element];
     if (is_whole(load.element)) {
@@ -185,8 +207,9 @@ LoadCase CutFrame::cut(const LoadCase& loads) const {
       out.distributed.push_back(load);
       continue;
     }
-    for (std::size_t i = 0; i < pieces_of_beam; ++i) {
-      if (auto part = clipped(load, i)) {
+    const std::size_t count = count_of(load.element);
+    for (std::size_t i = 0; i < count; ++i) {
+      if (auto part = clipped(load, i, static_cast<double>(count))) {
         part->element = first + i;
         out.distributed.push_back(*part);
       }
@@ -195,6 +218,7 @@ LoadCase CutFrame::cut(const LoadCase& loads) const {
   for (PointLoad load : loads.points) {
     const std::size_t first = first_piece[load.element];
     // At a cut it belongs to the piece behind it: the section before is that towards the start.
+    const auto pieces = static_cast<double>(count_of(load.element));
     const double at = is_whole(load.element) ? load.at : load.at * pieces;
     const double piece = is_whole(load.element) ? 0.0 : std::min(std::floor(at), pieces - 1.0);
     load.element = first + static_cast<std::size_t>(piece);

@@ -5,6 +5,7 @@
 #include <Eigen/Geometry>
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 #include "aluframe/analysis/analyse.h"
@@ -43,15 +44,18 @@ Found find_sliding_release(const Frame& frame) {
 /// A frame on its way to a state under loads.
 class LargeAnalysis {
  public:
-  LargeAnalysis(const Frame& frame, const LoadCase& loads)
+  LargeAnalysis(const Frame& frame, const LoadCase& loads, const PieceCounts& pieces)
       : frame_(frame),
         loads_(loads),
-        cut_(frame),
+        cut_(frame, pieces),
         cut_loads_(cut_.cut(loads)),
         displaced_(cut_, cut_loads_),
         path_(frame, cut_, displaced_) {}
 
   EquilibriumPath::End follow(double factor) { return path_.follow(factor); }
+  PieceCounts pieces() const;
+  /// Pieces that the state at the end of the path wants.
+  PieceCounts enough_pieces(const EquilibriumPath::End& end) const;
   /// What moves at a critical point.
   std::string motion_at(const EquilibriumPath::End& end) const;
   Result<SecondOrderResult> result(const EquilibriumPath::End& end);
@@ -70,6 +74,17 @@ class LargeAnalysis {
   DisplacedFrame displaced_;
   EquilibriumPath path_;
 };
+
+PieceCounts LargeAnalysis::pieces() const {
+  PieceCounts counts;
+  for (std::size_t i = 0; i < frame_.elements.size(); ++i) counts.push_back(cut_.count_of(i));
+  return counts;
+}
+
+PieceCounts LargeAnalysis::enough_pieces(const EquilibriumPath::End& end) const {
+  const auto forces = displaced_.forces(end.state);
+  return forces ? cut_.enough_pieces(forces->axial_forces) : pieces();
+}
 
 NodeValues LargeAnalysis::displacements(const EquilibriumPath::End& end) const {
   NodeValues values = displaced_.displacements(end.state);
@@ -257,17 +272,36 @@ LimitLoad::Kind kind_of(PathEnd how) {
   }
 }
 
+/// An analysis that has followed the path of a frame, with as many pieces as that takes.
+struct Followed {
+  std::unique_ptr<LargeAnalysis> analysis;
+  EquilibriumPath::End end;
+};
+
+Followed follow(const Frame& frame, const LoadCase& loads, double factor) {
+  constexpr int most_cuts = 4;  // each at least doubles the pieces of an element
+  PieceCounts pieces = usual_pieces(frame);
+  Followed followed;
+  for (int i = 0; i < most_cuts; ++i) {
+    followed.analysis = std::make_unique<LargeAnalysis>(frame, loads, pieces);
+    followed.end = followed.analysis->follow(factor);
+    PieceCounts enough = followed.analysis->enough_pieces(followed.end);
+    if (enough == pieces) break;
+    pieces = std::move(enough);
+  }
+  return followed;
+}
+
 }  // namespace
 
 Result<SecondOrderResult> analyse_large_displacements(const Frame& frame, const LoadCase& loads,
                                                       const Options& limits) {
   if (auto problem = find_first_problem(frame, loads)) return std::move(*problem);
-  LargeAnalysis analysis(frame, loads);
-  const EquilibriumPath::End end = analysis.follow(1.0);
+  const auto [analysis, end] = follow(frame, loads, 1.0);
   if (end.how != PathEnd::reached) {
-    return limit_problem(end, has_no_equilibrium(end) ? "" : analysis.motion_at(end));
+    return limit_problem(end, has_no_equilibrium(end) ? "" : analysis->motion_at(end));
   }
-  auto solved = analysis.result(end);
+  auto solved = analysis->result(end);
   if (const auto* found = std::get_if<SecondOrderResult>(&solved)) {
     if (auto problem = find_residual_problem(found->result, 0, limits)) return std::move(*problem);
   }
@@ -277,12 +311,12 @@ Result<SecondOrderResult> analyse_large_displacements(const Frame& frame, const 
 Result<LimitLoad> find_limit_load(const Frame& frame, const LoadCase& loads,
                                   double largest_factor) {
   if (auto problem = find_first_problem(frame, loads)) return std::move(*problem);
-  LargeAnalysis analysis(frame, loads);
-  const EquilibriumPath::End end = analysis.follow(largest_factor);
+  const auto [analysis, end] = follow(frame, loads, largest_factor);
   if (has_no_equilibrium(end)) return limit_problem(end, "");
   LimitLoad limit{.kind = kind_of(end.how), .factor = end.factor, .text = {}, .node = {}};
-  if (limit.kind != LimitLoad::Kind::none) limit.text = analysis.motion_at(end);
-  const auto [size, node] = largest_translation(analysis.displacements(end), 0, frame.nodes.size());
+  if (limit.kind != LimitLoad::Kind::none) limit.text = analysis->motion_at(end);
+  const auto [size, node] =
+      largest_translation(analysis->displacements(end), 0, frame.nodes.size());
   limit.largest_displacement = size;
   if (size > 0.0) limit.node = node;
   return limit;

@@ -150,3 +150,61 @@ def test_an_end_that_slides_is_refused(aluframe):
     aluframe.write(model)
     error = aluframe("analyse", "frame.json", status=1).stderr
     assert "element 1 releases Fz, and an end that slides cannot be followed" in error
+
+
+def beside_a_mast(load, push, **more):
+    """The truss, and a mast apart from it that is pushed at its top, kN, and moves much further."""
+    model = two_bars(load, **more)
+    model["nodes"] += [{"number": 4, "x": 0, "y": 5, "z": 0}, {"number": 5, "x": 0, "y": 5, "z": 3}]
+    model["supports"].append({"node": 4, "restrained": "all"})
+    model["elements"].append({"number": 3, "nodes": [4, 5], "section": 1, "material": 1})
+    model["load_cases"][0]["nodal"].append({"nodes": [5], "Fx": push})
+    return model
+
+
+def buckling_row(aluframe):
+    table = aluframe("results", "frame.aluresult", "--buckling", "--format", "csv").stdout
+    return next(csv.DictReader(io.StringIO(table)))
+
+
+@pytest.mark.parametrize("push", [0.01, 0.5, 2])
+@pytest.mark.parametrize("share", [0.8, 1.05])
+def test_second_order_gives_a_truss_that_flattens_the_factor_of_its_limit_load(aluframe, share, push):
+    aluframe.write(beside_a_mast(share * LIMIT, push) | {"analysis": {"second_order": True}})
+    out = aluframe("check", "frame.json", "--strict", status=4).stdout if share > 1 else aluframe(
+        "check", "frame.json").stdout
+    assert "combination 1, snaps through: node 2 moves along Z" in out
+    assert "displacements: combination 1: displacements are too large for second order" in out
+    assert ("combination 1 buckles the frame" in out) == (share > 1)
+    assert float(buckling_row(aluframe)["factor"]) == pytest.approx(1 / share, rel=5e-4)
+
+
+def test_large_displacements_have_the_factor_of_the_limit_load(aluframe):
+    aluframe.write(beside_a_mast(0.999 * LIMIT, 2) | LARGE)
+    out = aluframe("check", "frame.json").stdout
+    assert float(buckling_row(aluframe)["factor"]) == pytest.approx(1 / 0.999, rel=5e-4)
+    assert "imperfections" not in out  # which go with second order only
+
+
+def test_nothing_below_the_limit_of_the_factor_is_looked_for_beyond_it(aluframe):
+    aluframe.write(beside_a_mast(0.5 * LIMIT, 2) | LARGE | {"frame": {"buckling_limit": 1.5}})
+    aluframe("check", "frame.json")
+    assert float(buckling_row(aluframe)["factor"]) > 2  # of linear buckling: the limit load is at 2
+
+
+def test_given_forces_leave_the_factor_of_second_order_unknown(aluframe):
+    model = two_bars(0.5 * LIMIT)
+    model["load_cases"].append({"number": 2, "name": "given"})
+    model["combinations"][0]["terms"].append({"case": 2, "factor": 1.0})
+    model["forces"] = [{"element": i, "case": 2, "values": [[-1000, 0, 0, 0, 0, 0]] * 5} for i in (1, 2)]
+    aluframe.write(model | {"analysis": {"second_order": True}})
+    for options in ((), ("--limit-load",)):
+        out = aluframe("buckling", "frame.json", *options).stdout
+        assert "unknown: load case 2 has given forces" in out
+
+
+@pytest.mark.parametrize("value", ["nan", "inf", "0", "-1"])
+def test_a_factor_that_is_no_positive_number_is_refused(aluframe, value):
+    aluframe.write(two_bars(1))
+    error = aluframe("buckling", "frame.json", "--limit-load", "--largest-factor", value, status=1).stderr
+    assert f"Value {value} not in range 0.001000 to 1000000.000000" in error

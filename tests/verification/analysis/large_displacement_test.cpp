@@ -229,6 +229,34 @@ TEST(WithoutForces, ATurnedSupportTurnsACantilever) {
   }
 }
 
+// ---- Strongly pulled beams --------------------------------------------------------------------
+
+/// A clamped bar under a load across and a pull: with k² = N/EI and u = kL/2 the moment at its ends
+/// is -q/k²·(u·coth u - 1), and in the middle q/k²·(1 - u/sinh u).
+TEST(PulledBeam, HasTheMomentsOfTheTie) {
+  constexpr double length = 3000.0, q = 0.01;
+  const double area = pi * 25.0, inertia = pi * 625.0 / 4.0;  // a rod of 10 mm
+  Frame frame = cantilever(length, {.e = 70000.0,
+                                    .g = 27000.0,
+                                    .area = area,
+                                    .it = 2 * inertia,
+                                    .iyy = inertia,
+                                    .izz = inertia});
+  frame.supports.push_back({1, {false, true, true, true, true, true}});
+  for (const double pull : {1000.0, 10000.0, 20000.0}) {
+    LoadCase loads;
+    loads.nodal.push_back({1, {pull, 0, 0}});
+    loads.distributed.push_back({.element = 0, .from_value = {0, 0, -q}, .to_value = {0, 0, -q}});
+    const CaseResult r = displaced(frame, loads);
+    const double k = std::sqrt(pull / (70000.0 * inertia)), u = k * length / 2;
+    const double at_end = -q / (k * k) * (u / std::tanh(u) - 1);
+    const double in_middle = q / (k * k) * (1 - u / std::sinh(u));
+    // Cubic shapes of pieces up to kl = 0.8: its fourth power over 720.
+    EXPECT_NEAR(r.forces[0][0][my], at_end, 2e-3 * -at_end) << pull;
+    EXPECT_NEAR(r.forces[0][2][my], in_middle, 2e-3 * in_middle) << pull;
+  }
+}
+
 // ---- Stiff links ------------------------------------------------------------------------------
 
 std::pair<Frame, LoadCase> cantilever_with_link(double l, double a, double times, double load) {
