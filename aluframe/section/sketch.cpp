@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/model/xml_text.h"
+#include "aluframe/section/dimension_lines.h"
 #include "aluframe/section/outline.h"
 #include "aluframe/section/section_properties.h"
 
@@ -12,8 +14,8 @@ namespace aluframe::section {
 
 namespace {
 
-/// Free space around the material, as a share of the larger size.
-constexpr double margin_share = 0.15;
+/// Parts of the larger size of the section.
+constexpr double letters_share = 0.045, row_share = 0.09, side_share = 0.26, line_share = 0.0025;
 /// Width of a letter, of which few are wider, as a share of the font's size.
 constexpr double letter_width = 0.7;
 
@@ -54,6 +56,7 @@ std::string path_text(const Outline& outline) {
   return path;
 }
 
+/// The rectangle around a section and its shear centre, z up.
 struct Frame {
   double left, right, bottom, top;
 };
@@ -71,20 +74,105 @@ Frame frame_of(const Outline& outline, double shear_y, double shear_z) {
   return frame;
 }
 
-std::string escaped(const std::string& text) {
-  std::string out;
-  for (const char c : text) {
-    if (c == '&')
-      out += "&amp;";
-    else if (c == '<')
-      out += "&lt;";
-    else if (c == '>')
-      out += "&gt;";
-    else
-      out += c;
+/// Lines and letters of the dimensions. SVG counts downwards, so z changes its sign.
+class DimensionPainter {
+ public:
+  DimensionPainter(const Frame& frame, double size)
+      : frame_(frame), size_(size), row_(row_share * size), arrow_(0.02 * size) {}
+
+  std::string text_of(const std::vector<DimensionLine>& lines) {
+    for (const DimensionLine& line : lines) add(line);
+    return fmt::format(
+               "  <path d=\"{}\" fill=\"none\" stroke=\"#404040\" stroke-width=\"{:.4g}\"/>\n",
+               path_, line_share * size_) +
+           letters_;
   }
-  return out;
-}
+
+ private:
+  void add(const DimensionLine& line) {
+    using Kind = DimensionLine::Kind;
+    const double middle = 0.5 * (line.from + line.to);
+    switch (line.kind) {
+      case Kind::above:
+        return add_across(line, frame_.top + row_);
+      case Kind::below:
+        return add_across(line, frame_.bottom - row_);
+      case Kind::beside: {
+        const double y = frame_.left - row_;
+        add_line(line.level, line.from, y - arrow_, line.from);
+        add_line(line.level, line.to, y - arrow_, line.to);
+        add_line(y, line.from, y, line.to);
+        add_arrow(y, line.from, 0, -1);
+        add_arrow(y, line.to, 0, 1);
+        return add_letters(line.text, y - 0.25 * row_, middle, "middle", true);
+      }
+      case Kind::thickness: {
+        const double y = frame_.right + 0.5 * row_;
+        add_line(line.level, line.from, y + arrow_, line.from);
+        add_line(line.level, line.to, y + arrow_, line.to);
+        add_from_outside(y, line.from, 0, 1);
+        add_from_outside(y, line.to, 0, -1);
+        return add_letters(line.text, y + 2.0 * arrow_, middle, "start", false);
+      }
+      case Kind::wall:
+        add_from_outside(line.from, line.level, 1, 0);
+        add_from_outside(line.to, line.level, -1, 0);
+        return add_letters(line.text, line.to + 3.5 * arrow_, line.level, "start", false);
+    }
+  }
+
+  /// A dimension along y at a level, with extension lines from the section.
+  void add_across(const DimensionLine& line, double level) {
+    const double beyond = level > line.level ? arrow_ : -arrow_;
+    add_line(line.from, line.level, line.from, level + beyond);
+    add_line(line.to, line.level, line.to, level + beyond);
+    const double middle = 0.5 * (line.from + line.to);
+    if (line.to - line.from > 5.0 * arrow_) {
+      add_line(line.from, level, line.to, level);
+      add_arrow(line.from, level, -1, 0);
+      add_arrow(line.to, level, 1, 0);
+    } else {
+      add_from_outside(line.from, level, 1, 0);
+      add_from_outside(line.to, level, -1, 0);
+    }
+    const double above = level > line.level ? 0.6 : -0.6;
+    add_letters(line.text, middle, level + above * letters_share * size_ + 0.5 * beyond, "middle",
+                false);
+  }
+
+  /// An arrow from outside to a face, for what is too thin for arrows within.
+  void add_from_outside(double y, double z, double towards_y, double towards_z) {
+    add_line(y - 3.0 * arrow_ * towards_y, z - 3.0 * arrow_ * towards_z, y, z);
+    add_arrow(y, z, towards_y, towards_z);
+  }
+
+  void add_line(double from_y, double from_z, double to_y, double to_z) {
+    path_ += fmt::format("M{:.4g} {:.4g} L{:.4g} {:.4g} ", from_y, -from_z, to_y, -to_z);
+  }
+
+  void add_arrow(double y, double z, double towards_y, double towards_z) {
+    const double back_y = y - arrow_ * towards_y, back_z = z - arrow_ * towards_z;
+    constexpr double half_width = 0.3;
+    for (const double side : {-half_width, half_width}) {
+      add_line(y, z, back_y - side * arrow_ * towards_z, back_z + side * arrow_ * towards_y);
+    }
+  }
+
+  void add_letters(const std::string& text, double y, double z, const char* anchor, bool upwards) {
+    const double font_size = letters_share * size_;
+    const std::string turn =
+        upwards ? fmt::format(" transform=\"rotate(-90 {:.4g} {:.4g})\"", y, -z) : "";
+    const double drop = upwards ? 0.0 : 0.36 * font_size;
+    letters_ += fmt::format(
+        "  <text x=\"{:.4g}\" y=\"{:.4g}\" font-family=\"sans-serif\" font-size=\"{:.4g}\" "
+        "text-anchor=\"{}\" fill=\"#202020\"{}>{}</text>\n",
+        y, -z + drop, font_size, anchor, turn, text);
+  }
+
+  Frame frame_;
+  double size_, row_, arrow_;
+  std::string path_, letters_;
+};
 
 }  // namespace
 
@@ -95,29 +183,35 @@ std::string sketch_of(const model::Section& section) {
   const double shear_z = properties.shear_centre_z;
   const Frame f = frame_of(outline, shear_y, shear_z);
   const double size = std::max(f.right - f.left, f.top - f.bottom);
-  const double margin = margin_share * size;
+  const double row = row_share * size, side = side_share * size;
   const double mark = size / 40.0;
-  const double width = f.right - f.left + 2.0 * margin;
-  const double height = f.top - f.bottom + 3.0 * margin;
+  const double left = f.left - side, top = f.top + 1.8 * row;
+  const double width = f.right - f.left + 2.0 * side;
+  const double height = f.top - f.bottom + 4.8 * row;
   const double letters =
       letter_width * static_cast<double>(std::max<std::size_t>(1, section.name.size()));
-  const double font_size = std::min(0.5 * margin, width / letters);
+  const double font_size = std::min(0.7 * row, width / letters);
+  const std::string name = model::for_xml(section.name);
   return fmt::format(
-      "<svg xmlns=\"http://www.w3.org/2000/svg\" style=\"background:white\" width=\"{0:.4g}mm\" "
-      "height=\"{1:.4g}mm\" "
-      "viewBox=\"{2:.6g} {3:.6g} {0:.6g} {1:.6g}\">\n"
-      "  <path d=\"{4}\" fill=\"#b8c4d0\" stroke=\"#203040\" stroke-width=\"{5:.4g}\" "
-      "fill-rule=\"evenodd\"/>\n"
-      "  <path d=\"M{6:.4g} 0 H{7:.4g} M0 {6:.4g} V{7:.4g}\" stroke=\"#c02020\" "
-      "stroke-width=\"{5:.4g}\"><title>centroid</title></path>\n"
-      "  <circle cx=\"{8:.4g}\" cy=\"{9:.4g}\" r=\"{7:.4g}\" fill=\"none\" stroke=\"#2060c0\" "
-      "stroke-width=\"{5:.4g}\"><title>shear centre</title></circle>\n"
-      "  <text x=\"{10:.4g}\" y=\"{11:.4g}\" font-family=\"sans-serif\" font-size=\"{12:.4g}\" "
-      "text-anchor=\"middle\">{13}</text>\n"
-      "</svg>\n",
-      width, height, f.left - margin, -f.top - margin, path_text(outline), size / 250.0, -mark,
-      mark, shear_y, -shear_z, (f.left + f.right) / 2.0, -f.bottom + 1.2 * margin, font_size,
-      escaped(section.name));
+             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0:.4g}mm\" height=\"{1:.4g}mm\" "
+             "viewBox=\"{2:.6g} {3:.6g} {0:.6g} {1:.6g}\" role=\"img\">\n"
+             "  <title>{4}</title>\n"
+             "  <rect x=\"{2:.6g}\" y=\"{3:.6g}\" width=\"{0:.6g}\" height=\"{1:.6g}\" "
+             "fill=\"#ffffff\"/>\n"
+             "  <path d=\"{5}\" fill=\"#b8c4d0\" stroke=\"#203040\" stroke-width=\"{6:.4g}\" "
+             "fill-rule=\"evenodd\"/>\n",
+             width, height, left, -top, name, path_text(outline), size / 250.0) +
+         DimensionPainter(f, size).text_of(dimension_lines_of(section)) +
+         fmt::format(
+             "  <path d=\"M{0:.4g} 0 H{1:.4g} M0 {0:.4g} V{1:.4g}\" stroke=\"#c02020\" "
+             "stroke-width=\"{2:.4g}\"><title>centroid</title></path>\n"
+             "  <circle cx=\"{3:.4g}\" cy=\"{4:.4g}\" r=\"{1:.4g}\" fill=\"none\" "
+             "stroke=\"#2060c0\" stroke-width=\"{2:.4g}\"><title>shear centre</title></circle>\n"
+             "  <text x=\"{5:.4g}\" y=\"{6:.4g}\" font-family=\"sans-serif\" font-size=\"{7:.4g}\" "
+             "text-anchor=\"middle\">{8}</text>\n"
+             "</svg>\n",
+             -mark, mark, size / 250.0, shear_y, -shear_z, left + width / 2.0,
+             -top + height - 0.5 * row, font_size, name);
 }
 
 }  // namespace aluframe::section

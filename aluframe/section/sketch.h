@@ -6,9 +6,9 @@
 
 namespace aluframe::section {
 
-/// A drawing of the section as SVG (a whole file, sizes in mm): its material, its centroid as a
-/// cross and its shear centre as a ring, with the name below. The section must have no dimension
-/// problem and not be of shape `other`.
+/// A drawing of the section as SVG (a whole file, sizes in mm): its material and dimensions, its
+/// centroid as a cross and its shear centre as a ring, with the name below, on a white ground. The
+/// section must have no dimension problem and not be of shape `other`.
 std::string sketch_of(const model::Section& section);
 
 }  // namespace aluframe::section

@@ -142,6 +142,19 @@ def test_the_drawing_is_svg_as_large_as_the_section(aluframe, name):
     assert depth < height < 2 * depth
 
 
+@pytest.mark.parametrize("name, values", [
+    ("H 300x150x8x12x120x16", ["B1 150", "B2 120", "H 300", "tf1 12", "tf2 16", "tw 8"]),
+    ("2C 200x80x6x10x12", ["B 80", "C 12", "H 200", "tf 10", "tw 6"]), ("P 100x5", ["D 100", "t 5"])])
+def test_the_drawing_has_the_dimensions_on_a_white_ground(aluframe, name, values):
+    aluframe("section", name, "--svg", "drawing.svg")
+    root = ElementTree.parse(aluframe.folder / "drawing.svg").getroot()
+    texts = [text.text for text in root.iter("{http://www.w3.org/2000/svg}text")]
+    assert sorted(texts) == sorted([*values, name])
+    ground = root.find("{http://www.w3.org/2000/svg}rect")
+    assert ground.get("fill") == "#ffffff"
+    assert [ground.get(key) for key in ("x", "y", "width", "height")] == root.get("viewBox").split()
+
+
 def test_csv_has_a_constant_a_row(aluframe):
     rows = list(csv.DictReader(io.StringIO(
         aluframe("section", "P 100x10", "--format", "csv").stdout)))
