@@ -16,6 +16,7 @@
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/members_command.h"
+#include "apps/cli/picture_command.h"
 #include "apps/cli/points_command.h"
 #include "apps/cli/report_command.h"
 #include "apps/cli/results_command.h"
@@ -370,6 +371,55 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
   analyse->callback([&] { status = run_analyse_command(options); });
 }
 
+/// Numbers of nodes or elements: all of them, or `--nodes=1,3,10-20`.
+void add_numbers(CLI::App& app, const std::string& name, aluframe::picture::Numbers& numbers,
+                 const std::string& help) {
+  app.add_flag(name + "{all}")->description(help)->each([&numbers, name](const std::string& word) {
+    numbers.are_shown = true;
+    if (word != "all") numbers.only = ranges_or_throw(name, word);
+  });
+}
+
+void add_picture(CLI::App& app, PictureCommandOptions& options, int& status) {
+  namespace picture = aluframe::picture;
+  CLI::App* command = app.add_subcommand("picture", "Draw a frame, its loads, forces or ratios");
+  add_input(*command, options.input);
+  command->add_option("--svg", options.svg, "Write the picture to this file; - is standard output")
+      ->required()
+      ->type_name("FILE");
+  const auto add_number = [&](const char* name, std::optional<model::Number>& number,
+                              const char* help) {
+    command->add_option(name, number, help)
+        ->check(CLI::Range(model::Number{1}, model::max_number))
+        ->type_name("NUMBER");
+  };
+  const std::string views(picture::view_names());
+  add_parsed(*command, "--view", options.wanted.view, one_of(picture::parse_view, views),
+             "From where: " + views + "; a plane frame's plane when not given");
+  add_numbers(*command, "--nodes", options.wanted.node_numbers,
+              "Numbers of the nodes; only some with --nodes=1,3,10-20");
+  add_numbers(*command, "--elements", options.wanted.element_numbers,
+              "Numbers of the elements; only some with --elements=1,3,10-20");
+  command->add_flag("--axes", options.wanted.local_axes, "Local axes of the elements");
+  add_number("--loads", options.wanted.loads, "Loads of this load case");
+  add_number("--deformed", options.wanted.deformed,
+             "The frame as this load case displaces it, by linear analysis");
+  const std::string components(picture::component_names());
+  add_parsed(*command, "--diagram", options.wanted.diagram,
+             one_of(picture::parse_component, components),
+             "A force along the elements: " + components);
+  add_number("--case", options.wanted.load_case, "The load case of the diagram");
+  add_number("--combination", options.wanted.combination, "The combination of the diagram");
+  const std::string colours(picture::colour_names());
+  add_parsed(*command, "--colour", options.wanted.colour, one_of(picture::parse_colour, colours),
+             "Colour the elements by " + colours);
+  command
+      ->add_option("--results", options.wanted.results,
+                   "Result file of the ratios; beside the model when not given")
+      ->type_name("FILE");
+  command->callback([&] { status = run_picture_command(options); });
+}
+
 void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   CLI::App* settings =
       app.add_subcommand("settings", "Show or change the design settings and materials of a model");
@@ -408,6 +458,7 @@ int run_program(int argc, char** argv) {
   ResultsOptions results;
   run::InputOptions validate;
   MembersOptions members;
+  PictureCommandOptions picture;
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
@@ -418,6 +469,7 @@ int run_program(int argc, char** argv) {
   add_results(app, results, status);
   add_validate(app, validate, status);
   add_members(app, members, status);
+  add_picture(app, picture, status);
   add_points(app, points, status);
   add_report(app, report, status);
   add_settings(app, settings, status);

@@ -1,0 +1,90 @@
+// The displaced frame.
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "aluframe/picture/colours.h"
+#include "aluframe/picture/drawing.h"
+
+namespace aluframe::picture {
+
+namespace {
+
+double magnitude(const Point3& displacement) {
+  return std::sqrt(dot(displacement, displacement));
+}
+
+struct Largest {
+  double displacement = 0.0;  ///< mm
+  model::Number element = 0;
+  double fraction = 0.0;
+};
+
+Largest largest_of(const Deformed& deformed) {
+  Largest out;
+  for (const DisplacedLine& line : deformed.lines) {
+    for (const DisplacedPlace& place : line.places) {
+      const double size = magnitude(place.displacement);
+      if (size > out.displacement) out = {size, line.element, place.fraction};
+    }
+  }
+  return out;
+}
+
+/// The largest of 1, 2 and 5 times a power of ten that is no more.
+double round_down(double value) {
+  const double power = std::pow(10.0, std::floor(std::log10(value)));
+  for (const double digit : {5.0, 2.0}) {
+    if (digit * power <= value) return digit * power;
+  }
+  return power;
+}
+
+/// "3.53 mm at node 7", or where in an element.
+std::string largest_text(const Drawing& drawing, const Largest& largest) {
+  const bool is_imperial = drawing.model.units.length == model::LengthUnit::foot ||
+                           drawing.model.units.length == model::LengthUnit::inch;
+  const model::LengthUnit unit =
+      is_imperial ? model::LengthUnit::inch : model::LengthUnit::millimetre;
+  const std::string size =
+      fmt::format("{} {}", short_text(largest.displacement / model::millimetres_per(unit)),
+                  model::name_of(unit));
+  const model::Element& element = *drawing.model.elements.find(largest.element);
+  if (largest.fraction == 0.0) return fmt::format("{} at node {}", size, element.nodes[0]);
+  if (largest.fraction == 1.0) return fmt::format("{} at node {}", size, element.nodes[1]);
+  return fmt::format("{} in element {}, at {} of its length", size, largest.element,
+                     short_text(largest.fraction));
+}
+
+}  // namespace
+
+void draw_deformed(Drawing& drawing, const Deformed& deformed) {
+  const Largest largest = largest_of(deformed);
+  if (largest.displacement == 0.0) {
+    drawing.scene.notes.emplace_back("no displacements");
+    return;
+  }
+  constexpr double shown_share = 0.08;  // of the frame's size, by the largest displacement
+  const double factor = round_down(shown_share * drawing.size / largest.displacement);
+  std::map<model::Number, const DisplacedLine*> lines;
+  for (const DisplacedLine& line : deformed.lines) lines.emplace(line.element, &line);
+  for (const SeenElement& one : drawing.elements) {
+    const auto found = lines.find(one.element->number);
+    if (found == lines.end()) continue;
+    std::vector<Place> line;
+    for (const DisplacedPlace& place : found->second->places) {
+      line.push_back({one.at(place.fraction) + factor * place.displacement, {}});
+    }
+    drawing.scene.shapes.push_back({.layer = Layer::deformed,
+                                    .subject = element_subject(one.element->number),
+                                    .style = {.stroke = blue, .width = 0.5},
+                                    .lines = {std::move(line)},
+                                    .told = fmt::format("element {}", one.element->number)});
+  }
+  drawing.scene.notes.push_back(fmt::format("displacements {} times as large; largest {}",
+                                            short_text(factor), largest_text(drawing, largest)));
+}
+
+}  // namespace aluframe::picture

@@ -1,0 +1,76 @@
+#include "aluframe/picture/drawing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "aluframe/analysis/local_axes.h"
+#include "aluframe/model/orientation.h"
+
+namespace aluframe::picture {
+
+namespace {
+
+analysis::Node node_at(const Point3& point) {
+  return {.number = 0, .x = point.x, .y = point.y, .z = point.z};
+}
+
+SeenElement seen(const model::Model& model, const model::Element& element, View view) {
+  SeenElement out;
+  out.element = &element;
+  out.start = point_of(model, element.nodes[0]);
+  out.end = point_of(model, element.nodes[1]);
+  const auto geometry =
+      analysis::geometry_between(node_at(out.start), node_at(out.end), element.beta,
+                                 model::reference_direction(model, element));
+  for (std::size_t i = 0; i < 3; ++i) {
+    const auto row = static_cast<Eigen::Index>(i);
+    out.axes[i] = {geometry.axes(row, 0), geometry.axes(row, 1), geometry.axes(row, 2)};
+  }
+  out.is_end_on = is_end_on(view, out.axes[0]);
+  out.along = unit_of(project(view, out.axes[0]));
+  return out;
+}
+
+double extent(const model::Model& model, View view) {
+  Point2 low = project(view, point_of(model, model.nodes[0].number)), high = low;
+  for (const model::Node& node : model.nodes) {
+    const Point2 at = project(view, {node.x, node.y, node.z});
+    low = {std::min(low.x, at.x), std::min(low.y, at.y)};
+    high = {std::max(high.x, at.x), std::max(high.y, at.y)};
+  }
+  return std::max(high.x - low.x, high.y - low.y);
+}
+
+double median_length(const std::vector<SeenElement>& elements) {
+  std::vector<double> lengths;
+  for (const SeenElement& one : elements) {
+    const Point3 span = one.end - one.start;
+    lengths.push_back(std::sqrt(dot(span, span)));
+  }
+  const auto middle = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);
+  std::ranges::nth_element(lengths, middle);
+  return *middle;
+}
+
+}  // namespace
+
+Point3 point_of(const model::Model& model, model::Number node) {
+  const model::Node& found = *model.nodes.find(node);
+  return {found.x, found.y, found.z};
+}
+
+Point3 global_axis(std::size_t axis) {
+  return {axis == 0 ? 1.0 : 0.0, axis == 1 ? 1.0 : 0.0, axis == 2 ? 1.0 : 0.0};
+}
+
+Drawing drawing_of(const model::Model& model, const Content& content, Scene& scene) {
+  Drawing out{model, content, scene, {}, extent(model, content.view)};
+  for (const model::Element& element : model.elements) {
+    out.elements.push_back(seen(model, element, content.view));
+  }
+  // As long as one reads it, and no longer than the neighbours leave room for.
+  out.ordinate = std::min(0.12 * out.size, 0.5 * median_length(out.elements));
+  return out;
+}
+
+}  // namespace aluframe::picture

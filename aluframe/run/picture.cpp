@@ -1,0 +1,175 @@
+#include "aluframe/run/picture.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <stdexcept>
+
+#include "aluframe/run/chosen_numbers.h"
+#include "aluframe/run/displaced_lines.h"
+#include "aluframe/run/force_lines.h"
+#include "aluframe/run/results.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using picture::Content;
+
+/// The first thing that is wrong with what is wanted, as `Problem`; thrown on the way to it.
+template <class Value>
+Value value_of(Result<Value> result) {
+  if (auto* problem = std::get_if<Problem>(&result)) throw std::move(*problem);
+  return std::get<Value>(std::move(result));
+}
+
+template <class Table>
+std::vector<model::Number> numbers_of(const Table& table) {
+  std::vector<model::Number> numbers;
+  for (const auto& entity : table) numbers.push_back(entity.number);
+  return numbers;
+}
+
+/// Refuses a number that does not exist.
+template <class Table>
+void check_number(const Input& input, const char* option, std::optional<model::Number> number,
+                  const Table& table, const std::string& what) {
+  if (!number || table.find(*number) != nullptr) return;
+  throw about(input, fmt::format("{}: there is no {} {}", option, what, *number));
+}
+
+template <class Table>
+void check_numbers(const Input& input, const char* option, const picture::Numbers& numbers,
+                   const Table& table, const std::string& what) {
+  value_of(chosen_numbers(input, option, numbers.only, numbers_of(table), what));
+}
+
+void check_options(const Input& input, const PictureOptions& wanted) {
+  const model::Model& model = input.model;
+  if (model.elements.empty()) throw about(input, "has no elements to draw");
+  if (wanted.diagram && wanted.load_case.has_value() == wanted.combination.has_value()) {
+    throw Problem{"--diagram: needs --case or --combination, one of them"};
+  }
+  if (!wanted.diagram && (wanted.load_case || wanted.combination)) {
+    throw Problem{"--case and --combination go with --diagram only"};
+  }
+  check_number(input, "--loads", wanted.loads, model.load_cases, "load case");
+  check_number(input, "--deformed", wanted.deformed, model.load_cases, "load case");
+  check_number(input, "--case", wanted.load_case, model.load_cases, "load case");
+  check_number(input, "--combination", wanted.combination, model.combinations, "combination");
+  if (wanted.combination && model.combinations.find(*wanted.combination)->state_of) {
+    throw about(input,
+                fmt::format("--combination: there is no combination {}", *wanted.combination));
+  }
+  check_numbers(input, "--nodes", wanted.node_numbers, model.nodes, "node");
+  check_numbers(input, "--elements", wanted.element_numbers, model.elements, "element");
+}
+
+std::string named(const char* what, model::Number number, const std::string& name) {
+  return name.empty() ? fmt::format("{} {}", what, number)
+                      : fmt::format("{} {} \"{}\"", what, number, name);
+}
+
+std::string analysis_text(const model::Model& model, bool of_combination) {
+  const bool are_given =
+      std::ranges::any_of(model.forces.given(), [](auto one) { return one != 0; });
+  if (are_given) return "given forces";
+  if (!of_combination || !model.analysis.second_order) return "linear analysis";
+  return model.analysis.large_displacements ? "large displacements" : "second-order analysis";
+}
+
+void add_diagram(const Input& input, const PictureOptions& wanted, Content& content) {
+  const model::Model& model = input.model;
+  const bool of_combination = wanted.combination.has_value();
+  ForceLines lines = value_of(
+      of_combination ? force_lines_of_combination(input, *wanted.combination, *wanted.diagram)
+                     : force_lines_of_case(input, *wanted.load_case, *wanted.diagram));
+  const std::string of = of_combination ? named("combination", *wanted.combination,
+                                                model.combinations.find(*wanted.combination)->name)
+                                        : named("load case", *wanted.load_case,
+                                                model.load_cases.find(*wanted.load_case)->name);
+  if (lines.lines.empty()) throw about(input, "--diagram: " + of + " has neither loads nor forces");
+  const bool has_sides = std::ranges::any_of(
+      lines.lines, [](const picture::ForceLine& line) { return !line.minimum.empty(); });
+  picture::add_note(content.notes, lines.without_forces, "no forces are known");
+  picture::add_note(content.notes, lines.ends_only,
+                    "forces are known at the ends only, straight lines are drawn between them");
+  if (has_sides) content.notes.emplace_back("an envelope: its largest and its smallest values");
+  content.diagram = picture::Diagram{
+      *wanted.diagram, of + ", " + analysis_text(model, of_combination), std::move(lines.lines)};
+}
+
+void add_deformed(const Input& input, model::Number load_case, Content& content) {
+  content.deformed = picture::Deformed{
+      named("load case", load_case, input.model.load_cases.find(load_case)->name) +
+          ", linear analysis",
+      value_of(displaced_lines(input, load_case))};
+}
+
+/// Elements whose safe ratio exceeds 1 though no check does.
+std::vector<model::Number> safe_over_one(store::ResultReader& reader,
+                                         const picture::Ratios& ratios) {
+  std::vector<model::Number> out;
+  for (const auto& [element, row] : safe_by_element(reader)) {
+    const auto found = ratios.find(element);
+    const bool is_over = found != ratios.end() && !(found->second <= 1.0);
+    if (!(row.safe <= 1.0) && !is_over) out.push_back(element);
+  }
+  return out;
+}
+
+void add_ratios(const Input& input, const InputOptions& options, const PictureOptions& wanted,
+                Picture& picture, Content& content) {
+  const auto file = wanted.results.value_or(result_path_of(input.file));
+  if (const auto text = left_instead_text(file)) throw Problem{*text};
+  const auto reader = store::ResultReader::open(file);
+  for (const ElementResult& element : by_element(reader->governing())) {
+    if (input.model.elements.find(element.element) == nullptr) continue;
+    content.ratios[element.element] = element.worst().governing.Ratio();
+  }
+  picture::add_note(content.notes, safe_over_one(*reader, content.ratios),
+                    "the safe ratio exceeds 1, though no ratio of the checks does");
+  picture.cautions = cautions(options, file, *reader);
+  content.notes.insert(content.notes.end(), picture.cautions.begin(), picture.cautions.end());
+  const Coverage coverage = coverage_of(*reader);
+  content.notes.push_back("ratios of a check of " + coverage_text(coverage));
+}
+
+Picture drawn(const Input& input, const InputOptions& options, const PictureOptions& wanted) {
+  check_options(input, wanted);
+  Picture picture;
+  Content content{.view = wanted.view.value_or(picture::natural_view(input.model)),
+                  .node_numbers = wanted.node_numbers,
+                  .element_numbers = wanted.element_numbers,
+                  .local_axes = wanted.local_axes,
+                  .loads = wanted.loads,
+                  .diagram = {},
+                  .deformed = {},
+                  .colour = wanted.colour,
+                  .ratios = {},
+                  .notes = {}};
+  if (wanted.diagram) add_diagram(input, wanted, content);
+  if (wanted.deformed) add_deformed(input, *wanted.deformed, content);
+  if (wanted.colour == picture::ColourBy::ratio) {
+    add_ratios(input, options, wanted, picture, content);
+  }
+  picture.scene = picture::draw(input.model, content);
+  return picture;
+}
+
+}  // namespace
+
+Result<Picture> draw(const Input& input, const InputOptions& options,
+                     const PictureOptions& wanted) {
+  try {
+    return drawn(input, options, wanted);
+  } catch (Problem& problem) {
+    return std::move(problem);
+  } catch (const std::runtime_error& error) {
+    return Problem{error.what()};
+  }
+}
+
+}  // namespace aluframe::run
