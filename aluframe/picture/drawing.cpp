@@ -68,8 +68,9 @@ Drawing drawing_of(const model::Model& model, const Content& content, Scene& sce
   for (const model::Element& element : model.elements) {
     out.elements.push_back(seen(model, element, content.view));
   }
-  // As long as one reads it, and no longer than the neighbours leave room for.
-  out.ordinate = std::min(0.12 * out.size, 0.5 * median_length(out.elements));
+  // As long as one reads it, and where elements are long no longer than neighbours leave room for.
+  constexpr double least = 0.05, most = 0.12;
+  out.ordinate = std::clamp(0.5 * median_length(out.elements), least * out.size, most * out.size);
   return out;
 }
 

@@ -90,7 +90,9 @@ Result<analysis::CaseResult> solved(const Input& input, const model::Model& mode
                                     const forces::LoadSet& set, model::Number load_case) {
   auto answers = forces::analyse_sets(model, {&set, 1}, forces::Order::first);
   if (auto* problem = std::get_if<analysis::Problem>(&answers)) {
-    problem->text = fmt::format("load case {}: {}", load_case, problem->text);
+    if (problem->load_case) {
+      problem->text = fmt::format("load case {}: {}", load_case, problem->text);
+    }
     return problem_of(input.file, *problem);
   }
   return std::move(std::get<std::vector<analysis::SecondOrderResult>>(answers).front().result);

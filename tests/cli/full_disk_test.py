@@ -13,7 +13,7 @@ def run_into_a_full_disk(aluframe, *arguments):
 
 @pytest.mark.parametrize("arguments", [
     ["section", "P 100x3"], ["members", "frame.json"], ["check", "frame.json"],
-    ["validate", "frame.json"], ["settings", "frame.json"], ["--help"]], ids=lambda a: a[0])
+    ["validate", "frame.json"], ["picture", "frame.json", "--svg", "-"], ["settings", "frame.json"], ["--help"]], ids=lambda a: a[0])
 def test_lost_output_is_told_and_fails(aluframe, pipe_beam, arguments):
     aluframe.write(pipe_beam)
     done = run_into_a_full_disk(aluframe, *arguments)

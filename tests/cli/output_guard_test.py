@@ -16,6 +16,7 @@ OUTPUTS = [
     (("report", "frame.json", "--forces", "forces.csv"), "--output", "the report"),
     (("report", "frame.json", "--forces", "forces.csv"), "--readable", "the readable copy"),
     (("report", "frame.json", "--forces", "forces.csv"), "--results", "the result file"),
+    (("picture", "frame.json", "--forces", "forces.csv"), "--svg", "the picture"),
     (("section", "Post", "--catalogue", "mine.csv"), "--svg", "the drawing"),
 ]
 IDS = [f"{command[0]} {option}" for command, option, _ in OUTPUTS]
