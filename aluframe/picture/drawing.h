@@ -46,6 +46,8 @@ void draw_releases(Drawing& drawing);
 void draw_local_axes(Drawing& drawing);
 void draw_numbers(Drawing& drawing);
 void draw_loads(Drawing& drawing, const model::LoadCase& load_case);
+/// Names what of the loads has no place in the picture.
+void add_load_notes(Drawing& drawing, const model::CaseLoads& loads);
 void draw_diagram(Drawing& drawing, const Diagram& diagram);
 void draw_deformed(Drawing& drawing, const Deformed& deformed);
 

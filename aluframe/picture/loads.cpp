@@ -48,6 +48,27 @@ Largest largest_of(const model::CaseLoads& loads) {
   return out;
 }
 
+/// A distributed load square to an element, or slanting. Parts run from where it begins to its end.
+struct Comb {
+  const SeenElement& element;
+  const model::SpanLoad& load;
+  Point2 out;              ///< from the element to the tails of the arrows
+  double base = 0.0;       ///< where it begins above the element, mm on paper
+  double per_value = 0.0;  ///< mm on paper for 1 N/mm
+
+  double value(double part) const {
+    return load.from_value + part * (load.to_value - load.from_value);
+  }
+  double height(double part) const { return per_value * value(part); }
+  Place foot(double part) const { return place(part, base); }
+  Place top(double part) const { return place(part, base + height(part)); }
+
+ private:
+  Place place(double part, double above) const {
+    return {element.at(load.from + part * (load.to - load.from)), above * out};
+  }
+};
+
 class LoadPainter {
  public:
   LoadPainter(Drawing& drawing, const Largest& largest)
@@ -216,46 +237,44 @@ class LoadPainter {
 
   void add_comb(const SeenElement& one, const model::SpanLoad& load, const Point2& axis,
                 double largest, bool is_first) {
-    const double height = tallest_comb * share_of(largest, largest_.span);
     const double sign = load.from_value + load.to_value < 0.0 ? -1.0 : 1.0;
-    const Point2 out = -sign * axis;  // from the element to the tails
-    const double base = stack(one, out, height);
-    const auto value_at = [&](double part) {
-      return load.from_value + part * (load.to_value - load.from_value);
-    };
-    const auto place = [&](double part, double above) {
-      return Place{one.at(load.from + part * (load.to - load.from)), above * out};
-    };
-    const auto top = [&](double part) { return base + sign * height * value_at(part) / largest; };
+    Comb comb{one, load, -sign * axis};
+    const double height = tallest_comb * share_of(largest, largest_.span);
+    comb.base = stack(one, comb.out, height);
+    comb.per_value = sign * height / largest;
     const Subject subject = element_subject(one.element->number);
-    const std::string text = span_text(load, largest);
     drawing_.scene.shapes.push_back(
         {.layer = Layer::loads,
          .subject = subject,
          .style = comb_style,
-         .lines = {{place(0, base), place(0, top(0)), place(1, top(1)), place(1, base)}},
+         .lines = {{comb.foot(0), comb.top(0), comb.top(1), comb.foot(1)}},
          .is_closed = true,
-         .told = "load " + text});
-    const int arrows = arrows_over(one, load);
+         .told = "load " + span_text(load, largest)});
+    add_teeth(comb, subject);
+    const double share = largest / largest_.span;
+    if (load.from_value == load.to_value) {
+      return add_label(subject, span_text(load, largest), comb.top(0.5), comb.out, share, is_first);
+    }
+    for (const double part : {0.0, 1.0}) {
+      if (comb.value(part) == 0.0) continue;
+      add_label(subject, span_text(load, comb.value(part)), comb.top(part), comb.out, share);
+    }
+  }
+
+  /// The arrows, but where the load is too small for one.
+  void add_teeth(const Comb& comb, const Subject& subject) {
+    constexpr double shortest = 2.0;
+    const int arrows = arrows_over(comb.element, comb.load);
     Shape teeth{.layer = Layer::loads, .subject = subject, .style = load_style};
     teeth.style.width = 0.2;
     for (int i = 0; i <= arrows; ++i) {
       const double part = static_cast<double>(i) / arrows;
-      const double tall = top(part) - base;
-      constexpr double least_for_a_head = 2.0;
-      if (std::abs(tall) < least_for_a_head) continue;
-      teeth.lines.push_back({place(part, top(part)), place(part, base)});
-      add_head(drawing_, teeth, place(part, base), (tall > 0.0 ? -1.0 : 1.0) * out);
+      if (std::abs(comb.height(part)) < shortest) continue;
+      teeth.lines.push_back({comb.top(part), comb.foot(part)});
+      const double towards_element = comb.height(part) > 0.0 ? -1.0 : 1.0;
+      add_head(drawing_, teeth, comb.foot(part), towards_element * comb.out);
     }
     drawing_.scene.shapes.push_back(std::move(teeth));
-    const double share = largest / largest_.span;
-    if (load.from_value == load.to_value) {
-      return add_label(subject, text, place(0.5, top(0.5)), out, share, is_first);
-    }
-    for (const double part : {0.0, 1.0}) {
-      if (value_at(part) == 0.0) continue;
-      add_label(subject, span_text(load, value_at(part)), place(part, top(part)), out, share);
-    }
   }
 
   /// Loads along the element, or seen end-on: a row of marks on it.
@@ -293,42 +312,6 @@ class LoadPainter {
   std::unordered_map<model::Number, std::vector<std::pair<Point2, double>>> stacks_;
 };
 
-std::string targets_text(const model::Targets& targets, std::string_view one) {
-  if (targets.all) return fmt::format("all {}s", one);
-  std::vector<model::Number> sorted = targets.numbers;
-  std::ranges::sort(sorted);
-  constexpr std::size_t most_ranges = 8;
-  return fmt::format("{}{} {}", one, sorted.size() == 1 ? "" : "s",
-                     model::join_as_ranges(sorted, most_ranges));
-}
-
-std::string weight_text(const std::array<double, 3>& factors) {
-  if (factors == std::array<double, 3>{0.0, 0.0, -1.0})
-    return "with the self-weight of all elements";
-  return fmt::format("with {}, {} and {} times the self-weight of all elements along X, Y, Z",
-                     short_text(factors[0]), short_text(factors[1]), short_text(factors[2]));
-}
-
-std::string temperature_text(const model::TemperatureLoad& load) {
-  std::string text = fmt::format("temperature {} K", short_text(load.change));
-  if (load.difference_y != 0.0)
-    text += fmt::format(", +y to −y {} K", short_text(load.difference_y));
-  if (load.difference_z != 0.0)
-    text += fmt::format(", +z to −z {} K", short_text(load.difference_z));
-  return text + ": " + targets_text(load.elements, "element");
-}
-
-std::string settlement_text(const model::Settlement& load) {
-  constexpr std::array<std::string_view, 6> names{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
-  std::string text = fmt::format("settlement of node {}:", load.node);
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (load.displacements[i] == 0.0) continue;
-    text +=
-        fmt::format(" {} {} {}", names[i], short_text(load.displacements[i]), i < 3 ? "mm" : "rad");
-  }
-  return text;
-}
-
 }  // namespace
 
 void draw_loads(Drawing& drawing, const model::LoadCase& load_case) {
@@ -337,10 +320,7 @@ void draw_loads(Drawing& drawing, const model::LoadCase& load_case) {
   for (const model::SpanLoad& load : loads.span) painter.add(load);
   for (const model::PointLoad& load : loads.points) painter.add(load);
   for (const model::NodalLoad& load : loads.nodal) painter.add(load);
-  std::vector<std::string>& notes = drawing.scene.notes;
-  if (loads.self_weight != std::array<double, 3>{}) notes.push_back(weight_text(loads.self_weight));
-  for (const auto& load : loads.temperature) notes.push_back(temperature_text(load));
-  for (const auto& load : loads.settlements) notes.push_back(settlement_text(load));
+  add_load_notes(drawing, loads);
 }
 
 }  // namespace aluframe::picture

@@ -7,6 +7,7 @@
 
 #include "aluframe/model/xml_text.h"
 #include "aluframe/section/dimension_lines.h"
+#include "aluframe/section/dimensions_svg.h"
 #include "aluframe/section/outline.h"
 #include "aluframe/section/section_properties.h"
 
@@ -15,7 +16,7 @@ namespace aluframe::section {
 namespace {
 
 /// Parts of the larger size of the section.
-constexpr double letters_share = 0.045, row_share = 0.09, side_share = 0.26, line_share = 0.0025;
+constexpr double side_share = 0.26;
 /// Width of a letter, of which few are wider, as a share of the font's size.
 constexpr double letter_width = 0.7;
 
@@ -56,13 +57,8 @@ std::string path_text(const Outline& outline) {
   return path;
 }
 
-/// The rectangle around a section and its shear centre, z up.
-struct Frame {
-  double left, right, bottom, top;
-};
-
-Frame frame_of(const Outline& outline, double shear_y, double shear_z) {
-  Frame frame{shear_y, shear_y, shear_z, shear_z};
+DrawnFrame frame_of(const Outline& outline, double shear_y, double shear_z) {
+  DrawnFrame frame{shear_y, shear_y, shear_z, shear_z};
   for (const auto& line : outline) {
     for (const OutlineCorner& corner : line) {
       frame.left = std::min(frame.left, corner.y);
@@ -74,106 +70,6 @@ Frame frame_of(const Outline& outline, double shear_y, double shear_z) {
   return frame;
 }
 
-/// Lines and letters of the dimensions. SVG counts downwards, so z changes its sign.
-class DimensionPainter {
- public:
-  DimensionPainter(const Frame& frame, double size)
-      : frame_(frame), size_(size), row_(row_share * size), arrow_(0.02 * size) {}
-
-  std::string text_of(const std::vector<DimensionLine>& lines) {
-    for (const DimensionLine& line : lines) add(line);
-    return fmt::format(
-               "  <path d=\"{}\" fill=\"none\" stroke=\"#404040\" stroke-width=\"{:.4g}\"/>\n",
-               path_, line_share * size_) +
-           letters_;
-  }
-
- private:
-  void add(const DimensionLine& line) {
-    using Kind = DimensionLine::Kind;
-    const double middle = 0.5 * (line.from + line.to);
-    switch (line.kind) {
-      case Kind::above:
-        return add_across(line, frame_.top + row_);
-      case Kind::below:
-        return add_across(line, frame_.bottom - row_);
-      case Kind::beside: {
-        const double y = frame_.left - row_;
-        add_line(line.level, line.from, y - arrow_, line.from);
-        add_line(line.level, line.to, y - arrow_, line.to);
-        add_line(y, line.from, y, line.to);
-        add_arrow(y, line.from, 0, -1);
-        add_arrow(y, line.to, 0, 1);
-        return add_letters(line.text, y - 0.25 * row_, middle, "middle", true);
-      }
-      case Kind::thickness: {
-        const double y = frame_.right + 0.5 * row_;
-        add_line(line.level, line.from, y + arrow_, line.from);
-        add_line(line.level, line.to, y + arrow_, line.to);
-        add_from_outside(y, line.from, 0, 1);
-        add_from_outside(y, line.to, 0, -1);
-        return add_letters(line.text, y + 2.0 * arrow_, middle, "start", false);
-      }
-      case Kind::wall:
-        add_from_outside(line.from, line.level, 1, 0);
-        add_from_outside(line.to, line.level, -1, 0);
-        return add_letters(line.text, line.to + 3.5 * arrow_, line.level, "start", false);
-    }
-  }
-
-  /// A dimension along y at a level, with extension lines from the section.
-  void add_across(const DimensionLine& line, double level) {
-    const double beyond = level > line.level ? arrow_ : -arrow_;
-    add_line(line.from, line.level, line.from, level + beyond);
-    add_line(line.to, line.level, line.to, level + beyond);
-    const double middle = 0.5 * (line.from + line.to);
-    if (line.to - line.from > 5.0 * arrow_) {
-      add_line(line.from, level, line.to, level);
-      add_arrow(line.from, level, -1, 0);
-      add_arrow(line.to, level, 1, 0);
-    } else {
-      add_from_outside(line.from, level, 1, 0);
-      add_from_outside(line.to, level, -1, 0);
-    }
-    const double above = level > line.level ? 0.6 : -0.6;
-    add_letters(line.text, middle, level + above * letters_share * size_ + 0.5 * beyond, "middle",
-                false);
-  }
-
-  /// An arrow from outside to a face, for what is too thin for arrows within.
-  void add_from_outside(double y, double z, double towards_y, double towards_z) {
-    add_line(y - 3.0 * arrow_ * towards_y, z - 3.0 * arrow_ * towards_z, y, z);
-    add_arrow(y, z, towards_y, towards_z);
-  }
-
-  void add_line(double from_y, double from_z, double to_y, double to_z) {
-    path_ += fmt::format("M{:.4g} {:.4g} L{:.4g} {:.4g} ", from_y, -from_z, to_y, -to_z);
-  }
-
-  void add_arrow(double y, double z, double towards_y, double towards_z) {
-    const double back_y = y - arrow_ * towards_y, back_z = z - arrow_ * towards_z;
-    constexpr double half_width = 0.3;
-    for (const double side : {-half_width, half_width}) {
-      add_line(y, z, back_y - side * arrow_ * towards_z, back_z + side * arrow_ * towards_y);
-    }
-  }
-
-  void add_letters(const std::string& text, double y, double z, const char* anchor, bool upwards) {
-    const double font_size = letters_share * size_;
-    const std::string turn =
-        upwards ? fmt::format(" transform=\"rotate(-90 {:.4g} {:.4g})\"", y, -z) : "";
-    const double drop = upwards ? 0.0 : 0.36 * font_size;
-    letters_ += fmt::format(
-        "  <text x=\"{:.4g}\" y=\"{:.4g}\" font-family=\"sans-serif\" font-size=\"{:.4g}\" "
-        "text-anchor=\"{}\" fill=\"#202020\"{}>{}</text>\n",
-        y, -z + drop, font_size, anchor, turn, text);
-  }
-
-  Frame frame_;
-  double size_, row_, arrow_;
-  std::string path_, letters_;
-};
-
 }  // namespace
 
 std::string sketch_of(const model::Section& section) {
@@ -181,7 +77,7 @@ std::string sketch_of(const model::Section& section) {
   const model::SectionProperties properties = properties_of(section);
   const double shear_y = properties.shear_centre_y;
   const double shear_z = properties.shear_centre_z;
-  const Frame f = frame_of(outline, shear_y, shear_z);
+  const DrawnFrame f = frame_of(outline, shear_y, shear_z);
   const double size = std::max(f.right - f.left, f.top - f.bottom);
   const double row = row_share * size, side = side_share * size;
   const double mark = size / 40.0;
@@ -201,7 +97,7 @@ std::string sketch_of(const model::Section& section) {
              "  <path d=\"{5}\" fill=\"#b8c4d0\" stroke=\"#203040\" stroke-width=\"{6:.4g}\" "
              "fill-rule=\"evenodd\"/>\n",
              width, height, left, -top, name, path_text(outline), size / 250.0) +
-         DimensionPainter(f, size).text_of(dimension_lines_of(section)) +
+         dimensions_text(dimension_lines_of(section), f) +
          fmt::format(
              "  <path d=\"M{0:.4g} 0 H{1:.4g} M0 {0:.4g} V{1:.4g}\" stroke=\"#c02020\" "
              "stroke-width=\"{2:.4g}\"><title>centroid</title></path>\n"

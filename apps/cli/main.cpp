@@ -374,9 +374,15 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
 /// Numbers of nodes or elements: all of them, or `--nodes=1,3,10-20`.
 void add_numbers(CLI::App& app, const std::string& name, aluframe::picture::Numbers& numbers,
                  const std::string& help) {
-  app.add_flag(name + "{all}")->description(help)->each([&numbers, name](const std::string& word) {
+  app.add_flag(name + "{all}")->description(help)->each([&numbers](const std::string& word) {
     numbers.are_shown = true;
-    if (word != "all") numbers.only = ranges_or_throw(name, word);
+    if (word == "all") return;
+    auto parsed = model::parse_number_ranges(word);
+    // The parser puts the option's name before it.
+    if (const auto* problem = std::get_if<std::string>(&parsed)) {
+      throw CLI::ValidationError(*problem);
+    }
+    numbers.only = std::get<model::NumberRanges>(std::move(parsed));
   });
 }
 
