@@ -34,7 +34,7 @@ double length_within(const Segment& segment, const Box& box) {
       if (start < low || start > high) to = -1.0;
       return;
     }
-    const auto [first, last] = std::minmax((low - start) / change, (high - start) / change);
+    const auto [first, last] = std::minmax({(low - start) / change, (high - start) / change});
     from = std::max(from, first);
     to = std::min(to, last);
   };
@@ -147,10 +147,12 @@ class Placement {
     for (const double gap : {0.7, 2.2, 4.6}) {
       double later = gap;  // a direction further down the list costs a little more
       for (const Point2& towards : directions_from(label.towards)) {
+        if (least >= 0.0 && later >= least) break;
         const Box box = box_beside(at, towards, width, height, gap);
         const double labels = occupied_.under(box);
-        constexpr double of_labels = 20.0, of_lines = 1.0, step = 0.25;
-        const double cost = of_labels * labels + of_lines * occupied_.lines_under(box) + later;
+        constexpr double of_any_label = 100.0, of_labels = 20.0, of_lines = 1.0, step = 0.25;
+        const double of_overlap = labels > 0.0 ? of_any_label + of_labels * labels : 0.0;
+        const double cost = of_overlap + of_lines * occupied_.lines_under(box) + later;
         later += step;
         if (least >= 0.0 && cost >= least) continue;
         least = cost;
