@@ -95,9 +95,15 @@ class Collector {
     return ordinates(five, places, length_of(element), component_);
   }
 
-  void add(std::size_t element, const model::CaseForces& five, std::vector<Ordinate> values,
-           std::vector<Ordinate> minimum) {
+  /// @param cases that the forces are made of
+  void add(std::size_t element, const CaseFactors& cases, const model::CaseForces& five,
+           std::vector<Ordinate> values, std::vector<Ordinate> minimum) {
     const model::Number number = model_.elements[element].number;
+    for (const auto& entry : cases) {
+      const bool is_computed =
+          model_.analysis.second_order || computed_.contains(element, entry.load_case);
+      (is_computed ? out_.has_computed : out_.has_given) = true;
+    }
     if (!five.inner) out_.ends_only.push_back(number);
     out_.lines.push_back({number, std::move(values), std::move(minimum)});
   }
@@ -148,7 +154,7 @@ Result<ForceLines> force_lines_of_case(Input input, model::Number load_case,
     const auto find_peaks = [&](const forces::InnerForces& inner, auto& out) {
       inner.peaks(element, cases, *five, {}, out);
     };
-    collector.add(element, *five, collector.line(element, *five, &cases, find_peaks), {});
+    collector.add(element, cases, *five, collector.line(element, *five, &cases, find_peaks), {});
   }
   return collector.take();
 }
@@ -182,7 +188,7 @@ Result<ForceLines> force_lines_of_combination(Input input, model::Number combina
       const auto low = evaluator.evaluate(element, combination, model::Side::minimum);
       if (low) minimum = line_of(element, *low, model::Side::minimum);
     }
-    collector.add(element, *five, std::move(values), std::move(minimum));
+    collector.add(element, cases, *five, std::move(values), std::move(minimum));
   }
   return collector.take();
 }

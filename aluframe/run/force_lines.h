@@ -11,6 +11,8 @@ struct ForceLines {
   std::vector<picture::ForceLine> lines;
   std::vector<model::Number> without_forces;  ///< elements
   std::vector<model::Number> ends_only;       ///< elements whose forces are known at their ends
+  bool has_given = false;     ///< some forces are those that the model or a table gives
+  bool has_computed = false;  ///< some follow from its loads
 };
 
 /// Computes the forces that follow from the loads, besides given ones. A load case is always in

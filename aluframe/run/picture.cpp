@@ -46,6 +46,11 @@ void check_numbers(const Input& input, const char* option, const picture::Number
   value_of(chosen_numbers(input, option, numbers.only, numbers_of(table), what));
 }
 
+/// A state of an envelope is none of the file's combinations.
+bool is_state(const model::Model& model, model::Number combination) {
+  return model.combinations.find(combination)->state_of.has_value();
+}
+
 void check_options(const Input& input, const PictureOptions& wanted) {
   const model::Model& model = input.model;
   if (model.elements.empty()) throw about(input, "has no elements to draw");
@@ -59,7 +64,7 @@ void check_options(const Input& input, const PictureOptions& wanted) {
   check_number(input, "--deformed", wanted.deformed, model.load_cases, "load case");
   check_number(input, "--case", wanted.load_case, model.load_cases, "load case");
   check_number(input, "--combination", wanted.combination, model.combinations, "combination");
-  if (wanted.combination && model.combinations.find(*wanted.combination)->state_of) {
+  if (wanted.combination && is_state(model, *wanted.combination)) {
     throw about(input,
                 fmt::format("--combination: there is no combination {}", *wanted.combination));
   }
@@ -72,24 +77,17 @@ std::string named(const char* what, model::Number number, const std::string& nam
                       : fmt::format("{} {} \"{}\"", what, number, name);
 }
 
-std::string analysis_text(const model::Model& model, bool of_combination) {
-  const bool are_given =
-      std::ranges::any_of(model.forces.given(), [](auto one) { return one != 0; });
-  if (are_given) return "given forces";
-  if (!of_combination || !model.analysis.second_order) return "linear analysis";
-  return model.analysis.large_displacements ? "large displacements" : "second-order analysis";
+std::string analysis_text(const model::AnalysisSettings& analysis, const ForceLines& lines) {
+  if (!lines.has_computed) return "given forces";
+  const char* order = !analysis.second_order         ? "linear analysis"
+                      : analysis.large_displacements ? "large displacements"
+                                                     : "second-order analysis";
+  return std::string(order) + (lines.has_given ? " and given forces" : "");
 }
 
-void add_diagram(const Input& input, const PictureOptions& wanted, Content& content) {
-  const model::Model& model = input.model;
-  const bool of_combination = wanted.combination.has_value();
-  ForceLines lines = value_of(
-      of_combination ? force_lines_of_combination(input, *wanted.combination, *wanted.diagram)
-                     : force_lines_of_case(input, *wanted.load_case, *wanted.diagram));
-  const std::string of = of_combination ? named("combination", *wanted.combination,
-                                                model.combinations.find(*wanted.combination)->name)
-                                        : named("load case", *wanted.load_case,
-                                                model.load_cases.find(*wanted.load_case)->name);
+/// @param of what the forces are of
+void add_diagram(const Input& input, picture::ForceComponent component, const std::string& of,
+                 const model::AnalysisSettings& analysis, ForceLines lines, Content& content) {
   if (lines.lines.empty()) throw about(input, "--diagram: " + of + " has neither loads nor forces");
   const bool has_sides = std::ranges::any_of(
       lines.lines, [](const picture::ForceLine& line) { return !line.minimum.empty(); });
@@ -97,8 +95,22 @@ void add_diagram(const Input& input, const PictureOptions& wanted, Content& cont
   picture::add_note(content.notes, lines.ends_only,
                     "forces are known at the ends only, straight lines are drawn between them");
   if (has_sides) content.notes.emplace_back("an envelope: its largest and its smallest values");
-  content.diagram = picture::Diagram{
-      *wanted.diagram, of + ", " + analysis_text(model, of_combination), std::move(lines.lines)};
+  const std::string by = analysis_text(analysis, lines);
+  content.diagram = picture::Diagram{component, of + ", " + by, std::move(lines.lines)};
+}
+
+void add_diagram_of_case(const Input& input, picture::ForceComponent component,
+                         model::Number number, Content& content) {
+  const std::string of = named("load case", number, input.model.load_cases.find(number)->name);
+  add_diagram(input, component, of, {}, value_of(force_lines_of_case(input, number, component)),
+              content);
+}
+
+void add_diagram_of_combination(const Input& input, picture::ForceComponent component,
+                                model::Number number, Content& content) {
+  const std::string of = named("combination", number, input.model.combinations.find(number)->name);
+  add_diagram(input, component, of, input.model.analysis,
+              value_of(force_lines_of_combination(input, number, component)), content);
 }
 
 void add_deformed(const Input& input, model::Number load_case, Content& content) {
@@ -150,7 +162,12 @@ Picture drawn(const Input& input, const InputOptions& options, const PictureOpti
                   .colour = wanted.colour,
                   .ratios = {},
                   .notes = {}};
-  if (wanted.diagram) add_diagram(input, wanted, content);
+  if (wanted.diagram && wanted.load_case) {
+    add_diagram_of_case(input, *wanted.diagram, *wanted.load_case, content);
+  }
+  if (wanted.diagram && wanted.combination) {
+    add_diagram_of_combination(input, *wanted.diagram, *wanted.combination, content);
+  }
   if (wanted.deformed) add_deformed(input, *wanted.deformed, content);
   if (wanted.colour == picture::ColourBy::ratio) {
     add_ratios(input, options, wanted, picture, content);

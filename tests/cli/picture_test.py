@@ -139,6 +139,16 @@ def test_given_forces_are_drawn_as_they_are(aluframe, pipe_beam):
     assert "20" in texts(layer(drawn(aluframe, "--diagram", "N", "--case", "2"), "values"))
 
 
+def test_given_and_computed_forces_add_up_and_are_named(aluframe, pipe_beam):
+    pipe_beam["forces"].pop()
+    pipe_beam["load_cases"][1] = {"number": 2, "name": "LL", **UNIFORM}
+    aluframe.write(pipe_beam)
+    root = drawn(aluframe, "--diagram", "My", "--combination", "2")
+    # 10 kN·m are given, 6·4²/8 = 12 kN·m follow from the load.
+    assert "22" in texts(layer(root, "values"))
+    assert any("linear analysis and given forces" in text for text in texts(root))
+
+
 def test_second_order_moments_are_larger_and_named(aluframe, beam):  # noqa: F811
     # A cantilever column under 20 kN and 1 kN across: 4 kN·m in first order.
     beam |= {"supports": CANTILEVER,
