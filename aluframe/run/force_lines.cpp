@@ -63,7 +63,8 @@ bool is_known(const forces::InnerForces& inner, std::size_t element, const CaseF
 /// Whether all forces follow from loads, in straight elements: then curves have a closed form.
 bool follows_from_loads(const model::Model& model, const forces::ComputedPairs& computed,
                         std::size_t element, const CaseFactors& cases) {
-  if (model.analysis.second_order) return false;
+  const model::AnalysisSettings& analysis = model.analysis;
+  if (analysis.second_order) return !analysis.large_displacements && !analysis.imperfections.any();
   return std::ranges::all_of(cases, [&](const auto& entry) {
     return entry.factor == 0.0 || computed.contains(element, entry.load_case);
   });

@@ -161,15 +161,24 @@ def test_second_order_moments_are_larger_and_named(aluframe, beam):  # noqa: F81
         root = drawn(aluframe, "--diagram", "My", "--combination", "1", *options)
         value = next(re.search(r"(?:largest|smallest) −?([\d.]+) kN·m", text) for text in texts(root)
                      if text.startswith("My "))
-        return float(value[1]), texts(root)[1]
-    first, title = largest()
+        return float(value[1]), texts(root)[1], root
+    first, title, _ = largest()
     assert first == pytest.approx(4.0) and "linear analysis" in title
-    second, title = largest("--second-order")
+    second, title, root = largest("--second-order")
     # The column's differential equation by hand: H·tan(k·L)/k, k² = N/(E·I), E 70 kN/mm². The force in shear, which
     # it leaves out, adds some thousandths.
     k = math.sqrt(20 / (70 * PIPE_I))
     assert second == pytest.approx(math.tan(4000 * k) / k / 1000, rel=0.005)
     assert "second-order analysis" in title
+    # Up the column it is H·sin(k·(L − x))/(k·cos(k·L)).
+    foot, top = element_line(root, 1)
+    area = points(next(layer(root, "diagram").iter(f"{SVG}polygon")))[1:-1]
+    largest_ordinate = max(abs(x - foot[0]) for x, _ in area)
+    assert len(area) > 15
+    for x, y in area:
+        part = (y - foot[1]) / (top[1] - foot[1])
+        expected = math.sin(4000 * k * (1 - part)) / math.sin(4000 * k)
+        assert abs(x - foot[0]) / largest_ordinate == pytest.approx(expected, abs=2e-3)
 
 
 def test_the_displaced_shape_sags_as_by_hand_between_nodes(aluframe, frame):
