@@ -56,8 +56,12 @@ static_assert(sizeof(kStrongHardening) == (kLast + 1) * sizeof(double));
 
 }  // namespace
 
+double ColumnTableNumber(double lambda, double fy) {
+  return zel::lib::MMath::Round(lambda * std::sqrt(fy / 240.0), 0);
+}
+
 double ColumnCoefficient(double lambda, double fy, bool weakHardening) {
-  const double n = zel::lib::MMath::Round(lambda * std::sqrt(fy / 240.0), 0);
+  const double n = ColumnTableNumber(lambda, fy);
   if (std::isnan(n)) return std::numeric_limits<double>::quiet_NaN();
   if (n < 0.0) return 1.0;
   const double* table = weakHardening ? kWeakHardening : kStrongHardening;

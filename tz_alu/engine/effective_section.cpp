@@ -16,12 +16,6 @@ double Cube(double x) {
   return x * x * x;
 }
 
-// Area and strong-axis inertia of a section.
-struct AREA_AND_INERTIA {
-  double dArea;
-  double dInertia;
-};
-
 ALU_CAL_SECTPARA Parameters(const ALU_SECT_DATA& sect, const AREA_AND_INERTIA& values) {
   ALU_CAL_SECTPARA para;
   para.dA = values.dArea;
@@ -145,7 +139,14 @@ AREA_AND_INERTIA WeldedBottom(const ALU_SECT_DATA& sect, const HAZ_PLATES& plate
   return {Area(plates, haz, {1.0, rho, 1.0}), inertia};
 }
 
-AREA_AND_INERTIA Unwelded(const ALU_SECT_DATA& sect, REDUCED_PART part, double delta) {
+}  // namespace
+
+bool HasEffectiveSection(std::int32_t nShape) {
+  return nShape == ALU_SHAPE_C || nShape == ALU_SHAPE_H || nShape == ALU_SHAPE_B;
+}
+
+AREA_AND_INERTIA UnweldedEffectiveArea(const ALU_SECT_DATA& sect, REDUCED_PART part, double rho) {
+  const double delta = 1.0 - rho;
   switch (part) {
     case REDUCED_PART::WholeSection:
       return AllPlatesReduced(sect, delta);
@@ -156,7 +157,8 @@ AREA_AND_INERTIA Unwelded(const ALU_SECT_DATA& sect, REDUCED_PART part, double d
   }
 }
 
-AREA_AND_INERTIA Welded(const ALU_SECT_DATA& sect, const HAZ& haz, REDUCED_PART part, double rho) {
+AREA_AND_INERTIA WeldedEffectiveArea(const ALU_SECT_DATA& sect, const HAZ& haz, REDUCED_PART part,
+                                     double rho) {
   const HAZ_PLATES plates = HazPlates(sect, haz.dWidth);
   switch (part) {
     case REDUCED_PART::WholeSection:
@@ -168,20 +170,14 @@ AREA_AND_INERTIA Welded(const ALU_SECT_DATA& sect, const HAZ& haz, REDUCED_PART 
   }
 }
 
-}  // namespace
-
-bool HasEffectiveSection(std::int32_t nShape) {
-  return nShape == ALU_SHAPE_C || nShape == ALU_SHAPE_H || nShape == ALU_SHAPE_B;
-}
-
 ALU_CAL_SECTPARA UnweldedEffectiveSection(const ALU_SECT_DATA& sect, REDUCED_PART part,
                                           double rho) {
-  return Parameters(sect, Unwelded(sect, part, 1.0 - rho));
+  return Parameters(sect, UnweldedEffectiveArea(sect, part, rho));
 }
 
 ALU_CAL_SECTPARA WeldedEffectiveSection(const ALU_SECT_DATA& sect, const HAZ& haz,
                                         REDUCED_PART part, double rho) {
-  return Parameters(sect, Welded(sect, haz, part, rho));
+  return Parameters(sect, WeldedEffectiveArea(sect, haz, part, rho));
 }
 
 }  // namespace alu_engine

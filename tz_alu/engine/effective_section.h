@@ -13,6 +13,19 @@ namespace alu_engine {
 /// Whether the shape has an effective section: C, H and B.
 bool HasEffectiveSection(std::int32_t nShape);
 
+/// Area and strong-axis inertia of an effective section.
+struct AREA_AND_INERTIA {
+  double dArea;     ///< mm²
+  double dInertia;  ///< mm⁴
+};
+
+/// Of an unwelded C, H or B.
+AREA_AND_INERTIA UnweldedEffectiveArea(const ALU_SECT_DATA& sect, REDUCED_PART part, double rho);
+
+/// Of a welded one.
+AREA_AND_INERTIA WeldedEffectiveArea(const ALU_SECT_DATA& sect, const HAZ& haz, REDUCED_PART part,
+                                     double rho);
+
 /// Effective section of an unwelded C, H or B: what the plates lose is taken off the gross area and
 /// inertia.
 ALU_CAL_SECTPARA UnweldedEffectiveSection(const ALU_SECT_DATA& sect, REDUCED_PART part, double rho);

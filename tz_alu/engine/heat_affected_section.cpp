@@ -3,39 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tz_alu/engine/section_geometry.h"
-
 namespace alu_engine {
 
 namespace {
 
-using DIMENSION = double PLATE_DIMS::*;
-
-// A width made up of zone widths and webs: haz·b + webs·tw.
-struct HAZ_WIDTH {
-  double haz;
-  double webs;
-
-  double Of(double b, double tw) const { return haz * b + webs * tw; }
-};
-
-// How the welds cut up a shape.
-struct HAZ_SHAPE {
-  std::int32_t nShape;
-  double dParts;        // clear flange width: parts·(B − lost)
-  HAZ_WIDTH lost;       // what a part of the flange loses
-  HAZ_WIDTH strip;      // heat-affected strip of a flange
-  HAZ_WIDTH bottomOwn;  // width of the bottom strip's own inertia
-  DIMENSION bottomB;    // what gives the bottom flange its width
-  DIMENSION bottomTf;   // what gives the bottom flange its thickness
-  int nFlanges;
-  int nWebs;
-};
-
-constexpr DIMENSION kB1 = &PLATE_DIMS::B1;
-constexpr DIMENSION kB2 = &PLATE_DIMS::B2;
-constexpr DIMENSION kTf1 = &PLATE_DIMS::tf1;
-constexpr DIMENSION kTf2 = &PLATE_DIMS::tf2;
+constexpr HAZ_SHAPE::DIMENSION kB1 = &PLATE_DIMS::B1;
+constexpr HAZ_SHAPE::DIMENSION kB2 = &PLATE_DIMS::B2;
+constexpr HAZ_SHAPE::DIMENSION kTf1 = &PLATE_DIMS::tf1;
+constexpr HAZ_SHAPE::DIMENSION kTf2 = &PLATE_DIMS::tf2;
 
 // kept: the own inertia of a box's bottom strip is formed with half its width, b + tw.
 // kept: both flanges of a box take the width B1, both of a double channel the thickness tf1.
@@ -48,12 +23,6 @@ constexpr HAZ_SHAPE kShapes[] = {
     {ALU_SHAPE_B, 1.0, {2.0, 2.0}, {2.0, 2.0}, {1.0, 1.0}, kB1, kTf2, 2, 2},
     {ALU_SHAPE_2C, 2.0, {1.0, 1.0}, {2.0, 2.0}, {2.0, 2.0}, kB1, kTf1, 2, 2},
 };
-
-const HAZ_SHAPE* FindShape(std::int32_t nShape) {
-  const auto* found = std::find_if(std::begin(kShapes), std::end(kShapes),
-                                   [nShape](const HAZ_SHAPE& row) { return row.nShape == nShape; });
-  return found == std::end(kShapes) ? nullptr : found;
-}
 
 double Cube(double x) {
   return x * x * x;
@@ -71,34 +40,6 @@ double ClearWebHeight(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b) 
   return std::max(dims.H - dims.tf1 - dims.*shape.bottomTf - 2.0 * b, 0.0);
 }
 
-double FlangeInertia(const HAZ_FLANGE& flange, double rho) {
-  const auto& [bf, tf, strip, ownStrip, fibre] = flange;
-  const double d = fibre - tf / 2.0;
-  return (bf + strip * rho) * tf * (d * d) + bf * Cube(tf) / 12.0 +
-         ownStrip * Cube(rho * tf) / 12.0;
-}
-
-double ClearWebInertia(const HAZ_PLATES& plates) {
-  return Cube(plates.hw) * plates.tw / (12.0 / plates.nWebs);
-}
-
-double Inertia(const HAZ_PLATES& plates, const HAZ& haz) {
-  double inertia = 0.0;
-  for (int i = 0; i < plates.nFlanges; ++i) {
-    inertia += FlangeInertia(plates.flange[i], haz.dFactor);
-  }
-  return inertia + ClearWebInertia(plates) + WebStripInertia(plates, haz);
-}
-
-double Area(const HAZ_PLATES& plates, const HAZ& haz) {
-  const HAZ_FLANGE& top = plates.flange[0];
-  const HAZ_FLANGE& bottom = plates.flange[1];
-  const double rho = haz.dFactor;
-  const int strips = plates.nWebs * plates.nFlanges;
-  return top.bf * top.tf + top.strip * (top.tf + bottom.tf) * rho + bottom.bf * bottom.tf +
-         strips * haz.dWidth * plates.tw * rho + plates.nWebs * plates.hw * plates.tw;
-}
-
 HAZ_FLANGE TopFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b, double fibre) {
   const double strip = shape.strip.Of(b, dims.tw);
   return {ClearWidth(shape, dims.B1, dims.tw, b), dims.tf1, strip, strip, fibre};
@@ -114,12 +55,18 @@ HAZ_FLANGE BottomFlange(const HAZ_SHAPE& shape, const PLATE_DIMS& dims, double b
 
 }  // namespace
 
+const HAZ_SHAPE* FindHazShape(std::int32_t nShape) {
+  const auto* found = std::find_if(std::begin(kShapes), std::end(kShapes),
+                                   [nShape](const HAZ_SHAPE& row) { return row.nShape == nShape; });
+  return found == std::end(kShapes) ? nullptr : found;
+}
+
 bool HasHazPlates(std::int32_t nShape) {
-  return FindShape(nShape) != nullptr;
+  return FindHazShape(nShape) != nullptr;
 }
 
 HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth) {
-  const HAZ_SHAPE& shape = *FindShape(sect.nShape);
+  const HAZ_SHAPE& shape = *FindHazShape(sect.nShape);
   const PLATE_DIMS dims = PlateDims(sect);
   return {{TopFlange(shape, dims, hazWidth, std::fabs(sect.dPtZ[0])),
            BottomFlange(shape, dims, hazWidth, std::fabs(sect.dPtZ[2]))},
@@ -143,11 +90,39 @@ double WebStripInertia(const HAZ_PLATES& plates, const HAZ& haz) {
   return rho * plates.tw * Cube(b) / (12.0 / strips) + plates.nWebs * rho * plates.tw * b * offsets;
 }
 
+double HazFlangeInertia(const HAZ_FLANGE& flange, double rho) {
+  const auto& [bf, tf, strip, ownStrip, fibre] = flange;
+  const double d = fibre - tf / 2.0;
+  return (bf + strip * rho) * tf * (d * d) + bf * Cube(tf) / 12.0 +
+         ownStrip * Cube(rho * tf) / 12.0;
+}
+
+double ClearWebInertia(const HAZ_PLATES& plates) {
+  return Cube(plates.hw) * plates.tw / (12.0 / plates.nWebs);
+}
+
+double HeatAffectedInertia(const HAZ_PLATES& plates, const HAZ& haz) {
+  double inertia = 0.0;
+  for (int i = 0; i < plates.nFlanges; ++i) {
+    inertia += HazFlangeInertia(plates.flange[i], haz.dFactor);
+  }
+  return inertia + ClearWebInertia(plates) + WebStripInertia(plates, haz);
+}
+
+double HeatAffectedArea(const HAZ_PLATES& plates, const HAZ& haz) {
+  const HAZ_FLANGE& top = plates.flange[0];
+  const HAZ_FLANGE& bottom = plates.flange[1];
+  const double rho = haz.dFactor;
+  const int strips = plates.nWebs * plates.nFlanges;
+  return top.bf * top.tf + top.strip * (top.tf + bottom.tf) * rho + bottom.bf * bottom.tf +
+         strips * haz.dWidth * plates.tw * rho + plates.nWebs * plates.hw * plates.tw;
+}
+
 ALU_CAL_SECTPARA HeatAffectedSection(const ALU_SECT_DATA& sect, const HAZ& haz) {
   const HAZ_PLATES plates = HazPlates(sect, haz.dWidth);
-  const double inertia = Inertia(plates, haz);
+  const double inertia = HeatAffectedInertia(plates, haz);
   ALU_CAL_SECTPARA para;
-  para.dA = Area(plates, haz);
+  para.dA = HeatAffectedArea(plates, haz);
   para.dW1 = inertia / plates.flange[0].fibre;
   para.dW2 = inertia / plates.flange[1].fibre;
   para.dWz = WeakAxisModulus(sect);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tz_alu/engine/section_geometry.h"
 #include "tz_alu/records/alu_cal.h"
 #include "tz_alu/records/alu_dgn_data.h"
 
@@ -32,6 +33,32 @@ struct HAZ_PLATES {
   int nWebs;             ///< 2 for a box and a double channel
 };
 
+/// How the welds cut up a shape.
+struct HAZ_SHAPE {
+  using DIMENSION = double PLATE_DIMS::*;
+
+  /// A width made up of zone widths and webs: haz·b + webs·tw.
+  struct WIDTH {
+    double haz;
+    double webs;
+
+    double Of(double b, double tw) const { return haz * b + webs * tw; }
+  };
+
+  std::int32_t nShape;
+  double dParts;       ///< clear flange width: parts·(B − lost)
+  WIDTH lost;          ///< what a part of the flange loses
+  WIDTH strip;         ///< heat-affected strip of a flange
+  WIDTH bottomOwn;     ///< width of the bottom strip's own inertia
+  DIMENSION bottomB;   ///< what gives the bottom flange its width
+  DIMENSION bottomTf;  ///< what gives the bottom flange its thickness
+  int nFlanges;
+  int nWebs;
+};
+
+/// Null for pipes and solid rounds.
+const HAZ_SHAPE* FindHazShape(std::int32_t nShape);
+
 /// Whether welds reduce the shape: pipes and solid rounds keep their gross section.
 bool HasHazPlates(std::int32_t nShape);
 
@@ -42,6 +69,18 @@ HAZ_PLATES HazPlates(const ALU_SECT_DATA& sect, double hazWidth);
 /// Strong-axis inertia of the heat-affected strips of the webs, mm⁴: their own, and by their
 /// distance from the y axis.
 double WebStripInertia(const HAZ_PLATES& plates, const HAZ& haz);
+
+/// Strong-axis inertia of a flange with its strips reduced, mm⁴.
+double HazFlangeInertia(const HAZ_FLANGE& flange, double rho);
+
+/// That of the clear parts of the webs about their own middle, mm⁴.
+double ClearWebInertia(const HAZ_PLATES& plates);
+
+/// That of the whole section, mm⁴.
+double HeatAffectedInertia(const HAZ_PLATES& plates, const HAZ& haz);
+
+/// Area with the strips reduced, mm².
+double HeatAffectedArea(const HAZ_PLATES& plates, const HAZ& haz);
 
 /// Area and strong-axis moduli with the strips reduced, W1 = I/|z1| and W2 = I/|z3|; the weak-axis
 /// modulus stays that of the gross section. Plate slenderness ratios stay 0.

@@ -50,23 +50,33 @@ double Cube(double x) {
   return x * x * x;
 }
 
-// One flange of a section in βy: width, thickness, distance of its middle from the centroid.
-struct FLANGE {
-  double width;
-  double thickness;
-  double arm;
-};
+double WidthTerm(const OUTLINE_FLANGE& flange) {
+  return Cube(flange.width) * flange.thickness * flange.arm;
+}
 
-// What the formula of βy sees of a shape.
-struct OUTLINE {
-  FLANGE top;
-  FLANGE bottom;
-  double webs;  // thickness of all webs
-};
+double ArmTerm(const OUTLINE_FLANGE& flange) {
+  return flange.width * flange.thickness * Cube(flange.arm);
+}
+
+double Fourth(double x) {
+  return x * x * (x * x);
+}
+
+}  // namespace
+
+CRITICAL_MOMENT_COEFFICIENTS CriticalMomentCoefficients(const ALU_DGN_DATA& data) {
+  const SPAN_ROW& row = SpanRow(data);
+  return HasMidSupport(data) ? row.supported : row.whole;
+}
+
+bool HasFlangedOutline(std::int32_t nShape) {
+  return nShape == ALU_SHAPE_C || nShape == ALU_SHAPE_H || nShape == ALU_SHAPE_T ||
+         nShape == ALU_SHAPE_B || nShape == ALU_SHAPE_2C;
+}
 
 // kept: a tee's lower end is taken at |z3| and has no flange; C, H and T count one web, B and 2C
 // two. kept: both flanges of a double channel take its whole width, 2·B + C, and one thickness.
-OUTLINE Outline(const ALU_SECT_DATA& sect) {
+FLANGED_OUTLINE FlangedOutline(const ALU_SECT_DATA& sect) {
   const PLATE_DIMS dims = PlateDims(sect);
   const double a = sect.dPtZ[0] - dims.tf1 / 2.0;
   const double z3 = std::fabs(sect.dPtZ[2]);
@@ -83,33 +93,9 @@ OUTLINE Outline(const ALU_SECT_DATA& sect) {
   return {{dims.B1, dims.tf1, a}, {dims.B2, dims.tf2, z3 - dims.tf2 / 2.0}, webs * dims.tw};
 }
 
-bool HasOutline(std::int32_t nShape) {
-  return nShape == ALU_SHAPE_C || nShape == ALU_SHAPE_H || nShape == ALU_SHAPE_T ||
-         nShape == ALU_SHAPE_B || nShape == ALU_SHAPE_2C;
-}
-
-double WidthTerm(const FLANGE& flange) {
-  return Cube(flange.width) * flange.thickness * flange.arm;
-}
-
-double ArmTerm(const FLANGE& flange) {
-  return flange.width * flange.thickness * Cube(flange.arm);
-}
-
-double Fourth(double x) {
-  return x * x * (x * x);
-}
-
-}  // namespace
-
-CRITICAL_MOMENT_COEFFICIENTS CriticalMomentCoefficients(const ALU_DGN_DATA& data) {
-  const SPAN_ROW& row = SpanRow(data);
-  return HasMidSupport(data) ? row.supported : row.whole;
-}
-
 double Monosymmetry(const ALU_SECT_DATA& sect, bool endSection) {
-  if (!HasOutline(sect.nShape)) return 0.0;
-  const auto [top, bottom, webs] = Outline(sect);
+  if (!HasFlangedOutline(sect.nShape)) return 0.0;
+  const auto [top, bottom, webs] = FlangedOutline(sect);
   const double I = sect.dIyy;
   const double shape = (WidthTerm(top) - WidthTerm(bottom)) / (24.0 * I) -
                        webs * (Fourth(top.arm) - Fourth(bottom.arm)) / (8.0 * I) -
@@ -118,11 +104,14 @@ double Monosymmetry(const ALU_SECT_DATA& sect, bool endSection) {
   return endSection ? shape - sect.dShearCtr : shape + sect.dShearCtr;
 }
 
+double LateralBucklingLength(const ALU_DGN_DATA& data) {
+  return HasMidSupport(data) ? 0.5 * data.dMembLength : data.dMembLength;
+}
+
 double CriticalMoment(const CHECK_INPUT& in) {
   const ALU_SECT_DATA& sect = in.Section();
   const auto [b1, b2, b3] = CriticalMomentCoefficients(in.data);
-  const double L = in.data.dMembLength;
-  const double lb = HasMidSupport(in.data) ? 0.5 * L : L;
+  const double lb = LateralBucklingLength(in.data);
   const double lw = TorsionalBucklingLength(in.data);
   const double a = sect.dShearCtr - sect.dPtZ[0];
   const double load = b2 * a + b3 * Monosymmetry(sect, in.force.bEndSect == 1);
@@ -130,6 +119,10 @@ double CriticalMoment(const CHECK_INPUT& in) {
       1.0 + kShearModulus * sect.dIxx * (lw * lw) / (kPiSquared * in.E() * sect.dIw);
   return b1 * kPiSquared * in.E() * sect.dIzz / (lb * lb) *
          (load + std::sqrt(load * load + sect.dIw / sect.dIzz * twist));
+}
+
+double LateralTorsionalSlenderness(const CHECK_INPUT& in, double W1, double f) {
+  return std::sqrt(W1 * f / CriticalMoment(in));
 }
 
 double LateralTorsionalCoefficient(double lambda_b, bool weakHardening) {
@@ -147,7 +140,7 @@ BENDING_COEFFICIENTS BendingCoefficients(const CHECK_INPUT& in, double W1, doubl
   if (para.bUserPhi != 0) return {para.dUserPhi[0], para.dUserPhi[1]};
   const std::int32_t nShape = in.Section().nShape;
   if (nShape == ALU_SHAPE_B || nShape == ALU_SHAPE_P) return {1.0, 1.0};
-  const double lambda_b = std::sqrt(W1 * f / CriticalMoment(in));
+  const double lambda_b = LateralTorsionalSlenderness(in, W1, f);
   return {LateralTorsionalCoefficient(lambda_b, in.material.IsWeakHardening()), 1.0};
 }
 

@@ -55,11 +55,6 @@ GOVERNING_PLATE PlateInAxialCompression(const CHECK_INPUT& in, const PLATE_RATIO
   return OneFlange(in, dims.B2, dims.tf2);
 }
 
-// Symmetric sections with ribs keep a ρ above 1/λ².
-bool IsCapped(const CHECK_INPUT& in) {
-  return IsUnsymmetric(in.Section()) || in.Parameters().bRib != 1;
-}
-
 double Clamped(double rho) {
   if (rho < kTolerance) return 0.0;
   return rho - 1.0 > kTolerance ? 1.0 : rho;
@@ -100,16 +95,25 @@ REDUCTION_COEFFICIENTS ReductionCoefficients(bool weakHardening, bool welded, bo
   return {0.9, 0.9};
 }
 
+double RelativePlateSlenderness(const CHECK_INPUT& in, const GOVERNING_PLATE& plate) {
+  const double critical = CriticalStress(plate, in.E(), in.data.code.matl.dPoisson);
+  return std::sqrt(ProofStrength(in.data.code) / critical);
+}
+
+// Symmetric sections with ribs keep a ρ above 1/λ².
+bool IsEffectiveThicknessCapped(const CHECK_INPUT& in) {
+  return IsUnsymmetric(in.Section()) || in.Parameters().bRib != 1;
+}
+
 double EffectiveThicknessFactor(const CHECK_INPUT& in, const PLATE_RATIOS& ratios) {
   const GOVERNING_PLATE plate = GoverningPlate(in, ratios);
   if (plate.k == 0.0) return 1.0;
-  const double critical = CriticalStress(plate, in.E(), in.data.code.matl.dPoisson);
-  const double lambda = std::sqrt(ProofStrength(in.data.code) / critical);
+  const double lambda = RelativePlateSlenderness(in, plate);
   const auto [c1, c2] = ReductionCoefficients(in.material.IsWeakHardening(),
                                               in.Section().bWelded == 1, in.Parameters().bRib == 1);
   const double square = lambda * lambda;
   const double rho = c1 / lambda - 0.22 * c2 / square;
-  return Clamped(IsCapped(in) ? std::min(1.0 / square, rho) : rho);
+  return Clamped(IsEffectiveThicknessCapped(in) ? std::min(1.0 / square, rho) : rho);
 }
 
 }  // namespace alu_engine

@@ -34,6 +34,12 @@ GOVERNING_PLATE GoverningPlate(const CHECK_INPUT& in, const PLATE_RATIOS& ratios
 /// and for ν = 1, 0 for t = 0.
 double CriticalStress(const GOVERNING_PLATE& plate, double E, double poisson);
 
+/// λ = √(f0.2/σcr) of a plate.
+double RelativePlateSlenderness(const CHECK_INPUT& in, const GOVERNING_PLATE& plate);
+
+/// Whether ρ stays below 1/λ²: without ribs, and in unsymmetric sections.
+bool IsEffectiveThicknessCapped(const CHECK_INPUT& in);
+
 /// How an alloy's plates lose effective thickness: ρ = c1/λ − 0.22·c2/λ².
 struct REDUCTION_COEFFICIENTS {
   double c1;

@@ -140,6 +140,11 @@ double GradientFactor(const CHECK_INPUT& in, PLATE plate) {
   return GradientCoefficient(StressRatio(in, plate), ribs) / (ribs ? 4.0 : 0.425);
 }
 
+double PlateLimitFactor(const CHECK_INPUT& in, PLATE plate) {
+  const LIMIT_ROW* row = LimitRow(in.Section().nShape, plate);
+  return row == nullptr ? 0.0 : LimitValue(in, *row);
+}
+
 double PlateLimit(const CHECK_INPUT& in, PLATE plate) {
   const LIMIT_ROW* row = LimitRow(in.Section().nShape, plate);
   if (row == nullptr) return 0.0;

@@ -27,6 +27,10 @@ double GradientCoefficient(double psi, bool ribs);
 /// is at least 1e-10, so also for every negative My.
 double GradientFactor(const CHECK_INPUT& in, PLATE plate);
 
+/// What √(240/f0.2)·√(η·κ) is multiplied by in a plate's limit; of a pipe what is divided by f0.2.
+/// 0 where there is no limit.
+double PlateLimitFactor(const CHECK_INPUT& in, PLATE plate);
+
 /// Limit of a plate's width-to-thickness ratio, or of the diameter-to-thickness ratio of a pipe
 /// (whatever the plate), by shape, alloy class and welds. 0 where there is no limit: the web of a
 /// channel, and tees, double channels and solid rounds altogether. A limit is also 0 for a rib

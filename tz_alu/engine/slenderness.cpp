@@ -16,12 +16,9 @@ bool IsFreeEnd(const std::int32_t (&condition)[2]) {
 
 // λyz of buckling about z with twist about the shear centre.
 double FlexuralTorsional(const ALU_DGN_DATA& data, double iy, double iz, double lambda_z) {
-  const ALU_SECT_DATA& sect = data.code.sect;
-  const double e0 = sect.dShearCtr;
-  const double i0 = std::sqrt(iy * iy + iz * iz + e0 * e0);
-  const double l_w = TorsionalBucklingLength(data);
-  const double lambda_w =
-      std::sqrt(i0 * i0 * sect.dArea / (sect.dIxx / 25.7 + sect.dIw / (l_w * l_w)));
+  const double e0 = data.code.sect.dShearCtr;
+  const double i0 = PolarRadius(iy, iz, e0);
+  const double lambda_w = TorsionalSlenderness(data, i0);
   const double z2 = lambda_z * lambda_z;
   const double w2 = lambda_w * lambda_w;
   const double coupling = 4.0 * (1.0 - e0 * e0 / (i0 * i0)) * z2 * w2;
@@ -48,11 +45,25 @@ double TorsionalBucklingLength(const ALU_DGN_DATA& data) {
   return free ? 2.0 * data.dMembLength : data.dMembLength;
 }
 
+double RadiusOfGyration(double inertia, double area) {
+  return std::sqrt(inertia / area);
+}
+
+double PolarRadius(double iy, double iz, double e0) {
+  return std::sqrt(iy * iy + iz * iz + e0 * e0);
+}
+
+double TorsionalSlenderness(const ALU_DGN_DATA& data, double i0) {
+  const ALU_SECT_DATA& sect = data.code.sect;
+  const double l_w = TorsionalBucklingLength(data);
+  return std::sqrt(i0 * i0 * sect.dArea / (sect.dIxx / 25.7 + sect.dIw / (l_w * l_w)));
+}
+
 SLENDERNESS MemberSlenderness(const ALU_DGN_DATA& data) {
   const ALU_SECT_DATA& sect = data.code.sect;
   const ALU_PARA_DATA& para = data.code.para;
-  const double iy = std::sqrt(sect.dIyy / sect.dArea);
-  const double iz = std::sqrt(sect.dIzz / sect.dArea);
+  const double iy = RadiusOfGyration(sect.dIyy, sect.dArea);
+  const double iz = RadiusOfGyration(sect.dIzz, sect.dArea);
   const double lambda_y = para.dKy * data.dMembLength / iy;
   const double lambda_z = para.dKz * data.dMembLength / iz;
   if (!IsUnsymmetric(sect)) return {lambda_y, lambda_z};

@@ -22,6 +22,15 @@ bool IsSlendernessChecked(const ALU_PARA_DATA& para);
 /// axes, else L.
 double TorsionalBucklingLength(const ALU_DGN_DATA& data);
 
+/// i = √(I/A), mm.
+double RadiusOfGyration(double inertia, double area);
+
+/// i0 = √(iy² + iz² + e0²) about the shear centre, mm.
+double PolarRadius(double iy, double iz, double e0);
+
+/// λω = √(i0²·A/(It/25.7 + Iω/lω²)) of buckling by twist alone.
+double TorsionalSlenderness(const ALU_DGN_DATA& data, double i0);
+
 /// λ = k·L/i about both axes, of an unsymmetric section λyz about z. Not a number where rounding
 /// makes the inner root of λyz negative, which needs λz and λω to agree to the last digits.
 SLENDERNESS MemberSlenderness(const ALU_DGN_DATA& data);

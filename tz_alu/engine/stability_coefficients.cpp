@@ -41,10 +41,17 @@ double WeldFactor(const CHECK_INPUT& in) {
   return in.Section().bWelded == 1 ? in.material.HazFactor() : 1.0;
 }
 
+double RelativeEccentricity(const ALU_SECT_DATA& sect) {
+  return std::fabs(sect.dPtZ[0] + sect.dPtZ[2]) / PlateDims(sect).H;
+}
+
+double RelativeSlenderness(const CHECK_INPUT& in, double lambda, double X) {
+  return lambda / kPi * std::sqrt(X * ProofStrength(in.data.code) / in.E());
+}
+
 double EccentricityFactor(const CHECK_INPUT& in, double lambda, double X) {
-  const ALU_SECT_DATA& sect = in.Section();
-  const double e = std::fabs(sect.dPtZ[0] + sect.dPtZ[2]) / PlateDims(sect).H;
-  const double relative = lambda / kPi * std::sqrt(X * ProofStrength(in.data.code) / in.E());
+  const double e = RelativeEccentricity(in.Section());
+  const double relative = RelativeSlenderness(in, lambda, X);
   const double square = relative * relative;
   const double c = in.material.IsWeakHardening() ? 2.4 : 3.2;
   return 1.0 - c * (e * e) * square / ((1.0 + square) * ((1.0 + relative) * (1.0 + relative)));

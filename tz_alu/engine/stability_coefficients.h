@@ -14,12 +14,21 @@ namespace alu_engine {
 /// a λ·√(fy/240) that is not, as for a negative fy.
 double ColumnCoefficient(double lambda, double fy, bool weakHardening);
 
+/// The whole number at which the table of φ is read, before its ends are looked at.
+double ColumnTableNumber(double lambda, double fy);
+
 /// Effective-area factor X = Ae/A of a C, H or B with a slender plate, Ae the area of the
 /// calculated section; else 1. Not finite without gross area.
 double EffectiveAreaFactor(const ALU_SECT_DATA& sect, const ALU_CAL_SECTPARA& section);
 
 /// Heat-affected factor Y of a symmetric section: ρhaz when it is welded (`bWelded` = 1), else 1.
 double WeldFactor(const CHECK_INPUT& in);
+
+/// Relative eccentricity e = |z1 + z3|/H of the centroid in an unsymmetric section.
+double RelativeEccentricity(const ALU_SECT_DATA& sect);
+
+/// Relative slenderness λ̄ = λ/π·√(X·fy/E) of ηe.
+double RelativeSlenderness(const CHECK_INPUT& in, double lambda, double X);
 
 /// Eccentricity factor of an unsymmetric section for buckling with the slenderness λ,
 /// ηe = 1 − c·e²·λ̄²/((1 + λ̄²)·(1 + λ̄)²), e = |z1 + z3|/H, λ̄ = λ/π·√(X·fy/E). Not a number for
