@@ -1,0 +1,114 @@
+#include "aluframe/explain/explanation_text.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <cmath>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "aluframe/explain/number_text.h"
+
+namespace aluframe::explain {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+NumberLine line_of(const Step& step) {
+  if (step.formula) return number_line(*step.formula);
+  return {"", number_text(step.value, result_digits)};
+}
+
+/// "σ = k·|N| / A = 1·|-50000| / 2500 = 20 N/mm²".
+std::string calculation(const Step& step) {
+  const NumberLine line = line_of(step);
+  std::string text = step.info.symbol;
+  if (step.formula) {
+    const std::string symbols = formula(*step.formula);
+    text += " = " + symbols;
+    const bool is_alone = step.formula->operation() == Operation::symbol;
+    if (!is_alone && line.numbers != symbols) text += " = " + line.numbers;
+  }
+  text += " = " + line.result;
+  return step.info.unit.empty() ? text : text + " " + step.info.unit;
+}
+
+/// "axial stability coefficient; the smaller one, about y (GB 50429-2007, 7.2)".
+std::string words(const Info& info) {
+  std::string text = info.quantity;
+  if (!info.why.empty()) text += "; " + info.why;
+  if (!info.clause.empty()) text += fmt::format(" (GB 50429-2007, {})", info.clause);
+  return text;
+}
+
+void add_step(const Step& step, std::size_t depth, std::set<const Step*>& seen, std::string& text) {
+  if (!seen.insert(&step).second) return;
+  const std::string indent(2 * depth, ' ');
+  text += indent + calculation(step);
+  text += step.formula ? "\n" + indent + "    " + words(step.info) : ": " + words(step.info);
+  text += "\n";
+  for (const StepPointer& source : step.from) add_step(*source, depth + 1, seen, text);
+}
+
+Json number_json(double value) {
+  if (std::isfinite(value)) return value;
+  return number_text(value, result_digits);
+}
+
+/// By Operation.
+constexpr std::array<const char*, 13> operation_names{
+    "number", "constant", "symbol",    "sum",     "difference", "product", "quotient",
+    "power",  "root",     "magnitude", "greater", "smaller",    "function"};
+
+Json term_json(const Term& term) {
+  Json json = Json::object();
+  json["operation"] = operation_names.at(static_cast<std::size_t>(term.operation()));
+  if (!term.name().empty()) json["name"] = term.name();
+  if (term.operands().empty()) json["value"] = number_json(term.own_value());
+  if (term.operation() == Operation::power) json["exponent"] = term.exponent();
+  for (const Term& operand : term.operands()) json["operands"].push_back(term_json(operand));
+  return json;
+}
+
+Json step_json(const Step& step) {
+  const NumberLine line = line_of(step);
+  Json json = Json::object();
+  json["symbol"] = step.info.symbol;
+  json["quantity"] = step.info.quantity;
+  json["value"] = number_json(step.value);
+  json["unit"] = step.info.unit;
+  json["clause"] = step.info.clause;
+  json["why"] = step.info.why;
+  json["formula"] = step.formula ? Json(formula(*step.formula)) : Json();
+  json["numbers"] = step.formula ? Json(line.numbers) : Json();
+  json["result"] = line.result;
+  json["term"] = step.formula ? term_json(*step.formula) : Json();
+  json["from"] = Json::array();
+  for (const StepPointer& source : step.from) json["from"].push_back(source->info.symbol);
+  return json;
+}
+
+void add_json(const Step& step, std::set<const Step*>& seen, Json& list) {
+  if (!seen.insert(&step).second) return;
+  list.push_back(step_json(step));
+  for (const StepPointer& source : step.from) add_json(*source, seen, list);
+}
+
+}  // namespace
+
+std::string to_text(const StepPointer& root) {
+  std::set<const Step*> seen;
+  std::string text;
+  add_step(*root, 0, seen, text);
+  return text;
+}
+
+nlohmann::ordered_json to_json(const StepPointer& root) {
+  std::set<const Step*> seen;
+  Json list = Json::array();
+  add_json(*root, seen, list);
+  return list;
+}
+
+}  // namespace aluframe::explain

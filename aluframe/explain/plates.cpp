@@ -1,0 +1,342 @@
+#include "aluframe/explain/plates.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "aluframe/explain/factors.h"
+#include "aluframe/explain/inputs.h"
+#include "tz_alu/engine/constants.h"
+#include "tz_alu/engine/effective_section.h"
+#include "tz_alu/engine/local_buckling.h"
+#include "tz_alu/engine/plate_slenderness.h"
+#include "tz_alu/tolerance.h"
+
+namespace aluframe::explain {
+
+namespace engine = alu_engine;
+
+namespace {
+
+bool is_box(const Derivation& d) {
+  return d.shape() == ALU_SHAPE_B;
+}
+
+bool is_h(const Derivation& d) {
+  return d.shape() == ALU_SHAPE_H;
+}
+
+engine::PLATE_RATIOS ratios_of(const Derivation& d) {
+  return engine::PlateRatios(d.in);
+}
+
+/// 2·tw of a box, tw of an open section.
+Term webs(Derivation& d) {
+  const Term tw = dimension(d, Dimension::web);
+  return is_box(d) ? 2.0 * tw : tw;
+}
+
+// Limits.
+
+std::string ribs_text(const Derivation& d) {
+  return d.has_ribs() ? "with ribs" : "without ribs";
+}
+
+/// Axial stress -N/An of the gross section less what the strength ratio takes off.
+Term axial_edge_stress(Derivation& d) {
+  const Term ratio =
+      d.given({"ηA", "strength ratio: net over gross area", "", "", d.origins.settings},
+              d.in.Parameters().dCoef085);
+  const Term force = axial_force(d);
+  return d.trace.once("σN", [&] {
+    return d.trace.part({"σN", "stress from N, compression positive", "N/mm²", "5.2"},
+                        Term::number(-1.0) * force / (ratio * gross_area(d)));
+  });
+}
+
+/// ψ of the web by its edge stresses.
+Term web_stress_ratio(Derivation& d) {
+  const double psi = engine::StressRatio(d.in, engine::PLATE::Web);
+  Info info{"ψ", "stress ratio of the web: the less compressed edge over the other", "", "5.2"};
+  const double net = d.in.Parameters().dCoef085 * d.in.Section().dArea;
+  if (engine::IsZero(net) || engine::IsZero(d.in.Section().dIyy)) {
+    info.why = "0: An or Iyy is 0";
+    return d.trace.given(info, psi);
+  }
+  const Term axial = axial_edge_stress(d);
+  const Term top = d.trace.part(
+      {"σtop", "stress at the top edge of the web", "N/mm²", "5.2", "z1 with its sign"},
+      axial + moment_y(d) * (top_fibre(d) - dimension(d, Dimension::top_thickness)) / inertia_y(d));
+  const Term bottom = d.trace.part(
+      {"σbottom", "stress at the bottom edge of the web", "N/mm²", "5.2"},
+      axial - moment_y(d) *
+                  (magnitude(bottom_fibre(d)) - dimension(d, Dimension::bottom_thickness)) /
+                  inertia_y(d));
+  const bool is_top = d.in.My() > engine::kTolerance;
+  const Term& divisor = is_top ? top : bottom;
+  if (engine::IsZero(divisor.own_value())) {
+    info.why = "0: the compressed edge has no stress";
+    return d.trace.given(info, psi, {divisor.name()});
+  }
+  if (is_top) info.why = "My is positive: the top edge is the compressed one";
+  return d.trace.define(info, psi, (is_top ? bottom : top) / divisor);
+}
+
+Term gradient_formula(Derivation& d, const Term& psi) {
+  const double ratio = psi.own_value();
+  if (!d.has_ribs()) {
+    return ratio > engine::kTolerance ? 0.578 / (psi + 0.34) : 1.7 - 5.0 * psi + 17.1 * psi * psi;
+  }
+  if (ratio < -1.0) return 5.98 * squared(1.0 - psi);
+  if (ratio < -engine::kTolerance) return 7.81 - 6.29 * psi + 9.78 * psi * psi;
+  return 8.2 / (psi + 1.05);
+}
+
+std::string gradient_text(const Derivation& d, double psi) {
+  if (!d.has_ribs()) {
+    return psi > engine::kTolerance ? "outstand, ψ > 0" : "outstand, ψ <= 0";
+  }
+  if (psi < -1.0) return "internal plate, ψ < -1";
+  return psi < -engine::kTolerance ? "internal plate, -1 <= ψ < 0" : "internal plate, ψ >= 0";
+}
+
+/// κ of a plate: for the stress gradient under a positive My.
+Term gradient_factor(Derivation& d, engine::PLATE plate) {
+  const bool web = plate == engine::PLATE::Web;
+  const std::string symbol = web ? "κw" : "κf";
+  const Info info{symbol, fmt::format("factor on the limit of the {}", web ? "web" : "flanges"), "",
+                  "5.2"};
+  const double value = engine::GradientFactor(d.in, plate);
+  if (d.in.My() < engine::kTolerance) {
+    Info plain = info;
+    plain.why = "1: My is not positive, so plates count as in uniform compression";
+    return d.trace.given(plain, value, {moment_y(d).name()});
+  }
+  const Term psi =
+      web ? web_stress_ratio(d)
+          : d.given({"ψf", "stress ratio of a flange", "", "5.2", "uniform over its width"}, 1.0);
+  const double ratio = engine::StressRatio(d.in, plate);
+  const Term k = d.trace.define(
+      {web ? "kw" : "kf",
+       fmt::format("buckling coefficient k(ψ) of the {}", web ? "web" : "flanges"), "", "5.2",
+       gradient_text(d, ratio)},
+      engine::GradientCoefficient(ratio, d.has_ribs()), gradient_formula(d, psi), {});
+  Info of = info;
+  of.why = ribs_text(d);
+  return d.trace.define(of, value, k / (d.has_ribs() ? 4.0 : 0.425));
+}
+
+std::string limit_text(const Derivation& d) {
+  return fmt::format("{}, {}, {}", d.hardening(), d.is_welded() ? "welded" : "not welded",
+                     ribs_text(d));
+}
+
+Term limit_of(Derivation& d, engine::PLATE plate) {
+  const bool web = plate == engine::PLATE::Web;
+  const std::string symbol = web ? "limw" : "limf";
+  return d.trace.once(symbol, [&] {
+    const double factor = engine::PlateLimitFactor(d.in, plate);
+    const double value = engine::PlateLimit(d.in, plate);
+    const Term f02 = proof_strength(d);
+    if (d.shape() == ALU_SHAPE_P) {
+      return d.trace.define(
+          {symbol, "limit of diameter over thickness", "", "5.2",
+           fmt::format("{}, {}", d.hardening(), d.is_welded() ? "welded" : "not welded")},
+          value, factor / f02);
+    }
+    const Term eta = d.given({"ηr", "stiffener factor of the ribs", "", "5.2",
+                              d.has_ribs() ? d.origins.settings : "1: without ribs"},
+                             d.has_ribs() ? d.in.Parameters().dRibRatio : 1.0);
+    return d.trace.define(
+        {symbol, fmt::format("limit of width over thickness of the {}", web ? "web" : "flanges"),
+         "", "5.2", limit_text(d)},
+        value, Term::number(factor) * (root(240.0 / f02) * root(eta * gradient_factor(d, plate))));
+  });
+}
+
+// Ratios.
+
+Term flange_width(Derivation& d, Dimension width) {
+  const Term B = dimension(d, width);
+  if (is_box(d)) return B - webs(d);
+  const Term r1 = dimension(d, Dimension::r1), r2 = dimension(d, Dimension::r2);
+  return is_h(d) ? B - webs(d) - 2.0 * r1 - 2.0 * r2 : B - webs(d) - r1 - r2;
+}
+
+Term web_width(Derivation& d) {
+  const Term between = dimension(d, Dimension::depth) - dimension(d, Dimension::top_thickness) -
+                       dimension(d, Dimension::bottom_thickness);
+  return is_h(d) ? between - 2.0 * dimension(d, Dimension::r1) : between;
+}
+
+/// Width over thickness over limit; 0 of a plate without a limit.
+Term ratio_of(Derivation& d, const Info& info, double value, const Term& width,
+              const Term& thickness, engine::PLATE plate) {
+  const Term limit = limit_of(d, plate);
+  if (limit.own_value() != 0.0) return d.trace.define(info, value, width / thickness / limit);
+  Info none = info;
+  none.why = "0: the limit is 0, so the plate is not judged";
+  return d.trace.given(none, value, {limit.name()});
+}
+
+Term top_ratio(Derivation& d) {
+  return ratio_of(d, {"R1", "top flange: width over thickness over its limit", "", "5.2"},
+                  ratios_of(d).dTop, flange_width(d, Dimension::top_width),
+                  dimension(d, Dimension::top_thickness), engine::PLATE::Flange);
+}
+
+Term bottom_ratio(Derivation& d) {
+  return ratio_of(d,
+                  {"R2", "bottom flange: width over thickness over its limit", "", "5.2",
+                   is_box(d) ? "its width is the distance of the webs" : ""},
+                  ratios_of(d).dBottom, flange_width(d, Dimension::bottom_width),
+                  dimension(d, Dimension::bottom_thickness), engine::PLATE::Flange);
+}
+
+Term web_ratio(Derivation& d) {
+  return ratio_of(d, {"Rw", "web: width over thickness over its limit", "", "5.2"},
+                  ratios_of(d).dWeb, web_width(d), dimension(d, Dimension::web),
+                  engine::PLATE::Web);
+}
+
+// Effective thickness.
+
+/// A plate that governs, as a formula.
+struct GoverningPlate {
+  Term width;
+  Term thickness;
+  std::string why;
+};
+
+GoverningPlate one_flange(Derivation& d, Dimension width, Dimension thickness, std::string why) {
+  const Term B = dimension(d, width);
+  const Term open = B - webs(d);
+  if (is_box(d)) return {open, dimension(d, thickness), std::move(why)};
+  const Term r1 = dimension(d, Dimension::r1);
+  const Term b = is_h(d) ? (open - 2.0 * r1) / 2.0 : open - r1;
+  return {b, dimension(d, thickness), std::move(why)};
+}
+
+GoverningPlate both_flanges(Derivation& d, bool bottom) {
+  const Term B = dimension(d, bottom ? Dimension::top_width : Dimension::bottom_width);
+  const Term open = B - webs(d);
+  return {is_box(d) ? open : open - dimension(d, Dimension::r1),
+          dimension(d, bottom ? Dimension::bottom_thickness : Dimension::top_thickness),
+          fmt::format("both flanges are slender: the thickness of the {} flange is paired with "
+                      "the width of the other",
+                      bottom ? "bottom" : "top")};
+}
+
+GoverningPlate plate_in_axial_compression(Derivation& d) {
+  const engine::PLATE_RATIOS ratios = ratios_of(d);
+  const auto is_slender = [](double ratio) { return ratio - 1.0 > engine::kTolerance; };
+  if (is_slender(ratios.dWeb)) {
+    const Term between = dimension(d, Dimension::depth) - dimension(d, Dimension::top_thickness) -
+                         dimension(d, Dimension::bottom_thickness);
+    return {is_box(d) ? between : between - 2.0 * dimension(d, Dimension::r1),
+            dimension(d, Dimension::web), "axial compression alone: the slender web governs"};
+  }
+  if (is_slender(ratios.dTop))
+    return both_flanges(d, ratios.dBottom - ratios.dTop > engine::kTolerance);
+  return one_flange(d, Dimension::bottom_width, Dimension::bottom_thickness,
+                    "axial compression alone: the slender bottom flange governs");
+}
+
+GoverningPlate governing_plate(Derivation& d) {
+  switch (engine::ReducedPart(d.in.force)) {
+    case engine::REDUCED_PART::WholeSection:
+      return plate_in_axial_compression(d);
+    case engine::REDUCED_PART::TopFlange:
+      return one_flange(d, Dimension::top_width, Dimension::top_thickness,
+                        "My is positive: the top flange governs, whichever plate is slender");
+    default:
+      return one_flange(
+          d, Dimension::bottom_width, Dimension::bottom_thickness,
+          "My is not positive: the bottom flange governs, whichever plate is slender");
+  }
+}
+
+Term critical_stress(Derivation& d, const engine::GOVERNING_PLATE& plate) {
+  const GoverningPlate of = governing_plate(d);
+  const Term b = d.trace.define({"bp", "width of the governing plate", "mm", "5.2", of.why},
+                                plate.b, of.width, {"R"});
+  const Term k = d.given({"kp", "buckling coefficient of the governing plate", "", "5.3",
+                          plate.k == 4.0 ? "plate between two others" : "outstanding plate"},
+                         plate.k);
+  const Term nu = poisson_ratio(d);
+  return d.trace.define({"σcr", "elastic critical stress of the governing plate", "N/mm²", "5.3"},
+                        engine::CriticalStress(plate, d.in.E(), nu.own_value()),
+                        k * elastic_modulus(d) * Term::constant("π²", engine::kPi * engine::kPi) /
+                            (12.0 * (1.0 - squared(nu)) * squared(b / of.thickness)));
+}
+
+/// c1/λ - 0.22·c2/λ², before its bounds.
+Term unbounded_thickness(Derivation& d, const Term& lambda) {
+  const auto [c1, c2] = engine::ReductionCoefficients(d.is_weak(), d.is_welded(), d.has_ribs());
+  const std::string why = limit_text(d);
+  const Term first = d.given({"c1", "coefficient of the effective thickness", "", "5.3", why}, c1);
+  const Term second = d.given({"c2", "coefficient of the effective thickness", "", "5.3", why}, c2);
+  return first / lambda - 0.22 * second / squared(lambda);
+}
+
+}  // namespace
+
+bool has_judged_plates(const Derivation& d) {
+  return d.shape() == ALU_SHAPE_P || engine::HasEffectiveSection(d.shape());
+}
+
+Term governing_ratio(Derivation& d) {
+  return d.trace.once("R", [&] {
+    const double value = ratios_of(d).dGoverning;
+    Info info{
+        "R", "governing plate: width over thickness over its limit", "", "5.2",
+        value > 1.0 ? "above 1: a plate is slender" : "at most 1: every plate is fully effective"};
+    if (d.shape() == ALU_SHAPE_P) {
+      info.quantity = "diameter over thickness over its limit";
+      if (value > 1.0) info.why = "above 1, but pipes keep their section";
+      return ratio_of(d, info, value, dimension(d, Dimension::depth), dimension(d, Dimension::web),
+                      engine::PLATE::Web);
+    }
+    const Term flanges = greater(top_ratio(d), bottom_ratio(d));
+    // The web of a channel has no limit.
+    if (d.shape() == ALU_SHAPE_C) return d.trace.define(info, value, flanges);
+    return d.trace.define(info, value, greater(flanges, web_ratio(d)));
+  });
+}
+
+bool is_effective(const Derivation& d) {
+  return ratios_of(d).dGoverning > 1.0 && engine::HasEffectiveSection(d.shape());
+}
+
+Term effective_thickness(Derivation& d) {
+  return d.trace.once("ρ", [&] {
+    const double value = engine::EffectiveThicknessFactor(d.in, ratios_of(d));
+    Info info{"ρ", "effective thickness over thickness", "", "5.3"};
+    governing_ratio(d);
+    const engine::GOVERNING_PLATE plate = engine::GoverningPlate(d.in, ratios_of(d));
+    if (plate.k == 0.0) {
+      info.why = "1: in axial compression alone a slender top flange takes nothing off";
+      return d.trace.given(info, value, {"R"});
+    }
+    const Term lambda =
+        d.trace.define({"λp", "relative slenderness of the governing plate", "", "5.3"},
+                       engine::RelativePlateSlenderness(d.in, plate),
+                       root(proof_strength(d) / critical_stress(d, plate)));
+    Term formula = unbounded_thickness(d, lambda);
+    if (engine::IsEffectiveThicknessCapped(d.in)) {
+      formula = smaller(1.0 / squared(lambda), formula);
+      info.why = "at most 1/λp²: without ribs or in an unsymmetric section";
+    }
+    const double unbounded = explain::value(formula);
+    if (unbounded < engine::kTolerance) {
+      formula = greater(formula, Term::number(0.0));
+      info.why += info.why.empty() ? "not below 0" : "; not below 0";
+    } else if (unbounded - 1.0 > engine::kTolerance) {
+      formula = smaller(formula, Term::number(1.0));
+      info.why += info.why.empty() ? "not above 1" : "; not above 1";
+    }
+    return d.trace.define(info, value, formula);
+  });
+}
+
+}  // namespace aluframe::explain
