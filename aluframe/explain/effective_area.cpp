@@ -153,38 +153,43 @@ Formulas welded_h_bottom(Derivation& d, const PlateTerms& plates) {
   const Term haz = haz_factor(d), B2 = dimension(d, Dimension::bottom_width);
   const auto& top = plates.top;
   const auto& bottom = *plates.bottom;
+  const Term If1 = d.trace.part({"If1", "inertia of the top flange", "mm⁴", "chapter 5",
+                                 "ρ acts on its own inertia alone (W3)"},
+                                top.clear * top.thickness * squared(top.arm) +
+                                    top.clear * cubed(rho * top.thickness) / 12.0 +
+                                    strip_transfer(d, top) + strip_own(d, top));
+  const Term If2 = d.trace.part(
+      {"If2", "inertia of the bottom flange", "mm⁴", "chapter 5", "it counts in full (W3)"},
+      B2 * bottom.thickness * squared(bottom.arm) + B2 * cubed(bottom.thickness) / 12.0);
   return {top.clear * top.thickness + top.strip * top.thickness * haz + B2 * bottom.thickness +
               web_strip_area(d, plates) + plates.web_height * plates.web,
-          top.clear * top.thickness * squared(top.arm) +
-              top.clear * cubed(rho * top.thickness) / 12.0 + strip_transfer(d, top) +
-              strip_own(d, top) + B2 * bottom.thickness * squared(bottom.arm) +
-              B2 * cubed(bottom.thickness) / 12.0 + web_inertia(d, plates, false),
-          "My is not positive: the bottom flange of a welded H counts in full (W3)",
-          "ρ acts on the own inertia of the top flange alone (W3)"};
+          If1 + If2 + web_inertia(d, plates, false),
+          "My is not positive: the bottom flange of a welded H counts in full (W3)"};
 }
 
 Term bottom_reduced_inertia(Derivation& d, const PlateTerms& plates) {
   const auto& bottom = *plates.bottom;
   const Term thin = effective_thickness(d) * bottom.thickness;
-  return flange_inertia(d, plates.top, true, false) + clear_inertia(bottom, thin) +
-         strip_transfer(d, bottom) +
-         bottom.strip * squared(haz_factor(d) * bottom.thickness) / 12.0 +
-         web_inertia(d, plates, false);
+  const Term If2 = d.trace.part(
+      {"If2", "inertia of the bottom flange", "mm⁴", "chapter 5",
+       "its clear part with ρ·t; the strip's own inertia takes the square of its thickness (W4)"},
+      clear_inertia(bottom, thin) + strip_transfer(d, bottom) +
+          bottom.strip * squared(haz_factor(d) * bottom.thickness) / 12.0);
+  return flange_inertia(d, plates.top, true, false) + If2 + web_inertia(d, plates, false);
 }
 
 Formulas welded_bottom(Derivation& d, const PlateTerms& plates) {
   if (d.shape() == ALU_SHAPE_H) return welded_h_bottom(d, plates);
   const std::string note = "My is not positive: the bottom flange alone loses thickness";
-  const std::string odd = "the bottom strip's own inertia takes the square of its thickness (W4)";
   const Term inertia = bottom_reduced_inertia(d, plates);
-  if (!is_box(d)) return {built_area(d, plates, {false, true, false}), inertia, note, odd};
+  if (!is_box(d)) return {built_area(d, plates, {false, true, false}), inertia, note};
   const auto& top = plates.top;
   const auto& bottom = *plates.bottom;
   const Term haz = haz_factor(d), b = haz_width(d);
   return {top.clear * top.thickness + (top.thickness + bottom.thickness) * haz * (b + plates.web) +
               effective_thickness(d) * bottom.clear * bottom.thickness +
               2.0 * b * plates.web * haz + plates.web_height * plates.web,
-          inertia, note + "; half the strips and one web count (W4)", odd};
+          inertia, note + "; half the strips and one web count (W4)"};
 }
 
 Formulas welded(Derivation& d, REDUCED_PART part) {

@@ -2,10 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <string_view>
+#include <vector>
 
 #include "aluframe/explain/number_text.h"
 
@@ -20,18 +23,37 @@ NumberLine line_of(const Step& step) {
   return {"", number_text(step.value, result_digits)};
 }
 
-/// "σ = k·|N| / A = 1·|-50000| / 2500 = 20 N/mm²".
-std::string calculation(const Step& step) {
+/// What stands between the equals signs: "σ", "k·|N| / A", "1·|-50000| / 2500", "20 N/mm²".
+std::vector<std::string> sides_of(const Step& step) {
   const NumberLine line = line_of(step);
-  std::string text = step.info.symbol;
+  std::vector<std::string> sides{step.info.symbol};
   if (step.formula) {
     const std::string symbols = formula(*step.formula);
-    text += " = " + symbols;
+    sides.push_back(symbols);
     const bool is_alone = step.formula->operation() == Operation::symbol;
-    if (!is_alone && line.numbers != symbols) text += " = " + line.numbers;
+    if (!is_alone && line.numbers != symbols) sides.push_back(line.numbers);
   }
-  text += " = " + line.result;
-  return step.info.unit.empty() ? text : text + " " + step.info.unit;
+  const std::string& unit = step.info.unit;
+  sides.push_back(unit.empty() ? line.result : line.result + " " + unit);
+  return sides;
+}
+
+/// Letters of a text in UTF-8.
+std::size_t length_of(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+/// In one line, or where that is too long with a line for every equals sign.
+std::string calculation(const Step& step, std::size_t indent) {
+  constexpr std::size_t longest = 100;
+  const std::vector<std::string> sides = sides_of(step);
+  std::size_t length = indent;
+  for (const std::string& side : sides) length += length_of(side) + 3;
+  const std::string gap = length <= longest ? " " : "\n" + std::string(indent + 4, ' ');
+  std::string text = std::string(indent, ' ') + sides[0] + " = " + sides[1];
+  for (std::size_t i = 2; i < sides.size(); ++i) text += gap + "= " + sides[i];
+  return text;
 }
 
 /// "axial stability coefficient; the smaller one, about y (GB 50429-2007, 7.2)".
@@ -45,7 +67,7 @@ std::string words(const Info& info) {
 void add_step(const Step& step, std::size_t depth, std::set<const Step*>& seen, std::string& text) {
   if (!seen.insert(&step).second) return;
   const std::string indent(2 * depth, ' ');
-  text += indent + calculation(step);
+  text += calculation(step, 2 * depth);
   text += step.formula ? "\n" + indent + "    " + words(step.info) : ": " + words(step.info);
   text += "\n";
   for (const StepPointer& source : step.from) add_step(*source, depth + 1, seen, text);

@@ -185,7 +185,7 @@ std::string limit_text(const Derivation& d) {
   static constexpr const char* types[] = {"", "column", "beam", "brace", "", "truss"};
   const auto type = static_cast<std::size_t>(d.in.data.nMembType);
   const std::string name = type < std::size(types) ? types[type] : "";
-  return std::string(compression ? "in compression, " : "in tension, ") + name;
+  return std::string(compression ? "in compression, " : "in tension, ") + name + " (N1)";
 }
 
 ItemOutcome slenderness(Derivation& d, Term (*lambda)(Derivation&)) {

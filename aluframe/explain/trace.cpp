@@ -30,7 +30,7 @@ std::vector<StepPointer> steps_of(const StepPointer& root) {
 
 bool agree(double a, double b) {
   if (std::isnan(a) || std::isnan(b)) return std::isnan(a) && std::isnan(b);
-  if (a == b) return true;
+  if (a == b || std::isinf(a) || std::isinf(b)) return a == b;
   constexpr double tolerance = 1e-12;
   return std::fabs(a - b) <= tolerance * std::max(std::fabs(a), std::fabs(b));
 }

@@ -17,8 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Sort keys that name a check item.
-constexpr std::pair<std::string_view, int> item_sort_keys[] = {
+/// Check items by the names that they are asked for with.
+constexpr std::pair<std::string_view, int> items_by_name[] = {
     {"strength", RALU_STRENGTH},
     {"shear-y", RALU_SHEAR_Y},
     {"shear-z", RALU_SHEAR_Z},
@@ -59,10 +59,9 @@ void sort_elements(std::vector<ElementResult>& elements, const std::string& key,
       return safe_rank(safe, element.element);
     });
   } else {
-    const auto* const item =
-        std::ranges::find(item_sort_keys, key, &std::pair<std::string_view, int>::first);
+    const int item = parse_item(key).value();
     std::ranges::stable_sort(elements, [&](const ElementResult& a, const ElementResult& b) {
-      return goes_before(a, b, item->second);
+      return goes_before(a, b, item);
     });
   }
 }
@@ -105,15 +104,32 @@ SafeByElement safe_by_element(store::ResultReader& reader) {
   return safe;
 }
 
-std::string sort_names() {
-  std::string names = "element, ratio, safe";
-  for (const auto& [name, item] : item_sort_keys) names += ", " + std::string(name);
+std::optional<int> parse_item(std::string_view name) {
+  const auto* const found =
+      std::ranges::find(items_by_name, name, &std::pair<std::string_view, int>::first);
+  return found == std::end(items_by_name) ? std::nullopt : std::optional(found->second);
+}
+
+std::string_view item_name(int item) {
+  const auto* const found =
+      std::ranges::find(items_by_name, item, &std::pair<std::string_view, int>::second);
+  return found == std::end(items_by_name) ? "" : found->first;
+}
+
+std::string item_names() {
+  std::string names;
+  for (const auto& [name, item] : items_by_name) {
+    names += (names.empty() ? "" : ", ") + std::string(name);
+  }
   return names;
 }
 
+std::string sort_names() {
+  return "element, ratio, safe, " + item_names();
+}
+
 bool is_sort_name(const std::string& name) {
-  return name == "element" || name == "ratio" || name == "safe" ||
-         std::ranges::any_of(item_sort_keys, [&](const auto& key) { return key.first == name; });
+  return name == "element" || name == "ratio" || name == "safe" || parse_item(name);
 }
 
 Result<std::vector<ElementResult>> elements_of(store::ResultReader& reader,

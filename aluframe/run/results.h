@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "aluframe/model/number_ranges.h"
@@ -38,6 +39,12 @@ struct ResultsQuery {
 
 /// Second opinions by element; empty when the run went without.
 std::map<std::uint32_t, store::SafeRow> safe_by_element(store::ResultReader& reader);
+
+/// A check item by its name: "strength", "shear-y", "combined-stability", ...
+std::optional<int> parse_item(std::string_view name);
+std::string_view item_name(int item);
+/// "strength, shear-y, ...".
+std::string item_names();
 
 /// What results can be sorted by: "element", "ratio", "safe", or a check item.
 std::string sort_names();
@@ -91,6 +98,8 @@ Result<Input> prepare_like(const std::filesystem::path& results, const InputOpti
 /// leaves nothing to compare with.
 std::vector<std::string> cautions(const InputOptions& input, const std::filesystem::path& file,
                                   store::ResultReader& reader);
+/// Of them, that they are of another state of the model.
+std::string other_state_text(const std::filesystem::path& model, const std::filesystem::path& file);
 /// Of them, that a later run has left a partial file beside these results.
 std::optional<std::string> later_run_text(const std::filesystem::path& file);
 /// Of them, that their run did not end.

@@ -131,6 +131,11 @@ std::optional<std::string> left_instead_text(const fs::path& file) {
       file.string(), partial.string());
 }
 
+std::string other_state_text(const fs::path& model, const fs::path& file) {
+  return fmt::format("{}: these results are of another state of {} or its forces; check it again",
+                     file.string(), model.string());
+}
+
 std::vector<std::string> cautions(const InputOptions& input, const fs::path& file,
                                   store::ResultReader& reader) {
   std::vector<std::string> out;
@@ -142,10 +147,7 @@ std::vector<std::string> cautions(const InputOptions& input, const fs::path& fil
     out.push_back(
         fmt::format("{}: cannot be compared with the model: {}", file.string(), problem->text));
   } else if (std::get<Input>(read).digest != reader.info().model_digest) {
-    out.push_back(
-        fmt::format("{}: these results are of another state of {} or its forces; check "
-                    "it again",
-                    file.string(), input.model.string()));
+    out.push_back(other_state_text(input.model, file));
   }
   return out;
 }

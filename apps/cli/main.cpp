@@ -15,6 +15,7 @@
 #include "apps/cli/buckling_command.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/explain_command.h"
 #include "apps/cli/members_command.h"
 #include "apps/cli/picture_command.h"
 #include "apps/cli/points_command.h"
@@ -205,6 +206,37 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       ->type_name("FORCE,LENGTH");
   results->add_option("--output", options.output, "Write to this file")->type_name("FILE");
   results->callback([&] { status = run_results_command(options); });
+}
+
+std::optional<tables::Format> parse_explanation_format(const std::string& name) {
+  const auto format = tables::parse_format(name);
+  return format == tables::Format::csv ? std::nullopt : format;
+}
+
+void add_explain(CLI::App& app, ExplainOptions& options, int& status) {
+  CLI::App* explain =
+      app.add_subcommand("explain", "Show step by step how a ratio of the results comes about");
+  add_input(*explain, options.input);
+  explain->add_option("--element", options.wanted.element, "The element")
+      ->required()
+      ->type_name("NUMBER");
+  add_parsed(*explain, "--item", options.wanted.item, one_of(run::parse_item, run::item_names()),
+             "The check; the worst when not given: " + run::item_names());
+  explain
+      ->add_option("--combination", options.wanted.combination,
+                   "The combination; the worst when not given")
+      ->type_name("NUMBER");
+  add_parsed(*explain, "--side", options.wanted.min_side, one_of(parse_side, "max, min"),
+             "The side of an envelope's extremes: max or min; the worse when not given");
+  add_parsed(*explain, "--position", options.wanted.position,
+             one_of(parse_position, "I, 1/4, 1/2, 3/4, J"),
+             "Where in the element: I, 1/4, 1/2, 3/4 or J; the worst when not given");
+  explain->add_option("--results", options.results, "Result file; beside the model when not given")
+      ->type_name("FILE");
+  add_parsed(*explain, "--format", options.format, one_of(parse_explanation_format, "table, json"),
+             "How to print: table or json");
+  explain->add_option("--output", options.output, "Write to this file")->type_name("FILE");
+  explain->callback([&] { status = run_explain_command(options); });
 }
 
 void add_validate(CLI::App& app, run::InputOptions& options, int& status) {
@@ -461,6 +493,7 @@ int run_program(int argc, char** argv) {
   AnalyseOptions analyse;
   BucklingCommandOptions buckling;
   CheckOptions check;
+  ExplainOptions explain;
   ResultsOptions results;
   run::InputOptions validate;
   MembersOptions members;
@@ -473,6 +506,7 @@ int run_program(int argc, char** argv) {
   add_analyse(app, analyse, status);
   add_buckling(app, buckling, status);
   add_results(app, results, status);
+  add_explain(app, explain, status);
   add_validate(app, validate, status);
   add_members(app, members, status);
   add_picture(app, picture, status);

@@ -1,0 +1,105 @@
+#include "apps/cli/explain_command.h"
+
+#include <fmt/format.h>
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <variant>
+
+#include "aluframe/explain/explanation_text.h"
+#include "aluframe/files/output_guard.h"
+#include "aluframe/model/plain_text.h"
+#include "aluframe/run/results.h"
+#include "aluframe/store/result_file.h"
+#include "aluframe/tables/names.h"
+#include "apps/cli/exit_status.h"
+#include "apps/cli/output_file.h"
+#include "apps/cli/terminal.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+const char* side_name(const run::ExplainedCheck& check) {
+  return check.place.min_side == 0 ? "max" : "min";
+}
+
+/// "Element 12 (column), stability, combination 3 "wind", at J: axial compression".
+std::string heading(const run::ExplainedCheck& check) {
+  std::string text = fmt::format("Element {} ({}), {}, combination {}", check.element,
+                                 tables::member_type_name(check.member_type),
+                                 tables::item_name(check.place.item), check.combination);
+  if (!check.combination_name.empty()) text += fmt::format(" \"{}\"", check.combination_name);
+  if (check.has_sides) text += fmt::format(" ({})", side_name(check));
+  return text + fmt::format(", at {}: {}\n", tables::position_name(check.place.position),
+                            check.explanation.check);
+}
+
+constexpr const char* footing =
+    "Forces N, N·mm, lengths mm. Names of rules in brackets, such as (F1): docs/behaviour.md; what "
+    "is shown and how: docs/explain.md\n";
+
+std::string text_of(const run::ExplainedCheck& check) {
+  return heading(check) + "\n" + explain::to_text(check.explanation.ratio) + "\n" + footing;
+}
+
+std::string json_of(const run::ExplainedCheck& check) {
+  nlohmann::ordered_json json = nlohmann::ordered_json::object();
+  json["element"] = check.element;
+  json["member_type"] = tables::member_type_name(check.member_type);
+  json["item"] = tables::item_name(check.place.item);
+  json["combination"] = check.combination;
+  json["combination_name"] = check.combination_name;
+  json["side"] = check.has_sides ? nlohmann::ordered_json(side_name(check)) : nullptr;
+  json["position"] = tables::position_name(check.place.position);
+  json["check"] = check.explanation.check;
+  json["steps"] = explain::to_json(check.explanation.ratio);
+  return model::for_json(
+             json.dump(1, ' ', false, nlohmann::ordered_json::error_handler_t::replace)) +
+         "\n";
+}
+
+std::optional<std::string> overwriting_problem(const ExplainOptions& options,
+                                               const std::filesystem::path& results) {
+  return files::find_overwriting({{"the explanation", options.output}},
+                                 {{"the result file", results},
+                                  {"the model", options.input.model},
+                                  {"the table of forces", options.input.forces}});
+}
+
+int explain(const ExplainOptions& options, const std::filesystem::path& results) {
+  auto explained =
+      run::explain_check({.input = options.input, .results = results, .wanted = options.wanted});
+  if (const auto* problem = std::get_if<run::Problem>(&explained)) return stop(*problem);
+  const auto& check = std::get<run::ExplainedCheck>(explained);
+  return write_output(options.format == tables::Format::json ? json_of(check) : text_of(check),
+                      options.output);
+}
+
+}  // namespace
+
+std::optional<int> parse_side(const std::string& name) {
+  if (name == "max") return 0;
+  return name == "min" ? std::optional(1) : std::nullopt;
+}
+
+std::optional<int> parse_position(const std::string& name) {
+  for (int position = 0; position < kCheckPositions; ++position) {
+    if (tables::position_name(position) == name) return position;
+  }
+  return std::nullopt;
+}
+
+int run_explain_command(const ExplainOptions& options) {
+  const std::filesystem::path results =
+      options.results.value_or(run::result_path_of(options.input.model));
+  if (const auto problem = overwriting_problem(options, results)) return stop({*problem});
+  try {
+    return explain(options, results);
+  } catch (const std::runtime_error& error) {
+    print_message(error.what());
+    return exit_input_error;
+  }
+}
+
+}  // namespace aluframe::cli
