@@ -129,7 +129,7 @@ Term poisson_ratio(Derivation& d) {
                  d.in.data.code.matl.dPoisson);
 }
 Term shear_modulus(Derivation& d) {
-  return d.given({"G", "shear modulus of aluminium", "N/mm²", "4.3"}, alu_engine::kShearModulus);
+  return d.given({"G", "shear modulus of aluminium", "N/mm²"}, alu_engine::kShearModulus);
 }
 
 Term haz_factor(Derivation& d) {

@@ -79,7 +79,7 @@ Term amplification(Derivation& d, const char* symbol, const char* quantity, cons
 }
 
 Term amplification_y(Derivation& d) {
-  return amplification(d, "ay", "1 less the amplification of My", interaction_eta1(d),
+  return amplification(d, "ay", "divisor of My beside the axial force", interaction_eta1(d),
                        euler_type_force_y(d));
 }
 
@@ -108,7 +108,7 @@ Term compression_side(Derivation& d, const Info& info, double value) {
 
 /// Rmax212.
 Term tension_side(Derivation& d, double value) {
-  const Term below = amplification(d, "a2", "1 less the amplification of My, tension side",
+  const Term below = amplification(d, "a2", "divisor of My beside the axial force, tension side",
                                    interaction_eta2(d), euler_type_force_y(d));
   const Term modulus = plasticity_bottom(d) * bottom_modulus(d) * below;
   const bool is_zero = engine::IsZero(explain::value(modulus));
@@ -162,7 +162,7 @@ Term about_z(Derivation& d) {
         factor(d) *
             (axial + interaction_eta(d) * moment_y(d) / (lateral_coefficient(d) * top_modulus(d))));
   }
-  const Term below = amplification(d, "az", "1 less the amplification of Mz", interaction_eta1(d),
+  const Term below = amplification(d, "az", "divisor of Mz beside the axial force", interaction_eta1(d),
                                    euler_type_force_z(d));
   return d.trace.define(
       stress_info("stress of compression with bending about z", "8.2", "symmetric section"), value,

@@ -14,7 +14,8 @@ from documents import anchors_of, blocks_of, inline_code_of, links_of, pages
 
 DESKTOP_PAGE = "docs/dialogs.md"
 # Options in running text belong to any command of the program, on these pages to theirs.
-COMMAND_OF_PAGE = {"docs/report.md": "report", "docs/sections.md": "section", "docs/settings.md": "settings"}
+COMMAND_OF_PAGE = {"docs/explain.md": "explain", "docs/report.md": "report", "docs/sections.md": "section",
+                   "docs/settings.md": "settings"}
 OPTION = re.compile(r"(?<![\w-])--[a-z][a-z0-9-]*")
 # Folders of the repository that a path in running text may begin with; what a build makes is not there yet.
 FOLDERS = [path.name for path in ROOT.iterdir() if path.is_dir() and path.name not in ("build", ".git")]
