@@ -131,7 +131,7 @@ Term web_strip_area(Derivation& d, const PlateTerms& plates) {
 Term built_area(Derivation& d, const PlateTerms& plates, const Reduced& is) {
   const Term rho = effective_thickness(d);
   const auto& top = plates.top;
-  const auto& bottom = *plates.bottom;
+  const auto& bottom = plates.bottom;
   const Term webs = plates.webs == 1 ? scaled(rho, is.web, plates.web_height)
                     : is.web         ? Term::number(plates.webs) * rho * plates.web_height
                                      : Term::number(plates.webs) * plates.web_height;
@@ -144,7 +144,7 @@ Term built_area(Derivation& d, const PlateTerms& plates, const Reduced& is) {
 Formulas built(Derivation& d, const PlateTerms& plates, const Reduced& is, const char* note) {
   return {built_area(d, plates, is),
           flange_inertia(d, plates.top, true, is.top) +
-              flange_inertia(d, *plates.bottom, false, is.bottom) + web_inertia(d, plates, is.web),
+              flange_inertia(d, plates.bottom, false, is.bottom) + web_inertia(d, plates, is.web),
           note};
 }
 
@@ -152,7 +152,7 @@ Formulas welded_h_bottom(Derivation& d, const PlateTerms& plates) {
   const Term rho = effective_thickness(d);
   const Term haz = haz_factor(d), B2 = dimension(d, Dimension::bottom_width);
   const auto& top = plates.top;
-  const auto& bottom = *plates.bottom;
+  const auto& bottom = plates.bottom;
   const Term If1 = d.trace.part({"If1", "inertia of the top flange", "mm⁴", "chapter 5",
                                  "ρ acts on its own inertia alone (W3)"},
                                 top.clear * top.thickness * squared(top.arm) +
@@ -168,7 +168,7 @@ Formulas welded_h_bottom(Derivation& d, const PlateTerms& plates) {
 }
 
 Term bottom_reduced_inertia(Derivation& d, const PlateTerms& plates) {
-  const auto& bottom = *plates.bottom;
+  const auto& bottom = plates.bottom;
   const Term thin = effective_thickness(d) * bottom.thickness;
   const Term If2 = d.trace.part(
       {"If2", "inertia of the bottom flange", "mm⁴", "chapter 5",
@@ -184,7 +184,7 @@ Formulas welded_bottom(Derivation& d, const PlateTerms& plates) {
   const Term inertia = bottom_reduced_inertia(d, plates);
   if (!is_box(d)) return {built_area(d, plates, {false, true, false}), inertia, note};
   const auto& top = plates.top;
-  const auto& bottom = *plates.bottom;
+  const auto& bottom = plates.bottom;
   const Term haz = haz_factor(d), b = haz_width(d);
   return {top.clear * top.thickness + (top.thickness + bottom.thickness) * haz * (b + plates.web) +
               effective_thickness(d) * bottom.clear * bottom.thickness +

@@ -119,23 +119,29 @@ Term strip_offsets(Derivation& d, const PlateTerms& plates) {
     return d.trace.part({symbol, "distance of a web strip's middle from the y axis", "mm"},
                         magnitude(fibre) - thickness - haz_width(d) / 2.0);
   };
-  const Term top = squared(offset("g1", top_fibre(d), plates.top.thickness));
-  if (!plates.bottom) return top;
-  return top + squared(offset("g2", bottom_fibre(d), plates.bottom->thickness));
+  Term top = squared(offset("g1", top_fibre(d), plates.top.thickness));
+  if (!plates.has_bottom) return top;
+  return top + squared(offset("g2", bottom_fibre(d), plates.bottom.thickness));
 }
 
 }  // namespace
 
 PlateTerms haz_plates(Derivation& d) {
   const engine::HAZ_SHAPE& shape = shape_of(d);
-  return {top_flange(d), shape.nFlanges == 1 ? std::nullopt : std::optional(bottom_flange(d)),
-          clear_web_height(d), dimension(d, Dimension::web), shape.nWebs};
+  const bool has_bottom = shape.nFlanges > 1;
+  const FlangeTerms top = top_flange(d);
+  return {top,
+          has_bottom ? bottom_flange(d) : top,
+          has_bottom,
+          clear_web_height(d),
+          dimension(d, Dimension::web),
+          shape.nWebs};
 }
 
 Term web_strip_inertia(Derivation& d, const PlateTerms& plates) {
   return d.trace.once("Iw2", [&] {
     const Term rho = haz_factor(d), b = haz_width(d);
-    const int strips = plates.webs * (plates.bottom ? 2 : 1);
+    const int strips = plates.webs * (plates.has_bottom ? 2 : 1);
     return d.trace.define({"Iw2", "inertia of the heat-affected strips of the webs", "mm⁴",
                            "chapter 5", "strips count together in their own inertia"},
                           engine::WebStripInertia(plates_of(d), haz_of(d)),
@@ -149,9 +155,9 @@ Term heat_affected_inertia(Derivation& d) {
     const PlateTerms plates = haz_plates(d);
     const engine::HAZ_PLATES of = plates_of(d);
     Term sum = flange_inertia(d, "If1", "inertia of the top flange", plates.top, of.flange[0]);
-    if (plates.bottom) {
+    if (plates.has_bottom) {
       sum = sum +
-            flange_inertia(d, "If2", "inertia of the bottom flange", *plates.bottom, of.flange[1]);
+            flange_inertia(d, "If2", "inertia of the bottom flange", plates.bottom, of.flange[1]);
     }
     return d.trace.define(
         {"Ihaz", "second moment of area about y with heat-affected strips", "mm⁴", "chapter 5"},
@@ -166,13 +172,13 @@ Term heat_affected_area(Derivation& d) {
     const Term rho = haz_factor(d);
     const auto& top = plates.top;
     Term area = top.clear * top.thickness;
-    if (plates.bottom) {
-      area = area + top.strip * (top.thickness + plates.bottom->thickness) * rho +
-             plates.bottom->clear * plates.bottom->thickness;
+    if (plates.has_bottom) {
+      area = area + top.strip * (top.thickness + plates.bottom.thickness) * rho +
+             plates.bottom.clear * plates.bottom.thickness;
     } else {
       area = area + top.strip * top.thickness * rho;
     }
-    const int strips = plates.webs * (plates.bottom ? 2 : 1);
+    const int strips = plates.webs * (plates.has_bottom ? 2 : 1);
     return d.trace.define({"Ahaz", "area with heat-affected strips", "mm²", "chapter 5"},
                           engine::HeatAffectedArea(plates_of(d), haz_of(d)),
                           area + times(strips, haz_width(d)) * plates.web * rho +

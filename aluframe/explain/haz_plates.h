@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "aluframe/explain/derivation.h"
 
 /// Sections of welded members: clear parts, and strips that the heat has softened.
@@ -20,9 +18,10 @@ struct FlangeTerms {
 /// The plates of a welded section by their symbols.
 struct PlateTerms {
   FlangeTerms top;
-  std::optional<FlangeTerms> bottom;  ///< nothing: a tee
-  Term web_height;                    ///< clear
-  Term web;                           ///< thickness of one
+  FlangeTerms bottom;  ///< of a tee the top one again
+  bool has_bottom;     ///< false: a tee
+  Term web_height;     ///< clear
+  Term web;            ///< thickness of one
   int webs;
 };
 

@@ -162,8 +162,8 @@ Term about_z(Derivation& d) {
         factor(d) *
             (axial + interaction_eta(d) * moment_y(d) / (lateral_coefficient(d) * top_modulus(d))));
   }
-  const Term below = amplification(d, "az", "divisor of Mz beside the axial force", interaction_eta1(d),
-                                   euler_type_force_z(d));
+  const Term below = amplification(d, "az", "divisor of Mz beside the axial force",
+                                   interaction_eta1(d), euler_type_force_z(d));
   return d.trace.define(
       stress_info("stress of compression with bending about z", "8.2", "symmetric section"), value,
       factor(d) *

@@ -70,7 +70,8 @@ Term Trace::add(Step step, const std::vector<std::string>& because) {
   std::ranges::copy(because, std::back_inserter(sources));
   for (const std::string& source : sources) {
     const auto found = steps_.find(source);
-    if (found == steps_.end()) throw StepMismatch(symbol + ": there is no step of " + source);
+    if (found == steps_.end())
+      throw StepMismatch(fmt::format("{}: there is no step of {}", symbol, source));
     if (std::ranges::find(step.from, found->second) == step.from.end())
       step.from.push_back(found->second);
   }

@@ -71,20 +71,28 @@ bool goes_before(const T_RALU_RLT& a, const T_RALU_RLT& b) {
   return RaluGoverns(a.dDemand, a.dCapacity, b.dDemand, b.dCapacity);
 }
 
-std::optional<CheckPlace> worst_of_item(const Records& records, int item,
-                                        std::optional<int> position) {
-  std::optional<CheckPlace> worst;
+/// A stored check and where it stands.
+struct Found {
+  CheckPlace place;
+  T_RALU_RLT check;
+};
+
+/// Keeps the check in place of the one found before when it is to be shown before it.
+void keep(std::optional<Found>& worst, const CheckPlace& place, const T_RALU_RLT& check) {
+  if (RaluIsEmpty(check.dDemand, check.dCapacity)) return;
+  if (!worst || goes_before(check, worst->check)) worst = Found{place, check};
+}
+
+void keep_worst_of_item(std::optional<Found>& worst, const Records& records, int item,
+                        const WantedCheck& wanted) {
   for (const store::StoredRecord& row : records) {
     for (int p = 0; p < kCheckPositions; ++p) {
-      if (position && p != *position) continue;
-      const T_RALU_RLT& check =
-          row.record.aSect[static_cast<std::size_t>(p)].aItem[static_cast<std::size_t>(item)];
-      if (RaluIsEmpty(check.dDemand, check.dCapacity)) continue;
-      if (worst && !goes_before(check, *worst->stored)) continue;
-      worst = CheckPlace{item, row.combination, row.min_side, p, check};
+      if (wanted.position && p != *wanted.position) continue;
+      const T_RALU_SECT& at = row.record.aSect[static_cast<std::size_t>(p)];
+      const T_RALU_RLT& check = at.aItem[static_cast<std::size_t>(item)];
+      keep(worst, {item, row.combination, row.min_side, p, check}, check);
     }
   }
-  return worst;
 }
 
 }  // namespace
@@ -93,14 +101,11 @@ Result<CheckPlace> find_check(store::ResultReader& reader, const WantedCheck& wa
   auto found = wanted_records(reader, wanted);
   if (auto* problem = std::get_if<Problem>(&found)) return std::move(*problem);
   const auto& records = std::get<Records>(found);
-  std::optional<CheckPlace> worst;
+  std::optional<Found> worst;
   for (int item = 0; item < kResultItems; ++item) {
-    if (wanted.item && item != *wanted.item) continue;
-    const auto of_item = worst_of_item(records, item, wanted.position);
-    if (!of_item || (worst && !goes_before(*of_item->stored, *worst->stored))) continue;
-    worst = of_item;
+    if (!wanted.item || item == *wanted.item) keep_worst_of_item(worst, records, item, wanted);
   }
-  if (worst) return *worst;
+  if (worst) return worst->place;
   return CheckPlace{wanted.item.value_or(RALU_STRENGTH), records.front().combination,
                     records.front().min_side, wanted.position.value_or(0), std::nullopt};
 }

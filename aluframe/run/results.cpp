@@ -58,10 +58,9 @@ void sort_elements(std::vector<ElementResult>& elements, const std::string& key,
     std::ranges::stable_sort(elements, std::greater<>(), [&](const ElementResult& element) {
       return safe_rank(safe, element.element);
     });
-  } else {
-    const int item = parse_item(key).value();
+  } else if (const std::optional<int> item = parse_item(key)) {
     std::ranges::stable_sort(elements, [&](const ElementResult& a, const ElementResult& b) {
-      return goes_before(a, b, item);
+      return goes_before(a, b, *item);
     });
   }
 }
