@@ -3,8 +3,10 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <cmath>
 
 #include "tz_alu/engine/alucode_gb50429_07.h"
+#include "tz_alu/engine/plate_slenderness.h"
 #include "tz_alu/engine/section_parameters.h"
 
 namespace aluframe::explain {
@@ -26,7 +28,7 @@ T_RALU_RLT result_of_checks(const ALU_DGN_DATA& data, const AluDgnSectForce& for
 }
 
 bool is_same(double a, double b) {
-  return a == b || (a != a && b != b);
+  return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 /// What the steps end in must be what the checks store, to the last digit.
@@ -35,6 +37,13 @@ void compare(const Checked& checked, const T_RALU_RLT& result) {
   if (is_same(demand, result.dDemand) && is_same(capacity, result.dCapacity)) return;
   throw StepMismatch(fmt::format("the checks have {} of {}, the steps {} of {}", result.dDemand,
                                  result.dCapacity, demand, capacity));
+}
+
+/// Why area and moduli cannot be formed.
+const char* why_without_section(const Derivation& d) {
+  const bool has_no_plates = std::isnan(alu_engine::PlateRatios(d.in).dGoverning);
+  return has_no_plates ? "the checks do not cover the shape of the section"
+                       : "nothing is left of the section to be checked (B15)";
 }
 
 StepPointer ratio_step(Derivation& d, const Checked& checked) {
@@ -46,6 +55,7 @@ StepPointer ratio_step(Derivation& d, const Checked& checked) {
     d.trace.given(info, ratio, {checked.demand.name(), checked.capacity.name()});
   } else {
     if (ratio < 0.0) info.why = "a demand below 0 passes";
+    if (!std::isfinite(ratio)) info.why = "what is no finite number counts as failed";
     d.trace.define(info, ratio, checked.demand / checked.capacity);
   }
   return d.trace.step("ratio");
@@ -60,7 +70,7 @@ Outcome explain_item(const ALU_DGN_DATA& data, const AluDgnSectForce& force, int
   if (data.nCheckFlag[place] == 0) return NotChecked{"the check is switched off"};
   Derivation d(data, force, origins);
   if (!alu_engine::AreUsable(d.section)) {
-    return NotChecked{"nothing is left of the section to be checked (B15)"};
+    return NotChecked{why_without_section(d)};
   }
   const ItemOutcome outcome = explained.at(place)(d);
   if (const auto* none = std::get_if<NotChecked>(&outcome)) return *none;

@@ -29,7 +29,8 @@ std::string scientific(const std::string& text) {
 }  // namespace
 
 std::string number_text(double value, int digits) {
-  if (!std::isfinite(value)) return fmt::format("{}", value);
+  if (std::isnan(value)) return "nan";  // of either sign
+  if (std::isinf(value)) return value < 0.0 ? "-inf" : "inf";
   if (value == 0.0) return "0";
   const double size = std::fabs(value);
   if (size < least_plain || size >= least_scientific) {

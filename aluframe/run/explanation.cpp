@@ -3,9 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 
+#include "aluframe/model/plain_text.h"
 #include "aluframe/run/results.h"
 #include "aluframe/run/session_options.h"
 #include "aluframe/services/binding.h"
@@ -29,7 +31,10 @@ std::string combination_text(const store::RunInfo& info, const CheckPlace& place
   const store::CombinationRow* row = row_of(info, place.combination);
   if (row == nullptr) return fmt::format("combination {}", place.combination);
   std::string text = fmt::format("combination {}", row->state_of.value_or(row->number));
-  if (!row->name.empty()) text += fmt::format(" \"{}\"", row->name);
+  // The name is read from the result file: it must not look like other lines.
+  if (!row->name.empty()) {
+    text += fmt::format(" \"{}\"", model::without_control_characters(row->name));
+  }
   if (row->two_sides) text += place.min_side == 0 ? ", maximum side" : ", minimum side";
   return text;
 }
@@ -129,7 +134,7 @@ Result<CheckInput> assemble(model::Number element, const CheckPlace& place) {
 }
 
 bool is_same(double a, double b) {
-  return a == b || (a != a && b != b);
+  return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 /// What stands in the results must be what the steps end in.

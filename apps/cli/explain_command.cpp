@@ -29,7 +29,8 @@ std::string heading(const run::ExplainedCheck& check) {
   std::string text = fmt::format("Element {} ({}), {}, combination {}", check.element,
                                  tables::member_type_name(check.member_type),
                                  tables::item_name(check.place.item), check.combination);
-  if (!check.combination_name.empty()) text += fmt::format(" \"{}\"", check.combination_name);
+  const std::string name = model::without_control_characters(check.combination_name);
+  if (!name.empty()) text += fmt::format(" \"{}\"", name);
   if (check.has_sides) text += fmt::format(" ({})", side_name(check));
   return text + fmt::format(", at {}: {}\n", tables::position_name(check.place.position),
                             check.explanation.check);

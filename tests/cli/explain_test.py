@@ -154,6 +154,32 @@ def test_slenderness_without_a_limit_says_so(aluframe, pipe_beam):
     assert "there is no limit without axial force (N2)" in text
 
 
+def test_a_result_that_is_no_number_is_followed_to_where_it_comes_from(aluframe, pipe_beam):
+    """A truss has no coefficients of the critical moment (rule C9), so Mcr is 0."""
+    pipe_beam["sections"] = [
+        {"number": 1, "shape": "H", "dimensions": {"H": 200, "B1": 100, "tw": 6, "tf1": 10}}]
+    pipe_beam["elements"][0]["kind"] = "truss"
+    pipe_beam["combinations"] = pipe_beam["combinations"][:1]
+    aluframe.write(pipe_beam)
+    aluframe("check", "frame.json")
+    arguments = ("explain", "frame.json", "--element", 1, "--item", "stability")
+    shown = aluframe.json(*arguments)
+    values = values_of(shown)
+    assert (values["β1"], values["Mcr"], values["λb"], values["ratio"]) == (0, 0, "inf", "nan")
+    assert "a truss has none, so Mcr is 0 (C9)" in (text := aluframe(*arguments).stdout)
+    assert "ratio = σ / f = nan / 200 = nan\n    utilisation; what is no finite number counts as failed\n" in text
+
+
+def test_a_shape_that_the_checks_do_not_cover_has_nothing_to_explain(aluframe, pipe_beam):
+    pipe_beam["sections"] = [{"number": 1, "shape": "UP", "properties": {
+        "area": 2000, "it": 3e6, "iyy": 8e6, "izz": 8e6,
+        "point_y": [-50, 50, 50, -50], "point_z": [100, 100, -100, -100]}}]
+    aluframe.write(pipe_beam)
+    aluframe("check", "frame.json", status=2)
+    done = aluframe("explain", "frame.json", "--element", 1, status=1)
+    assert "the checks do not cover the shape of the section" in done.stderr
+
+
 def test_sides_of_an_envelope_are_explained_apart(aluframe, pipe_beam):
     pipe_beam["combinations"] = [{"number": 7, "kind": "envelope", "terms": [
         {"case": 1, "factor": 1.0}, {"case": 1, "factor": 0.5}]}]

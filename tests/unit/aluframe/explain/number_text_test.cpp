@@ -36,6 +36,7 @@ TEST(NumberText, NamesWhatIsNotFinite) {
   EXPECT_EQ(number_text(std::numeric_limits<double>::infinity(), 6), "inf");
   EXPECT_EQ(number_text(-std::numeric_limits<double>::infinity(), 6), "-inf");
   EXPECT_EQ(number_text(std::nan(""), 6), "nan");
+  EXPECT_EQ(number_text(-std::nan(""), 6), "nan");
 }
 
 TEST(ExactText, IsTheShortestTextOfANumber) {
