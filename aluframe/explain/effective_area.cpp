@@ -4,6 +4,7 @@
 
 #include "aluframe/explain/haz_plates.h"
 #include "aluframe/explain/inputs.h"
+#include "aluframe/explain/plate_parts.h"
 #include "aluframe/explain/plates.h"
 #include "tz_alu/engine/effective_section.h"
 #include "tz_alu/engine/local_buckling.h"
@@ -22,10 +23,6 @@ struct Formulas {
   std::string area_note = {};
   std::string inertia_note = {};
 };
-
-bool is_box(const Derivation& d) {
-  return d.shape() == ALU_SHAPE_B;
-}
 
 // Not welded: what the plates lose is taken off.
 

@@ -144,6 +144,11 @@ Term haz_width(Derivation& d) {
       d.in.Parameters().dHazWidth);
 }
 
+Term strength_ratio(Derivation& d) {
+  return d.given({"ηA", "strength ratio: net over gross area", "", "", d.origins.settings},
+                 d.in.Parameters().dCoef085);
+}
+
 Term member_length(Derivation& d) {
   return d.given({"L", "length of the member", "mm", "", d.origins.member}, d.in.data.dMembLength);
 }

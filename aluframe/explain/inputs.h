@@ -44,6 +44,9 @@ Term shear_modulus(Derivation& d);
 Term haz_factor(Derivation& d);
 Term haz_width(Derivation& d);
 
+/// ηA of the settings.
+Term strength_ratio(Derivation& d);
+
 Term member_length(Derivation& d);
 Term length_factor_y(Derivation& d);
 Term length_factor_z(Derivation& d);

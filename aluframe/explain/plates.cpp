@@ -2,13 +2,10 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
-
 #include "aluframe/explain/factors.h"
 #include "aluframe/explain/inputs.h"
-#include "tz_alu/engine/constants.h"
+#include "aluframe/explain/plate_parts.h"
 #include "tz_alu/engine/effective_section.h"
-#include "tz_alu/engine/local_buckling.h"
 #include "tz_alu/engine/plate_slenderness.h"
 #include "tz_alu/tolerance.h"
 
@@ -18,24 +15,6 @@ namespace engine = alu_engine;
 
 namespace {
 
-bool is_box(const Derivation& d) {
-  return d.shape() == ALU_SHAPE_B;
-}
-
-bool is_h(const Derivation& d) {
-  return d.shape() == ALU_SHAPE_H;
-}
-
-engine::PLATE_RATIOS ratios_of(const Derivation& d) {
-  return engine::PlateRatios(d.in);
-}
-
-/// 2·tw of a box, tw of an open section.
-Term webs(Derivation& d) {
-  const Term tw = dimension(d, Dimension::web);
-  return is_box(d) ? 2.0 * tw : tw;
-}
-
 // Limits.
 
 std::string ribs_text(const Derivation& d) {
@@ -44,10 +23,7 @@ std::string ribs_text(const Derivation& d) {
 
 /// Axial stress -N/An of the gross section less what the strength ratio takes off.
 Term axial_edge_stress(Derivation& d) {
-  const Term ratio =
-      d.given({"ηA", "strength ratio: net over gross area", "", "", d.origins.settings},
-              d.in.Parameters().dCoef085);
-  const Term force = axial_force(d);
+  const Term ratio = strength_ratio(d), force = axial_force(d);
   return d.trace.once("σN", [&] {
     return d.trace.part({"σN", "stress from N, compression positive", "N/mm²", "5.2"},
                         Term::number(-1.0) * force / (ratio * gross_area(d)));
@@ -126,11 +102,6 @@ Term gradient_factor(Derivation& d, engine::PLATE plate) {
   return d.trace.define(of, value, k / (d.has_ribs() ? 4.0 : 0.425));
 }
 
-std::string limit_text(const Derivation& d) {
-  return fmt::format("{}, {}, {}", d.hardening(), d.is_welded() ? "welded" : "not welded",
-                     ribs_text(d));
-}
-
 Term limit_of(Derivation& d, engine::PLATE plate) {
   const bool web = plate == engine::PLATE::Web;
   const std::string symbol = web ? "limw" : "limf";
@@ -149,7 +120,7 @@ Term limit_of(Derivation& d, engine::PLATE plate) {
                              d.has_ribs() ? d.in.Parameters().dRibRatio : 1.0);
     return d.trace.define(
         {symbol, fmt::format("limit of width over thickness of the {}", web ? "web" : "flanges"),
-         "", "5.2", limit_text(d)},
+         "", "5.2", plate_conditions(d)},
         value, Term::number(factor) * (root(240.0 / f02) * root(eta * gradient_factor(d, plate))));
   });
 }
@@ -199,87 +170,29 @@ Term web_ratio(Derivation& d) {
                   engine::PLATE::Web);
 }
 
-// Effective thickness.
-
-/// A plate that governs, as a formula.
-struct GoverningPlate {
-  Term width;
-  Term thickness;
-  std::string why;
-};
-
-GoverningPlate one_flange(Derivation& d, Dimension width, Dimension thickness, std::string why) {
-  const Term B = dimension(d, width);
-  const Term open = B - webs(d);
-  if (is_box(d)) return {open, dimension(d, thickness), std::move(why)};
-  const Term r1 = dimension(d, Dimension::r1);
-  const Term b = is_h(d) ? (open - 2.0 * r1) / 2.0 : open - r1;
-  return {b, dimension(d, thickness), std::move(why)};
-}
-
-GoverningPlate both_flanges(Derivation& d, bool bottom) {
-  const Term B = dimension(d, bottom ? Dimension::top_width : Dimension::bottom_width);
-  const Term open = B - webs(d);
-  return {is_box(d) ? open : open - dimension(d, Dimension::r1),
-          dimension(d, bottom ? Dimension::bottom_thickness : Dimension::top_thickness),
-          fmt::format("both flanges are slender: the thickness of the {} flange is paired with "
-                      "the width of the other",
-                      bottom ? "bottom" : "top")};
-}
-
-GoverningPlate plate_in_axial_compression(Derivation& d) {
-  const engine::PLATE_RATIOS ratios = ratios_of(d);
-  const auto is_slender = [](double ratio) { return ratio - 1.0 > engine::kTolerance; };
-  if (is_slender(ratios.dWeb)) {
-    const Term between = dimension(d, Dimension::depth) - dimension(d, Dimension::top_thickness) -
-                         dimension(d, Dimension::bottom_thickness);
-    return {is_box(d) ? between : between - 2.0 * dimension(d, Dimension::r1),
-            dimension(d, Dimension::web), "axial compression alone: the slender web governs"};
-  }
-  if (is_slender(ratios.dTop))
-    return both_flanges(d, ratios.dBottom - ratios.dTop > engine::kTolerance);
-  return one_flange(d, Dimension::bottom_width, Dimension::bottom_thickness,
-                    "axial compression alone: the slender bottom flange governs");
-}
-
-GoverningPlate governing_plate(Derivation& d) {
-  switch (engine::ReducedPart(d.in.force)) {
-    case engine::REDUCED_PART::WholeSection:
-      return plate_in_axial_compression(d);
-    case engine::REDUCED_PART::TopFlange:
-      return one_flange(d, Dimension::top_width, Dimension::top_thickness,
-                        "My is positive: the top flange governs, whichever plate is slender");
-    default:
-      return one_flange(
-          d, Dimension::bottom_width, Dimension::bottom_thickness,
-          "My is not positive: the bottom flange governs, whichever plate is slender");
-  }
-}
-
-Term critical_stress(Derivation& d, const engine::GOVERNING_PLATE& plate) {
-  const GoverningPlate of = governing_plate(d);
-  const Term b = d.trace.define({"bp", "width of the governing plate", "mm", "5.2", of.why},
-                                plate.b, of.width, {"R"});
-  const Term k = d.given({"kp", "buckling coefficient of the governing plate", "", "5.3",
-                          plate.k == 4.0 ? "plate between two others" : "outstanding plate"},
-                         plate.k);
-  const Term nu = poisson_ratio(d);
-  return d.trace.define({"σcr", "elastic critical stress of the governing plate", "N/mm²", "5.3"},
-                        engine::CriticalStress(plate, d.in.E(), nu.own_value()),
-                        k * elastic_modulus(d) * Term::constant("π²", engine::kPi * engine::kPi) /
-                            (12.0 * (1.0 - squared(nu)) * squared(b / of.thickness)));
-}
-
-/// c1/λ - 0.22·c2/λ², before its bounds.
-Term unbounded_thickness(Derivation& d, const Term& lambda) {
-  const auto [c1, c2] = engine::ReductionCoefficients(d.is_weak(), d.is_welded(), d.has_ribs());
-  const std::string why = limit_text(d);
-  const Term first = d.given({"c1", "coefficient of the effective thickness", "", "5.3", why}, c1);
-  const Term second = d.given({"c2", "coefficient of the effective thickness", "", "5.3", why}, c2);
-  return first / lambda - 0.22 * second / squared(lambda);
-}
-
 }  // namespace
+
+bool is_box(const Derivation& d) {
+  return d.shape() == ALU_SHAPE_B;
+}
+
+bool is_h(const Derivation& d) {
+  return d.shape() == ALU_SHAPE_H;
+}
+
+engine::PLATE_RATIOS ratios_of(const Derivation& d) {
+  return engine::PlateRatios(d.in);
+}
+
+Term webs(Derivation& d) {
+  const Term tw = dimension(d, Dimension::web);
+  return is_box(d) ? 2.0 * tw : tw;
+}
+
+std::string plate_conditions(const Derivation& d) {
+  return fmt::format("{}, {}, {}", d.hardening(), d.is_welded() ? "welded" : "not welded",
+                     ribs_text(d));
+}
 
 bool has_judged_plates(const Derivation& d) {
   return d.shape() == ALU_SHAPE_P || engine::HasEffectiveSection(d.shape());
@@ -306,37 +219,6 @@ Term governing_ratio(Derivation& d) {
 
 bool is_effective(const Derivation& d) {
   return ratios_of(d).dGoverning > 1.0 && engine::HasEffectiveSection(d.shape());
-}
-
-Term effective_thickness(Derivation& d) {
-  return d.trace.once("ρ", [&] {
-    const double value = engine::EffectiveThicknessFactor(d.in, ratios_of(d));
-    Info info{"ρ", "effective thickness over thickness", "", "5.3"};
-    governing_ratio(d);
-    const engine::GOVERNING_PLATE plate = engine::GoverningPlate(d.in, ratios_of(d));
-    if (plate.k == 0.0) {
-      info.why = "1: in axial compression alone a slender top flange takes nothing off";
-      return d.trace.given(info, value, {"R"});
-    }
-    const Term lambda =
-        d.trace.define({"λp", "relative slenderness of the governing plate", "", "5.3"},
-                       engine::RelativePlateSlenderness(d.in, plate),
-                       root(proof_strength(d) / critical_stress(d, plate)));
-    Term formula = unbounded_thickness(d, lambda);
-    if (engine::IsEffectiveThicknessCapped(d.in)) {
-      formula = smaller(1.0 / squared(lambda), formula);
-      info.why = "at most 1/λp²: without ribs or in an unsymmetric section";
-    }
-    const double unbounded = explain::value(formula);
-    if (unbounded < engine::kTolerance) {
-      formula = greater(formula, Term::number(0.0));
-      info.why += info.why.empty() ? "not below 0" : "; not below 0";
-    } else if (unbounded - 1.0 > engine::kTolerance) {
-      formula = smaller(formula, Term::number(1.0));
-      info.why += info.why.empty() ? "not above 1" : "; not above 1";
-    }
-    return d.trace.define(info, value, formula);
-  });
 }
 
 }  // namespace aluframe::explain

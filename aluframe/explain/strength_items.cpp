@@ -29,12 +29,9 @@ Term factor(Derivation& d) {
 }
 
 Term net_area(Derivation& d) {
-  const Term ratio =
-      d.given({"ηA", "strength ratio: net over gross area", "", "", d.origins.settings},
-              d.in.Parameters().dCoef085);
   return d.trace.define({"Aen", "net area", "mm²", "7.1"},
                         engine::AdjustedArea(d.section, d.in.Parameters()),
-                        calculated_area(d) * ratio);
+                        calculated_area(d) * strength_ratio(d));
 }
 
 Term top(Derivation& d) {
