@@ -1,6 +1,7 @@
 #include "bench/cholmod_steps.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,8 +20,6 @@ const char* openblas_kernels() {
 }
 
 const CholmodFunctions* load() {
-  constexpr int keep_what_is_set = 0;
-  setenv("OPENBLAS_CORETYPE", openblas_kernels(), keep_what_is_set);
   // Its own symbols first: it keeps its OpenBLAS, and the program its dense products.
   void* const library = dlopen(CHOLMOD_LIBRARY_FILE, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
   if (!library) {
@@ -46,6 +45,17 @@ const CholmodFunctions* functions() {
 }
 
 }  // namespace
+
+void CholmodSteps::choose_kernels(char** arguments) {
+#ifdef CHOLMOD_LIBRARY_FILE
+  if (std::getenv("OPENBLAS_CORETYPE") != nullptr) return;
+  setenv("OPENBLAS_CORETYPE", openblas_kernels(), 1);
+  execv("/proc/self/exe", arguments);
+  std::perror("/proc/self/exe");
+#else
+  static_cast<void>(arguments);
+#endif
+}
 
 bool CholmodSteps::are_there() {
   return functions() != nullptr;

@@ -8,6 +8,10 @@
 /// where the build found its packages.
 class CholmodSteps {
  public:
+  /// Starts the program anew with the processor's kernels named to OpenBLAS, which reads that once,
+  /// when it is loaded: it may be what the system's BLAS is. Returns when it is named already.
+  static void choose_kernels(char** arguments);
+
   /// False, with a message, when this build has none or it does not load.
   static bool are_there();
 

@@ -117,6 +117,7 @@ void add(const char* what, std::size_t elements, void (*function)(benchmark::Sta
 }  // namespace
 
 int main(int argc, char** argv) {
+  CholmodSteps::choose_kernels(argv);
   if (!bench::initialise(argc, argv)) return 1;
   const bool has_cholmod = CholmodSteps::are_there();
   for (const std::size_t size : sizes) {
