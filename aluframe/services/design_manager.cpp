@@ -1,12 +1,16 @@
 #include "aluframe/services/design_manager.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
 
 #include "aluframe/files/error_text.h"
+#include "aluframe/services/repeated_check.h"
 #include "aluframe/services/text.h"
+#include "aluframe/store/check_names.h"
 
 namespace aluframe::services {
 
@@ -159,6 +163,20 @@ int DesignManager::GetStld(UINT number, T_STLD_D& out) const {
   if (found == nullptr) return 0;
   out.strName = to_wide(found->name.empty() ? std::to_string(number) : found->name);
   return 1;
+}
+
+void DesignManager::CheckedAgain(UINT elem, int type, const T_RALU_ITEM& stored,
+                                 const T_RALU_RLT& again) {
+  const auto difference = difference_of_checks(stored, again);
+  if (!difference) return;
+  noting_failure([&] {
+    throw std::runtime_error(fmt::format(
+        "element {}, {}, combination {}{}, position {}: {} in {}; check the model again", elem,
+        store::item_names.at(static_cast<std::size_t>(type)), stored.nLComb,
+        stored.nMinSide != 0 ? " (minimum side)" : "",
+        store::position_names.at(static_cast<std::size_t>(stored.nPos)), *difference,
+        result_path_.string()));
+  });
 }
 
 int DesignManager::CheckDesignFile() {

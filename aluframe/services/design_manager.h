@@ -39,6 +39,8 @@ class DesignManager : public CPostCtrl, public CAluDesignMgr {
   int WriteDesignResult(UINT elem, const T_RALU_D& record, UINT lcomb, int minSide,
                         int option) override;
   int ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide, int option) override;
+  void CheckedAgain(UINT elem, int type, const T_RALU_ITEM& stored,
+                    const T_RALU_RLT& again) override;
   int CheckDesignFile() override;
   void SetDesignFlag(int flag) override { design_flag_ = flag; }
   int GetElementForce(UINT elem, UINT lcomb, T_ALU_FORCE_D& out, bool minSide) override;

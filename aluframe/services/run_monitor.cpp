@@ -7,6 +7,7 @@
 
 #include "aluframe/model/force_component.h"
 #include "aluframe/services/plain_capacity.h"
+#include "aluframe/store/check_names.h"
 
 namespace aluframe::services {
 
@@ -24,8 +25,6 @@ constexpr const char* uncovered_shape = "dgnaludatamgr:548";
 /// of it: what rounding and the last digits of an analysis leave is far smaller, what an engineer
 /// would act on far larger.
 constexpr double negligible_part = 1e-6;
-
-constexpr const char* position_names[kCheckPositions] = {"I", "1/4", "1/2", "3/4", "J"};
 
 bool is_empty(const T_RALU_RLT& item) {
   return RaluIsEmpty(item.dDemand, item.dCapacity);
@@ -184,7 +183,7 @@ void RunMonitor::note_positions(std::uint32_t element, std::uint32_t combination
     }
     if (!is_current(element) || !current_.requested[p]) continue;
     if (has_force_state(current_.force[p]) && std::ranges::all_of(result.aItem, is_empty)) {
-      unchecked += (unchecked.empty() ? "" : ", ") + std::string(position_names[p]);
+      unchecked += std::string(unchecked.empty() ? "" : ", ") + store::position_names[p];
     }
     note_left_out_forces(p, combination, record);
   }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "aluframe/files/file_kind.h"
+#include "aluframe/store/check_names.h"
 #include "aluframe/store/result_file.h"
 #include "host/tz_db/ralu.h"
 
@@ -17,11 +18,6 @@ namespace aluframe::store {
 inline constexpr std::uint32_t application_id = files::result_file_mark;
 /// Raised when an older program could misread the file.
 inline constexpr int format_version = 5;
-
-/// Item types as the table `governing` names them, by RALU_ITEM_TYPE.
-inline constexpr std::array<const char*, kResultItems> item_names = {
-    "strength",           "shear y", "shear z",       "stability",
-    "combined stability", "unused",  "slenderness y", "slenderness z"};
 
 /// The tables that have rows of elements, by their column `element`; `element` itself names it
 /// `number`.

@@ -6,26 +6,19 @@
 #include <array>
 #include <cmath>
 
+#include "aluframe/store/check_names.h"
 #include "aluframe/tables/output_table.h"
 
 namespace aluframe::tables {
 
-namespace {
-
-constexpr std::array<std::string_view, kResultItems> item_names{
-    "strength",           "shear y", "shear z",       "stability",
-    "combined stability", "unused",  "slenderness y", "slenderness z"};
-
-}  // namespace
-
 std::string_view item_name(int item) {
-  return item_names.at(static_cast<std::size_t>(item));
+  return store::item_names.at(static_cast<std::size_t>(item));
 }
 
 std::string_view position_name(int position) {
-  constexpr std::array<std::string_view, kCheckPositions> names{"I", "1/4", "1/2", "3/4", "J"};
-  return position < 0 || position >= kCheckPositions ? "-"
-                                                     : names[static_cast<std::size_t>(position)];
+  return position < 0 || position >= kCheckPositions
+             ? "-"
+             : store::position_names[static_cast<std::size_t>(position)];
 }
 
 std::string_view member_type_name(int type) {

@@ -134,6 +134,11 @@ class CAluDesignMgr {
   /// Reads a stored record. @return 0 when there is none
   virtual int ReadDesignResult(UINT elem, T_RALU_D& record, UINT lcomb, int minSide,
                                int option) = 0;
+  /// A stored governing check has been made again for the report, whose block of it is written.
+  /// A host that finds the two to differ may end the report by an exception.
+  /// @param again its demand and capacity; both 0 when the check could not be made again
+  virtual void CheckedAgain(UINT /*elem*/, int /*type*/, const T_RALU_ITEM& /*stored*/,
+                            const T_RALU_RLT& /*again*/) {}
   /// Nonzero when the result file is complete and consistent.
   virtual int CheckDesignFile() = 0;
   /// Notes in the model whether design results exist.

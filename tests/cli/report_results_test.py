@@ -7,6 +7,8 @@ import time
 
 import pytest
 
+from program import PIPE_W
+
 from report_frames import checked_three_beams, elements_of, text_of
 
 
@@ -106,6 +108,38 @@ def test_elements_checked_for_the_report_say_what_was_not_checked(frame):
     assert "  not checked\n" in listed
     assert listed[listed.index("  not checked\n"):].partition("  remarks\n")[0].strip() in done.stdout
     assert frame.json("results", "frame.json") == stored
+
+
+# Stored checks that are not those of the model
+
+def exchange_results(frame):
+    """Elements 1002 and 1003 get each other's records, in a file that no longer says that it is whole."""
+    with sqlite3.connect(frame.folder / "frame.aluresult") as database:
+        database.execute("UPDATE run SET state = 'cancelled'")
+        database.execute("DELETE FROM seal")
+        for old, new in ((1002, 9999), (1003, 1002), (9999, 1003)):
+            database.execute("UPDATE record SET element = ? WHERE element = ?", (new, old))
+    database.close()
+
+
+def test_a_stored_demand_that_is_not_the_check_stops_the_report(frame):
+    frame("report", "frame.json")
+    exchange_results(frame)
+    before = text_of(frame), (frame.folder / "frame.aluresult").read_bytes()
+    error = frame("report", "frame.json", status=2).stderr
+    # Uniform load on 4 m, M = 20 kN·m at element 1002 and 30 at 1003.
+    made, stored = (f"{moment / PIPE_W:.6g}" for moment in (2e7, 3e7))
+    assert error.endswith(
+        "the report failed: frame.alu: the report is incomplete: element 1002, strength, combination 1, position 1/2: "
+        f"demand {made} when made again, {stored} as stored in frame.aluresult; check the model again; "
+        "what was written is in frame.alu.partial\n")
+    assert (text_of(frame), (frame.folder / "frame.aluresult").read_bytes()) == before
+
+
+def test_elements_whose_stored_checks_are_those_of_the_model_are_reported(frame):
+    exchange_results(frame)
+    frame("report", "frame.json", "--elements", "1")
+    assert elements_of(frame) == [1]
 
 
 # What the user should know of the results

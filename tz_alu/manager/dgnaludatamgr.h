@@ -134,7 +134,8 @@ class TZ_ALU_API IAluDgnDataMgr {
   int RunReport(const KEYS* keys, const CString& path, const T_UNIT_INDEX& userUnits);
   int GetRunKeys(const KEYS* keys, KEYS& elems, LCOMBS& lcombs);
   int ReadGoverning(UINT elem, T_RALU_D& record);
-  void ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type);
+  /// Makes a stored check again with its block. @return what came of it
+  T_RALU_RLT ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type);
   int BuildMemb(UINT elem, UINT displayKey, ALU_DGN_MEMB& memb) const;
   int FillFromChain(const CArrayEx<UINT>& elems, ALU_DGN_MEMB& memb) const;
   int FillFromElement(UINT elem, ALU_DGN_MEMB& memb) const;

@@ -66,7 +66,8 @@ int IAluDgnDataMgr::MakeReport(UINT elem) {
   for (int type = 0; type < kResultItems; ++type) {
     T_RALU_ITEM item;
     if (record.GetMaxRltByItem(type, item) < 0 || type == skipped) continue;
-    ReportItem(data, item, type);
+    const T_RALU_RLT again = ReportItem(data, item, type);
+    GetDoc()->GetPostCtrl().AluDgnMgr().CheckedAgain(elem, type, item, again);
   }
   return 1;
 }
@@ -79,12 +80,12 @@ int IAluDgnDataMgr::ReadGoverning(UINT elem, T_RALU_D& record) {
   return CheckCode(elem, lcombs, record);
 }
 
-void IAluDgnDataMgr::ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type) {
+T_RALU_RLT IAluDgnDataMgr::ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type) {
   data.SetCheckFlagAll(0);
   data.nCheckFlag[type] = 1;
   const T_LCOM_MAXMIN_K key = MakeLcombKey(item.nLComb, item.nMinSide);
   T_ALU_FORCE_D forces;
-  if (GetDgnForce(data.nElem, key, forces) == 0) return;
+  if (GetDgnForce(data.nElem, key, forces) == 0) return {};
   AluDgnEndForce end;
   GetDgnEndForce(end, data.nElem, key, forces);
   AluDgnSectForce sectForce;
@@ -92,4 +93,5 @@ void IAluDgnDataMgr::ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int
   sectForce.bEndSect = IsEndSectCal(data.nElem, item.nPos);
   T_RALU_SECT scratch;
   m_pCode->CheckCode(data, sectForce, scratch);
+  return scratch.aItem[static_cast<std::size_t>(type)];
 }

@@ -276,6 +276,47 @@ TEST_F(ReportRunTest, ResultsOfACombinationThatHasChangedFailAndAreLeft) {
   EXPECT_EQ(results(), before);
 }
 
+/// Has the governing demand of element 2 stored as that of half the force.
+void halve_stored_demand(const fs::path& results) {
+  T_RALU_D governing;
+  const auto info = store::ResultReader::open(results)->info();
+  const auto stored = store::ResultReader::open(results)->read(2, 0, 0);
+  ASSERT_TRUE(stored);
+  governing = *stored;
+  governing.aComp[RALU_STRENGTH].dDemand /= 2;
+  const auto writer = store::ResultWriter::reopen(results, info);
+  writer->write(2, governing, 0, 0);
+  writer->end_element({.element = 2});
+  writer->finish(store::RunState::complete);
+}
+
+// Element 2 under 120 kN, at its ends alone: 120000 / (0.85·π·20²) = 112.34 N/mm², half of
+// it 56.17.
+TEST_F(ReportRunTest, AStoredDemandThatIsNotTheCheckEndsTheReport) {
+  run({});
+  report();
+  const std::string earlier = text();
+  halve_stored_demand(result_path_);
+  const std::string stored = results();
+  const ReportSummary summary = report();
+  EXPECT_EQ(summary.outcome, RunOutcome::failed);
+  EXPECT_EQ(summary.failure,
+            path_.string() +
+                ": the report is incomplete: element 2, strength, combination 1, position I: "
+                "demand 112.345 when made again, 56.1723 as stored in " +
+                result_path_.string() +
+                "; check the model again; what was written is in columns.alu.partial");
+  EXPECT_EQ(text(), earlier);
+  EXPECT_EQ(results(), stored);
+  EXPECT_THAT(bytes_of(folder_.path() / "columns.alu.partial"), HasSubstr("MEMBER NO = 1,"));
+}
+
+TEST_F(ReportRunTest, AStoredDemandOfAnElementThatIsNotReportedIsNotLookedAt) {
+  run({});
+  halve_stored_demand(result_path_);
+  EXPECT_EQ(report({1}).outcome, RunOutcome::complete);
+}
+
 TEST_F(ReportRunTest, WithoutCombinationsThereIsNothingToReportAndTheUserIsTold) {
   model::Model bare = model_;
   bare.combinations = {};
