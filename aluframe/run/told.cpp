@@ -1,9 +1,12 @@
 #include "aluframe/run/told.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <string>
 #include <variant>
+
+#include "aluframe/run/element_result.h"
 
 namespace aluframe::run {
 
@@ -14,6 +17,20 @@ bool is_about_one_of(const std::vector<model::Number>& elements, const store::Re
   const ConcernedElements concerned(remark);
   return std::ranges::any_of(
       elements, [&concerned](model::Number element) { return concerned.contains(element); });
+}
+
+services::GoverningCount count_governing(store::ResultReader& results,
+                                         const std::vector<model::Number>& elements) {
+  services::GoverningCount count;
+  for (const ElementResult& element : by_element(results.governing())) {
+    if (!std::ranges::binary_search(elements, element.element)) continue;
+    std::array<T_RALU_ITEM, kResultItems> checks{};
+    for (const store::GoverningRow& row : element.items) {
+      checks.at(static_cast<std::size_t>(row.item)) = row.governing;
+    }
+    count.add(element.element, checks);
+  }
+  return count;
 }
 
 }  // namespace
@@ -39,7 +56,9 @@ Told told_by(const CheckResult& result) {
           result.remarks,
           result.summary.not_checked,
           result.buckling,
-          result.buckling_factors};
+          result.buckling_factors,
+          result.summary.worst,
+          result.summary.elements_over_limit};
 }
 
 Told told_by(store::ResultReader& results, const std::vector<model::Number>& elements) {
@@ -55,6 +74,9 @@ Told told_by(store::ResultReader& results, const std::vector<model::Number>& ele
   };
   std::erase_if(told.safe_rows, [&](const auto& row) { return !is_wanted(row.element); });
   if (!told.safe_rows.empty()) told.safe = summary_of(told.safe_rows);
+  const services::GoverningCount count = count_governing(results, elements);
+  told.worst = count.worst();
+  told.over = count.over_limit();
   std::erase_if(told.remarks, [&](const auto& row) { return !is_about_one_of(elements, row); });
   std::erase_if(told.not_checked, [&](const auto& item) { return !is_wanted(item.element); });
   return told;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -20,6 +21,8 @@ struct Told {
   std::vector<store::NotChecked> not_checked;
   FrameBuckling buckling = FrameBuckling::on;
   std::vector<store::BucklingRow> buckling_factors;
+  std::optional<services::WorstCheck> worst = {};  ///< of the checks
+  std::uint64_t over = 0;                          ///< elements of which a check fails
 };
 
 /// The elements that a remark is about.

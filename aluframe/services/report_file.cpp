@@ -1,5 +1,6 @@
 #include "aluframe/services/report_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
@@ -23,12 +24,18 @@ constexpr std::size_t probe_bytes = std::size_t{1} << 16;
 constexpr std::string_view member_text = "  MEMBER NO = ";
 constexpr std::string_view check_text = "  [[[*]]]   ";
 constexpr std::string_view verdict_text = "---->";
+constexpr std::string_view failing_text = "Not Acceptable!";
 
 /// Number behind the text that a line begins with; 0 when there is none.
 std::uint32_t number_behind(const std::string& line, std::string_view text) {
   std::uint32_t number = 0;
   std::from_chars(line.data() + text.size(), line.data() + line.size(), number);
   return number;
+}
+
+Verdict verdict_of(const std::string& line) {
+  if (line.find(verdict_text) == std::string::npos) return Verdict::none;
+  return line.find(failing_text) == std::string::npos ? Verdict::passes : Verdict::fails;
 }
 
 std::string reason_of(int error) {
@@ -69,24 +76,18 @@ std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
 
 ReportedElements reported_elements(const fs::path& path) {
   ReportedElements elements;
-  const auto is_last_of = [&](const std::vector<std::uint32_t>& list) {
-    return !list.empty() && list.back() == elements.numbers.back();
-  };
   std::ifstream file(path, std::ios::binary);
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with(member_text)) {
       elements.numbers.push_back(number_behind(line, member_text));
-      elements.without_checks.push_back(elements.numbers.back());
+      elements.verdicts.emplace_back();
     } else if (elements.numbers.empty()) {
       continue;
     } else if (line.starts_with(check_text)) {
-      if (is_last_of(elements.without_checks)) elements.without_checks.pop_back();
-      if (!is_last_of(elements.without_last_verdict)) {
-        elements.without_last_verdict.push_back(elements.numbers.back());
-      }
-    } else if (line.find(verdict_text) != std::string::npos &&
-               is_last_of(elements.without_last_verdict)) {
-      elements.without_last_verdict.pop_back();
+      elements.verdicts.back().push_back(Verdict::none);
+    } else if (!elements.verdicts.back().empty()) {
+      Verdict& verdict = elements.verdicts.back().back();
+      verdict = std::max(verdict, verdict_of(line));
     }
   }
   if (file.bad()) throw std::runtime_error("cannot be read back: " + reason_of(errno));

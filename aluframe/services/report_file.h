@@ -11,12 +11,17 @@ namespace aluframe::services {
 /// full disk, or in a character set other than UTF-8 perhaps a character that it cannot represent.
 std::string reason_of_lost_blocks(const std::filesystem::path& report, int lost_blocks);
 
+/// What the block of a check ends with.
+enum class Verdict {
+  none,    ///< no verdict: a title alone
+  passes,  ///< "OK"
+  fails    ///< "Not Acceptable!"
+};
+
 /// Elements by their numbers, in the order of the report.
 struct ReportedElements {
-  std::vector<std::uint32_t> numbers;         ///< those with a member block
-  std::vector<std::uint32_t> without_checks;  ///< of them, those with nothing below it
-  /// Of them, those whose last check (slenderness when it has a result) shows its title alone.
-  std::vector<std::uint32_t> without_last_verdict;
+  std::vector<std::uint32_t> numbers;          ///< those with a member block
+  std::vector<std::vector<Verdict>> verdicts;  ///< of each, a verdict a check, in their order
 };
 
 /// The elements of a report. @throws std::runtime_error with the reason when it cannot be read back

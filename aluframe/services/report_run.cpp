@@ -30,25 +30,6 @@ ReportSummary failed(std::string text) {
   return summary;
 }
 
-/// The failing slenderness checks of the elements, about the axis that governs.
-std::vector<store::GoverningRow> failures_among(store::ResultReader& results,
-                                                const std::vector<std::uint32_t>& elements) {
-  const std::set<std::uint32_t> among(elements.begin(), elements.end());
-  std::vector<store::GoverningRow> failures;
-  for (const store::GoverningRow& row : results.governing()) {
-    const bool is_slenderness = row.item == RALU_SLENDERNESS_Y || row.item == RALU_SLENDERNESS_Z;
-    if (!is_slenderness || !among.contains(row.element)) continue;
-    const T_RALU_ITEM& check = row.governing;
-    if (!was_judged(check.dDemand, check.dCapacity) || !exceeds_limit(check.Ratio())) continue;
-    if (failures.empty() || failures.back().element != row.element) {
-      failures.push_back(row);
-    } else if (check.ComPair(failures.back().governing) != 0) {
-      failures.back() = row;
-    }
-  }
-  return failures;
-}
-
 /// What of the elements was not checked, as the result file and the run at hand say.
 std::vector<store::NotChecked> not_checked_among(const RunMonitor& monitor,
                                                  store::ResultReader& results) {
@@ -61,12 +42,12 @@ std::vector<store::NotChecked> not_checked_among(const RunMonitor& monitor,
   return items;
 }
 
-void sort_elements(Session& session, const std::filesystem::path& path, ReportSummary& summary) {
+void sort_elements(Session& session, const ReportedElements& elements, ReportSummary& summary) {
   std::vector<std::uint32_t> wanted = session.monitor().elements();
-  ReportedElements elements = reported_elements(path);
-  summary.without_last_verdict = std::move(elements.without_last_verdict);
-  summary.reported = std::move(elements.numbers);
-  summary.without_checks = std::move(elements.without_checks);
+  summary.reported = elements.numbers;
+  for (std::size_t i = 0; i < elements.numbers.size(); ++i) {
+    if (elements.verdicts[i].empty()) summary.without_checks.push_back(elements.numbers[i]);
+  }
   std::vector<std::uint32_t> reported = summary.reported;
   std::ranges::sort(wanted);
   std::ranges::sort(reported);
@@ -75,15 +56,15 @@ void sort_elements(Session& session, const std::filesystem::path& path, ReportSu
                                 std::back_inserter(summary.checked_now));
 }
 
-void add_stored(Session& session, const std::filesystem::path& result_path,
-                ReportSummary& summary) {
+void add_stored(Session& session, const ReportedElements& elements,
+                const std::filesystem::path& result_path, ReportSummary& summary) {
   if (!std::filesystem::exists(result_path)) {  // no element could be taken up at all
     summary.not_checked = session.monitor().not_checked();
     return;
   }
   const auto results = store::ResultReader::open(result_path);
   summary.not_checked = not_checked_among(session.monitor(), *results);
-  summary.failures_without_line = failures_among(*results, summary.without_last_verdict);
+  summary.unprinted = unprinted_failures(results->governing(), elements);
 }
 
 /// Lets the module write the report to the new file, without putting it in its place.
@@ -101,8 +82,9 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
   const int lost = IAluDgnDataMgr::Instance()->GetLostReportBlocks();
   if (lost > 0) return failed(reason_of_lost_blocks(path, lost));
   summary.outcome = RunOutcome::complete;
-  sort_elements(session, path, summary);
-  add_stored(session, result_path, summary);
+  const ReportedElements elements = reported_elements(path);
+  sort_elements(session, elements, summary);
+  add_stored(session, elements, result_path, summary);
   return summary;
 }
 

@@ -8,6 +8,7 @@
 
 #include "aluframe/model/model.h"
 #include "aluframe/services/check_run.h"
+#include "aluframe/services/report_verdicts.h"
 
 namespace aluframe::services {
 
@@ -17,15 +18,12 @@ struct ReportSummary {
   std::string failure;
   std::vector<std::uint32_t> reported;        ///< elements with a member block
   std::vector<std::uint32_t> without_checks;  ///< reported elements with a member block alone
-  /// Reported elements whose last check shows its title alone.
-  std::vector<std::uint32_t> without_last_verdict;
-  std::vector<std::uint32_t> not_reported;  ///< elements without results or design data
-  std::vector<std::uint32_t> checked_now;   ///< reported elements that no run had checked before
+  std::vector<std::uint32_t> not_reported;    ///< elements without results or design data
+  std::vector<std::uint32_t> checked_now;     ///< reported elements that no run had checked before
   /// What of the reported elements was not checked, by the run that checked them.
   std::vector<store::NotChecked> not_checked;
-  /// Checks that fail and have no line in the report that says so: slenderness where no axial force
-  /// acts.
-  std::vector<store::GoverningRow> failures_without_line;
+  /// What fails and has no line in the report that says so.
+  UnprintedFailures unprinted;
   std::map<std::string, std::uint64_t> assertions;
 };
 

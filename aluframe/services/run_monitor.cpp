@@ -15,7 +15,6 @@ namespace {
 
 /// Below this a force counts as zero (the tolerance of the checks).
 constexpr double zero_force = 1e-10;
-constexpr double ratio_tolerance = 1e-10;
 
 /// The module finds a shape that the checks do not cover inconsistent; here it is an everyday case,
 /// told with what is not checked.
@@ -71,14 +70,6 @@ bool has_force_state(const std::array<float, 6>& force) {
 
 }  // namespace
 
-bool exceeds_limit(double ratio) {
-  return !std::isfinite(ratio) || ratio - 1.0 >= ratio_tolerance;
-}
-
-bool was_judged(double demand, double capacity) {
-  return capacity != 0.0 || !std::isfinite(demand);
-}
-
 void RunMonitor::set_elements(std::vector<std::uint32_t> elements) {
   elements_ = std::move(elements);
   done_ = taken_up();
@@ -90,7 +81,7 @@ void RunMonitor::take_up(const store::FinishedElement& element) {
   if (notes.element != 0) taken_up_.insert(notes.element);
   checked_positions_ += notes.checked_positions;
   positions_taken_up_ += notes.checked_positions;
-  if (element.governing) count_governing(notes.element, *element.governing);
+  if (element.governing) governing_.add(notes.element, *element.governing);
   std::ranges::copy_if(notes.not_checked, std::back_inserter(not_checked_),
                        [](const store::NotChecked& item) { return !store::is_between(item); });
   for (const store::AssertionRow& row : notes.assertions) assertions_[row.place] += row.count;
@@ -219,31 +210,13 @@ void RunMonitor::add_left_out_forces(std::uint32_t element) {
 
 void RunMonitor::note_governing(std::uint32_t element, const T_RALU_D& record) {
   current_.governing_written = true;
-  if (!count_governing(element, record.aComp)) {
+  if (!governing_.add(element, record.aComp)) {
     not_checked_.push_back({element, std::nullopt, reason_without_result(element)});
     if (!current_.had_force_state) note_forces_without_state(element);
     return;
   }
   add_left_out_forces(element);
   not_checked_.insert(not_checked_.end(), current_.pending.begin(), current_.pending.end());
-}
-
-bool RunMonitor::count_governing(std::uint32_t element,
-                                 const std::array<T_RALU_ITEM, kResultItems>& checks) {
-  bool any = false;
-  bool over = false;
-  for (std::size_t item = 0; item < checks.size(); ++item) {
-    const T_RALU_ITEM& check = checks[item];
-    if (!was_judged(check.dDemand, check.dCapacity)) continue;
-    any = true;
-    over = over || exceeds_limit(check.Ratio());
-    if (!worst_ || check.ComPair(worst_->check) != 0) {
-      worst_ = WorstCheck{element, static_cast<int>(item), check};
-    }
-  }
-  if (any) ++checked_elements_;
-  if (over) ++elements_over_limit_;
-  return any;
 }
 
 void RunMonitor::note_forces_without_state(std::uint32_t element) {

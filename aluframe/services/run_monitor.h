@@ -9,30 +9,17 @@
 #include <vector>
 
 #include "aluframe/model/model.h"
+#include "aluframe/services/governing_count.h"
 #include "aluframe/store/result_file.h"
 #include "host/tz_db/forces.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::services {
 
-/// The governing check of a whole run.
-struct WorstCheck {
-  std::uint32_t element = 0;
-  int item = 0;  ///< RALU_ITEM_TYPE
-  T_RALU_ITEM check;
-};
-
 /// Why shear and torsion stand without a check, as NotChecked::reason says it.
 inline constexpr const char* shear_without_check =
     "shear where it acts without bending, or with axial force on a member that is no beam";
 inline constexpr const char* torsion_without_check = "torsion";
-
-/// True when a check fails: its ratio exceeds 1 by 1e-10 or more, or is not a finite number.
-bool exceeds_limit(double ratio);
-
-/// True when demand was set against a limit. Slenderness without a limit (capacity 0) was formed
-/// but proves nothing, unless it is no number: that is never taken for sound.
-bool was_judged(double demand, double capacity);
 
 /// What a run came to, gathered from the services that it called: what was checked, what could not
 /// be and why, and what went wrong.
@@ -71,13 +58,13 @@ class RunMonitor {
 
   std::size_t element_count() const { return elements_.size(); }
   const std::vector<std::uint32_t>& elements() const { return elements_; }
-  std::uint64_t checked_elements() const { return checked_elements_; }
+  std::uint64_t checked_elements() const { return governing_.checked(); }
   /// Element × combination × position at which at least one demand was set against a limit.
   std::uint64_t checked_positions() const { return checked_positions_; }
   /// Of these, those of elements that an earlier run was through with.
   std::uint64_t positions_taken_up() const { return positions_taken_up_; }
-  std::uint64_t elements_over_limit() const { return elements_over_limit_; }
-  const std::optional<WorstCheck>& worst() const { return worst_; }
+  std::uint64_t elements_over_limit() const { return governing_.over_limit(); }
+  const std::optional<WorstCheck>& worst() const { return governing_.worst(); }
   const std::vector<store::NotChecked>& not_checked() const { return not_checked_; }
   /// "source:line" of every internal inconsistency, and how often it was met; not of those that
   /// `not_checked` tells.
@@ -107,8 +94,6 @@ class RunMonitor {
   };
 
   bool is_current(std::uint32_t element) const;
-  /// @return false when no check of the element has a result
-  bool count_governing(std::uint32_t element, const std::array<T_RALU_ITEM, kResultItems>& checks);
   void note_positions(std::uint32_t element, std::uint32_t combination, const T_RALU_D& record);
   void note_governing(std::uint32_t element, const T_RALU_D& record);
   void note_left_out_forces(std::size_t position, std::uint32_t combination,
@@ -126,11 +111,9 @@ class RunMonitor {
   std::size_t done_ = 0;
   Current current_;
   SinceNotes since_;
-  std::uint64_t checked_elements_ = 0;
+  GoverningCount governing_;
   std::uint64_t checked_positions_ = 0;
   std::uint64_t positions_taken_up_ = 0;
-  std::uint64_t elements_over_limit_ = 0;
-  std::optional<WorstCheck> worst_;
   std::vector<store::NotChecked> not_checked_;
   std::map<std::string, std::uint64_t> assertions_;
   std::optional<std::string> failure_;

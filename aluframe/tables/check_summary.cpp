@@ -69,9 +69,10 @@ std::string settings_text(const store::RunSetup& setup) {
   return out;
 }
 
-std::string worst_text(const model::Model& model, const services::CheckSummary& summary) {
-  if (!summary.worst) return "none";
-  const services::WorstCheck& worst = *summary.worst;
+std::string worst_text(const model::Model& model,
+                       const std::optional<services::WorstCheck>& found) {
+  if (!found) return "none";
+  const services::WorstCheck& worst = *found;
   return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
                      item_name(worst.item), worst.element, position_name(worst.check.nPos),
                      combination_text(model, worst.check.nLComb, worst.check.nMinSide));
@@ -215,10 +216,15 @@ std::string summary_text(const run::Input& input, const run::CheckResult& result
       fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
                   static_cast<double>(summary.checked_positions - summary.positions_taken_up) /
                       summary.seconds));
-  add("worst ratio", worst_text(model, summary));
-  add("over 1", fmt::format("{} element{}", summary.elements_over_limit,
-                            summary.elements_over_limit == 1 ? "" : "s"));
-  return out + told_text(model, run::told_by(result));
+  const run::Told told = run::told_by(result);
+  return out + ratios_text(model, told) + told_text(model, told);
+}
+
+std::string ratios_text(const model::Model& model, const run::Told& told,
+                        const std::string& on_failing) {
+  return line_of("worst ratio", worst_text(model, told.worst)) +
+         line_of("over 1", fmt::format("{} element{}{}", told.over, told.over == 1 ? "" : "s",
+                                       told.over == 0 ? "" : on_failing));
 }
 
 std::string told_text(const model::Model& model, const run::Told& told, Lists lists) {

@@ -12,6 +12,11 @@ namespace aluframe::tables {
 /// The summary of a run for the user, with the settings that it went by.
 std::string summary_text(const run::Input& input, const run::CheckResult& result);
 
+/// The worst ratio of the checks, where it stands, and how many elements fail.
+/// @param on_failing follows their number, where it is not 0
+std::string ratios_text(const model::Model& model, const run::Told& told,
+                        const std::string& on_failing = "");
+
 /// What is told beside the ratios of the checks, as lines for the user: the worst safe ratio and
 /// how many fail, or that there is no second opinion; remarks; what was not checked.
 std::string told_text(const model::Model& model, const run::Told& told,

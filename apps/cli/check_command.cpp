@@ -2,15 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <exception>
 #include <variant>
 
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/check.h"
-#include "aluframe/run/remarks.h"
 #include "aluframe/run/results.h"
+#include "aluframe/run/strictness.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
@@ -31,25 +30,7 @@ void print_assertions(const services::CheckSummary& summary) {
   }
 }
 
-/// Whether something of the run fails that `strict` looks at.
-bool fails(const run::CheckResult& result, Strictness strict) {
-  if (strict == Strictness::none) return false;
-  if (result.summary.elements_over_limit > 0) return true;
-  if (std::ranges::any_of(result.buckling_factors, run::buckles)) return true;
-  if (strict == Strictness::checks) return false;
-  const auto fails_by_remark = [](const store::RemarkRow& remark) {
-    return remark.kind == run::unknown_between_ends ||
-           (remark.ratio && services::exceeds_limit(*remark.ratio));
-  };
-  return (result.safe && result.safe->over > 0) ||
-         std::ranges::any_of(result.remarks, fails_by_remark) ||
-         std::ranges::any_of(result.summary.not_checked, [](const store::NotChecked& item) {
-           // Shear and torsion have a second opinion, which the remarks hold.
-           return !item.largest;
-         });
-}
-
-int exit_status(const run::CheckResult& result, Strictness strict) {
+int exit_status(const run::CheckResult& result, run::Strictness strict) {
   const services::CheckSummary& summary = result.summary;
   switch (summary.outcome) {
     case services::RunOutcome::cancelled:
@@ -62,7 +43,7 @@ int exit_status(const run::CheckResult& result, Strictness strict) {
       break;
   }
   if (summary.checked_elements == 0) return exit_failure;
-  return fails(result, strict) ? exit_over_limit : exit_done;
+  return run::fails(run::told_by(result), strict) ? exit_over_limit : exit_done;
 }
 
 /// "; the results of 12 elements are in frame.aluresult.partial, --resume goes on with them": by
@@ -117,7 +98,8 @@ void print_summary(const run::Input& input, const run::CheckResult& result, tabl
 /// What is wrong with the options, or nothing.
 std::optional<std::string> problem_of(const CheckOptions& options,
                                       const std::filesystem::path& results) {
-  if (options.strict == Strictness::safe && options.second_opinion == run::SecondOpinion::off) {
+  if (options.strict == run::Strictness::safe &&
+      options.second_opinion == run::SecondOpinion::off) {
     return "--strict=safe looks at safe ratios, which --second-opinion off leaves out: give one of "
            "the two";
   }

@@ -4,20 +4,12 @@
 #include <optional>
 
 #include "aluframe/run/check.h"
+#include "aluframe/run/strictness.h"
 #include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/progress_bar.h"
 
 namespace aluframe::cli {
-
-/// What ends a check with the status of a failed one.
-enum class Strictness {
-  none,
-  checks,  ///< a ratio of the checks over 1
-  /// Also a safe ratio over 1, what nothing has checked, and forces unknown between the ends of a
-  /// loaded element.
-  safe
-};
 
 struct CheckOptions {
   run::InputOptions input;
@@ -25,7 +17,7 @@ struct CheckOptions {
   std::optional<std::filesystem::path> output;  ///< result file; beside the model when not given
   ProgressMode progress = ProgressMode::automatic;
   services::Language language = services::Language::english;
-  Strictness strict = Strictness::none;
+  run::Strictness strict = run::Strictness::none;
   run::SecondOpinion second_opinion = run::SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;

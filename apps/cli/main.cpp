@@ -116,14 +116,24 @@ void add_language(CLI::App& app, aluframe::services::Language& language) {
              "Language of the design module's messages: en or zh");
 }
 
-std::optional<Strictness> parse_strictness(const std::string& word) {
-  if (word == "checks") return Strictness::checks;
-  return word == "safe" ? std::optional(Strictness::safe) : std::nullopt;
+std::optional<run::Strictness> parse_strictness(const std::string& word) {
+  if (word == "checks") return run::Strictness::checks;
+  return word == "safe" ? std::optional(run::Strictness::safe) : std::nullopt;
 }
 
 std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) {
   if (word == "on") return run::SecondOpinion::on;
   return word == "off" ? std::optional(run::SecondOpinion::off) : std::nullopt;
+}
+
+void add_strict(CLI::App& command, run::Strictness& strict) {
+  command.add_flag("--strict{checks}")
+      ->description(
+          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
+          "at what is not checked or not known")
+      ->each([&strict](const std::string& word) {
+        strict = one_of(parse_strictness, "checks, safe")("--strict", word);
+      });
 }
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
@@ -138,13 +148,7 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
   add_language(*check, options.language);
-  check->add_flag("--strict{checks}")
-      ->description(
-          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-          "at what is not checked or not known")
-      ->each([&options](const std::string& word) {
-        options.strict = one_of(parse_strictness, "checks, safe")("--strict", word);
-      });
+  add_strict(*check, options.strict);
   check->add_flag_callback(
       "--no-buckling", [&options] { options.input.buckling = run::FrameBuckling::off; },
       "Do not look at the buckling of the whole frame");
@@ -278,6 +282,7 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   report->add_option("--units", options.units, "Units of the report, N,mm when not given")
       ->type_name("FORCE,LENGTH");
   add_language(*report, options.language);
+  add_strict(*report, options.strict);
   report->add_flag("--open", options.open, "Open the report in $VISUAL or $EDITOR");
   report->callback([&] { status = run_report_command(options); });
 }

@@ -85,6 +85,35 @@ Basis basis_of(const services::ReportSummary& summary, const Files& files) {
   return basis;
 }
 
+std::string number_list(const std::vector<model::Number>& numbers, tables::Lists lists) {
+  return tables::shown_list(model::join_as_ranges(numbers), lists);
+}
+
+/// How many failing elements the report says nothing of, and of which nobody can tell.
+std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
+  std::string text =
+      fmt::format(", {} of which no line of the report says so", unprinted.elements.size());
+  if (!unprinted.elements.empty()) {
+    text += ": element " + number_list(unprinted.elements, lists);
+  }
+  if (!unprinted.unclear.empty()) {
+    text += fmt::format("; whether it does of element {} cannot be told",
+                        number_list(unprinted.unclear, lists));
+  }
+  return text;
+}
+
+/// The combinations that the report is of, and the ratios of its elements, as `check` ends with
+/// them.
+std::string ratios_text(const model::Model& model, const services::ReportSummary& summary,
+                        const Basis& basis, tables::Lists lists) {
+  std::string text;
+  if (basis.coverage) {
+    text = fmt::format("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
+  }
+  return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
+}
+
 void print_summary(const model::Model& model, const services::ReportSummary& summary,
                    const Files& files, const Basis& basis) {
   print_formatted("Report of {} element{}, complete: {}\n", summary.reported.size(),
@@ -103,10 +132,11 @@ void print_summary(const model::Model& model, const services::ReportSummary& sum
                               tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
   if (basis.coverage) print_formatted("Covered: {}\n", run::coverage_text(*basis.coverage));
-  for (const store::GoverningRow& row : summary.failures_without_line) {
+  for (const store::GoverningRow& row : summary.unprinted.checks) {
     print_formatted("Fails without a line in the report: element {}, {} {}\n", row.element,
                     tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
   }
+  print_text(ratios_text(model, summary, basis, tables::Lists::shortened));
   print_text(tables::told_text(model, basis.told));
 }
 
@@ -138,12 +168,14 @@ void warn_about_stored(const run::Input& input, const Files& files) {
 
 /// What stands behind the readable copy: nobody should file a report without.
 /// Its last line says that the copy is whole.
-std::string appendix_of(const model::Model& model, const Basis& basis, std::size_t elements) {
+std::string appendix_of(const model::Model& model, const services::ReportSummary& summary,
+                        const Basis& basis) {
+  const std::size_t elements = summary.reported.size();
   std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
   if (basis.coverage) {
-    text += fmt::format("Covered: {}\nCombinations: {}\n", run::coverage_text(*basis.coverage),
-                        model::join_as_ranges(basis.coverage->combinations));
+    text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
   }
+  text += ratios_text(model, summary, basis, tables::Lists::whole);
   if (!basis.told.safe_rows.empty()) {
     text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
   }
@@ -178,10 +210,21 @@ int write(const ReportOptions& options, const run::Input& input, const UnitPair&
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
-  const int status = exit_status(summary);
-  return status == exit_done
-             ? finish(options, files, appendix_of(input.model, basis, summary.reported.size()))
-             : status;
+  int status = exit_status(summary);
+  if (status != exit_done) return status;
+  status = finish(options, files, appendix_of(input.model, summary, basis));
+  return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
+}
+
+/// Why results cannot be looked at as strictly as the user wants, or nothing.
+std::optional<std::string> strictness_problem(const ReportOptions& options, const Files& files) {
+  if (options.strict != run::Strictness::safe || !fs::exists(files.results)) return std::nullopt;
+  const auto reader = store::ResultReader::open(files.results);
+  if (run::second_opinion_of(reader->info().setup) == run::SecondOpinion::on) return std::nullopt;
+  return fmt::format(
+      "--strict=safe looks at safe ratios, and {} has none: check the model again without "
+      "--second-opinion off",
+      files.results.string());
 }
 
 /// Everything that is wrong with the options, or the model and what to do with it.
@@ -189,6 +232,7 @@ int prepare_and_write(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
   if (const auto* text = std::get_if<std::string>(&units)) return stop({"--units: " + *text});
   if (const auto problem = overwriting_problem(options, files_of(options))) return stop({*problem});
+  if (const auto problem = strictness_problem(options, files_of(options))) return stop({*problem});
   if (options.open) {
     if (const auto problem = editor_problem()) return stop({*problem});
   }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "aluframe/run/strictness.h"
 #include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
 
@@ -18,6 +19,7 @@ struct ReportOptions {
   std::string units = "N,mm";
   services::Language language = services::Language::english;
   bool open = false;  ///< in the user's editor
+  run::Strictness strict = run::Strictness::none;
 };
 
 /// Writes the calculation report of a model and says where it is.

@@ -2,6 +2,9 @@
 
 import pytest
 
+from program import PIPE_W
+
+from report_frames import checked_three_beams
 from second_opinion_models import h200
 
 ENVELOPE = {"number": 7, "name": "Extremes", "kind": "envelope", "terms": [{"case": 1}, {"case": 2}]}
@@ -16,6 +19,12 @@ def told(text):
     """The lines of the safe ratio and behind, as far as "results"."""
     start = text.index("  safe ratio ")
     return text[start:].partition("  results ")[0].partition("Readable copy")[0]
+
+
+def ratios(text):
+    """The lines of the worst ratio and of what is over 1, as far as the place of failures."""
+    return [line.partition(", 0 of which")[0] for line in text.splitlines()
+            if line.startswith(("  worst ratio ", "  over 1 "))]
 
 
 def appendix(aluframe):
@@ -37,6 +46,70 @@ def test_a_report_tells_the_safe_ratio_as_a_check_does(hogging, is_checked_befor
     if not is_checked_before:
         (hogging.folder / "frame.aluresult").unlink()
     assert told(hogging("report", "frame.json").stdout) == checked
+
+
+@pytest.mark.parametrize("is_checked_before", [False, True])
+def test_a_report_ends_with_the_worst_ratio_as_a_check_does(aluframe, pipe_beam, is_checked_before):
+    frame = checked_three_beams(aluframe, pipe_beam)
+    checked = ratios(frame("check", "frame.json").stdout)
+    # Uniform load on 4 m: M = 30 kN·m in the middle of element 1003, 20 of 1002: both over f = 200.
+    ratio = 3e7 / PIPE_W / 200
+    assert checked == [
+        f'  worst ratio   {ratio:.4f} (strength), element 1003, position 1/2, combination 1 "ULS"',
+        "  over 1        2 elements"]
+    if not is_checked_before:
+        (frame.folder / "frame.aluresult").unlink()
+    done = frame("report", "frame.json")
+    assert ratios(done.stdout) == checked
+    assert "\nCombinations: 1-2\n" in done.stdout
+
+
+def test_the_ratios_are_those_of_the_reported_elements_alone(aluframe, pipe_beam):
+    frame = checked_three_beams(aluframe, pipe_beam)
+    assert "  over 1        0 elements\n" in frame("report", "frame.json", "--elements", "1").stdout
+    out = frame("report", "frame.json", "--elements", "1-1002", "--readable", "frame.txt").stdout
+    assert ", element 1002, position 1/2, " in ratios(out)[0] and ratios(out)[1] == "  over 1        1 element"
+    assert ratios(appendix(frame)) == ratios(out)
+
+
+# --strict, as that of a check
+
+@pytest.mark.parametrize("elements, status", [("1", 0), ("1-1002", 4)])
+@pytest.mark.parametrize("strict", ["--strict", "--strict=checks"])
+def test_strict_fails_when_a_check_of_a_reported_element_does(aluframe, pipe_beam, strict, elements, status):
+    frame = checked_three_beams(aluframe, pipe_beam)
+    frame("report", "frame.json", "--elements", elements, status=0)
+    (frame.folder / "frame.alu").unlink()
+    done = frame("report", "frame.json", "--elements", elements, strict, status=status)
+    assert "complete: frame.alu\n" in done.stdout and (frame.folder / "frame.alu").exists()
+
+
+def test_strict_safe_looks_at_the_second_opinion(hogging):
+    hogging("check", "frame.json")
+    hogging("report", "frame.json", "--strict")
+    hogging("report", "frame.json", "--strict=safe", status=4)
+
+
+def test_strict_safe_fails_on_what_nothing_has_checked(aluframe, pipe_beam):
+    frame = checked_three_beams(aluframe, pipe_beam)
+    frame.model["forces"] = [row for row in frame.model["forces"] if row["element"] == 1]
+    frame.write(frame.model)
+    frame("check", "frame.json", "--strict=safe", status=4)
+    frame("report", "frame.json", "--strict")
+    frame("report", "frame.json", "--strict=safe", status=4)
+
+
+def test_strict_safe_without_a_second_opinion_in_the_results_is_refused(hogging):
+    hogging("check", "frame.json", "--second-opinion", "off")
+    done = hogging("report", "frame.json", "--strict=safe", status=1)
+    assert done.stderr == ("--strict=safe looks at safe ratios, and frame.aluresult has none: check the model "
+                           "again without --second-opinion off\n")
+    assert not (hogging.folder / "frame.alu").exists()
+
+
+def test_a_strictness_that_does_not_exist_is_refused(hogging):
+    error = hogging("report", "frame.json", "--strict=all", status=1).stderr
+    assert "--strict" in error and "all" in error and "checks, safe" in error
 
 
 def test_a_report_tells_the_remarks_as_a_check_does(aluframe):

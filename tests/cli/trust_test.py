@@ -105,6 +105,7 @@ def test_a_slenderness_that_fails_without_a_line_in_the_report_is_named(twisted)
     # 4000/√(I/A) = 124.94 over the limit of 50, hinged at both ends.
     ratio = 4000 / math.sqrt(PIPE_I / PIPE_AREA) / 50
     assert f"Fails without a line in the report: element 1, slenderness y {ratio:.4f}\n" in done.stdout
+    assert "  over 1        1 element, 1 of which no line of the report says so: element 1\n" in done.stdout
 
 
 def test_a_slenderness_that_fails_with_its_line_is_not_named_again(twisted):
@@ -114,7 +115,9 @@ def test_a_slenderness_that_fails_with_its_line_is_not_named_again(twisted):
         values[0] = -1
     twisted.write(twisted.model)
     twisted("check", "frame.json")
-    assert "without a line" not in twisted("report", "frame.json").stdout
+    out = twisted("report", "frame.json").stdout
+    assert "without a line" not in out
+    assert "  over 1        1 element, 0 of which no line of the report says so\n" in out
 
 
 # The settings that matter

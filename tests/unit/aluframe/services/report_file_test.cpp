@@ -67,7 +67,20 @@ TEST_F(ReportFileTest, AMemberBlockAloneIsWithoutChecks) {
       "  MEMBER NO = 3,   ELEMENT TYPE = Column\n  [[[*]]]   B\n  [[[*]]]   C\n"
       "  MEMBER NO = 4,   ELEMENT TYPE = Column\n");
   EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(12, 3, 4));
-  EXPECT_THAT(reported_elements(path_).without_checks, ElementsAre(12, 4));
+  EXPECT_THAT(reported_elements(path_).verdicts,
+              ElementsAre(IsEmpty(), ElementsAre(Verdict::none, Verdict::none), IsEmpty()));
+}
+
+TEST_F(ReportFileTest, TheVerdictOfACheckIsTheOneInItsBlock) {
+  fill(
+      "  MEMBER NO = 12,   ELEMENT TYPE = Beam\n"
+      "  [[[*]]]   A\n   R=     1.248>1.00 ----> Not Acceptable!\n"
+      "  [[[*]]]   B\n   R=     0.313<1.00 ----> OK\n"
+      "  [[[*]]]   C\n"
+      "  [[[*]]]   D\n   kl/i=   200.000>   150.000---->Not Acceptable!\n");
+  EXPECT_THAT(
+      reported_elements(path_).verdicts,
+      ElementsAre(ElementsAre(Verdict::fails, Verdict::passes, Verdict::none, Verdict::fails)));
 }
 
 TEST_F(ReportFileTest, ALargeElementNumberIsReadWhole) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "aluframe/run/told.h"
+
+namespace aluframe::run {
+
+/// What ends a run with the status of a failed check.
+enum class Strictness {
+  none,
+  checks,  ///< a ratio of the checks over 1, or a frame that buckles
+  /// Also a safe ratio over 1, what nothing has checked, and forces unknown between the ends of a
+  /// loaded element.
+  safe
+};
+
+/// Whether something of what a run tells fails that `strict` looks at.
+bool fails(const Told& told, Strictness strict);
+
+}  // namespace aluframe::run
