@@ -1,9 +1,6 @@
 // Parses the command line and hands over to the commands.
 
-#include <fmt/format.h>
-
 #include <CLI/CLI.hpp>
-#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -23,118 +20,17 @@
 #include "apps/cli/results_command.h"
 #include "apps/cli/section_command.h"
 #include "apps/cli/settings_command.h"
+#include "apps/cli/shared_options.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
 
 namespace {
-
-/// A range that "nan" is not in either.
-CLI::Validator number_between(double low, double high) {
-  CLI::Validator range = CLI::Range(low, high);
-  range.operation([range = CLI::Range(low, high), low, high](std::string& text) {
-    double value = 0.0;
-    const bool is_nan = CLI::detail::lexical_cast(text, value) && std::isnan(value);
-    return is_nan ? fmt::format("Value {} not in range {:f} to {:f}", text, low, high)
-                  : range(text);
-  });
-  return range;
-}
 
 using namespace aluframe::cli;
 namespace files = aluframe::files;
 namespace model = aluframe::model;
 namespace run = aluframe::run;
 namespace tables = aluframe::tables;
-
-/// An option whose text is read by `parse`, which returns nothing or a message when it cannot.
-template <class Value, class Parse>
-CLI::Option* add_parsed(CLI::App& app, const std::string& name, Value& value, const Parse& parse,
-                        const std::string& help) {
-  return app
-      .add_option_function<std::string>(
-          name, [&value, parse, name](const std::string& text) { value = parse(name, text); }, help)
-      ->type_name("VALUE");
-}
-
-model::NumberRanges ranges_or_throw(const std::string& name, const std::string& text) {
-  auto parsed = model::parse_number_ranges(text);
-  if (const auto* problem = std::get_if<std::string>(&parsed)) {
-    throw CLI::ValidationError(name, *problem);
-  }
-  return std::get<model::NumberRanges>(std::move(parsed));
-}
-
-/// Reads one of a few words.
-template <class Parse>
-auto one_of(Parse parse, const std::string& allowed) {
-  return [parse, allowed](const std::string& name, const std::string& text) {
-    const auto value = parse(text);
-    if (!value) {
-      throw CLI::ValidationError(name, "found '" + text + "', must be one of " + allowed);
-    }
-    return *value;
-  };
-}
-
-void add_second_order(CLI::App& app, run::InputOptions& input) {
-  app.add_flag("--second-order", input.second_order,
-               "Compute forces in second order, each combination on its own");
-  app.add_flag("--large-displacements", input.large_displacements,
-               "The same with displacements of any size, up to where the frame snaps through");
-}
-
-void add_allow_outside(CLI::App& app, bool& allow_outside) {
-  app.add_flag("--allow-outside", allow_outside,
-               "Read catalogues that lie outside of the model's folder");
-}
-
-void add_input(CLI::App& app, run::InputOptions& input) {
-  app.add_option("MODEL", input.model, "Model file")->required()->type_name("");
-  app.add_option("--forces", input.forces, "Element forces (CSV) in place of the model's")
-      ->type_name("FILE");
-  add_second_order(app, input);
-  add_allow_outside(app, input.allow_outside);
-}
-
-void add_elements(CLI::App& app, model::NumberRanges& elements) {
-  add_parsed(app, "--elements", elements, ranges_or_throw,
-             "Only these elements, such as 1,3,10-20");
-}
-
-void add_combinations(CLI::App& app, model::NumberRanges& combinations) {
-  add_parsed(app, "--combinations", combinations, ranges_or_throw,
-             "Only these combinations, such as 1,3,10-20");
-}
-
-void add_format(CLI::App& app, tables::Format& format,
-                const std::string& help = "How to print: table, json or csv") {
-  add_parsed(app, "--format", format, one_of(tables::parse_format, "table, json, csv"), help);
-}
-
-void add_language(CLI::App& app, aluframe::services::Language& language) {
-  add_parsed(app, "--lang", language, one_of(aluframe::services::parse_language, "en, zh"),
-             "Language of the design module's messages: en or zh");
-}
-
-std::optional<run::Strictness> parse_strictness(const std::string& word) {
-  if (word == "checks") return run::Strictness::checks;
-  return word == "safe" ? std::optional(run::Strictness::safe) : std::nullopt;
-}
-
-std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) {
-  if (word == "on") return run::SecondOpinion::on;
-  return word == "off" ? std::optional(run::SecondOpinion::off) : std::nullopt;
-}
-
-void add_strict(CLI::App& command, run::Strictness& strict) {
-  command.add_flag("--strict{checks}")
-      ->description(
-          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-          "at what is not checked or not known")
-      ->each([&strict](const std::string& word) {
-        strict = one_of(parse_strictness, "checks, safe")("--strict", word);
-      });
-}
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check = app.add_subcommand("check", "Check every element of a model");
