@@ -109,7 +109,6 @@ std::optional<std::string> nothing_to_resume(const fs::path& results) {
 
 CheckResult check(const Input& input, const CheckOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
-  session.language = options.language;
   session.progress = options.progress;
   session.message = options.message;
   session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {

@@ -17,8 +17,7 @@ namespace aluframe::run {
 enum class Beginning { anew, resumed };
 
 struct CheckOptions {
-  std::filesystem::path results;  ///< the result file to be written
-  services::Language language = services::Language::english;
+  std::filesystem::path results;                    ///< the result file to be written
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
   SecondOpinion second_opinion = SecondOpinion::on;

@@ -37,7 +37,6 @@ void add_buckling(const Input& input, store::ResultWriter& writer) {
 
 services::ReportSummary report(const Input& input, const ReportOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
-  session.language = options.language;
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
   OpinionNotes opinion(input);

@@ -15,7 +15,6 @@ struct ReportOptions {
   std::filesystem::path report;   ///< the file to be written
   model::ForceUnit force = model::ForceUnit::newton;
   model::LengthUnit length = model::LengthUnit::millimetre;
-  services::Language language = services::Language::english;
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
 };
 

@@ -1,4 +1,5 @@
 #include "aluframe/services/session.h"
+#include "aluframe/services/messages.h"
 
 #include <algorithm>
 #include <utility>
@@ -147,7 +148,7 @@ std::unique_ptr<CDgnProgressDlg> Session::CreateProgressDlg() {
 }
 
 CString Session::MessageText(const CString& key) {
-  return message_text(key, options_.language);
+  return message_text(key);
 }
 
 int Session::ShowMessageBox(const CString& text, UINT type) {

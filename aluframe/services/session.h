@@ -11,7 +11,6 @@
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/services/document.h"
-#include "aluframe/services/messages.h"
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/run_observer.h"
 #include "host/host_services.h"
@@ -30,9 +29,8 @@ class ProgressListener {
 
 struct SessionOptions {
   std::filesystem::path result_path;
-  std::vector<model::Number> selected;   ///< elements to check; empty: all
-  std::set<model::Number> combinations;  ///< combinations to check; empty: all
-  Language language = Language::english;
+  std::vector<model::Number> selected;              ///< elements to check; empty: all
+  std::set<model::Number> combinations;             ///< combinations to check; empty: all
   ProgressListener* progress = nullptr;             ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< history and status lines, UTF-8
   /// Units of what the report prints and the dialogs show; nothing: the model's own.

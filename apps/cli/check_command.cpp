@@ -135,7 +135,6 @@ int run_check_command(const CheckOptions& options) {
   const auto& input = std::get<run::Input>(prepared);
   ProgressBar progress(wants_progress(options.progress));
   const run::CheckOptions check{.results = results,
-                                .language = options.language,
                                 .progress = &progress,
                                 .message = print_message,
                                 .second_opinion = options.second_opinion,

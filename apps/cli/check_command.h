@@ -5,7 +5,6 @@
 
 #include "aluframe/run/check.h"
 #include "aluframe/run/strictness.h"
-#include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/progress_bar.h"
 
@@ -16,7 +15,6 @@ struct CheckOptions {
   CommonOptions common;
   std::optional<std::filesystem::path> output;  ///< result file; beside the model when not given
   ProgressMode progress = ProgressMode::automatic;
-  services::Language language = services::Language::english;
   run::Strictness strict = run::Strictness::none;
   run::SecondOpinion second_opinion = run::SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.

@@ -31,6 +31,7 @@ namespace files = aluframe::files;
 namespace model = aluframe::model;
 namespace run = aluframe::run;
 namespace tables = aluframe::tables;
+namespace texts = aluframe::texts;
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check = app.add_subcommand("check", "Check every element of a model");
@@ -43,7 +44,6 @@ void add_check(CLI::App& app, CheckOptions& options, int& status) {
   add_parsed(*check, "--progress", options.progress,
              one_of(parse_progress_mode, "auto, always, never"),
              "Progress bar: auto (on a terminal), always or never");
-  add_language(*check, options.language);
   add_strict(*check, options.strict);
   check->add_flag_callback(
       "--no-buckling", [&options] { options.input.buckling = run::FrameBuckling::off; },
@@ -177,7 +177,6 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
       ->type_name("FILE");
   report->add_option("--units", options.units, "Units of the report, N,mm when not given")
       ->type_name("FORCE,LENGTH");
-  add_language(*report, options.language);
   add_strict(*report, options.strict);
   report->add_flag("--open", options.open, "Open the report in $VISUAL or $EDITOR");
   report->callback([&] { status = run_report_command(options); });
@@ -387,6 +386,7 @@ std::optional<std::string> unknown_command(const CLI::App& app, int argc, char**
 }
 
 int run_program(int argc, char** argv) {
+  texts::use_language(wanted_language(argc, argv));
   CLI::App app("Checks aluminium frames against GB 50429-2007.", "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION);
   app.require_subcommand(1);
@@ -415,6 +415,8 @@ int run_program(int argc, char** argv) {
   add_report(app, report, status);
   add_settings(app, settings, status);
   add_section(app, section, status);
+  add_language(app);
+  for (CLI::App* command : app.get_subcommands({})) add_language(*command);
   if (const auto unknown = unknown_command(app, argc, argv)) {
     print_message(*unknown);
     return exit_input_error;

@@ -51,13 +51,11 @@ std::optional<std::string> overwriting_problem(const ReportOptions& options, con
       {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 
-run::ReportOptions report_options(const ReportOptions& options, const Files& files,
-                                  const UnitPair& units) {
+run::ReportOptions report_options(const Files& files, const UnitPair& units) {
   return {.results = files.results,
           .report = files.report,
           .force = units.first,
           .length = units.second,
-          .language = options.language,
           .message = print_message};
 }
 
@@ -201,7 +199,7 @@ int finish(const ReportOptions& options, const Files& files, const std::string& 
 int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
   const Files files = files_of(options);
   warn_about_stored(input, files);
-  const services::ReportSummary summary = run::report(input, report_options(options, files, units));
+  const services::ReportSummary summary = run::report(input, report_options(files, units));
   Basis basis;
   if (summary.outcome == services::RunOutcome::complete) {
     basis = basis_of(summary, files);

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "aluframe/run/strictness.h"
-#include "aluframe/services/messages.h"
 #include "apps/cli/common_options.h"
 
 namespace aluframe::cli {
@@ -17,7 +16,6 @@ struct ReportOptions {
   std::optional<std::filesystem::path> output;    ///< report; beside the model when not given
   std::optional<std::filesystem::path> readable;  ///< copy in UTF-8
   std::string units = "N,mm";
-  services::Language language = services::Language::english;
   bool open = false;  ///< in the user's editor
   run::Strictness strict = run::Strictness::none;
 };

@@ -71,9 +71,26 @@ void add_format(CLI::App& app, tables::Format& format, const std::string& help) 
   add_parsed(app, "--format", format, one_of(tables::parse_format, "table, json, csv"), help);
 }
 
-void add_language(CLI::App& app, services::Language& language) {
-  add_parsed(app, "--lang", language, one_of(services::parse_language, "en, zh"),
-             "Language of the design module's messages: en or zh");
+void add_language(CLI::App& app) {
+  const auto parse = one_of(texts::parse_language, "en, zh");
+  app.add_option_function<std::string>(
+         "--lang", [parse](const std::string& text) { texts::use_language(parse("--lang", text)); },
+         "Language of what people read: en or zh; that of the environment when not given")
+      ->type_name("VALUE");
+}
+
+texts::Language wanted_language(int argc, const char* const* argv) {
+  constexpr std::string_view option = "--lang";
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view word = argv[i];
+    std::optional<texts::Language> language;
+    if (word == option && i + 1 < argc) language = texts::parse_language(argv[i + 1]);
+    if (word.starts_with(option) && word.substr(option.size()).starts_with('=')) {
+      language = texts::parse_language(word.substr(option.size() + 1));
+    }
+    if (language) return *language;
+  }
+  return texts::language_of_environment();
 }
 
 std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) {

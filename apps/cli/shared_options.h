@@ -8,8 +8,8 @@
 #include "aluframe/run/input.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/run/strictness.h"
-#include "aluframe/services/messages.h"
 #include "aluframe/tables/output_table.h"
+#include "aluframe/texts/language.h"
 
 // Options of the command line that several commands have.
 
@@ -54,7 +54,10 @@ void add_elements(CLI::App& app, model::NumberRanges& elements);
 void add_combinations(CLI::App& app, model::NumberRanges& combinations);
 void add_format(CLI::App& app, tables::Format& format,
                 const std::string& help = "How to print: table, json or csv");
-void add_language(CLI::App& app, services::Language& language);
+void add_language(CLI::App& app);
+/// The language that a command line asks for, else that of the environment, before the command line
+/// is parsed: its help is in that language. What is wrong with it the parser says.
+texts::Language wanted_language(int argc, const char* const* argv);
 void add_strict(CLI::App& command, run::Strictness& strict);
 
 }  // namespace aluframe::cli

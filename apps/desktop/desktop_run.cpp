@@ -32,10 +32,9 @@ int fail(const std::string& problem, int status) {
   return status;
 }
 
-int run_dialog(ModelDocument& document, SettingsDialog dialog, services::Language language) {
+int run_dialog(ModelDocument& document, SettingsDialog dialog) {
   toolkit::QtToolkit toolkit;
   services::SessionOptions session;
-  session.language = language;
   session.toolkit = &toolkit;
   session.message_box = show_message_box;
   session.message = print_problem;
@@ -47,8 +46,8 @@ int run_dialog(ModelDocument& document, SettingsDialog dialog, services::Languag
   return refused ? cli::exit_cancelled : cli::exit_done;
 }
 
-int run_window(std::optional<ModelDocument> document, services::Language language) {
-  MainWindow window(language);
+int run_window(std::optional<ModelDocument> document) {
+  MainWindow window;
   if (document) window.show_document(*std::move(document));
   window.show();
   return QApplication::exec();
@@ -70,8 +69,8 @@ int run_desktop(const DesktopOptions& options) {
     }
     document = std::get<ModelDocument>(std::move(opened));
   }
-  if (options.dialog && document) return run_dialog(*document, *options.dialog, options.language);
-  return run_window(std::move(document), options.language);
+  if (options.dialog && document) return run_dialog(*document, *options.dialog);
+  return run_window(std::move(document));
 }
 
 }  // namespace aluframe::desktop

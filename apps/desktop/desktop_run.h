@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <optional>
 
-#include "aluframe/services/messages.h"
 #include "aluframe/services/settings_dialogs.h"
 
 namespace aluframe::desktop {
@@ -12,7 +11,6 @@ struct DesktopOptions {
   std::optional<std::filesystem::path> model;
   /// Only this dialog, over `model`, which is saved when the dialog closes.
   std::optional<services::SettingsDialog> dialog;
-  services::Language language = services::Language::english;
 };
 
 /// True when the environment names a screen to show windows on.

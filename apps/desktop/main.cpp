@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <exception>
 
+#include "aluframe/texts/language.h"
 #include "apps/cli/exit_status.h"
 #include "apps/desktop/desktop_run.h"
 #include "apps/desktop/message_boxes.h"
@@ -35,13 +36,12 @@ void add_options(CLI::App& app, desktop::DesktopOptions& options) {
       [&options](services::SettingsDialog dialog) { options.dialog = dialog; }, "code, materials",
       "Only this dialog over MODEL, which is saved at its end: code or materials")
       ->needs(model);
-  add_word(
-      app, "--lang", services::parse_language,
-      [&options](services::Language language) { options.language = language; }, "en, zh",
-      "Language: en or zh");
+  add_word(app, "--lang", texts::parse_language, texts::use_language, "en, zh",
+           "Language: en or zh");
 }
 
 int run(int argc, char** argv) {
+  texts::use_language(texts::language_of_environment());
   CLI::App app("Shows and changes what a model is designed with.", "aluframe-desktop");
   desktop::DesktopOptions options;
   add_options(app, options);

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <utility>
 
+#include "aluframe/texts/text.h"
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/overview.h"
 
@@ -15,15 +16,17 @@ namespace aluframe::desktop {
 
 namespace {
 
+using texts::translatable;
+
 QString to_qt(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
 }
 
 }  // namespace
 
-MainWindow::MainWindow(services::Language language) : language_(language), toolkit_(this) {
+MainWindow::MainWindow() : toolkit_(this) {
   create_menus();
-  auto* hint = new QLabel(text(Text::no_model));
+  auto* hint = new QLabel(ui_text(translatable("Open a model to see its settings and materials.")));
   hint->setAlignment(Qt::AlignCenter);
   setCentralWidget(hint);
   setWindowTitle(QStringLiteral("AluFrame"));
@@ -32,26 +35,27 @@ MainWindow::MainWindow(services::Language language) : language_(language), toolk
 
 void MainWindow::create_menus() {
   using services::SettingsDialog;
-  QMenu* file = menuBar()->addMenu(text(Text::file_menu));
-  QAction* open = file->addAction(text(Text::open), this, [this] { choose_model(); });
+  QMenu* file = menuBar()->addMenu(ui_text(translatable("&File")));
+  QAction* open =
+      file->addAction(ui_text(translatable("&Open...")), this, [this] { choose_model(); });
   open->setShortcut(QKeySequence::Open);
-  save_ = file->addAction(text(Text::save), this, [this] { save(); });
+  save_ = file->addAction(ui_text(translatable("&Save")), this, [this] { save(); });
   save_->setShortcut(QKeySequence::Save);
   save_->setEnabled(false);
   file->addSeparator();
-  QAction* quit = file->addAction(text(Text::quit), this, [this] { close(); });
+  QAction* quit = file->addAction(ui_text(translatable("&Quit")), this, [this] { close(); });
   quit->setShortcut(QKeySequence::Quit);
-  design_ = menuBar()->addMenu(text(Text::design_menu));
-  design_->addAction(text(Text::design_code), this,
+  design_ = menuBar()->addMenu(ui_text(translatable("&Design")));
+  design_->addAction(ui_text(translatable("Design &code...")), this,
                      [this] { open_settings(SettingsDialog::code); });
-  design_->addAction(text(Text::materials), this,
+  design_->addAction(ui_text(translatable("&Materials...")), this,
                      [this] { open_settings(SettingsDialog::materials); });
   design_->setEnabled(false);
 }
 
 void MainWindow::show_document(ModelDocument document) {
   if (overview_ == nullptr) {
-    overview_ = new Overview(language_);
+    overview_ = new Overview;
     setCentralWidget(overview_);
     design_->setEnabled(true);
   }
@@ -70,7 +74,8 @@ void MainWindow::open(const std::filesystem::path& path) {
 
 void MainWindow::choose_model() {
   const QString path =
-      QFileDialog::getOpenFileName(this, text(Text::choose_model), {}, text(Text::model_files));
+      QFileDialog::getOpenFileName(this, ui_text(translatable("Open a model")), {},
+                                   ui_text(translatable("Model files (*.json);;All files (*)")));
   if (!path.isEmpty()) open(path.toStdString());
 }
 
@@ -84,7 +89,8 @@ bool MainWindow::save() {
 
 bool MainWindow::settle_changes() {
   if (!document_ || !document_->is_modified()) return true;
-  switch (ask_to_save(this, to_qt(document_->path().filename()), text(Text::save_changes))) {
+  switch (ask_to_save(this, to_qt(document_->path().filename()),
+                      ui_text(translatable("Save the changes?")))) {
     case SaveChoice::save:
       return save();
     case SaveChoice::discard:
@@ -98,13 +104,12 @@ bool MainWindow::settle_changes() {
 void MainWindow::open_settings(services::SettingsDialog dialog) {
   if (!document_) return;
   services::SessionOptions options;
-  options.language = language_;
   options.toolkit = &toolkit_;
   options.message_box = show_message_box;
   options.message = print_problem;
   const auto end = services::run_settings_dialog(document_->editable(), dialog, std::move(options));
   if (end == services::DialogEnd::failed) {
-    show_problem(this, text(Text::dialog_failed).toStdString());
+    show_problem(this, ui_text(translatable("The dialog did not open.")).toStdString());
   }
   show_state_of(*document_);
 }

@@ -20,7 +20,7 @@ class Overview;
 /// Changes stay in the window until they are saved; closing asks about them.
 class MainWindow : public QMainWindow {
  public:
-  explicit MainWindow(services::Language language);
+  MainWindow();
 
   /// Shows a model in the place of the one that is open, whatever becomes of its changes.
   void show_document(ModelDocument document);
@@ -36,14 +36,12 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  QString text(Text text) const { return ui_text(text, language_); }
   void create_menus();
   void choose_model();
   /// Saves or drops changes as the user wants. @return false when the user wants neither
   bool settle_changes();
   void show_state_of(const ModelDocument& document);
 
-  services::Language language_;
   toolkit::QtToolkit toolkit_;
   std::optional<ModelDocument> document_;
   Overview* overview_ = nullptr;  ///< null until a model is open

@@ -8,11 +8,14 @@
 #include <QVBoxLayout>
 
 #include "aluframe/io/format_names.h"
+#include "aluframe/texts/text.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
 
 namespace {
+
+using texts::translatable;
 
 QString text_of(double value) {
   return QString::number(value, 'g', QLocale::FloatingPointShortest);
@@ -39,21 +42,21 @@ QLabel* create_title() {
   return title;
 }
 
-QStringList material_headers(services::Language language) {
-  return {ui_text(Text::number, language),
-          ui_text(Text::name, language),
-          ui_text(Text::standard, language),
-          ui_text(Text::grade, language),
+QStringList material_headers() {
+  return {ui_text(translatable("No.")),
+          ui_text(translatable("Name")),
+          ui_text(translatable("Standard")),
+          ui_text(translatable("Grade")),
           QStringLiteral("E"),
-          ui_text(Text::poisson, language),
+          ui_text(translatable("Poisson's ratio")),
           QStringLiteral("fu"),
           QStringLiteral("f0.2, t \u2264 10 mm"),
           QStringLiteral("f0.2, t > 10 mm")};
 }
 
-QTableWidget* create_material_table(services::Language language) {
+QTableWidget* create_material_table() {
   auto* table = new QTableWidget;
-  const QStringList headers = material_headers(language);
+  const QStringList headers = material_headers();
   table->setColumnCount(static_cast<int>(headers.size()));
   table->setHorizontalHeaderLabels(headers);
   table->verticalHeader()->hide();
@@ -87,26 +90,26 @@ QString heading(QString text) {
 
 }  // namespace
 
-Overview::Overview(services::Language language)
-    : language_(language),
-      title_(create_title()),
+Overview::Overview()
+    : title_(create_title()),
       file_(create_label()),
       settings_(new QFormLayout),
-      materials_(create_material_table(language)) {
+      materials_(create_material_table()) {
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(title_);
   layout->addWidget(file_);
-  layout->addWidget(boxed(ui_text(Text::settings, language), settings_));
+  layout->addWidget(boxed(ui_text(translatable("Design settings")), settings_));
   auto* table = new QVBoxLayout;
   table->addWidget(materials_);
   layout->addWidget(
-      boxed(heading(ui_text(Text::materials, language)) + QStringLiteral(" (N/mm\u00B2)"), table),
+      boxed(heading(ui_text(translatable("&Materials..."))) + QStringLiteral(" (N/mm\u00B2)"),
+            table),
       1);
 }
 
 void Overview::show_model(const model::Model& model, const QString& file) {
   title_->setText(text_of(model.title));
-  file_->setText(ui_text(Text::file, language_) + QStringLiteral(": ") + file);
+  file_->setText(ui_text(translatable("File")) + QStringLiteral(": ") + file);
   show_settings(model);
   show_materials(model);
 }
@@ -120,22 +123,25 @@ void Overview::add_row(QFormLayout& form, const QString& name, const QString& va
 void Overview::show_settings(const model::Model& model) {
   while (settings_->rowCount() > 0) settings_->removeRow(0);
   if (!model.design) {
-    settings_->addRow(new QLabel(ui_text(Text::no_settings, language_)));
+    settings_->addRow(new QLabel(ui_text(translatable("The model has no design settings."))));
     return;
   }
   const model::DesignSettings& design = *model.design;
-  const auto add = [this](Text name, const QString& value) {
-    add_row(*settings_, ui_text(name, language_), value);
+  const auto add = [this](const char* name, const QString& value) {
+    add_row(*settings_, ui_text(name), value);
   };
-  const auto yes_or_no = [this](bool on) { return ui_text(on ? Text::yes : Text::no, language_); };
-  add(Text::code, QString::fromLatin1(io::shown_code_name.data(), io::shown_code_name.size()));
-  add(Text::safety_class, QString::number(design.safety_class));
-  add(Text::strength_ratio, text_of(design.strength_ratio));
-  add(Text::ribs, yes_or_no(design.rib));
-  add(Text::rib_ratio, text_of(design.rib_ratio));
-  add(Text::seismic, yes_or_no(design.seismic));
-  add(Text::gamma_re_strength, text_of(design.gamma_re_strength));
-  add(Text::gamma_re_stability, text_of(design.gamma_re_stability));
+  const auto yes_or_no = [](bool on) {
+    return ui_text(on ? translatable("yes") : translatable("no"));
+  };
+  add(translatable("Design code"),
+      QString::fromLatin1(io::shown_code_name.data(), io::shown_code_name.size()));
+  add(translatable("Safety class"), QString::number(design.safety_class));
+  add(translatable("Strength adjustment ratio"), text_of(design.strength_ratio));
+  add(translatable("Rib stiffeners"), yes_or_no(design.rib));
+  add(translatable("Rib stiffener ratio"), text_of(design.rib_ratio));
+  add(translatable("Seismic design"), yes_or_no(design.seismic));
+  add(translatable("γRE, strength"), text_of(design.gamma_re_strength));
+  add(translatable("γRE, stability"), text_of(design.gamma_re_stability));
 }
 
 void Overview::show_materials(const model::Model& model) {

@@ -3,7 +3,6 @@
 #include <QWidget>
 
 #include "aluframe/model/model.h"
-#include "aluframe/services/messages.h"
 
 class QFormLayout;
 class QLabel;
@@ -15,7 +14,7 @@ namespace aluframe::desktop {
 /// E and strengths in N/mm².
 class Overview : public QWidget {
  public:
-  explicit Overview(services::Language language);
+  Overview();
 
   void show_model(const model::Model& model, const QString& file);
 
@@ -24,7 +23,6 @@ class Overview : public QWidget {
   void show_settings(const model::Model& model);
   void show_materials(const model::Model& model);
 
-  services::Language language_;
   QLabel* title_;
   QLabel* file_;
   QFormLayout* settings_;

@@ -14,6 +14,7 @@
 #include <fstream>
 
 #include "tests/gui/desktop_test.h"
+#include "tests/support/used_language.h"
 #include "tz_alu/dialogs/resource.h"
 
 namespace gui_test {
@@ -26,7 +27,7 @@ using testing::HasSubstr;
 
 class MainWindowTest : public DesktopTest {
  protected:
-  desktop::MainWindow window{services::Language::english};
+  desktop::MainWindow window;
 
   void change_class() {
     with_user(
@@ -98,7 +99,8 @@ TEST_F(MainWindowTest, ShowsTheMaterials) {
 }
 
 TEST_F(MainWindowTest, ItsTextsCanBeChinese) {
-  const desktop::MainWindow chinese(services::Language::chinese);
+  const test_support::UsedLanguage used(texts::Language::chinese);
+  const desktop::MainWindow chinese;
   EXPECT_EQ(chinese.menuBar()->actions()[1]->text(), u"\u8BBE\u8BA1(&D)");
 }
 

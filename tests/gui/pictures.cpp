@@ -41,7 +41,7 @@ void picture_of_dialog(aluframe::desktop::MainWindow& window, SettingsDialog dia
 }
 
 void make_pictures(const std::filesystem::path& model, const Destination& to) {
-  aluframe::desktop::MainWindow window(aluframe::services::Language::english);
+  aluframe::desktop::MainWindow window;
   window.open(model);
   window.show();
   save_picture(window, to, QStringLiteral("main-window"));

@@ -3,6 +3,7 @@
 #include "apps/cli/exit_status.h"
 #include "tests/gui/desktop_test.h"
 #include "tests/gui/fit.h"
+#include "tests/support/used_language.h"
 #include "tz_alu/dialogs/resource.h"
 
 namespace gui_test {
@@ -98,10 +99,9 @@ TEST_F(SingleDialog, AFileThatCannotBeWrittenIsAFailure) {
 }
 
 TEST_F(SingleDialog, NoTextIsCutInChinese) {
+  const test_support::UsedLanguage used(texts::Language::chinese);
   const auto open = [this] {
-    return desktop::run_desktop({.model = file,
-                                 .dialog = SettingsDialog::materials,
-                                 .language = services::Language::chinese});
+    return desktop::run_desktop({.model = file, .dialog = SettingsDialog::materials});
   };
   with_user(open, [](DialogUser& user) {
     user.click_row(IDC_DGN_STEELMAT_LIST, 0);
