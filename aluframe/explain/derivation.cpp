@@ -17,7 +17,8 @@ Derivation::Derivation(const ALU_DGN_DATA& data, const AluDgnSectForce& force, O
       origins(std::move(from)) {}
 
 std::string Derivation::hardening() const {
-  return is_weak() ? "weakly hardening alloy" : "strongly hardening alloy";
+  return is_weak() ? translatable("weakly hardening alloy")
+                   : translatable("strongly hardening alloy");
 }
 
 Term Derivation::given(const Info& info, double value, const std::vector<std::string>& because) {

@@ -1,5 +1,7 @@
 #include "aluframe/explain/effective_area.h"
 
+#include <fmt/format.h>
+
 #include <string>
 
 #include "aluframe/explain/haz_plates.h"
@@ -27,7 +29,7 @@ struct Formulas {
 // Not welded: what the plates lose is taken off.
 
 Term lost_thickness(Derivation& d) {
-  return d.trace.part({"δ", "part of the thickness that is lost", "", "5.3"},
+  return d.trace.part({"δ", translatable("part of the thickness that is lost"), "", "5.3"},
                       1.0 - effective_thickness(d));
 }
 
@@ -38,35 +40,38 @@ Formulas all_plates_reduced(Derivation& d) {
   const Term B2 = dimension(d, Dimension::bottom_width);
   const Term tf2 = dimension(d, Dimension::bottom_thickness);
   const double webs = is_box(d) ? 2.0 : 1.0;
-  const Term hw = d.trace.part({"hw", "height of the web", "mm"}, H - tf1 - tf2);
-  const Term top =
-      d.trace.part({"ΔA1", "area that the top flange loses", "mm²", "5.3"}, delta * tf1 * B1);
-  const Term bottom =
-      d.trace.part({"ΔA2", "area that the bottom flange loses", "mm²", "5.3"}, delta * tf2 * B2);
+  const Term hw = d.trace.part({"hw", translatable("height of the web"), "mm"}, H - tf1 - tf2);
+  const Term top = d.trace.part(
+      {"ΔA1", translatable("area that the top flange loses"), "mm²", "5.3"}, delta * tf1 * B1);
+  const Term bottom = d.trace.part(
+      {"ΔA2", translatable("area that the bottom flange loses"), "mm²", "5.3"}, delta * tf2 * B2);
   const Term web = is_box(d) ? 2.0 * delta * tw * hw : delta * tw * hw;
   return {gross_area(d) - top - bottom - web,
           inertia_y(d) - B1 * cubed(delta * tf1) / 12.0 - B2 * cubed(delta * tf2) / 12.0 -
               top * squared(magnitude(top_fibre(d)) - tf1 / 2.0) -
               bottom * squared(magnitude(bottom_fibre(d)) - tf2 / 2.0) -
               cubed(delta * tw) * hw / (12.0 / Term::number(webs)),
-          "axial compression alone: every plate loses thickness"};
+          translatable("axial compression alone: every plate loses thickness")};
 }
 
 Formulas top_flange_reduced(Derivation& d) {
   const Term tf1 = dimension(d, Dimension::top_thickness);
-  const Term lost = d.trace.part({"ΔA1", "area that the top flange loses", "mm²", "5.3"},
-                                 dimension(d, Dimension::top_width) * lost_thickness(d) * tf1);
+  const Term lost =
+      d.trace.part({"ΔA1", translatable("area that the top flange loses"), "mm²", "5.3"},
+                   dimension(d, Dimension::top_width) * lost_thickness(d) * tf1);
   return {gross_area(d) - lost, inertia_y(d) - lost * squared(top_fibre(d) - tf1 / 2.0),
-          "My is positive: the top flange alone loses thickness", "z1 with its sign"};
+          translatable("My is positive: the top flange alone loses thickness"),
+          translatable("z1 with its sign")};
 }
 
 Formulas bottom_flange_reduced(Derivation& d) {
   const Term tf2 = dimension(d, Dimension::bottom_thickness);
-  const Term lost = d.trace.part({"ΔA2", "area that the bottom flange loses", "mm²", "5.3"},
-                                 dimension(d, Dimension::bottom_width) * lost_thickness(d) * tf2);
+  const Term lost =
+      d.trace.part({"ΔA2", translatable("area that the bottom flange loses"), "mm²", "5.3"},
+                   dimension(d, Dimension::bottom_width) * lost_thickness(d) * tf2);
   return {gross_area(d) - lost,
           inertia_y(d) - lost * squared(magnitude(bottom_fibre(d)) - tf2 / 2.0),
-          "My is not positive: the bottom flange alone loses thickness"};
+          translatable("My is not positive: the bottom flange alone loses thickness")};
 }
 
 Formulas unwelded(Derivation& d, REDUCED_PART part) {
@@ -108,14 +113,16 @@ Term strip_own(Derivation& d, const FlangeTerms& flange) {
 Term flange_inertia(Derivation& d, const FlangeTerms& flange, bool top, bool is_reduced) {
   const Term t = scaled(effective_thickness(d), is_reduced, flange.thickness);
   return d.trace.part(
-      {top ? "If1" : "If2", top ? "inertia of the top flange" : "inertia of the bottom flange",
-       "mm⁴", "chapter 5", is_reduced ? "its clear part with ρ·t" : ""},
+      {top ? "If1" : "If2",
+       top ? translatable("inertia of the top flange")
+           : translatable("inertia of the bottom flange"),
+       "mm⁴", translatable("chapter 5"), is_reduced ? translatable("its clear part with ρ·t") : ""},
       clear_inertia(flange, t) + strip_transfer(d, flange) + strip_own(d, flange));
 }
 
 Term web_inertia(Derivation& d, const PlateTerms& plates, bool is_reduced) {
-  return d.trace.part({"Iw", "inertia of the webs", "mm⁴", "chapter 5",
-                       is_reduced ? "their clear part with ρ·t" : ""},
+  return d.trace.part({"Iw", translatable("inertia of the webs"), "mm⁴", translatable("chapter 5"),
+                       is_reduced ? translatable("their clear part with ρ·t") : ""},
                       scaled(effective_thickness(d), is_reduced, plates.web) *
                               cubed(plates.web_height) / (12.0 / Term::number(plates.webs)) +
                           web_strip_inertia(d, plates));
@@ -150,26 +157,28 @@ Formulas welded_h_bottom(Derivation& d, const PlateTerms& plates) {
   const Term haz = haz_factor(d), B2 = dimension(d, Dimension::bottom_width);
   const auto& top = plates.top;
   const auto& bottom = plates.bottom;
-  const Term If1 = d.trace.part({"If1", "inertia of the top flange", "mm⁴", "chapter 5",
-                                 "ρ acts on its own inertia alone (W3)"},
-                                top.clear * top.thickness * squared(top.arm) +
-                                    top.clear * cubed(rho * top.thickness) / 12.0 +
-                                    strip_transfer(d, top) + strip_own(d, top));
+  const Term If1 = d.trace.part(
+      {"If1", translatable("inertia of the top flange"), "mm⁴", translatable("chapter 5"),
+       translatable("ρ acts on its own inertia alone (W3)")},
+      top.clear * top.thickness * squared(top.arm) + top.clear * cubed(rho * top.thickness) / 12.0 +
+          strip_transfer(d, top) + strip_own(d, top));
   const Term If2 = d.trace.part(
-      {"If2", "inertia of the bottom flange", "mm⁴", "chapter 5", "it counts in full (W3)"},
+      {"If2", translatable("inertia of the bottom flange"), "mm⁴", translatable("chapter 5"),
+       translatable("it counts in full (W3)")},
       B2 * bottom.thickness * squared(bottom.arm) + B2 * cubed(bottom.thickness) / 12.0);
   return {top.clear * top.thickness + top.strip * top.thickness * haz + B2 * bottom.thickness +
               web_strip_area(d, plates) + plates.web_height * plates.web,
           If1 + If2 + web_inertia(d, plates, false),
-          "My is not positive: the bottom flange of a welded H counts in full (W3)"};
+          translatable("My is not positive: the bottom flange of a welded H counts in full (W3)")};
 }
 
 Term bottom_reduced_inertia(Derivation& d, const PlateTerms& plates) {
   const auto& bottom = plates.bottom;
   const Term thin = effective_thickness(d) * bottom.thickness;
   const Term If2 = d.trace.part(
-      {"If2", "inertia of the bottom flange", "mm⁴", "chapter 5",
-       "its clear part with ρ·t; the strip's own inertia takes the square of its thickness (W4)"},
+      {"If2", translatable("inertia of the bottom flange"), "mm⁴", translatable("chapter 5"),
+       translatable("its clear part with ρ·t; the strip's own inertia takes the square of its "
+                    "thickness (W4)")},
       clear_inertia(bottom, thin) + strip_transfer(d, bottom) +
           bottom.strip * squared(haz_factor(d) * bottom.thickness) / 12.0);
   return flange_inertia(d, plates.top, true, false) + If2 + web_inertia(d, plates, false);
@@ -177,7 +186,8 @@ Term bottom_reduced_inertia(Derivation& d, const PlateTerms& plates) {
 
 Formulas welded_bottom(Derivation& d, const PlateTerms& plates) {
   if (d.shape() == ALU_SHAPE_H) return welded_h_bottom(d, plates);
-  const std::string note = "My is not positive: the bottom flange alone loses thickness";
+  const std::string note =
+      translatable("My is not positive: the bottom flange alone loses thickness");
   const Term inertia = bottom_reduced_inertia(d, plates);
   if (!is_box(d)) return {built_area(d, plates, {false, true, false}), inertia, note};
   const auto& top = plates.top;
@@ -186,7 +196,7 @@ Formulas welded_bottom(Derivation& d, const PlateTerms& plates) {
   return {top.clear * top.thickness + (top.thickness + bottom.thickness) * haz * (b + plates.web) +
               effective_thickness(d) * bottom.clear * bottom.thickness +
               2.0 * b * plates.web * haz + plates.web_height * plates.web,
-          inertia, note + "; half the strips and one web count (W4)"};
+          inertia, fmt::format(translatable("{}; half the strips and one web count (W4)"), note)};
 }
 
 Formulas welded(Derivation& d, REDUCED_PART part) {
@@ -194,10 +204,11 @@ Formulas welded(Derivation& d, REDUCED_PART part) {
   switch (part) {
     case REDUCED_PART::WholeSection:
       return built(d, plates, {true, true, true},
-                   "axial compression alone: every clear part counts with ρ·t");
+                   translatable("axial compression alone: every clear part counts with ρ·t"));
     case REDUCED_PART::TopFlange:
-      return built(d, plates, {true, false, false},
-                   "My is positive: the clear part of the top flange counts with ρ·t");
+      return built(
+          d, plates, {true, false, false},
+          translatable("My is positive: the clear part of the top flange counts with ρ·t"));
     default:
       return welded_bottom(d, plates);
   }
@@ -214,11 +225,11 @@ void derive(Derivation& d) {
   const double rho = effective_thickness(d).own_value();
   const Formulas formulas = d.is_welded() ? welded(d, part) : unwelded(d, part);
   const engine::AREA_AND_INERTIA value = value_of(d, part, rho);
-  d.trace.define({"Ae", "effective area", "mm²", "5.3", formulas.area_note}, value.dArea,
-                 formulas.area);
-  d.trace.define(
-      {"Ie", "effective second moment of area about y", "mm⁴", "5.3", formulas.inertia_note},
-      value.dInertia, formulas.inertia);
+  d.trace.define({"Ae", translatable("effective area"), "mm²", "5.3", formulas.area_note},
+                 value.dArea, formulas.area);
+  d.trace.define({"Ie", translatable("effective second moment of area about y"), "mm⁴", "5.3",
+                  formulas.inertia_note},
+                 value.dInertia, formulas.inertia);
 }
 
 }  // namespace

@@ -35,27 +35,27 @@ bool is_same(double a, double b) {
 void compare(const Checked& checked, const T_RALU_RLT& result) {
   const double demand = checked.demand.own_value(), capacity = checked.capacity.own_value();
   if (is_same(demand, result.dDemand) && is_same(capacity, result.dCapacity)) return;
-  throw StepMismatch(fmt::format("the checks have {} of {}, the steps {} of {}", result.dDemand,
-                                 result.dCapacity, demand, capacity));
+  throw StepMismatch(texts::translated("the checks have {} of {}, the steps {} of {}",
+                                       result.dDemand, result.dCapacity, demand, capacity));
 }
 
 /// Why area and moduli cannot be formed.
 const char* why_without_section(const Derivation& d) {
   const bool has_no_plates = std::isnan(alu_engine::PlateRatios(d.in).dGoverning);
-  return has_no_plates ? "the checks do not cover the shape of the section"
-                       : "nothing is left of the section to be checked (B15)";
+  return has_no_plates ? translatable("the checks do not cover the shape of the section")
+                       : translatable("nothing is left of the section to be checked (B15)");
 }
 
 StepPointer ratio_step(Derivation& d, const Checked& checked) {
   const double demand = checked.demand.own_value(), capacity = checked.capacity.own_value();
-  Info info{"ratio", "utilisation"};
+  Info info{"ratio", translatable("utilisation")};
   const double ratio = RaluRatio(demand, capacity);
   if (capacity == 0.0) {
-    info.why = "0: without a limit nothing is judged";
+    info.why = translatable("0: without a limit nothing is judged");
     d.trace.given(info, ratio, {checked.demand.name(), checked.capacity.name()});
   } else {
-    if (ratio < 0.0) info.why = "a demand below 0 passes";
-    if (!std::isfinite(ratio)) info.why = "what is no finite number counts as failed";
+    if (ratio < 0.0) info.why = translatable("a demand below 0 passes");
+    if (!std::isfinite(ratio)) info.why = translatable("what is no finite number counts as failed");
     d.trace.define(info, ratio, checked.demand / checked.capacity);
   }
   return d.trace.step("ratio");
@@ -66,8 +66,8 @@ StepPointer ratio_step(Derivation& d, const Checked& checked) {
 Outcome explain_item(const ALU_DGN_DATA& data, const AluDgnSectForce& force, int item,
                      const Origins& origins) {
   const auto place = static_cast<std::size_t>(item);
-  if (explained.at(place) == nullptr) return NotChecked{"there is no such check"};
-  if (data.nCheckFlag[place] == 0) return NotChecked{"the check is switched off"};
+  if (explained.at(place) == nullptr) return NotChecked{translatable("there is no such check")};
+  if (data.nCheckFlag[place] == 0) return NotChecked{translatable("the check is switched off")};
   Derivation d(data, force, origins);
   if (!alu_engine::AreUsable(d.section)) {
     return NotChecked{why_without_section(d)};

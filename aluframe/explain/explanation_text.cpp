@@ -11,17 +11,13 @@
 #include <vector>
 
 #include "aluframe/explain/number_text.h"
+#include "aluframe/explain/step_words.h"
 
 namespace aluframe::explain {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-NumberLine line_of(const Step& step) {
-  if (step.formula) return number_line(*step.formula);
-  return {"", number_text(step.value, result_digits)};
-}
 
 /// What stands between the equals signs: "σ", "k·|N| / A", "1·|-50000| / 2500", "20 N/mm²".
 std::vector<std::string> sides_of(const Step& step) {
@@ -56,19 +52,22 @@ std::string calculation(const Step& step, std::size_t indent) {
   return text;
 }
 
-/// "axial stability coefficient; the smaller one, about y (GB 50429-2007, 7.2)".
+/// "axial stability coefficient; the smaller one, about y (GB 50429-2007, 7.2)", in the language in
+/// use.
 std::string words(const Info& info) {
-  std::string text = info.quantity;
-  if (!info.why.empty()) text += "; " + info.why;
-  if (!info.clause.empty()) text += fmt::format(" (GB 50429-2007, {})", info.clause);
-  return text;
+  const StepWords words = words_of(info);
+  std::string text = words.quantity;
+  if (!words.why.empty()) text += texts::translated("; ") + words.why;
+  if (words.clause.empty()) return text;
+  return texts::translated("{} (GB 50429-2007, {})", text, words.clause);
 }
 
 void add_step(const Step& step, std::size_t depth, std::set<const Step*>& seen, std::string& text) {
   if (!seen.insert(&step).second) return;
   const std::string indent(2 * depth, ' ');
   text += calculation(step, 2 * depth);
-  text += step.formula ? "\n" + indent + "    " + words(step.info) : ": " + words(step.info);
+  text += step.formula ? "\n" + indent + "    " : texts::translated(": ");
+  text += words(step.info);
   text += "\n";
   for (const StepPointer& source : step.from) add_step(*source, depth + 1, seen, text);
 }

@@ -38,17 +38,19 @@ Term clear_width(Derivation& d, const std::string& symbol, const char* quantity,
   const engine::HAZ_SHAPE& shape = shape_of(d);
   const Term left = dimension(d, of) - times(shape.lost.haz, haz_width(d)) -
                     times(shape.lost.webs, dimension(d, Dimension::web));
-  const char* why = d.shape() == ALU_SHAPE_T
-                        ? "not below 0; of a tee twice the flange less one zone and the web (W5)"
-                        : "not below 0";
-  return d.trace.define({symbol, quantity, "mm", "chapter 5", why}, value,
+  const char* why =
+      d.shape() == ALU_SHAPE_T
+          ? translatable("not below 0; of a tee twice the flange less one zone and the web (W5)")
+          : translatable("not below 0");
+  return d.trace.define({symbol, quantity, "mm", translatable("chapter 5"), why}, value,
                         greater(times(shape.dParts, left), Term::number(0.0)));
 }
 
 Term strip_width(Derivation& d, const std::string& symbol, const char* quantity, double value,
                  const engine::HAZ_SHAPE::WIDTH& width) {
-  return d.trace.define({symbol, quantity, "mm", "chapter 5", "never shortened (W1)"}, value,
-                        width_of(d, width));
+  return d.trace.define(
+      {symbol, quantity, "mm", translatable("chapter 5"), translatable("never shortened (W1)")},
+      value, width_of(d, width));
 }
 
 Term arm_of(Derivation& d, const std::string& symbol, const char* quantity, const Term& fibre,
@@ -60,11 +62,13 @@ FlangeTerms top_flange(Derivation& d) {
   const engine::HAZ_SHAPE& shape = shape_of(d);
   const engine::HAZ_FLANGE flange = plates_of(d).flange[0];
   const Term t = dimension(d, Dimension::top_thickness);
-  const Term strip =
-      strip_width(d, "s1", "heat-affected width of the top flange", flange.strip, shape.strip);
-  return {clear_width(d, "bf1", "clear width of the top flange", flange.bf, Dimension::top_width),
+  const Term strip = strip_width(d, "s1", translatable("heat-affected width of the top flange"),
+                                 flange.strip, shape.strip);
+  return {clear_width(d, "bf1", translatable("clear width of the top flange"), flange.bf,
+                      Dimension::top_width),
           t, strip, strip,
-          arm_of(d, "d1", "distance of the top flange's middle from the y axis", top_fibre(d), t)};
+          arm_of(d, "d1", translatable("distance of the top flange's middle from the y axis"),
+                 top_fibre(d), t)};
 }
 
 FlangeTerms bottom_flange(Derivation& d) {
@@ -73,18 +77,20 @@ FlangeTerms bottom_flange(Derivation& d) {
   const bool has_own_width = d.shape() == ALU_SHAPE_C || d.shape() == ALU_SHAPE_H;
   const Term t = dimension(
       d, d.shape() == ALU_SHAPE_2C ? Dimension::top_thickness : Dimension::bottom_thickness);
-  const Term strip =
-      strip_width(d, "s2", "heat-affected width of the bottom flange", flange.strip, shape.strip);
+  const Term strip = strip_width(d, "s2", translatable("heat-affected width of the bottom flange"),
+                                 flange.strip, shape.strip);
   const bool is_whole = shape.bottomOwn.haz == shape.strip.haz;
-  const Term own = is_whole ? strip
-                            : d.trace.define({"s2own", "width of the bottom strip's own inertia",
-                                              "mm", "chapter 5", "of a box half of the strip"},
-                                             flange.ownStrip, width_of(d, shape.bottomOwn));
-  return {clear_width(d, "bf2", "clear width of the bottom flange", flange.bf,
+  const Term own =
+      is_whole
+          ? strip
+          : d.trace.define({"s2own", translatable("width of the bottom strip's own inertia"), "mm",
+                            translatable("chapter 5"), translatable("of a box half of the strip")},
+                           flange.ownStrip, width_of(d, shape.bottomOwn));
+  return {clear_width(d, "bf2", translatable("clear width of the bottom flange"), flange.bf,
                       has_own_width ? Dimension::bottom_width : Dimension::top_width),
           t, strip, own,
-          arm_of(d, "d2", "distance of the bottom flange's middle from the y axis", bottom_fibre(d),
-                 t)};
+          arm_of(d, "d2", translatable("distance of the bottom flange's middle from the y axis"),
+                 bottom_fibre(d), t)};
 }
 
 Term clear_web_height(Derivation& d) {
@@ -94,7 +100,8 @@ Term clear_web_height(Derivation& d) {
                     : d.shape() == ALU_SHAPE_2C
                         ? H - 2.0 * tf1 - zones
                         : H - tf1 - dimension(d, Dimension::bottom_thickness) - zones;
-  return d.trace.define({"hw", "clear height of the web", "mm", "chapter 5", "not below 0"},
+  return d.trace.define({"hw", translatable("clear height of the web"), "mm",
+                         translatable("chapter 5"), translatable("not below 0")},
                         plates_of(d).hw, greater(left, Term::number(0.0)));
 }
 
@@ -103,21 +110,24 @@ Term flange_inertia(Derivation& d, const std::string& symbol, const char* quanti
   const auto& [bf, t, strip, own, arm] = flange;
   const Term rho = haz_factor(d);
   return d.trace.define(
-      {symbol, quantity, "mm⁴", "chapter 5"}, engine::HazFlangeInertia(of, d.material.HazFactor()),
+      {symbol, quantity, "mm⁴", translatable("chapter 5")},
+      engine::HazFlangeInertia(of, d.material.HazFactor()),
       (bf + strip * rho) * t * squared(arm) + bf * cubed(t) / 12.0 + own * cubed(rho * t) / 12.0);
 }
 
 Term clear_web_inertia(Derivation& d, const PlateTerms& plates) {
-  return d.trace.define({"Iw1", "inertia of the clear web", "mm⁴", "chapter 5"},
-                        engine::ClearWebInertia(plates_of(d)),
-                        cubed(plates.web_height) * plates.web / (12.0 / Term::number(plates.webs)));
+  return d.trace.define(
+      {"Iw1", translatable("inertia of the clear web"), "mm⁴", translatable("chapter 5")},
+      engine::ClearWebInertia(plates_of(d)),
+      cubed(plates.web_height) * plates.web / (12.0 / Term::number(plates.webs)));
 }
 
 /// Squared distances of the web strips' middles from the y axis.
 Term strip_offsets(Derivation& d, const PlateTerms& plates) {
   const auto offset = [&](const char* symbol, const Term& fibre, const Term& thickness) {
-    return d.trace.part({symbol, "distance of a web strip's middle from the y axis", "mm"},
-                        magnitude(fibre) - thickness - haz_width(d) / 2.0);
+    return d.trace.part(
+        {symbol, translatable("distance of a web strip's middle from the y axis"), "mm"},
+        magnitude(fibre) - thickness - haz_width(d) / 2.0);
   };
   Term top = squared(offset("g1", top_fibre(d), plates.top.thickness));
   if (!plates.has_bottom) return top;
@@ -142,11 +152,12 @@ Term web_strip_inertia(Derivation& d, const PlateTerms& plates) {
   return d.trace.once("Iw2", [&] {
     const Term rho = haz_factor(d), b = haz_width(d);
     const int strips = plates.webs * (plates.has_bottom ? 2 : 1);
-    return d.trace.define({"Iw2", "inertia of the heat-affected strips of the webs", "mm⁴",
-                           "chapter 5", "strips count together in their own inertia"},
-                          engine::WebStripInertia(plates_of(d), haz_of(d)),
-                          rho * plates.web * cubed(b) / (12.0 / Term::number(strips)) +
-                              times(plates.webs, rho) * plates.web * b * strip_offsets(d, plates));
+    return d.trace.define(
+        {"Iw2", translatable("inertia of the heat-affected strips of the webs"), "mm⁴",
+         translatable("chapter 5"), translatable("strips count together in their own inertia")},
+        engine::WebStripInertia(plates_of(d), haz_of(d)),
+        rho * plates.web * cubed(b) / (12.0 / Term::number(strips)) +
+            times(plates.webs, rho) * plates.web * b * strip_offsets(d, plates));
   });
 }
 
@@ -154,13 +165,15 @@ Term heat_affected_inertia(Derivation& d) {
   return d.trace.once("Ihaz", [&] {
     const PlateTerms plates = haz_plates(d);
     const engine::HAZ_PLATES of = plates_of(d);
-    Term sum = flange_inertia(d, "If1", "inertia of the top flange", plates.top, of.flange[0]);
+    Term sum = flange_inertia(d, "If1", translatable("inertia of the top flange"), plates.top,
+                              of.flange[0]);
     if (plates.has_bottom) {
-      sum = sum +
-            flange_inertia(d, "If2", "inertia of the bottom flange", plates.bottom, of.flange[1]);
+      sum = sum + flange_inertia(d, "If2", translatable("inertia of the bottom flange"),
+                                 plates.bottom, of.flange[1]);
     }
     return d.trace.define(
-        {"Ihaz", "second moment of area about y with heat-affected strips", "mm⁴", "chapter 5"},
+        {"Ihaz", translatable("second moment of area about y with heat-affected strips"), "mm⁴",
+         translatable("chapter 5")},
         engine::HeatAffectedInertia(of, haz_of(d)),
         sum + clear_web_inertia(d, plates) + web_strip_inertia(d, plates));
   });
@@ -179,10 +192,11 @@ Term heat_affected_area(Derivation& d) {
       area = area + top.strip * top.thickness * rho;
     }
     const int strips = plates.webs * (plates.has_bottom ? 2 : 1);
-    return d.trace.define({"Ahaz", "area with heat-affected strips", "mm²", "chapter 5"},
-                          engine::HeatAffectedArea(plates_of(d), haz_of(d)),
-                          area + times(strips, haz_width(d)) * plates.web * rho +
-                              times(plates.webs, plates.web_height) * plates.web);
+    return d.trace.define(
+        {"Ahaz", translatable("area with heat-affected strips"), "mm²", translatable("chapter 5")},
+        engine::HeatAffectedArea(plates_of(d), haz_of(d)),
+        area + times(strips, haz_width(d)) * plates.web * rho +
+            times(plates.webs, plates.web_height) * plates.web);
   });
 }
 

@@ -45,39 +45,40 @@ const Names& names_of(std::int32_t shape) {
   }
 }
 
-constexpr Names quantities{"depth of the section",       "thickness of the web",
-                           "width of the top flange",    "top flange thickness",
-                           "width of the bottom flange", "bottom flange thickness",
-                           "corner allowance r1",        "corner allowance r2"};
+constexpr Names quantities{
+    translatable("depth of the section"),       translatable("thickness of the web"),
+    translatable("width of the top flange"),    translatable("top flange thickness"),
+    translatable("width of the bottom flange"), translatable("bottom flange thickness"),
+    translatable("corner allowance r1"),        translatable("corner allowance r2")};
 
 const char* quantity_of(std::int32_t shape, std::size_t place) {
   const bool is_round = shape == ALU_SHAPE_P || shape == ALU_SHAPE_SR;
-  if (is_round && (place == 0 || shape == ALU_SHAPE_SR)) return "outside diameter";
-  if (shape == ALU_SHAPE_P && place == 1) return "thickness of the wall";
-  if (place == 4 && shape == ALU_SHAPE_B) return "distance of the webs";
-  if (place == 4 && shape == ALU_SHAPE_2C) return "gap between the backs";
-  if (place == 2 && shape == ALU_SHAPE_2C) return "width of a flange of one channel";
+  if (is_round && (place == 0 || shape == ALU_SHAPE_SR)) return translatable("outside diameter");
+  if (shape == ALU_SHAPE_P && place == 1) return translatable("thickness of the wall");
+  if (place == 4 && shape == ALU_SHAPE_B) return translatable("distance of the webs");
+  if (place == 4 && shape == ALU_SHAPE_2C) return translatable("gap between the backs");
+  if (place == 2 && shape == ALU_SHAPE_2C) return translatable("width of a flange of one channel");
   const bool has_one = shape == ALU_SHAPE_T || shape == ALU_SHAPE_2C;
-  if (place == 3 && has_one) return "thickness of the flanges";
+  if (place == 3 && has_one) return translatable("thickness of the flanges");
   return quantities.at(place);
 }
 
 }  // namespace
 
 Term axial_force(Derivation& d) {
-  return force_of(d, "N", "axial force, tension positive", "N", ALU_FORCE_N);
+  return force_of(d, "N", translatable("axial force, tension positive"), "N", ALU_FORCE_N);
 }
 Term shear_force_y(Derivation& d) {
-  return force_of(d, "Fy", "shear force along y", "N", ALU_FORCE_FY);
+  return force_of(d, "Fy", translatable("shear force along y"), "N", ALU_FORCE_FY);
 }
 Term shear_force_z(Derivation& d) {
-  return force_of(d, "Fz", "shear force along z", "N", ALU_FORCE_FZ);
+  return force_of(d, "Fz", translatable("shear force along z"), "N", ALU_FORCE_FZ);
 }
 Term moment_y(Derivation& d) {
-  return force_of(d, "My", "moment about y", "N·mm", ALU_FORCE_MY);
+  return force_of(d, "My", translatable("moment about y"), "N·mm", ALU_FORCE_MY);
 }
 Term moment_z(Derivation& d) {
-  return force_of(d, "Mz", "moment about z", "N·mm", ALU_FORCE_MZ);
+  return force_of(d, "Mz", translatable("moment about z"), "N·mm", ALU_FORCE_MZ);
 }
 
 Term dimension(Derivation& d, Dimension which) {
@@ -87,78 +88,88 @@ Term dimension(Derivation& d, Dimension which) {
 }
 
 Term gross_area(Derivation& d) {
-  return constant_of(d, "A", "gross area", "mm²", d.in.Section().dArea);
+  return constant_of(d, "A", translatable("gross area"), "mm²", d.in.Section().dArea);
 }
 Term inertia_y(Derivation& d) {
-  return constant_of(d, "Iyy", "second moment of area about y", "mm⁴", d.in.Section().dIyy);
+  return constant_of(d, "Iyy", translatable("second moment of area about y"), "mm⁴",
+                     d.in.Section().dIyy);
 }
 Term inertia_z(Derivation& d) {
-  return constant_of(d, "Izz", "second moment of area about z", "mm⁴", d.in.Section().dIzz);
+  return constant_of(d, "Izz", translatable("second moment of area about z"), "mm⁴",
+                     d.in.Section().dIzz);
 }
 Term torsion_constant(Derivation& d) {
-  return constant_of(d, "It", "torsion constant", "mm⁴", d.in.Section().dIxx);
+  return constant_of(d, "It", translatable("torsion constant"), "mm⁴", d.in.Section().dIxx);
 }
 Term warping_constant(Derivation& d) {
-  return constant_of(d, "Iω", "warping constant", "mm⁶", d.in.Section().dIw);
+  return constant_of(d, "Iω", translatable("warping constant"), "mm⁶", d.in.Section().dIw);
 }
 Term shear_centre(Derivation& d) {
-  return constant_of(d, "e0", "z of the shear centre from the centroid", "mm",
+  return constant_of(d, "e0", translatable("z of the shear centre from the centroid"), "mm",
                      d.in.Section().dShearCtr);
 }
 Term top_fibre(Derivation& d) {
-  return constant_of(d, "z1", "z of the top fibre", "mm", d.in.Section().dPtZ[0]);
+  return constant_of(d, "z1", translatable("z of the top fibre"), "mm", d.in.Section().dPtZ[0]);
 }
 Term bottom_fibre(Derivation& d) {
-  return constant_of(d, "z3", "z of the bottom fibre", "mm", d.in.Section().dPtZ[2]);
+  return constant_of(d, "z3", translatable("z of the bottom fibre"), "mm", d.in.Section().dPtZ[2]);
 }
 Term outermost_y(Derivation& d) {
-  return constant_of(d, "ymax", "largest |y| of the stress points", "mm",
+  return constant_of(d, "ymax", translatable("largest |y| of the stress points"), "mm",
                      alu_engine::OutermostY(d.in.Section()));
 }
 Term outermost_z(Derivation& d) {
-  return constant_of(d, "zmax", "largest |z| of the stress points", "mm",
+  return constant_of(d, "zmax", translatable("largest |z| of the stress points"), "mm",
                      alu_engine::OutermostZ(d.in.Section()));
 }
 
 Term elastic_modulus(Derivation& d) {
-  return d.given({"E", "elastic modulus, its whole part", "N/mm²", "", d.origins.material},
-                 d.in.E());
+  return d.given(
+      {"E", translatable("elastic modulus, its whole part"), "N/mm²", "", d.origins.material},
+      d.in.E());
 }
 Term poisson_ratio(Derivation& d) {
-  return d.given({"ν", "Poisson's ratio", "", "", d.origins.material},
+  return d.given({"ν", translatable("Poisson's ratio"), "", "", d.origins.material},
                  d.in.data.code.matl.dPoisson);
 }
 Term shear_modulus(Derivation& d) {
-  return d.given({"G", "shear modulus of aluminium", "N/mm²"}, alu_engine::kShearModulus);
+  return d.given({"G", translatable("shear modulus of aluminium"), "N/mm²"},
+                 alu_engine::kShearModulus);
 }
 
 Term haz_factor(Derivation& d) {
   const bool in_table = d.material.bCodeStandard && d.material.pGrade != nullptr;
-  return d.given({"ρhaz", "what a heat-affected strip keeps of its thickness", "", "chapter 5",
-                  in_table ? "of the alloy" : "1: the code's table does not have this material"},
+  return d.given({"ρhaz", translatable("what a heat-affected strip keeps of its thickness"), "",
+                  translatable("chapter 5"),
+                  in_table ? translatable("of the alloy")
+                           : translatable("1: the code's table does not have this material")},
                  d.material.HazFactor());
 }
 Term haz_width(Derivation& d) {
-  return d.given(
-      {"b", "width of the heat-affected zone on each side of a weld", "mm", "", d.origins.settings},
-      d.in.Parameters().dHazWidth);
+  return d.given({"b", translatable("width of the heat-affected zone on each side of a weld"), "mm",
+                  "", d.origins.settings},
+                 d.in.Parameters().dHazWidth);
 }
 
 Term strength_ratio(Derivation& d) {
-  return d.given({"ηA", "strength ratio: net over gross area", "", "", d.origins.settings},
-                 d.in.Parameters().dCoef085);
+  return d.given(
+      {"ηA", translatable("strength ratio: net over gross area"), "", "", d.origins.settings},
+      d.in.Parameters().dCoef085);
 }
 
 Term member_length(Derivation& d) {
-  return d.given({"L", "length of the member", "mm", "", d.origins.member}, d.in.data.dMembLength);
+  return d.given({"L", translatable("length of the member"), "mm", "", d.origins.member},
+                 d.in.data.dMembLength);
 }
 Term length_factor_y(Derivation& d) {
-  return d.given({"Ky", "effective length factor about y", "", "4.5", d.origins.factor_y},
-                 d.in.Parameters().dKy);
+  return d.given(
+      {"Ky", translatable("effective length factor about y"), "", "4.5", d.origins.factor_y},
+      d.in.Parameters().dKy);
 }
 Term length_factor_z(Derivation& d) {
-  return d.given({"Kz", "effective length factor about z", "", "4.5", d.origins.factor_z},
-                 d.in.Parameters().dKz);
+  return d.given(
+      {"Kz", translatable("effective length factor about z"), "", "4.5", d.origins.factor_z},
+      d.in.Parameters().dKz);
 }
 
 Term pi_squared() {

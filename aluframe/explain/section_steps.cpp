@@ -30,16 +30,18 @@ std::vector<std::string> reason_steps(Derivation& d) {
 std::string reason_of(const Derivation& d) {
   switch (kind_of(d)) {
     case Kind::effective:
-      return d.is_welded() ? "effective section: a plate is slender; welded"
-                           : "effective section: a plate is slender";
+      return d.is_welded() ? translatable("effective section: a plate is slender; welded")
+                           : translatable("effective section: a plate is slender");
     case Kind::heat_affected:
-      return "heat-affected section: welded";
+      return translatable("heat-affected section: welded");
     default:
       break;
   }
-  if (d.is_welded()) return "gross section: pipes and solid rounds keep it beside a weld";
-  return has_judged_plates(d) ? "gross section: not welded"
-                              : "gross section: not welded, plates of this shape are not judged";
+  if (d.is_welded())
+    return translatable("gross section: pipes and solid rounds keep it beside a weld");
+  return has_judged_plates(d)
+             ? translatable("gross section: not welded")
+             : translatable("gross section: not welded, plates of this shape are not judged");
 }
 
 struct AreaAndInertia {
@@ -75,17 +77,17 @@ Term calculated_area(Derivation& d) {
 }
 
 Term top_modulus(Derivation& d) {
-  return modulus(d, "W1", "modulus of the top fibre", d.section.dW1, true);
+  return modulus(d, "W1", translatable("modulus of the top fibre"), d.section.dW1, true);
 }
 
 Term bottom_modulus(Derivation& d) {
-  return modulus(d, "W2", "modulus of the bottom fibre", d.section.dW2, false);
+  return modulus(d, "W2", translatable("modulus of the bottom fibre"), d.section.dW2, false);
 }
 
 Term modulus_z(Derivation& d) {
   return d.trace.once("Wz", [&] {
-    const char* kept = kind_of(d) == Kind::gross ? "" : "always of the gross section";
-    return d.trace.define({"Wz", "modulus about z", "mm³", "", kept}, d.section.dWz,
+    const char* kept = kind_of(d) == Kind::gross ? "" : translatable("always of the gross section");
+    return d.trace.define({"Wz", translatable("modulus about z"), "mm³", "", kept}, d.section.dWz,
                           inertia_z(d) / outermost_y(d));
   });
 }

@@ -7,8 +7,13 @@
 #include <vector>
 
 #include "aluframe/explain/term.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::explain {
+
+// Quantities and reasons are kept in English and put in the words of the language in use where they
+// are shown.
+using texts::translatable;
 
 /// What is to be said of a quantity.
 struct Info {
@@ -37,6 +42,10 @@ class StepMismatch : public std::logic_error {
  public:
   using std::logic_error::logic_error;
 };
+
+/// The numbers that a step is worked out from, and its result; of a step without a formula the
+/// result alone.
+NumberLine line_of(const Step& step);
 
 /// All steps that a step follows from and itself, each once, before any that follows from it.
 std::vector<StepPointer> steps_of(const StepPointer& root);

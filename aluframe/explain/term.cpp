@@ -180,10 +180,10 @@ NumberLine number_line(const Term& term) {
   const std::string result = number_text(value(term), result_digits);
   for (int digits = fewest; digits < exact; ++digits) {
     if (number_text(value_of_numbers(term, digits), result_digits) == result) {
-      return {numbers(term, digits), result};
+      return {numbers(term, digits), result, digits};
     }
   }
-  return {numbers(term, exact), result};
+  return {numbers(term, exact), result, exact};
 }
 
 }  // namespace aluframe::explain

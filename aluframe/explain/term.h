@@ -129,6 +129,7 @@ double value_of_numbers(const Term& term, int digits);
 struct NumberLine {
   std::string numbers;
   std::string result;
+  int digits = 0;  ///< of the numbers
 };
 
 /// The result to six significant digits, and the numbers with the fewest digits, at least five,

@@ -1,12 +1,12 @@
 #include "aluframe/explain/trace.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <set>
 #include <utility>
+
+#include "aluframe/explain/number_text.h"
 
 namespace aluframe::explain {
 
@@ -20,6 +20,11 @@ void add_behind(const StepPointer& step, std::set<const Step*>& seen,
 }
 
 }  // namespace
+
+NumberLine line_of(const Step& step) {
+  if (step.formula) return number_line(*step.formula);
+  return {"", number_text(step.value, result_digits), result_digits};
+}
 
 std::vector<StepPointer> steps_of(const StepPointer& root) {
   std::set<const Step*> seen;
@@ -43,8 +48,8 @@ Term Trace::define(const Info& info, double value, const Term& formula,
                    const std::vector<std::string>& because) {
   const double own = explain::value(formula);
   if (!agree(own, value)) {
-    throw StepMismatch(fmt::format("{}: the checks have {}, {} gives {}", info.symbol, value,
-                                   explain::formula(formula), own));
+    throw StepMismatch(texts::translated("{}: the checks have {}, {} gives {}", info.symbol, value,
+                                         explain::formula(formula), own));
   }
   return add({info, value, formula, {}}, because);
 }
@@ -62,7 +67,7 @@ Term Trace::add(Step step, const std::vector<std::string>& because) {
   const std::string symbol = step.info.symbol;
   if (const StepPointer known = this->step(symbol)) {
     const bool is_same = known->value == step.value || std::isnan(known->value + step.value);
-    if (!is_same) throw StepMismatch(symbol + ": there are two steps of it");
+    if (!is_same) throw StepMismatch(texts::translated("{}: there are two steps of it", symbol));
     return Term::symbol(symbol, known->value);
   }
   std::vector<std::string> sources;
@@ -71,7 +76,7 @@ Term Trace::add(Step step, const std::vector<std::string>& because) {
   for (const std::string& source : sources) {
     const auto found = steps_.find(source);
     if (found == steps_.end())
-      throw StepMismatch(fmt::format("{}: there is no step of {}", symbol, source));
+      throw StepMismatch(texts::translated("{}: there is no step of {}", symbol, source));
     if (std::ranges::find(step.from, found->second) == step.from.end())
       step.from.push_back(found->second);
   }

@@ -9,6 +9,7 @@
 #include "aluframe/members/end_restraint.h"
 #include "aluframe/members/mode_lengths.h"
 #include "aluframe/members/restraining_bar.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::members {
 
@@ -145,9 +146,16 @@ bool is_of_chart(FactorSource source) {
 }  // namespace
 
 std::string_view name_of(FactorSource source) {
-  constexpr std::string_view names[] = {
-      "given (element)", "given (member)", "one",        "no supports", "truss",
-      "non-sway",        "sway",           "cantilever", "mode"};
+  using texts::translatable;
+  constexpr std::string_view names[] = {translatable("given (element)"),
+                                        translatable("given (member)"),
+                                        translatable("one"),
+                                        translatable("no supports"),
+                                        translatable("truss"),
+                                        translatable("non-sway"),
+                                        translatable("sway"),
+                                        translatable("cantilever"),
+                                        translatable("mode")};
   return names[static_cast<std::size_t>(source)];
 }
 

@@ -1,7 +1,5 @@
 #include "aluframe/run/explained_check.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -9,6 +7,7 @@
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -37,18 +36,25 @@ std::string covered_text(const store::RunInfo& info) {
   return model::join_as_ranges({numbers.begin(), numbers.end()});
 }
 
+/// Records of the element in each combination.
+Records records_of_combinations(store::ResultReader& reader, model::Number element) {
+  Records records = reader.read_all(element);
+  std::erase_if(records, [](const auto& record) { return record.combination == 0; });
+  return records;
+}
+
 /// Records of the wanted element, combination and side.
 Result<Records> wanted_records(store::ResultReader& reader, const WantedCheck& wanted) {
-  Records records = reader.read_all(wanted.element);
-  std::erase_if(records, [](const auto& record) { return record.combination == 0; });
+  Records records = records_of_combinations(reader, wanted.element);
   if (records.empty()) {
-    return Problem{fmt::format("--element: there is no result of element {}", wanted.element)};
+    return Problem{
+        texts::translated("--element: there is no result of element {}", wanted.element)};
   }
   if (wanted.combination) {
     const auto chosen = combinations_of(reader.info(), *wanted.combination);
     std::erase_if(records, [&](const auto& row) { return !chosen.contains(row.combination); });
     if (records.empty()) {
-      return Problem{fmt::format(
+      return Problem{texts::translated(
           "--combination: there is no result of element {} in combination {}, covered are {}",
           wanted.element, *wanted.combination, covered_text(reader.info()))};
     }
@@ -56,8 +62,10 @@ Result<Records> wanted_records(store::ResultReader& reader, const WantedCheck& w
   if (wanted.min_side) {
     std::erase_if(records, [&](const auto& row) { return row.min_side != *wanted.min_side; });
     if (records.empty()) {
-      return Problem{fmt::format("--side: there is no {} side, as no combination has two",
-                                 *wanted.min_side == 0 ? "maximum" : "minimum")};
+      return Problem{
+          *wanted.min_side == 0
+              ? texts::translated("--side: there is no maximum side, as no combination has two")
+              : texts::translated("--side: there is no minimum side, as no combination has two")};
     }
   }
   return records;
@@ -108,6 +116,26 @@ Result<CheckPlace> find_check(store::ResultReader& reader, const WantedCheck& wa
   if (worst) return worst->place;
   return CheckPlace{wanted.item.value_or(RALU_STRENGTH), records.front().combination,
                     records.front().min_side, wanted.position.value_or(0), std::nullopt};
+}
+
+std::optional<CheckPlace> governing_check(store::ResultReader& reader, model::Number element) {
+  const Records records = records_of_combinations(reader, element);
+  std::optional<Found> worst;
+  for (int item = 0; item < kResultItems; ++item) {
+    keep_worst_of_item(worst, records, item, {.element = element});
+  }
+  return worst ? std::optional(worst->place) : std::nullopt;
+}
+
+std::vector<CheckPlace> worst_checks(store::ResultReader& reader, model::Number element) {
+  const Records records = records_of_combinations(reader, element);
+  std::vector<CheckPlace> places;
+  for (int item = 0; item < kResultItems; ++item) {
+    std::optional<Found> worst;
+    keep_worst_of_item(worst, records, item, {.element = element});
+    if (worst) places.push_back(worst->place);
+  }
+  return places;
 }
 
 }  // namespace aluframe::run

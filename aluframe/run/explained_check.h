@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "aluframe/model/table.h"
 #include "aluframe/run/problem.h"
@@ -33,5 +34,10 @@ struct CheckPlace {
 /// The worst of the stored checks that are wanted. Where none of them has a result, the first place
 /// at which it could have one.
 Result<CheckPlace> find_check(store::ResultReader& reader, const WantedCheck& wanted);
+
+/// The worst stored check of an element; nothing when it has none.
+std::optional<CheckPlace> governing_check(store::ResultReader& reader, model::Number element);
+/// The worst stored check of each item that has one, by item.
+std::vector<CheckPlace> worst_checks(store::ResultReader& reader, model::Number element);
 
 }  // namespace aluframe::run

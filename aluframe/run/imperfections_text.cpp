@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "aluframe/model/units.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -45,7 +46,7 @@ std::string imperfections_text(const model::Model& model) {
     add("bow " + both(bow_text(given.bow_y), bow_text(given.bow_z), "about", "y", "z"));
   }
   if (given.mode > 0.0) {
-    add(fmt::format("first buckling mode to {:.4g} {}",
+    add(fmt::format(texts::translatable("first buckling mode to {:.4g} {}"),
                     given.mode / model::millimetres_per(model.units.length),
                     model::name_of(model.units.length)));
   }

@@ -16,6 +16,7 @@ namespace aluframe::run {
 namespace {
 
 using store::SettingRow;
+using texts::translatable;
 
 /// γ0 of the safety classes (GB 50429-2007, as GB 50068 has it).
 constexpr std::array<double, 3> gamma_0{1.1, 1.0, 0.9};
@@ -86,7 +87,8 @@ SettingRow buckling_row(const model::Model& model) {
 
 std::string analysis_in_words(const model::Model& model) {
   const std::string imperfections = imperfections_text(model);
-  return imperfections.empty() ? "second-order" : "second-order with " + imperfections;
+  return imperfections.empty() ? translatable("second-order")
+                               : fmt::format(translatable("second-order with {}"), imperfections);
 }
 
 std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
@@ -119,11 +121,11 @@ SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origi
   const bool has_loads = std::ranges::any_of(model.load_cases, forces::has_loads);
   const bool has_forces = model.forces != model::ForceTable();
   const std::string file = origins.forces ? origins.forces->filename().string() : "given";
-  if (!has_forces) return {"analysis", "linear", "default"};
-  if (!has_loads) return {"analysis", "given forces", file};
+  if (!has_forces) return {"analysis", translatable("linear"), "default"};
+  if (!has_loads) return {"analysis", translatable("given forces"), file};
   return {"analysis",
-          forces::has_all_forces(model) ? "given forces, loads are not analysed"
-                                        : "linear, beside given forces",
+          forces::has_all_forces(model) ? translatable("given forces, loads are not analysed")
+                                        : translatable("linear, beside given forces"),
           file};
 }
 

@@ -8,11 +8,12 @@
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/model.h"
 #include "aluframe/store/result_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
 /// How forces came about where displacements of any size were followed.
-inline constexpr const char* large_displacements = "large displacements";
+inline constexpr const char* large_displacements = texts::translatable("large displacements");
 
 /// Where what a run goes by comes from.
 struct SetupOrigins {

@@ -8,8 +8,11 @@
 
 #include "aluframe/store/check_names.h"
 #include "aluframe/tables/output_table.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
+
+using texts::translatable;
 
 std::string_view item_name(int item) {
   return store::item_names.at(static_cast<std::size_t>(item));
@@ -24,13 +27,13 @@ std::string_view position_name(int position) {
 std::string_view member_type_name(int type) {
   switch (type) {
     case 1:
-      return "column";
+      return translatable("column");
     case 2:
-      return "beam";
+      return translatable("beam");
     case 3:
-      return "brace";
+      return translatable("brace");
     case 5:
-      return "truss";
+      return translatable("truss");
     default:
       return "-";
   }

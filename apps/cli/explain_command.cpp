@@ -3,15 +3,19 @@
 #include <fmt/format.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <stdexcept>
 #include <variant>
 
+#include "aluframe/document/derivation_page.h"
 #include "aluframe/explain/explanation_text.h"
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/plain_text.h"
 #include "aluframe/run/results.h"
 #include "aluframe/store/result_file.h"
 #include "aluframe/tables/names.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
@@ -24,29 +28,44 @@ const char* side_name(const run::ExplainedCheck& check) {
   return check.place.min_side == 0 ? "max" : "min";
 }
 
-/// "Element 12 (column), stability, combination 3 "wind", at J: axial compression".
-std::string heading(const run::ExplainedCheck& check) {
-  std::string text = fmt::format("Element {} ({}), {}, combination {}", check.element,
-                                 tables::member_type_name(check.member_type),
-                                 tables::item_name(check.place.item), check.combination);
+/// "3 "wind" (max)", the combination by its number and what else tells it from others.
+std::string combination_name(const run::ExplainedCheck& check) {
+  std::string text = fmt::format("{}", check.combination);
   const std::string name = model::without_control_characters(check.combination_name);
   if (!name.empty()) text += fmt::format(" \"{}\"", name);
   if (check.has_sides) text += fmt::format(" ({})", side_name(check));
-  return text + fmt::format(", at {}: {}\n", tables::position_name(check.place.position),
-                            check.explanation.check);
+  return text;
 }
 
-constexpr const char* footing =
-    "Forces N, N·mm, lengths mm. Names of rules in brackets, such as (F1): docs/behaviour.md; what "
-    "is shown and how: docs/explain.md\n";
+/// "Element 12 (column), stability, combination 3 "wind", at J".
+std::string place_of(const run::ExplainedCheck& check) {
+  return texts::translated("Element {} ({}), {}, combination {}, at {}", check.elements.front(),
+                           texts::translation_of(tables::member_type_name(check.member_type)),
+                           texts::translation_of(tables::item_name(check.place.item)),
+                           combination_name(check), tables::position_name(check.place.position));
+}
+
+std::string footing() {
+  return texts::translated(
+      "Forces N, N·mm, lengths mm. Names of rules in brackets, such as (F1): docs/behaviour.md; "
+      "what is shown and how: docs/explain.md");
+}
 
 std::string text_of(const run::ExplainedCheck& check) {
-  return heading(check) + "\n" + explain::to_text(check.explanation.ratio) + "\n" + footing;
+  return place_of(check) + texts::translated(": ") +
+         texts::sentence_in_words(check.explanation.check) + "\n\n" +
+         explain::to_text(check.explanation.ratio) + "\n" + footing() + "\n";
+}
+
+std::string page_of(const run::ExplainedCheck& check) {
+  std::ostringstream page;
+  document::write_derivation_page(page, {place_of(check), footing()}, check.explanation);
+  return page.str();
 }
 
 std::string json_of(const run::ExplainedCheck& check) {
   nlohmann::ordered_json json = nlohmann::ordered_json::object();
-  json["element"] = check.element;
+  json["element"] = check.elements.front();
   json["member_type"] = tables::member_type_name(check.member_type);
   json["item"] = tables::item_name(check.place.item);
   json["combination"] = check.combination;
@@ -68,16 +87,33 @@ std::optional<std::string> overwriting_problem(const ExplainOptions& options,
                                   {"the table of forces", options.input.forces}});
 }
 
+std::string shown(const run::ExplainedCheck& check, ExplanationFormat format) {
+  switch (format) {
+    case ExplanationFormat::json:
+      return json_of(check);
+    case ExplanationFormat::html:
+      return page_of(check);
+    case ExplanationFormat::table:
+      break;
+  }
+  return text_of(check);
+}
+
 int explain(const ExplainOptions& options, const std::filesystem::path& results) {
   auto explained =
       run::explain_check({.input = options.input, .results = results, .wanted = options.wanted});
   if (const auto* problem = std::get_if<run::Problem>(&explained)) return stop(*problem);
-  const auto& check = std::get<run::ExplainedCheck>(explained);
-  return write_output(options.format == tables::Format::json ? json_of(check) : text_of(check),
+  return write_output(shown(std::get<run::ExplainedCheck>(explained), options.format),
                       options.output);
 }
 
 }  // namespace
+
+std::optional<ExplanationFormat> parse_explanation_format(const std::string& name) {
+  if (name == "table") return ExplanationFormat::table;
+  if (name == "json") return ExplanationFormat::json;
+  return name == "html" ? std::optional(ExplanationFormat::html) : std::nullopt;
+}
 
 std::optional<int> parse_side(const std::string& name) {
   if (name == "max") return 0;

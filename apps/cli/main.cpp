@@ -108,11 +108,6 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
   results->callback([&] { status = run_results_command(options); });
 }
 
-std::optional<tables::Format> parse_explanation_format(const std::string& name) {
-  const auto format = tables::parse_format(name);
-  return format == tables::Format::csv ? std::nullopt : format;
-}
-
 void add_explain(CLI::App& app, ExplainOptions& options, int& status) {
   CLI::App* explain =
       app.add_subcommand("explain", "Show step by step how a ratio of the results comes about");
@@ -133,8 +128,9 @@ void add_explain(CLI::App& app, ExplainOptions& options, int& status) {
              "Where in the element: I, 1/4, 1/2, 3/4 or J; the worst when not given");
   explain->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
-  add_parsed(*explain, "--format", options.format, one_of(parse_explanation_format, "table, json"),
-             "How to print: table or json");
+  add_parsed(*explain, "--format", options.format,
+             one_of(parse_explanation_format, "table, json, html"),
+             "How to print: table, json or html");
   explain->add_option("--output", options.output, "Write to this file")->type_name("FILE");
   explain->callback([&] { status = run_explain_command(options); });
 }

@@ -234,7 +234,7 @@ REFUSED = [
     (["--element", 1, "--item", "weld"], "--item: found 'weld', must be one of strength, shear-y"),
     (["--element", 1, "--position", "K"], "--position: found 'K', must be one of I, 1/4, 1/2, 3/4, J"),
     (["--element", 1, "--side", "left"], "--side: found 'left', must be one of max, min"),
-    (["--element", 1, "--format", "csv"], "--format: found 'csv', must be one of table, json"),
+    (["--element", 1, "--format", "csv"], "--format: found 'csv', must be one of table, json, html"),
     ([], "--element is required"),
 ]
 

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "aluframe/explain/trace.h"
+#include "aluframe/texts/language.h"
 
 namespace aluframe::explain {
 namespace {
@@ -53,6 +54,22 @@ TEST_F(ExplanationText, BreaksALongLineBeforeItsEqualsSigns) {
   EXPECT_NE(text.find("S = N + A + A"), std::string::npos);
   EXPECT_NE(text.find("\n    = -50000 + 2500 + 2500"), std::string::npos);
   EXPECT_NE(text.find("\n    = -20000 N\n    sum\n"), std::string::npos);
+}
+
+TEST_F(ExplanationText, SaysWhatAStepIsInTheLanguageInUseButNotInJson) {
+  trace_.part({"φ", "axial stability coefficient", "", "appendix B", "the smaller one, about y"},
+              A_ / N_);
+  texts::use_language(texts::Language::chinese);
+  const std::string text = to_text(trace_.step("φ"));
+  const auto json = to_json(trace_.step("φ"));
+  texts::use_language(texts::Language::english);
+  EXPECT_EQ(text,
+            "φ = A / N = 2500 / (-50000) = -0.05\n"
+            "    轴心受压构件的稳定系数；取较小值，绕 y 轴（GB 50429-2007，附录B）\n"
+            "  A = 2500 mm²：毛截面面积\n"
+            "  N = -50000 N：axial force；组合 1\n");
+  EXPECT_EQ(json[0]["quantity"], "axial stability coefficient");
+  EXPECT_EQ(json[0]["clause"], "appendix B");
 }
 
 TEST_F(ExplanationText, HasTheStepsAsJsonWithTheirFormulasAsTrees) {
