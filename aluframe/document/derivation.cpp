@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 #include <string>
@@ -46,8 +47,14 @@ std::string equals() {
   return "<mo>=</mo>";
 }
 
-std::string formula_side(const Step& step) {
-  return symbol_markup(step.info.symbol) + equals() + formula_markup(*step.formula);
+/// How many letters fit in a row on A4 behind the indent of a step.
+std::size_t room_at(int depth) {
+  constexpr int whole = 56, least = 30;
+  return static_cast<std::size_t>(std::max(whole - 3 * depth / 2, least));
+}
+
+std::string formula_side(const Step& step, std::size_t room) {
+  return symbol_markup(step.info.symbol) + equals() + formula_markup(*step.formula, room);
 }
 
 void write_math(HtmlWriter& html, const Attributes& attributes, const std::string& markup) {
@@ -64,14 +71,15 @@ void write_result(HtmlWriter& html, const std::string& before, const Step& step,
 
 /// "σ = |N| / A = |-50000| / 2500 = 20 N/mm²", a side each a formula, so that a line may break
 /// between them.
-void write_calculation(HtmlWriter& html, const Step& step, const explain::NumberLine& line) {
+void write_calculation(HtmlWriter& html, const Step& step, const explain::NumberLine& line,
+                       std::size_t room) {
   if (!step.formula) return write_result(html, symbol_markup(step.info.symbol), step, line.result);
   const std::string symbols = explain::formula(*step.formula);
-  write_math(html, {}, formula_side(step));
+  write_math(html, {}, formula_side(step, room));
   const bool is_alone = step.formula->operation() == explain::Operation::symbol;
   if (!is_alone && line.numbers != symbols) {
     write_math(html, {{"class", "numbers"}, {"alttext", line.numbers}},
-               equals() + numbers_markup(*step.formula, line.digits));
+               equals() + numbers_markup(*step.formula, line.digits, room));
   }
   write_result(html, "", step, line.result);
 }
@@ -104,7 +112,7 @@ class Rows {
                     const std::string indent = fmt::format("--depth: {}", depth);
                     html_.element("th", {{"scope", "row"}, {"style", indent}}, [&] {
                       html_.element("div", {{"class", "calculation"}},
-                                    [&] { write_calculation(html_, step, line); });
+                                    [&] { write_calculation(html_, step, line, room_at(depth)); });
                       html_.leaf("div", {{"class", "what"}}, what_it_is(words));
                     });
                     html_.leaf("td", {{"class", "clause"}}, words.clause);

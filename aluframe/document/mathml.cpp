@@ -23,9 +23,6 @@ struct Part {
   std::size_t width = 1;
 };
 
-/// Wider sums go over several rows.
-constexpr std::size_t widest_row = 56;
-
 std::size_t letters_of(std::string_view text) {
   return static_cast<std::size_t>(std::ranges::count_if(
       text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
@@ -70,7 +67,7 @@ struct Addend {
 };
 
 /// Addends as many to a row as there is room for.
-Part in_rows(const std::vector<Addend>& addends) {
+Part in_rows(const std::vector<Addend>& addends, std::size_t room) {
   std::string rows, current;
   std::size_t width = 0, widest = 0;
   const auto end_row = [&] {
@@ -80,7 +77,7 @@ Part in_rows(const std::vector<Addend>& addends) {
     width = 0;
   };
   for (const Addend& addend : addends) {
-    if (width > 0 && width + addend.part.width > widest_row) end_row();
+    if (width > 0 && width + addend.part.width > room) end_row();
     current += addend.sign + addend.part.markup;
     width += addend.part.width + (addend.sign.empty() ? 0 : 3);
   }
@@ -97,10 +94,26 @@ Part in_one_row(const std::vector<Addend>& addends) {
   return sum;
 }
 
+/// "a, b, c"; where they are wide together each has a row of its own.
+Part listed(const std::vector<Part>& parts, std::size_t room) {
+  Part line{"", Bond::sum, 0}, rows{"", Bond::sum, 0};
+  for (const Part& part : parts) {
+    const bool is_last = &part == &parts.back();
+    const std::string markup = part.markup + (is_last ? "" : sign(","));
+    line.markup += markup;
+    line.width += part.width + (is_last ? 0 : 2);
+    rows.markup += "<mtr><mtd>" + markup + "</mtd></mtr>";
+    rows.width = std::max(rows.width, part.width + 1);
+  }
+  if (line.width <= room) return line;
+  rows.markup = "<mtable displaystyle=\"true\">" + rows.markup + "</mtable>";
+  return rows;
+}
+
 template <class OfSymbol>
 class Typesetter {
  public:
-  explicit Typesetter(const OfSymbol& of_symbol) : of_symbol_(of_symbol) {}
+  Typesetter(const OfSymbol& of_symbol, std::size_t room) : of_symbol_(of_symbol), room_(room) {}
 
   Part typeset(const Term& term) const {
     switch (term.operation()) {
@@ -163,8 +176,7 @@ class Typesetter {
       case Operation::product:
         a = bracketed(std::move(a), a.bond == Bond::sum);
         b = bracketed(std::move(b), b.bond <= Bond::sign);
-        return {a.markup + sign("·") + b.markup, std::min(a.bond, Bond::product),
-                a.width + b.width + 1};
+        return product(a, b);
       case Operation::quotient:
         return {"<mfrac>" + one(a) + one(b) + "</mfrac>", Bond::whole,
                 std::max(a.width, b.width) + 1};
@@ -175,12 +187,31 @@ class Typesetter {
     }
   }
 
-  /// "a, b, c" of the greatest of the greatest of two and a third.
-  Part arguments(const Term& term) const {
+  /// The second factor in a row of its own where both are wide together.
+  Part product(const Part& a, const Part& b) const {
+    const Bond bond = std::min(a.bond, Bond::product);
+    const std::string second = sign("·") + b.markup;
+    if (a.width + b.width < room_) return {a.markup + second, bond, a.width + b.width + 1};
+    return {"<mtable displaystyle=\"true\"><mtr><mtd>" + a.markup + "</mtd></mtr><mtr><mtd>" +
+                second + "</mtd></mtr></mtable>",
+            bond, std::max(a.width, b.width + 1)};
+  }
+
+  /// max(max(a, b), c) is the greatest of three.
+  void add_arguments(const Term& term, std::vector<Part>& arguments) const {
     const Term& first = term.operands()[0];
-    const Part a = first.operation() == term.operation() ? arguments(first) : typeset(first);
-    const Part b = typeset(term.operands()[1]);
-    return {a.markup + sign(",") + b.markup, Bond::sum, a.width + b.width + 2};
+    if (first.operation() == term.operation()) {
+      add_arguments(first, arguments);
+    } else {
+      arguments.push_back(typeset(first));
+    }
+    arguments.push_back(typeset(term.operands()[1]));
+  }
+
+  Part arguments(const Term& term) const {
+    std::vector<Part> arguments;
+    add_arguments(term, arguments);
+    return listed(arguments, room_);
   }
 
   /// `a + b - c` is one sum of three.
@@ -204,27 +235,28 @@ class Typesetter {
     std::vector<Addend> addends;
     add_addends(term, addends);
     Part line = in_one_row(addends);
-    return line.width <= widest_row ? line : in_rows(addends);
+    return line.width <= room_ ? line : in_rows(addends, room_);
   }
 
   const OfSymbol& of_symbol_;
+  std::size_t room_;
 };
 
 }  // namespace
 
-std::string formula_markup(const Term& term) {
+std::string formula_markup(const Term& term, std::size_t row) {
   const auto of_symbol = [](const Term& symbol) -> Part {
     // What stands below is about half as wide.
     return {symbol_markup(symbol.name()), Bond::whole, (letters_of(symbol.name()) + 2) / 2};
   };
-  return Typesetter(of_symbol).typeset(term).markup;
+  return Typesetter(of_symbol, row).typeset(term).markup;
 }
 
-std::string numbers_markup(const Term& term, int digits) {
+std::string numbers_markup(const Term& term, int digits, std::size_t row) {
   const auto of_symbol = [digits](const Term& symbol) {
     return number_part(explain::number_text(symbol.own_value(), digits));
   };
-  return Typesetter(of_symbol).typeset(term).markup;
+  return Typesetter(of_symbol, row).typeset(term).markup;
 }
 
 }  // namespace aluframe::document

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,10 +21,13 @@ std::string symbol_markup(std::string_view symbol);
 /// A number as `explain::number_text` writes it: "1.2e7" as 1.2·10⁷, "-3" as −3, "inf" as ∞.
 std::string number_markup(const std::string& number);
 
-/// With symbols. A long sum goes over several rows.
-std::string formula_markup(const explain::Term& term);
+/// About how many letters fit in a row.
+inline constexpr std::size_t widest_row = 56;
+
+/// With symbols. Sums, products and arguments that are wider than a row go over several.
+std::string formula_markup(const explain::Term& term, std::size_t row = widest_row);
 
 /// With numbers of so many significant digits, as `explain::numbers` has them.
-std::string numbers_markup(const explain::Term& term, int digits);
+std::string numbers_markup(const explain::Term& term, int digits, std::size_t row = widest_row);
 
 }  // namespace aluframe::document

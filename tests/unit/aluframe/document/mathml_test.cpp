@@ -65,6 +65,20 @@ TEST(FormulaMarkup, TheGreatestOfManyIsOne) {
             "<mo>,</mo><mi>c</mi><mo>)</mo></mrow></mrow>");
 }
 
+TEST(FormulaMarkup, AFactorThatIsTooWideHasARowOfItsOwn) {
+  EXPECT_EQ(formula_markup(a * c, 2),
+            "<mtable displaystyle=\"true\"><mtr><mtd><mi>a</mi></mtd></mtr><mtr><mtd><mo>·</mo>"
+            "<mi>c</mi></mtd></mtr></mtable>");
+}
+
+TEST(FormulaMarkup, LongArgumentsHaveRowsOfTheirOwn) {
+  Term sum = Term::number(123456789.0);
+  for (int i = 0; i < 2; ++i) sum = sum + Term::number(123456789.0);
+  const std::string markup = formula_markup(greater(sum, sum));
+  EXPECT_NE(markup.find("<mo>,</mo></mtd></mtr><mtr><mtd><mn>1.23456789</mn>"), std::string::npos)
+      << markup;
+}
+
 TEST(NumbersMarkup, ANegativeNumberHasBracketsBehindAnOperator) {
   EXPECT_EQ(numbers_markup(a * b, 5),
             "<mn>2</mn><mo>·</mo><mrow><mo>(</mo><mrow><mo>−</mo><mn>3</mn></mrow><mo>)</mo>"
