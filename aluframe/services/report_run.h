@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,15 +26,19 @@ struct ReportSummary {
   /// What fails and has no line in the report that says so.
   UnprintedFailures unprinted;
   std::map<std::string, std::uint64_t> assertions;
+  /// The whole report in UTF-8 with its Chinese texts readable, also where the environment's
+  /// character set lacks some of it or its file takes no more; empty when it came to no end.
+  std::string readable;
 };
 
 /// Writes the calculation report of a model's elements to `path` from the results of an earlier
 /// run. Elements that it did not check are checked now and their results added to its file.
 /// The report takes the place of an earlier one when it is whole. Until then, and where it fails,
 /// what is written stands beside it in "NAME.partial".
+/// Without a path it is made for its readable text alone.
 /// Nothing is changed when the report's file cannot be opened, is that of the results, or the
 /// results are of another model or state of it.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
-                         const std::filesystem::path& path);
+                         const std::optional<std::filesystem::path>& path);
 
 }  // namespace aluframe::services

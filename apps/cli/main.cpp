@@ -171,14 +171,20 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   add_elements(*report, options.common.selection.elements);
   report->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
-  report->add_option("--output", options.output, "Report (.alu); beside the model when not given")
+  report
+      ->add_option("--output", options.output,
+                   "Report (.alu); beside the model when not given; - writes its readable text to "
+                   "standard output")
       ->type_name("FILE");
-  report->add_option("--readable", options.readable, "A copy in UTF-8 with readable Chinese texts")
+  report
+      ->add_option(
+          "--readable", options.readable,
+          "The copy in UTF-8 with readable Chinese texts; beside the report when not given")
       ->type_name("FILE");
   report->add_option("--units", options.units, "Units of the report, N,mm when not given")
       ->type_name("FORCE,LENGTH");
   add_strict(*report, options.strict);
-  report->add_flag("--open", options.open, "Open the report in $VISUAL or $EDITOR");
+  report->add_flag("--open", options.open, "Open the readable copy in $VISUAL or $EDITOR");
   report->callback([&] { status = run_report_command(options); });
 }
 

@@ -4,15 +4,17 @@
 
 #include <algorithm>
 #include <exception>
+#include <fstream>
 #include <variant>
 
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
+#include "aluframe/files/publication.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/model/plain_text.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
 #include "aluframe/run/told.h"
-#include "aluframe/services/readable_report.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
@@ -27,18 +29,66 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The name of no file.
+constexpr const char* standard_output = "-";
+
 fs::path beside_model(const fs::path& model, const char* extension) {
   return fs::path(model).replace_extension(extension);
 }
 
 struct Files {
   fs::path results;
-  fs::path report;
+  std::optional<fs::path> report;  ///< nothing: the readable text goes to standard output alone
+  std::optional<fs::path> readable;
 };
 
+/// "frame.txt" beside "frame.alu".
+fs::path readable_beside(const fs::path& report) {
+  fs::path readable = fs::path(report).replace_extension(".txt");
+  return readable == report ? readable.replace_extension(".readable.txt") : readable;
+}
+
 Files files_of(const ReportOptions& options) {
-  return {options.results.value_or(run::result_path_of(options.input.model)),
-          options.output.value_or(beside_model(options.input.model, ".alu"))};
+  Files files{.results = options.results.value_or(run::result_path_of(options.input.model)),
+              .report = {},
+              .readable = {}};
+  if (options.output == standard_output) return files;
+  files.report = options.output.value_or(beside_model(options.input.model, ".alu"));
+  files.readable = options.readable.value_or(readable_beside(*files.report));
+  return files;
+}
+
+/// Options that do not go together, or nothing.
+std::optional<std::string> contradiction(const ReportOptions& options) {
+  if (options.output != standard_output) return std::nullopt;
+  if (options.readable) {
+    return "--readable: --output - writes the readable text to standard output; give one of the "
+           "two";
+  }
+  if (options.open) return "--open: --output - leaves no file to open; give one of the two";
+  return std::nullopt;
+}
+
+/// Whether a file is the readable copy of some report, by its title.
+bool is_readable_copy(const fs::path& path) {
+  constexpr std::size_t head_bytes = 512;
+  std::string head(head_bytes, '\0');
+  std::ifstream file(path, std::ios::binary);
+  file.read(head.data(), static_cast<std::streamsize>(head.size()));
+  return head.find("  Aluminum Alloy Code Checking [ GB 50429") != std::string::npos;
+}
+
+/// Something else that stands where the readable copy goes without being named, or nothing.
+std::optional<std::string> standing_in_the_way(const ReportOptions& options, const Files& files) {
+  std::error_code ignored;
+  if (options.readable || !files.readable || !fs::exists(*files.readable, ignored)) {
+    return std::nullopt;
+  }
+  if (is_readable_copy(*files.readable)) return std::nullopt;
+  return fmt::format(
+      "{}: is no readable copy of a report, which would overwrite it; move it, or name another "
+      "file with --readable",
+      files.readable->string());
 }
 
 /// What would be overwritten that the user cannot mean, or nothing. The results are added to, so
@@ -47,7 +97,7 @@ std::optional<std::string> overwriting_problem(const ReportOptions& options, con
   return files::find_overwriting(
       {{"the result file", files.results, files::FileKind::results},
        {"the report", files.report},
-       {"the readable copy", options.readable}},
+       {"the readable copy", files.readable}},
       {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
 }
 
@@ -112,10 +162,8 @@ std::string ratios_text(const model::Model& model, const services::ReportSummary
   return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
 }
 
-void print_summary(const model::Model& model, const services::ReportSummary& summary,
-                   const Files& files, const Basis& basis) {
-  print_formatted("Report of {} element{}, complete: {}\n", summary.reported.size(),
-                  summary.reported.size() == 1 ? "" : "s", files.report.string());
+/// The elements that the user should know of, as messages.
+void print_left_out(const services::ReportSummary& summary, const Files& files) {
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
                               files.results.string(),
@@ -129,13 +177,21 @@ void print_summary(const model::Model& model, const services::ReportSummary& sum
     print_message(fmt::format("no check to show: element {}",
                               tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
-  if (basis.coverage) print_formatted("Covered: {}\n", run::coverage_text(*basis.coverage));
+}
+
+/// The end of a report on the screen.
+std::string summary_text(const model::Model& model, const services::ReportSummary& summary,
+                         const Files& files, const Basis& basis) {
+  std::string text = fmt::format("Report of {} element{}, complete: {}\n", summary.reported.size(),
+                                 summary.reported.size() == 1 ? "" : "s",
+                                 files.report ? files.report->string() : "standard output");
+  if (basis.coverage) text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
   for (const store::GoverningRow& row : summary.unprinted.checks) {
-    print_formatted("Fails without a line in the report: element {}, {} {}\n", row.element,
-                    tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
+    text += fmt::format("Fails without a line in the report: element {}, {} {}\n", row.element,
+                        tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
   }
-  print_text(ratios_text(model, summary, basis, tables::Lists::shortened));
-  print_text(tables::told_text(model, basis.told));
+  return text + ratios_text(model, summary, basis, tables::Lists::shortened) +
+         tables::told_text(model, basis.told);
 }
 
 int exit_status(const services::ReportSummary& summary) {
@@ -181,37 +237,72 @@ std::string appendix_of(const model::Model& model, const services::ReportSummary
          fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
 }
 
-/// What follows a report that was written. The editor opens behind the readable copy, and not while
-/// the design module still runs, so it is not opened by the module's own call.
+/// Writes the readable copy: of every report that came to its end, also where the report itself
+/// lacks what the environment's character set does not have.
 /// @return the exit status
-int finish(const ReportOptions& options, const Files& files, const std::string& appendix) {
-  if (options.readable) {
-    services::write_readable_report(files.report, user_charset(), *options.readable, appendix);
-    print_formatted("Readable copy: {}\n", options.readable->string());
+int write_copy(const fs::path& path, const std::string& text) {
+  try {
+    files::publish_text(path, text);
+    return exit_done;
+  } catch (const std::exception& error) {
+    print_message(
+        fmt::format("{}: cannot be written: {}", path.string(), files::error_text(error)));
+    return exit_failure;
   }
-  if (!options.open) return exit_done;
-  const auto problem = open_in_editor(files.report);
+}
+
+/// Puts the text of a complete report where the user wants it, with its summary on the screen: on
+/// standard error where standard output has the report.
+/// @return the exit status
+int put(const std::string& text, const std::string& summary, const Files& files) {
+  if (!files.report) {
+    print_text(text);
+    print_to_stderr(model::for_terminal(summary));
+    return exit_done;
+  }
+  print_text(summary);
+  const int status = write_copy(*files.readable, text);
+  if (status == exit_done) print_formatted("Readable copy: {}\n", files.readable->string());
+  return status;
+}
+
+/// The editor opens behind the readable copy, and not while the design module still runs, so it is
+/// not opened by the module's own call.
+/// @return the exit status
+int open(const fs::path& readable) {
+  const auto problem = open_in_editor(readable);
   if (!problem) return exit_done;
   print_message(*problem);
   return exit_failure;
+}
+
+/// What follows a report that came to its end. @return the exit status
+int finish(const ReportOptions& options, const model::Model& model,
+           const services::ReportSummary& summary, const Files& files) {
+  const Basis basis = basis_of(summary, files);
+  const std::string text = summary.readable + appendix_of(model, summary, basis);
+  if (summary.outcome != services::RunOutcome::complete) {
+    const bool is_written = write_copy(*files.readable, text) == exit_done;
+    if (is_written) print_message("the readable copy is whole: " + files.readable->string());
+    return exit_failure;
+  }
+  print_left_out(summary, files);
+  int status = put(text, summary_text(model, summary, files, basis), files);
+  if (status == exit_done) status = exit_status(summary);
+  if (status == exit_done && options.open) status = open(*files.readable);
+  return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
 }
 
 int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
   const Files files = files_of(options);
   warn_about_stored(input, files);
   const services::ReportSummary summary = run::report(input, report_options(files, units));
-  Basis basis;
-  if (summary.outcome == services::RunOutcome::complete) {
-    basis = basis_of(summary, files);
-    print_summary(input.model, summary, files, basis);
-  }
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
-  int status = exit_status(summary);
-  if (status != exit_done) return status;
-  status = finish(options, files, appendix_of(input.model, summary, basis));
-  return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
+  const int status =
+      summary.outcome == services::RunOutcome::complete ? exit_done : exit_status(summary);
+  return summary.readable.empty() ? status : finish(options, input.model, summary, files);
 }
 
 /// Why results cannot be looked at as strictly as the user wants, or nothing.
@@ -229,13 +320,15 @@ std::optional<std::string> strictness_problem(const ReportOptions& options, cons
 int prepare_and_write(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
   if (const auto* text = std::get_if<std::string>(&units)) return stop({"--units: " + *text});
-  if (const auto problem = overwriting_problem(options, files_of(options))) return stop({*problem});
-  if (const auto problem = strictness_problem(options, files_of(options))) return stop({*problem});
+  const Files files = files_of(options);
+  if (const auto problem = contradiction(options)) return stop({*problem});
+  if (const auto problem = overwriting_problem(options, files)) return stop({*problem});
+  if (const auto problem = standing_in_the_way(options, files)) return stop({*problem});
+  if (const auto problem = strictness_problem(options, files)) return stop({*problem});
   if (options.open) {
     if (const auto problem = editor_problem()) return stop({*problem});
   }
-  const auto prepared =
-      run::prepare_like(files_of(options).results, options.input, options.common.selection);
+  const auto prepared = run::prepare_like(files.results, options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
   return write(options, input, std::get<UnitPair>(units));

@@ -12,6 +12,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "aluframe/services/readable_report.h"
 #include "aluframe/services/report_file.h"
 #include "tests/unit/aluframe/services/columns_run.h"
 #include "tests/unit/aluframe/services/limited_process.h"
@@ -112,6 +113,33 @@ TEST_F(ReportRunTest, APathMayBeInAnyScript) {
   const ReportSummary summary = run_report(model_, options(), path);
   EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
   EXPECT_THAT(bytes_of(path), HasSubstr("  MEMBER NO = 1,"));
+}
+
+// --- its readable text ---
+
+// 强度验算 is how an engineer knows the check of strength.
+TEST_F(ReportRunTest, TheReadableTextIsTheReportWithItsTitlesReadable) {
+  run({});
+  const ReportSummary summary = report();
+  EXPECT_EQ(summary.readable, readable_text(text()));
+  EXPECT_THAT(summary.readable, HasSubstr("  [[[*]]]   强度验算\n"));
+}
+
+TEST_F(ReportRunTest, WithoutAPathTheReadableTextIsTheSameAndNoFileIsLeft) {
+  run({});
+  const std::string expected = report().readable;
+  fs::remove(path_);
+  const ReportSummary summary = run_report(model_, options(), std::nullopt);
+  EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
+  EXPECT_EQ(summary.readable, expected);
+  EXPECT_THAT(summary.reported, ElementsAre(1, 2, 3));
+  EXPECT_FALSE(fs::exists(path_));
+}
+
+TEST_F(ReportRunTest, AReportThatCannotBeMadeHasNoReadableText) {
+  std::ofstream(result_path_) << "no results";
+  EXPECT_EQ(report().readable, "");
+  EXPECT_EQ(run_report(model_, options(), std::nullopt).readable, "");
 }
 
 // --- elements that no run has checked ---
@@ -392,7 +420,7 @@ TEST_F(ReportOnFullDisk, FinishedBlocksAreIntact) {
   const std::size_t second = whole.find("  MEMBER NO = 2,");
   failure_with(second + 200);
   EXPECT_THAT(bytes_of(partial()), StartsWith(whole.substr(0, second)));
-  EXPECT_THAT(reported_elements(partial()).numbers, ElementsAre(1, 2));
+  EXPECT_THAT(reported_elements(bytes_of(partial())).numbers, ElementsAre(1, 2));
 }
 
 TEST_F(ReportOnFullDisk, ResultsAreLeftAsTheyAre) {
