@@ -37,7 +37,7 @@ struct ReportSummary {
 /// what is written stands beside it in "NAME.partial".
 /// Without a path it is made for its readable text alone.
 /// Nothing is changed when the report's file cannot be opened, is that of the results, or the
-/// results are of another model or state of it.
+/// results are of another model or state of it, or of other combinations than the run is for.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
                          const std::optional<std::filesystem::path>& path);
 

@@ -304,6 +304,37 @@ TEST_F(ReportRunTest, ResultsOfACombinationThatHasChangedFailAndAreLeft) {
   EXPECT_EQ(results(), before);
 }
 
+TEST_F(ReportRunTest, ResultsOfOtherCombinationsAreNotAddedTo) {
+  SessionOptions partial = options();
+  partial.selected = {1};
+  partial.combinations = {1};
+  run_check(model_, partial);
+  const std::string before = results();
+  const ReportSummary summary = report();
+  EXPECT_EQ(summary.outcome, RunOutcome::failed);
+  EXPECT_EQ(summary.failure, result_path_.string() +
+                                 ": holds results of combination 1, which are not mixed with those "
+                                 "of combination 1-3; check the model again");
+  EXPECT_EQ(results(), before);
+  EXPECT_FALSE(fs::exists(path_));
+}
+
+TEST_F(ReportRunTest, ElementsAreAddedToResultsOfSomeCombinationsByTheSameOnes) {
+  SessionOptions partial = options();
+  partial.selected = {1};
+  partial.combinations = {1};
+  run_check(model_, partial);
+  partial.selected = {1, 2};
+  const ReportSummary summary = run_report(model_, partial, path_);
+  EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
+  EXPECT_THAT(summary.checked_now, ElementsAre(2));
+  for (const std::uint32_t element : {1U, 2U}) {
+    const auto stored = records(element);
+    ASSERT_EQ(stored.size(), 2U) << element;  // the governing one and that of combination 1
+    EXPECT_EQ(stored[0].combination + stored[1].combination, 1U) << element;
+  }
+}
+
 /// Has the governing demand of element 2 stored as that of half the force.
 void halve_stored_demand(const fs::path& results) {
   T_RALU_D governing;
