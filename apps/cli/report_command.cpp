@@ -2,23 +2,19 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <exception>
-#include <fstream>
 #include <variant>
 
 #include "aluframe/files/error_text.h"
-#include "aluframe/files/output_guard.h"
 #include "aluframe/files/publication.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/model/plain_text.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
-#include "aluframe/run/told.h"
-#include "aluframe/tables/check_summary.h"
-#include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/report_files.h"
+#include "apps/cli/report_texts.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/text_editor.h"
 #include "apps/cli/user_locale.h"
@@ -29,79 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The name of no file.
-constexpr const char* standard_output = "-";
-
-fs::path beside_model(const fs::path& model, const char* extension) {
-  return fs::path(model).replace_extension(extension);
-}
-
-struct Files {
-  fs::path results;
-  std::optional<fs::path> report;  ///< nothing: the readable text goes to standard output alone
-  std::optional<fs::path> readable;
-};
-
-/// "frame.txt" beside "frame.alu".
-fs::path readable_beside(const fs::path& report) {
-  fs::path readable = fs::path(report).replace_extension(".txt");
-  return readable == report ? readable.replace_extension(".readable.txt") : readable;
-}
-
-Files files_of(const ReportOptions& options) {
-  Files files{.results = options.results.value_or(run::result_path_of(options.input.model)),
-              .report = {},
-              .readable = {}};
-  if (options.output == standard_output) return files;
-  files.report = options.output.value_or(beside_model(options.input.model, ".alu"));
-  files.readable = options.readable.value_or(readable_beside(*files.report));
-  return files;
-}
-
-/// Options that do not go together, or nothing.
-std::optional<std::string> contradiction(const ReportOptions& options) {
-  if (options.output != standard_output) return std::nullopt;
-  if (options.readable) {
-    return "--readable: --output - writes the readable text to standard output; give one of the "
-           "two";
-  }
-  if (options.open) return "--open: --output - leaves no file to open; give one of the two";
-  return std::nullopt;
-}
-
-/// Whether a file is the readable copy of some report, by its title.
-bool is_readable_copy(const fs::path& path) {
-  constexpr std::size_t head_bytes = 512;
-  std::string head(head_bytes, '\0');
-  std::ifstream file(path, std::ios::binary);
-  file.read(head.data(), static_cast<std::streamsize>(head.size()));
-  return head.find("  Aluminum Alloy Code Checking [ GB 50429") != std::string::npos;
-}
-
-/// Something else that stands where the readable copy goes without being named, or nothing.
-std::optional<std::string> standing_in_the_way(const ReportOptions& options, const Files& files) {
-  std::error_code ignored;
-  if (options.readable || !files.readable || !fs::exists(*files.readable, ignored)) {
-    return std::nullopt;
-  }
-  if (is_readable_copy(*files.readable)) return std::nullopt;
-  return fmt::format(
-      "{}: is no readable copy of a report, which would overwrite it; move it, or name another "
-      "file with --readable",
-      files.readable->string());
-}
-
-/// What would be overwritten that the user cannot mean, or nothing. The results are added to, so
-/// they are an output as well.
-std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
-  return files::find_overwriting(
-      {{"the result file", files.results, files::FileKind::results},
-       {"the report", files.report},
-       {"the readable copy", files.readable}},
-      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
-}
-
-run::ReportOptions report_options(const Files& files, const UnitPair& units) {
+run::ReportOptions report_options(const ReportFiles& files, const UnitPair& units) {
   return {.results = files.results,
           .report = files.report,
           .force = units.first,
@@ -109,61 +33,8 @@ run::ReportOptions report_options(const Files& files, const UnitPair& units) {
           .message = print_message};
 }
 
-/// What the results that the report goes by cover of the model, and what they tell of the elements
-/// that it is of.
-struct Basis {
-  std::optional<run::Coverage> coverage;  ///< nothing without a result file
-  run::Told told;
-  store::RunInfo info;
-};
-
-/// Without a result file no element could be taken up: only the report knows why.
-Basis basis_of(const services::ReportSummary& summary, const Files& files) {
-  Basis basis;
-  if (fs::exists(files.results)) {
-    const auto reader = store::ResultReader::open(files.results);
-    std::vector<model::Number> elements = summary.reported;
-    elements.insert(elements.end(), summary.not_reported.begin(), summary.not_reported.end());
-    std::ranges::sort(elements);
-    basis.coverage = run::coverage_of(*reader);
-    basis.told = run::told_by(*reader, elements);
-    basis.info = reader->info();
-  }
-  basis.told.not_checked = summary.not_checked;
-  return basis;
-}
-
-std::string number_list(const std::vector<model::Number>& numbers, tables::Lists lists) {
-  return tables::shown_list(model::join_as_ranges(numbers), lists);
-}
-
-/// How many failing elements the report says nothing of, and of which nobody can tell.
-std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
-  std::string text =
-      fmt::format(", {} of which no line of the report says so", unprinted.elements.size());
-  if (!unprinted.elements.empty()) {
-    text += ": element " + number_list(unprinted.elements, lists);
-  }
-  if (!unprinted.unclear.empty()) {
-    text += fmt::format("; whether it does of element {} cannot be told",
-                        number_list(unprinted.unclear, lists));
-  }
-  return text;
-}
-
-/// The combinations that the report is of, and the ratios of its elements, as `check` ends with
-/// them.
-std::string ratios_text(const model::Model& model, const services::ReportSummary& summary,
-                        const Basis& basis, tables::Lists lists) {
-  std::string text;
-  if (basis.coverage) {
-    text = fmt::format("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
-  }
-  return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
-}
-
 /// The elements that the user should know of, as messages.
-void print_left_out(const services::ReportSummary& summary, const Files& files) {
+void print_left_out(const services::ReportSummary& summary, const ReportFiles& files) {
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
                               files.results.string(),
@@ -179,21 +50,6 @@ void print_left_out(const services::ReportSummary& summary, const Files& files) 
   }
 }
 
-/// The end of a report on the screen.
-std::string summary_text(const model::Model& model, const services::ReportSummary& summary,
-                         const Files& files, const Basis& basis) {
-  std::string text = fmt::format("Report of {} element{}, complete: {}\n", summary.reported.size(),
-                                 summary.reported.size() == 1 ? "" : "s",
-                                 files.report ? files.report->string() : "standard output");
-  if (basis.coverage) text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
-  for (const store::GoverningRow& row : summary.unprinted.checks) {
-    text += fmt::format("Fails without a line in the report: element {}, {} {}\n", row.element,
-                        tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
-  }
-  return text + ratios_text(model, summary, basis, tables::Lists::shortened) +
-         tables::told_text(model, basis.told);
-}
-
 int exit_status(const services::ReportSummary& summary) {
   switch (summary.outcome) {
     case services::RunOutcome::complete:
@@ -207,7 +63,7 @@ int exit_status(const services::ReportSummary& summary) {
 }
 
 /// Says what the user should know of the stored results that the report goes by, if there are any.
-void warn_about_stored(const run::Input& input, const Files& files) {
+void warn_about_stored(const run::Input& input, const ReportFiles& files) {
   if (!fs::exists(files.results)) return;
   const auto reader = store::ResultReader::open(files.results);
   if (const auto text = run::unfinished_text(files.results, reader->state())) print_message(*text);
@@ -218,23 +74,6 @@ void warn_about_stored(const run::Input& input, const Files& files) {
       "again for all",
       files.results.string(), tables::shown_list(model::join_as_ranges(coverage.combinations)),
       run::combinations_text(coverage)));
-}
-
-/// What stands behind the readable copy: nobody should file a report without.
-/// Its last line says that the copy is whole.
-std::string appendix_of(const model::Model& model, const services::ReportSummary& summary,
-                        const Basis& basis) {
-  const std::size_t elements = summary.reported.size();
-  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
-  if (basis.coverage) {
-    text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
-  }
-  text += ratios_text(model, summary, basis, tables::Lists::whole);
-  if (!basis.told.safe_rows.empty()) {
-    text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
-  }
-  return text + tables::told_text(model, basis.told, tables::Lists::whole) +
-         fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
 }
 
 /// Writes the readable copy: of every report that came to its end, also where the report itself
@@ -254,7 +93,7 @@ int write_copy(const fs::path& path, const std::string& text) {
 /// Puts the text of a complete report where the user wants it, with its summary on the screen: on
 /// standard error where standard output has the report.
 /// @return the exit status
-int put(const std::string& text, const std::string& summary, const Files& files) {
+int put(const std::string& text, const std::string& summary, const ReportFiles& files) {
   if (!files.report) {
     print_text(text);
     print_to_stderr(model::for_terminal(summary));
@@ -278,23 +117,23 @@ int open(const fs::path& readable) {
 
 /// What follows a report that came to its end. @return the exit status
 int finish(const ReportOptions& options, const model::Model& model,
-           const services::ReportSummary& summary, const Files& files) {
-  const Basis basis = basis_of(summary, files);
-  const std::string text = summary.readable + appendix_of(model, summary, basis);
+           const services::ReportSummary& summary, const ReportFiles& files) {
+  const ReportBasis basis = report_basis(summary, files.results);
+  const std::string text = summary.readable + report_appendix(model, summary, basis);
   if (summary.outcome != services::RunOutcome::complete) {
     const bool is_written = write_copy(*files.readable, text) == exit_done;
     if (is_written) print_message("the readable copy is whole: " + files.readable->string());
     return exit_failure;
   }
   print_left_out(summary, files);
-  int status = put(text, summary_text(model, summary, files, basis), files);
+  int status = put(text, report_summary_text(model, summary, files, basis), files);
   if (status == exit_done) status = exit_status(summary);
   if (status == exit_done && options.open) status = open(*files.readable);
   return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
 }
 
-int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
-  const Files files = files_of(options);
+int write(const ReportOptions& options, const run::Input& input, const UnitPair& units,
+          const ReportFiles& files) {
   warn_about_stored(input, files);
   const services::ReportSummary summary = run::report(input, report_options(files, units));
   for (const auto& [place, count] : summary.assertions) {
@@ -306,7 +145,8 @@ int write(const ReportOptions& options, const run::Input& input, const UnitPair&
 }
 
 /// Why results cannot be looked at as strictly as the user wants, or nothing.
-std::optional<std::string> strictness_problem(const ReportOptions& options, const Files& files) {
+std::optional<std::string> strictness_problem(const ReportOptions& options,
+                                              const ReportFiles& files) {
   if (options.strict != run::Strictness::safe || !fs::exists(files.results)) return std::nullopt;
   const auto reader = store::ResultReader::open(files.results);
   if (run::second_opinion_of(reader->info().setup) == run::SecondOpinion::on) return std::nullopt;
@@ -320,10 +160,8 @@ std::optional<std::string> strictness_problem(const ReportOptions& options, cons
 int prepare_and_write(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
   if (const auto* text = std::get_if<std::string>(&units)) return stop({"--units: " + *text});
-  const Files files = files_of(options);
-  if (const auto problem = contradiction(options)) return stop({*problem});
-  if (const auto problem = overwriting_problem(options, files)) return stop({*problem});
-  if (const auto problem = standing_in_the_way(options, files)) return stop({*problem});
+  const ReportFiles files = report_files(options);
+  if (const auto problem = problem_of_files(options, files)) return stop({*problem});
   if (const auto problem = strictness_problem(options, files)) return stop({*problem});
   if (options.open) {
     if (const auto problem = editor_problem()) return stop({*problem});
@@ -331,7 +169,7 @@ int prepare_and_write(const ReportOptions& options) {
   const auto prepared = run::prepare_like(files.results, options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
-  return write(options, input, std::get<UnitPair>(units));
+  return write(options, input, std::get<UnitPair>(units), files);
 }
 
 }  // namespace
