@@ -18,6 +18,7 @@ struct ReportOptions {
   model::ForceUnit force = model::ForceUnit::newton;
   model::LengthUnit length = model::LengthUnit::millimetre;
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
+  services::ReportFollower follow = {};
 };
 
 /// Writes the calculation report of what `prepare` has made ready.

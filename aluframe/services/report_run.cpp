@@ -167,19 +167,10 @@ std::optional<std::string> problem_of(const std::filesystem::path& path,
   return std::nullopt;
 }
 
-}  // namespace
-
-ReportSummary run_report(const model::Model& model, SessionOptions options,
-                         const std::optional<std::filesystem::path>& path) {
-  std::optional<files::Publication> report;
-  if (path) {
-    if (auto problem = problem_of(*path, options.result_path)) return failed(*std::move(problem));
-    try {
-      report.emplace(*path, partial_name_of(*path), files::WhenBusy::refuse);
-    } catch (const std::exception& error) {
-      return failed(path->string() + ": cannot be written: " + files::error_text(error));
-    }
-  }
+/// @param report where the file at `path` is written; nothing: for the readable text alone
+ReportSummary run_session(const model::Model& model, SessionOptions options,
+                          std::optional<files::Publication>& report,
+                          const std::optional<std::filesystem::path>& path) {
   const std::filesystem::path result_path = options.result_path;
   Session session(model, std::move(options));
   const Binding binding(session);
@@ -192,6 +183,25 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
                                  : make_readable(session, result_path);
   summary.assertions = session.monitor().assertions();
   summary.assertions.erase(no_stored_result);
+  return summary;
+}
+
+}  // namespace
+
+ReportSummary run_report(const model::Model& model, SessionOptions options,
+                         const std::optional<std::filesystem::path>& path,
+                         const ReportFollower& follow) {
+  std::optional<files::Publication> report;
+  if (path) {
+    if (auto problem = problem_of(*path, options.result_path)) return failed(*std::move(problem));
+    try {
+      report.emplace(*path, partial_name_of(*path), files::WhenBusy::refuse);
+    } catch (const std::exception& error) {
+      return failed(path->string() + ": cannot be written: " + files::error_text(error));
+    }
+  }
+  ReportSummary summary = run_session(model, std::move(options), report, path);
+  if (follow && !summary.readable.empty()) follow(summary);
   return summary;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,6 +32,10 @@ struct ReportSummary {
   std::string readable;
 };
 
+/// What belongs beside a report that came to its end, such as its readable copy, is written here:
+/// no other run can write the report's file yet, so that both are of one run.
+using ReportFollower = std::function<void(const ReportSummary&)>;
+
 /// Writes the calculation report of a model's elements to `path` from the results of an earlier
 /// run. Elements that it did not check are checked now and their results added to its file.
 /// The report takes the place of an earlier one when it is whole. Until then, and where it fails,
@@ -39,6 +44,7 @@ struct ReportSummary {
 /// Nothing is changed when the report's file cannot be opened, is that of the results, or the
 /// results are of another model or state of it, or of other combinations than the run is for.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
-                         const std::optional<std::filesystem::path>& path);
+                         const std::optional<std::filesystem::path>& path,
+                         const ReportFollower& follow = {});
 
 }  // namespace aluframe::services

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <exception>
+#include <utility>
 #include <variant>
 
 #include "aluframe/files/error_text.h"
@@ -50,18 +51,6 @@ void print_left_out(const services::ReportSummary& summary, const ReportFiles& f
   }
 }
 
-int exit_status(const services::ReportSummary& summary) {
-  switch (summary.outcome) {
-    case services::RunOutcome::complete:
-      return summary.reported.size() == summary.without_checks.size() ? exit_failure : exit_done;
-    case services::RunOutcome::nothing_to_check:
-      return exit_input_error;
-    default:
-      print_message("the report failed: " + summary.failure);
-      return exit_failure;
-  }
-}
-
 /// Says what the user should know of the stored results that the report goes by, if there are any.
 void warn_about_stored(const run::Input& input, const ReportFiles& files) {
   if (!fs::exists(files.results)) return;
@@ -76,33 +65,61 @@ void warn_about_stored(const run::Input& input, const ReportFiles& files) {
       run::combinations_text(coverage)));
 }
 
-/// Writes the readable copy: of every report that came to its end, also where the report itself
-/// lacks what the environment's character set does not have.
-/// @return the exit status
-int write_copy(const fs::path& path, const std::string& text) {
+/// What became of a report's readable text.
+struct Ending {
+  std::optional<ReportBasis> basis;  ///< nothing: there is no text either, as `problem` says
+  std::string text;                  ///< with its appendix
+  std::string problem;               ///< why it is not where the user wants it; empty: it is
+};
+
+/// Makes the readable text of a report that came to its end, and writes the copy: also where the
+/// report itself lacks what the environment's character set does not have.
+Ending end_report(const model::Model& model, const services::ReportSummary& summary,
+                  const ReportFiles& files) {
+  Ending ending;
   try {
-    files::publish_text(path, text);
-    return exit_done;
+    ReportBasis basis = report_basis(summary, files.results);
+    ending.text = summary.readable + report_appendix(model, summary, basis);
+    ending.basis = std::move(basis);
+    if (files.readable) files::publish_text(*files.readable, ending.text);
   } catch (const std::exception& error) {
-    print_message(
-        fmt::format("{}: cannot be written: {}", path.string(), files::error_text(error)));
-    return exit_failure;
+    ending.problem = files::error_text(error);
+    if (files.readable) {
+      ending.problem =
+          fmt::format("{}: cannot be written: {}", files.readable->string(), ending.problem);
+    }
   }
+  return ending;
 }
 
-/// Puts the text of a complete report where the user wants it, with its summary on the screen: on
-/// standard error where standard output has the report.
-/// @return the exit status
-int put(const std::string& text, const std::string& summary, const ReportFiles& files) {
+/// Everything that a failed report leaves, in one line: its readable copy may be whole.
+std::string failure_text(const services::ReportSummary& summary, const ReportFiles& files,
+                         const Ending& ending) {
+  std::string text = "the report failed: " + summary.failure;
+  if (!ending.problem.empty()) return text + "; " + ending.problem;
+  if (ending.text.empty() || !files.readable) return text;
+  return text + "; the readable copy is whole: " + files.readable->string();
+}
+
+/// Shows a complete report's summary and where its readable text is: on standard error where
+/// standard output has the text.
+void show(const std::string& summary, const ReportFiles& files, const Ending& ending) {
   if (!files.report) {
-    print_text(text);
+    print_text(ending.text);
     print_to_stderr(model::for_terminal(summary));
-    return exit_done;
+    return;
   }
   print_text(summary);
-  const int status = write_copy(*files.readable, text);
-  if (status == exit_done) print_formatted("Readable copy: {}\n", files.readable->string());
-  return status;
+  if (ending.problem.empty()) print_formatted("Readable copy: {}\n", files.readable->string());
+}
+
+/// The end of a complete report whose readable text is not where the user wants it.
+/// @return the exit status
+int tell_missing_copy(const ReportFiles& files, const Ending& ending) {
+  print_message(files.report ? fmt::format("{}; the report is whole: {}", ending.problem,
+                                           files.report->string())
+                             : "the report failed: " + ending.problem);
+  return exit_failure;
 }
 
 /// The editor opens behind the readable copy, and not while the design module still runs, so it is
@@ -115,33 +132,37 @@ int open(const fs::path& readable) {
   return exit_failure;
 }
 
-/// What follows a report that came to its end. @return the exit status
+/// What follows a complete report. @return the exit status
 int finish(const ReportOptions& options, const model::Model& model,
-           const services::ReportSummary& summary, const ReportFiles& files) {
-  const ReportBasis basis = report_basis(summary, files.results);
-  const std::string text = summary.readable + report_appendix(model, summary, basis);
-  if (summary.outcome != services::RunOutcome::complete) {
-    const bool is_written = write_copy(*files.readable, text) == exit_done;
-    if (is_written) print_message("the readable copy is whole: " + files.readable->string());
-    return exit_failure;
-  }
+           const services::ReportSummary& summary, const ReportFiles& files, const Ending& ending) {
   print_left_out(summary, files);
-  int status = put(text, report_summary_text(model, summary, files, basis), files);
-  if (status == exit_done) status = exit_status(summary);
-  if (status == exit_done && options.open) status = open(*files.readable);
-  return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
+  if (ending.basis) show(report_summary_text(model, summary, files, *ending.basis), files, ending);
+  if (!ending.problem.empty()) return tell_missing_copy(files, ending);
+  if (summary.reported.size() == summary.without_checks.size()) return exit_failure;
+  const int status = options.open ? open(*files.readable) : exit_done;
+  if (status != exit_done) return status;
+  return run::fails(ending.basis->told, options.strict) ? exit_over_limit : exit_done;
 }
 
 int write(const ReportOptions& options, const run::Input& input, const UnitPair& units,
           const ReportFiles& files) {
   warn_about_stored(input, files);
-  const services::ReportSummary summary = run::report(input, report_options(files, units));
+  Ending ending;
+  run::ReportOptions wanted = report_options(files, units);
+  wanted.follow = [&](const auto& report) { ending = end_report(input.model, report, files); };
+  const services::ReportSummary summary = run::report(input, wanted);
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
-  const int status =
-      summary.outcome == services::RunOutcome::complete ? exit_done : exit_status(summary);
-  return summary.readable.empty() ? status : finish(options, input.model, summary, files);
+  switch (summary.outcome) {
+    case services::RunOutcome::complete:
+      return finish(options, input.model, summary, files, ending);
+    case services::RunOutcome::nothing_to_check:
+      return exit_input_error;
+    default:
+      print_message(failure_text(summary, files, ending));
+      return exit_failure;
+  }
 }
 
 /// Why results cannot be looked at as strictly as the user wants, or nothing.

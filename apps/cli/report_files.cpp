@@ -40,6 +40,8 @@ std::optional<std::string> contradiction(const ReportOptions& options) {
 
 /// Whether a file is the readable copy of some report, by its title.
 bool is_readable_copy(const fs::path& path) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(path, ignored)) return false;  // a pipe would be waited for
   constexpr std::size_t head_bytes = 512;
   std::string head(head_bytes, '\0');
   std::ifstream file(path, std::ios::binary);

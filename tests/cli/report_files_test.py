@@ -101,6 +101,13 @@ def test_a_file_of_the_users_own_beside_the_report_is_not_taken_for_its_copy(fra
     assert (frame.folder / "frame.txt").read_text() == "notes on the frame\n"
 
 
+def test_a_pipe_beside_the_report_is_no_copy_and_is_not_waited_for(frame):
+    os.mkfifo(frame.folder / "frame.txt")
+    done = frame("report", "frame.json", status=1)
+    assert done.stderr.startswith("frame.txt: is no readable copy of a report, ")
+    assert not (frame.folder / "frame.alu").exists()
+
+
 def test_an_earlier_copy_is_replaced(frame):
     frame("report", "frame.json")
     whole = bytes_of(frame, "frame.txt")
@@ -177,7 +184,9 @@ def test_a_report_that_cannot_be_opened_checks_nothing(frame):
 def test_a_readable_copy_that_cannot_be_opened_leaves_the_report(frame):
     frame("report", "frame.json", "--output", "whole.alu")
     done = frame("report", "frame.json", "--readable", "missing/frame.txt", status=2)
-    assert done.stderr == "missing/frame.txt: cannot be written: No such file or directory\n"
+    assert done.stderr == ("missing/frame.txt: cannot be written: No such file or directory; the report is whole: "
+                           "frame.alu\n")
+    assert "Readable copy:" not in done.stdout
     assert bytes_of(frame, "frame.alu") == bytes_of(frame, "whole.alu")
 
 
@@ -253,7 +262,7 @@ def test_a_full_disk_ends_the_run_with_a_clear_message_and_every_finished_block_
     done, reason = run_on_small_disk(frame)
     assert done.returncode == 2, done.stderr
     assert done.stderr == (f"the report failed: disk/frame.alu: the report is incomplete: {reason}; "
-                           "what was written is in frame.alu.partial\n"
+                           "what was written is in frame.alu.partial; "
                            f"disk/frame.txt: cannot be written: {reason}\n")
     assert done.stdout == ""
     kept = (frame.folder / "kept" / "frame.alu.partial").read_bytes().decode("utf-8", "ignore")
@@ -268,7 +277,7 @@ def test_a_full_disk_at_the_readable_copy_leaves_the_report(frame):
     frame("report", "frame.json", "--output", "whole.alu")
     size = (frame.folder / "whole.alu").stat().st_size
     done = frame("report", "frame.json", "--readable", "/dev/full", status=2)
-    assert done.stderr == "/dev/full: cannot be written: No space left on device\n"
+    assert done.stderr == "/dev/full: cannot be written: No space left on device; the report is whole: frame.alu\n"
     assert (frame.folder / "frame.alu").stat().st_size == size
 
 

@@ -117,7 +117,7 @@ def test_a_name_beyond_the_character_set_is_lost_with_the_list_of_combinations_a
     said = in_locale(frame, locales, "949", status=2)[1]
     assert said == ("the report failed: frame.alu: the report is incomplete: a character that the "
                     "environment's character set lacks, in 1 block (LC_ALL=C.UTF-8 has them all), or "
-                    "writing failed for a moment; what was written is in frame.alu.partial\n"
+                    "writing failed for a moment; what was written is in frame.alu.partial; "
                     "the readable copy is whole: frame.txt\n")
     written = (frame.folder / "frame.alu.partial").read_bytes().decode("cp949")
     whole = in_locale(frame, locales, "UTF-8")[0].decode("utf-8")

@@ -1,4 +1,4 @@
-// What whole reports tell.
+// What whole reports tell, and what is beside them.
 
 #include "aluframe/services/report_run.h"
 
@@ -197,6 +197,29 @@ TEST_F(ReportRunTest, AShapeThatTheChecksDoNotCoverIsNoInconsistency) {
   EXPECT_TRUE(summary.assertions.empty());
   EXPECT_TRUE(
       std::ranges::any_of(summary.not_checked, [](const auto& item) { return item.element == 3; }));
+}
+
+// --- what follows it ---
+
+TEST_F(ReportRunTest, WhatFollowsAReportStandsBesideItBeforeAnotherRunCanWriteIt) {
+  run({});
+  std::string seen;
+  ReportSummary meanwhile;
+  run_report(model_, options(), path_, [&](const ReportSummary& summary) {
+    seen = summary.readable == readable_text(text()) ? "its own report" : "another one";
+    meanwhile = report();
+  });
+  EXPECT_EQ(seen, "its own report");
+  EXPECT_EQ(meanwhile.outcome, RunOutcome::failed);
+  EXPECT_THAT(meanwhile.failure, testing::EndsWith("another run is writing this file"));
+  EXPECT_EQ(report().outcome, RunOutcome::complete);
+}
+
+TEST_F(ReportRunTest, NothingFollowsAReportThatCannotBeMade) {
+  std::ofstream(result_path_) << "no results";
+  bool is_followed = false;
+  run_report(model_, options(), path_, [&](const ReportSummary&) { is_followed = true; });
+  EXPECT_FALSE(is_followed);
 }
 
 }  // namespace
