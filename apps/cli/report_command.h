@@ -17,6 +17,7 @@ struct ReportOptions {
   std::optional<std::filesystem::path> output;
   /// Copy in UTF-8; beside the report when not given.
   std::optional<std::filesystem::path> readable;
+  std::optional<std::filesystem::path> html;  ///< in place of the report; see document_command.h
   std::string units = "N,mm";
   bool open = false;  ///< the readable copy, in the user's editor
   run::Strictness strict = run::Strictness::none;
