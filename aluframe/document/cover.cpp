@@ -8,6 +8,7 @@
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
 #include "aluframe/model/project.h"
+#include "aluframe/run/buckling.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
@@ -63,13 +64,33 @@ std::string worst_text(const run::DocumentContent& content) {
       combination_label(content.info, worst.check.nLComb, worst.check.nMinSide));
 }
 
+bool is_buckling(const run::DocumentContent& content) {
+  const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
+  return smallest != nullptr && run::buckles(*smallest);
+}
+
 std::string verdict_text(const run::DocumentContent& content) {
   if (!content.told.worst) return texts::translated("No check was made that has a limit.");
-  if (content.told.over == 0) return texts::translated("No check exceeds its limit.");
+  if (content.told.over == 0) {
+    return is_buckling(content)
+               ? texts::translated("No check exceeds its limit, but the frame buckles.")
+               : texts::translated("No check exceeds its limit.");
+  }
   return content.told.over == 1
              ? texts::translated("1 element fails: a ratio of its checks exceeds 1.")
              : texts::translated("{} elements fail: a ratio of their checks exceeds 1.",
                                  content.told.over);
+}
+
+std::string buckling_text(const store::BucklingRow& smallest) {
+  const std::string factor = fmt::format("{:.4g}", *smallest.factor);
+  const std::string combination = with_name(smallest.combination, smallest.name);
+  return run::buckles(smallest)
+             ? texts::translated(
+                   "The frame buckles: at {} times the loads of combination {}, below them.",
+                   factor, combination)
+             : texts::translated("The frame buckles at {} times the loads of combination {}.",
+                                 factor, combination);
 }
 
 /// What else stands between a ratio below 1 and a sound frame.
@@ -85,6 +106,8 @@ std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
         tables::short_number(content.told.safe->worst->safe), content.told.safe->worst->element,
         content.told.safe->over, content.told.safe->unsaid));
   }
+  const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
+  if (smallest != nullptr) out.push_back(buckling_text(*smallest));
   if (!content.told.remarks.empty()) {
     out.push_back(texts::translated("Remarks of the check: {}.", content.told.remarks.size()));
   }
@@ -116,7 +139,7 @@ void write_cover(HtmlWriter& html, const run::DocumentContent& content) {
     const Facts project = project_facts(content.input.model.project);
     if (!project.empty()) write_facts(html, texts::translated("Project"), project);
     write_facts(html, texts::translated("Calculation"), calculation_facts(content));
-    const bool holds = content.told.worst && content.told.over == 0;
+    const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content);
     html.leaf("p", {{"class", holds ? "verdict" : "verdict over"}}, verdict_text(content));
     html.element("ul", [&] {
       for (const std::string& text : other_verdicts(content)) html.leaf("li", text);

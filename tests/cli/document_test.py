@@ -1,13 +1,14 @@
 """`aluframe report MODEL --html FILE`: the page is sound, says what the results say, and is written whole or not at all."""
 
 import json
+import math
 import re
 import shutil
 
 import pytest
 
 from document_page import Page
-from program import ROOT, Program
+from program import PIPE_I, ROOT, Program
 from loaded_beam import beam  # noqa: F401  a fixture
 
 EXAMPLES = sorted(path.name for path in (ROOT / "examples").glob("*.json"))
@@ -276,6 +277,20 @@ def test_it_ends_as_strictly_as_a_check(frame):
     page = document(frame, "--strict", status=4)
     assert any(text.startswith("1 element fails") for text in page.texts["p"])
     assert page.rows_of(BY_ELEMENT)[0]["Verdict"] == "fails"
+
+
+def test_a_frame_that_buckles_is_not_called_sound(aluframe, beam):  # noqa: F811
+    # Euler: the pipe of 4 m on two hinges buckles under π²·E·I/L².
+    euler = math.pi**2 * 70000 * PIPE_I / 4000**2 / 1000  # kN
+    beam["load_cases"] = [{"number": 1, "name": "P", "nodal": [{"nodes": [2], "Fx": -1.25 * euler}]}]
+    beam["combinations"] = [{"number": 1, "name": "P", "terms": [{"case": 1}]}]
+    aluframe.write(beam)
+    aluframe("check", "frame.json")
+    page = document(aluframe)
+    # 1 / 1.25 = 0.8; less by the shear of the section.
+    texts = [text for text in page.texts["li"] if "buckles: at" in text]
+    assert len(texts) == 1
+    assert float(texts[0].split()[4]) == pytest.approx(0.8, rel=0.02)
 
 
 def test_safe_strictness_needs_a_second_opinion(frame):
