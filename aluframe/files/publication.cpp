@@ -7,9 +7,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <optional>
+#include <ostream>
 #include <stdexcept>
+#include <streambuf>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/sibling.h"
@@ -108,6 +111,40 @@ std::optional<int> standard_stream(const fs::path& path) {
   return std::nullopt;
 }
 
+/// Passes what is written on to an open file, piece by piece.
+class DescriptorBuffer : public std::streambuf {
+ public:
+  explicit DescriptorBuffer(int descriptor) : descriptor_(descriptor), piece_(1U << 16U) {
+    setp(piece_.data(), piece_.data() + piece_.size());
+  }
+
+ protected:
+  int_type overflow(int_type character) override {
+    sync();
+    if (traits_type::eq_int_type(character, traits_type::eof()))
+      return traits_type::not_eof(character);
+    return sputc(traits_type::to_char_type(character));
+  }
+  int sync() override {
+    write_all(descriptor_, {pbase(), static_cast<std::size_t>(pptr() - pbase())});
+    setp(piece_.data(), piece_.data() + piece_.size());
+    return 0;
+  }
+
+ private:
+  int descriptor_;
+  std::vector<char> piece_;
+};
+
+/// Gives an open file what `write` writes. @throws std::runtime_error of the first write that fails
+void stream_to(int descriptor, const std::function<void(std::ostream&)>& write) {
+  DescriptorBuffer buffer(descriptor);
+  std::ostream out(&buffer);
+  out.exceptions(std::ios::badbit);  // what the buffer throws goes on from here
+  write(out);
+  out.flush();
+}
+
 }  // namespace
 
 Publication::Publication(const fs::path& destination, WhenBusy when_busy)
@@ -146,21 +183,27 @@ void Publication::publish() {
 }
 
 void publish_text(const fs::path& path, std::string_view content) {
+  publish_stream(path, [content](std::ostream& out) { out << content; });
+}
+
+void publish_stream(const fs::path& path, const std::function<void(std::ostream&)>& write) {
   std::error_code
       unknown;  // what cannot be looked at cannot be written either, which is told below
   const fs::file_status status = fs::status(path, unknown);
   if (const auto stream = standard_stream(path)) {
     std::fflush(stdout);
-    return write_all(*stream, content);
+    return stream_to(*stream, write);
   }
   if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status)) {
     Descriptor file(path, O_WRONLY);
-    write_all(file.number(), content);
+    stream_to(file.number(), write);
     return file.close();
   }
-  Publication file(path);
-  file.write(content);
-  file.publish();
+  Publication publication(path);
+  Descriptor file(publication.path(), O_WRONLY | O_TRUNC);
+  stream_to(file.number(), write);
+  file.close();
+  publication.publish();
 }
 
 }  // namespace aluframe::files

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <string_view>
 
 #include "aluframe/files/file_lock.h"
@@ -67,5 +68,10 @@ class Publication {
 /// a pipe or a terminal, is written as it is.
 /// @throws FileBusy, std::runtime_error with the reason, an earlier file being as it was
 void publish_text(const std::filesystem::path& path, std::string_view content);
+
+/// The same of a content that is too long for the memory: `write` gives it piece by piece, and may
+/// throw, which leaves an earlier file as it was.
+void publish_stream(const std::filesystem::path& path,
+                    const std::function<void(std::ostream&)>& write);
 
 }  // namespace aluframe::files

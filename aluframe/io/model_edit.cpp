@@ -18,8 +18,8 @@ namespace aluframe::io {
 namespace {
 
 /// Fields that settings come behind, the last of them that a file has. A file has "format".
-constexpr std::array<std::string_view, 5> fields_before_settings{"units", "description", "title",
-                                                                 "version", "format"};
+constexpr std::array<std::string_view, 6> fields_before_settings{"units", "project", "description",
+                                                                 "title", "version", "format"};
 
 /// Text that takes the place of a part of another.
 struct Replacement {

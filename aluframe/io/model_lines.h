@@ -11,6 +11,7 @@
 /// the file and without fields that have their default.
 namespace aluframe::io {
 
+std::string project_line(const model::Project& project);
 std::string units_line(const model::Units& units);
 std::string settings_line(const model::DesignSettings& settings);
 std::string frame_line(const model::FrameSettings& frame);

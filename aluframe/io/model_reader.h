@@ -20,6 +20,7 @@
 namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
+model::Project read_project(const JsonObject& root);
 void read_settings(const JsonObject& root, model::Model& model);
 /// Fails when the amplitude of a mode is no small displacement of the frame, whose nodes are known.
 void require_imperfections_of_size(const JsonObject& root, const Scales& scales,

@@ -11,11 +11,28 @@ namespace aluframe::io {
 
 namespace {
 
-constexpr auto top_level_fields = std::to_array<std::string_view>(
-    {"$schema",    "format",       "version",  "title",     "description", "units",
-     "settings",   "frame",        "analysis", "envelopes", "catalogues",  "materials",
-     "sections",   "nodes",        "supports", "elements",  "members",     "moving_load_code",
-     "load_cases", "combinations", "forces"});
+constexpr auto top_level_fields = std::to_array<std::string_view>({"$schema",
+                                                                   "format",
+                                                                   "version",
+                                                                   "title",
+                                                                   "description",
+                                                                   "project",
+                                                                   "units",
+                                                                   "settings",
+                                                                   "frame",
+                                                                   "analysis",
+                                                                   "envelopes",
+                                                                   "catalogues",
+                                                                   "materials",
+                                                                   "sections",
+                                                                   "nodes",
+                                                                   "supports",
+                                                                   "elements",
+                                                                   "members",
+                                                                   "moving_load_code",
+                                                                   "load_cases",
+                                                                   "combinations",
+                                                                   "forces"});
 
 /// First of all: a file of another kind or of a later version has fields of its own, and calling
 /// those unknown would mislead.
@@ -37,6 +54,7 @@ model::Model read_document(const JsonValue& value, const ModelFolder* folder, Fi
   model::Model model;
   model.title = root.plain_text_or("title", "");
   model.description = root.string_or("description", "");
+  model.project = read_project(root);
   model.units = read_units(root);
   const Scales scales(model.units);
   read_settings(root, model);

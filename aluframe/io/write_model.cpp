@@ -48,6 +48,7 @@ void write_head(ModelText& text, const model::Model& model, const Scales& scales
   text.field("version", std::to_string(format_version));
   if (!model.title.empty()) text.field("title", json_string(model.title));
   if (!model.description.empty()) text.field("description", json_string(model.description));
+  if (model.project != model::Project()) text.field("project", project_line(model.project));
   text.field("units", units_line(model.units));
   if (model.design) text.field("settings", settings_line(*model.design));
   if (model.frame) text.field("frame", frame_line(*model.frame));
@@ -109,6 +110,7 @@ std::string write_model(const model::Model& model) {
 std::string model_digest(model::Model model) {
   model.title.clear();
   model.description.clear();
+  model.project = {};
   model.moving_load_code = 0;
   constexpr std::uint64_t offset = 0xCBF29CE484222325;
   constexpr std::uint64_t prime = 0x100000001B3;

@@ -57,6 +57,12 @@ JsonLine properties_of(const model::GivenProperties& given, const Scales& scales
 
 }  // namespace
 
+std::string project_line(const model::Project& project) {
+  JsonLine line;
+  for (const auto& [name, text] : model::project_fields) line.text_unless(name, project.*text, "");
+  return line.str();
+}
+
 std::string units_line(const model::Units& units) {
   return JsonLine()
       .text("force", model::name_of(units.force))

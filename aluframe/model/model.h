@@ -8,6 +8,7 @@
 #include "aluframe/model/initial_curvatures.h"
 #include "aluframe/model/loads.h"
 #include "aluframe/model/material.h"
+#include "aluframe/model/project.h"
 #include "aluframe/model/section.h"
 #include "aluframe/model/settings.h"
 #include "aluframe/model/structure.h"
@@ -60,6 +61,7 @@ class ForceTable {
 struct Model {
   std::string title;
   std::string description;
+  Project project;
   Units units;  ///< the user's, for what is shown
   std::optional<DesignSettings> design;
   std::optional<FrameSettings> frame;

@@ -69,7 +69,7 @@ class Writer {
         labels_(place_labels(scene, sheet_)) {}
 
   std::string text() {
-    add_head();
+    if (options_.is_file) add_head();
     for (int i = 0; i <= static_cast<int>(Layer::numbers); ++i) add_layer(static_cast<Layer>(i));
     double bottom = add_legend(sheet_.bottom());
     const double tripod_bottom = add_tripod(bottom);
@@ -87,6 +87,7 @@ class Writer {
   static constexpr double text_width() { return sheet_width - 2.0 * margin; }
 
   double head_height() const {
+    if (!options_.is_file) return margin;
     const auto count = [](const std::string& text, double size) {
       return static_cast<double>(lines_of(text, size, text_width()).size());
     };

@@ -8,7 +8,7 @@ namespace aluframe::picture {
 
 struct SvgOptions {
   /// A file of its own, with its size in mm; else a part of an HTML page, as wide as its place
-  /// there.
+  /// there, where a caption shows the title.
   bool is_file = true;
   /// What all ids begin with; unlike in each picture of a page.
   std::string prefix = "picture";

@@ -6,14 +6,23 @@
 
 namespace aluframe::run {
 
+bool was_judged(const T_RALU_RLT& check) {
+  return services::was_judged(check.dDemand, check.dCapacity);
+}
+
+bool was_judged(const store::GoverningRow& row) {
+  return services::was_judged(row.governing.dDemand, row.governing.dCapacity);
+}
+
+bool fails(const store::GoverningRow& row) {
+  return was_judged(row) && services::exceeds_limit(row.governing.Ratio());
+}
+
 const store::GoverningRow& ElementResult::worst() const {
-  const auto judged = [](const store::GoverningRow& row) {
-    return services::was_judged(row.governing.dDemand, row.governing.dCapacity);
-  };
   const store::GoverningRow* worst = &items.front();
   for (const store::GoverningRow& row : items) {
-    if (!judged(row)) continue;
-    if (!judged(*worst) || row.governing.ComPair(worst->governing) != 0) worst = &row;
+    if (!was_judged(row)) continue;
+    if (!was_judged(*worst) || row.governing.ComPair(worst->governing) != 0) worst = &row;
   }
   return *worst;
 }

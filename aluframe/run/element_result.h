@@ -7,6 +7,12 @@
 
 namespace aluframe::run {
 
+/// Whether a demand was set against a limit (services::was_judged).
+bool was_judged(const T_RALU_RLT& check);
+bool was_judged(const store::GoverningRow& row);
+/// Whether a check fails (services::exceeds_limit).
+bool fails(const store::GoverningRow& row);
+
 /// The governing checks of one element.
 struct ElementResult {
   std::uint32_t element = 0;

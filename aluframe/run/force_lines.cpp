@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
 
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/forces/inner_forces.h"
@@ -160,24 +161,26 @@ Result<ForceLines> force_lines_of_case(Input input, model::Number load_case,
   return collector.take();
 }
 
-Result<ForceLines> force_lines_of_combination(Input input, model::Number combination,
-                                              picture::ForceComponent component) {
-  const auto summary = computed(input);
-  if (const auto* problem = std::get_if<Problem>(&summary)) return *problem;
-  const model::Model& model = input.model;
+namespace {
+
+/// The lines of elements under a combination.
+/// @param places of the elements in their table
+ForceLines lines_of_combination(const model::Model& model, const forces::Summary& summary,
+                                model::Number combination, picture::ForceComponent component,
+                                const std::vector<std::size_t>& places) {
   const model::CombinationEvaluator evaluator(model);
   const bool has_two_sides = evaluator.has_two_sides(combination);
   const auto plans = model::compile_combinations(model);
   // With two sides the factors of cases mean nothing.
   const CaseFactors cases = plans[model.combinations.position(combination)].cases;
-  Collector collector(model, std::get<forces::Summary>(summary), component);
+  Collector collector(model, summary, component);
   const auto line_of = [&](std::size_t element, const model::CaseForces& five, model::Side side) {
     const auto find_peaks = [&](const forces::InnerForces& inner, auto& out) {
       inner.peaks(element, combination, side, five, {}, out);
     };
     return collector.line(element, five, has_two_sides ? nullptr : &cases, find_peaks);
   };
-  for (std::size_t element = 0; element < model.elements.size(); ++element) {
+  for (const std::size_t element : places) {
     const auto five = evaluator.evaluate(element, combination, model::Side::maximum);
     if (!five) {
       collector.add_without(element);
@@ -192,6 +195,33 @@ Result<ForceLines> force_lines_of_combination(Input input, model::Number combina
     collector.add(element, cases, *five, std::move(values), std::move(minimum));
   }
   return collector.take();
+}
+
+}  // namespace
+
+Result<ForceLines> force_lines_of_combination(Input input, model::Number combination,
+                                              picture::ForceComponent component) {
+  const auto summary = computed(input);
+  if (const auto* problem = std::get_if<Problem>(&summary)) return *problem;
+  std::vector<std::size_t> all(input.model.elements.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return lines_of_combination(input.model, std::get<forces::Summary>(summary), combination,
+                              component, all);
+}
+
+std::array<std::vector<picture::ForceLine>, 6> force_lines_along(
+    const Input& input, model::Number combination, const std::vector<model::Number>& elements) {
+  std::vector<std::size_t> places;
+  for (const model::Number number : elements) {
+    places.push_back(input.model.elements.position(number));
+  }
+  std::array<std::vector<picture::ForceLine>, 6> lines;
+  for (std::size_t component = 0; component < lines.size(); ++component) {
+    lines[component] = lines_of_combination(input.model, input.forces, combination,
+                                            static_cast<picture::ForceComponent>(component), places)
+                           .lines;
+  }
+  return lines;
 }
 
 }  // namespace aluframe::run

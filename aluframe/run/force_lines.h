@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <vector>
+
 #include "aluframe/picture/content.h"
 #include "aluframe/run/input.h"
 
@@ -22,5 +25,10 @@ Result<ForceLines> force_lines_of_case(Input input, model::Number load_case,
                                        picture::ForceComponent component);
 Result<ForceLines> force_lines_of_combination(Input input, model::Number combination,
                                               picture::ForceComponent component);
+
+/// All six forces along some elements under a combination, or a state of an envelope, of an input
+/// that `prepare` has given its forces; nothing of elements without.
+std::array<std::vector<picture::ForceLine>, 6> force_lines_along(
+    const Input& input, model::Number combination, const std::vector<model::Number>& elements);
 
 }  // namespace aluframe::run

@@ -47,7 +47,7 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
     if (is_new_file) add_buckling(input, writer);
     if (has_opinion) add_remarks(input, opinion, is_new_file, writer);
   };
-  return services::run_report(input.model, std::move(session), options.report);
+  return services::run_report(input.model, std::move(session), options.report, options.follow);
 }
 
 }  // namespace aluframe::run

@@ -6,8 +6,10 @@
 #include <exception>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "aluframe/files/error_text.h"
+#include "aluframe/model/number_ranges.h"
 #include "aluframe/services/repeated_check.h"
 #include "aluframe/services/text.h"
 #include "aluframe/store/check_names.h"
@@ -27,6 +29,25 @@ void fill_position(std::array<float, 9>& out, const model::SectionForces& forces
     const double value = static_cast<double>(forces[i]);
     out[i] = static_cast<float>(i < first_moment ? scale.force(value) : scale.moment(value));
   }
+}
+
+std::string combinations_of(const store::RunInfo& info) {
+  std::vector<model::Number> numbers;
+  for (const store::CombinationRow& row : info.combinations) numbers.push_back(row.number);
+  std::ranges::sort(numbers);
+  return model::join_as_ranges(numbers);
+}
+
+/// Why results of a run cannot stand beside those of another, whose combinations would govern its
+/// elements alone; nothing when both are of the same combinations.
+std::optional<std::string> mixture_of(const store::RunInfo& stored, const store::RunInfo& wanted) {
+  const std::string found = combinations_of(stored);
+  const std::string asked = combinations_of(wanted);
+  if (found == asked) return std::nullopt;
+  return fmt::format(
+      "holds results of combination {}, which are not mixed with those of combination {}; check "
+      "the model again",
+      found, asked);
 }
 
 }  // namespace
@@ -139,6 +160,9 @@ void DesignManager::use_stored_results() {
   stored_ = store::ResultReader::open(result_path_);
   if (const auto difference = store::difference_of_runs(stored_->info(), info_)) {
     throw std::runtime_error(result_path_.string() + ": " + *difference);
+  }
+  if (const auto mixture = mixture_of(stored_->info(), info_)) {
+    throw std::runtime_error(result_path_.string() + ": " + *mixture);
   }
   stored_state_ = stored_->state();
 }

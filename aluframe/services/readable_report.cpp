@@ -2,15 +2,10 @@
 
 #include <iconv.h>
 
-#include <array>
-#include <cerrno>
-#include <fstream>
 #include <stdexcept>
-#include <system_error>
 #include <utility>
 #include <vector>
 
-#include "aluframe/files/publication.h"
 #include "aluframe/services/text.h"
 #include "tz_alu/report/report_literals.h"
 
@@ -80,47 +75,12 @@ void replace_all(std::string& text, const Replacement& what) {
   }
 }
 
-std::string read_file(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file)
-    throw std::runtime_error("cannot be opened: " + std::generic_category().message(errno));
-  std::string text;
-  std::string block(std::size_t{1} << 20, '\0');
-  while (file) {
-    file.read(block.data(), static_cast<std::streamsize>(block.size()));
-    text.append(block, 0, static_cast<std::size_t>(file.gcount()));
-  }
-  if (file.bad())
-    throw std::runtime_error("cannot be read: " + std::generic_category().message(errno));
-  return text;
-}
-
-template <class Action>
-auto about(const std::filesystem::path& path, Action action) {
-  try {
-    return action();
-  } catch (const std::exception& error) {
-    throw std::runtime_error(path.string() + ": " + error.what());
-  }
-}
-
 }  // namespace
 
 std::string readable_text(std::string utf8) {
   static const std::vector<Replacement> replacements = make_replacements();
   for (const Replacement& replacement : replacements) replace_all(utf8, replacement);
   return utf8;
-}
-
-void write_readable_report(const std::filesystem::path& report, const std::string& charset,
-                           const std::filesystem::path& readable, std::string_view appendix) {
-  std::string text = about(report, [&] { return Converter("UTF-8", charset)(read_file(report)); });
-  const std::string copy = readable_text(std::move(text)) + std::string(appendix);
-  try {
-    files::publish_text(readable, copy);
-  } catch (const std::exception& error) {
-    throw std::runtime_error(readable.string() + ": cannot be written: " + error.what());
-  }
 }
 
 }  // namespace aluframe::services

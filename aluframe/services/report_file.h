@@ -24,7 +24,7 @@ struct ReportedElements {
   std::vector<std::vector<Verdict>> verdicts;  ///< of each, a verdict a check, in their order
 };
 
-/// The elements of a report. @throws std::runtime_error with the reason when it cannot be read back
-ReportedElements reported_elements(const std::filesystem::path& path);
+/// The elements of a report's text.
+ReportedElements reported_elements(const std::string& text);
 
 }  // namespace aluframe::services

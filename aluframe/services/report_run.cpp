@@ -12,6 +12,7 @@
 #include "aluframe/files/publication.h"
 #include "aluframe/files/same_file.h"
 #include "aluframe/services/binding.h"
+#include "aluframe/services/readable_report.h"
 #include "aluframe/services/report_file.h"
 #include "aluframe/services/text.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
@@ -67,9 +68,28 @@ void add_stored(Session& session, const ReportedElements& elements,
   summary.unprinted = unprinted_failures(results->governing(), elements);
 }
 
+/// Gathers the text of the module's reports, readable, while it lives.
+class ReadableText {
+ public:
+  ReadableText() {
+    IAluDgnDataMgr::Instance()->SetReportText([this](const std::wstring& piece) {
+      text_ += readable_text(to_utf8(CString(piece.c_str())));
+    });
+  }
+  ReadableText(const ReadableText&) = delete;
+  ReadableText& operator=(const ReadableText&) = delete;
+  ~ReadableText() { IAluDgnDataMgr::Instance()->SetReportText({}); }
+
+  std::string take() { return std::move(text_); }
+
+ private:
+  std::string text_;
+};
+
 /// Lets the module write the report to the new file, without putting it in its place.
 ReportSummary write_report(Session& session, const std::filesystem::path& path,
                            const std::filesystem::path& result_path) {
+  ReadableText text;
   const bool done = IAluDgnDataMgr::Instance()->MakeReport(nullptr, to_wide(path.string())) != 0;
   session.manager().close_stored_results(session.options().before_finish);
   if (const auto& failure = session.monitor().failure()) return failed(*failure);
@@ -79,13 +99,17 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
     summary.failure = "the design module ended the report early";
     return summary;
   }
-  const int lost = IAluDgnDataMgr::Instance()->GetLostReportBlocks();
-  if (lost > 0) return failed(reason_of_lost_blocks(path, lost));
   summary.outcome = RunOutcome::complete;
-  const ReportedElements elements = reported_elements(path);
+  summary.readable = text.take();
+  const ReportedElements elements = reported_elements(summary.readable);
   sort_elements(session, elements, summary);
   add_stored(session, elements, result_path, summary);
   return summary;
+}
+
+void fail(ReportSummary& summary, std::string reason) {
+  summary.outcome = RunOutcome::failed;
+  summary.failure = std::move(reason);
 }
 
 /// What a report that is not whole holds stays beside its place.
@@ -105,14 +129,25 @@ ReportSummary write_and_publish(Session& session, files::Publication& report,
   ReportSummary summary;
   try {
     summary = write_report(session, report.path(), result_path);
+    const int lost = IAluDgnDataMgr::Instance()->GetLostReportBlocks();
+    if (summary.outcome == RunOutcome::complete && lost > 0) {
+      fail(summary, reason_of_lost_blocks(report.path(), lost));
+    }
     if (summary.outcome == RunOutcome::complete) report.publish();
   } catch (const std::exception& error) {
-    summary = failed(files::error_text(error));
+    fail(summary, files::error_text(error));
   }
   if (summary.outcome == RunOutcome::failed) leave(report, path, summary);
-  summary.assertions = session.monitor().assertions();
-  summary.assertions.erase(no_stored_result);
   return summary;
+}
+
+/// The report whose file nobody wants: what the environment's character set lacks is lost there.
+ReportSummary make_readable(Session& session, const std::filesystem::path& result_path) {
+  try {
+    return write_report(session, "/dev/null", result_path);
+  } catch (const std::exception& error) {
+    return failed(files::error_text(error));
+  }
 }
 
 /// Where a report is written until it is whole: beside its place.
@@ -120,22 +155,22 @@ std::filesystem::path partial_name_of(const std::filesystem::path& report) {
   return files::link_target(report).filename() += ".partial";
 }
 
-}  // namespace
-
-ReportSummary run_report(const model::Model& model, SessionOptions options,
-                         const std::filesystem::path& path) {
-  if (files::is_same_file(path, options.result_path)) {
-    return failed(path.string() + ": holds the results, which the report would overwrite");
+/// Why a report cannot go where it is wanted, or nothing.
+std::optional<std::string> problem_of(const std::filesystem::path& path,
+                                      const std::filesystem::path& result_path) {
+  if (files::is_same_file(path, result_path)) {
+    return path.string() + ": holds the results, which the report would overwrite";
   }
   if (to_utf8(to_wide(path.string())) != path.string()) {
-    return failed(path.string() + ": is not UTF-8, as the names of reports must be");
+    return path.string() + ": is not UTF-8, as the names of reports must be";
   }
-  std::optional<files::Publication> report;
-  try {
-    report.emplace(path, partial_name_of(path), files::WhenBusy::refuse);
-  } catch (const std::exception& error) {
-    return failed(path.string() + ": cannot be written: " + files::error_text(error));
-  }
+  return std::nullopt;
+}
+
+/// @param report where the file at `path` is written; nothing: for the readable text alone
+ReportSummary run_session(const model::Model& model, SessionOptions options,
+                          std::optional<files::Publication>& report,
+                          const std::optional<std::filesystem::path>& path) {
   const std::filesystem::path result_path = options.result_path;
   Session session(model, std::move(options));
   const Binding binding(session);
@@ -144,7 +179,30 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
   } catch (const std::exception& error) {
     return failed(files::error_text(error));
   }
-  return write_and_publish(session, *report, path, result_path);
+  ReportSummary summary = report ? write_and_publish(session, *report, *path, result_path)
+                                 : make_readable(session, result_path);
+  summary.assertions = session.monitor().assertions();
+  summary.assertions.erase(no_stored_result);
+  return summary;
+}
+
+}  // namespace
+
+ReportSummary run_report(const model::Model& model, SessionOptions options,
+                         const std::optional<std::filesystem::path>& path,
+                         const ReportFollower& follow) {
+  std::optional<files::Publication> report;
+  if (path) {
+    if (auto problem = problem_of(*path, options.result_path)) return failed(*std::move(problem));
+    try {
+      report.emplace(*path, partial_name_of(*path), files::WhenBusy::refuse);
+    } catch (const std::exception& error) {
+      return failed(path->string() + ": cannot be written: " + files::error_text(error));
+    }
+  }
+  ReportSummary summary = run_session(model, std::move(options), report, path);
+  if (follow && !summary.readable.empty()) follow(summary);
+  return summary;
 }
 
 }  // namespace aluframe::services

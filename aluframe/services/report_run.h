@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,15 +27,24 @@ struct ReportSummary {
   /// What fails and has no line in the report that says so.
   UnprintedFailures unprinted;
   std::map<std::string, std::uint64_t> assertions;
+  /// The whole report in UTF-8 with its Chinese texts readable, also where the environment's
+  /// character set lacks some of it or its file takes no more; empty when it came to no end.
+  std::string readable;
 };
+
+/// What belongs beside a report that came to its end, such as its readable copy, is written here:
+/// no other run can write the report's file yet, so that both are of one run.
+using ReportFollower = std::function<void(const ReportSummary&)>;
 
 /// Writes the calculation report of a model's elements to `path` from the results of an earlier
 /// run. Elements that it did not check are checked now and their results added to its file.
 /// The report takes the place of an earlier one when it is whole. Until then, and where it fails,
 /// what is written stands beside it in "NAME.partial".
+/// Without a path it is made for its readable text alone.
 /// Nothing is changed when the report's file cannot be opened, is that of the results, or the
-/// results are of another model or state of it.
+/// results are of another model or state of it, or of other combinations than the run is for.
 ReportSummary run_report(const model::Model& model, SessionOptions options,
-                         const std::filesystem::path& path);
+                         const std::optional<std::filesystem::path>& path,
+                         const ReportFollower& follow = {});
 
 }  // namespace aluframe::services

@@ -11,6 +11,7 @@
 #include "apps/cli/analyse_command.h"
 #include "apps/cli/buckling_command.h"
 #include "apps/cli/check_command.h"
+#include "apps/cli/document_command.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/members_command.h"
@@ -167,15 +168,32 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   add_elements(*report, options.common.selection.elements);
   report->add_option("--results", options.results, "Result file; beside the model when not given")
       ->type_name("FILE");
-  report->add_option("--output", options.output, "Report (.alu); beside the model when not given")
-      ->type_name("FILE");
-  report->add_option("--readable", options.readable, "A copy in UTF-8 with readable Chinese texts")
-      ->type_name("FILE");
-  report->add_option("--units", options.units, "Units of the report, N,mm when not given")
-      ->type_name("FORCE,LENGTH");
+  const std::vector<CLI::Option*> of_text_report{
+      report
+          ->add_option("--output", options.output,
+                       "Report (.alu); beside the model when not given; - writes its readable text "
+                       "to standard output")
+          ->type_name("FILE"),
+      report
+          ->add_option(
+              "--readable", options.readable,
+              "The copy in UTF-8 with readable Chinese texts; beside the report when not given")
+          ->type_name("FILE"),
+      report->add_option("--units", options.units, "Units of the report, N,mm when not given")
+          ->type_name("FORCE,LENGTH"),
+      report->add_flag("--open", options.open, "Open the readable copy in $VISUAL or $EDITOR")};
   add_strict(*report, options.strict);
-  report->add_flag("--open", options.open, "Open the report in $VISUAL or $EDITOR");
-  report->callback([&] { status = run_report_command(options); });
+  CLI::Option* html =
+      report
+          ->add_option("--html", options.html,
+                       "In its place the calculation document, a page of HTML to be printed; - is "
+                       "standard output")
+          ->type_name("FILE");
+  for (CLI::Option* option : of_text_report) html->excludes(option);
+  report->callback([&] {
+    status =
+        options.html ? run_document_command(options, *options.html) : run_report_command(options);
+  });
 }
 
 std::optional<aluframe::model::Shape> shape_of_list(const std::string& name) {

@@ -2,21 +2,20 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <exception>
+#include <utility>
 #include <variant>
 
 #include "aluframe/files/error_text.h"
-#include "aluframe/files/output_guard.h"
+#include "aluframe/files/publication.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/model/plain_text.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
-#include "aluframe/run/told.h"
-#include "aluframe/services/readable_report.h"
-#include "aluframe/tables/check_summary.h"
-#include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/report_files.h"
+#include "apps/cli/report_texts.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/text_editor.h"
 #include "apps/cli/user_locale.h"
@@ -27,31 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path beside_model(const fs::path& model, const char* extension) {
-  return fs::path(model).replace_extension(extension);
-}
-
-struct Files {
-  fs::path results;
-  fs::path report;
-};
-
-Files files_of(const ReportOptions& options) {
-  return {options.results.value_or(run::result_path_of(options.input.model)),
-          options.output.value_or(beside_model(options.input.model, ".alu"))};
-}
-
-/// What would be overwritten that the user cannot mean, or nothing. The results are added to, so
-/// they are an output as well.
-std::optional<std::string> overwriting_problem(const ReportOptions& options, const Files& files) {
-  return files::find_overwriting(
-      {{"the result file", files.results, files::FileKind::results},
-       {"the report", files.report},
-       {"the readable copy", options.readable}},
-      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
-}
-
-run::ReportOptions report_options(const Files& files, const UnitPair& units) {
+run::ReportOptions report_options(const ReportFiles& files, const UnitPair& units) {
   return {.results = files.results,
           .report = files.report,
           .force = units.first,
@@ -59,63 +34,8 @@ run::ReportOptions report_options(const Files& files, const UnitPair& units) {
           .message = print_message};
 }
 
-/// What the results that the report goes by cover of the model, and what they tell of the elements
-/// that it is of.
-struct Basis {
-  std::optional<run::Coverage> coverage;  ///< nothing without a result file
-  run::Told told;
-  store::RunInfo info;
-};
-
-/// Without a result file no element could be taken up: only the report knows why.
-Basis basis_of(const services::ReportSummary& summary, const Files& files) {
-  Basis basis;
-  if (fs::exists(files.results)) {
-    const auto reader = store::ResultReader::open(files.results);
-    std::vector<model::Number> elements = summary.reported;
-    elements.insert(elements.end(), summary.not_reported.begin(), summary.not_reported.end());
-    std::ranges::sort(elements);
-    basis.coverage = run::coverage_of(*reader);
-    basis.told = run::told_by(*reader, elements);
-    basis.info = reader->info();
-  }
-  basis.told.not_checked = summary.not_checked;
-  return basis;
-}
-
-std::string number_list(const std::vector<model::Number>& numbers, tables::Lists lists) {
-  return tables::shown_list(model::join_as_ranges(numbers), lists);
-}
-
-/// How many failing elements the report says nothing of, and of which nobody can tell.
-std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
-  std::string text =
-      fmt::format(", {} of which no line of the report says so", unprinted.elements.size());
-  if (!unprinted.elements.empty()) {
-    text += ": element " + number_list(unprinted.elements, lists);
-  }
-  if (!unprinted.unclear.empty()) {
-    text += fmt::format("; whether it does of element {} cannot be told",
-                        number_list(unprinted.unclear, lists));
-  }
-  return text;
-}
-
-/// The combinations that the report is of, and the ratios of its elements, as `check` ends with
-/// them.
-std::string ratios_text(const model::Model& model, const services::ReportSummary& summary,
-                        const Basis& basis, tables::Lists lists) {
-  std::string text;
-  if (basis.coverage) {
-    text = fmt::format("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
-  }
-  return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
-}
-
-void print_summary(const model::Model& model, const services::ReportSummary& summary,
-                   const Files& files, const Basis& basis) {
-  print_formatted("Report of {} element{}, complete: {}\n", summary.reported.size(),
-                  summary.reported.size() == 1 ? "" : "s", files.report.string());
+/// The elements that the user should know of, as messages.
+void print_left_out(const services::ReportSummary& summary, const ReportFiles& files) {
   if (!summary.checked_now.empty()) {
     print_message(fmt::format("checked for the report and added to {}: element {}",
                               files.results.string(),
@@ -129,29 +49,10 @@ void print_summary(const model::Model& model, const services::ReportSummary& sum
     print_message(fmt::format("no check to show: element {}",
                               tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
-  if (basis.coverage) print_formatted("Covered: {}\n", run::coverage_text(*basis.coverage));
-  for (const store::GoverningRow& row : summary.unprinted.checks) {
-    print_formatted("Fails without a line in the report: element {}, {} {}\n", row.element,
-                    tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
-  }
-  print_text(ratios_text(model, summary, basis, tables::Lists::shortened));
-  print_text(tables::told_text(model, basis.told));
-}
-
-int exit_status(const services::ReportSummary& summary) {
-  switch (summary.outcome) {
-    case services::RunOutcome::complete:
-      return summary.reported.size() == summary.without_checks.size() ? exit_failure : exit_done;
-    case services::RunOutcome::nothing_to_check:
-      return exit_input_error;
-    default:
-      print_message("the report failed: " + summary.failure);
-      return exit_failure;
-  }
 }
 
 /// Says what the user should know of the stored results that the report goes by, if there are any.
-void warn_about_stored(const run::Input& input, const Files& files) {
+void warn_about_stored(const run::Input& input, const ReportFiles& files) {
   if (!fs::exists(files.results)) return;
   const auto reader = store::ResultReader::open(files.results);
   if (const auto text = run::unfinished_text(files.results, reader->state())) print_message(*text);
@@ -164,58 +65,109 @@ void warn_about_stored(const run::Input& input, const Files& files) {
       run::combinations_text(coverage)));
 }
 
-/// What stands behind the readable copy: nobody should file a report without.
-/// Its last line says that the copy is whole.
-std::string appendix_of(const model::Model& model, const services::ReportSummary& summary,
-                        const Basis& basis) {
-  const std::size_t elements = summary.reported.size();
-  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
-  if (basis.coverage) {
-    text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
+/// What became of a report's readable text.
+struct Ending {
+  std::optional<ReportBasis> basis;  ///< nothing: there is no text either, as `problem` says
+  std::string text;                  ///< with its appendix
+  std::string problem;               ///< why it is not where the user wants it; empty: it is
+};
+
+/// Makes the readable text of a report that came to its end, and writes the copy: also where the
+/// report itself lacks what the environment's character set does not have.
+Ending end_report(const model::Model& model, const services::ReportSummary& summary,
+                  const ReportFiles& files) {
+  Ending ending;
+  try {
+    ReportBasis basis = report_basis(summary, files.results);
+    ending.text = summary.readable + report_appendix(model, summary, basis);
+    ending.basis = std::move(basis);
+    if (files.readable) files::publish_text(*files.readable, ending.text);
+  } catch (const std::exception& error) {
+    ending.problem = files::error_text(error);
+    if (files.readable) {
+      ending.problem =
+          fmt::format("{}: cannot be written: {}", files.readable->string(), ending.problem);
+    }
   }
-  text += ratios_text(model, summary, basis, tables::Lists::whole);
-  if (!basis.told.safe_rows.empty()) {
-    text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
-  }
-  return text + tables::told_text(model, basis.told, tables::Lists::whole) +
-         fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
+  return ending;
 }
 
-/// What follows a report that was written. The editor opens behind the readable copy, and not while
-/// the design module still runs, so it is not opened by the module's own call.
-/// @return the exit status
-int finish(const ReportOptions& options, const Files& files, const std::string& appendix) {
-  if (options.readable) {
-    services::write_readable_report(files.report, user_charset(), *options.readable, appendix);
-    print_formatted("Readable copy: {}\n", options.readable->string());
+/// Everything that a failed report leaves, in one line: its readable copy may be whole.
+std::string failure_text(const services::ReportSummary& summary, const ReportFiles& files,
+                         const Ending& ending) {
+  std::string text = "the report failed: " + summary.failure;
+  if (!ending.problem.empty()) return text + "; " + ending.problem;
+  if (ending.text.empty() || !files.readable) return text;
+  return text + "; the readable copy is whole: " + files.readable->string();
+}
+
+/// Shows a complete report's summary and where its readable text is: on standard error where
+/// standard output has the text.
+void show(const std::string& summary, const ReportFiles& files, const Ending& ending) {
+  if (!files.report) {
+    print_text(ending.text);
+    print_to_stderr(model::for_terminal(summary));
+    return;
   }
-  if (!options.open) return exit_done;
-  const auto problem = open_in_editor(files.report);
+  print_text(summary);
+  if (ending.problem.empty()) print_formatted("Readable copy: {}\n", files.readable->string());
+}
+
+/// The end of a complete report whose readable text is not where the user wants it.
+/// @return the exit status
+int tell_missing_copy(const ReportFiles& files, const Ending& ending) {
+  print_message(files.report ? fmt::format("{}; the report is whole: {}", ending.problem,
+                                           files.report->string())
+                             : "the report failed: " + ending.problem);
+  return exit_failure;
+}
+
+/// The editor opens behind the readable copy, and not while the design module still runs, so it is
+/// not opened by the module's own call.
+/// @return the exit status
+int open(const fs::path& readable) {
+  const auto problem = open_in_editor(readable);
   if (!problem) return exit_done;
   print_message(*problem);
   return exit_failure;
 }
 
-int write(const ReportOptions& options, const run::Input& input, const UnitPair& units) {
-  const Files files = files_of(options);
+/// What follows a complete report. @return the exit status
+int finish(const ReportOptions& options, const model::Model& model,
+           const services::ReportSummary& summary, const ReportFiles& files, const Ending& ending) {
+  print_left_out(summary, files);
+  if (ending.basis) show(report_summary_text(model, summary, files, *ending.basis), files, ending);
+  if (!ending.problem.empty()) return tell_missing_copy(files, ending);
+  if (summary.reported.size() == summary.without_checks.size()) return exit_failure;
+  const int status = options.open ? open(*files.readable) : exit_done;
+  if (status != exit_done) return status;
+  return run::fails(ending.basis->told, options.strict) ? exit_over_limit : exit_done;
+}
+
+int write(const ReportOptions& options, const run::Input& input, const UnitPair& units,
+          const ReportFiles& files) {
   warn_about_stored(input, files);
-  const services::ReportSummary summary = run::report(input, report_options(files, units));
-  Basis basis;
-  if (summary.outcome == services::RunOutcome::complete) {
-    basis = basis_of(summary, files);
-    print_summary(input.model, summary, files, basis);
-  }
+  Ending ending;
+  run::ReportOptions wanted = report_options(files, units);
+  wanted.follow = [&](const auto& report) { ending = end_report(input.model, report, files); };
+  const services::ReportSummary summary = run::report(input, wanted);
   for (const auto& [place, count] : summary.assertions) {
     print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
   }
-  int status = exit_status(summary);
-  if (status != exit_done) return status;
-  status = finish(options, files, appendix_of(input.model, summary, basis));
-  return status == exit_done && run::fails(basis.told, options.strict) ? exit_over_limit : status;
+  switch (summary.outcome) {
+    case services::RunOutcome::complete:
+      return finish(options, input.model, summary, files, ending);
+    case services::RunOutcome::nothing_to_check:
+      return exit_input_error;
+    default:
+      print_message(failure_text(summary, files, ending));
+      return exit_failure;
+  }
 }
 
 /// Why results cannot be looked at as strictly as the user wants, or nothing.
-std::optional<std::string> strictness_problem(const ReportOptions& options, const Files& files) {
+std::optional<std::string> strictness_problem(const ReportOptions& options,
+                                              const ReportFiles& files) {
   if (options.strict != run::Strictness::safe || !fs::exists(files.results)) return std::nullopt;
   const auto reader = store::ResultReader::open(files.results);
   if (run::second_opinion_of(reader->info().setup) == run::SecondOpinion::on) return std::nullopt;
@@ -229,16 +181,16 @@ std::optional<std::string> strictness_problem(const ReportOptions& options, cons
 int prepare_and_write(const ReportOptions& options) {
   const auto units = parse_unit_pair(options.units);
   if (const auto* text = std::get_if<std::string>(&units)) return stop({"--units: " + *text});
-  if (const auto problem = overwriting_problem(options, files_of(options))) return stop({*problem});
-  if (const auto problem = strictness_problem(options, files_of(options))) return stop({*problem});
+  const ReportFiles files = report_files(options);
+  if (const auto problem = problem_of_files(options, files)) return stop({*problem});
+  if (const auto problem = strictness_problem(options, files)) return stop({*problem});
   if (options.open) {
     if (const auto problem = editor_problem()) return stop({*problem});
   }
-  const auto prepared =
-      run::prepare_like(files_of(options).results, options.input, options.common.selection);
+  const auto prepared = run::prepare_like(files.results, options.input, options.common.selection);
   if (const auto* problem = std::get_if<run::Problem>(&prepared)) return stop(*problem);
   const auto& input = std::get<run::Input>(prepared);
-  return write(options, input, std::get<UnitPair>(units));
+  return write(options, input, std::get<UnitPair>(units), files);
 }
 
 }  // namespace

@@ -12,11 +12,14 @@ namespace aluframe::cli {
 struct ReportOptions {
   run::InputOptions input;
   CommonOptions common;
-  std::optional<std::filesystem::path> results;   ///< result file; beside the model when not given
-  std::optional<std::filesystem::path> output;    ///< report; beside the model when not given
-  std::optional<std::filesystem::path> readable;  ///< copy in UTF-8
+  std::optional<std::filesystem::path> results;  ///< result file; beside the model when not given
+  /// Report; beside the model when not given; "-": its readable text goes to standard output alone.
+  std::optional<std::filesystem::path> output;
+  /// Copy in UTF-8; beside the report when not given.
+  std::optional<std::filesystem::path> readable;
+  std::optional<std::filesystem::path> html;  ///< in place of the report; see document_command.h
   std::string units = "N,mm";
-  bool open = false;  ///< in the user's editor
+  bool open = false;  ///< the readable copy, in the user's editor
   run::Strictness strict = run::Strictness::none;
 };
 

@@ -26,8 +26,4 @@ void prepare_user_locale() {
   }
 }
 
-std::string user_charset() {
-  return services::charset_of_environment().value_or("UTF-8");
-}
-
 }  // namespace aluframe::cli

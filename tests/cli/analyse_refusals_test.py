@@ -78,7 +78,7 @@ def test_results_and_report_from_before_stay_when_the_analysis_fails(aluframe, b
     aluframe("report", "frame.json")
     kept = {path.name: path.read_bytes() for path in aluframe.folder.iterdir()
             if path.name != "frame.json"}
-    assert kept.keys() == {"frame.aluresult", "frame.alu"}
+    assert kept.keys() == {"frame.aluresult", "frame.alu", "frame.txt"}
     aluframe.write(beam | {"supports": []})
     for command in ("check", "report"):
         aluframe(command, "frame.json", status=1)

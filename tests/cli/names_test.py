@@ -9,6 +9,7 @@ RULE = "must be one line of text without control characters"
 
 NAMES = {
     "title": (["title"], "/title"),
+    "project": (["project", "client"], "/project/client"),
     "node": (["nodes", 0, "name"], "/nodes/0/name"),
     "section": (["sections", 0, "name"], "/sections/0/name"),
     "material": (["materials", 0, "name"], "/materials/0/name"),
@@ -24,6 +25,7 @@ NAMES = {
 def named(model, path, name):
     model = copy.deepcopy(model)
     model["members"] = [{"number": 1, "elements": [1]}]
+    model["project"] = {}
     if path[0] == "materials":
         model["materials"] = [{"number": 1, "grade": "X", "f02_thin": 110, "fu": 160}]
     at = model

@@ -31,7 +31,7 @@ def editor(tmp_path, monkeypatch):
 def test_the_report_opens_in_the_users_editor(frame, editor, monkeypatch, name):
     monkeypatch.setenv(name, f"'{editor[0]}'")
     done = frame("report", "frame.json", "--output", "it's \"A\" $HOME.alu", "--open")
-    assert editor[1]() == ["it's \"A\" $HOME.alu"]
+    assert editor[1]() == ["it's \"A\" $HOME.txt"]
     assert done.stderr == ""
 
 
@@ -41,7 +41,7 @@ def test_visual_goes_before_editor_unless_it_is_empty(frame, editor, monkeypatch
     frame("report", "frame.json", "--open")
     monkeypatch.setenv("VISUAL", "")
     frame("report", "frame.json", "--open")
-    assert editor[1]() == ["visual", "frame.alu", "plain", "frame.alu"]
+    assert editor[1]() == ["visual", "frame.txt", "plain", "frame.txt"]
 
 
 def test_without_open_no_editor_is_started(frame, editor, monkeypatch):

@@ -90,6 +90,68 @@ def test_a_results_file_that_is_something_else_is_refused_and_left(frame):
     assert bytes_of(frame) == before
 
 
+def test_a_file_of_the_users_own_beside_the_report_is_not_taken_for_its_copy(frame):
+    (frame.folder / "frame.txt").write_text("notes on the frame\n")
+    done = frame("report", "frame.json", status=1)
+    assert done.stderr == ("frame.txt: is no readable copy of a report, which would overwrite it; move it, or name "
+                           "another file with --readable\n")
+    assert (frame.folder / "frame.txt").read_text() == "notes on the frame\n"
+    assert not (frame.folder / "frame.alu").exists()
+    frame("report", "frame.json", "--readable", "copy.txt")
+    assert (frame.folder / "frame.txt").read_text() == "notes on the frame\n"
+
+
+def test_a_pipe_beside_the_report_is_no_copy_and_is_not_waited_for(frame):
+    os.mkfifo(frame.folder / "frame.txt")
+    done = frame("report", "frame.json", status=1)
+    assert done.stderr.startswith("frame.txt: is no readable copy of a report, ")
+    assert not (frame.folder / "frame.alu").exists()
+
+
+def test_an_earlier_copy_is_replaced(frame):
+    frame("report", "frame.json")
+    whole = bytes_of(frame, "frame.txt")
+    frame("report", "frame.json", "--elements", "1")
+    assert bytes_of(frame, "frame.txt") != whole
+    frame("report", "frame.json")
+    assert bytes_of(frame, "frame.txt") == whole
+
+
+def test_a_report_with_the_name_of_its_copy_has_its_copy_beside_it(frame):
+    done = frame("report", "frame.json", "--output", "frame.txt")
+    assert done.stdout.endswith("Readable copy: frame.readable.txt\n")
+
+
+# To standard output
+
+def test_a_report_to_standard_output_is_the_readable_copy_and_leaves_no_file(frame):
+    frame("report", "frame.json", "--readable", "copy.txt")
+    (frame.folder / "frame.alu").unlink()
+    listed = sorted(os.listdir(frame.folder))
+    done = frame("report", "frame.json", "--output", "-")
+    assert done.stdout == (frame.folder / "copy.txt").read_text(encoding="utf-8")
+    assert done.stderr.startswith("Report of 3 elements, complete: standard output\n")
+    assert "  worst ratio   " in done.stderr
+    assert sorted(os.listdir(frame.folder)) == listed
+
+
+@pytest.mark.parametrize("option, words", [
+    (("--readable", "copy.txt"),
+     "--readable: --output - writes the readable text to standard output; give one of the two\n"),
+    (("--open",), "--open: --output - leaves no file to open; give one of the two\n"),
+])
+def test_what_needs_a_file_is_refused_beside_standard_output(frame, option, words):
+    done = frame("report", "frame.json", "--output", "-", *option, status=1)
+    assert done.stderr == words and done.stdout == ""
+
+
+def test_a_full_disk_behind_standard_output_is_a_failure(frame):
+    with open("/dev/full", "w", encoding="utf-8") as full:
+        done = subprocess.run([frame.path, "report", "frame.json", "--output", "-"], cwd=frame.folder,
+                              stdout=full, stderr=subprocess.PIPE, check=False, timeout=120)
+    assert done.returncode == 2
+
+
 # What cannot be opened
 
 @pytest.mark.parametrize("path, words", [
@@ -122,7 +184,9 @@ def test_a_report_that_cannot_be_opened_checks_nothing(frame):
 def test_a_readable_copy_that_cannot_be_opened_leaves_the_report(frame):
     frame("report", "frame.json", "--output", "whole.alu")
     done = frame("report", "frame.json", "--readable", "missing/frame.txt", status=2)
-    assert done.stderr == "missing/frame.txt: cannot be written: No such file or directory\n"
+    assert done.stderr == ("missing/frame.txt: cannot be written: No such file or directory; the report is whole: "
+                           "frame.alu\n")
+    assert "Readable copy:" not in done.stdout
     assert bytes_of(frame, "frame.alu") == bytes_of(frame, "whole.alu")
 
 
@@ -198,7 +262,8 @@ def test_a_full_disk_ends_the_run_with_a_clear_message_and_every_finished_block_
     done, reason = run_on_small_disk(frame)
     assert done.returncode == 2, done.stderr
     assert done.stderr == (f"the report failed: disk/frame.alu: the report is incomplete: {reason}; "
-                           "what was written is in frame.alu.partial\n")
+                           "what was written is in frame.alu.partial; "
+                           f"disk/frame.txt: cannot be written: {reason}\n")
     assert done.stdout == ""
     kept = (frame.folder / "kept" / "frame.alu.partial").read_bytes().decode("utf-8", "ignore")
     assert len(blocks_of(kept)) > 3
@@ -212,7 +277,7 @@ def test_a_full_disk_at_the_readable_copy_leaves_the_report(frame):
     frame("report", "frame.json", "--output", "whole.alu")
     size = (frame.folder / "whole.alu").stat().st_size
     done = frame("report", "frame.json", "--readable", "/dev/full", status=2)
-    assert done.stderr == "/dev/full: cannot be written: No space left on device\n"
+    assert done.stderr == "/dev/full: cannot be written: No space left on device; the report is whole: frame.alu\n"
     assert (frame.folder / "frame.alu").stat().st_size == size
 
 

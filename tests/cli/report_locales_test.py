@@ -117,14 +117,32 @@ def test_a_name_beyond_the_character_set_is_lost_with_the_list_of_combinations_a
     said = in_locale(frame, locales, "949", status=2)[1]
     assert said == ("the report failed: frame.alu: the report is incomplete: a character that the "
                     "environment's character set lacks, in 1 block (LC_ALL=C.UTF-8 has them all), or "
-                    "writing failed for a moment; what was written is in frame.alu.partial\n")
+                    "writing failed for a moment; what was written is in frame.alu.partial; "
+                    "the readable copy is whole: frame.txt\n")
     written = (frame.folder / "frame.alu.partial").read_bytes().decode("cp949")
     whole = in_locale(frame, locales, "UTF-8")[0].decode("utf-8")
     first_member = "=" * 100 + "\n  MEMBER NO = 1,"
     head, _, members = written.partition(first_member)
+    copy = (frame.folder / "frame.txt").read_text(encoding="utf-8")
+    read_report(copy.partition("\n\nSecond opinion (")[0], READABLE)
+    assert "Größe( 1." in copy
     assert members == whole.partition(first_member)[2]
     assert head.startswith("=" * 100 + "\n  Aluminum Alloy Code Checking") and "Gr" not in head
     assert not (frame.folder / "frame.alu.partial").exists()
+
+
+def test_a_readable_text_on_standard_output_lacks_nothing_in_any_character_set(frame, locales):
+    frame.model["load_cases"][0]["name"] = "Größe"  # code page 949 has no ö
+    frame.write(frame.model)
+    frame("check", "frame.json")
+    report(frame, LC_ALL="C.UTF-8")
+    expected = (frame.folder / "frame.txt").read_bytes()
+    for name in ("frame.alu", "frame.txt"):
+        (frame.folder / name).unlink()
+    done = subprocess.run([frame.path, "report", "frame.json", "--output", "-"], cwd=frame.folder,
+                          env={**os.environ, "LOCPATH": str(locales), "LC_ALL": LOCALES["949"][0]},
+                          capture_output=True, check=True, timeout=120)
+    assert done.stdout == expected
 
 
 # Numbers

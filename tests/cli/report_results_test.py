@@ -110,6 +110,36 @@ def test_elements_checked_for_the_report_say_what_was_not_checked(frame):
     assert frame.json("results", "frame.json") == stored
 
 
+# Results of some combinations
+
+def test_a_report_of_some_combinations_says_so_and_adds_elements_by_the_same_ones(frame):
+    frame("check", "frame.json", "--combinations", "1", "--elements", "1")
+    done = frame("report", "frame.json")
+    assert done.stderr.startswith(
+        "frame.aluresult: covers combination 1 alone, 1 of 2, and the report goes by no other; check the model "
+        "again for all\n")
+    assert "\nCombinations: 1\n" in done.stdout
+    assert "SEIS" not in text_of(frame) and elements_of(frame) == [1, 1002, 1003]
+    with sqlite3.connect(frame.folder / "frame.aluresult") as database:
+        assert {row[0] for row in database.execute("SELECT combination FROM governing")} == {1}
+    database.close()
+
+
+def test_results_of_some_combinations_that_pass_for_all_are_not_mixed_with_others(frame):
+    frame("check", "frame.json", "--combinations", "1", "--elements", "1")
+    with sqlite3.connect(frame.folder / "frame.aluresult") as database:
+        database.execute("UPDATE run SET state = 'cancelled', model_states = 1")
+        database.execute("DELETE FROM seal")
+    database.close()
+    before = (frame.folder / "frame.aluresult").read_bytes()
+    done = frame("report", "frame.json", status=2)
+    assert done.stderr.endswith(
+        "the report failed: frame.aluresult: holds results of combination 1, which are not mixed with those of "
+        "combination 1-2; check the model again\n")
+    assert (frame.folder / "frame.aluresult").read_bytes() == before
+    assert not (frame.folder / "frame.alu").exists()
+
+
 # Stored checks that are not those of the model
 
 def exchange_results(frame):

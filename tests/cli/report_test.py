@@ -172,14 +172,14 @@ def test_a_shorter_report_leaves_nothing_of_a_longer_one(frame):
 
 def test_a_report_leaves_model_and_results_as_they_are(frame):
     before = {name: (frame.folder / name).read_bytes() for name in ("frame.json", "frame.aluresult")}
-    frame("report", "frame.json", "--readable", "frame.txt")
+    frame("report", "frame.json")
     assert {name: (frame.folder / name).read_bytes() for name in before} == before
     assert sorted(os.listdir(frame.folder)) == [
         "frame.alu", "frame.aluresult", "frame.json", "frame.txt"]
 
 
 def test_a_readable_copy_has_the_chinese_titles(frame):
-    done = frame("report", "frame.json", "--readable", "frame.txt")
+    done = frame("report", "frame.json")
     assert done.stdout.startswith("Report of 3 elements, complete: frame.alu\n")
     assert done.stdout.endswith("Readable copy: frame.txt\n")
     # The second opinion behind it is no part of the report.

@@ -26,6 +26,8 @@ FULL = {
     "version": 1,
     "title": "All",
     "description": "Every field",
+    "project": {"name": "Hall 3", "number": "24-017", "client": "City", "location": "Quay 1",
+                "engineer": "A", "checker": "B", "approver": "C", "revision": "2", "date": "2026-05-01"},
     "units": {"force": "kip", "length": "ft", "section": "in"},
     "settings": {"code": "GB50429-2007", "rib": False, "rib_ratio": 1.1, "safety_class": 3,
                  "strength_ratio": 0.9, "seismic": True, "gamma_re_strength": 0.7,

@@ -5,6 +5,7 @@ MODEL = """\
 {
 \t"format": "aluframe-model",  "version": 1,
 \t"title": "Pipe \\"settings\\": {}",
+\t"project" : {"engineer": "A. B.", "revision":"C" },
 \t"units": {"length": "m", "force": "kN"},
 \t"settings": { "code": "GB50429-2007",
 \t\t"gamma_re_strength": 0.8 , "seismic":true },

@@ -237,3 +237,15 @@ def test_second_order_refuses_forces_that_are_all_given(aluframe, pipe_beam):
     assert error == ("frame.json: element 1 has given forces in load case 1, which second order "
                      "cannot use: it needs loads alone\n")
     assert not (aluframe.folder / "frame.aluresult").exists()
+
+
+def test_results_stay_those_of_the_model_when_only_its_project_changes(twisted):
+    twisted.model["project"] = {"checker": "A. B."}
+    twisted.write(twisted.model)
+    twisted("check", "frame.json")
+    twisted.model["project"] = {"checker": "C. D.", "revision": "2"}
+    twisted.write(twisted.model)
+    assert twisted("results", "frame.json").stderr == ""
+    twisted.model["units"]["length"] = "mm"
+    twisted.write(twisted.model)
+    assert "another state" in twisted("results", "frame.json").stderr

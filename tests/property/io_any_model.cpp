@@ -281,6 +281,7 @@ Model any_model() {
   Model model;
   model.title = any_name();
   model.description = any_of<std::string>({"", "one line", "line\nbreak\t\\"});
+  for (const ProjectField& field : project_fields) model.project.*field.text = any_name();
   model.units = any_units();
   model.moving_load_code = any_of({0, 1, 16, 18, 100});
   model.design = any_optional(any_settings);

@@ -88,6 +88,7 @@ void require_equal_tables(const Table<Entity>& expected, const Table<Entity>& ac
 void require_equal(const Model& expected, const Model& actual) {
   RC_ASSERT(expected.title == actual.title);
   RC_ASSERT(expected.description == actual.description);
+  RC_ASSERT(expected.project == actual.project);
   RC_ASSERT(expected.units == actual.units);
   RC_ASSERT(expected.design == actual.design);
   RC_ASSERT(expected.frame == actual.frame);

@@ -9,6 +9,7 @@ import pytest
 from workbench import RESULTS, amount, chance_of, changed, end_of, files_of, frame, lay_out, run, start, text_of
 
 BOTH = "both.out"
+COPY_OF_BOTH = "both.txt"
 LATEST_START = 0.010  # seconds between the two
 BUSY = "another run is writing this file"
 # The second run may find the first one's results complete, also after it has waited for its end: they
@@ -35,8 +36,9 @@ def alone(models, tmp_path_factory):
         (folder / BOTH).unlink()
         run(folder, "check", model, status=0)
         run(folder, "report", model, "--output", BOTH, status=0)
-        written["report", model] = (folder / BOTH).read_bytes()
-        (folder / BOTH).unlink()
+        for of, name in (("report", BOTH), ("copy", COPY_OF_BOTH)):
+            written[of, model] = (folder / name).read_bytes()
+            (folder / name).unlink()
     return written
 
 
@@ -70,6 +72,12 @@ def judge(folder, ends, alone, command, refusals):
     by_model = {words[1]: done for words, done in ends.items()}
     require_honest(by_model, model_of((folder / BOTH).read_bytes(), command, alone), refusals)
     return tuple(sorted(done.status for done in ends.values()))
+
+
+def require_copy_of_the_report(folder, alone):
+    of_report, of_copy = (model_of((folder / name).read_bytes(), of, alone)
+                          for name, of in ((BOTH, "report"), (COPY_OF_BOTH, "copy")))
+    assert of_copy == of_report, f"the report is that of {of_report}, its copy that of {of_copy}"
 
 
 def commands_of(*pattern):
@@ -124,10 +132,12 @@ def test_of_two_reports_one_is_refused_or_comes_later(models, alone, tmp_path, t
         run(tmp_path, "check", model, status=0)
     before = names_in(tmp_path)
     for _ in range(amount(15, 60)):
-        (tmp_path / BOTH).unlink(missing_ok=True)
+        for name in (BOTH, COPY_OF_BOTH):
+            (tmp_path / name).unlink(missing_ok=True)
         ends = run_both(tmp_path, commands_of("report", "MODEL", "--output", BOTH), chance)
         outcomes[judge(tmp_path, ends, alone, "report", (BUSY,))] += 1
-        assert names_in(tmp_path) == before | {BOTH}
+        require_copy_of_the_report(tmp_path, alone)
+        assert names_in(tmp_path) == before | {BOTH, COPY_OF_BOTH}
     tell(f"two reports: {dict(outcomes)}")
 
 

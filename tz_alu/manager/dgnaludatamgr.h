@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "host/framework/collections.h"
 #include "host/tz_db/services.h"
@@ -52,6 +55,11 @@ class TZ_ALU_API IAluDgnDataMgr {
   /// Blocks of the last report that could not be written whole, such as on a full disk. The report
   /// itself passes over them in silence.
   int GetLostReportBlocks() const;
+  /// Who gets the text of the next reports piece by piece, as it is before it is narrowed to the
+  /// user's code page; nothing: nobody.
+  void SetReportText(std::function<void(const std::wstring&)> receiver) {
+    m_reportText = std::move(receiver);
+  }
   /// Appends one element to the report. One that was never checked is checked now and stored.
   /// @return 0 when its data or results cannot be had
   int MakeReport(UINT elem);
@@ -133,6 +141,7 @@ class TZ_ALU_API IAluDgnDataMgr {
   int CheckElements(const KEYS& keys, const LCOMBS& lcombs, const T_UNIT_INDEX& userUnits);
   int RunReport(const KEYS* keys, const CString& path, const T_UNIT_INDEX& userUnits);
   int GetRunKeys(const KEYS* keys, KEYS& elems, LCOMBS& lcombs);
+  void HandOverText() const;
   int ReadGoverning(UINT elem, T_RALU_D& record);
   /// Makes a stored check again with its block. @return what came of it
   T_RALU_RLT ReportItem(ALU_DGN_DATA& data, const T_RALU_ITEM& item, int type);
@@ -142,6 +151,7 @@ class TZ_ALU_API IAluDgnDataMgr {
   void SetEndConditions(ALU_DGN_MEMB& memb) const;
 
   std::unique_ptr<CALUCode_GB50429_07> m_pCode;
+  std::function<void(const std::wstring&)> m_reportText;
   MAP<ALU_DGN_MEMB> m_mapMemb;   // by display key
   MAP<ALU_SECT_DATA> m_mapSect;  // by section number
   MAP<ALU_MATL_DATA> m_mapMatl;  // by material number

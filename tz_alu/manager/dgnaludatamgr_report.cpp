@@ -40,12 +40,21 @@ int IAluDgnDataMgr::RunReport(const KEYS* keys, const CString& path,
   LCOMBS listed;
   GetDgnLCombs(listed);
   m_pCode->PrintHeader(listed);
-  for (const UINT elem : elems) MakeReport(elem);
+  HandOverText();
+  for (const UINT elem : elems) {
+    MakeReport(elem);
+    HandOverText();
+  }
   m_pCode->TouchReport();
   CDBLib::RunTextEditor(file, zel::lib::MMSGFunction::GetValue(L"IDS_MAIN_RIBBON_MENU_ALU_DGN"), 1,
                         1800, 900, 1500, 1000, 0);
   units.SetUnitIndexCurrent(userUnits, 0);
   return 1;
+}
+
+void IAluDgnDataMgr::HandOverText() const {
+  const std::wstring text = m_pCode->TakeText();
+  if (m_reportText) m_reportText(text);
 }
 
 int IAluDgnDataMgr::GetLostReportBlocks() const {

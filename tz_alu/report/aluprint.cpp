@@ -25,6 +25,7 @@ void CALUPrint::SetUnit() {
 
 void CALUPrint::ResetReport() const {
   m_nLostBlocks = 0;
+  m_strText.clear();
   const rptbasic_ofstream<wchar_t> out(m_strPath.GetString(), std::ios_base::out,
                                        RPT_SHARE::DenyNone);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "host/framework/collections.h"
 #include "host/framework/cstring.h"
 #include "host/tz_db/keys.h"
@@ -44,6 +47,11 @@ class TZ_ALU_API CALUPrint {
   /// Where a block counts itself when it is lost.
   int* LostBlockCount() const { return &m_nLostBlocks; }
 
+  /// What was written since it was last taken, before it is narrowed to the user's code page.
+  std::wstring TakeText() const { return std::exchange(m_strText, {}); }
+  /// Where a block adds what it writes.
+  std::wstring* ReportText() const { return &m_strText; }
+
   const CString& ReportPath() const { return m_strPath; }
   /// What banner titles and member lines start with: two blanks.
   const CString& Margin() const { return m_strMargin; }
@@ -71,6 +79,7 @@ class TZ_ALU_API CALUPrint {
   CString m_strLead = L"   ";
   CString m_strGap = L"   ";
   mutable int m_nLostBlocks = 0;
+  mutable std::wstring m_strText;
 };
 
 /// What a detail block shows: the check's input and forces, what it calculated and its results.

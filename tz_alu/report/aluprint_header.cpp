@@ -67,7 +67,7 @@ void PutCombination(REPORT_BLOCK& block, const T_LCOM_D& lcomb, const CString& g
 }  // namespace
 
 void CALUPrint::PrintHeader(const LCOMBS& lcombs) {
-  REPORT_BLOCK block(m_strPath, &m_nLostBlocks);
+  REPORT_BLOCK block(m_strPath, &m_nLostBlocks, &m_strText);
   block.Rule();
   block.Line(m_strMargin, L"Aluminum Alloy Code Checking [ GB 50429 ", kDash, L" 2007 ]");
   block.Banner(m_strMargin, kCombinationsTitle);

@@ -56,7 +56,7 @@ constexpr unsigned kWidth = 0;
 void CALUPrint::PrintMember(const ALU_DGN_DATA& data) {
   T_ELEM_D element;
   CDBDoc::GetDocPoint()->GetAttrCtrl().GetElem(data.nElem, element);
-  REPORT_BLOCK block(m_strPath, &m_nLostBlocks);
+  REPORT_BLOCK block(m_strPath, &m_nLostBlocks, &m_strText);
   block.Rule();
   block.Line(m_strMargin, L"MEMBER NO = ", FormatInteger(data.nElem), L",   ELEMENT TYPE = ",
              MemberTypeText(data.nMembType));
@@ -70,7 +70,7 @@ void CALUPrint::PrintMember(const ALU_DGN_DATA& data) {
 void CALUPrint::PrintSection(const ALU_DGN_DATA& data) {
   const ALU_SECT_DATA& sect = data.code.sect;
   const SHAPE_LINE& shape = ShapeLine(sect.nShape);
-  REPORT_BLOCK block(m_strPath, &m_nLostBlocks);
+  REPORT_BLOCK block(m_strPath, &m_nLostBlocks, &m_strText);
   block.Line(m_strGap, L"Section Properties: ");
   block.Line(m_strGap, L"Shape = ", shape.name, kDash, L"Section ");
   block.Put(m_strGap);

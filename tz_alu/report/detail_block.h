@@ -15,7 +15,7 @@ class DETAIL_BLOCK {
       : m_print(print),
         m_in(in),
         m_dGammaRE(gammaRE),
-        m_block(print.ReportPath(), print.LostBlockCount()) {}
+        m_block(print.ReportPath(), print.LostBlockCount(), print.ReportText()) {}
 
   void Banner(const wchar_t* title) { m_block.Banner(m_print.Margin(), title); }
   /// A line of values or forces.

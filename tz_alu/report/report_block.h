@@ -15,8 +15,12 @@ namespace alu_report {
 class REPORT_BLOCK {
  public:
   /// @param lost counts the blocks that could not be written whole; null: nobody asks
-  explicit REPORT_BLOCK(const CString& path, int* lost = nullptr)
-      : m_out(path.GetString(), std::ios_base::app, RPT_SHARE::DenyNone), m_pLost(lost) {}
+  /// @param text gets what is written as it stands, whatever the file's character set lacks; null:
+  ///   nobody wants it
+  explicit REPORT_BLOCK(const CString& path, int* lost = nullptr, std::wstring* text = nullptr)
+      : m_out(path.GetString(), std::ios_base::app, RPT_SHARE::DenyNone),
+        m_pLost(lost),
+        m_pText(text) {}
   REPORT_BLOCK(const REPORT_BLOCK&) = delete;
   REPORT_BLOCK& operator=(const REPORT_BLOCK&) = delete;
   ~REPORT_BLOCK();
@@ -25,6 +29,7 @@ class REPORT_BLOCK {
   template <class... TEXTS>
   void Put(const TEXTS&... texts) {
     (m_out << ... << texts);
+    if (m_pText != nullptr) (Append(texts), ...);
   }
   /// Writes a line, which is in the file when this returns.
   template <class... TEXTS>
@@ -32,15 +37,23 @@ class REPORT_BLOCK {
     Put(texts...);
     EndLine();
   }
-  void EndLine() { m_out.put(m_out.widen('\n')).flush(); }
+  void EndLine() {
+    m_out.put(m_out.widen('\n')).flush();
+    if (m_pText != nullptr) *m_pText += L'\n';
+  }
   /// A line of 100 "=".
   void Rule();
   /// A title between two rules: margin, then "[[[*]]]   " and the title.
   void Banner(const CString& margin, const wchar_t* title);
 
  private:
+  void Append(const CString& text) { *m_pText += text.GetString(); }
+  void Append(const std::wstring& text) { *m_pText += text; }
+  void Append(const wchar_t* text) { *m_pText += text; }
+
   rptbasic_ofstream<wchar_t> m_out;
   int* m_pLost;
+  std::wstring* m_pText;
 };
 
 /// "(LCB=12, POS=1/2)": combination and check position of the forces.

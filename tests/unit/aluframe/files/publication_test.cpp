@@ -79,6 +79,24 @@ class PublishText : public testing::Test {
   fs::path file_;
 };
 
+TEST_F(PublishText, OfAStreamIsWholeHoweverLong) {
+  const std::string line(1000, 'x');
+  publish_stream(file_, [&line](std::ostream& out) {
+    for (int i = 0; i < 1000; ++i) out << line;
+  });
+  EXPECT_EQ(content_of(file_), std::string(1000 * 1000, 'x'));
+}
+
+TEST_F(PublishText, OfAStreamThatEndsEarlyKeepsTheFile) {
+  const auto fail = [](std::ostream& out) {
+    out << "new";
+    throw std::runtime_error("no more");
+  };
+  EXPECT_THROW(publish_stream(file_, fail), std::runtime_error);
+  EXPECT_EQ(content_of(file_), "old");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
+}
+
 TEST_F(PublishText, TheFileHasTheNewContentAndNothingElseIsLeft) {
   const std::string content("new\0\r\n\xFF", 7);
   publish_text(file_, content);

@@ -196,6 +196,37 @@ INSTANTIATE_TEST_SUITE_P(
                  "without control characters"}),
     name_of_bad_model);
 
+INSTANTIATE_TEST_SUITE_P(
+    Projects, BadValue,
+    testing::Values(BadModel{"LineFeedInTheClient", R"("title": "Post")",
+                             R"("project": {"client": "City\nHall"})",
+                             "/project/client: found U+000A behind \"City\", must be one line of "
+                             "text without control characters"},
+                    BadModel{"TurnInTheRevision", R"("title": "Post")",
+                             R"("project": {"revision": "\u202e1"})",
+                             "/project/revision: found U+202E at the beginning, must be one line "
+                             "of text without control characters"},
+                    BadModel{"NumberForAText", R"("title": "Post")", R"("project": {"date": 2026})",
+                             "/project/date: found 2026, must be a text"},
+                    BadModel{"MisspeltField", R"("title": "Post")",
+                             R"("project": {"enginer": "A"})",
+                             "/project/enginer: unknown field, did you mean \"engineer\"?"},
+                    BadModel{"NoObject", R"("title": "Post")", R"("project": "Hall")",
+                             "/project: found \"Hall\", must be an object"}),
+    name_of_bad_model);
+
+TEST(ProjectOfAModel, HasTheTextsOfTheFileAndNothingElse) {
+  const model::Project project =
+      model_of(replaced(small_model, R"("title": "Post")",
+                        R"("project": {"name": "Hall", "checker": "B"})"))
+          .project;
+  model::Project expected;
+  expected.name = "Hall";
+  expected.checker = "B";
+  EXPECT_EQ(project, expected);
+  EXPECT_EQ(model_of(small_model).project, model::Project());
+}
+
 TEST(DescriptionOfAModel, MayHaveLines) {
   EXPECT_EQ(model_of(replaced(small_model, R"("title")", R"("description": "one\ntwo", "title")"))
                 .description,

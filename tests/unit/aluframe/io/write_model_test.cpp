@@ -10,6 +10,7 @@ TEST(WriteModel, PutsAnEntityOnALineAndLeavesDefaultsOut) {
   "format": "aluframe-model",
   "version": 1,
   "title": "Frame \"A\"",
+  "project": {"name": "Hall \"3\"", "client": "City", "engineer": "A. B.", "revision": "C", "date": "May 2026"},
   "units": {"force": "kN", "length": "m", "section": "mm"},
   "settings": {"code": "GB50429-2007", "safety_class": 1},
   "frame": {"braced_a": true, "braced_b": false},
@@ -121,6 +122,7 @@ TEST(ModelDigest, LeavesOutWhatNoResultDependsOn) {
   const std::string digest = model_digest(model);
   model.title = "Mullion";
   model.description = "Facade";
+  model.project.engineer = "A. B.";
   model.moving_load_code = 4;
   EXPECT_EQ(model_digest(model), digest);
 }

@@ -94,6 +94,13 @@ TEST(Svg, InAPageHasNoPrologueAndIdsOfItsOwn) {
   EXPECT_GE(count(svg, " id=\"loads-2-"), 3U);
 }
 
+TEST(Svg, InAPageLeavesItsTitleToTheCaptionAndToWhoCannotSeeIt) {
+  EXPECT_EQ(count(svg_of(draw(beam(), along_y())), ">Test</"), 2U);
+  const std::string svg = svg_of(draw(beam(), along_y()), {.is_file = false});
+  EXPECT_EQ(count(svg, ">Test</"), 1U);
+  EXPECT_NE(svg.find("<title id=\"picture-title\">Test</title>"), std::string::npos);
+}
+
 TEST(Svg, MarksWhatStandsForAnElement) {
   EXPECT_NE(svg_of(draw(beam(), along_y())).find("stroke-width=\"0.5\" data-element=\"1\">"),
             std::string::npos);

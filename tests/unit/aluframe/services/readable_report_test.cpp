@@ -5,16 +5,8 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-
-#include "tests/unit/aluframe/services/temporary_folder.h"
-
 namespace aluframe::services {
 namespace {
-
-using testing::HasSubstr;
 
 struct StoredText {
   const char* name;
@@ -67,104 +59,6 @@ TEST(ReadableTextTest, EverythingElseStaysTextByText) {
 
 TEST(ReadableTextTest, NothingGivesNothing) {
   EXPECT_EQ(readable_text(""), "");
-}
-
-class ReadableReport : public testing::Test {
- protected:
-  static constexpr const char* kUtf8 = "UTF-8";
-
-  void report(const std::string& bytes) const { std::ofstream(report_, std::ios::binary) << bytes; }
-  std::string readable() const {
-    std::ifstream file(readable_, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  std::string error(const std::string& charset) const {
-    try {
-      write_readable_report(report_, charset, readable_);
-    } catch (const std::runtime_error& problem) {
-      return problem.what();
-    }
-    return "no error";
-  }
-
-  const TemporaryFolder folder_;
-  const std::filesystem::path report_ = folder_.path() / "frame.alu";
-  std::filesystem::path readable_ = folder_.path() / "frame.txt";
-};
-
-TEST_F(ReadableReport, IsWrittenBesideTheReport) {
-  report("  [[[*]]]   \uD4FB\uB611\uF91A\u70AC\n   f =    90.000\n");
-  write_readable_report(report_, kUtf8, readable_);
-  EXPECT_EQ(readable(), "  [[[*]]]   强度验算\n   f =    90.000\n");
-}
-
-TEST_F(ReadableReport, LeavesTheReportAsItIs) {
-  const std::string bytes = "  [[[*]]]   \uD4FB\uB611\uF91A\u70AC\n";
-  report(bytes);
-  write_readable_report(report_, kUtf8, readable_);
-  std::ifstream file(report_, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), bytes);
-}
-
-// U+D4FB U+B611 U+F91A U+70AC in code page 949, which read as GBK are the four characters of
-// 强度验算.
-TEST_F(ReadableReport, OfOneInCodePage949IsTheSame) {
-  report("[[[*]]]   \xC7\xBF\xB6\xC8\xD1\xE9\xCB\xE3\n");
-  write_readable_report(report_, "CP949", readable_);
-  EXPECT_EQ(readable(), "[[[*]]]   强度验算\n");
-}
-
-TEST_F(ReadableReport, OfAnEmptyReportIsEmpty) {
-  report("");
-  write_readable_report(report_, kUtf8, readable_);
-  EXPECT_TRUE(std::filesystem::exists(readable_));
-  EXPECT_EQ(readable(), "");
-}
-
-TEST_F(ReadableReport, ReplacesAnEarlierCopy) {
-  std::ofstream(readable_) << "an earlier and much longer copy";
-  report("new\n");
-  write_readable_report(report_, kUtf8, readable_);
-  EXPECT_EQ(readable(), "new\n");
-}
-
-TEST_F(ReadableReport, OfAMissingReportIsAnErrorThatNamesIt) {
-  EXPECT_EQ(error(kUtf8), report_.string() + ": cannot be opened: No such file or directory");
-  EXPECT_FALSE(std::filesystem::exists(readable_));
-}
-
-TEST_F(ReadableReport, OfAnUnknownCharacterSetIsAnErrorThatNamesIt) {
-  report("text\n");
-  EXPECT_EQ(error("NO-SUCH-SET"), report_.string() + ": no conversion from NO-SUCH-SET to UTF-8");
-}
-
-TEST_F(ReadableReport, OfBytesThatAreNotInTheCharacterSetIsAnErrorThatSaysSo) {
-  report("a \xB6\xC8 b\n");
-  EXPECT_EQ(error(kUtf8), report_.string() + ": holds bytes that are not UTF-8");
-}
-
-TEST_F(ReadableReport, OfAReportCutInTheMiddleOfACharacterIsAnError) {
-  report("  [[[*]]]   \xED\x93");
-  EXPECT_EQ(error(kUtf8), report_.string() + ": holds bytes that are not UTF-8");
-}
-
-TEST_F(ReadableReport, ThatFailsLeavesAnEarlierCopy) {
-  std::ofstream(readable_) << "earlier";
-  report("a \xB6\xC8 b\n");
-  error(kUtf8);
-  EXPECT_EQ(readable(), "earlier");
-}
-
-TEST_F(ReadableReport, InAMissingFolderIsAnErrorThatNamesTheCopy) {
-  report("text\n");
-  readable_ = folder_.path() / "missing" / "frame.txt";
-  EXPECT_EQ(error(kUtf8), readable_.string() + ": cannot be written: No such file or directory");
-}
-
-TEST_F(ReadableReport, OnAFullDiskIsAnErrorThatNamesTheCopy) {
-  report("text\n");
-  readable_ = "/dev/full";
-  EXPECT_EQ(error(kUtf8), "/dev/full: cannot be written: No space left on device");
 }
 
 }  // namespace

@@ -55,46 +55,46 @@ TEST_F(ReportFileTest, AMissingFileHasItsReason) {
 // --- its elements ---
 
 TEST_F(ReportFileTest, ElementsAreThoseOfTheMemberBlocksInOrder) {
-  fill(
+  const std::string text(
       "=====\n  MEMBER NO = 12,   ELEMENT TYPE = Beam\n  MATERIAL NO = 1,   SECTION NO = 1\n=====\n"
       "=====\n  MEMBER NO = 3,   ELEMENT TYPE = Column\n");
-  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(12, 3));
+  EXPECT_THAT(reported_elements(text).numbers, ElementsAre(12, 3));
 }
 
 TEST_F(ReportFileTest, AMemberBlockAloneIsWithoutChecks) {
-  fill(
+  const std::string text(
       "  [[[*]]]   A\n  MEMBER NO = 12,   ELEMENT TYPE = Beam\n"
       "  MEMBER NO = 3,   ELEMENT TYPE = Column\n  [[[*]]]   B\n  [[[*]]]   C\n"
       "  MEMBER NO = 4,   ELEMENT TYPE = Column\n");
-  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(12, 3, 4));
-  EXPECT_THAT(reported_elements(path_).verdicts,
+  EXPECT_THAT(reported_elements(text).numbers, ElementsAre(12, 3, 4));
+  EXPECT_THAT(reported_elements(text).verdicts,
               ElementsAre(IsEmpty(), ElementsAre(Verdict::none, Verdict::none), IsEmpty()));
 }
 
 TEST_F(ReportFileTest, TheVerdictOfACheckIsTheOneInItsBlock) {
-  fill(
+  const std::string text(
       "  MEMBER NO = 12,   ELEMENT TYPE = Beam\n"
       "  [[[*]]]   A\n   R=     1.248>1.00 ----> Not Acceptable!\n"
       "  [[[*]]]   B\n   R=     0.313<1.00 ----> OK\n"
       "  [[[*]]]   C\n"
       "  [[[*]]]   D\n   kl/i=   200.000>   150.000---->Not Acceptable!\n");
   EXPECT_THAT(
-      reported_elements(path_).verdicts,
+      reported_elements(text).verdicts,
       ElementsAre(ElementsAre(Verdict::fails, Verdict::passes, Verdict::none, Verdict::fails)));
 }
 
 TEST_F(ReportFileTest, ALargeElementNumberIsReadWhole) {
-  fill("  MEMBER NO = 4294967295,   ELEMENT TYPE = --\n");
-  EXPECT_THAT(reported_elements(path_).numbers, ElementsAre(4294967295U));
+  const std::string text("  MEMBER NO = 4294967295,   ELEMENT TYPE = --\n");
+  EXPECT_THAT(reported_elements(text).numbers, ElementsAre(4294967295U));
 }
 
 TEST_F(ReportFileTest, ACombinationNamedLikeAMemberIsNoElement) {
-  fill("     MEMBER NO = 5,  0\n   MEMBER NO = 6\n MEMBER NO = 7\n");
-  EXPECT_THAT(reported_elements(path_).numbers, IsEmpty());
+  const std::string text("     MEMBER NO = 5,  0\n   MEMBER NO = 6\n MEMBER NO = 7\n");
+  EXPECT_THAT(reported_elements(text).numbers, IsEmpty());
 }
 
-TEST_F(ReportFileTest, AMissingFileHasNoElements) {
-  EXPECT_THAT(reported_elements(path_).numbers, IsEmpty());
+TEST_F(ReportFileTest, AnEmptyReportHasNoElements) {
+  EXPECT_THAT(reported_elements("").numbers, IsEmpty());
 }
 
 }  // namespace

@@ -1,20 +1,14 @@
-// Whole reports over columns 1 and 2 that the checks cover, 3 of a shape that they do not cover,
-// and 4 without forces.
+// What whole reports tell, and what is beside them.
 
 #include "aluframe/services/report_run.h"
 
 #include <gmock/gmock.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
-#include <memory>
-#include <stdexcept>
 
-#include "aluframe/services/report_file.h"
-#include "tests/unit/aluframe/services/columns_run.h"
-#include "tests/unit/aluframe/services/limited_process.h"
+#include "aluframe/services/readable_report.h"
+#include "tests/unit/aluframe/services/reported_columns.h"
 #include "tests/unit/aluframe/services/stopping_listener.h"
 
 namespace aluframe::services {
@@ -25,33 +19,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-using testing::StartsWith;
 
-std::string bytes_of(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class ReportRunTest : public ColumnsRun {
- protected:
-  ReportRunTest() { setenv("LC_ALL", "C.UTF-8", 1); }
-
-  ReportSummary report() { return run_report(model_, options(), path_); }
-  ReportSummary report(std::vector<model::Number> selected) {
-    SessionOptions limited = options();
-    limited.selected = std::move(selected);
-    return run_report(model_, limited, path_);
-  }
-  std::string text() const { return bytes_of(path_); }
-  std::string results() const { return bytes_of(result_path_); }
-  /// All records of an element in the result file, packed as they are stored.
-  std::vector<store::StoredRecord> records(std::uint32_t element) const {
-    return store::ResultReader::open(result_path_)->read_all(element);
-  }
-
-  const fs::path path_ = folder_.path() / "columns.alu";
-  const fs::path result_path_ = folder_.path() / "columns.aluresult";
-};
+using ReportRunTest = ReportedColumns;
 
 // --- what the summary tells ---
 
@@ -112,6 +81,33 @@ TEST_F(ReportRunTest, APathMayBeInAnyScript) {
   const ReportSummary summary = run_report(model_, options(), path);
   EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
   EXPECT_THAT(bytes_of(path), HasSubstr("  MEMBER NO = 1,"));
+}
+
+// --- its readable text ---
+
+// 强度验算 is how an engineer knows the check of strength.
+TEST_F(ReportRunTest, TheReadableTextIsTheReportWithItsTitlesReadable) {
+  run({});
+  const ReportSummary summary = report();
+  EXPECT_EQ(summary.readable, readable_text(text()));
+  EXPECT_THAT(summary.readable, HasSubstr("  [[[*]]]   强度验算\n"));
+}
+
+TEST_F(ReportRunTest, WithoutAPathTheReadableTextIsTheSameAndNoFileIsLeft) {
+  run({});
+  const std::string expected = report().readable;
+  fs::remove(path_);
+  const ReportSummary summary = run_report(model_, options(), std::nullopt);
+  EXPECT_EQ(summary.outcome, RunOutcome::complete) << summary.failure;
+  EXPECT_EQ(summary.readable, expected);
+  EXPECT_THAT(summary.reported, ElementsAre(1, 2, 3));
+  EXPECT_FALSE(fs::exists(path_));
+}
+
+TEST_F(ReportRunTest, AReportThatCannotBeMadeHasNoReadableText) {
+  std::ofstream(result_path_) << "no results";
+  EXPECT_EQ(report().readable, "");
+  EXPECT_EQ(run_report(model_, options(), std::nullopt).readable, "");
 }
 
 // --- elements that no run has checked ---
@@ -203,244 +199,27 @@ TEST_F(ReportRunTest, AShapeThatTheChecksDoNotCoverIsNoInconsistency) {
       std::ranges::any_of(summary.not_checked, [](const auto& item) { return item.element == 3; }));
 }
 
-// --- reports that cannot be made ---
+// --- what follows it ---
 
-TEST_F(ReportRunTest, APathThatCannotBeWrittenFailsWithItsReason) {
-  run({1});
-  const std::string before = results();
-  const fs::path lost = folder_.path() / "missing" / "columns.alu";
-  const ReportSummary summary = run_report(model_, options(), lost);
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, lost.string() + ": cannot be written: No such file or directory");
-  EXPECT_EQ(results(), before);
+TEST_F(ReportRunTest, WhatFollowsAReportStandsBesideItBeforeAnotherRunCanWriteIt) {
+  run({});
+  std::string seen;
+  ReportSummary meanwhile;
+  run_report(model_, options(), path_, [&](const ReportSummary& summary) {
+    seen = summary.readable == readable_text(text()) ? "its own report" : "another one";
+    meanwhile = report();
+  });
+  EXPECT_EQ(seen, "its own report");
+  EXPECT_EQ(meanwhile.outcome, RunOutcome::failed);
+  EXPECT_THAT(meanwhile.failure, testing::EndsWith("another run is writing this file"));
+  EXPECT_EQ(report().outcome, RunOutcome::complete);
 }
 
-TEST_F(ReportRunTest, APathThatCannotBeWrittenChecksNothing) {
-  run_report(model_, options(), folder_.path());
-  EXPECT_FALSE(fs::exists(result_path_));
-}
-
-TEST_F(ReportRunTest, APathThatIsNotUtf8FailsAndLeavesNoFile) {
-  const ReportSummary summary = run_report(model_, options(), folder_.path() / "M\xFCller.alu");
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_THAT(summary.failure,
-              testing::EndsWith(": is not UTF-8, as the names of reports must be"));
-  EXPECT_TRUE(fs::is_empty(folder_.path()));
-}
-
-TEST_F(ReportRunTest, ThePathOfTheResultsFailsAndLeavesThem) {
-  run({1});
-  const std::string before = results();
-  fs::create_symlink(result_path_, folder_.path() / "link");
-  for (const fs::path& path : {result_path_, folder_.path() / "link"}) {
-    const ReportSummary summary = run_report(model_, options(), path);
-    EXPECT_EQ(summary.outcome, RunOutcome::failed);
-    EXPECT_EQ(summary.failure,
-              path.string() + ": holds the results, which the report would overwrite");
-    EXPECT_EQ(results(), before);
-  }
-}
-
-TEST_F(ReportRunTest, ResultsThatCannotBeReadFailWithTheirFileAndAreLeft) {
+TEST_F(ReportRunTest, NothingFollowsAReportThatCannotBeMade) {
   std::ofstream(result_path_) << "no results";
-  const ReportSummary summary = report();
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, result_path_.string() + ": is not a result file");
-  EXPECT_EQ(results(), "no results");
-  EXPECT_FALSE(fs::exists(path_));
-}
-
-TEST_F(ReportRunTest, ResultsOfAnotherModelFailAndAreLeft) {
-  run({});
-  const std::string before = results();
-  model::Model other = model_;
-  other.title = "Beams";
-  const ReportSummary summary = run_report(other, options(), path_);
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure,
-            result_path_.string() + ": holds results of the model \"Columns\", not of \"Beams\"");
-  EXPECT_EQ(results(), before);
-  EXPECT_FALSE(fs::exists(path_));
-}
-
-TEST_F(ReportRunTest, ResultsOfACombinationThatHasChangedFailAndAreLeft) {
-  run({});
-  const std::string before = results();
-  std::string text = columns;
-  const std::string changed = R"("number": 2, "terms")";
-  text.replace(text.find(changed), changed.size(), R"("number": 2, "name": "ULS", "terms")");
-  const ReportSummary summary = run_report(parsed(text), options(), path_);
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure, result_path_.string() +
-                                 ": holds results of another combination 2; check the model again");
-  EXPECT_EQ(results(), before);
-}
-
-/// Has the governing demand of element 2 stored as that of half the force.
-void halve_stored_demand(const fs::path& results) {
-  T_RALU_D governing;
-  const auto info = store::ResultReader::open(results)->info();
-  const auto stored = store::ResultReader::open(results)->read(2, 0, 0);
-  ASSERT_TRUE(stored);
-  governing = *stored;
-  governing.aComp[RALU_STRENGTH].dDemand /= 2;
-  const auto writer = store::ResultWriter::reopen(results, info);
-  writer->write(2, governing, 0, 0);
-  writer->end_element({.element = 2});
-  writer->finish(store::RunState::complete);
-}
-
-// Element 2 under 120 kN, at its ends alone: 120000 / (0.85·π·20²) = 112.34 N/mm², half of
-// it 56.17.
-TEST_F(ReportRunTest, AStoredDemandThatIsNotTheCheckEndsTheReport) {
-  run({});
-  report();
-  const std::string earlier = text();
-  halve_stored_demand(result_path_);
-  const std::string stored = results();
-  const ReportSummary summary = report();
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure,
-            path_.string() +
-                ": the report is incomplete: element 2, strength, combination 1, position I: "
-                "demand 112.345 when made again, 56.1723 as stored in " +
-                result_path_.string() +
-                "; check the model again; what was written is in columns.alu.partial");
-  EXPECT_EQ(text(), earlier);
-  EXPECT_EQ(results(), stored);
-  EXPECT_THAT(bytes_of(folder_.path() / "columns.alu.partial"), HasSubstr("MEMBER NO = 1,"));
-}
-
-TEST_F(ReportRunTest, AStoredDemandOfAnElementThatIsNotReportedIsNotLookedAt) {
-  run({});
-  halve_stored_demand(result_path_);
-  EXPECT_EQ(report({1}).outcome, RunOutcome::complete);
-}
-
-TEST_F(ReportRunTest, WithoutCombinationsThereIsNothingToReportAndTheUserIsTold) {
-  model::Model bare = model_;
-  bare.combinations = {};
-  std::ofstream(path_) << "an earlier report\n";
-  const ReportSummary summary = run_report(bare, options(), path_);
-  EXPECT_EQ(summary.outcome, RunOutcome::nothing_to_check);
-  EXPECT_NE(messages_, "");
-  EXPECT_EQ(text(), "an earlier report\n");
-  EXPECT_FALSE(fs::exists(result_path_));
-}
-
-// --- a disk that fills up ---
-
-class ReportOnFullDisk : public ReportRunTest {
- protected:
-  /// What a report that is not whole leaves.
-  fs::path partial() const { return fs::path(path_) += ".partial"; }
-  /// A report in a process whose files may have so many bytes.
-  /// @return the failure it was told, empty when there was none
-  std::string failure_with(std::size_t bytes) {
-    const fs::path told = folder_.path() / "told";
-    EXPECT_EQ(in_child([&] {
-                limit_files(bytes);
-                const ReportSummary summary = report();
-                const bool failed = summary.outcome == RunOutcome::failed;
-                std::ofstream(told) << summary.failure;
-                return failed == !summary.failure.empty() ? 0 : 1;
-              }),
-              0);
-    return bytes_of(told);
-  }
-};
-
-TEST_F(ReportOnFullDisk, ItHasFailedWithItsFileAndTheReason) {
-  run({});
-  report();
-  const std::size_t whole = text().size();
-  EXPECT_EQ(failure_with(whole / 2),
-            path_.string() + ": the report is incomplete: File too large; what was written is in " +
-                partial().filename().string());
-}
-
-TEST_F(ReportOnFullDisk, WhatFitsStandsBesideTheEarlierReportWhichStays) {
-  run({});
-  report();
-  const std::string whole = text();
-  for (const std::size_t bytes : {whole.size() / 3, whole.size() - 1}) {
-    failure_with(bytes);
-    EXPECT_EQ(bytes_of(partial()), whole.substr(0, bytes));
-    EXPECT_EQ(text(), whole);
-  }
-}
-
-TEST_F(ReportOnFullDisk, WhereNothingFitsNothingIsLeft) {
-  run({});
-  failure_with(0);
-  EXPECT_FALSE(fs::exists(partial()));
-  EXPECT_FALSE(fs::exists(path_));
-}
-
-TEST_F(ReportOnFullDisk, TheNextReportTakesAwayWhatTheOneBeforeLeft) {
-  run({});
-  failure_with(1000);
-  ASSERT_TRUE(fs::exists(partial()));
-  report();
-  EXPECT_FALSE(fs::exists(partial()));
-}
-
-TEST_F(ReportOnFullDisk, FinishedBlocksAreIntact) {
-  run({});
-  report();
-  const std::string whole = text();
-  const std::size_t second = whole.find("  MEMBER NO = 2,");
-  failure_with(second + 200);
-  EXPECT_THAT(bytes_of(partial()), StartsWith(whole.substr(0, second)));
-  EXPECT_THAT(reported_elements(partial()).numbers, ElementsAre(1, 2));
-}
-
-TEST_F(ReportOnFullDisk, ResultsAreLeftAsTheyAre) {
-  run({});
-  const std::string before = results();
-  failure_with(1000);
-  EXPECT_EQ(results(), before);
-}
-
-/// A result file on a disk that takes no record.
-class FullResultFile : public store::ResultWriter {
- public:
-  void write(std::uint32_t, const T_RALU_D&, std::uint32_t, int) override {
-    throw std::runtime_error("disk full");
-  }
-  bool read(std::uint32_t, std::uint32_t, int, T_RALU_D&) override { return false; }
-  void end_element(const store::ElementNotes&) override {}
-  void add_remark(const store::RemarkRow&) override {}
-  void add_buckling(const store::BucklingRow&) override {}
-  void flush() override {}
-  void finish(store::RunState) override {}
-  std::uint64_t record_count() const override { return 0; }
-  std::uint64_t packed_bytes() const override { return 0; }
-};
-
-TEST_F(ReportOnFullDisk, ResultsThatCannotBeStoredFailWithTheReason) {
-  SessionOptions full = options();
-  full.create_writer = [](const fs::path&, const store::RunInfo&) {
-    return std::make_unique<FullResultFile>();
-  };
-  const ReportSummary summary = run_report(model_, full, path_);
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_THAT(summary.failure,
-              StartsWith(path_.string() + ": the report is incomplete: disk full"));
-}
-
-TEST_F(ReportOnFullDisk, AnElementWhoseResultsCannotBeStoredLeavesTheBlocksBeforeIt) {
-  run({1});
-  report({1});
-  const std::string first = text();
-  fs::permissions(result_path_, fs::perms::owner_read | fs::perms::group_read);
-  const ReportSummary summary = report({1, 2});
-  EXPECT_EQ(summary.outcome, RunOutcome::failed);
-  EXPECT_EQ(summary.failure,
-            path_.string() + ": the report is incomplete: " + result_path_.string() +
-                ": is write-protected; what was written is in " + partial().filename().string());
-  EXPECT_EQ(bytes_of(partial()), first);
-  EXPECT_EQ(text(), first);
+  bool is_followed = false;
+  run_report(model_, options(), path_, [&](const ReportSummary&) { is_followed = true; });
+  EXPECT_FALSE(is_followed);
 }
 
 }  // namespace

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "aluframe/document/html_writer.h"
+
+namespace aluframe::document {
+
+struct Section {
+  std::string id;  ///< that links lead to; unlike all others of the document
+  std::string title;
+  std::function<void()> write;
+};
+
+struct Chapter {
+  std::string id;
+  std::string title;
+  std::vector<Section> sections;
+};
+
+/// The list of the chapters and their sections, with their numbers and links to them.
+void write_contents(HtmlWriter& html, const std::vector<Chapter>& chapters);
+
+/// The chapters themselves, each on a new page of a print.
+void write_chapters(HtmlWriter& html, const std::vector<Chapter>& chapters);
+
+}  // namespace aluframe::document

@@ -1,0 +1,150 @@
+#include "aluframe/document/cover.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <utility>
+
+#include "aluframe/document/names.h"
+#include "aluframe/document/table.h"
+#include "aluframe/model/project.h"
+#include "aluframe/run/buckling.h"
+#include "aluframe/tables/names.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
+
+namespace aluframe::document {
+
+namespace {
+
+using Facts = std::vector<std::pair<std::string, std::string>>;
+
+/// In the order of `model::project_fields`.
+constexpr std::array project_labels{
+    texts::translatable("Project"),  texts::translatable("Project number"),
+    texts::translatable("Client"),   texts::translatable("Location"),
+    texts::translatable("Engineer"), texts::translatable("Checker"),
+    texts::translatable("Approver"), texts::translatable("Revision"),
+    texts::translatable("Date")};
+static_assert(project_labels.size() == model::project_fields.size());
+
+void add(Facts& facts, std::string name, const std::string& text) {
+  if (!text.empty()) facts.emplace_back(std::move(name), text);
+}
+
+Facts project_facts(const model::Project& project) {
+  Facts facts;
+  for (std::size_t i = 0; i < project_labels.size(); ++i) {
+    add(facts, std::string(texts::translation_of(project_labels[i])),
+        project.*model::project_fields[i].text);
+  }
+  return facts;
+}
+
+Facts calculation_facts(const run::DocumentContent& content) {
+  Facts facts;
+  add(facts, texts::translated("Model"), content.input.model.title);
+  add(facts, texts::translated("File of the model"), content.input.file.filename().string());
+  add(facts, texts::translated("Digest of the model"), content.input.digest);
+  add(facts, texts::translated("Design code"), content.info.code);
+  add(facts, texts::translated("Program"), content.info.program);
+  add(facts, texts::translated("Elements"),
+      fmt::format("{} / {}", content.coverage.elements, content.coverage.of_elements));
+  add(facts, texts::translated("Combinations"), run::combinations_text(content.coverage));
+  add(facts, texts::translated("Forces"), texts::sentence_in_words(content.coverage.analysis));
+  return facts;
+}
+
+std::string worst_text(const run::DocumentContent& content) {
+  const services::WorstCheck& worst = *content.told.worst;
+  return texts::translated(
+      "The largest ratio is {} ({}), in element {} at position {}, combination {}.",
+      tables::short_number(worst.check.Ratio()), item_label(worst.item), worst.element,
+      tables::position_name(worst.check.nPos),
+      combination_label(content.info, worst.check.nLComb, worst.check.nMinSide));
+}
+
+bool is_buckling(const run::DocumentContent& content) {
+  const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
+  return smallest != nullptr && run::buckles(*smallest);
+}
+
+std::string verdict_text(const run::DocumentContent& content) {
+  if (!content.told.worst) return texts::translated("No check was made that has a limit.");
+  if (content.told.over == 0) {
+    return is_buckling(content)
+               ? texts::translated("No check exceeds its limit, but the frame buckles.")
+               : texts::translated("No check exceeds its limit.");
+  }
+  return content.told.over == 1
+             ? texts::translated("1 element fails: a ratio of its checks exceeds 1.")
+             : texts::translated("{} elements fail: a ratio of their checks exceeds 1.",
+                                 content.told.over);
+}
+
+std::string buckling_text(const store::BucklingRow& smallest) {
+  const std::string factor = fmt::format("{:.4g}", *smallest.factor);
+  const std::string combination = with_name(smallest.combination, smallest.name);
+  return run::buckles(smallest)
+             ? texts::translated(
+                   "The frame buckles: at {} times the loads of combination {}, below them.",
+                   factor, combination)
+             : texts::translated("The frame buckles at {} times the loads of combination {}.",
+                                 factor, combination);
+}
+
+/// What else stands between a ratio below 1 and a sound frame.
+std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
+  std::vector<std::string> out;
+  if (content.told.worst) out.push_back(worst_text(content));
+  if (content.told.second_opinion == run::SecondOpinion::off) {
+    out.push_back(texts::translated("The check was made without a second opinion."));
+  } else if (content.told.safe && content.told.safe->worst) {
+    out.push_back(texts::translated(
+        "The largest safe ratio of the second opinion is {}, in element {}; it exceeds 1 in {} "
+        "elements, in {} of which no check says so.",
+        tables::short_number(content.told.safe->worst->safe), content.told.safe->worst->element,
+        content.told.safe->over, content.told.safe->unsaid));
+  }
+  const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
+  if (smallest != nullptr) out.push_back(buckling_text(*smallest));
+  if (!content.told.remarks.empty()) {
+    out.push_back(texts::translated("Remarks of the check: {}.", content.told.remarks.size()));
+  }
+  if (!content.told.not_checked.empty()) {
+    out.push_back(texts::translated("Forces act that no check is for: they are listed."));
+  }
+  return out;
+}
+
+}  // namespace
+
+std::string title_of(const run::DocumentContent& content) {
+  const model::Model& model = content.input.model;
+  if (!model.project.name.empty()) return model.project.name;
+  return model.title.empty() ? texts::translated("Untitled model") : model.title;
+}
+
+void write_cover(HtmlWriter& html, const run::DocumentContent& content) {
+  html.element("header", {{"class", "cover"}}, [&] {
+    html.leaf("p", {{"class", "kind"}},
+              texts::translated("Calculation document of an aluminium frame"));
+    html.leaf("h1", title_of(content));
+    if (!content.input.model.description.empty()) {
+      html.leaf("p", {{"class", "description"}}, content.input.model.description);
+    }
+    for (const std::string& reservation : content.reservations) {
+      html.leaf("p", {{"class", "notice"}}, reservation);
+    }
+    const Facts project = project_facts(content.input.model.project);
+    if (!project.empty()) write_facts(html, texts::translated("Project"), project);
+    write_facts(html, texts::translated("Calculation"), calculation_facts(content));
+    const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content);
+    html.leaf("p", {{"class", holds ? "verdict" : "verdict over"}}, verdict_text(content));
+    html.element("ul", [&] {
+      for (const std::string& text : other_verdicts(content)) html.leaf("li", text);
+    });
+  });
+}
+
+}  // namespace aluframe::document

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <ostream>
+
+#include "aluframe/run/document.h"
+
+namespace aluframe::document {
+
+/// Writes the calculation document: one page of HTML that needs nothing beside it, to be read on
+/// the screen and printed on A4, in the language in use. The same content gives the same bytes.
+/// @param out whether all arrived it tells
+void write_document(std::ostream& out, const run::DocumentContent& content);
+
+}  // namespace aluframe::document

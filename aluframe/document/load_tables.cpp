@@ -1,0 +1,228 @@
+#include "aluframe/document/load_tables.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "aluframe/document/figure.h"
+#include "aluframe/document/names.h"
+#include "aluframe/document/table.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/texts/text.h"
+
+namespace aluframe::document {
+
+namespace {
+
+constexpr std::array global_axes{"X", "Y", "Z"};
+constexpr std::array local_axes{"x", "y", "z"};
+constexpr std::array components{"Fx", "Fy", "Fz", "Mx", "My", "Mz"};
+constexpr std::array displacements{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
+
+std::string targets_text(const model::Targets& targets) {
+  if (targets.all) return texts::translated("all");
+  std::vector<model::Number> rising = targets.numbers;
+  std::ranges::sort(rising);
+  return model::join_as_ranges(rising);
+}
+
+std::string direction_text(const model::LoadDirection& direction) {
+  switch (direction.axes) {
+    case model::LoadAxes::local:
+      return texts::translated("local axis {}", local_axes.at(direction.axis));
+    case model::LoadAxes::global:
+      return global_axes.at(direction.axis);
+    case model::LoadAxes::projected:
+      break;
+  }
+  return texts::translated("{}, per projected length", global_axes.at(direction.axis));
+}
+
+std::string with_unit(double value, const std::string& unit) {
+  return fmt::format("{} {}", short_value(value), unit);
+}
+
+/// The loads of a case, a line a load: what, on what, along what, how much, where.
+class LoadRows {
+ public:
+  LoadRows(TableRows& rows, const Scale& scale) : rows_(rows), scale_(scale) {}
+
+  void add_all(const model::CaseLoads& loads) {
+    add_weight(loads.self_weight);
+    for (const model::NodalLoad& load : loads.nodal) add(load);
+    for (const model::SpanLoad& load : loads.span) add(load);
+    for (const model::PointLoad& load : loads.points) add(load);
+    for (const model::TemperatureLoad& load : loads.temperature) add(load);
+    for (const model::Settlement& load : loads.settlements) add(load);
+  }
+
+ private:
+  void add_weight(const std::array<double, 3>& factors) {
+    for (std::size_t i = 0; i < factors.size(); ++i) {
+      if (factors[i] == 0.0) continue;
+      rows_.add({{texts::translated("self-weight")},
+                 {texts::translated("all")},
+                 {global_axes.at(i)},
+                 {fmt::format("{} g", short_value(factors[i]))},
+                 {}});
+    }
+  }
+
+  void add(const model::NodalLoad& load) {
+    for (std::size_t i = 0; i < components.size(); ++i) {
+      if (load.components[i] == 0.0) continue;
+      const bool is_force = i < 3;
+      const double unit = is_force ? scale_.force : scale_.moment();
+      rows_.add({{texts::translated("nodal load")},
+                 {texts::translated("nodes: {}", targets_text(load.nodes))},
+                 {components.at(i)},
+                 {with_unit(load.components[i] / unit,
+                            is_force ? scale_.force_unit : scale_.moment_unit())},
+                 {}});
+    }
+  }
+
+  void add(const model::SpanLoad& load) {
+    const double unit = scale_.force / scale_.length;
+    const std::string from = short_value(load.from_value / unit);
+    const std::string value = load.from_value == load.to_value
+                                  ? from
+                                  : fmt::format("{} – {}", from, short_value(load.to_value / unit));
+    const bool is_whole = load.from == 0.0 && load.to == 1.0;
+    rows_.add({{texts::translated("line load")},
+               {texts::translated("elements: {}", targets_text(load.elements))},
+               {direction_text(load.direction)},
+               {fmt::format("{} {}", value, scale_.line_load_unit())},
+               {is_whole ? "" : texts::translated("{} to {} of the length", load.from, load.to)}});
+  }
+
+  void add(const model::PointLoad& load) {
+    const bool is_force = load.kind == model::PointLoad::Kind::force;
+    rows_.add({{is_force ? texts::translated("point load") : texts::translated("moment")},
+               {texts::translated("elements: {}", targets_text(load.elements))},
+               {direction_text(load.direction)},
+               {with_unit(load.value / (is_force ? scale_.force : scale_.moment()),
+                          is_force ? scale_.force_unit : scale_.moment_unit())},
+               {texts::translated("at {} of the length", load.at)}});
+  }
+
+  void add(const model::TemperatureLoad& load) {
+    const auto line = [&](double value, const char* along, std::string what) {
+      if (value == 0.0) return;
+      rows_.add({{std::move(what)},
+                 {texts::translated("elements: {}", targets_text(load.elements))},
+                 {along},
+                 {with_unit(value, "K")},
+                 {}});
+    };
+    line(load.change, "", texts::translated("temperature"));
+    line(load.difference_y, local_axes[1], texts::translated("temperature difference"));
+    line(load.difference_z, local_axes[2], texts::translated("temperature difference"));
+  }
+
+  void add(const model::Settlement& load) {
+    for (std::size_t i = 0; i < displacements.size(); ++i) {
+      if (load.displacements[i] == 0.0) continue;
+      const bool is_length = i < 3;
+      rows_.add({{texts::translated("settlement")},
+                 {texts::translated("nodes: {}", load.node)},
+                 {displacements.at(i)},
+                 {with_unit(load.displacements[i] / (is_length ? scale_.length : 1.0),
+                            is_length ? scale_.length_unit : "rad")},
+                 {}});
+    }
+  }
+
+  TableRows& rows_;
+  const Scale& scale_;
+};
+
+void write_loads(HtmlWriter& html, const model::Model& model, const model::LoadCase& load_case) {
+  const Scale scale(model.units);
+  const std::string name = with_name(load_case.number, load_case.name);
+  write_table(html, texts::translated("Loads of load case {}", name),
+              {{texts::translated("Load"), Align::left},
+               {texts::translated("On"), Align::left},
+               {texts::translated("Along"), Align::left},
+               {texts::translated("Value")},
+               {texts::translated("Place"), Align::left}},
+              [&](TableRows& rows) { LoadRows(rows, scale).add_all(load_case.loads); });
+  picture::Content shown;
+  shown.view = picture::natural_view(model);
+  shown.loads = load_case.number;
+  write_picture(html, model, shown, fmt::format("loads-{}", load_case.number));
+}
+
+// Combinations.
+
+std::string term_text(const model::CombinationTerm& term) {
+  const bool is_case = term.source == model::CombinationTerm::Source::load_case;
+  return fmt::format("{} {}{}", short_value(term.factor), is_case ? "LC" : "C", term.number);
+}
+
+/// "1.3 LC1 + 1.5 LC2", of an envelope "1.3 LC1; 1.5 LC2".
+std::string terms_text(const model::Combination& combination) {
+  const bool is_sum = combination.kind == model::CombinationKind::linear;
+  std::string text;
+  for (const model::CombinationTerm& term : combination.terms) {
+    text += (text.empty() ? "" : is_sum ? " + " : "; ") + term_text(term);
+  }
+  return text;
+}
+
+std::string kind_text(const model::Combination& combination) {
+  if (combination.state_of)
+    return texts::translated("state of combination {}", *combination.state_of);
+  return combination.kind == model::CombinationKind::linear ? texts::translated("sum")
+                                                            : texts::translated("envelope");
+}
+
+std::string checked_text(const model::Combination& combination) {
+  if (!combination.states.empty()) {
+    std::vector<model::Number> rising = combination.states;
+    std::ranges::sort(rising);
+    return texts::translated("by the states {}", model::join_as_ranges(rising));
+  }
+  return combination.design ? texts::translated("yes") : texts::translated("no, a part of others");
+}
+
+}  // namespace
+
+void write_load_cases(HtmlWriter& html, const run::DocumentContent& content) {
+  const model::Model& model = content.input.model;
+  for (const model::LoadCase& load_case : model.load_cases) {
+    html.leaf("h4", texts::translated("Load case {}", with_name(load_case.number, load_case.name)));
+    html.leaf("p", texts::translated("Kind: {}.", load_case_kind_label(load_case.kind)));
+    if (load_case.loads == model::CaseLoads()) {
+      html.leaf("p", texts::translated("It has no loads: its forces are given."));
+    } else {
+      write_loads(html, model, load_case);
+    }
+  }
+}
+
+void write_combinations(HtmlWriter& html, const run::DocumentContent& content) {
+  html.leaf("p", texts::translated(
+                     "LC is a load case, C a combination; an envelope is one of its terms at a "
+                     "time, and its states are the sums that it contains."));
+  write_table(html, texts::translated("Combinations"),
+              {{texts::translated("Number")},
+               {texts::translated("Name"), Align::left},
+               {texts::translated("Kind"), Align::left},
+               {texts::translated("Terms"), Align::left},
+               {texts::translated("Seismic"), Align::left},
+               {texts::translated("Checked"), Align::left}},
+              [&](TableRows& rows) {
+                for (const model::Combination& combination : content.input.model.combinations) {
+                  rows.add({{fmt::format("{}", combination.number)},
+                            {combination.name},
+                            {kind_text(combination)},
+                            {terms_text(combination)},
+                            {yes_or_no(combination.seismic)},
+                            {checked_text(combination)}});
+                }
+              });
+}
+
+}  // namespace aluframe::document

@@ -1,0 +1,210 @@
+#include "aluframe/run/document.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+#include <variant>
+
+#include "aluframe/forces/compute_forces.h"
+#include "aluframe/run/force_lines.h"
+#include "aluframe/texts/text.h"
+
+namespace aluframe::run {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What stands in the way of going by the results; nothing when they can be gone by.
+std::optional<Problem> missing_results(const DocumentOptions& options) {
+  if (const auto text = left_instead_text(options.results)) return Problem{*text};
+  std::error_code ignored;
+  if (fs::exists(options.results, ignored)) return std::nullopt;
+  return Problem{
+      texts::translated("{}: there is no such file; check the model first: aluframe check {}",
+                        options.results.string(), options.input.model.string())};
+}
+
+bool goes_before(const ElementResult& a, const ElementResult& b) {
+  const store::GoverningRow &first = a.worst(), &second = b.worst();
+  if (was_judged(first) != was_judged(second)) return was_judged(first);
+  return first.governing.ComPair(second.governing) != 0;
+}
+
+std::vector<ElementResult> wanted_elements(store::ResultReader& reader, const Input& input) {
+  std::vector<ElementResult> elements = by_element(reader.governing());
+  const std::set<model::Number> wanted(input.elements.begin(), input.elements.end());
+  std::erase_if(elements, [&](const ElementResult& element) {
+    return !wanted.empty() && !wanted.contains(element.element);
+  });
+  std::ranges::stable_sort(elements, goes_before);
+  return elements;
+}
+
+/// The worst check of each combination, by the records of element after element.
+class CombinationResults {
+ public:
+  explicit CombinationResults(const store::RunInfo& info) {
+    for (const store::CombinationRow& row : info.combinations)
+      out_.push_back({.number = row.number, .worst = {}});
+  }
+
+  void add(const ElementResult& element, const std::vector<store::StoredRecord>& records) {
+    std::set<std::uint32_t> failing;
+    for (const store::StoredRecord& stored : records) {
+      for (int item = 0; item < kResultItems; ++item) {
+        const store::GoverningRow row{element.element, element.member_type, item,
+                                      stored.record.aComp[static_cast<std::size_t>(item)]};
+        if (stored.combination == 0 || !was_judged(row)) continue;
+        take(stored.combination, row);
+        if (fails(row)) failing.insert(stored.combination);
+      }
+    }
+    for (CombinationResult& combination : out_)
+      combination.over += failing.count(combination.number);
+  }
+
+  std::vector<CombinationResult> result() && { return std::move(out_); }
+
+ private:
+  void take(std::uint32_t combination, const store::GoverningRow& row) {
+    const auto found = std::ranges::find(out_, combination, &CombinationResult::number);
+    if (found == out_.end()) return;
+    if (found->worst && row.governing.ComPair(found->worst->governing) == 0) return;
+    found->worst = row;
+  }
+
+  std::vector<CombinationResult> out_;
+};
+
+/// The elements that are checked with one, from the start of their member to its end.
+const members::SegmentFactors* segment_of(const Input& input, model::Number element) {
+  const auto found = std::ranges::find_if(input.length_factors, [&](const auto& of) {
+    return std::ranges::find(of.elements, element) != of.elements.end();
+  });
+  return found == input.length_factors.end() ? nullptr : &*found;
+}
+
+std::array<double, kCheckPositions> ratios_along(store::ResultReader& reader,
+                                                 model::Number element) {
+  std::array<double, kCheckPositions> ratios{};
+  ratios.fill(std::numeric_limits<double>::quiet_NaN());
+  const auto record = reader.read(element, 0, 0);
+  if (!record) return ratios;
+  for (std::size_t position = 0; position < ratios.size(); ++position) {
+    for (const T_RALU_RLT& check : record->aSect[position].aItem) {
+      if (!was_judged(check)) continue;
+      const double ratio = RaluRatio(check.dDemand, check.dCapacity);
+      if (!(ratio <= ratios[position])) ratios[position] = ratio;
+    }
+  }
+  return ratios;
+}
+
+/// The element of the worst ratio of every section, with the member that it belongs to.
+/// @param elements the worst ratio first
+std::vector<GoverningMember> governing_members(const Input& input, store::ResultReader& reader,
+                                               const std::vector<ElementResult>& elements) {
+  std::vector<GoverningMember> out;
+  std::set<model::Number> sections;
+  for (const ElementResult& element : elements) {
+    const model::Number section = input.model.elements.find(element.element)->section;
+    if (!was_judged(element.worst()) || !sections.insert(section).second) continue;
+    GoverningMember member{.member = {},
+                           .elements = {element.element},
+                           .section = section,
+                           .worst = element.worst(),
+                           .forces = {},
+                           .ratios = {}};
+    if (const auto* segment = segment_of(input, element.element)) {
+      member.member = segment->member;
+      member.elements = segment->elements;
+    }
+    for (const model::Number number : member.elements) {
+      member.ratios.push_back(ratios_along(reader, number));
+    }
+    member.forces = force_lines_along(input, member.worst.governing.nLComb, member.elements);
+    out.push_back(std::move(member));
+  }
+  return out;
+}
+
+/// Displacements and reactions, or why there are none.
+void add_analysis(DocumentContent& content) {
+  const model::Model& model = content.input.model;
+  if (std::ranges::none_of(model.load_cases, forces::has_loads)) {
+    content.no_analysis =
+        texts::translated("the model has no loads to analyse, its forces are given");
+    return;
+  }
+  auto analysed = analyse(content.input, {});
+  if (auto* problem = std::get_if<Problem>(&analysed)) {
+    content.no_analysis = problem->text;
+    return;
+  }
+  content.analysis = std::get<Analysis>(std::move(analysed));
+}
+
+void add_results(store::ResultReader& reader, DocumentContent& content) {
+  content.elements = wanted_elements(reader, content.input);
+  std::vector<model::Number> rising;
+  for (const ElementResult& element : content.elements) rising.push_back(element.element);
+  for (const store::NotChecked& item : reader.not_checked()) {
+    const auto& only = content.input.elements;
+    if (only.empty() || std::ranges::find(only, item.element) != only.end())
+      rising.push_back(item.element);
+  }
+  std::ranges::sort(rising);
+  const auto repeated = std::ranges::unique(rising);
+  rising.erase(repeated.begin(), repeated.end());
+  content.told = told_by(reader, rising);
+  content.safe = safe_by_element(reader);
+  CombinationResults combinations(content.info);
+  for (const ElementResult& element : content.elements) {
+    combinations.add(element, reader.read_all(element.element));
+  }
+  content.combinations = std::move(combinations).result();
+  content.governing_members = governing_members(content.input, reader, content.elements);
+}
+
+/// What the reader must know before the first ratio.
+std::vector<std::string> reservations_of(const DocumentOptions& options,
+                                         store::ResultReader& reader,
+                                         const DocumentContent& content) {
+  std::vector<std::string> out;
+  if (auto text = unfinished_text(options.results, reader.state())) out.push_back(*std::move(text));
+  if (auto text = later_run_text(options.results)) out.push_back(*std::move(text));
+  if (!content.coverage.is_whole()) {
+    out.push_back(texts::translated("The results cover a part of the model: {}",
+                                    coverage_text(content.coverage)));
+  }
+  if (!content.input.elements.empty()) {
+    std::vector<model::Number> rising = content.input.elements;
+    std::ranges::sort(rising);
+    out.push_back(texts::translated("The document is of a part of the elements: {}",
+                                    model::join_as_ranges(rising)));
+  }
+  return out;
+}
+
+}  // namespace
+
+Result<DocumentContent> gather_document(const DocumentOptions& options) {
+  if (auto problem = missing_results(options)) return *std::move(problem);
+  const auto reader = store::ResultReader::open(options.results);
+  auto prepared = prepare_like(options.results, options.input, options.selection);
+  if (auto* problem = std::get_if<Problem>(&prepared)) return std::move(*problem);
+  DocumentContent content;
+  content.input = std::get<Input>(std::move(prepared));
+  content.info = reader->info();
+  if (content.input.digest != content.info.model_digest) {
+    return Problem{other_state_text(options.input.model, options.results)};
+  }
+  content.coverage = coverage_of(*reader);
+  content.reservations = reservations_of(options, *reader, content);
+  add_results(*reader, content);
+  add_analysis(content);
+  return content;
+}
+
+}  // namespace aluframe::run

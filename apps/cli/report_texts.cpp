@@ -1,0 +1,95 @@
+#include "apps/cli/report_texts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/not_checked_tables.h"
+#include "aluframe/tables/result_tables.h"
+
+namespace aluframe::cli {
+
+namespace {
+
+std::string number_list(const std::vector<model::Number>& numbers, tables::Lists lists) {
+  return tables::shown_list(model::join_as_ranges(numbers), lists);
+}
+
+/// How many failing elements the report says nothing of, and of which nobody can tell.
+std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
+  std::string text =
+      fmt::format(", {} of which no line of the report says so", unprinted.elements.size());
+  if (!unprinted.elements.empty()) {
+    text += ": element " + number_list(unprinted.elements, lists);
+  }
+  if (!unprinted.unclear.empty()) {
+    text += fmt::format("; whether it does of element {} cannot be told",
+                        number_list(unprinted.unclear, lists));
+  }
+  return text;
+}
+
+/// The combinations that the report is of, and the ratios of its elements, as `check` ends with
+/// them.
+std::string ratios_text(const model::Model& model, const services::ReportSummary& summary,
+                        const ReportBasis& basis, tables::Lists lists) {
+  std::string text;
+  if (basis.coverage) {
+    text = fmt::format("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
+  }
+  return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
+}
+
+}  // namespace
+
+ReportBasis report_basis(const services::ReportSummary& summary,
+                         const std::filesystem::path& results) {
+  ReportBasis basis;
+  if (std::filesystem::exists(results)) {
+    const auto reader = store::ResultReader::open(results);
+    std::vector<model::Number> elements = summary.reported;
+    elements.insert(elements.end(), summary.not_reported.begin(), summary.not_reported.end());
+    std::ranges::sort(elements);
+    basis.coverage = run::coverage_of(*reader);
+    basis.told = run::told_by(*reader, elements);
+    basis.info = reader->info();
+  }
+  // Without a result file no element could be taken up: only the report knows why.
+  basis.told.not_checked = summary.not_checked;
+  return basis;
+}
+
+std::string report_summary_text(const model::Model& model, const services::ReportSummary& summary,
+                                const ReportFiles& files, const ReportBasis& basis) {
+  std::string text = fmt::format("Report of {} element{}, complete: {}\n", summary.reported.size(),
+                                 summary.reported.size() == 1 ? "" : "s",
+                                 files.report ? files.report->string() : "standard output");
+  if (basis.coverage) text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
+  for (const store::GoverningRow& row : summary.unprinted.checks) {
+    text += fmt::format("Fails without a line in the report: element {}, {} {}\n", row.element,
+                        tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
+  }
+  return text + ratios_text(model, summary, basis, tables::Lists::shortened) +
+         tables::told_text(model, basis.told);
+}
+
+std::string report_appendix(const model::Model& model, const services::ReportSummary& summary,
+                            const ReportBasis& basis) {
+  const std::size_t elements = summary.reported.size();
+  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
+  if (basis.coverage) {
+    text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
+  }
+  text += ratios_text(model, summary, basis, tables::Lists::whole);
+  if (!basis.told.safe_rows.empty()) {
+    text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
+  }
+  return text + tables::told_text(model, basis.told, tables::Lists::whole) +
+         fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
+}
+
+}  // namespace aluframe::cli
