@@ -7,6 +7,7 @@
 #include "aluframe/analysis/factor_search.h"
 #include "aluframe/analysis/load_vector.h"
 #include "aluframe/analysis/motion_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -54,7 +55,8 @@ std::string Buckling::Search::own_text(const FoundFactor& found, const LoadedFra
   const std::size_t element = *found.element;
   const int axis = loaded.own_direction({found.factor, element});
   const Eigen::Vector3d along = geometry_[element].axes.row(axis).transpose();
-  return element_name(frame_, element) + " buckles between its nodes, along " + axis_name(along);
+  return fmt::format(texts::translatable("{} buckles between its nodes, along {}"),
+                     element_name(frame_, element), axis_name(along));
 }
 
 BucklingMode Buckling::Search::mode_of(const FoundFactor& found, const LoadedFrame& loaded,
@@ -76,7 +78,7 @@ BucklingMode Buckling::Search::mode_of(const FoundFactor& found, const LoadedFra
   mode.work = loaded.work(found.factor, values);
   make_shares(mode.work);
   const auto dominant = dominant_motion(frame_, values);
-  mode.text = dominant ? motion_text(frame_, *dominant) : "the frame moves";
+  mode.text = dominant ? motion_text(frame_, *dominant) : texts::translatable("the frame moves");
   return mode;
 }
 

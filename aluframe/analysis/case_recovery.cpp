@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "aluframe/analysis/equilibrium.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -73,7 +74,8 @@ Norms remove_noise(const Norms& of_case, std::vector<ElementForces>& forces) {
 }
 
 Problem too_large() {
-  return {Problem::Kind::equilibrium, "the forces are too large to compute with", std::nullopt,
+  return {Problem::Kind::equilibrium,
+          texts::translatable("the forces are too large to compute with"), std::nullopt,
           std::nullopt};
 }
 

@@ -1,5 +1,7 @@
 #include "aluframe/analysis/diagnostic_text.h"
 
+#include "aluframe/texts/text.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -41,7 +43,8 @@ std::string axis_name(std::size_t direction) {
 }
 
 std::string axis_name(const Eigen::Vector3d& direction) {
-  if (!direction.allFinite() || direction.isZero(0.0)) return "an uncertain direction";
+  if (!direction.allFinite() || direction.isZero(0.0))
+    return texts::translatable("an uncertain direction");
   // Stable, because the squares of a small direction vanish.
   const Eigen::Vector3d unit = direction.stableNormalized();
   for (int i = 0; i < 3; ++i) {
@@ -57,32 +60,39 @@ std::string axis_name(const Eigen::Vector3d& direction) {
 }
 
 std::string node_name(const Frame& frame, std::size_t place) {
-  return fmt::format("node {}", frame.nodes[place].number);
+  return fmt::format(texts::translatable("node {}"), frame.nodes[place].number);
 }
 
 std::string element_name(const Frame& frame, std::size_t place) {
-  return fmt::format("element {}", frame.elements[place].number);
+  return fmt::format(texts::translatable("element {}"), frame.elements[place].number);
 }
 
 std::string node_names(const Frame& frame, std::span<const std::size_t> places) {
   std::vector<Number> numbers;
   for (const std::size_t place : places) numbers.push_back(frame.nodes[place].number);
   const std::vector<Run> runs = runs_of(numbers);
-  std::string text = numbers.size() == 1 ? "node " : "nodes ";
+  std::string text;
   std::size_t named = 0;
   for (std::size_t i = 0; i < std::min(runs.size(), most_runs); ++i) {
     text += (i > 0 ? ", " : "") + run_text(runs[i]);
     named += runs[i].last - runs[i].first + 1;
   }
-  if (named < numbers.size()) text += fmt::format(" and {} more", numbers.size() - named);
-  return text;
+  if (named < numbers.size()) {
+    text = fmt::format(texts::translatable("{} and {} more"), text, numbers.size() - named);
+  }
+  return numbers.size() == 1 ? fmt::format(texts::translatable("node {}"), text)
+                             : fmt::format(texts::translatable("nodes {}"), text);
 }
 
 std::string listed(std::span<const std::string> parts) {
   std::string text;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const bool last = i + 1 == parts.size();
-    text += (i == 0 ? "" : last ? " and " : ", ") + parts[i];
+    if (i > 0 && last) {
+      text = fmt::format(texts::translatable("{} and {}"), text, parts[i]);
+    } else {
+      text += (i == 0 ? "" : ", ") + parts[i];
+    }
   }
   return text;
 }

@@ -2,6 +2,7 @@
 
 #include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/node_order.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -31,9 +32,14 @@ std::vector<int> directions(const Frame& frame) {
 
 std::string lost_load_text(const Frame& frame, std::size_t node, std::size_t direction,
                            bool nothing_there) {
-  const std::string load = direction < 3 ? "a force along " : "a moment about ";
-  return node_name(frame, node) + " is loaded with " + load + axis_name(direction) + ", but " +
-         (nothing_there ? "no element meets it" : "only trusses meet there");
+  const std::string load =
+      direction < 3 ? fmt::format(texts::translatable("a force along {}"), axis_name(direction))
+                    : fmt::format(texts::translatable("a moment about {}"), axis_name(direction));
+  return nothing_there
+             ? fmt::format(texts::translatable("{} is loaded with {}, but no element meets it"),
+                           node_name(frame, node), load)
+             : fmt::format(texts::translatable("{} is loaded with {}, but only trusses meet there"),
+                           node_name(frame, node), load);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <numeric>
 
 #include "aluframe/analysis/mechanism.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -50,7 +51,8 @@ std::optional<LargestRatio> largest_ratio(const Columns& b, const Columns& a) {
 }
 
 Problem not_narrowed() {
-  return {Problem::Kind::solver, "the factor at which the frame buckles could not be found",
+  return {Problem::Kind::solver,
+          texts::translatable("the factor at which the frame buckles could not be found"),
           std::nullopt, std::nullopt};
 }
 

@@ -16,6 +16,7 @@
 #include "aluframe/analysis/motion_text.h"
 #include "aluframe/analysis/softest_mode.h"
 #include "aluframe/analysis/stiffness_equations.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -30,12 +31,14 @@ Found find_sliding_release(const Frame& frame) {
     if (element.kind == ElementKind::truss) continue;
     for (std::size_t dof = 0; dof < 12; ++dof) {
       if (!element.released[dof] || dof % 6 > 2) continue;
-      return Problem{.kind = Problem::Kind::input,
-                     .text = fmt::format("{} releases {}, and an end that slides cannot be "
-                                         "followed through large displacements: only Mx, My and "
-                                         "Mz may be released",
-                                         element_name(frame, i), names[dof % 6]),
-                     .element = i};
+      return Problem{
+          .kind = Problem::Kind::input,
+          .text = fmt::format(
+              texts::translatable("{} releases {}, and an end that slides cannot be "
+                                  "followed through large displacements: only Mx, My and "
+                                  "Mz may be released"),
+              element_name(frame, i), names[dof % 6]),
+          .element = i};
     }
   }
   return std::nullopt;
@@ -104,10 +107,12 @@ std::pair<double, std::size_t> largest_translation(const NodeValues& values, std
 }
 
 std::string LargeAnalysis::motion_at(const EquilibriumPath::End& end) const {
-  if (end.element) return element_name(frame_, *end.element) + " buckles between its nodes";
+  if (end.element)
+    return fmt::format(texts::translatable("{} buckles between its nodes"),
+                       element_name(frame_, *end.element));
   const auto mode =
       lost_motion(cut_.frame, displaced_.equations(), {end.stiffness, end.scale}, end.beyond);
-  if (!mode) return "its stiffness is used up";
+  if (!mode) return texts::translatable("its stiffness is used up");
   const std::size_t nodes = frame_.nodes.size();
   const auto [of_cuts, cut] = largest_translation(*mode, nodes, cut_.frame.nodes.size());
   if (of_cuts > 2.0 * largest_translation(*mode, 0, nodes).first) {
@@ -115,13 +120,14 @@ std::string LargeAnalysis::motion_at(const EquilibriumPath::End& end) const {
     const auto piece = std::ranges::find_if(cut_.frame.elements, meets);
     const auto place = static_cast<std::size_t>(piece - cut_.frame.elements.begin());
     const Eigen::Vector3d along((*mode)[6 * cut], (*mode)[6 * cut + 1], (*mode)[6 * cut + 2]);
-    return fmt::format("{} bends out between its nodes, along {}",
+    return fmt::format(texts::translatable("{} bends out between its nodes, along {}"),
                        element_name(frame_, cut_.element_of[place]), axis_name(along));
   }
   NodeValues own = *mode;
   own.resize(6 * nodes);
   const auto dominant = dominant_motion(frame_, own);
-  return dominant ? motion_text(frame_, *dominant) : "its stiffness is used up";
+  return dominant ? motion_text(frame_, *dominant)
+                  : texts::translatable("its stiffness is used up");
 }
 
 /// x between the displaced ends, y as the section in the middle has it: ends may be released.
@@ -229,29 +235,36 @@ Problem limit_problem(const EquilibriumPath::End& end, const std::string& motion
   using Kind = Problem::Kind;
   switch (end.how) {
     case PathEnd::limit_point:
-      return problem(Kind::buckling,
-                     fmt::format("the frame snaps through at {:.4g} of these loads: "
-                                 "{}",
-                                 end.factor, motion));
+      return problem(
+          Kind::buckling,
+          fmt::format(texts::translatable("the frame snaps through at {:.4g} of these loads: "
+                                          "{}"),
+                      end.factor, motion));
     case PathEnd::bifurcation:
-      return problem(Kind::buckling, fmt::format("the frame buckles at {:.4g} of these loads: {}",
-                                                 end.factor, motion));
+      return problem(
+          Kind::buckling,
+          fmt::format(texts::translatable("the frame buckles at {:.4g} of these loads: {}"),
+                      end.factor, motion));
     case PathEnd::element_buckling: {
-      Problem own =
-          problem(Kind::buckling, fmt::format("{} at {:.4g} of these loads", motion, end.factor));
+      Problem own = problem(
+          Kind::buckling,
+          fmt::format(texts::translatable("{} at {:.4g} of these loads"), motion, end.factor));
       own.element = end.element;
       return own;
     }
     case PathEnd::rounding:
       return problem(Kind::equilibrium,
-                     "large displacements: rounding in the stiffest elements leaves more than 1e-9 "
-                     "of the forces unbalanced; a link is rigid enough with some hundred times the "
-                     "stiffness of its neighbours");
+                     texts::translatable(
+                         "large displacements: rounding in the stiffest elements leaves more than "
+                         "1e-9 of the forces unbalanced; a link is rigid enough with some hundred "
+                         "times the stiffness of its neighbours"));
     default:
-      return problem(Kind::divergence,
-                     fmt::format("large displacements: no equilibrium was found beyond {:.4g} of "
-                                 "these loads",
-                                 end.factor));
+      return problem(
+          Kind::divergence,
+          fmt::format(
+              texts::translatable("large displacements: no equilibrium was found beyond {:.4g} of "
+                                  "these loads"),
+              end.factor));
   }
 }
 

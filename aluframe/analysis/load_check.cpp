@@ -1,10 +1,11 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 
 #include "aluframe/analysis/diagnostic_text.h"
+
+#include <fmt/format.h>
 #include "aluframe/analysis/input_check.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -23,23 +24,25 @@ bool finite(const std::array<double, count>& values) {
 
 Found check_element_place(const Frame& frame, std::size_t element) {
   if (element < frame.elements.size()) return std::nullopt;
-  return input_problem(
-      fmt::format("a load is on an element at place {} of {}", element, frame.elements.size()));
+  return input_problem(fmt::format(texts::translatable("a load is on an element at place {} of {}"),
+                                   element, frame.elements.size()));
 }
 
 Problem on_element(const Frame& frame, std::size_t element, const std::string& text) {
-  Problem problem = input_problem("load on " + element_name(frame, element) + ": " + text);
+  Problem problem = input_problem(
+      fmt::format(texts::translatable("load on {}: {}"), element_name(frame, element), text));
   problem.element = element;
   return problem;
 }
 
 Found check(const Frame& frame, const NodalLoad& load) {
   if (load.node >= frame.nodes.size()) {
-    return input_problem(
-        fmt::format("a load is on a node at place {} of {}", load.node, frame.nodes.size()));
+    return input_problem(fmt::format(texts::translatable("a load is on a node at place {} of {}"),
+                                     load.node, frame.nodes.size()));
   }
   if (finite(load.value)) return std::nullopt;
-  Problem problem = input_problem("load on " + node_name(frame, load.node) + ": not finite");
+  Problem problem = input_problem(
+      fmt::format(texts::translatable("load on {}: not finite"), node_name(frame, load.node)));
   problem.node = load.node;
   return problem;
 }
@@ -47,27 +50,30 @@ Found check(const Frame& frame, const NodalLoad& load) {
 Found check(const Frame& frame, const DistributedLoad& load) {
   if (auto problem = check_element_place(frame, load.element)) return problem;
   if (!finite(load.from_value) || !finite(load.to_value)) {
-    return on_element(frame, load.element, "not finite");
+    return on_element(frame, load.element, texts::translatable("not finite"));
   }
   if (load.from >= 0.0 && load.from <= load.to && load.to <= 1.0) return std::nullopt;
-  return on_element(frame, load.element,
-                    fmt::format("it goes from {:g} to {:g} of the length, must lie within 0 to 1",
-                                load.from, load.to));
+  return on_element(
+      frame, load.element,
+      fmt::format(
+          texts::translatable("it goes from {:g} to {:g} of the length, must lie within 0 to 1"),
+          load.from, load.to));
 }
 
 Found check(const Frame& frame, const PointLoad& load) {
   if (auto problem = check_element_place(frame, load.element)) return problem;
   if (!finite(load.force) || !finite(load.moment)) {
-    return on_element(frame, load.element, "not finite");
+    return on_element(frame, load.element, texts::translatable("not finite"));
   }
   if (!(load.at >= 0.0 && load.at <= 1.0)) {
     return on_element(
         frame, load.element,
-        fmt::format("it acts at {:g} of the length, must lie within 0 to 1", load.at));
+        fmt::format(texts::translatable("it acts at {:g} of the length, must lie within 0 to 1"),
+                    load.at));
   }
   const bool truss = frame.elements[load.element].kind == ElementKind::truss;
   if (truss && load.moment != Vector3{}) {
-    return on_element(frame, load.element, "a truss cannot take a moment");
+    return on_element(frame, load.element, texts::translatable("a truss cannot take a moment"));
   }
   return std::nullopt;
 }
@@ -76,12 +82,13 @@ Found check(const Frame& frame, const Temperature& load) {
   if (auto problem = check_element_place(frame, load.element)) return problem;
   const std::array values{load.change, load.difference_y, load.depth_y, load.difference_z,
                           load.depth_z};
-  if (!finite(values)) return on_element(frame, load.element, "not finite");
+  if (!finite(values)) return on_element(frame, load.element, texts::translatable("not finite"));
   const bool lost = (load.difference_y != 0.0 && !(load.depth_y > 0.0)) ||
                     (load.difference_z != 0.0 && !(load.depth_z > 0.0));
   if (!lost && load.depth_y >= 0.0 && load.depth_z >= 0.0) return std::nullopt;
-  return on_element(frame, load.element,
-                    "a temperature difference needs the positive distance of its two faces");
+  return on_element(
+      frame, load.element,
+      texts::translatable("a temperature difference needs the positive distance of its two faces"));
 }
 
 bool is_supported(const Frame& frame, const Settlement& settlement) {
@@ -92,16 +99,19 @@ bool is_supported(const Frame& frame, const Settlement& settlement) {
 
 Found check(const Frame& frame, const Settlement& settlement) {
   if (settlement.node >= frame.nodes.size() || settlement.direction > 5) {
-    return input_problem("a settlement is at a node or in a direction that does not exist");
+    return input_problem(
+        texts::translatable("a settlement is at a node or in a direction that does not exist"));
   }
   const bool supported = is_supported(frame, settlement);
   if (supported && std::isfinite(settlement.value)) return std::nullopt;
-  Problem problem =
-      input_problem(supported ? node_name(frame, settlement.node) + ": its settlement is not finite"
-                              : fmt::format("{} has a settlement {} {}, but no support there",
-                                            node_name(frame, settlement.node),
-                                            settlement.direction < 3 ? "along" : "about",
-                                            axis_name(settlement.direction)));
+  Problem problem = input_problem(
+      supported ? fmt::format(texts::translatable("{}: its settlement is not finite"),
+                              node_name(frame, settlement.node))
+      : settlement.direction < 3
+          ? fmt::format(texts::translatable("{} has a settlement along {}, but no support there"),
+                        node_name(frame, settlement.node), axis_name(settlement.direction))
+          : fmt::format(texts::translatable("{} has a settlement about {}, but no support there"),
+                        node_name(frame, settlement.node), axis_name(settlement.direction)));
   problem.node = settlement.node;
   return problem;
 }
@@ -117,7 +127,8 @@ Found check_all(const Frame& frame, const std::vector<Load>& loads) {
 }  // namespace
 
 Found find_problem(const Frame& frame, const LoadCase& load_case) {
-  if (!finite(load_case.self_weight)) return input_problem("a factor of self-weight is not finite");
+  if (!finite(load_case.self_weight))
+    return input_problem(texts::translatable("a factor of self-weight is not finite"));
   if (auto problem = check_all(frame, load_case.nodal)) return problem;
   if (auto problem = check_all(frame, load_case.distributed)) return problem;
   if (auto problem = check_all(frame, load_case.points)) return problem;

@@ -12,6 +12,7 @@
 #include "aluframe/analysis/softest_mode.h"
 #include "aluframe/analysis/unrestrained_node.h"
 #include "aluframe/analysis/unrestrained_part.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -74,10 +75,10 @@ std::string unlike_stiffnesses(const Frame& frame) {
   const auto all = end_stiffnesses(frame);
   const auto [least, most] = std::ranges::minmax(all, {}, &EndStiffness::value);
   if (!(least.value < least_softness * most.value)) return "";
-  return fmt::format(
-      "; or stiffnesses are too far apart to compute with: {:.1e} N/mm of {}, {:.1e} N/mm of {}",
-      least.value, element_name(frame, least.element), most.value,
-      element_name(frame, most.element));
+  return fmt::format(texts::translatable("; or stiffnesses are too far apart to compute with: "
+                                         "{:.1e} N/mm of {}, {:.1e} N/mm of {}"),
+                     least.value, element_name(frame, least.element), most.value,
+                     element_name(frame, most.element));
 }
 
 }  // namespace

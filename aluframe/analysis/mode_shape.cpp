@@ -7,6 +7,7 @@
 #include "aluframe/analysis/beam_column.h"
 #include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/load_vector.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -148,11 +149,10 @@ std::optional<double> ModeElements::add(std::size_t place, InitialShape& shape) 
   return std::sqrt(largest_of(squares));
 }
 
-Problem no_shape(const Frame& frame, std::size_t element, const char* reason) {
-  return {
-      Problem::Kind::input,
-      "the first buckling mode cannot be an imperfection: " + element_name(frame, element) + reason,
-      std::nullopt, element};
+/// @param text with a place for the element's name
+Problem no_shape(const Frame& frame, std::size_t element, const char* text) {
+  return {Problem::Kind::input, fmt::format(fmt::runtime(text), element_name(frame, element)),
+          std::nullopt, element};
 }
 
 }  // namespace
@@ -161,16 +161,22 @@ Result<InitialShape> shape_of_mode(const Frame& frame, std::span<const Geometry>
                                    const LoadCase& loads, std::span<const double> axial_forces,
                                    const BucklingMode& mode, double amplitude) {
   if (mode.element && frame.elements[*mode.element].kind == ElementKind::truss) {
-    return no_shape(frame, *mode.element,
-                    " buckles in it between its nodes, and a truss does not bend; give sway, or "
-                    "make it a beam with hinges");
+    return no_shape(
+        frame, *mode.element,
+        texts::translatable("the first buckling mode cannot be an imperfection: {} buckles in it "
+                            "between its nodes, and a truss does not bend; give sway, or make it a "
+                            "beam with hinges"));
   }
   const ModeElements elements(frame, geometry, loads, axial_forces, mode);
   InitialShape shape;
   double largest = 0.0;
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
     const auto found = elements.add(i, shape);
-    if (!found) return no_shape(frame, i, " buckles by itself at the same loads; give sway or bow");
+    if (!found) {
+      return no_shape(frame, i,
+                      texts::translatable("the first buckling mode cannot be an imperfection: {} "
+                                          "buckles by itself at the same loads; give sway or bow"));
+    }
     largest = std::max(largest, *found);
   }
   if (!(largest > 0.0)) return InitialShape{};

@@ -1,8 +1,11 @@
 #include "aluframe/analysis/motion_text.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 
 #include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -63,9 +66,13 @@ std::optional<DominantMotion> dominant_motion(const Frame& frame, const NodeValu
 
 std::string motion_text(const Frame& frame, const DominantMotion& motion) {
   const auto& [nodes, direction, rotates] = motion;
-  const std::string verb = nodes.size() == 1 ? "s" : "";
-  return node_names(frame, nodes) + (rotates ? " turn" : " move") + verb +
-         (rotates ? " about " : " along ") + axis_name(direction);
+  const std::string names = node_names(frame, nodes), axis = axis_name(direction);
+  if (nodes.size() == 1) {
+    return rotates ? fmt::format(texts::translatable("{} turns about {}"), names, axis)
+                   : fmt::format(texts::translatable("{} moves along {}"), names, axis);
+  }
+  return rotates ? fmt::format(texts::translatable("{} turn about {}"), names, axis)
+                 : fmt::format(texts::translatable("{} move along {}"), names, axis);
 }
 
 }  // namespace aluframe::analysis

@@ -17,6 +17,7 @@
 #include "aluframe/analysis/shallow_nodes.h"
 #include "aluframe/analysis/softest_mode.h"
 #include "aluframe/analysis/stiffness_equations.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -129,8 +130,9 @@ Problem Iteration::buckled_element(std::size_t place) const {
   const double least =
       is_truss ? at_start : -largest_compression(spans_of(loads_.of(place), at_start));
   return {Problem::Kind::buckling,
-          fmt::format("{} buckles between its nodes: its axial force reaches {:.4g} N",
-                      element_name(frame_, place), least),
+          fmt::format(
+              texts::translatable("{} buckles between its nodes: its axial force reaches {:.4g} N"),
+              element_name(frame_, place), least),
           std::nullopt, place};
 }
 
@@ -150,8 +152,8 @@ Problem Iteration::buckled(const ScaledEquations& scaled) const {
   const ScaledEquations unloaded =
       assemble(frame_, geometry_, equations_, elastic_source(frame_, geometry_));
   return {Problem::Kind::buckling,
-          "the frame buckles under these loads: " +
-              describe_lost_motion(frame_, equations_, unloaded, scaled.matrix),
+          fmt::format(texts::translatable("the frame buckles under these loads: {}"),
+                      describe_lost_motion(frame_, equations_, unloaded, scaled.matrix)),
           std::nullopt, std::nullopt};
 }
 
@@ -339,19 +341,27 @@ Result<CaseResult> Iteration::result() {
 }
 
 Problem diverged(const SecondOrderOptions& options, double change) {
-  return {Problem::Kind::divergence,
-          fmt::format("no equilibrium of second order after {} iterations: axial forces still "
+  return {
+      Problem::Kind::divergence,
+      fmt::format(texts::translatable(
+                      "no equilibrium of second order after {} iterations: axial forces still "
                       "change by {:.1e} of the largest; the loads are close to what buckles the "
-                      "frame",
-                      options.most_iterations, change),
-          std::nullopt, std::nullopt};
+                      "frame"),
+                  options.most_iterations, change),
+      std::nullopt, std::nullopt};
 }
 
 }  // namespace
 
 std::string SecondOrderResult::message() const {
-  return fmt::format("in equilibrium after {} {}, axial forces certain to {:.1e}", iterations,
-                     iterations == 1 ? "iteration" : "iterations", change);
+  return iterations == 1
+             ? fmt::format(texts::translatable(
+                               "in equilibrium after 1 iteration, axial forces certain to {:.1e}"),
+                           change)
+             : fmt::format(
+                   texts::translatable(
+                       "in equilibrium after {} iterations, axial forces certain to {:.1e}"),
+                   iterations, change);
 }
 
 Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCase& loads,
@@ -382,7 +392,7 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   solved.flattens = flattening.has_value();
   if (grows || flattening) {
     const auto moves = dominant_motion(frame, grows ? growth : *flattening);
-    solved.growing = moves ? motion_text(frame, *moves) : "the frame moves";
+    solved.growing = moves ? motion_text(frame, *moves) : texts::translatable("the frame moves");
   }
   return solved;
 }

@@ -6,6 +6,7 @@
 #include "aluframe/analysis/mechanism.h"
 #include "aluframe/analysis/motion_text.h"
 #include "aluframe/analysis/symmetric_product.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -57,22 +58,38 @@ std::optional<DominantMotion> motion_of(const Frame& frame, const Equations& equ
   return dominant_motion(frame, node_values(mode.shape, equations, scaled.scale, frame));
 }
 
+/// How nodes move that little or nothing resists.
+std::string soft_motion_text(const std::string& nodes, const std::string& axis, bool rotates,
+                             bool free) {
+  if (free) {
+    return rotates ? fmt::format(texts::translatable("{} can rotate freely about {}: no element or "
+                                                     "support resists it"),
+                                 nodes, axis)
+                   : fmt::format(texts::translatable("{} can move freely along {}: no element or "
+                                                     "support resists it"),
+                                 nodes, axis);
+  }
+  return rotates ? fmt::format(texts::translatable("{} can rotate almost freely about {}: what "
+                                                   "resists is too soft for a certain result"),
+                               nodes, axis)
+                 : fmt::format(texts::translatable("{} can move almost freely along {}: what "
+                                                   "resists is too soft for a certain result"),
+                               nodes, axis);
+}
+
 }  // namespace
 
 Problem describe_softest_mode(const Frame& frame, const Equations& equations,
                               const ScaledEquations& scaled) {
-  Problem problem{Problem::Kind::mechanism, "the stiffness is singular", {}, {}};
+  Problem problem{
+      Problem::Kind::mechanism, texts::translatable("the stiffness is singular"), {}, {}};
   const auto mode = softest_mode(scaled.matrix, shift);
   if (!mode) return problem;
   const auto dominant = motion_of(frame, equations, scaled, *mode);
   if (!dominant) return problem;
   const auto& [nodes, direction, rotates] = *dominant;
   const bool free = mode->softness < no_resistance;
-  problem.text = node_names(frame, nodes) + (rotates ? " can rotate" : " can move") +
-                 (free ? " freely" : " almost freely") + (rotates ? " about " : " along ") +
-                 axis_name(direction) +
-                 (free ? ": no element or support resists it"
-                       : ": what resists is too soft for a certain result");
+  problem.text = soft_motion_text(node_names(frame, nodes), axis_name(direction), rotates, free);
   problem.node = nodes.front();
   return problem;
 }
@@ -106,7 +123,7 @@ std::string describe_lost_motion(const Frame& frame, const Equations& equations,
                                  const ScaledEquations& scaled, const SymmetricMatrix& beyond) {
   const auto motion = lost_motion(frame, equations, scaled, beyond);
   const auto dominant = motion ? dominant_motion(frame, *motion) : std::nullopt;
-  return dominant ? motion_text(frame, *dominant) : "its stiffness is used up";
+  return dominant ? motion_text(frame, *dominant) : texts::translatable("its stiffness is used up");
 }
 
 }  // namespace aluframe::analysis

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "aluframe/analysis/mechanism.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -30,11 +31,13 @@ std::optional<Problem> find_problem(const Factorisation& factorisation, const Fr
       return explain_mechanism(frame, equations, scaled);
     case Status::no_memory:
       return problem(Problem::Kind::memory,
-                     fmt::format("not enough memory for {} equations", equations.count()));
+                     fmt::format(texts::translatable("not enough memory for {} equations"),
+                                 equations.count()));
     default:
-      return problem(Problem::Kind::solver, fmt::format("the equations could not be solved: the "
-                                                        "solver's code is {}",
-                                                        factorisation.code));
+      return problem(Problem::Kind::solver,
+                     fmt::format(texts::translatable("the equations could not be solved: the "
+                                                     "solver's code is {}"),
+                                 factorisation.code));
   }
 }
 
@@ -69,13 +72,19 @@ std::optional<Problem> find_residual_problem(const CaseResult& result, std::size
   const bool is_balanced = unbalanced <= options.residual_limit;
   if (is_balanced && e.force_error <= options.error_limit) return std::nullopt;
   const std::string found =
-      is_balanced ? fmt::format("the forces are certain to {:.1e} of the largest, not to {:.0e}",
-                                e.force_error, options.error_limit)
-                  : fmt::format("{:.1e} of the forces stay unbalanced, more than {:.0e}",
-                                unbalanced, options.residual_limit);
-  return Problem{.kind = Problem::Kind::equilibrium,
-                 .text = found + ": the frame is too soft, or its stiffnesses are too different",
-                 .load_case = load_case};
+      is_balanced
+          ? fmt::format(texts::translatable(
+                            "the forces are certain to {:.1e} of the largest, not to {:.0e}"),
+                        e.force_error, options.error_limit)
+          : fmt::format(
+                texts::translatable("{:.1e} of the forces stay unbalanced, more than {:.0e}"),
+                unbalanced, options.residual_limit);
+  return Problem{
+      .kind = Problem::Kind::equilibrium,
+      .text = fmt::format(
+          texts::translatable("{}: the frame is too soft, or its stiffnesses are too different"),
+          found),
+      .load_case = load_case};
 }
 
 }  // namespace aluframe::analysis

@@ -7,6 +7,7 @@
 
 #include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/mechanism.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -57,22 +58,27 @@ bool all_released(const Frame& frame, std::size_t node) {
 }
 
 std::string reason(const Frame& frame, std::size_t node, bool rotates) {
-  return rotates && all_released(frame, node) ? "every element there is released"
-                                              : "the elements there do not resist it";
+  return rotates && all_released(frame, node)
+             ? texts::translatable("every element there is released")
+             : texts::translatable("the elements there do not resist it");
 }
 
 /// How the node moves: about and along which axes, or in one direction across them.
-std::string motion_text(const Eigen::SelfAdjointEigenSolver<Matrix6>& modes, int free_modes,
+std::string motion_text(const std::string& node,
+                        const Eigen::SelfAdjointEigenSolver<Matrix6>& modes, int free_modes,
                         const Column6& scale, bool& rotates) {
   const std::vector<std::string> about = free_axes(modes, free_modes, 3);
   const std::vector<std::string> along = free_axes(modes, free_modes, 0);
   const Column6 mode = modes.eigenvectors().col(0).cwiseProduct(scale);
   rotates = along.empty() && (!about.empty() || modes.eigenvectors().col(0).tail<3>().norm() >
                                                     modes.eigenvectors().col(0).head<3>().norm());
-  if (!along.empty()) return "can move freely along " + listed(along);
-  if (!about.empty()) return "can rotate freely about " + listed(about);
-  if (rotates) return "can rotate freely about " + axis_name(Eigen::Vector3d(mode.tail<3>()));
-  return "can move freely along " + axis_name(Eigen::Vector3d(mode.head<3>()));
+  const bool turns = along.empty() && (!about.empty() || rotates);
+  const std::string axes = !along.empty()   ? listed(along)
+                           : !about.empty() ? listed(about)
+                           : rotates        ? axis_name(Eigen::Vector3d(mode.tail<3>()))
+                                            : axis_name(Eigen::Vector3d(mode.head<3>()));
+  return turns ? fmt::format(texts::translatable("{} can rotate freely about {}"), node, axes)
+               : fmt::format(texts::translatable("{} can move freely along {}"), node, axes);
 }
 
 Column6 scale_of(const Equations& equations, const std::vector<double>& scale, std::size_t node) {
@@ -101,14 +107,16 @@ std::optional<Problem> find_unrestrained_node(const Frame& frame, const Equation
       continue;
     }
     bool rotates = false;
-    const std::string motion =
-        motion_text(modes, free_modes, scale_of(equations, scaled.scale, node), rotates);
-    found = Problem{Problem::Kind::mechanism,
-                    node_name(frame, node) + " " + motion + ": " + reason(frame, node, rotates),
-                    node, std::nullopt};
+    const std::string motion = motion_text(node_name(frame, node), modes, free_modes,
+                                           scale_of(equations, scaled.scale, node), rotates);
+    found = Problem{Problem::Kind::mechanism, motion + ": " + reason(frame, node, rotates), node,
+                    std::nullopt};
   }
   if (found && more > 0) {
-    found->text += fmt::format(" ({} more {} can move freely)", more, more == 1 ? "node" : "nodes");
+    found->text = more == 1 ? fmt::format(texts::translatable("{} (1 more node can move freely)"),
+                                          found->text)
+                            : fmt::format(texts::translatable("{} ({} more nodes can move freely)"),
+                                          found->text, more);
   }
   return found;
 }

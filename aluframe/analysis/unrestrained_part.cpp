@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "aluframe/analysis/diagnostic_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
 
@@ -93,8 +94,9 @@ std::vector<Part> parts_of(const Frame& frame, const std::vector<std::size_t>& a
 
 std::string motion_text(const Column6& motion) {
   const Eigen::Vector3d shift = motion.head<3>(), turn = motion.tail<3>();
-  if (turn.norm() < 1e-6 * shift.norm()) return "move along " + axis_name(shift);
-  return "turn about an axis along " + axis_name(turn);
+  if (turn.norm() < 1e-6 * shift.norm())
+    return fmt::format(texts::translatable("move along {}"), axis_name(shift));
+  return fmt::format(texts::translatable("turn about an axis along {}"), axis_name(turn));
 }
 
 /// A single bar of trusses may turn about itself: that moves none of its points.
@@ -111,19 +113,23 @@ bool moves_any_node(const Frame& frame, const std::vector<std::size_t>& active, 
 
 std::optional<Problem> find_motion(const Frame& frame, const std::vector<std::size_t>& active,
                                    const Part& part, bool whole) {
-  const std::string what = (whole ? "the structure with " : "the part of the structure with ") +
-                           node_names(frame, part.nodes);
+  const std::string nodes = node_names(frame, part.nodes);
+  const std::string what =
+      whole ? fmt::format(texts::translatable("the structure with {}"), nodes)
+            : fmt::format(texts::translatable("the part of the structure with {}"), nodes);
   const auto problem = [&](std::string text) {
     // The whole structure has no node to point at.
     const auto node = whole ? std::nullopt : std::optional(part.nodes.front());
     return Problem{Problem::Kind::mechanism, std::move(text), node, std::nullopt};
   };
-  if (part.support.isZero(0.0)) return problem("nothing supports " + what);
+  if (part.support.isZero(0.0))
+    return problem(fmt::format(texts::translatable("nothing supports {}"), what));
   const Eigen::SelfAdjointEigenSolver<Matrix6> modes(part.support);
   for (int i = 0; i < 6 && modes.eigenvalues()[i] <= not_restrained * modes.eigenvalues()[5]; ++i) {
     const Column6 motion = modes.eigenvectors().col(i);
     if (!moves_any_node(frame, active, part, motion)) continue;
-    return problem("the supports do not hold " + what + ": it can " + motion_text(motion));
+    return problem(fmt::format(texts::translatable("the supports do not hold {}: it can {}"), what,
+                               motion_text(motion)));
   }
   return std::nullopt;
 }

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::catalogue {
 
 namespace {
@@ -63,20 +65,21 @@ std::variant<model::Section, std::string> section_named(std::string_view name,
   const std::size_t blank = name.find(' ');
   const auto shape = model::parse_shape(name.substr(0, blank));
   if (!shape || *shape == model::Shape::other || blank == std::string_view::npos) {
-    return fmt::format(
+    return texts::translated(
         "found '{}', must be a standard profile or a shape (C, H, T, B, P, 2C, SR), a blank and "
         "its dimensions in mm, such as H 300x150x8x12",
         name);
   }
   const auto numbers = numbers_of(tidy(name.substr(blank)));
   if (!numbers) {
-    return fmt::format("found '{}', must be {} {} with plain decimals in mm (12.5, no exponent)",
-                       name, model::name_of(*shape), dimensions_text(*shape));
+    return texts::translated(
+        "found '{}', must be {} {} with plain decimals in mm (12.5, no exponent)", name,
+        model::name_of(*shape), dimensions_text(*shape));
   }
   const auto dimensions = model::dimension_names(*shape);
   if (numbers->size() < model::required_dimensions(*shape) || numbers->size() > dimensions.size()) {
-    return fmt::format("found '{}', must be {} {} with numbers in mm", name, model::name_of(*shape),
-                       dimensions_text(*shape));
+    return texts::translated("found '{}', must be {} {} with numbers in mm", name,
+                             model::name_of(*shape), dimensions_text(*shape));
   }
   model::Section section;
   section.name = name;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "aluframe/catalogue/profile_tables.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::catalogue {
 
@@ -22,21 +23,27 @@ struct ProfileSource {
   const char* source;
 };
 constexpr ProfileSource i_beam_source{
-    "AA I", "Aluminum Association standard I-beams (Aluminum Design Manual), depth x lb/ft"};
+    "AA I", texts::translatable(
+                "Aluminum Association standard I-beams (Aluminum Design Manual), depth x lb/ft")};
 constexpr ProfileSource channel_source{
-    "AA CS", "Aluminum Association standard channels (Aluminum Design Manual), depth x lb/ft"};
+    "AA CS", texts::translatable(
+                 "Aluminum Association standard channels (Aluminum Design Manual), depth x lb/ft")};
 constexpr ProfileSource tee_source{
     "AA T",
-    "rule: the standard I-beams cut at mid-depth, fillets left out; depth x web x width in"};
+    texts::translatable(
+        "rule: the standard I-beams cut at mid-depth, fillets left out; depth x web x width in")};
 constexpr ProfileSource pipe_source{
-    "NPS", "pipe sizes of ANSI/ASME B36.10, in which ANSI H35.2 lists aluminium pipe"};
+    "NPS", texts::translatable(
+               "pipe sizes of ANSI/ASME B36.10, in which ANSI H35.2 lists aluminium pipe")};
 constexpr ProfileSource box_source{
-    "B",
-    "rule: hollow sections with equal walls, depth x width x wall in mm, wall from 1/25 to 1/12 "
-    "of the smaller side"};
+    "B", texts::translatable("rule: hollow sections with equal walls, depth x width x wall in mm, "
+                             "wall from 1/25 to 1/12 "
+                             "of the smaller side")};
 constexpr ProfileSource tube_source{
-    "P", "rule: round tubes, diameter x wall in mm, wall from 1/33 to 1/12 of the diameter"};
-constexpr ProfileSource round_source{"SR", "rule: solid rounds of preferred diameters in mm"};
+    "P", texts::translatable(
+             "rule: round tubes, diameter x wall in mm, wall from 1/33 to 1/12 of the diameter")};
+constexpr ProfileSource round_source{
+    "SR", texts::translatable("rule: solid rounds of preferred diameters in mm")};
 
 /// Outer sizes of a rule's hollow sections, mm, each with two walls.
 struct HollowSize {

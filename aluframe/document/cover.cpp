@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include <array>
 #include <utility>
 
@@ -69,12 +71,30 @@ bool is_buckling(const run::DocumentContent& content) {
   return smallest != nullptr && run::buckles(*smallest);
 }
 
+/// Elements that the document is of and that have no check at all.
+std::size_t without_check(const run::DocumentContent& content) {
+  const std::size_t wanted =
+      content.input.elements.empty() ? content.coverage.elements : content.input.elements.size();
+  return wanted - std::min(wanted, content.elements.size());
+}
+
+bool is_over_safe(const run::DocumentContent& content) {
+  return content.told.safe && content.told.safe->over > 0;
+}
+
 std::string verdict_text(const run::DocumentContent& content) {
   if (!content.told.worst) return texts::translated("No check was made that has a limit.");
   if (content.told.over == 0) {
-    return is_buckling(content)
-               ? texts::translated("No check exceeds its limit, but the frame buckles.")
-               : texts::translated("No check exceeds its limit.");
+    if (is_buckling(content)) {
+      return texts::translated("No check exceeds its limit, but the frame buckles.");
+    }
+    if (without_check(content) > 0) {
+      return texts::translated("No check exceeds its limit, but not every element was checked.");
+    }
+    if (is_over_safe(content)) {
+      return texts::translated("No check exceeds its limit, but safe ratios exceed 1.");
+    }
+    return texts::translated("No check exceeds its limit.");
   }
   return content.told.over == 1
              ? texts::translated("1 element fails: a ratio of its checks exceeds 1.")
@@ -111,8 +131,11 @@ std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   if (!content.told.remarks.empty()) {
     out.push_back(texts::translated("Remarks of the check: {}.", content.told.remarks.size()));
   }
+  if (const std::size_t count = without_check(content); count > 0) {
+    out.push_back(texts::translated("Elements without any check: {}.", count));
+  }
   if (!content.told.not_checked.empty()) {
-    out.push_back(texts::translated("Forces act that no check is for: they are listed."));
+    out.push_back(texts::translated("Not everything was checked: what was not is listed."));
   }
   return out;
 }
@@ -139,7 +162,8 @@ void write_cover(HtmlWriter& html, const run::DocumentContent& content) {
     const Facts project = project_facts(content.input.model.project);
     if (!project.empty()) write_facts(html, texts::translated("Project"), project);
     write_facts(html, texts::translated("Calculation"), calculation_facts(content));
-    const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content);
+    const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content) &&
+                       without_check(content) == 0 && !is_over_safe(content);
     html.leaf("p", {{"class", holds ? "verdict" : "verdict over"}}, verdict_text(content));
     html.element("ul", [&] {
       for (const std::string& text : other_verdicts(content)) html.leaf("li", text);

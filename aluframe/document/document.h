@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "aluframe/document/derivations_chapter.h"
 #include "aluframe/run/document.h"
 
 namespace aluframe::document {
@@ -9,6 +10,9 @@ namespace aluframe::document {
 /// Writes the calculation document: one page of HTML that needs nothing beside it, to be read on
 /// the screen and printed on A4, in the language in use. The same content gives the same bytes.
 /// @param out whether all arrived it tells
-void write_document(std::ostream& out, const run::DocumentContent& content);
+/// @param derivations of checks, the last chapter; null: without it
+/// @throws what `derivations` throws
+void write_document(std::ostream& out, const run::DocumentContent& content,
+                    const Derivations& derivations = nullptr);
 
 }  // namespace aluframe::document

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 #include "aluframe/document/figure.h"
 #include "aluframe/document/names.h"
@@ -178,13 +180,29 @@ std::string kind_text(const model::Combination& combination) {
                                                             : texts::translated("envelope");
 }
 
-std::string checked_text(const model::Combination& combination) {
-  if (!combination.states.empty()) {
-    std::vector<model::Number> rising = combination.states;
-    std::ranges::sort(rising);
-    return texts::translated("by the states {}", model::join_as_ranges(rising));
+/// Those of some combinations that the results cover, rising.
+std::vector<model::Number> covered(const run::Coverage& coverage,
+                                   const std::vector<model::Number>& numbers) {
+  std::vector<model::Number> out;
+  std::ranges::copy_if(numbers, std::back_inserter(out), [&](model::Number number) {
+    return std::ranges::find(coverage.states, number) != coverage.states.end();
+  });
+  std::ranges::sort(out);
+  return out;
+}
+
+std::string checked_text(const model::Combination& combination, const run::Coverage& coverage) {
+  if (!combination.design && combination.states.empty() && !combination.state_of) {
+    return texts::translated("no, a part of others");
   }
-  return combination.design ? texts::translated("yes") : texts::translated("no, a part of others");
+  if (combination.states.empty()) {
+    return covered(coverage, {combination.number}).empty()
+               ? texts::translated("no, the check left it out")
+               : texts::translated("yes");
+  }
+  const std::vector<model::Number> states = covered(coverage, combination.states);
+  return states.empty() ? texts::translated("no, the check left it out")
+                        : texts::translated("by the states {}", model::join_as_ranges(states));
 }
 
 }  // namespace
@@ -220,7 +238,7 @@ void write_combinations(HtmlWriter& html, const run::DocumentContent& content) {
                             {kind_text(combination)},
                             {terms_text(combination)},
                             {yes_or_no(combination.seismic)},
-                            {checked_text(combination)}});
+                            {checked_text(combination, content.coverage)}});
                 }
               });
 }

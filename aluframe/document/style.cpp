@@ -59,7 +59,7 @@ figure.sketch svg { width: 100%; max-height: 62mm; }
   html, body { background: #fff; }
   body { max-width: none; margin: 0; padding: 0; font-size: 10pt; }
   a { color: inherit; }
-  .chapter, nav { break-before: page; }
+  .chapter, nav, .derived + .derived > h4 { break-before: page; }
   h2 { margin-top: 0; }
 }
 )css";

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::files {
 
 /// What to do about a file that another run is writing.
@@ -12,7 +14,7 @@ enum class WhenBusy { refuse, wait };
 /// Another run is writing the file.
 class FileBusy : public std::runtime_error {
  public:
-  FileBusy() : FileBusy("another run is writing this file") {}
+  FileBusy() : FileBusy(texts::translated("another run is writing this file")) {}
   /// With more to say.
   explicit FileBusy(const std::string& text) : std::runtime_error(text) {}
 };

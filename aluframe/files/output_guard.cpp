@@ -6,6 +6,7 @@
 
 #include "aluframe/files/same_file.h"
 #include "aluframe/model/plain_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::files {
 
@@ -14,23 +15,25 @@ namespace {
 namespace fs = std::filesystem;
 
 /// One line, whatever paths hold: that of a model may come from a file that others have changed.
-std::string text_of(const fs::path& path, std::string_view output, std::string_view is,
-                    std::string_view what) {
-  return model::without_control_characters(path.string() + ": " + std::string(is) + ' ' +
-                                           std::string(what) + ", which " + std::string(output) +
-                                           " would overwrite; choose another file");
+std::string one_line(const std::string& text) {
+  return model::without_control_characters(text);
 }
 
-std::string_view name_of(FileKind kind) {
+std::string holding_text(const fs::path& path, const OutputFile& output, std::string_view what) {
+  return one_line(texts::translated("{}: holds {}, which {} would overwrite; choose another file",
+                                    path.string(), what, texts::translation_of(output.what)));
+}
+
+std::string name_of(FileKind kind) {
   switch (kind) {
     case FileKind::model:
-      return "a model";
+      return texts::translated("a model");
     case FileKind::catalogue:
-      return "a catalogue of profiles";
+      return texts::translated("a catalogue of profiles");
     case FileKind::results:
-      return "the results of a check";
+      return texts::translated("the results of a check");
     case FileKind::forces:
-      return "a table of element forces";
+      return texts::translated("a table of element forces");
     case FileKind::other:
       break;
   }
@@ -42,7 +45,11 @@ template <class File>
 std::optional<std::string> find_same(const fs::path& path, std::string_view output,
                                      std::span<const File> files) {
   for (const File& file : files) {
-    if (file.path && is_same_file(path, *file.path)) return text_of(path, output, "is", file.what);
+    if (file.path && is_same_file(path, *file.path)) {
+      return one_line(texts::translated("{}: is {}, which {} would overwrite; choose another file",
+                                        path.string(), texts::translation_of(file.what),
+                                        texts::translation_of(output)));
+    }
   }
   return std::nullopt;
 }
@@ -63,13 +70,15 @@ std::optional<std::string> problem_at(const fs::path& path, const OutputFile& ou
                                       const std::vector<InputFile>& inputs) {
   const FileKind kind = kind_of(path);
   if (kind == FileKind::other) return std::nullopt;
-  if (kind != output.kind) return text_of(path, output.what, "holds", name_of(kind));
+  if (kind != output.kind) return holding_text(path, output, name_of(kind));
   const auto source = find_other_source(output, inputs);
   if (!source) return std::nullopt;
   std::error_code error;
   const fs::path near = fs::proximate(*source, error);
-  const std::string what = std::string(name_of(kind)) + " of " + (error ? *source : near).string();
-  return text_of(path, output.what, "holds", what) + ", or delete this one";
+  return one_line(texts::translated(
+      "{}: holds {} of {}, which {} would overwrite; choose another file, or delete this one",
+      path.string(), name_of(kind), (error ? *source : near).string(),
+      texts::translation_of(output.what)));
 }
 
 }  // namespace

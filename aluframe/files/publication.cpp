@@ -17,6 +17,7 @@
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/sibling.h"
 #include "aluframe/files/system_failure.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::files {
 
@@ -66,12 +67,15 @@ void require_replaceable(const fs::path& file) {
   if (fs::is_symlink(file, error)) fail_with(ELOOP);  // all links that can be followed have been
   const fs::file_status status = fs::status(file, error);
   if (!fs::exists(status)) return;
-  if (fs::is_directory(status)) throw std::runtime_error("is a folder");
-  if (!fs::is_regular_file(status)) throw std::runtime_error("is no ordinary file");
+  if (fs::is_directory(status)) throw std::runtime_error(texts::translated("is a folder"));
+  if (!fs::is_regular_file(status))
+    throw std::runtime_error(texts::translated("is no ordinary file"));
   constexpr fs::perms any_write =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   const bool writable = (status.permissions() & any_write) != fs::perms::none;
-  if (!writable) throw std::runtime_error("is write-protected");  // also for the superuser
+  if (!writable) {  // also for the superuser
+    throw std::runtime_error(texts::translated("is write-protected"));
+  }
   const Descriptor as_the_user(file, O_WRONLY);
 }
 

@@ -11,6 +11,7 @@
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/imperfections_of_model.h"
 #include "aluframe/forces/second_order_forces.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::forces {
 
@@ -24,7 +25,7 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     if (problem->load_case) {
       const model::Number number = model.load_cases[*problem->load_case].number;
-      problem->text = fmt::format("load case {}: {}", number, problem->text);
+      problem->text = fmt::format(texts::translatable("load case {}: {}"), number, problem->text);
     }
     return std::move(*problem);
   }
@@ -69,10 +70,10 @@ std::optional<analysis::Problem> given_forces_problem(const model::Model& model)
   const auto given = find_given(model);
   if (!given) return std::nullopt;
   return analysis::Problem{
-      .text = fmt::format(
-          "element {} has given forces in load case {}, which second order cannot use: it needs "
-          "loads alone",
-          given->element, given->load_case)};
+      .text = fmt::format(texts::translatable("element {} has given forces in load case {}, which "
+                                              "second order cannot use: it needs "
+                                              "loads alone"),
+                          given->element, given->load_case)};
 }
 
 /// The smaller or larger component of two at every position.

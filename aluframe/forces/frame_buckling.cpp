@@ -7,6 +7,7 @@
 
 #include "aluframe/analysis/analyse.h"
 #include "aluframe/forces/frame_of_model.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::forces {
 
@@ -65,8 +66,9 @@ analysis::Problem with_buckling_factor(analysis::Problem problem, const analysis
   const auto* result = std::get_if<analysis::BucklingResult>(&found);
   if (result == nullptr || result->modes.empty()) return problem;
   const analysis::BucklingMode& mode = result->modes.front();
-  problem.text +=
-      fmt::format("; by forces of first order the factor of these loads is {:.3g}", mode.factor);
+  problem.text += fmt::format(
+      texts::translatable("; by forces of first order the factor of these loads is {:.3g}"),
+      mode.factor);
   if (problem.text.find(mode.text) == std::string::npos) problem.text += ": " + mode.text;
   return problem;
 }

@@ -11,6 +11,7 @@
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/load_agreement.h"
 #include "aluframe/model/combination_plan.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::forces {
 
@@ -138,15 +139,17 @@ class Completion {
   analysis::Problem problem_of(std::size_t element, std::size_t load_case,
                                std::size_t combination) const {
     const bool by_model = ends_only_.loaded(element, load_case) == Loaded::by_the_model;
-    return {.text = fmt::format(
+    return {
+        .text = fmt::format(
+            texts::translatable(
                 "forces of element {} in load case {}: found those of the two ends though a load "
                 "acts between them ({}), and combination {} adds them to forces at five positions; "
-                "give them at five positions too",
-                model_.elements[element].number, model_.load_cases[load_case].number,
-                by_model ? "the load case has one there"
-                         : "the two ends are not in equilibrium without one",
-                model_.combinations[combination].number),
-            .load_case = load_case};
+                "give them at five positions too"),
+            model_.elements[element].number, model_.load_cases[load_case].number,
+            by_model ? texts::translatable("the load case has one there")
+                     : texts::translatable("the two ends are not in equilibrium without one"),
+            model_.combinations[combination].number),
+        .load_case = load_case};
   }
 
   std::optional<model::ForceTable> table() const {

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "aluframe/texts/text.h"
+
 #include <algorithm>
 #include <optional>
 #include <set>
@@ -33,8 +35,9 @@ class Gatherer {
       add(scaled(plan.cases, factor));
     } else if (plan.kind == model::CombinationKind::linear) {
       problem_ = fmt::format(
-          "combination {} adds an envelope to other forces, which second order cannot analyse; "
-          "check envelopes by their states",
+          texts::translatable(
+              "combination {} adds an envelope to other forces, which second order cannot analyse; "
+              "check envelopes by their states"),
           model_.combinations[place].number);
     } else {
       for (const CombinationPlan::Term& term : plan.terms) gather_term(term, factor);

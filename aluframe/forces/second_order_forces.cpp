@@ -10,6 +10,7 @@
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/imperfections_of_model.h"
 #include "aluframe/model/envelopes.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::forces {
 
@@ -31,7 +32,8 @@ std::optional<std::string> SecondOrderAnalyses::missing_loads(const LoadSet& set
     const model::LoadCase& load_case = model_.load_cases[entry.load_case];
     if (load_case.loads != model::CaseLoads()) continue;
     return fmt::format(
-        "load case {} has no loads, and second order cannot use forces that are given",
+        texts::translatable(
+            "load case {} has no loads, and second order cannot use forces that are given"),
         load_case.number);
   }
   return std::nullopt;
@@ -73,7 +75,10 @@ analysis::Result<std::vector<const SecondOrderResult*>> SecondOrderAnalyses::ans
   if (const auto* text = std::get_if<std::string>(&sets)) return analysis::Problem{.text = *text};
   std::vector<const SecondOrderResult*> found;
   for (const LoadSet& set : std::get<std::vector<LoadSet>>(sets)) {
-    const auto name = [&] { return "combination " + model::label_of(model_.combinations[place]); };
+    const auto name = [&] {
+      return fmt::format(texts::translatable("combination {}"),
+                         model::label_of(model_.combinations[place]));
+    };
     if (const auto text = missing_loads(set))
       return analysis::Problem{.text = name() + ": " + *text};
     auto solved = answer(set);

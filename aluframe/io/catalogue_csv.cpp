@@ -1,7 +1,5 @@
 #include "aluframe/io/catalogue_csv.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <map>
@@ -18,6 +16,7 @@
 #include "aluframe/model/plain_text.h"
 #include "aluframe/model/units.h"
 #include "aluframe/section/section_properties.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -28,7 +27,7 @@ constexpr auto columns =
                                      "tf1", "B2", "tf2", "C", "r1", "r2", "D", "t"});
 constexpr std::size_t first_dimension = 4;
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
-constexpr std::string_view shapes = "must be one of C, H, T, B, P, 2C, SR";
+constexpr std::string_view shapes = texts::translatable("must be one of C, H, T, B, P, 2C, SR");
 
 std::size_t column_named(std::string_view name) {
   const auto found = std::ranges::find_if(
@@ -43,31 +42,34 @@ class ProfileRows {
     place_.fill(nowhere);
     for (std::size_t i = 0; i < rows.cells().size(); ++i) add_column(i);
     for (const char* name : {"name", "shape"}) {
-      if (place_[column_named(name)] == nowhere) fail(fmt::format("missing column \"{}\"", name));
+      if (place_[column_named(name)] == nowhere)
+        fail(texts::translated("missing column \"{}\"", name));
     }
   }
 
   /// The profile of the row that the file is at.
   catalogue::Profile profile() const {
     if (rows_.cells().size() != count_) {
-      fail(fmt::format("found {} cells, the header has {}", rows_.cells().size(), count_));
+      fail(texts::translated("found {} cells, the header has {}", rows_.cells().size(), count_));
     }
     catalogue::Profile profile;
     profile.name = plain_cell("name");
-    if (profile.name.empty()) fail("name: must not be empty");
+    if (profile.name.empty()) fail(texts::translated("name: must not be empty"));
     if (shown(profile.name) != profile.name) {
-      fail(fmt::format("name: found {}, must be at most 60 letters", in_quotes(profile.name)));
+      fail(
+          texts::translated("name: found {}, must be at most 60 letters", in_quotes(profile.name)));
     }
     profile.shape = shape();
     profile.series = file_;
     profile.source = plain_cell("source");
-    if (profile.source.empty()) profile.source = fmt::format("{}, line {}", file_, rows_.line());
+    if (profile.source.empty())
+      profile.source = texts::translated("{}, line {}", file_, rows_.line());
     read_dimensions(profile);
     return profile;
   }
 
   [[noreturn]] void fail(std::string text) const {
-    throw Failure{fmt::format("line {}", rows_.line()), std::move(text)};
+    throw Failure{texts::translated("line {}", rows_.line()), std::move(text)};
   }
 
  private:
@@ -75,10 +77,10 @@ class ProfileRows {
     const std::string& name = rows_.cells()[place];
     const std::size_t column = column_named(name);
     if (column == columns.size()) {
-      fail(unknown_name_text("column " + in_quotes(name), name, columns));
+      fail(unknown_name_text(texts::translated("column {}", in_quotes(name)), name, columns));
     }
     if (place_[column] != nowhere) {
-      fail(fmt::format("column \"{}\" is given twice", columns[column]));
+      fail(texts::translated("column \"{}\" is given twice", columns[column]));
     }
     place_[column] = place;
     ++count_;
@@ -94,18 +96,19 @@ class ProfileRows {
   std::string_view plain_cell(std::string_view column) const {
     const std::string_view text = cell(column);
     if (const auto found = model::find_control_character(text)) {
-      fail(fmt::format("{}: found {}, {}", column, *found, model::plain_text_rule));
+      fail(texts::translated("{}: found {}, {}", column, *found,
+                             texts::translation_of(model::plain_text_rule)));
     }
     return text;
   }
 
   [[noreturn]] void fail_at(std::string_view column, std::string_view allowed) const {
-    fail(fmt::format("{}: found {}, {}", column, in_quotes(cell(column)), allowed));
+    fail(texts::translated("{}: found {}, {}", column, in_quotes(cell(column)), allowed));
   }
 
   model::Shape shape() const {
     const auto shape = model::parse_shape(cell("shape"));
-    if (!shape || *shape == model::Shape::other) fail_at("shape", shapes);
+    if (!shape || *shape == model::Shape::other) fail_at("shape", texts::translation_of(shapes));
     return *shape;
   }
 
@@ -113,7 +116,7 @@ class ProfileRows {
     const std::string_view name = cell("unit");
     if (name.empty()) return 1.0;
     const auto unit = model::parse_length_unit(name);
-    if (!unit) fail_at("unit", "must be one of m, cm, mm, ft, in");
+    if (!unit) fail_at("unit", texts::translated("must be one of m, cm, mm, ft, in"));
     return model::millimetres_per(*unit);
   }
 
@@ -122,7 +125,7 @@ class ProfileRows {
     const std::string_view shape = model::name_of(profile.shape);
     for (std::size_t column = first_dimension; column < columns.size(); ++column) {
       if (!cell_at(column).empty() && std::ranges::find(names, columns[column]) == names.end()) {
-        fail_at(columns[column], fmt::format("shape {} has no such dimension", shape));
+        fail_at(columns[column], texts::translated("shape {} has no such dimension", shape));
       }
     }
     const double scale = millimetres();
@@ -130,7 +133,7 @@ class ProfileRows {
       if (!cell(names[i]).empty()) {
         profile.dimensions[i] = scale * number(names[i]);
       } else if (i < model::required_dimensions(profile.shape)) {
-        fail(fmt::format("{}: is empty, shape {} needs it", names[i], shape));
+        fail(texts::translated("{}: is empty, shape {} needs it", names[i], shape));
       } else {
         profile.dimensions[i] = model::default_dimension(profile.shape, i, profile.dimensions);
       }
@@ -139,7 +142,7 @@ class ProfileRows {
 
   double number(std::string_view column) const {
     const auto [value, fault] = parse_number(cell(column));
-    if (!fault.empty()) fail_at(column, fault);
+    if (!fault.empty()) fail_at(column, texts::translation_of(fault));
     return value;
   }
 
@@ -154,12 +157,12 @@ void require_usable(const catalogue::Profile& profile, const ProfileRows& reader
                     const std::vector<catalogue::Profile>& own) {
   const std::string name = in_quotes(profile.name);
   const auto other = std::ranges::find(own, profile.name, &catalogue::Profile::name);
-  if (other != own.end()) reader.fail(fmt::format("{} is given in {}", name, other->series));
+  if (other != own.end()) reader.fail(texts::translated("{} is given in {}", name, other->series));
   if (std::holds_alternative<model::Section>(catalogue::section_named(profile.name))) {
-    reader.fail(fmt::format("{} names a section without a catalogue, choose another", name));
+    reader.fail(texts::translated("{} names a section without a catalogue, choose another", name));
   }
   if (const auto problem = section::find_dimension_problem(section_of(profile))) {
-    reader.fail(fmt::format("{} cannot be built: {}", name, problem->text));
+    reader.fail(texts::translated("{} cannot be built: {}", name, problem->text));
   }
 }
 
@@ -167,7 +170,8 @@ std::vector<catalogue::Profile> read_profiles(std::string_view text, const std::
                                               const std::vector<catalogue::Profile>& own) {
   require_utf8(text);
   CsvRows rows(text);
-  if (!rows.next()) throw Failure{"", "is empty, expected a header line and rows of profiles"};
+  if (!rows.next())
+    throw Failure{"", texts::translated("is empty, expected a header line and rows of profiles")};
   const ProfileRows reader(rows, file);
   std::vector<catalogue::Profile> out;
   std::map<std::string, std::size_t, std::less<>> lines;
@@ -175,13 +179,13 @@ std::vector<catalogue::Profile> read_profiles(std::string_view text, const std::
     catalogue::Profile profile = reader.profile();
     const auto [before, is_new] = lines.emplace(profile.name, rows.line());
     if (!is_new) {
-      reader.fail(
-          fmt::format("{} is given before, in line {}", in_quotes(profile.name), before->second));
+      reader.fail(texts::translated("{} is given before, in line {}", in_quotes(profile.name),
+                                    before->second));
     }
     require_usable(profile, reader, own);
     out.push_back(std::move(profile));
   }
-  if (out.empty()) throw Failure{"", "has no rows of profiles below the header"};
+  if (out.empty()) throw Failure{"", texts::translated("has no rows of profiles below the header")};
   return out;
 }
 

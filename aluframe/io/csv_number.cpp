@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "aluframe/io/json_value.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -13,7 +14,7 @@ std::pair<double, std::string_view> parse_number(std::string_view text) {
   double value = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::invalid_argument || end != text.data() + text.size()) {
-    return {0.0, "must be a number"};
+    return {0.0, texts::translatable("must be a number")};
   }
   const bool is_in_range = error == std::errc{} && std::abs(value) <= largest_number;
   return {value, is_in_range ? std::string_view() : number_range};

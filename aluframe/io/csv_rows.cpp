@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "aluframe/io/failure.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -53,9 +54,10 @@ void CsvRows::read_cell(std::string& cell) {
 
 void CsvRows::read_quoted(std::string& cell) {
   const std::size_t quote_line = text_line_;
-  const auto place = [](std::size_t line) { return "line " + std::to_string(line); };
+  const auto place = [](std::size_t line) { return texts::translated("line {}", line); };
   for (++offset_; true; ++offset_) {
-    if (at_end()) throw Failure{place(quote_line), "a quote is opened and never closed"};
+    if (at_end())
+      throw Failure{place(quote_line), texts::translated("a quote is opened and never closed")};
     const char c = text_[offset_];
     if (c == '"') {
       const bool is_doubled = offset_ + 1 < text_.size() && text_[offset_ + 1] == '"';
@@ -67,7 +69,8 @@ void CsvRows::read_quoted(std::string& cell) {
   }
   ++offset_;
   skip_blanks();
-  if (!at_cell_end()) throw Failure{place(text_line_), "found text behind a closing quote"};
+  if (!at_cell_end())
+    throw Failure{place(text_line_), texts::translated("found text behind a closing quote")};
 }
 
 bool CsvRows::at_cell_end() const {

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <string>
@@ -12,6 +10,7 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/scales.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -39,8 +38,8 @@ class ForceRows {
     const auto position = row.whole(position_column, 0, positions - 1);
     Pair& pair = pairs_[element * model_.load_cases.size() + load_case];
     if (pair.line[position] != 0) {
-      row.fail(fmt::format("{}, position {} is given before, in line {}",
-                           name_of(element, load_case), position, pair.line[position]));
+      row.fail(texts::translated("{}, position {} is given before, in line {}",
+                                 name_of(element, load_case), position, pair.line[position]));
     }
     pair.line[position] = static_cast<std::uint32_t>(row.line());
     model::SectionForces& forces = pair.forces.at[position];
@@ -73,14 +72,14 @@ class ForceRows {
                               const model::Table<Entity>& table) {
     const model::Number number = row.whole(column, 1, model::max_number);
     if (table.find(number) == nullptr) {
-      row.fail(fmt::format("{} {} does not exist", force_columns[column], number));
+      row.fail(texts::translated("{} {} does not exist", force_columns[column], number));
     }
     return table.position(number);
   }
 
   std::string name_of(std::size_t element, std::size_t load_case) const {
-    return fmt::format("element {}, case {}", model_.elements[element].number,
-                       model_.load_cases[load_case].number);
+    return texts::translated("element {}, case {}", model_.elements[element].number,
+                             model_.load_cases[load_case].number);
   }
 
   static void require_complete(const Pair& pair, std::uint32_t first_line,
@@ -88,9 +87,9 @@ class ForceRows {
     const std::size_t step = pair.forces.inner ? 1 : positions - 1;
     for (std::size_t position = 0; position < positions; position += step) {
       if (is_given(pair.line[position])) continue;
-      throw Failure{
-          fmt::format("line {}", first_line),
-          fmt::format("{}: position {} is missing, needed are 0 and 4, or 0 to 4", name, position)};
+      throw Failure{texts::translated("line {}", first_line),
+                    texts::translated("{}: position {} is missing, needed are 0 and 4, or 0 to 4",
+                                      name, position)};
     }
   }
 
@@ -104,13 +103,14 @@ std::size_t read_csv(std::string_view with_mark, model::Model& model) {
   const std::string_view text = without_byte_order_mark(with_mark);
   require_utf8(text);
   CsvRows rows(text);
-  if (!rows.next()) throw Failure{"", "is empty, expected a header line and rows of forces"};
+  if (!rows.next())
+    throw Failure{"", texts::translated("is empty, expected a header line and rows of forces")};
   const ColumnOrder order = read_header(rows);
   if (const auto problem = find_force_size_problem(model)) throw Failure{"", *problem};
   ForceRows forces(model);
   std::size_t count = 0;
   for (; rows.next(); ++count) forces.add(ForceRow(rows, order));
-  if (count == 0) throw Failure{"", "has no rows of forces below the header"};
+  if (count == 0) throw Failure{"", texts::translated("has no rows of forces below the header")};
   model.forces = forces.table();
   return count;
 }

@@ -1,7 +1,5 @@
 #include "aluframe/io/json_document.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -10,6 +8,7 @@
 
 #include "aluframe/io/failure.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -119,14 +118,14 @@ class JsonDocument::Builder {
     if (error.id == number_overflow) {
       add_number(Kind::number, 0.0);
       throw Failure{document_.path(next_place() - 1),
-                    fmt::format("found {}, too large for a number", shown(token))};
+                    texts::translated("found {}, too large for a number", shown(token))};
     }
     const std::size_t offset = read == 0 ? 0 : read - 1;
     const std::string_view word = word_at(text_, offset);
     throw Failure{position_in(text_, offset),
                   is_non_finite_word(word)
-                      ? fmt::format("found {}, a number must be finite", word)
-                      : fmt::format("broken JSON: {}", detail_of(error.what()))};
+                      ? texts::translated("found {}, a number must be finite", word)
+                      : texts::translated("broken JSON: {}", detail_of(error.what()))};
   }
 
  private:
@@ -146,7 +145,7 @@ class JsonDocument::Builder {
   bool open(Kind kind) {
     if (open_.size() == max_json_depth) {
       throw Failure{position_in(text_, offset_of_depth(text_, max_json_depth)),
-                    fmt::format("nested deeper than {} levels", max_json_depth)};
+                    texts::translated("nested deeper than {} levels", max_json_depth)};
     }
     open_.push_back(next_place());
     document_.values_.push_back({kind, still_open, {0.0}});
@@ -164,7 +163,7 @@ class JsonDocument::Builder {
 };
 
 JsonDocument::JsonDocument(std::string_view text) {
-  if (text.size() > max_file_size) throw Failure{"", "is larger than 2 GB"};
+  if (text.size() > max_file_size) throw Failure{"", texts::translated("is larger than 2 GB")};
   Builder builder(*this, text);
   json::sax_parse(text.begin(), text.end(), &builder);
 }

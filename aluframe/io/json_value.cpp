@@ -9,43 +9,44 @@
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/model/plain_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
 double JsonValue::any_number() const {
-  require(Kind::number, "must be a number");
+  require(Kind::number, texts::translated("must be a number"));
   return document_->number(place_);
 }
 
 double JsonValue::number() const {
   const double number = any_number();
-  if (!(std::abs(number) <= largest_number)) fail_with(number_range);
+  if (!(std::abs(number) <= largest_number)) fail_with(texts::translation_of(number_range));
   return number;
 }
 
 double JsonValue::positive() const {
   const double value = number();
-  if (!(value > 0.0)) fail_with("must be positive");
+  if (!(value > 0.0)) fail_with(texts::translated("must be positive"));
   return value;
 }
 
 double JsonValue::not_negative() const {
   const double value = number();
-  if (!(value >= 0.0)) fail_with("must not be negative");
+  if (!(value >= 0.0)) fail_with(texts::translated("must not be negative"));
   return value;
 }
 
 double JsonValue::between(double low, double high) const {
   const double value = number();
   if (!(value >= low && value <= high)) {
-    fail_with(fmt::format("must be between {} and {}", low, high));
+    fail_with(texts::translated("must be between {} and {}", low, high));
   }
   return value;
 }
 
 int JsonValue::whole(int low, int high) const {
   const auto allowed = [&] {
-    return fmt::format("must be a whole number from {} to {}", low, high);
+    return texts::translated("must be a whole number from {} to {}", low, high);
   };
   if (kind() != Kind::number) fail_with(allowed());
   const double value = document_->number(place_);
@@ -58,29 +59,30 @@ model::Number JsonValue::entity_number() const {
 }
 
 bool JsonValue::boolean() const {
-  require(Kind::boolean, "must be true or false");
+  require(Kind::boolean, texts::translated("must be true or false"));
   return document_->boolean(place_);
 }
 
 std::string_view JsonValue::string() const {
-  require(Kind::string, "must be a text");
+  require(Kind::string, texts::translated("must be a text"));
   return document_->string(place_);
 }
 
 std::string_view JsonValue::plain_text() const {
   const std::string_view text = string();
   if (const auto found = model::find_control_character(text)) {
-    fail(fmt::format("found {}, {}", *found, model::plain_text_rule));
+    fail(texts::translated("found {}, {}", *found, texts::translation_of(model::plain_text_rule)));
   }
   return text;
 }
 
 void JsonValue::require_text(std::string_view allowed) const {
-  if (kind() != Kind::string || string() != allowed) fail_with("must be " + in_quotes(allowed));
+  if (kind() != Kind::string || string() != allowed)
+    fail_with(texts::translated("must be {}", in_quotes(allowed)));
 }
 
 JsonValue::List JsonValue::list() const {
-  require(Kind::list, "must be a list");
+  require(Kind::list, texts::translated("must be a list"));
   return {*document_, place_};
 }
 
@@ -104,7 +106,7 @@ void JsonValue::fail(std::string text) const {
 }
 
 void JsonValue::fail_with(std::string_view allowed) const {
-  fail(fmt::format("found {}, {}", description(), allowed));
+  fail(texts::translated("found {}, {}", description(), allowed));
 }
 
 std::string JsonValue::description() const {
@@ -118,9 +120,10 @@ std::string JsonValue::description() const {
     case Kind::string:
       return in_quotes(document_->string(place_));
     case Kind::list:
-      return document_->end(place_) == place_ + 1 ? "an empty list" : "a list";
+      return document_->end(place_) == place_ + 1 ? texts::translated("an empty list")
+                                                  : texts::translated("a list");
     case Kind::object:
-      return "an object";
+      return texts::translated("an object");
   }
   return {};
 }
@@ -137,7 +140,7 @@ std::size_t place_of(std::string_view name, std::span<const std::string_view> al
 }  // namespace
 
 JsonObject::JsonObject(JsonValue value, std::span<const std::string_view> allowed) : value_(value) {
-  value_.require(JsonValue::Kind::object, "must be an object");
+  value_.require(JsonValue::Kind::object, texts::translated("must be an object"));
   const JsonDocument& document = *value_.document_;
   std::uint32_t met = 0;
   const JsonDocument::Place end = document.end(value_.place_);
@@ -145,17 +148,19 @@ JsonObject::JsonObject(JsonValue value, std::span<const std::string_view> allowe
     const std::string_view name = document.string(key);
     const std::size_t place = place_of(name, allowed);
     if (place == allowed.size()) {
-      throw Failure{document.path(key), unknown_name_text("field", name, allowed)};
+      throw Failure{document.path(key),
+                    unknown_name_text(texts::translated("field"), name, allowed)};
     }
     const std::uint32_t bit = 1U << place;
-    if ((met & bit) != 0) throw Failure{document.path(key), "this field is given twice"};
+    if ((met & bit) != 0)
+      throw Failure{document.path(key), texts::translated("this field is given twice")};
     met |= bit;
   }
 }
 
 JsonValue JsonObject::required(std::string_view name) const {
   const std::optional<JsonValue> found = value_.field(name);
-  if (!found) value_.fail(fmt::format("missing field \"{}\"", name));
+  if (!found) value_.fail(texts::translated("missing field \"{}\"", name));
   return *found;
 }
 

@@ -9,13 +9,15 @@
 #include "aluframe/io/json_document.h"
 #include "aluframe/io/named_values.h"
 #include "aluframe/model/table.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
 /// Numbers of a model file lie within ± this, so that no conversion of units leaves the range of
 /// the forces' single precision (1e30 kip·ft is 1.4e36 N·mm).
 inline constexpr double largest_number = 1e30;
-inline constexpr std::string_view number_range = "must be between -1e30 and 1e30";
+inline constexpr std::string_view number_range =
+    texts::translatable("must be between -1e30 and 1e30");
 
 /// A value of a document with typed access. Every access that the value does not meet throws
 /// Failure with the value's JSON path, what was found and what is allowed. Cheap to copy; the
@@ -54,7 +56,7 @@ class JsonValue {
     for (const NamedValue<Value>& value : values) {
       if (value.name == name) return value.value;
     }
-    fail_with("must be one of " + names_of(values));
+    fail_with(texts::translated("must be one of {}", names_of(values)));
   }
   /// The field of this name, when the value is an object that has one. The first of several.
   std::optional<JsonValue> field(std::string_view name) const;

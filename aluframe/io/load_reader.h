@@ -8,6 +8,7 @@
 #include <unordered_set>
 
 #include "aluframe/io/model_reader.h"
+#include "aluframe/texts/text.h"
 
 /// Readers of single loads, and what they share. A load that would do nothing (values of 0, or
 /// nothing to act on) is a mistake and refused.
@@ -33,7 +34,8 @@ std::array<double, Size> read_components(const JsonObject& object,
     components[place] = scale_of(place) * object.number_or(name, 0.0);
   }
   if (components == std::array<double, Size>{}) {
-    object.value().fail("at least one of " + names_of<std::size_t>(names) + " must not be 0");
+    object.value().fail(
+        texts::translated("at least one of {} must not be 0", names_of<std::size_t>(names)));
   }
   return components;
 }
@@ -51,10 +53,11 @@ model::Targets read_targets(const JsonValue& value, const model::Table<Entity>& 
   std::unordered_set<model::Number> met;
   for (const JsonValue item : value.list()) {
     targets.numbers.push_back(read_reference(item, table, what));
-    if (!met.insert(targets.numbers.back()).second) item.fail_with("which is given before");
+    if (!met.insert(targets.numbers.back()).second)
+      item.fail_with(texts::translated("which is given before"));
   }
   if (targets.numbers.empty()) {
-    value.fail_with("must have at least one " + std::string(what) + ", or be \"all\"");
+    value.fail_with(texts::translated("must have at least one {}, or be \"all\"", what));
   }
   return targets;
 }

@@ -12,6 +12,7 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/model_lines.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -64,8 +65,7 @@ void add_material_replacements(std::string_view text, const std::vector<JsonMemb
   const auto items = json_items(text, find_member(text, members, "materials")->value);
   for (const model::Material& material : changes.materials) {
     if (model.materials.find(material.number) == nullptr) {
-      throw Failure{"/materials",
-                    "material " + std::to_string(material.number) + " does not exist"};
+      throw Failure{"/materials", texts::translated("material {} does not exist", material.number)};
     }
     out.push_back({items[model.materials.position(material.number)], material_line(material)});
   }
@@ -86,12 +86,12 @@ std::string replaced(std::string_view text, std::vector<Replacement> replacement
 /// A file has names for some values only, and its texts are UTF-8.
 void require_changes(const model::Model& edited, const ModelChanges& changes) {
   if (changes.settings && edited.design != changes.settings) {
-    throw Failure{"/settings", "a model file cannot hold these settings"};
+    throw Failure{"/settings", texts::translated("a model file cannot hold these settings")};
   }
   for (const model::Material& material : changes.materials) {
     if (*edited.materials.find(material.number) != material) {
       throw Failure{"/materials/" + std::to_string(edited.materials.position(material.number)),
-                    "a model file cannot hold this material"};
+                    texts::translated("a model file cannot hold this material")};
     }
   }
 }
@@ -121,7 +121,8 @@ std::string edit_text(std::string_view text, const ModelChanges& changes,
 /// A program that knows of no lock may have saved the file since it was read.
 void require_unchanged(const std::filesystem::path& path, std::string_view text) {
   if (load_file(path) == text) return;
-  throw std::runtime_error("another program has changed it meanwhile; try again");
+  throw std::runtime_error(
+      texts::translated("another program has changed it meanwhile; try again"));
 }
 
 std::optional<Problem> change(const std::filesystem::path& path, const ChooseChanges& choose,
@@ -171,7 +172,7 @@ std::optional<Problem> change_model_file(const std::filesystem::path& path,
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   } catch (const std::exception& error) {
-    return Problem{path.string(), "", "cannot be saved: " + std::string(error.what()),
+    return Problem{path.string(), "", texts::translated("cannot be saved: {}", error.what()),
                    Problem::Kind::failure};
   }
 }

@@ -12,6 +12,7 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/scales.h"
 #include "aluframe/model/model.h"
+#include "aluframe/texts/text.h"
 
 /// Readers of the parts of a model file, one function a topic. Each takes the file's root object,
 /// converts to N and mm, checks what it can check with the parts read before it, and throws Failure
@@ -66,7 +67,7 @@ model::Number read_reference(const JsonValue& value, const model::Table<Entity>&
                              std::string_view what) {
   const model::Number number = value.entity_number();
   if (table.find(number) == nullptr) {
-    value.fail(std::string(what) + ' ' + std::to_string(number) + " does not exist");
+    value.fail(texts::translated("{} {} does not exist", what, number));
   }
   return number;
 }
@@ -77,8 +78,8 @@ void add_entity(const JsonObject& object, model::Table<Entity>& table, Entity en
                 std::string_view list) {
   const model::Number number = entity.number;
   if (table.add(std::move(entity))) return;
-  object.required("number").fail("number " + std::to_string(number) + " is taken by /" +
-                                 std::string(list) + '/' + std::to_string(table.position(number)));
+  object.required("number").fail(
+      texts::translated("number {} is taken by /{}/{}", number, list, table.position(number)));
 }
 
 }  // namespace aluframe::io

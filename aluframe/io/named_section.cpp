@@ -11,6 +11,7 @@
 #include "aluframe/io/suggestion.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/section/section_properties.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -60,11 +61,11 @@ std::vector<std::string_view> near_profiles(std::string_view name,
 
 std::string suggestion_for(std::string_view name, std::span<const catalogue::Profile> own) {
   if (const auto mended = mended_designation(name)) {
-    return fmt::format("; did you mean \"{}\"?", *mended);
+    return texts::translated("; did you mean \"{}\"?", *mended);
   }
   const std::vector<std::string_view> near = near_profiles(name, own);
   if (near.empty()) return "";
-  return fmt::format("; did you mean \"{}\"?", fmt::join(near, "\" or \""));
+  return texts::translated("; did you mean \"{}\"?", fmt::join(near, "\" or \""));
 }
 
 }  // namespace
@@ -72,13 +73,14 @@ std::string suggestion_for(std::string_view name, std::span<const catalogue::Pro
 std::variant<model::Section, std::string> named_section(std::string_view name,
                                                         std::span<const catalogue::Profile> own) {
   if (shown(name) != name) {
-    return fmt::format("found {}, must be the name of a profile or a designation", in_quotes(name));
+    return texts::translated("found {}, must be the name of a profile or a designation",
+                             in_quotes(name));
   }
   auto found = catalogue::section_named(name, own);
   if (auto* text = std::get_if<std::string>(&found)) return *text + suggestion_for(name, own);
   auto& section = std::get<model::Section>(found);
   if (const auto problem = section::find_dimension_problem(section)) {
-    return fmt::format("found '{}', which cannot be built: {}", name, problem->text);
+    return texts::translated("found '{}', which cannot be built: {}", name, problem->text);
   }
   return section;
 }

@@ -6,6 +6,7 @@
 
 #include "aluframe/io/load_reader.h"
 #include "aluframe/io/named_values.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -27,7 +28,7 @@ double no_unit(std::size_t /*place*/) {
 std::array<double, 3> read_self_weight(const JsonValue& value) {
   if (value.kind() == JsonValue::Kind::number) return {0.0, 0.0, -read_not_zero(value)};
   if (value.kind() != JsonValue::Kind::object) {
-    value.fail_with("must be a number, or an object of X, Y and Z");
+    value.fail_with(texts::translated("must be a number, or an object of X, Y and Z"));
   }
   return read_components(JsonObject(value, axis_fields), global_axes, no_unit);
 }
@@ -52,7 +53,7 @@ model::TemperatureLoad read_temperature_load(const JsonValue& value, const LoadC
   for (const std::string_view field : {"difference_y", "difference_z"}) {
     const auto difference = object.optional(field);
     if (!difference || difference->number() == 0.0) continue;
-    require_beams(*difference, load.elements, context, "which does not bend");
+    require_beams(*difference, load.elements, context, texts::translated("which does not bend"));
   }
   return load;
 }
@@ -71,8 +72,8 @@ model::Settlement read_settlement(const JsonValue& value, const LoadContext& con
     const auto given = object.optional(name);
     if (!given) continue;
     if (support == supports.end() || !support->second->restrained[direction]) {
-      given->fail("node " + std::to_string(settlement.node) +
-                  " is not restrained in this direction");
+      given->fail(
+          texts::translated("node {} is not restrained in this direction", settlement.node));
     }
   }
   return settlement;
@@ -89,7 +90,7 @@ std::vector<model::Settlement> read_settlements(const JsonValue& list, const Loa
     settlements.push_back(read_settlement(value, context, supports));
     const model::Number node = settlements.back().node;
     if (!settled.insert(node).second) {
-      value.fail("node " + std::to_string(node) + " has a settlement in this load case already");
+      value.fail(texts::translated("node {} has a settlement in this load case already", node));
     }
   }
   return settlements;

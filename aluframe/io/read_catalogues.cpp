@@ -4,6 +4,7 @@
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -28,13 +29,16 @@ std::vector<catalogue::Profile> read_catalogues(const JsonObject& root, const Mo
   if (!files) return own;
   for (const JsonValue file : files->list()) {
     const std::string_view name = file.string();
-    if (name.empty()) file.fail("found \"\", must be the path of a file");
-    if (folder == nullptr) file.fail("a model that is in no file can name no catalogue");
+    if (name.empty()) file.fail(texts::translated("found \"\", must be the path of a file"));
+    if (folder == nullptr)
+      file.fail(texts::translated("a model that is in no file can name no catalogue"));
     // A path is UTF-8 in the model, whatever the machine's own encoding.
     const std::filesystem::path path(std::u8string(name.begin(), name.end()));
     if (!folder->allow_outside && leads_outside(folder->path, path)) {
-      file.fail("found \"" + shown(name) + "\", which lies outside of the model's folder; " +
-                "--allow-outside reads it all the same");
+      file.fail(
+          texts::translated("found \"{}\", which lies outside of the model's folder; "
+                            "--allow-outside reads it all the same",
+                            shown(name)));
     }
     const auto read = read_catalogue_csv(folder->path / path, own);
     if (const auto* problem = std::get_if<Problem>(&read)) file.fail(problem->message());

@@ -2,6 +2,8 @@
 
 #include "aluframe/io/model_reader.h"
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::io {
 
 namespace {
@@ -22,8 +24,9 @@ model::MomentFactor read_moment_factor(const JsonValue& value) {
   const JsonObject object(value, moment_factor_fields);
   const std::optional<JsonValue> given = object.optional("value");
   const std::optional<JsonValue> loading = object.optional("loading");
-  if (given && loading) loading->fail("not allowed beside \"value\", which replaces it");
-  if (!given && !loading) value.fail("missing field \"value\" or \"loading\"");
+  if (given && loading)
+    loading->fail(texts::translated("not allowed beside \"value\", which replaces it"));
+  if (!given && !loading) value.fail(texts::translated("missing field \"value\" or \"loading\""));
   model::MomentFactor factor;
   if (given) factor.value = given->number();
   if (loading) factor.loading = loading->whole(0, last_loading);

@@ -1,11 +1,10 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <string>
 
 #include "aluframe/io/load_reader.h"
 #include "aluframe/io/named_values.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -24,9 +23,9 @@ double part_of_length(const JsonValue& value) {
 JsonValue one_field_of(const JsonObject& object, std::string_view first, std::string_view second) {
   const auto one = object.optional(first);
   const auto other = object.optional(second);
-  if (one && other) other->fail(fmt::format("not allowed beside \"{}\"", first));
+  if (one && other) other->fail(texts::translated("not allowed beside \"{}\"", first));
   if (!one && !other) {
-    object.value().fail(fmt::format("missing field \"{}\" or \"{}\"", first, second));
+    object.value().fail(texts::translated("missing field \"{}\" or \"{}\"", first, second));
   }
   return one ? *one : *other;
 }
@@ -39,7 +38,7 @@ void read_projection(const JsonObject& object, model::LoadDirection& direction) 
   const auto projected = object.optional("projected");
   if (!projected || !projected->boolean()) return;
   if (direction.axes == model::LoadAxes::local) {
-    projected->fail_with("only a load along X, Y or Z can be projected");
+    projected->fail_with(texts::translated("only a load along X, Y or Z can be projected"));
   }
   direction.axes = model::LoadAxes::projected;
 }
@@ -70,9 +69,8 @@ void require_seen_length(const JsonObject& object, const model::SpanLoad& load,
                          });
   if (any) return;
   object.required("projected")
-      .fail(
-          "acts on nothing: all elements of the load lie along its "
-          "direction");
+      .fail(texts::translated("acts on nothing: all elements of the load lie along its "
+                              "direction"));
 }
 
 /// Values at the two ends of a load.
@@ -84,9 +82,11 @@ void read_end_values(const JsonValue& values, double scale, model::SpanLoad& loa
     ++count;
   }
   if (count != numbers.size()) {
-    values.fail(fmt::format("found {} numbers, must be 2: where the load begins and ends", count));
+    values.fail(
+        texts::translated("found {} numbers, must be 2: where the load begins and ends", count));
   }
-  if (numbers == std::array<double, 2>{}) values.fail("at least one of the two must not be 0");
+  if (numbers == std::array<double, 2>{})
+    values.fail(texts::translated("at least one of the two must not be 0"));
   load.from_value = numbers[0];
   load.to_value = numbers[1];
 }
@@ -107,15 +107,15 @@ void read_part_of_span(const JsonObject& object, model::SpanLoad& load) {
   if (to) load.to = part_of_length(*to);
   if (load.from < load.to) return;
   const JsonValue fault = to ? *to : object.required("from");
-  fault.fail(fmt::format("the load goes from {} to {} of the length, must begin before it ends",
-                         load.from, load.to));
+  fault.fail(texts::translated(
+      "the load goes from {} to {} of the length, must begin before it ends", load.from, load.to));
 }
 
 }  // namespace
 
 double read_not_zero(const JsonValue& value, double scale) {
   const double number = scale * value.number();
-  if (number == 0.0) value.fail_with("must not be 0");
+  if (number == 0.0) value.fail_with(texts::translated("must not be 0"));
   return number;
 }
 
@@ -127,7 +127,7 @@ void require_beams(const JsonValue& value, const model::Targets& elements,
                    const LoadContext& context, std::string_view why) {
   const auto require_beam = [&](const model::Element& element) {
     if (element.kind == model::ElementKind::beam) return;
-    value.fail(fmt::format("element {} is a truss, {}", element.number, why));
+    value.fail(texts::translated("element {} is a truss, {}", element.number, why));
   };
   if (elements.all) {
     for (const model::Element& element : context.model.elements) require_beam(element);
@@ -161,7 +161,7 @@ model::PointLoad read_point_load(const JsonValue& value, const LoadContext& cont
   } else {
     load.kind = model::PointLoad::Kind::moment;
     load.value = read_not_zero(given, context.scales.moment);
-    require_beams(given, load.elements, context, "which takes no moment");
+    require_beams(given, load.elements, context, texts::translated("which takes no moment"));
   }
   return load;
 }

@@ -1,10 +1,9 @@
-#include <fmt/format.h>
-
 #include <array>
 #include <string>
 
 #include "aluframe/io/force_limits.h"
 #include "aluframe/io/model_reader.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -23,14 +22,14 @@ void read_row(const JsonValue& row, const Scales& scales, model::SectionForces& 
     ++component;
   }
   if (component != forces.size()) {
-    row.fail(fmt::format("found {} numbers, a row has 6: N, Fy, Fz, Mx, My, Mz", component));
+    row.fail(texts::translated("found {} numbers, a row has 6: N, Fy, Fz, Mx, My, Mz", component));
   }
 }
 
 model::CaseForces read_rows(const JsonValue& values, const Scales& scales) {
   const std::size_t rows = values.list().size();
   if (rows != ends_only && rows != ends_and_quarters) {
-    values.fail(fmt::format(
+    values.fail(texts::translated(
         "found {} rows, must be 2 (the ends) or 5 (the ends and the quarter points)", rows));
   }
   model::CaseForces forces;
@@ -49,8 +48,9 @@ model::CaseForces read_rows(const JsonValue& values, const Scales& scales) {
 std::optional<std::string> find_force_size_problem(const model::Model& model) {
   const std::size_t pairs = model.elements.size() * model.load_cases.size();
   if (pairs <= most_force_pairs) return std::nullopt;
-  return fmt::format("found {} elements with {} load cases, at most {} such pairs can have forces",
-                     model.elements.size(), model.load_cases.size(), most_force_pairs);
+  return texts::translated(
+      "found {} elements with {} load cases, at most {} such pairs can have forces",
+      model.elements.size(), model.load_cases.size(), most_force_pairs);
 }
 
 void read_forces(const JsonObject& root, const Scales& scales, model::Model& model) {
@@ -61,12 +61,13 @@ void read_forces(const JsonObject& root, const Scales& scales, model::Model& mod
   for (const JsonValue value : list->list()) {
     const JsonObject object(value, force_fields);
     const auto element = read_reference(object.required("element"), model.elements, "element");
-    const auto load_case = read_reference(object.required("case"), model.load_cases, "load case");
+    const auto load_case =
+        read_reference(object.required("case"), model.load_cases, texts::translated("load case"));
     const bool is_new =
         model.forces.set(model.elements.position(element), model.load_cases.position(load_case),
                          read_rows(object.required("values"), scales));
     if (!is_new) {
-      value.fail(fmt::format("element {} has forces in case {} already", element, load_case));
+      value.fail(texts::translated("element {} has forces in case {} already", element, load_case));
     }
   }
 }

@@ -8,6 +8,7 @@
 #include "aluframe/io/named_values.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/model/combinations.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -29,11 +30,12 @@ model::CombinationTerm read_term(const JsonValue& value, const model::Model& mod
   const JsonObject object(value, term_fields);
   const std::optional<JsonValue> load_case = object.optional("case");
   const std::optional<JsonValue> combination = object.optional("combination");
-  if (load_case && combination) combination->fail("not allowed beside \"case\"");
-  if (!load_case && !combination) value.fail("missing field \"case\" or \"combination\"");
+  if (load_case && combination) combination->fail(texts::translated("not allowed beside \"case\""));
+  if (!load_case && !combination)
+    value.fail(texts::translated("missing field \"case\" or \"combination\""));
   model::CombinationTerm term;
   if (load_case) {
-    term.number = read_reference(*load_case, model.load_cases, "load case");
+    term.number = read_reference(*load_case, model.load_cases, texts::translated("load case"));
   } else {
     term.source = Source::combination;
     term.number = combination->entity_number();
@@ -53,7 +55,8 @@ model::Combination read_combination(const JsonObject& object, const model::Model
   combination.design = object.boolean_or("design", true);
   const JsonValue terms = object.required("terms");
   for (const JsonValue term : terms.list()) combination.terms.push_back(read_term(term, model));
-  if (combination.terms.empty()) terms.fail_with("a combination needs at least one term");
+  if (combination.terms.empty())
+    terms.fail_with(texts::translated("a combination needs at least one term"));
   return combination;
 }
 
@@ -77,7 +80,7 @@ std::string path_of(const model::CombinationProblem& problem) {
 int read_moving_load_code(const JsonValue& value) {
   const int code = value.whole(model::moving_load_codes.front(), model::moving_load_codes.back());
   if (!std::ranges::binary_search(model::moving_load_codes, code)) {
-    value.fail_with("must be 0 to 16, 18 or 100");
+    value.fail_with(texts::translated("must be 0 to 16, 18 or 100"));
   }
   return code;
 }

@@ -5,6 +5,7 @@
 #include "aluframe/catalogue/alloys.h"
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/model_reader.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -21,27 +22,28 @@ constexpr auto own_value_fields =
 model::Material read_alloy(const JsonObject& object, const JsonValue& alloy) {
   for (const std::string_view field : own_value_fields) {
     if (const std::optional<JsonValue> value = object.optional(field)) {
-      value->fail("not allowed beside \"alloy\", which determines it");
+      value->fail(texts::translated("not allowed beside \"alloy\", which determines it"));
     }
   }
   const catalogue::Alloy* row = catalogue::find_alloy(alloy.string());
-  if (row == nullptr) alloy.fail_with("must be one of " + catalogue::alloy_names());
+  if (row == nullptr)
+    alloy.fail_with(texts::translated("must be one of {}", catalogue::alloy_names()));
   return catalogue::material_of(*row);
 }
 
 model::Material read_own_values(const JsonObject& object) {
   const std::optional<JsonValue> grade = object.optional("grade");
   if (!grade) {
-    object.value().fail(
-        "missing field \"alloy\", or \"grade\", \"f02_thin\" and \"fu\" for values of your own");
+    object.value().fail(texts::translated(
+        "missing field \"alloy\", or \"grade\", \"f02_thin\" and \"fu\" for values of your own"));
   }
   model::Material material;
   material.grade = grade->plain_text();
   material.standard = object.plain_text_or("standard", user_standard);
   if (material.standard == catalogue::alloy_standard &&
       catalogue::find_alloy(material.grade) == nullptr) {
-    grade->fail_with("must be one of " + catalogue::alloy_names() + " under the standard \"" +
-                     material.standard + "\"");
+    grade->fail_with(texts::translated("must be one of {} under the standard \"{}\"",
+                                       catalogue::alloy_names(), material.standard));
   }
   material.f02_thin = object.required("f02_thin").positive();
   material.f02_thick = object.positive_or("f02_thick", material.f02_thin);

@@ -6,6 +6,7 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -39,12 +40,13 @@ constexpr auto top_level_fields = std::to_array<std::string_view>({"$schema",
 void require_format(const JsonValue& root) {
   const std::optional<JsonValue> format = root.field("format");
   const std::optional<JsonValue> version = root.field("version");
-  if (root.kind() != JsonValue::Kind::object) root.fail_with("must be an object");
-  if (!format) root.fail("missing field \"format\"");
+  if (root.kind() != JsonValue::Kind::object)
+    root.fail_with(texts::translated("must be an object"));
+  if (!format) root.fail(texts::translated("missing field \"format\""));
   format->require_text(format_name);
-  if (!version) root.fail("missing field \"version\"");
+  if (!version) root.fail(texts::translated("missing field \"version\""));
   if (version->kind() != JsonValue::Kind::number || version->number() != format_version) {
-    version->fail_with("must be 1");
+    version->fail_with(texts::translated("must be 1"));
   }
 }
 
@@ -75,7 +77,7 @@ model::Model read_document(const JsonValue& value, const ModelFolder* folder, Fi
 model::Model read_text(std::string_view with_mark, const ModelFolder* folder, FileNotes* notes) {
   const std::string_view text = without_byte_order_mark(with_mark);
   if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
-    throw Failure{"", "is empty, expected a model"};
+    throw Failure{"", texts::translated("is empty, expected a model")};
   }
   require_utf8(text);
   const JsonDocument document(text);

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,6 +7,7 @@
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/section_properties.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -26,7 +25,7 @@ constexpr auto needed_properties =
 
 Shape read_shape(const JsonValue& value) {
   const std::optional<Shape> shape = model::parse_shape(value.string());
-  if (!shape) value.fail_with("must be one of " + std::string(model::shape_names()));
+  if (!shape) value.fail_with(texts::translated("must be one of {}", model::shape_names()));
   return *shape;
 }
 
@@ -59,7 +58,7 @@ enum class Power { area = 2, second_moment = 4, warping = 6 };
 void require_size(const JsonValue& value, double least, double most, double scale) {
   const double number = value.number();
   if (number >= least / scale && number <= most / scale) return;
-  value.fail_with(fmt::format("must be between {:g} and {:g}", least / scale, most / scale));
+  value.fail_with(texts::translated("must be between {:g} and {:g}", least / scale, most / scale));
 }
 
 double positive_property(const JsonValue& value, Power power, double scale) {
@@ -84,7 +83,7 @@ double read_place(const JsonValue& value, double scale) {
 
 std::array<double, 4> read_points(const JsonValue& value, double scale) {
   if (const std::size_t count = value.list().size(); count != 4) {
-    value.fail("found " + std::to_string(count) + " numbers, must be 4, one for each stress point");
+    value.fail(texts::translated("found {} numbers, must be 4, one for each stress point", count));
   }
   std::array<double, 4> points{};
   std::size_t i = 0;
@@ -96,11 +95,12 @@ std::array<double, 4> read_points(const JsonValue& value, double scale) {
 std::array<double, 4> read_point_y(const JsonValue& value, double scale) {
   const std::array<double, 4> y = read_points(value, scale);
   const auto is_zero = [](double at) { return at == 0.0; };
-  if (std::ranges::all_of(y, is_zero)) value.fail("found 0 four times, one must differ from 0");
+  if (std::ranges::all_of(y, is_zero))
+    value.fail(texts::translated("found 0 four times, one must differ from 0"));
   const auto is_near = [](double at) { return std::abs(at) < section::smallest_dimension; };
   if (std::ranges::all_of(y, is_near)) {
-    value.fail(fmt::format("found four numbers near 0, one must be at least {:g} from it",
-                           section::smallest_dimension / scale));
+    value.fail(texts::translated("found four numbers near 0, one must be at least {:g} from it",
+                                 section::smallest_dimension / scale));
   }
   return y;
 }
@@ -112,13 +112,13 @@ std::array<double, 4> read_point_z(const JsonValue& value, double scale) {
   for (const JsonValue point : value.list()) {
     const bool is_top = i < 2;
     if (is_top && !(z[i] > 0.0))
-      point.fail_with("must be positive: the top lies above the centroid");
+      point.fail_with(texts::translated("must be positive: the top lies above the centroid"));
     if (!is_top && !(z[i] < 0.0)) {
-      point.fail_with("must be negative: the bottom lies below the centroid");
+      point.fail_with(texts::translated("must be negative: the bottom lies below the centroid"));
     }
     if (std::abs(z[i]) < section::smallest_dimension) {
-      point.fail_with(fmt::format("must be at least {:g} from the centroid",
-                                  section::smallest_dimension / scale));
+      point.fail_with(texts::translated("must be at least {:g} from the centroid",
+                                        section::smallest_dimension / scale));
     }
     ++i;
   }
@@ -171,7 +171,8 @@ void require_buildable(const JsonObject& dimensions, const model::Section& secti
 model::Section read_profile(const JsonObject& object, const JsonValue& profile,
                             const std::vector<catalogue::Profile>& own) {
   for (const char* field : {"shape", "dimensions"}) {
-    if (const auto value = object.optional(field)) value->fail("the profile has its own");
+    if (const auto value = object.optional(field))
+      value->fail(texts::translated("the profile has its own"));
   }
   auto named = named_section(profile.string(), own);
   if (auto* text = std::get_if<std::string>(&named)) profile.fail(std::move(*text));
@@ -182,7 +183,7 @@ model::Section read_profile(const JsonObject& object, const JsonValue& profile,
 model::Section read_shape_and_dimensions(const JsonObject& object, const Scales& scales) {
   model::Section section;
   const auto shape = object.optional("shape");
-  if (!shape) object.value().fail("missing field \"shape\" or \"profile\"");
+  if (!shape) object.value().fail(texts::translated("missing field \"shape\" or \"profile\""));
   section.shape = read_shape(*shape);
   if (section.shape == Shape::other) require_needed_properties(object);
   const std::optional<JsonValue> value =

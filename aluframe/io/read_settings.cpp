@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -8,6 +6,7 @@
 #include "aluframe/io/json_writer.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_values.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -32,7 +31,7 @@ void read_force_unit(const JsonObject& units, model::ForceUnit& unit) {
   const std::optional<JsonValue> value = units.optional("force");
   if (!value) return;
   const std::optional<model::ForceUnit> found = model::parse_force_unit(value->string());
-  if (!found) value->fail_with("must be one of " + std::string(model::force_unit_names()));
+  if (!found) value->fail_with(texts::translated("must be one of {}", model::force_unit_names()));
   unit = *found;
 }
 
@@ -40,7 +39,7 @@ void read_length_unit(const JsonObject& units, std::string_view field, model::Le
   const std::optional<JsonValue> value = units.optional(field);
   if (!value) return;
   const std::optional<model::LengthUnit> found = model::parse_length_unit(value->string());
-  if (!found) value->fail_with("must be one of " + std::string(model::length_unit_names()));
+  if (!found) value->fail_with(texts::translated("must be one of {}", model::length_unit_names()));
   unit = *found;
 }
 
@@ -76,7 +75,7 @@ model::FrameSettings read_frame_settings(const JsonObject& object) {
 double imperfection(const JsonValue& value) {
   const double found = value.number();
   if (!(found > 0.0 && found <= largest_imperfection)) {
-    value.fail_with(fmt::format("must be above 0 and at most {}", largest_imperfection));
+    value.fail_with(texts::translated("must be above 0 and at most {}", largest_imperfection));
   }
   return found;
 }
@@ -88,11 +87,12 @@ void read_two(const JsonValue& value, std::span<const std::string_view, 2> field
     first = second = imperfection(value);
     return;
   }
-  if (value.kind() != JsonValue::Kind::object) value.fail_with("must be a number or an object");
+  if (value.kind() != JsonValue::Kind::object)
+    value.fail_with(texts::translated("must be a number or an object"));
   const JsonObject object(value, fields);
   const auto one = object.optional(fields[0]), other = object.optional(fields[1]);
   if (!one && !other) {
-    value.fail(fmt::format("needs \"{}\", \"{}\" or both", fields[0], fields[1]));
+    value.fail(texts::translated("needs \"{}\", \"{}\" or both", fields[0], fields[1]));
   }
   if (one) first = imperfection(*one);
   if (other) second = imperfection(*other);
@@ -108,7 +108,7 @@ model::Imperfections read_imperfections(const JsonValue& value, const Scales& sc
   if (const auto mode = object.optional("mode")) {
     out.mode = JsonObject(*mode, mode_fields).required("amplitude").positive() * scales.length;
   }
-  if (!out.any()) value.fail("needs \"sway\", \"bow\" or \"mode\"");
+  if (!out.any()) value.fail(texts::translated("needs \"sway\", \"bow\" or \"mode\""));
   return out;
 }
 
@@ -116,7 +116,7 @@ model::Imperfections read_imperfections(const JsonValue& value, const Scales& sc
 void read_second_order(const JsonObject& object, model::AnalysisSettings& analysis) {
   const std::optional<JsonValue> value = object.optional("second_order");
   if (!value) return;
-  constexpr std::string_view allowed = "must be true, false or \"large\"";
+  const std::string allowed = texts::translated("must be true, false or \"large\"");
   analysis.large_displacements = value->kind() == JsonValue::Kind::string;
   if (analysis.large_displacements && value->string() != "large") value->fail_with(allowed);
   if (!analysis.large_displacements && value->kind() != JsonValue::Kind::boolean) {
@@ -131,13 +131,13 @@ model::AnalysisSettings read_analysis_settings(const JsonObject& object, const S
   const auto imperfections = object.optional("imperfections");
   if (!imperfections) return analysis;
   if (!analysis.second_order) {
-    imperfections->fail(
-        "imperfections act in second order only: set \"second_order\" to true, or leave them out");
+    imperfections->fail(texts::translated(
+        "imperfections act in second order only: set \"second_order\" to true, or leave them out"));
   }
   if (analysis.large_displacements) {
-    imperfections->fail(
+    imperfections->fail(texts::translated(
         "large displacements start from the nodes of the model: displace these in place of "
-        "imperfections, or set \"second_order\" to true");
+        "imperfections, or set \"second_order\" to true"));
   }
   analysis.imperfections = read_imperfections(*imperfections, scales);
   return analysis;
@@ -193,8 +193,8 @@ void require_imperfections_of_size(const JsonObject& root, const Scales& scales,
   if (model.analysis.imperfections.mode <= largest) return;
   const JsonValue amplitude =
       *root.optional("analysis")->field("imperfections")->field("mode")->field("amplitude");
-  amplitude.fail_with("must be at most a tenth of the frame's extent, " +
-                      number_text(largest, scales.length));
+  amplitude.fail_with(texts::translated("must be at most a tenth of the frame's extent, {}",
+                                        number_text(largest, scales.length)));
 }
 
 std::vector<std::string> given_settings(const JsonObject& root) {

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <string>
@@ -11,6 +9,7 @@
 #include "aluframe/io/named_values.h"
 #include "aluframe/model/members.h"
 #include "aluframe/model/orientation.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -31,7 +30,7 @@ constexpr double shortest_element = 1e-3;  // mm
 
 std::array<model::Number, 2> read_end_nodes(const JsonValue& value, const model::Model& model) {
   if (const std::size_t count = value.list().size(); count != 2) {
-    value.fail("found " + std::to_string(count) + " node numbers, must be 2: start and end");
+    value.fail(texts::translated("found {} node numbers, must be 2: start and end", count));
   }
   std::array<model::Number, 2> nodes{};
   std::size_t i = 0;
@@ -52,7 +51,7 @@ std::array<bool, 12> read_releases(const JsonValue& value) {
 
 std::array<double, 3> read_direction(const JsonValue& value) {
   if (const std::size_t count = value.list().size(); count != 3) {
-    value.fail("found " + std::to_string(count) + " components, must be 3: X, Y and Z");
+    value.fail(texts::translated("found {} components, must be 3: X, Y and Z", count));
   }
   std::array<double, 3> direction{};
   std::size_t i = 0;
@@ -65,8 +64,9 @@ model::Orientation read_orientation(const JsonValue& value, const model::Model& 
   const auto vector = object.optional("vector");
   const auto node = object.optional("node");
   if (vector.has_value() == node.has_value()) {
-    value.fail("one of \"vector\" and \"node\" is needed, found " +
-               std::string(vector ? "both" : "neither"));
+    value.fail(vector
+                   ? texts::translated("one of \"vector\" and \"node\" is needed, found both")
+                   : texts::translated("one of \"vector\" and \"node\" is needed, found neither"));
   }
   if (vector) return read_direction(*vector);
   return read_reference(*node, model.nodes, "node");
@@ -82,12 +82,14 @@ void require_turning(const JsonValue& orientation, const model::Element& element
   const auto [x, y, z] = *direction;
   const bool is_node = JsonObject(orientation, orientation_fields).optional("node").has_value();
   if (!is_node && x == 0.0 && y == 0.0 && z == 0.0) {
-    orientation.fail("the vector (0, 0, 0) has no length, so it gives no direction");
+    orientation.fail(
+        texts::translated("the vector (0, 0, 0) has no length, so it gives no direction"));
   }
-  orientation.fail(fmt::format(
+  orientation.fail(texts::translated(
       "the direction ({:.6g}, {:.6g}, {:.6g}){} lies along the element's axis: the sine of the "
       "angle between them is {:.3g}, must be {:g} or more",
-      x, y, z, is_node ? " mm to the node" : "", sine, analysis::parallel_limit));
+      x, y, z, is_node ? texts::translated(" mm to the node") : "", sine,
+      analysis::parallel_limit));
 }
 
 /// Fails at the `nodes` of an element without length.
@@ -95,10 +97,9 @@ void require_length(const JsonObject& object, const model::Element& element,
                     const model::Model& model) {
   const auto [start, end] = element.nodes;
   const JsonValue nodes = object.required("nodes");
-  if (start == end) nodes.fail("the element starts and ends at node " + std::to_string(start));
+  if (start == end) nodes.fail(texts::translated("the element starts and ends at node {}", start));
   if (model::element_length(model, element) < shortest_element) {
-    nodes.fail("nodes " + std::to_string(start) + " and " + std::to_string(end) +
-               " are at the same point");
+    nodes.fail(texts::translated("nodes {} and {} are at the same point", start, end));
   }
 }
 
@@ -143,12 +144,12 @@ model::Member read_member(const JsonObject& object, const model::Model& model, O
     const model::Number element = read_reference(value, model.elements, "element");
     const auto [owner, is_new] = owners.try_emplace(element, member.number);
     if (!is_new) {
-      value.fail("element " + std::to_string(element) + " is in member " +
-                 std::to_string(owner->second) + " already");
+      value.fail(texts::translated("element {} is in member {} already", element, owner->second));
     }
     member.elements.push_back(element);
   }
-  if (member.elements.empty()) elements.fail_with("a member needs at least one element");
+  if (member.elements.empty())
+    elements.fail_with(texts::translated("a member needs at least one element"));
   if (const auto problem = model::find_chain_problem(model, member)) elements.fail(*problem);
   return member;
 }
@@ -159,7 +160,7 @@ void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> 
                 std::span<bool> flags) {
   for (const JsonValue value : list.list()) {
     const std::size_t place = value.one_of(names);
-    if (flags[place]) value.fail_with("which is given before");
+    if (flags[place]) value.fail_with(texts::translated("which is given before"));
     flags[place] = true;
   }
 }
@@ -183,7 +184,8 @@ void read_elements(const JsonObject& root, const Scales& scales, model::Model& m
     const JsonObject object(value, element_fields);
     add_entity(object, model.elements, read_element(object, scales, model), "elements");
   }
-  if (model.elements.empty()) list.fail_with("a model needs at least one element");
+  if (model.elements.empty())
+    list.fail_with(texts::translated("a model needs at least one element"));
 }
 
 void read_members(const JsonObject& root, model::Model& model) {

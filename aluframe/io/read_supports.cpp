@@ -4,6 +4,7 @@
 
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_values.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -34,11 +35,13 @@ void read_springs(const JsonValue& value, const Scales& scales, model::Support& 
     double& spring = support.springs[direction];
     spring = scales.of_stiffness(direction) * stiffness->positive();
     // A positive number may become 0 when it is converted.
-    if (spring == 0.0) stiffness->fail_with("must be positive");
-    if (support.restrained[direction]) stiffness->fail("this direction is restrained already");
+    if (spring == 0.0) stiffness->fail_with(texts::translated("must be positive"));
+    if (support.restrained[direction])
+      stiffness->fail(texts::translated("this direction is restrained already"));
   }
   if (is_empty) {
-    value.fail("at least one of " + names_of<std::size_t>(support_directions) + " must be given");
+    value.fail(texts::translated("at least one of {} must be given",
+                                 names_of<std::size_t>(support_directions)));
   }
 }
 
@@ -49,7 +52,8 @@ model::Support read_support(const JsonValue& value, const Scales& scales,
   support.node = read_reference(object.required("node"), model.nodes, "node");
   const auto restrained = object.optional("restrained");
   const auto springs = object.optional("springs");
-  if (!restrained && !springs) value.fail("missing field \"restrained\" or \"springs\"");
+  if (!restrained && !springs)
+    value.fail(texts::translated("missing field \"restrained\" or \"springs\""));
   if (restrained) read_restrained(*restrained, support);
   if (springs) read_springs(*springs, scales, support);
   return support;
@@ -64,7 +68,7 @@ void read_supports(const JsonObject& root, const Scales& scales, model::Model& m
   for (const JsonValue value : list->list()) {
     const model::Support support = read_support(value, scales, model);
     if (!supported.insert(support.node).second) {
-      value.fail("node " + std::to_string(support.node) + " has a support already");
+      value.fail(texts::translated("node {} has a support already", support.node));
     }
     model.supports.push_back(support);
   }

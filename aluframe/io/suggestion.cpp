@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::io {
 
 namespace {
@@ -57,10 +59,10 @@ std::string_view closest_name(std::string_view found, std::span<const std::strin
 
 std::string unknown_name_text(std::string_view what, std::string_view found,
                               std::span<const std::string_view> allowed) {
-  if (allowed.empty()) return fmt::format("unknown {}, none is allowed here", what);
+  if (allowed.empty()) return texts::translated("unknown {}, none is allowed here", what);
   const std::string_view meant = closest_name(found, allowed);
-  if (!meant.empty()) return fmt::format("unknown {}, did you mean \"{}\"?", what, meant);
-  return fmt::format("unknown {}, allowed are {}", what, fmt::join(allowed, ", "));
+  if (!meant.empty()) return texts::translated("unknown {}, did you mean \"{}\"?", what, meant);
+  return texts::translated("unknown {}, allowed are {}", what, fmt::join(allowed, ", "));
 }
 
 }  // namespace aluframe::io

@@ -1,7 +1,6 @@
 #include "aluframe/io/text_file.h"
 
 #include <fcntl.h>
-#include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,6 +11,8 @@
 
 #include "aluframe/io/failure.h"
 #include "aluframe/model/plain_text.h"
+#include "aluframe/texts/system_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -69,7 +70,7 @@ class InputFile {
   explicit InputFile(const std::filesystem::path& path)
       : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     if (descriptor_ < 0) {
-      throw Failure{"", "cannot be opened: " + std::generic_category().message(errno)};
+      throw Failure{"", texts::translated("cannot be opened: {}", texts::system_text(errno))};
     }
     // Somebody who writes is waited for.
     fcntl(descriptor_, F_SETFL, fcntl(descriptor_, F_GETFL) & ~O_NONBLOCK);
@@ -84,7 +85,7 @@ class InputFile {
       const ssize_t count = ::read(descriptor_, block.data(), block.size());
       if (count >= 0) return static_cast<std::size_t>(count);
       if (errno == EINTR) continue;
-      throw Failure{"", "cannot be read: " + std::generic_category().message(errno)};
+      throw Failure{"", texts::translated("cannot be read: {}", texts::system_text(errno))};
     }
   }
 
@@ -96,7 +97,8 @@ class InputFile {
 
 std::string load_file(const std::filesystem::path& path) {
   std::error_code ignored;  // a path that cannot be examined fails to open below, with its reason
-  if (std::filesystem::is_directory(path, ignored)) throw Failure{"", "is a directory, not a file"};
+  if (std::filesystem::is_directory(path, ignored))
+    throw Failure{"", texts::translated("is a directory, not a file")};
   const InputFile file(path);
   std::string text;
   std::error_code unknown_size;  // of a pipe, say: then the text grows as it comes
@@ -105,7 +107,7 @@ std::string load_file(const std::filesystem::path& path) {
   std::string block(std::size_t{1} << 20, '\0');
   while (const std::size_t count = file.read(block)) {
     text.append(block, 0, count);
-    if (text.size() > max_file_size) throw Failure{"", "is larger than 2 GB"};
+    if (text.size() > max_file_size) throw Failure{"", texts::translated("is larger than 2 GB")};
   }
   return text;
 }
@@ -120,8 +122,8 @@ void require_utf8(std::string_view text) {
     const std::size_t length = character_length(text.substr(offset));
     if (length == 0) {
       throw Failure{position_in(text, offset),
-                    fmt::format("found byte 0x{:02X}, the file must be UTF-8",
-                                static_cast<unsigned char>(text[offset]))};
+                    texts::translated("found byte 0x{:02X}, the file must be UTF-8",
+                                      static_cast<unsigned char>(text[offset]))};
     }
     offset += length;
     offset += ascii_length(text.substr(offset));
@@ -136,7 +138,7 @@ std::string position_in(std::string_view text, std::size_t offset) {
       line_end == std::string_view::npos ? before : before.substr(line_end + 1);
   const auto column = 1 + std::count_if(in_line.begin(), in_line.end(),
                                         [](char byte) { return !is_continuation(byte); });
-  return fmt::format("line {}, column {}", line, column);
+  return texts::translated("line {}, column {}", line, column);
 }
 
 std::string shown(std::string_view text, std::size_t longest) {

@@ -7,6 +7,7 @@
 
 #include "aluframe/members/straightness.h"
 #include "aluframe/model/members.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::members {
 
@@ -21,10 +22,10 @@ std::optional<std::string> lean_text(const model::Model& model, const model::Ele
   const double lean = std::hypot(x.x(), x.y());
   if (lean >= analysis::parallel_limit || lean < rounding) return std::nullopt;
   const double length = model::element_length(model, element);
-  return fmt::format(
-      "its axis leaves the vertical by {:.3g} mm in {:.6g} mm, less than {:g} of its length: it "
-      "counts as vertical, with y along global Y",
-      lean * length, length, analysis::parallel_limit);
+  return fmt::format(texts::translatable("its axis leaves the vertical by {:.3g} mm in {:.6g} mm, "
+                                         "less than {:g} of its length: it "
+                                         "counts as vertical, with y along global Y"),
+                     lean * length, length, analysis::parallel_limit);
 }
 
 }  // namespace

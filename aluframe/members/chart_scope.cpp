@@ -6,6 +6,7 @@
 
 #include "aluframe/members/end_support.h"
 #include "aluframe/members/restraining_bar.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::members {
 
@@ -33,17 +34,19 @@ void visit_joints(const MemberSegments& segments, const MemberSegment& segment, 
 Objection shape_objection(const MemberSegments& segments, const MemberSegment& segment) {
   Objection objection;
   const auto object = [&](const char* what, const ElementEnd& at) {
-    if (!objection) objection = fmt::format("its {} at node {}", what, node_of(segments, at));
+    if (!objection) objection = fmt::format(fmt::runtime(what), node_of(segments, at));
   };
   visit_joints(segments, segment, [&](const ElementEnd& a, const ElementEnd& b) {
     const analysis::Geometry& here = segments.geometry(a.element);
     const analysis::Geometry& there = segments.geometry(b.element);
     const model::Table<model::Element>& elements = segments.model().elements;
-    if (!are_collinear(here, a.end, there, b.end)) return object("axis bends", a);
-    if (!have_parallel_axes(here, there)) return object("section turns", a);
+    if (!are_collinear(here, a.end, there, b.end))
+      return object(texts::translatable("its axis bends at node {}"), a);
+    if (!have_parallel_axes(here, there))
+      return object(texts::translatable("its section turns at node {}"), a);
     if (elements[a.element].section != elements[b.element].section ||
         elements[a.element].material != elements[b.element].material) {
-      object("section changes", a);
+      object(texts::translatable("its section changes at node {}"), a);
     }
   });
   return objection;
@@ -62,7 +65,7 @@ Objection spring_objection(const MemberSegments& segments, const MemberSegment& 
     const model::Support* support = support_at(segments, at);
     if (support == nullptr || is_restrained_along(segments, at, direction)) return std::nullopt;
     if (spring_along(support, direction) <= 0.0) return std::nullopt;
-    return fmt::format("a spring holds node {}", node_of(segments, at));
+    return fmt::format(texts::translatable("a spring holds node {}"), node_of(segments, at));
   };
   for (const std::size_t place : segment.elements) {
     for (const std::size_t end : {0U, 1U}) {
@@ -90,9 +93,10 @@ Objection end_objection(const MemberSegments& segments, const ElementEnd& at,
     const bool is_roof = !segments.stands_upright(at.element) && is_inclined(geometry);
     if (!is_kink && !is_turn && !is_roof) return;
     const model::Number number = segments.model().elements[other.element].number;
-    objection = is_kink   ? fmt::format("it goes on at a bend in element {}", number)
-                : is_turn ? fmt::format("it goes on turned in element {}", number)
-                          : fmt::format("inclined element {} frames in", number);
+    objection =
+        is_kink   ? fmt::format(texts::translatable("it goes on at a bend in element {}"), number)
+        : is_turn ? fmt::format(texts::translatable("it goes on turned in element {}"), number)
+                  : fmt::format(texts::translatable("inclined element {} frames in"), number);
   });
   return objection;
 }
@@ -103,7 +107,7 @@ std::optional<std::string> chart_objection(const MemberSegments& segments,
                                            const MemberSegment& segment, Axis axis) {
   if (auto objection = shape_objection(segments, segment)) return objection;
   const std::size_t first = segment.elements.front();
-  if (is_inclined(segments.geometry(first))) return "it is inclined";
+  if (is_inclined(segments.geometry(first))) return texts::translatable("it is inclined");
   for (const ElementEnd& end : segment.ends) {
     if (auto objection = end_objection(segments, end, segments.direction(first, axis))) {
       return objection;

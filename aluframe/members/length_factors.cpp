@@ -101,7 +101,7 @@ LengthFactor chosen(const MemberSegments& segments, const MemberSegment& segment
   LengthFactor factor = by_chart(segments, segment, axis);
   factor.objection = chart_objection(segments, segment, axis).value_or("");
   if (factor.objection.empty() && is_at_bound(factor)) {
-    factor.objection = "nothing at its ends resists its sway";
+    factor.objection = texts::translatable("nothing at its ends resists its sway");
   }
   const bool asks = frame.length_factors == model::LengthFactors::buckling;
   if (!mode || (factor.objection.empty() && !asks)) return factor;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::model {
 
 namespace {
@@ -75,7 +77,7 @@ class Walk {
   CombinationProblem cycle_at(std::size_t place) const {
     const auto first = std::find_if(path_.begin(), path_.end(),
                                     [place](const Visit& visit) { return visit.place == place; });
-    CombinationProblem problem{place, first->next_term - 1, "contains itself: "};
+    CombinationProblem problem{place, first->next_term - 1, texts::translated("contains itself: ")};
     for (auto visit = first; visit != path_.end(); ++visit) {
       problem.text += std::to_string(combinations_[visit->place].number) + " → ";
     }

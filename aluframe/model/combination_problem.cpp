@@ -1,5 +1,6 @@
 #include "aluframe/model/combination_nesting.h"
 #include "aluframe/model/combinations.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::model {
 
@@ -25,9 +26,8 @@ std::optional<CombinationProblem> find_combination_problem(const Table<Combinati
   for (std::size_t place = 0; place < combinations.size(); ++place) {
     if (nesting.levels[place] <= max_combination_depth) continue;
     return CombinationProblem{place, deepest_term(combinations, nesting, place),
-                              "contains combinations " + std::to_string(nesting.levels[place]) +
-                                  " levels deep (at most " + std::to_string(max_combination_depth) +
-                                  ")"};
+                              texts::translated("contains combinations {} levels deep (at most {})",
+                                                nesting.levels[place], max_combination_depth)};
   }
   return std::nullopt;
 }

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "aluframe/model/envelope_states.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::model {
 
@@ -16,7 +17,7 @@ namespace {
 
 /// The name of a load case behind a factor; one without a name is known by its number.
 std::string name_of(const LoadCase& load_case) {
-  return load_case.name.empty() ? fmt::format("case {}", load_case.number) : load_case.name;
+  return load_case.name.empty() ? texts::translated("case {}", load_case.number) : load_case.name;
 }
 
 /// "1.3G", "-G", "1.5 2nd floor": a blank where a digit would run into the factor.
@@ -75,7 +76,7 @@ class Expansion {
   std::optional<std::string> problem() const {
     for (std::size_t place = 0; place < states_.size(); ++place) {
       if (!is_expanded(place) || !states_[place].too_many) continue;
-      return fmt::format(
+      return texts::translated(
           "/combinations/{}: combination {} contains up to {:.6g} states, more than the {} that "
           "are "
           "checked one by one; nest fewer envelopes in it, or set \"envelopes\": \"extremes\"",

@@ -4,6 +4,8 @@
 #include <numbers>
 #include <unordered_set>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::model {
 
 namespace {
@@ -30,19 +32,19 @@ Number other_node(const Element& element, Number node) {
 }
 
 std::string passed_twice(Number node) {
-  return "node " + std::to_string(node) + " is passed twice";
+  return texts::translated("node {} is passed twice", node);
 }
 
 std::string not_meeting(const Element& element, const Element& previous) {
-  return "element " + std::to_string(element.number) + " does not meet element " +
-         std::to_string(previous.number) + " at a node";
+  return texts::translated("element {} does not meet element {} at a node", element.number,
+                           previous.number);
 }
 
 std::optional<std::string> find_repeated_element(const Member& member) {
   std::unordered_set<Number> seen;
   for (const Number element : member.elements) {
     if (!seen.insert(element).second) {
-      return "element " + std::to_string(element) + " is in the member twice";
+      return texts::translated("element {} is in the member twice", element);
     }
   }
   return std::nullopt;

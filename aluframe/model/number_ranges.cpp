@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::model {
 
 namespace {
@@ -50,7 +52,7 @@ std::variant<NumberRanges, std::string> parse_number_ranges(std::string_view tex
     const std::string_view part = text.substr(start, comma - start);
     const std::optional<NumberRange> range = parse_range(part);
     if (!range) {
-      return fmt::format(
+      return texts::translated(
           "found '{}', must be numbers from 1 to {} and rising ranges of them, as in 1,3,10-20",
           part, max_number);
     }
@@ -63,7 +65,9 @@ std::variant<NumberRanges, std::string> parse_number_ranges(std::string_view tex
 std::string join_as_ranges(const std::vector<Number>& sorted, std::size_t most_ranges) {
   std::string text;
   for (std::size_t i = 0, ranges = 0; i < sorted.size(); ++ranges) {
-    if (ranges == most_ranges) return text + fmt::format(" and {} more", sorted.size() - i);
+    if (ranges == most_ranges) {
+      return fmt::format(texts::translatable("{} and {} more"), text, sorted.size() - i);
+    }
     std::size_t last = i;
     while (last + 1 < sorted.size() && sorted[last + 1] == sorted[last] + 1) ++last;
     text += (text.empty() ? "" : ", ") + text_of({sorted[i], sorted[last]});
@@ -78,7 +82,7 @@ std::variant<std::vector<Number>, std::string> select(const NumberRanges& ranges
   for (const NumberRange& range : ranges.ranges()) {
     const auto found = [&range](Number number) { return holds(range, number); };
     if (std::ranges::none_of(existing, found)) {
-      return fmt::format("there is no {} {}", what, text_of(range));
+      return texts::translated("there is no {} {}", what, text_of(range));
     }
   }
   std::vector<Number> selected;

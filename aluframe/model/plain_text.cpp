@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::model {
 
 namespace {
@@ -38,11 +40,11 @@ std::string code_text(std::uint32_t code) {
 /// The end of what stands before a place, so that the user finds it.
 std::string place_text(std::string_view before) {
   constexpr std::size_t longest = 20;
-  if (before.empty()) return " at the beginning";
+  if (before.empty()) return texts::translated(" at the beginning");
   std::size_t start = before.size() > longest ? before.size() - longest : 0;
   while (start < before.size() && (static_cast<unsigned char>(before[start]) & 0xC0U) == 0x80U)
     ++start;
-  return " behind \"" + std::string(before.substr(start)) + '"';
+  return texts::translated(" behind \"{}\"", before.substr(start));
 }
 
 /// The text with what `replacement` gives for the code of every such character.

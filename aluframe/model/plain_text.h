@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::model {
 
 /// Names and titles stand in lines of reports and tables. This finds the first character that would
@@ -20,7 +22,7 @@ std::optional<std::string> find_control_character(std::string_view text);
 
 /// What a message says of a text in which that was found.
 inline constexpr std::string_view plain_text_rule =
-    "must be one line of text without control characters";
+    texts::translatable("must be one line of text without control characters");
 
 /// The text with a blank for every such character: for a line or a cell that is shown.
 std::string without_control_characters(std::string_view text);

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "aluframe/texts/text.h"
+
 // Colours that readers with any colour vision tell apart: dark against light, blue against orange.
 
 namespace aluframe::picture {
@@ -26,12 +28,13 @@ struct RatioClass {
 };
 
 /// Blue, the darker the more, up to 1; what exceeds it is orange and thick.
-inline constexpr std::array<RatioClass, 5> ratio_classes{{{0.25, "up to 0.25", "#a9d3f0", 0.9},
-                                                          {0.50, "0.25 to 0.50", "#5ba7dc", 0.9},
-                                                          {0.75, "0.50 to 0.75", "#1f77b8", 0.9},
-                                                          {0.90, "0.75 to 0.90", "#0b4a86", 0.9},
-                                                          {1.00, "0.90 to 1", "#061f45", 1.1}}};
-inline constexpr RatioClass over_one{0.0, "over 1", "#e05000", 2.0};
+inline constexpr std::array<RatioClass, 5> ratio_classes{
+    {{0.25, texts::translatable("up to 0.25"), "#a9d3f0", 0.9},
+     {0.50, texts::translatable("0.25 to 0.50"), "#5ba7dc", 0.9},
+     {0.75, texts::translatable("0.50 to 0.75"), "#1f77b8", 0.9},
+     {0.90, texts::translatable("0.75 to 0.90"), "#0b4a86", 0.9},
+     {1.00, texts::translatable("0.90 to 1"), "#061f45", 1.1}}};
+inline constexpr RatioClass over_one{0.0, texts::translatable("over 1"), "#e05000", 2.0};
 
 /// The class of a ratio; what is no number counts as over 1.
 const RatioClass& class_of(double ratio);

@@ -7,6 +7,7 @@
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -52,10 +53,10 @@ std::string largest_text(const Drawing& drawing, const Largest& largest) {
       fmt::format("{} {}", short_text(largest.displacement / model::millimetres_per(unit)),
                   model::name_of(unit));
   const model::Element& element = *drawing.model.elements.find(largest.element);
-  if (largest.fraction == 0.0) return fmt::format("{} at node {}", size, element.nodes[0]);
-  if (largest.fraction == 1.0) return fmt::format("{} at node {}", size, element.nodes[1]);
-  return fmt::format("{} in element {}, at {} of its length", size, largest.element,
-                     short_text(largest.fraction));
+  if (largest.fraction == 0.0) return texts::translated("{} at node {}", size, element.nodes[0]);
+  if (largest.fraction == 1.0) return texts::translated("{} at node {}", size, element.nodes[1]);
+  return texts::translated("{} in element {}, at {} of its length", size, largest.element,
+                           short_text(largest.fraction));
 }
 
 }  // namespace
@@ -63,7 +64,7 @@ std::string largest_text(const Drawing& drawing, const Largest& largest) {
 void draw_deformed(Drawing& drawing, const Deformed& deformed) {
   const Largest largest = largest_of(deformed);
   if (largest.displacement == 0.0) {
-    drawing.scene.notes.emplace_back("no displacements");
+    drawing.scene.notes.emplace_back(texts::translated("no displacements"));
     return;
   }
   constexpr double shown_share = 0.08;  // of the frame's size, by the largest displacement
@@ -81,10 +82,11 @@ void draw_deformed(Drawing& drawing, const Deformed& deformed) {
                                     .subject = element_subject(one.element->number),
                                     .style = {.stroke = blue, .width = 0.5},
                                     .lines = {std::move(line)},
-                                    .told = fmt::format("element {}", one.element->number)});
+                                    .told = texts::translated("element {}", one.element->number)});
   }
-  drawing.scene.notes.push_back(fmt::format("displacements {} times as large; largest {}",
-                                            short_text(factor), largest_text(drawing, largest)));
+  drawing.scene.notes.push_back(texts::translated("displacements {} times as large; largest {}",
+                                                  short_text(factor),
+                                                  largest_text(drawing, largest)));
 }
 
 }  // namespace aluframe::picture

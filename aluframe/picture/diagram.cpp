@@ -1,12 +1,11 @@
 // Forces along the elements.
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -153,8 +152,8 @@ class DiagramOfElement {
          .style = {.stroke = colour, .width = 0.2, .fill = colour, .opacity = 0.22},
          .lines = {std::move(line)},
          .is_closed = true,
-         .told = fmt::format("element {}: {} {}", one_.element->number, name_of(diagram_.component),
-                             text_of(largest_of(piece).value))});
+         .told = texts::translated("element {}: {} {}", one_.element->number,
+                                   name_of(diagram_.component), text_of(largest_of(piece).value))});
   }
 
   static const Ordinate& largest_of(const Piece& piece) {
@@ -220,29 +219,33 @@ std::string extremes_text(const Drawing& drawing, const Diagram& diagram) {
     return is_moment(diagram.component) ? moment_text(drawing.model.units, value)
                                         : force_text(drawing.model.units, value);
   };
-  std::string out(name_of(diagram.component));
-  if (of_largest == 0 && of_smallest == 0) return out + " is 0 everywhere";
-  if (of_largest != 0) out += fmt::format(" largest {} (element {})", text(largest), of_largest);
-  if (of_largest != 0 && of_smallest != 0) out += ",";
-  if (of_smallest != 0) {
-    out += fmt::format(" smallest {} (element {})", text(smallest), of_smallest);
+  const std::string_view name = name_of(diagram.component);
+  if (of_largest == 0 && of_smallest == 0) return texts::translated("{} is 0 everywhere", name);
+  if (of_smallest == 0) {
+    return texts::translated("{} largest {} (element {})", name, text(largest), of_largest);
   }
-  return out;
+  if (of_largest == 0) {
+    return texts::translated("{} smallest {} (element {})", name, text(smallest), of_smallest);
+  }
+  return texts::translated("{} largest {} (element {}), smallest {} (element {})", name,
+                           text(largest), of_largest, text(smallest), of_smallest);
 }
 
 /// What a sign means, and on which side it is drawn.
-std::string_view convention_of(ForceComponent component) {
+std::string convention_of(ForceComponent component) {
   switch (component) {
     case ForceComponent::n:
-      return "blue: tension, positive; orange: compression";
+      return texts::translated("blue: tension, positive; orange: compression");
     case ForceComponent::my:
-      return "drawn on the tension side; blue: positive, tension at −z; orange: negative";
+      return texts::translated(
+          "drawn on the tension side; blue: positive, tension at −z; orange: negative");
     case ForceComponent::mz:
-      return "drawn on the tension side; blue: positive, tension at −y; orange: negative";
+      return texts::translated(
+          "drawn on the tension side; blue: positive, tension at −y; orange: negative");
     case ForceComponent::vy:
-      return "blue: positive, towards +y; orange: negative";
+      return texts::translated("blue: positive, towards +y; orange: negative");
     default:
-      return "blue: positive, towards +z; orange: negative";
+      return texts::translated("blue: positive, towards +z; orange: negative");
   }
 }
 
@@ -258,13 +261,14 @@ void draw_diagram(Drawing& drawing, const Diagram& diagram) {
     for_each_side(*seen.line, [&](const auto& values) { part.add(values); });
   }
   std::vector<std::string>& notes = drawing.scene.notes;
-  notes.push_back(extremes_text(drawing, diagram) + "; " +
-                  std::string(convention_of(diagram.component)));
-  add_note(notes, turned,
-           fmt::format("the plane of {} is seen edge-on: the diagram is turned by 90° about the "
-                       "element",
-                       name_of(diagram.component)));
-  add_note(notes, end_on_elements, "seen end-on, without a diagram in this view");
+  notes.push_back(extremes_text(drawing, diagram) + "; " + convention_of(diagram.component));
+  add_note(
+      notes, turned,
+      texts::translated("the plane of {} is seen edge-on: the diagram is turned by 90° about the "
+                        "element",
+                        name_of(diagram.component)));
+  add_note(notes, end_on_elements,
+           texts::translated("seen end-on, without a diagram in this view"));
 }
 
 }  // namespace aluframe::picture

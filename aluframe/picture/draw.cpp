@@ -5,32 +5,36 @@
 
 #include "aluframe/picture/drawing.h"
 
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
+
 namespace aluframe::picture {
 
 namespace {
 
 std::string case_text(const model::LoadCase& load_case) {
   return load_case.name.empty()
-             ? fmt::format("load case {}", load_case.number)
-             : fmt::format("load case {} \"{}\"", load_case.number, load_case.name);
+             ? texts::translated("load case {}", load_case.number)
+             : texts::translated("load case {} \"{}\"", load_case.number, load_case.name);
 }
 
 std::string subtitle_of(const model::Model& model, const Content& content) {
   std::string text;
   const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : "; ") + part; };
-  if (content.colour == ColourBy::ratio) add("governing ratios of the checks");
-  if (content.colour == ColourBy::section) add("sections");
-  if (content.colour == ColourBy::material) add("materials");
+  if (content.colour == ColourBy::ratio) add(texts::translated("governing ratios of the checks"));
+  if (content.colour == ColourBy::section) add(texts::translated("sections"));
+  if (content.colour == ColourBy::material) add(texts::translated("materials"));
   if (content.diagram) {
     const Diagram& diagram = *content.diagram;
     const std::string force(model::name_of(model.units.force));
     const std::string length(model::name_of(model.units.length));
-    add(fmt::format("{} in {}, {}", heading_of(diagram.component),
-                    is_moment(diagram.component) ? force + "·" + length : force, diagram.of));
+    add(texts::translated("{} in {}, {}", heading_of(diagram.component),
+                          is_moment(diagram.component) ? force + "·" + length : force, diagram.of));
   }
-  if (content.deformed) add("displaced shape, " + content.deformed->of);
-  if (content.loads) add("loads, " + case_text(*model.load_cases.find(*content.loads)));
-  if (text.empty()) add("frame");
+  if (content.deformed) add(texts::translated("displaced shape, {}", content.deformed->of));
+  if (content.loads)
+    add(texts::translated("loads, {}", case_text(*model.load_cases.find(*content.loads))));
+  if (text.empty()) add(texts::translated("frame"));
   add(std::string(heading_of(content.view)));
   return text;
 }
@@ -54,12 +58,12 @@ struct NamedComponent {
   std::string_view name, heading;
 };
 constexpr std::array<NamedComponent, 6> components{
-    {{ForceComponent::n, "N", "axial force N"},
-     {ForceComponent::vy, "Vy", "shear force Vy"},
-     {ForceComponent::vz, "Vz", "shear force Vz"},
-     {ForceComponent::t, "T", "torsion T"},
-     {ForceComponent::my, "My", "bending moment My"},
-     {ForceComponent::mz, "Mz", "bending moment Mz"}}};
+    {{ForceComponent::n, "N", texts::translatable("axial force N")},
+     {ForceComponent::vy, "Vy", texts::translatable("shear force Vy")},
+     {ForceComponent::vz, "Vz", texts::translatable("shear force Vz")},
+     {ForceComponent::t, "T", texts::translatable("torsion T")},
+     {ForceComponent::my, "My", texts::translatable("bending moment My")},
+     {ForceComponent::mz, "Mz", texts::translatable("bending moment Mz")}}};
 
 }  // namespace
 
@@ -77,7 +81,7 @@ std::string_view name_of(ForceComponent component) {
 }
 
 std::string_view heading_of(ForceComponent component) {
-  return components[static_cast<std::size_t>(component)].heading;
+  return texts::translation_of(components[static_cast<std::size_t>(component)].heading);
 }
 
 std::string_view component_names() {
@@ -99,14 +103,16 @@ void add_note(std::vector<std::string>& notes, std::vector<model::Number> elemen
   if (elements.empty()) return;
   std::ranges::sort(elements);
   constexpr std::size_t most_ranges = 8;
-  notes.push_back(fmt::format("element{} {}: {}", elements.size() == 1 ? "" : "s",
-                              model::join_as_ranges(elements, most_ranges), text));
+  const std::string numbers =
+      texts::sentence_in_words(model::join_as_ranges(elements, most_ranges));
+  notes.push_back(elements.size() == 1 ? texts::translated("element {}: {}", numbers, text)
+                                       : texts::translated("elements {}: {}", numbers, text));
 }
 
 Scene draw(const model::Model& model, const Content& content) {
   Scene scene;
   scene.view = content.view;
-  scene.title = model.title.empty() ? "Untitled model" : model.title;
+  scene.title = model.title.empty() ? texts::translated("Untitled model") : model.title;
   scene.subtitle = subtitle_of(model, content);
   scene.length_unit = model.units.length;
   Drawing drawing = drawing_of(model, content, scene);

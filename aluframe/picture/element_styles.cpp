@@ -6,6 +6,7 @@
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -20,8 +21,9 @@ Style line_of(const RatioClass& one) {
 }
 
 void add_to_legend(Drawing& drawing, const Style& style, std::string_view text, std::size_t count) {
-  drawing.scene.legend.push_back(
-      {style, fmt::format("{}: {} element{}", text, count, count == 1 ? "" : "s")});
+  drawing.scene.legend.push_back({style, count == 1
+                                             ? texts::translated("{}: 1 element", text)
+                                             : texts::translated("{}: {} elements", text, count)});
 }
 
 /// The ratio beside an element that exceeds 1.
@@ -53,11 +55,14 @@ std::vector<Style> styles_by_ratio(Drawing& drawing) {
     if (&its_class == &over_one) add_ratio(drawing, one, found->second);
   }
   for (const RatioClass& one : ratio_classes) {
-    add_to_legend(drawing, line_of(one), fmt::format("ratio {}", one.text), counts[&one]);
+    add_to_legend(drawing, line_of(one),
+                  texts::translated("ratio {}", texts::translation_of(one.text)), counts[&one]);
   }
-  add_to_legend(drawing, line_of(over_one), fmt::format("ratio {}", over_one.text),
+  add_to_legend(drawing, line_of(over_one),
+                texts::translated("ratio {}", texts::translation_of(over_one.text)),
                 counts[&over_one]);
-  if (without > 0) add_to_legend(drawing, line_without_result, "without a result", without);
+  if (without > 0)
+    add_to_legend(drawing, line_without_result, texts::translated("without a result"), without);
   return styles;
 }
 

@@ -7,6 +7,7 @@
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -16,10 +17,10 @@ constexpr std::array<std::string_view, 6> released_forces{"N", "Fy", "Fz", "Mx",
 
 std::string element_text(const model::Model& model, const model::Element& element) {
   const model::Section& section = *model.sections.find(element.section);
-  std::string text = fmt::format("element {}", element.number);
+  std::string text = texts::translated("element {}", element.number);
   if (!element.name.empty()) text += fmt::format(" \"{}\"", element.name);
   if (!section.name.empty()) text += ", " + section.name;
-  if (element.kind == model::ElementKind::truss) text += ", truss";
+  if (element.kind == model::ElementKind::truss) text += texts::translated(", truss");
   return text;
 }
 
@@ -45,8 +46,8 @@ void draw_release(Drawing& drawing, const SeenElement& one, std::size_t end) {
        .style = {.stroke = ink, .width = 0.3, .fill = white},
        .centre = {end == 0 ? one.start : one.end, offset},
        .radius = radius,
-       .told = fmt::format("element {}, {}: {} released", one.element->number,
-                           end == 0 ? "start" : "end", released)});
+       .told = texts::translated("element {}, {}: {} released", one.element->number,
+                                 end == 0 ? "start" : "end", released)});
 }
 
 void draw_axis(Drawing& drawing, const SeenElement& one, std::size_t axis) {
@@ -56,10 +57,11 @@ void draw_axis(Drawing& drawing, const SeenElement& one, std::size_t axis) {
   const Point2 direction = drawing.seen(one.axes[axis]);
   const double length = longest * length_of(direction);
   const Subject subject = element_subject(one.element->number);
-  const Shape like{.layer = Layer::local_axes,
-                   .subject = subject,
-                   .style = {.stroke = colours[axis], .width = 0.35},
-                   .told = fmt::format("element {}: local {}", one.element->number, names[axis])};
+  const Shape like{
+      .layer = Layer::local_axes,
+      .subject = subject,
+      .style = {.stroke = colours[axis], .width = 0.35},
+      .told = texts::translated("element {}: local {}", one.element->number, names[axis])};
   const Place middle{one.at(0.5), {}};
   if (is_end_on(drawing.content.view, one.axes[axis])) {
     const bool is_towards = dot(one.axes[axis], towards_eye(drawing.content.view)) > 0.0;
@@ -106,7 +108,8 @@ void draw_local_axes(Drawing& drawing) {
   for (const SeenElement& one : drawing.elements) {
     for (std::size_t axis = 0; axis < 3; ++axis) draw_axis(drawing, one, axis);
   }
-  drawing.scene.notes.emplace_back("local axes of the elements: x orange, y green, z blue");
+  drawing.scene.notes.emplace_back(
+      texts::translated("local axes of the elements: x orange, y green, z blue"));
 }
 
 void draw_numbers(Drawing& drawing) {

@@ -8,38 +8,42 @@
 
 #include "aluframe/picture/drawing.h"
 
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
+
 namespace aluframe::picture {
 
 namespace {
 
-std::string targets_text(const model::Targets& targets, std::string_view one) {
-  if (targets.all) return fmt::format("all {}s", one);
+std::string elements_text(const model::Targets& targets) {
+  if (targets.all) return texts::translated("all elements");
   std::vector<model::Number> sorted = targets.numbers;
   std::ranges::sort(sorted);
   constexpr std::size_t most_ranges = 8;
-  return fmt::format("{}{} {}", one, sorted.size() == 1 ? "" : "s",
-                     model::join_as_ranges(sorted, most_ranges));
+  const std::string numbers = texts::sentence_in_words(model::join_as_ranges(sorted, most_ranges));
+  return sorted.size() == 1 ? texts::translated("element {}", numbers)
+                            : texts::translated("elements {}", numbers);
 }
 
 std::string weight_text(const std::array<double, 3>& factors) {
   if (factors == std::array<double, 3>{0.0, 0.0, -1.0})
-    return "with the self-weight of all elements";
-  return fmt::format("with {}, {} and {} times the self-weight of all elements along X, Y, Z",
-                     short_text(factors[0]), short_text(factors[1]), short_text(factors[2]));
+    return texts::translated("with the self-weight of all elements");
+  return texts::translated("with {}, {} and {} times the self-weight of all elements along X, Y, Z",
+                           short_text(factors[0]), short_text(factors[1]), short_text(factors[2]));
 }
 
 std::string temperature_text(const model::TemperatureLoad& load) {
-  std::string text = fmt::format("temperature {} K", short_text(load.change));
+  std::string text = texts::translated("temperature {} K", short_text(load.change));
   if (load.difference_y != 0.0)
-    text += fmt::format(", +y to −y {} K", short_text(load.difference_y));
+    text += texts::translated(", +y to −y {} K", short_text(load.difference_y));
   if (load.difference_z != 0.0)
-    text += fmt::format(", +z to −z {} K", short_text(load.difference_z));
-  return text + ": " + targets_text(load.elements, "element");
+    text += texts::translated(", +z to −z {} K", short_text(load.difference_z));
+  return texts::translated("{}: {}", text, elements_text(load.elements));
 }
 
 std::string settlement_text(const model::Settlement& load) {
   constexpr std::array<std::string_view, 6> names{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
-  std::string text = fmt::format("settlement of node {}:", load.node);
+  std::string text = texts::translated("settlement of node {}:", load.node);
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (load.displacements[i] == 0.0) continue;
     text +=

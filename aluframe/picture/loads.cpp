@@ -10,6 +10,7 @@
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -146,8 +147,10 @@ class LoadPainter {
   void add_force(const Subject& subject, const Point3& at, const Point3& axis, double value) {
     const std::string text = force_text(model_.units, std::abs(value));
     const Point3 direction = (value < 0.0 ? -1.0 : 1.0) * axis;
-    const Shape like{
-        .layer = Layer::loads, .subject = subject, .style = load_style, .told = "load " + text};
+    const Shape like{.layer = Layer::loads,
+                     .subject = subject,
+                     .style = load_style,
+                     .told = texts::translated("load {}", text)};
     const double share = share_of(value, largest_.force);
     if (is_end_on(drawing_.content.view, direction)) {
       add_end_on(drawing_, like, {at, {}}, points_to_eye(direction));
@@ -165,8 +168,10 @@ class LoadPainter {
   void add_moment(const Subject& subject, const Point3& at, const Point3& axis, double value) {
     const std::string text = moment_text(model_.units, std::abs(value));
     const Point3 direction = (value < 0.0 ? -1.0 : 1.0) * axis;
-    const Shape like{
-        .layer = Layer::loads, .subject = subject, .style = load_style, .told = "moment " + text};
+    const Shape like{.layer = Layer::loads,
+                     .subject = subject,
+                     .style = load_style,
+                     .told = texts::translated("moment {}", text)};
     if (is_end_on(drawing_.content.view, direction)) {
       add_round_arrow(like, at, points_to_eye(direction));
       return add_label(subject, text, {at, {2.9, 2.9}}, {0.7, 0.7}, 0.0);
@@ -196,7 +201,7 @@ class LoadPainter {
 
   std::string span_text(const model::SpanLoad& load, double value) const {
     return line_load_text(model_.units, std::abs(value)) +
-           (load.direction.axes == model::LoadAxes::projected ? " proj." : "");
+           (load.direction.axes == model::LoadAxes::projected ? texts::translated(" proj.") : "");
   }
 
   /// Loads between two places of an element: arrows under a line, as tall as the load is large.
@@ -249,7 +254,7 @@ class LoadPainter {
          .style = comb_style,
          .lines = {{comb.foot(0), comb.top(0), comb.top(1), comb.foot(1)}},
          .is_closed = true,
-         .told = "load " + span_text(load, largest)});
+         .told = texts::translated("load {}", span_text(load, largest))});
     add_teeth(comb, subject);
     const double share = largest / largest_.span;
     if (load.from_value == load.to_value) {
@@ -283,12 +288,14 @@ class LoadPainter {
     const double value = load.from_value + load.to_value;
     const Point3 direction = (value < 0.0 ? -1.0 : 1.0) * axis;
     const Subject subject = element_subject(one.element->number);
-    const std::string text =
-        load.from_value == load.to_value
-            ? span_text(load, load.from_value)
-            : span_text(load, load.from_value) + " to " + span_text(load, load.to_value);
-    const Shape like{
-        .layer = Layer::loads, .subject = subject, .style = load_style, .told = "load " + text};
+    const std::string text = load.from_value == load.to_value
+                                 ? span_text(load, load.from_value)
+                                 : texts::translated("{} to {}", span_text(load, load.from_value),
+                                                     span_text(load, load.to_value));
+    const Shape like{.layer = Layer::loads,
+                     .subject = subject,
+                     .style = load_style,
+                     .told = texts::translated("load {}", text)};
     const int marks = std::max(2, arrows_over(one, load) / 2);
     constexpr double beside = 1.3, length = 4.0;
     const Point2 side = beside * left_of(one.along);

@@ -10,6 +10,7 @@
 
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
 
@@ -183,7 +184,7 @@ bool draw_restraints(Drawing& drawing, const model::Support& support,
   if (!seen.is_anything) return true;
   Symbol symbol{drawing, node_subject(support.node), point_of(drawing.model, support.node),
                 ground_along(drawing, elements, upright_axis(drawing.content.view)),
-                fmt::format("node {}:{} restrained", support.node, restrained_text(support))};
+                texts::translated("node {}:{} restrained", support.node, restrained_text(support))};
   if (seen.translations.size() == seen.shown_translations) {
     if (!seen.is_turning_restrained) {
       add_pinned(symbol);
@@ -211,9 +212,10 @@ std::string spring_text(const model::Units& units, const model::Support& support
   const double length = model::millimetres_per(units.length);
   const bool is_rotation = direction >= 3;
   const double one = is_rotation ? force * length : force / length;
-  return fmt::format("node {}: spring {} {} {}{}{}", support.node, directions[direction],
-                     short_text(support.springs[direction] / one), model::name_of(units.force),
-                     is_rotation ? "·" : "/", model::name_of(units.length)) +
+  return texts::translated("node {}: spring {} {} {}{}{}", support.node, directions[direction],
+                           short_text(support.springs[direction] / one),
+                           model::name_of(units.force), is_rotation ? "·" : "/",
+                           model::name_of(units.length)) +
          (is_rotation ? "/rad" : "");
 }
 
@@ -249,8 +251,8 @@ void draw_supports(Drawing& drawing) {
     draw_springs(drawing, support, elements);
   }
   if (are_all_seen) return;
-  drawing.scene.notes.emplace_back(
-      "open squares: nodes that are restrained only in what this view does not show");
+  drawing.scene.notes.emplace_back(texts::translated(
+      "open squares: nodes that are restrained only in what this view does not show"));
 }
 
 }  // namespace aluframe::picture

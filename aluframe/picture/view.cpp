@@ -4,6 +4,8 @@
 #include <array>
 #include <numbers>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::picture {
 
 namespace {
@@ -13,10 +15,11 @@ struct Named {
   std::string_view name, heading;
 };
 
-constexpr std::array<Named, 4> views{{{View::iso, "iso", "axonometric view"},
-                                      {View::xy, "xy", "plan (XY)"},
-                                      {View::xz, "xz", "view along Y (XZ)"},
-                                      {View::yz, "yz", "view against X (YZ)"}}};
+constexpr std::array<Named, 4> views{
+    {{View::iso, "iso", texts::translatable("axonometric view")},
+     {View::xy, "xy", texts::translatable("plan (XY)")},
+     {View::xz, "xz", texts::translatable("view along Y (XZ)")},
+     {View::yz, "yz", texts::translatable("view against X (YZ)")}}};
 
 const Named& row_of(View view) {
   return views[static_cast<std::size_t>(view)];
@@ -68,7 +71,7 @@ std::string_view view_names() {
 }
 
 std::string_view heading_of(View view) {
-  return row_of(view).heading;
+  return texts::translation_of(row_of(view).heading);
 }
 
 Point2 project(View view, const Point3& point) {

@@ -1,11 +1,12 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <set>
 
 #include "aluframe/model/number_ranges.h"
+
+#include <fmt/format.h>
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -77,11 +78,17 @@ std::optional<Remark> unused_cases(Subject& subject) {
   std::ranges::sort(unused);
   Remark remark;
   remark.rule = "cases";
-  remark.text = fmt::format(
-      "no checked combination contains load case {}: {} loads and forces have no part in any "
-      "ratio; add {} to the combinations",
-      model::join_as_ranges(unused, most_ranges), unused.size() == 1 ? "its" : "their",
-      unused.size() == 1 ? "it" : "them");
+  const std::string cases = model::join_as_ranges(unused, most_ranges);
+  remark.text =
+      unused.size() == 1
+          ? fmt::format(texts::translatable("no checked combination contains load case {}: its "
+                                            "loads and forces have no part in any ratio; add it "
+                                            "to the combinations"),
+                        cases)
+          : fmt::format(texts::translatable("no checked combination contains load case {}: their "
+                                            "loads and forces have no part in any ratio; add them "
+                                            "to the combinations"),
+                        cases);
   return remark;
 }
 

@@ -4,11 +4,12 @@
 #include <utility>
 
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
 std::string named(const model::Section& section) {
-  const std::string number = "section " + std::to_string(section.number);
+  const std::string number = fmt::format(texts::translatable("section {}"), section.number);
   return section.name.empty() ? number : number + " \"" + section.name + "\"";
 }
 
@@ -20,8 +21,9 @@ void Concerned::add(const model::Element& element, double value) {
 }
 
 std::string Concerned::named() const {
-  return (elements_.size() == 1 ? "element " : "elements ") +
-         model::join_as_ranges(elements_, most_ranges);
+  const std::string numbers = model::join_as_ranges(elements_, most_ranges);
+  return elements_.size() == 1 ? fmt::format(texts::translatable("element {}"), numbers)
+                               : fmt::format(texts::translatable("elements {}"), numbers);
 }
 
 Remark Concerned::remark(std::string_view rule, std::string text) const {

@@ -1,9 +1,10 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "aluframe/remarks/concerned.h"
+
+#include <fmt/format.h>
 #include "aluframe/remarks/kinds.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -15,9 +16,9 @@ std::optional<Remark> unread_weld_coefficients(Subject& subject) {
   }
   if (concerned.empty()) return std::nullopt;
   Remark remark = concerned.remark(
-      "F12",
-      "no check reads `weld_coefficient`: the welds themselves are not checked; design them "
-      "apart");
+      "F12", texts::translatable(
+                 "no check reads `weld_coefficient`: the welds themselves are not checked; "
+                 "design them apart"));
   remark.value = -concerned.worst_value();
   return remark;
 }
@@ -33,8 +34,9 @@ std::optional<Remark> coefficients_above_one(Subject& subject) {
   }
   if (concerned.empty()) return std::nullopt;
   Remark remark = concerned.remark(
-      "S4", fmt::format("`stability_coefficients` above 1 are taken as they are: up to {:g}, "
-                        "as if buckling made a member stronger; give φb of bending, at most 1",
+      "S4", fmt::format(texts::translatable(
+                            "`stability_coefficients` above 1 are taken as they are: up to {:g}, "
+                            "as if buckling made a member stronger; give φb of bending, at most 1"),
                         concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
@@ -50,10 +52,10 @@ std::optional<Remark> lateral_buckling_off(Subject& subject) {
     if (is_open(model.sections.find(element.section)->shape)) concerned.add(element);
   }
   if (concerned.empty()) return std::nullopt;
-  Remark remark =
-      concerned.remark("S4",
-                       "`stability_coefficients` with `z` alone leave `y` at 1, which switches "
-                       "lateral-torsional buckling off in open sections; give φb as `y` too");
+  Remark remark = concerned.remark(
+      "S4",
+      texts::translatable("`stability_coefficients` with `z` alone leave `y` at 1, which switches "
+                          "lateral-torsional buckling off in open sections; give φb as `y` too"));
   remark.value = 1.0;
   return remark;
 }

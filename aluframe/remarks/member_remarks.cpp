@@ -1,13 +1,14 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 
 #include "aluframe/members/chart_equations.h"
+
+#include <fmt/format.h>
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/meeting.h"
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -72,10 +73,12 @@ std::optional<Remark> factor_at_bound(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_member(
       subject, concerned, "S15",
-      fmt::format("nothing keeps them from swaying: the effective length factor is at its bound of "
-                  "{:g}, which stands for no stability at all; say what holds the frame by "
-                  "`braced_a` and `braced_b`, by supports, or give `length_factors`",
-                  members::largest_factor));
+      fmt::format(
+          texts::translatable(
+              "nothing keeps them from swaying: the effective length factor is at its bound of "
+              "{:g}, which stands for no stability at all; say what holds the frame by "
+              "`braced_a` and `braced_b`, by supports, or give `length_factors`"),
+          members::largest_factor));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -98,10 +101,11 @@ std::optional<Remark> factor_without_supports(Subject& subject) {
     }
   }
   if (concerned.empty()) return std::nullopt;
-  Remark remark = about_member(
-      subject, concerned, "S15",
-      "the model has no supports, so columns and braces take K = 1: cantilevers need 2, columns "
-      "that sway more than 1; give `length_factors`, or the supports that the frame stands on");
+  Remark remark = about_member(subject, concerned, "S15",
+                               texts::translatable("the model has no supports, so columns and "
+                                                   "braces take K = 1: cantilevers need 2, columns "
+                                                   "that sway more than 1; give `length_factors`, "
+                                                   "or the supports that the frame stands on"));
   remark.value = 1.0;
   return remark;
 }
@@ -125,8 +129,9 @@ std::optional<Remark> free_ends(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   return about_member(
       subject, concerned, "S6",
-      "ends within the frame count as free, as no support is there: twice the length against "
-      "twisting nearly doubles the critical moment; the safe ratio takes the length itself");
+      texts::translatable(
+          "ends within the frame count as free, as no support is there: twice the length against "
+          "twisting nearly doubles the critical moment; the safe ratio takes the length itself"));
 }
 
 }  // namespace aluframe::remarks

@@ -9,6 +9,7 @@
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
 #include "aluframe/remarks/plate_limits.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -30,14 +31,14 @@ struct Plate {
 
 std::vector<Plate> of_tee(const std::array<double, 8>& d) {
   const double H = d[0], B = d[1], tw = d[2], tf = d[3];
-  return {{"flange", PlateEdges::one_held, (B - tw) / 2.0 / tf},
-          {"stem", PlateEdges::one_held, (H - tf) / tw}};
+  return {{texts::translatable("flange"), PlateEdges::one_held, (B - tw) / 2.0 / tf},
+          {texts::translatable("stem"), PlateEdges::one_held, (H - tf) / tw}};
 }
 
 std::vector<Plate> of_double_channel(const std::array<double, 8>& d) {
   const double H = d[0], B = d[1], tw = d[2], tf = d[3];
-  return {{"flange", PlateEdges::one_held, (B - tw) / tf},
-          {"web", PlateEdges::both_held, (H - 2.0 * tf) / tw}};
+  return {{texts::translatable("flange"), PlateEdges::one_held, (B - tw) / tf},
+          {texts::translatable("web"), PlateEdges::both_held, (H - 2.0 * tf) / tw}};
 }
 
 /// Width over thickness of the web of a C, H or B.
@@ -57,9 +58,9 @@ std::vector<Plate> unjudged(const model::Section& section) {
     case model::Shape::double_channel:
       return of_double_channel(d);
     case model::Shape::channel:
-      return {{"web", PlateEdges::both_held, web_slenderness(section)}};
+      return {{texts::translatable("web"), PlateEdges::both_held, web_slenderness(section)}};
     case model::Shape::pipe:
-      return {{"wall", PlateEdges::round, d[0] / d[1]}};
+      return {{texts::translatable("wall"), PlateEdges::round, d[0] / d[1]}};
     default:
       return {};
   }
@@ -87,10 +88,15 @@ bool has_unreduced_web(const model::Section& section) {
 /// What is said of shear beside slender webs; which elements, when they are not those of `bent`.
 std::string shear_text(const Concerned& sheared, const Concerned& bent) {
   if (sheared.empty()) return {};
-  const std::string which =
-      sheared.named() == bent.named() ? "" : fmt::format(" ({})", sheared.named());
-  return fmt::format("; at h/t up to {:.3g}{} look at shear buckling too, which no check does",
-                     sheared.worst_value(), which);
+  if (sheared.named() == bent.named()) {
+    return fmt::format(
+        texts::translatable("; at h/t up to {:.3g} look at shear buckling too, which "
+                            "no check does"),
+        sheared.worst_value());
+  }
+  return fmt::format(texts::translatable("; at h/t up to {:.3g} ({}) look at shear buckling too, "
+                                         "which no check does"),
+                     sheared.worst_value(), sheared.named());
 }
 
 }  // namespace
@@ -109,11 +115,12 @@ std::optional<Remark> unjudged_plates(Subject& subject) {
   const model::Material& material = *model.materials.find(concerned.worst().material);
   Remark remark = about_section(
       concerned, "B12",
-      fmt::format("slender plates count in full because no check judges their shape: the {} of {} "
-                  "has {:.3g} times its limit in compression; judge local buckling of them by hand "
-                  "where they are compressed",
-                  worst_unjudged(section, material).plate, named(section),
-                  concerned.worst_value()));
+      fmt::format(
+          texts::translatable(
+              "slender plates count in full because no check judges their shape: the {} of {} "
+              "has {:.3g} times its limit in compression; judge local buckling of them by hand "
+              "where they are compressed"),
+          worst_unjudged(section, material).plate, named(section), concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -136,10 +143,12 @@ std::optional<Remark> slender_webs(Subject& subject) {
   if (bent.empty()) return std::nullopt;
   Remark remark = about_section(
       bent, "B2",
-      fmt::format("slender webs count in full in bending: the web of {} has {:.3g} times its limit "
-                  "there; check bending by hand with an effective web{}",
-                  named(*model.sections.find(bent.worst().section)), bent.worst_value(),
-                  shear_text(sheared, bent)));
+      fmt::format(
+          texts::translatable(
+              "slender webs count in full in bending: the web of {} has {:.3g} times its limit "
+              "there; check bending by hand with an effective web{}"),
+          named(*model.sections.find(bent.worst().section)), bent.worst_value(),
+          shear_text(sheared, bent)));
   remark.value = bent.worst_value();
   return remark;
 }

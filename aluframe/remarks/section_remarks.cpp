@@ -1,11 +1,12 @@
-#include <fmt/format.h>
-
 #include <cmath>
 
 #include "aluframe/catalogue/alloys.h"
+
+#include <fmt/format.h>
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
 #include "aluframe/remarks/weld_strips.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -24,8 +25,8 @@ bool strips_fit(const model::Model& model, const model::Element& element) {
 }
 
 std::string area_text(const EffectiveAreas::Answer& areas) {
-  return fmt::format("the checks count {:.4g} mm² of {:.4g} mm² gross", areas.effective,
-                     areas.gross);
+  return fmt::format(texts::translatable("the checks count {:.4g} mm² of {:.4g} mm² gross"),
+                     areas.effective, areas.gross);
 }
 
 bool is_checked(const model::Section& section) {
@@ -48,11 +49,13 @@ std::optional<Remark> wide_strips(Subject& subject) {
   const model::Section& section = section_of(model, worst);
   Remark remark = about_section(
       concerned, "W1",
-      fmt::format("heat-affected strips are wider than the plates have room for: in {} strips of "
-                  "{:.4g} mm where {:.4g} mm fit beside each weld, {}, so stresses come out too "
-                  "low; give `haz_width` no more than fits",
-                  named(section), EffectiveAreas::strip_width(worst),
-                  std::max(widest_strip(section), 0.0), area_text(areas.of(worst))));
+      fmt::format(
+          texts::translatable(
+              "heat-affected strips are wider than the plates have room for: in {} strips of "
+              "{:.4g} mm where {:.4g} mm fit beside each weld, {}, so stresses come out too "
+              "low; give `haz_width` no more than fits"),
+          named(section), EffectiveAreas::strip_width(worst), std::max(widest_strip(section), 0.0),
+          area_text(areas.of(worst))));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -73,10 +76,12 @@ std::optional<Remark> area_above_gross(Subject& subject) {
   const model::Element& worst = concerned.worst();
   Remark remark = about_section(
       concerned, "W5",
-      fmt::format("welded sections count with more than their gross area: of {} {}, so axial "
-                  "stresses come out too low; check tension and compression by hand with the "
-                  "strips taken off",
-                  named(section_of(model, worst)), area_text(areas.of(worst))));
+      fmt::format(texts::translatable(
+                      "welded sections count with more than their gross area: of {} the checks "
+                      "count {:.4g} mm² of {:.4g} mm² gross, so axial stresses come out too low; "
+                      "check tension and compression by hand with the strips taken off"),
+                  named(section_of(model, worst)), areas.of(worst).effective,
+                  areas.of(worst).gross));
   remark.value = concerned.worst_value();
   return remark;
 }
@@ -94,11 +99,13 @@ std::optional<Remark> welds_without_loss(Subject& subject) {
   const model::Material& material = *model.materials.find(concerned.worst().material);
   return about_section(
       concerned, "F8",
-      fmt::format("welds take nothing off materials of another standard than {} (such as material "
-                  "{} of standard \"{}\"): the metal beside a weld is softer in every "
-                  "tempered alloy; name the alloy of the code, or give the strengths of the "
-                  "welded metal",
-                  catalogue::alloy_standard, material.number, material.standard));
+      fmt::format(
+          texts::translatable(
+              "welds take nothing off materials of another standard than {} (such as material "
+              "{} of standard \"{}\"): the metal beside a weld is softer in every "
+              "tempered alloy; name the alloy of the code, or give the strengths of the "
+              "welded metal"),
+          catalogue::alloy_standard, material.number, material.standard));
 }
 
 std::optional<Remark> assumed_ribs(Subject& subject) {
@@ -114,11 +121,13 @@ std::optional<Remark> assumed_ribs(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   Remark remark = about_section(
       concerned, "B11",
-      fmt::format("plates count in full only because they are taken as stiffened by ribs: "
-                  "without, a plate of {} has {:.3g} times its limit in compression; where there "
-                  "are no ribs set `rib` to false, for all in the settings or in the element's "
-                  "design",
-                  named(section_of(model, concerned.worst())), concerned.worst_value()));
+      fmt::format(
+          texts::translatable(
+              "plates count in full only because they are taken as stiffened by ribs: "
+              "without, a plate of {} has {:.3g} times its limit in compression; where there "
+              "are no ribs set `rib` to false, for all in the settings or in the element's "
+              "design"),
+          named(section_of(model, concerned.worst())), concerned.worst_value()));
   remark.value = concerned.worst_value();
   return remark;
 }

@@ -4,6 +4,7 @@
 
 #include "aluframe/remarks/concerned.h"
 #include "aluframe/remarks/kinds.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::remarks {
 
@@ -71,8 +72,8 @@ std::optional<Remark> bent_trusses(Subject& subject) {
   if (concerned.empty()) return std::nullopt;
   return concerned.remark(
       "truss",
-      "loads between the ends of trusses go to their nodes: their bending is left out; use "
-      "beams with released ends");
+      texts::translatable("loads between the ends of trusses go to their nodes: their bending is "
+                          "left out; use beams with released ends"));
 }
 
 }  // namespace aluframe::remarks

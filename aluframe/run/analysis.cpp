@@ -9,6 +9,7 @@
 
 #include "aluframe/forces/analyse_sets.h"
 #include "aluframe/run/chosen_numbers.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -42,8 +43,8 @@ std::optional<Problem> add(const Input& input, const model::CombinationPlan& pla
     return std::nullopt;
   }
   if (const auto load_case = without_loads(input.model, plan.cases)) {
-    return about(input,
-                 fmt::format("combination {}: load case {} has no loads", number, *load_case));
+    return about(
+        input, texts::translated("combination {}: load case {} has no loads", number, *load_case));
   }
   subjects.numbers.push_back(number);
   subjects.sets.push_back(plan.cases);
@@ -57,7 +58,7 @@ Result<Subjects> chosen_combinations(const Input& input, const AnalysisOptions& 
     if (!combination.state_of) existing.push_back(combination.number);
   }
   const auto numbers = chosen_numbers(input, "--combinations", options.combinations,
-                                      std::move(existing), "combination");
+                                      std::move(existing), texts::translated("combination"));
   if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
   Subjects subjects;
   subjects.of_combinations = true;
@@ -68,10 +69,11 @@ Result<Subjects> chosen_combinations(const Input& input, const AnalysisOptions& 
   }
   std::ranges::sort(subjects.left_out);
   if (subjects.numbers.empty()) {
-    return about(input, subjects.left_out.empty()
-                            ? "has no combination to analyse"
-                            : "has no combination to analyse but envelopes, whose two sides are no "
-                              "state of the frame");
+    return about(input,
+                 subjects.left_out.empty()
+                     ? texts::translated("has no combination to analyse")
+                     : texts::translated("has no combination to analyse but envelopes, whose "
+                                         "two sides are no state of the frame"));
   }
   return subjects;
 }
@@ -95,9 +97,10 @@ Result<Analysis> analyse(const Input& input, const AnalysisOptions& options) {
       forces::analyse_sets(input.model, subjects.sets, forces::order_of(input.model.analysis));
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) {
     if (problem->load_case) {
-      problem->text =
-          fmt::format("{} {}: {}", subjects.of_combinations ? "combination" : "load case",
-                      subjects.numbers[*problem->load_case], problem->text);
+      problem->text = fmt::format(
+          fmt::runtime(subjects.of_combinations ? texts::translatable("combination {}: {}")
+                                                : texts::translatable("load case {}: {}")),
+          subjects.numbers[*problem->load_case], problem->text);
     }
     return problem_of(input.file, *problem);
   }

@@ -1,7 +1,5 @@
 #include "aluframe/run/buckling.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -11,6 +9,7 @@
 #include "aluframe/run/chosen_numbers.h"
 #include "aluframe/run/length_remarks.h"
 #include "aluframe/run/limit_factors.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -46,8 +45,9 @@ Result<std::vector<BucklingSubject>> subjects_of_cases(const Input& input,
 
 Result<std::vector<BucklingSubject>> subjects_of_combinations(
     const Input& input, const model::NumberRanges& combinations) {
-  const auto numbers = chosen_numbers(input, "--combinations", combinations,
-                                      design_combinations(input.model), "design combination");
+  const auto numbers =
+      chosen_numbers(input, "--combinations", combinations, design_combinations(input.model),
+                     texts::translated("design combination"));
   if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
   const BucklingSubjects subjects(input);
   std::vector<BucklingSubject> out;
@@ -80,19 +80,19 @@ std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& ro
 }
 
 /// "combination 3 buckles", "combinations 1-4, 7 buckle".
-std::string subject_verb(const std::vector<store::BucklingRow>& rows, const std::string& verb) {
+std::string subject_verb(const std::vector<store::BucklingRow>& rows, const char* one,
+                         const char* many) {
   std::vector<model::Number> numbers;
   for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
   std::ranges::sort(numbers);
   const std::string list = model::join_as_ranges(numbers);
-  if (numbers.size() > 1) return fmt::format("combinations {} {}", list, verb);
-  return fmt::format("combination {} {}s", list, verb);
+  return fmt::format(fmt::runtime(numbers.size() > 1 ? many : one), list);
 }
 
 /// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
 std::string factor_text(const store::BucklingRow& row) {
-  return fmt::format("{:.3g} times the loads of combination {} ({})", *row.factor, row.combination,
-                     row.shape);
+  return fmt::format(texts::translatable("{:.3g} times the loads of combination {} ({})"),
+                     *row.factor, row.combination, row.shape);
 }
 
 /// A remark with the elements that buckle.
@@ -108,17 +108,20 @@ store::RemarkRow remark_of(const store::BucklingRow& row, std::string text) {
 /// What to do about a factor that is low.
 const char* remedy_of(const model::AnalysisSettings& analysis) {
   if (!analysis.second_order) {
-    return "forces of first order leave out what grows there: compute them in second order, or "
-           "stiffen or brace what moves";
+    return texts::translatable(
+        "forces of first order leave out what grows there: compute them in second order, or "
+        "stiffen or brace what moves");
   }
   if (analysis.large_displacements) {
-    return "stiffen or brace what moves, or give another limit";
+    return texts::translatable("stiffen or brace what moves, or give another limit");
   }
   if (analysis.imperfections.any()) {
-    return "what grows there is in the forces: stiffen or brace what moves, or give another limit";
+    return texts::translatable(
+        "what grows there is in the forces: stiffen or brace what moves, or give another limit");
   }
-  return "imperfections of sway and bow count there: give them (\"imperfections\"), or stiffen or "
-         "brace what moves";
+  return texts::translatable(
+      "imperfections of sway and bow count there: give them (\"imperfections\"), or stiffen or "
+      "brace what moves");
 }
 
 }  // namespace
@@ -157,7 +160,8 @@ Result<BucklingAnalysis> find_buckling(const Input& input, const BucklingOptions
 Result<LimitAnalysis> find_limit_loads(const Input& input, const BucklingOptions& options,
                                        double largest_factor) {
   if (input.model.analysis.imperfections.any()) {
-    return Problem{input.file.string() + ": /analysis/imperfections: " + no_large_imperfections};
+    return Problem{input.file.string() + ": /analysis/imperfections: " +
+                   std::string(texts::translation_of(no_large_imperfections))};
   }
   const auto chosen = chosen_subjects(input, options);
   if (const auto* problem = std::get_if<Problem>(&chosen)) return *problem;
@@ -236,15 +240,19 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
   if (!failing.empty()) {
     const store::BucklingRow& worst = *smallest_factor(failing);
     remarks.push_back(remark_of(
-        worst,
-        fmt::format("{} the frame: {}", subject_verb(failing, "buckle"), factor_text(worst))));
+        worst, fmt::format(texts::translatable("{} the frame: {}"),
+                           subject_verb(failing, texts::translatable("combination {} buckles"),
+                                        texts::translatable("combinations {} buckle")),
+                           factor_text(worst))));
   }
   if (!low.empty()) {
     const store::BucklingRow& worst = *smallest_factor(low);
     remarks.push_back(remark_of(
-        worst, fmt::format("{} below the limit of {} for the buckling load factor: {}; {}",
-                           subject_verb(low, "lie"), limit, factor_text(worst),
-                           remedy_of(model.analysis))));
+        worst, fmt::format(texts::translatable(
+                               "{} below the limit of {} for the buckling load factor: {}; {}"),
+                           subject_verb(low, texts::translatable("combination {} lies"),
+                                        texts::translatable("combinations {} lie")),
+                           limit, factor_text(worst), remedy_of(model.analysis))));
   }
   return remarks;
 }

@@ -1,7 +1,5 @@
 #include "aluframe/run/buckling_subjects.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -9,6 +7,7 @@
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -63,7 +62,8 @@ BucklingSubject BucklingSubjects::of_combination(model::Number number) const {
   const model::States& states = states_[model_.combinations.position(number)];
   BucklingSubject subject{.number = number, .sets = {}, .unknown = {}};
   if (states.too_many) {
-    subject.unknown = fmt::format("it has more than {} states", model::max_envelope_states);
+    subject.unknown =
+        fmt::format(texts::translatable("it has more than {} states"), model::max_envelope_states);
     return subject;
   }
   for (const model::State& state : states.list) add(state, subject);
@@ -82,9 +82,10 @@ void BucklingSubjects::add(const forces::LoadSet& set, BucklingSubject& subject)
   if (given == set.end()) {
     subject.sets.push_back(set);
   } else {
-    subject.unknown =
-        fmt::format("load case {} has given forces, which do not say how the frame carries them",
-                    model_.load_cases[given->load_case].number);
+    subject.unknown = fmt::format(
+        texts::translatable(
+            "load case {} has given forces, which do not say how the frame carries them"),
+        model_.load_cases[given->load_case].number);
   }
 }
 

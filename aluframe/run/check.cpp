@@ -1,7 +1,5 @@
 #include "aluframe/run/check.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
@@ -12,6 +10,7 @@
 #include "aluframe/run/forces_digest.h"
 #include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/session_options.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -27,7 +26,8 @@ auto open_or_wait(const CheckOptions& options, Open open) {
       return open(files::WhenBusy::refuse);
     } catch (const files::FileBusy& busy) {
       if (options.when_busy == files::WhenBusy::refuse) throw;
-      if (options.message) options.message(std::string(busy.what()) + "; waiting for its end");
+      if (options.message)
+        options.message(texts::translated("{}; waiting for its end", busy.what()));
       return open(files::WhenBusy::wait);
     }
   };
@@ -60,9 +60,13 @@ store::TakenUp take_up(const fs::path& path, const store::RunInfo& info,
       taken_up.elements, [](const auto& element) { return element.notes.element != 0; });
   const std::size_t done = static_cast<std::size_t>(count);
   if (options.message) {
-    options.message(fmt::format("{}: {} of {} element{} taken up, {} to be checked",
-                                store::partial_path_of(path).string(), done, elements.size(),
-                                elements.size() == 1 ? "" : "s", elements.size() - done));
+    options.message(elements.size() == 1
+                        ? texts::translated("{}: {} of {} element taken up, {} to be checked",
+                                            store::partial_path_of(path).string(), done,
+                                            elements.size(), elements.size() - done)
+                        : texts::translated("{}: {} of {} elements taken up, {} to be checked",
+                                            store::partial_path_of(path).string(), done,
+                                            elements.size(), elements.size() - done));
   }
   return taken_up;
 }
@@ -78,7 +82,7 @@ fs::path stored_at(const fs::path& results, const services::CheckSummary& summar
 /// @return false when the user has stopped it
 bool find_buckling(const Input& input, const CheckOptions& options, CheckResult& result) {
   services::ProgressListener* const progress = options.progress;
-  if (progress != nullptr) progress->started("Buckling of the frame");
+  if (progress != nullptr) progress->started(texts::translated("Buckling of the frame"));
   bool is_cancelled = false;
   RunBuckling buckling = buckling_of_run(input, [&](int done, int total) {
     is_cancelled = progress != nullptr && progress->advanced(done, total);
@@ -99,9 +103,9 @@ std::optional<std::string> nothing_to_resume(const fs::path& results) {
   if (fs::exists(fs::symlink_status(partial, ignored))) return std::nullopt;
   const std::string why =
       fs::exists(results, ignored)
-          ? fmt::format("; {} holds the results of a run that went through", results.string())
+          ? texts::translated("; {} holds the results of a run that went through", results.string())
           : "";
-  return fmt::format(
+  return texts::translated(
       "{}: there is no such file, no run has left anything to take up{}; check without "
       "--resume",
       partial.string(), why);

@@ -34,14 +34,14 @@ std::string named_combination(const store::CombinationRow& row, int min_side) {
 
 std::string section_text(const model::Section& section) {
   const std::string shape(model::name_of(section.shape));
-  return fmt::format(translatable("section {}, {}"), section.number,
+  return fmt::format(translatable("section {}, {:s}"), section.number,
                      section.name.empty() ? shape : section.name);
 }
 
 std::string material_text(const model::Material& material) {
   const std::string& name = material.name.empty() ? material.grade : material.name;
   return name.empty() ? fmt::format(translatable("material {}"), material.number)
-                      : fmt::format(translatable("material {}, {}"), material.number, name);
+                      : fmt::format(translatable("material {}, {:s}"), material.number, name);
 }
 
 std::string forces_text(const std::vector<model::Number>& elements, const std::string& combination,

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "aluframe/forces/compute_forces.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -28,8 +29,10 @@ Result<std::vector<model::Number>> chosen_load_cases(const Input& input,
   for (const model::LoadCase& load_case : input.model.load_cases) {
     if (forces::has_loads(load_case)) with_loads.push_back(load_case.number);
   }
-  if (with_loads.empty() && ranges.empty()) return about(input, "has no loads to analyse");
-  return chosen_numbers(input, "--cases", ranges, std::move(with_loads), "load case with loads");
+  if (with_loads.empty() && ranges.empty())
+    return about(input, texts::translated("has no loads to analyse"));
+  return chosen_numbers(input, "--cases", ranges, std::move(with_loads),
+                        texts::translated("load case with loads"));
 }
 
 std::optional<model::Number> without_loads(const model::Model& model, const forces::LoadSet& set) {

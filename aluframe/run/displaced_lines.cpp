@@ -1,7 +1,5 @@
 #include "aluframe/run/displaced_lines.h"
 
-#include <fmt/format.h>
-
 #include <array>
 
 #include "aluframe/analysis/element_loads.h"
@@ -11,6 +9,7 @@
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/inner_forces.h"
 #include "aluframe/run/chosen_numbers.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -91,7 +90,8 @@ Result<analysis::CaseResult> solved(const Input& input, const model::Model& mode
   auto answers = forces::analyse_sets(model, {&set, 1}, forces::Order::first);
   if (auto* problem = std::get_if<analysis::Problem>(&answers)) {
     if (problem->load_case) {
-      problem->text = fmt::format("load case {}: {}", load_case, problem->text);
+      problem->text =
+          fmt::format(texts::translatable("load case {}: {}"), load_case, problem->text);
     }
     return problem_of(input.file, *problem);
   }
@@ -104,7 +104,7 @@ Result<std::vector<picture::DisplacedLine>> displaced_lines(const Input& input,
                                                             model::Number load_case) {
   const std::size_t place = input.model.load_cases.position(load_case);
   if (!forces::has_loads(input.model.load_cases[place])) {
-    return about(input, fmt::format("--deformed: load case {} has no loads", load_case));
+    return about(input, texts::translated("--deformed: load case {} has no loads", load_case));
   }
   // Displacements are those of the loads, whatever forces are given.
   model::Model model = input.model;

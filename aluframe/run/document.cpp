@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <set>
+#include <stdexcept>
 #include <utility>
 #include <variant>
 
 #include "aluframe/forces/compute_forces.h"
+#include "aluframe/model/number_ranges.h"
 #include "aluframe/run/force_lines.h"
 #include "aluframe/texts/text.h"
 
@@ -167,6 +169,16 @@ void add_results(store::ResultReader& reader, DocumentContent& content) {
   content.governing_members = governing_members(content.input, reader, content.elements);
 }
 
+/// Elements that are asked for and that the check has not taken up, or nothing.
+std::optional<Problem> elements_without_results(store::ResultReader& reader, const Input& input) {
+  std::set<model::Number> missing(input.elements.begin(), input.elements.end());
+  for (const std::uint32_t element : reader.elements()) missing.erase(element);
+  for (const store::NotChecked& item : reader.not_checked()) missing.erase(item.element);
+  if (missing.empty()) return std::nullopt;
+  return Problem{texts::translated("--elements: there are no results of element {}; check it first",
+                                   model::join_as_ranges({missing.begin(), missing.end()}))};
+}
+
 /// What the reader must know before the first ratio.
 std::vector<std::string> reservations_of(const DocumentOptions& options,
                                          store::ResultReader& reader,
@@ -200,11 +212,24 @@ Result<DocumentContent> gather_document(const DocumentOptions& options) {
   if (content.input.digest != content.info.model_digest) {
     return Problem{other_state_text(options.input.model, options.results)};
   }
+  if (auto problem = elements_without_results(*reader, content.input)) return *std::move(problem);
   content.coverage = coverage_of(*reader);
   content.reservations = reservations_of(options, *reader, content);
   add_results(*reader, content);
   add_analysis(content);
   return content;
+}
+
+void derive_checks(const DocumentContent& content, const fs::path& results, DerivationDetail detail,
+                   const std::function<void(const ExplainedCheck&)>& take) {
+  const auto reader = store::ResultReader::open(results);
+  std::vector<model::Number> elements;
+  elements.reserve(content.elements.size());
+  for (const ElementResult& element : content.elements) elements.push_back(element.element);
+  const CheckExplainer explainer(content.input, content.info, results, elements);
+  if (const auto problem = for_each_derivation(explainer, *reader, elements, detail, take)) {
+    throw std::runtime_error(problem->text);
+  }
 }
 
 }  // namespace aluframe::run

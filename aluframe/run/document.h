@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <limits>
 #include <map>
 #include <optional>
@@ -10,6 +11,7 @@
 
 #include "aluframe/picture/content.h"
 #include "aluframe/run/analysis.h"
+#include "aluframe/run/document_checks.h"
 #include "aluframe/run/element_result.h"
 #include "aluframe/run/input.h"
 #include "aluframe/run/results.h"
@@ -63,5 +65,11 @@ struct DocumentContent {
 /// Gathers what the document shows by results that are of the model as it is now.
 /// @throws std::runtime_error when the results cannot be read
 Result<DocumentContent> gather_document(const DocumentOptions& options);
+
+/// Hands over how the checks of the document's elements come about (`for_each_derivation`).
+/// @param results that the content was gathered by
+/// @throws std::runtime_error when a check cannot be explained, or the results cannot be read
+void derive_checks(const DocumentContent& content, const std::filesystem::path& results,
+                   DerivationDetail detail, const std::function<void(const ExplainedCheck&)>& take);
 
 }  // namespace aluframe::run

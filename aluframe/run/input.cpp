@@ -10,6 +10,8 @@
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/envelopes.h"
 #include "aluframe/run/remarks.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -32,7 +34,7 @@ std::optional<std::string> limit(const Selection& selection, Input& input) {
   }
   if (!selection.combinations.empty()) {
     const auto chosen = model::select(selection.combinations, model::design_numbers(input.model),
-                                      "design combination");
+                                      texts::translated("design combination"));
     if (const auto* text = std::get_if<std::string>(&chosen)) return "--combinations: " + *text;
     input.combinations =
         model::checked_combinations(input.model, std::get<std::vector<model::Number>>(chosen));
@@ -67,7 +69,8 @@ Result<Input> read_input(const InputOptions& options, const Selection& selection
   model::AnalysisSettings& analysis = input.model.analysis;
   analysis.large_displacements = given.large_displacements || options.large_displacements;
   if (analysis.large_displacements && given.imperfections.any()) {
-    return Problem{options.model.string() + ": /analysis/imperfections: " + no_large_imperfections};
+    return Problem{options.model.string() + ": /analysis/imperfections: " +
+                   std::string(texts::translation_of(no_large_imperfections))};
   }
   analysis.second_order =
       given.second_order || options.second_order || analysis.large_displacements;
@@ -107,7 +110,7 @@ Problem problem_of(const fs::path& file, const analysis::Problem& problem) {
   if (problem.node) place = fmt::format("/nodes/{}: ", *problem.node);
   const bool is_of_input = problem.kind == Kind::input || problem.kind == Kind::mechanism ||
                            problem.kind == Kind::buckling;
-  return {fmt::format("{}: {}{}", file.string(), place, problem.text),
+  return {fmt::format("{}: {}{}", file.string(), place, texts::sentence_in_words(problem.text)),
           is_of_input ? Problem::Kind::input : Problem::Kind::failure};
 }
 

@@ -16,6 +16,7 @@
 #include "aluframe/run/problem.h"
 #include "aluframe/run/setup.h"
 #include "aluframe/store/result_file.h"
+#include "aluframe/texts/text.h"
 
 // What every run over a model begins with: the model read and completed, limited to what the user
 // named, and given its forces.
@@ -38,9 +39,9 @@ struct InputOptions {
 };
 
 /// Why large displacements and imperfections do not go together.
-inline constexpr const char* no_large_imperfections =
+inline constexpr const char* no_large_imperfections = texts::translatable(
     "large displacements start from the nodes of the model: displace these in place of "
-    "imperfections, or leave --large-displacements and --limit-load out";
+    "imperfections, or leave --large-displacements and --limit-load out");
 
 /// What the user limits a run to; empty: everything.
 struct Selection {

@@ -7,6 +7,7 @@
 
 #include "aluframe/analysis/buckling.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -36,8 +37,10 @@ std::vector<NamedFactor> chosen(const std::vector<SegmentFactors>& factors, Want
 
 /// "Ky of member 3", "Kz of element 7"
 std::string title(const NamedFactor& named) {
-  if (named.of->member) return fmt::format("{} of member {}", named.name, *named.of->member);
-  return fmt::format("{} of element {}", named.name, named.of->elements.front());
+  if (named.of->member)
+    return fmt::format(texts::translatable("{} of member {}"), named.name, *named.of->member);
+  return fmt::format(texts::translatable("{} of element {}"), named.name,
+                     named.of->elements.front());
 }
 
 store::RemarkRow row_of(const std::vector<NamedFactor>& concerned, const NamedFactor& worst,
@@ -70,14 +73,17 @@ void add_below_modes(const std::vector<SegmentFactors>& factors,
   const bool is_truss = worst.factor->source == members::FactorSource::truss;
   rows.push_back(row_of(
       below, worst,
-      fmt::format("effective length factors are smaller than the frame's buckling mode has them: "
-                  "{} is {:.3f} ({}), by the mode of combination {} at {:.3g} times its loads "
-                  "{:.3f}; {}",
-                  title(worst), worst.factor->k, members::name_of(worst.factor->source),
-                  mode.combination, mode.factor, mode.k,
-                  is_truss ? "trusses keep 1: hold their nodes, or give their factors"
-                           : "take them from the modes (\"frame\": {\"length_factors\": "
-                             "\"buckling\"}), or give them")));
+      fmt::format(
+          texts::translatable(
+              "effective length factors are smaller than the frame's buckling mode has them: "
+              "{} is {:.3f} ({}), by the mode of combination {} at {:.3g} times its loads "
+              "{:.3f}; {}"),
+          title(worst), worst.factor->k, members::name_of(worst.factor->source), mode.combination,
+          mode.factor, mode.k,
+          is_truss
+              ? texts::translatable("trusses keep 1: hold their nodes, or give their factors")
+              : texts::translatable("take them from the modes (\"frame\": {\"length_factors\": "
+                                    "\"buckling\"}), or give them"))));
 }
 
 bool is_any_unknown(const FrameModes* modes) {
@@ -93,12 +99,13 @@ void add_guessed(const std::vector<SegmentFactors>& factors, const FrameModes* m
   });
   if (guessed.empty() || !is_any_unknown(modes)) return;
   const NamedFactor& first = guessed.front();
-  rows.push_back(
-      row_of(guessed, first,
-             fmt::format("effective length factors are those of charts for straight columns and "
-                         "beams, and no buckling mode is known: {} is {:.3f}, but {}; let the "
-                         "program compute the forces and the modes, or give factors",
-                         title(first), first.factor->k, first.factor->objection)));
+  rows.push_back(row_of(
+      guessed, first,
+      fmt::format(texts::translatable(
+                      "effective length factors are those of charts for straight columns and "
+                      "beams, and no buckling mode is known: {} is {:.3f}, but {}; let the "
+                      "program compute the forces and the modes, or give factors"),
+                  title(first), first.factor->k, first.factor->objection)));
 }
 
 /// Members that buckle in modes beyond may have factors that are too small.
@@ -110,9 +117,11 @@ void add_passed_over(const FrameModes* modes, std::vector<store::RemarkRow>& row
   row.kind = remark_kind;
   row.combination = numbers.front();
   row.text = fmt::format(
-      "combination {}: more buckling modes than were looked at have factors up to {:g} times the "
-      "smallest; members that buckle in those alone have length factors of charts: see what "
-      "buckles first (`aluframe buckling --modes`), and stiffen it or give length factors",
+      texts::translatable(
+          "combination {}: more buckling modes than were looked at have factors up to {:g} times "
+          "the "
+          "smallest; members that buckle in those alone have length factors of charts: see what "
+          "buckles first (`aluframe buckling --modes`), and stiffen it or give length factors"),
       model::join_as_ranges(numbers), analysis::near_factors);
   rows.push_back(std::move(row));
 }

@@ -6,6 +6,7 @@
 
 #include "aluframe/forces/limit_load.h"
 #include "aluframe/run/buckling.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -27,7 +28,9 @@ std::set<model::Number> followed(const Input& input) {
 }
 
 std::string text_of(const analysis::LimitLoad& limit) {
-  return limit.kind == Kind::snap_through ? "snaps through: " + limit.text : limit.text;
+  return limit.kind == Kind::snap_through
+             ? fmt::format(texts::translatable("snaps through: {}"), limit.text)
+             : limit.text;
 }
 
 void take_limit(const Input& input, const BucklingSubject& subject, BucklingFactor& factor) {

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "aluframe/texts/text.h"
+
 #include <utility>
 #include <variant>
 
@@ -11,10 +13,10 @@ namespace {
 
 /// "combination 2: load case 1 has given forces, ..." of the first whose factor is not known.
 std::string unknown_of(const FrameModes& modes) {
-  if (modes.factors.empty()) return "the model has no combination for design";
+  if (modes.factors.empty()) return texts::translatable("the model has no combination for design");
   for (const BucklingFactor& factor : modes.factors) {
     if (factor.unknown.empty()) continue;
-    return fmt::format("combination {}: {}", factor.subject, factor.unknown);
+    return fmt::format(texts::translatable("combination {}: {}"), factor.subject, factor.unknown);
   }
   return {};
 }

@@ -11,6 +11,7 @@
 #include "aluframe/run/displaced_lines.h"
 #include "aluframe/run/force_lines.h"
 #include "aluframe/run/results.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -37,7 +38,7 @@ template <class Table>
 void check_number(const Input& input, const char* option, std::optional<model::Number> number,
                   const Table& table, const std::string& what) {
   if (!number || table.find(*number) != nullptr) return;
-  throw about(input, fmt::format("{}: there is no {} {}", option, what, *number));
+  throw about(input, texts::translated("{}: there is no {} {}", option, what, *number));
 }
 
 template <class Table>
@@ -53,71 +54,87 @@ bool is_state(const model::Model& model, model::Number combination) {
 
 void check_options(const Input& input, const PictureOptions& wanted) {
   const model::Model& model = input.model;
-  if (model.elements.empty()) throw about(input, "has no elements to draw");
+  if (model.elements.empty()) throw about(input, texts::translated("has no elements to draw"));
   if (wanted.diagram && wanted.load_case.has_value() == wanted.combination.has_value()) {
-    throw Problem{"--diagram: needs --case or --combination, one of them"};
+    throw Problem{texts::translated("--diagram: needs --case or --combination, one of them")};
   }
   if (!wanted.diagram && (wanted.load_case || wanted.combination)) {
-    throw Problem{"--case and --combination go with --diagram only"};
+    throw Problem{texts::translated("--case and --combination go with --diagram only")};
   }
-  check_number(input, "--loads", wanted.loads, model.load_cases, "load case");
-  check_number(input, "--deformed", wanted.deformed, model.load_cases, "load case");
-  check_number(input, "--case", wanted.load_case, model.load_cases, "load case");
-  check_number(input, "--combination", wanted.combination, model.combinations, "combination");
+  check_number(input, "--loads", wanted.loads, model.load_cases, texts::translated("load case"));
+  check_number(input, "--deformed", wanted.deformed, model.load_cases,
+               texts::translated("load case"));
+  check_number(input, "--case", wanted.load_case, model.load_cases, texts::translated("load case"));
+  check_number(input, "--combination", wanted.combination, model.combinations,
+               texts::translated("combination"));
   if (wanted.combination && is_state(model, *wanted.combination)) {
-    throw about(input,
-                fmt::format("--combination: there is no combination {}", *wanted.combination));
+    throw about(
+        input, texts::translated("--combination: there is no combination {}", *wanted.combination));
   }
-  check_numbers(input, "--nodes", wanted.node_numbers, model.nodes, "node");
-  check_numbers(input, "--elements", wanted.element_numbers, model.elements, "element");
+  check_numbers(input, "--nodes", wanted.node_numbers, model.nodes, texts::translated("node"));
+  check_numbers(input, "--elements", wanted.element_numbers, model.elements,
+                texts::translated("element"));
 }
 
-std::string named(const char* what, model::Number number, const std::string& name) {
-  return name.empty() ? fmt::format("{} {}", what, number)
-                      : fmt::format("{} {} \"{}\"", what, number, name);
+std::string case_text(const Input& input, model::Number number) {
+  const std::string& name = input.model.load_cases.find(number)->name;
+  return name.empty() ? texts::translated("load case {}", number)
+                      : texts::translated("load case {} \"{}\"", number, name);
+}
+
+std::string combination_text(const Input& input, model::Number number) {
+  const std::string& name = input.model.combinations.find(number)->name;
+  return name.empty() ? texts::translated("combination {}", number)
+                      : texts::translated("combination {} \"{}\"", number, name);
 }
 
 std::string analysis_text(const model::AnalysisSettings& analysis, const ForceLines& lines) {
-  if (!lines.has_computed) return "given forces";
-  const char* order = !analysis.second_order         ? "linear analysis"
-                      : analysis.large_displacements ? "large displacements"
-                                                     : "second-order analysis";
-  return std::string(order) + (lines.has_given ? " and given forces" : "");
+  if (!lines.has_computed) return texts::translated("given forces");
+  const std::string order = !analysis.second_order ? texts::translated("linear analysis")
+                            : analysis.large_displacements
+                                ? texts::translated("large displacements")
+                                : texts::translated("second-order analysis");
+  return lines.has_given ? texts::translated("{} and given forces", order) : order;
 }
 
 /// @param of what the forces are of
 void add_diagram(const Input& input, picture::ForceComponent component, const std::string& of,
                  const model::AnalysisSettings& analysis, ForceLines lines, Content& content) {
-  if (lines.lines.empty()) throw about(input, "--diagram: " + of + " has neither loads nor forces");
+  if (lines.lines.empty())
+    throw about(input, texts::translated("--diagram: {} has neither loads nor forces", of));
   const bool has_sides = std::ranges::any_of(
       lines.lines, [](const picture::ForceLine& line) { return !line.minimum.empty(); });
-  picture::add_note(content.notes, lines.without_forces, "no forces are known");
-  picture::add_note(content.notes, lines.ends_only,
-                    "forces are known at the ends only, straight lines are drawn between them");
-  if (has_sides) content.notes.emplace_back("an envelope: its largest and its smallest values");
+  picture::add_note(content.notes, lines.without_forces, texts::translated("no forces are known"));
+  picture::add_note(
+      content.notes, lines.ends_only,
+      texts::translated(
+          "forces are known at the ends only, straight lines are drawn between them"));
+  if (has_sides)
+    content.notes.emplace_back(
+        texts::translated("an envelope: its largest and its smallest values"));
   const std::string by = analysis_text(analysis, lines);
-  content.diagram = picture::Diagram{component, of + ", " + by, std::move(lines.lines)};
+  content.diagram =
+      picture::Diagram{component, texts::translated("{}, {}", of, by), std::move(lines.lines)};
 }
 
 void add_diagram_of_case(const Input& input, picture::ForceComponent component,
                          model::Number number, Content& content) {
-  const std::string of = named("load case", number, input.model.load_cases.find(number)->name);
+  const std::string of = case_text(input, number);
   add_diagram(input, component, of, {}, value_of(force_lines_of_case(input, number, component)),
               content);
 }
 
 void add_diagram_of_combination(const Input& input, picture::ForceComponent component,
                                 model::Number number, Content& content) {
-  const std::string of = named("combination", number, input.model.combinations.find(number)->name);
+  const std::string of = combination_text(input, number);
   add_diagram(input, component, of, input.model.analysis,
               value_of(force_lines_of_combination(input, number, component)), content);
 }
 
 void add_deformed(const Input& input, model::Number load_case, Content& content) {
-  content.deformed = picture::Deformed{
-      named("load case", load_case, input.model.load_cases.find(load_case)->name) +
-          ", linear analysis",
-      value_of(displaced_lines(input, load_case))};
+  content.deformed =
+      picture::Deformed{texts::translated("{}, linear analysis", case_text(input, load_case)),
+                        value_of(displaced_lines(input, load_case))};
 }
 
 /// Elements whose safe ratio exceeds 1 though no check does.
@@ -141,12 +158,13 @@ void add_ratios(const Input& input, const InputOptions& options, const PictureOp
     if (input.model.elements.find(element.element) == nullptr) continue;
     content.ratios[element.element] = element.worst().governing.Ratio();
   }
-  picture::add_note(content.notes, safe_over_one(*reader, content.ratios),
-                    "the safe ratio exceeds 1, though no ratio of the checks does");
+  picture::add_note(
+      content.notes, safe_over_one(*reader, content.ratios),
+      texts::translated("the safe ratio exceeds 1, though no ratio of the checks does"));
   picture.cautions = cautions(options, file, *reader);
   content.notes.insert(content.notes.end(), picture.cautions.begin(), picture.cautions.end());
   const Coverage coverage = coverage_of(*reader);
-  content.notes.push_back("ratios of a check of " + coverage_text(coverage));
+  content.notes.push_back(texts::translated("ratios of a check of {}", coverage_text(coverage)));
 }
 
 Picture drawn(const Input& input, const InputOptions& options, const PictureOptions& wanted) {

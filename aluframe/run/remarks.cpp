@@ -1,5 +1,5 @@
-#include "aluframe/analysis/second_order.h"
 #include "aluframe/run/remarks.h"
+#include "aluframe/analysis/second_order.h"
 
 #include <fmt/format.h>
 
@@ -14,6 +14,7 @@
 #include "aluframe/remarks/remarks.h"
 #include "aluframe/run/length_remarks.h"
 #include "aluframe/section/second_computation.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -47,8 +48,8 @@ void add_of_axes(const model::Model& model, std::vector<store::RemarkRow>& rows)
   for (const members::AxesRemark& remark : found) elements.insert(remark.element);
   store::RemarkRow row = row_of("axes", elements, found.front().text);
   if (found.size() > 1) {
-    row.text = fmt::format("of element {} {}; the others likewise", found.front().element,
-                           found.front().text);
+    row.text = fmt::format(texts::translatable("of element {} {}; the others likewise"),
+                           found.front().element, found.front().text);
   }
   row.element = found.front().element;
   rows.push_back(std::move(row));
@@ -61,7 +62,9 @@ void add_of_sections(const model::Model& model, std::vector<store::RemarkRow>& r
   }
   for (const auto& [number, elements] : used) {
     const auto text = section::torsion_remark(*model.sections.find(number));
-    if (text) rows.push_back(row_of("It", elements, fmt::format("section {}: {}", number, *text)));
+    if (text)
+      rows.push_back(row_of("It", elements,
+                            fmt::format(texts::translatable("section {}: {}"), number, *text)));
   }
 }
 
@@ -74,9 +77,11 @@ void add_of_positions(const Input& input, std::vector<store::RemarkRow>& rows) {
   for (const auto& [load_case, elements] : by_case) {
     rows.push_back(row_of(
         unknown_between_ends, elements,
-        fmt::format("load case {} has forces at the two ends only, while loads act between them: "
-                    "nothing is known there, give five rows",
-                    load_case)));
+        fmt::format(
+            texts::translatable(
+                "load case {} has forces at the two ends only, while loads act between them: "
+                "nothing is known there, give five rows"),
+            load_case)));
   }
 }
 
@@ -90,11 +95,11 @@ void add_of_growth(const Input& input, std::vector<store::RemarkRow>& rows) {
   };
   Numbers numbers;
   for (const forces::Growing& one : growing) numbers.insert(number_of(one));
-  const std::string name = fmt::format("combination {}", number_of(worst));
+  const std::string name = fmt::format(texts::translatable("combination {}"), number_of(worst));
   const std::string all =
-      numbers.size() == 1
-          ? name
-          : "combinations " + model::join_as_ranges({numbers.begin(), numbers.end()});
+      numbers.size() == 1 ? name
+                          : fmt::format(texts::translatable("combinations {}"),
+                                        model::join_as_ranges({numbers.begin(), numbers.end()}));
   store::RemarkRow row =
       row_of("displacements", {}, growth_remark(all, name, worst.share, worst.moves));
   row.combination = number_of(worst);
@@ -102,9 +107,9 @@ void add_of_growth(const Input& input, std::vector<store::RemarkRow>& rows) {
 }
 
 /// Peaks of extremes are those of their parts, which second order does not keep.
-constexpr const char* peaks_unknown =
+constexpr const char* peaks_unknown = texts::translatable(
     "combination {}: where extremes of second order peak between the five positions is unknown; "
-    "check the states (\"envelopes\": \"states\")";
+    "check the states (\"envelopes\": \"states\")");
 
 void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
   auto combinations = model::checked_by_extremes(input.model, input.combinations);
@@ -113,9 +118,11 @@ void add_of_extremes(const Input& input, std::vector<store::RemarkRow>& rows) {
   const std::string numbers = model::join_as_ranges(combinations);
   rows.push_back(row_of(
       "extremes", {},
-      fmt::format("combination {}: checked by extremes (\"envelopes\": \"extremes\"), whose forces "
-                  "need not act together; the ratio of a state in it may be higher",
-                  numbers)));
+      fmt::format(
+          texts::translatable(
+              "combination {}: checked by extremes (\"envelopes\": \"extremes\"), whose forces "
+              "need not act together; the ratio of a state in it may be higher"),
+          numbers)));
   if (!input.model.analysis.second_order) return;
   rows.push_back(row_of("P", {}, fmt::format(fmt::runtime(peaks_unknown), numbers)));
 }
@@ -133,13 +140,16 @@ std::string growth_remark(const std::string& subjects, const std::string& worst,
                           const std::string& moves) {
   const std::string why =
       share > analysis::noticeable_growth
-          ? fmt::format("those at the displaced nodes are {:.0f} % larger", 100.0 * share)
-          : fmt::format("{:.0f} times as far, no stiffness would be left",
+          ? fmt::format(texts::translatable("those at the displaced nodes are {:.0f} % larger"),
+                        100.0 * share)
+          : fmt::format(texts::translatable("{:.0f} times as far, no stiffness would be left"),
                         analysis::flattening_times);
   return fmt::format(
-      "{}: displacements are too large for second order, {} under {} ({}), and the frame may snap "
-      "through at less than its buckling factor: follow them (\"second_order\": \"large\", or "
-      "--large-displacements)",
+      texts::translatable(
+          "{}: displacements are too large for second order, {} under {} ({}), and the frame may "
+          "snap "
+          "through at less than its buckling factor: follow them (\"second_order\": \"large\", or "
+          "--large-displacements)"),
       subjects, why, worst, moves);
 }
 

@@ -1,6 +1,6 @@
 #include "aluframe/run/results.h"
 
-#include <fmt/format.h>
+#include "aluframe/texts/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -72,7 +72,8 @@ Result<std::set<model::Number>> chosen_combinations(const store::RunInfo& info,
   existing.reserve(info.combinations.size() + info.envelope_states.size());
   for (const store::CombinationRow& row : info.combinations) existing.push_back(row.number);
   for (const store::EnvelopeState& row : info.envelope_states) existing.push_back(row.envelope);
-  const auto selected = model::select(ranges, existing, "result of a combination");
+  const auto selected =
+      model::select(ranges, existing, texts::translated("result of a combination"));
   if (const auto* text = std::get_if<std::string>(&selected)) {
     return Problem{"--combinations: " + *text};
   }
@@ -135,7 +136,8 @@ Result<std::vector<ElementResult>> elements_of(store::ResultReader& reader,
                                                const ResultsQuery& query) {
   std::vector<ElementResult> elements = by_element(reader.governing());
   if (!query.elements.empty()) {
-    auto selected = model::select(query.elements, reader.elements(), "result of an element");
+    auto selected =
+        model::select(query.elements, reader.elements(), texts::translated("result of an element"));
     if (const auto* text = std::get_if<std::string>(&selected)) {
       return Problem{"--elements: " + *text};
     }
@@ -161,7 +163,7 @@ Result<std::vector<store::StoredRecord>> records_of(store::ResultReader& reader,
                                                     const model::NumberRanges& combinations) {
   std::vector<store::StoredRecord> records = reader.read_all(element);
   if (records.empty()) {
-    return Problem{fmt::format("--element: there is no result of element {}", element)};
+    return Problem{texts::translated("--element: there is no result of element {}", element)};
   }
   if (combinations.empty()) return records;
   auto chosen = chosen_combinations(reader.info(), combinations);

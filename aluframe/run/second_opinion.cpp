@@ -10,6 +10,7 @@
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -28,35 +29,40 @@ struct KindText {
 
 /// By Unchecked::Kind.
 constexpr KindText kinds[] = {
-    {"C5", "shear force where the checks have no shear check, up to {}", false},
-    {"C6", "torsion, which no check is for, up to {}", true},
-    {"C1", "bending beside tension, without a stability check, up to {}", true},
+    {"C5", texts::translatable("shear force where the checks have no shear check, up to {}"),
+     false},
+    {"C6", texts::translatable("torsion, which no check is for, up to {}"), true},
+    {"C1", texts::translatable("bending beside tension, without a stability check, up to {}"),
+     true},
     {"C2",
-     "axial force below 1e-6 of the section's strength beside bending, up to {}; its sign picks "
-     "the checks: give 0 for noise",
+     texts::translatable("axial force below 1e-6 of the section's strength beside bending, up to "
+                         "{}; its sign picks the checks: give 0 for noise"),
      false},
 };
 
-/// ", 0.3 of the length" between the positions of an element; nothing at one of them.
-std::string fraction_text(const second_opinion::Place& place) {
-  if (!place.fraction || *place.fraction * 4.0 == std::round(*place.fraction * 4.0)) return "";
-  return fmt::format(", {:.3g} of the length", *place.fraction);
+/// Whether a place lies between the positions of an element.
+bool is_between(const second_opinion::Place& place) {
+  return place.fraction && *place.fraction * 4.0 != std::round(*place.fraction * 4.0);
 }
 
 /// A state of an envelope is told by both numbers.
 std::string force_place_text(const second_opinion::Place& place, const model::Model& model) {
   const model::Combination* combination = model.combinations.find(place.combination);
+  const bool is_state = combination != nullptr && combination->state_of;
   const std::string of =
-      combination != nullptr && combination->state_of
-          ? fmt::format("{}, state {}", *combination->state_of, place.combination)
-          : fmt::format("{}", place.combination);
-  return fmt::format("element {}, combination {}{}", place.element, of, fraction_text(place));
+      is_state ? fmt::format(texts::translatable("element {}, combination {}, state {}"),
+                             place.element, *combination->state_of, place.combination)
+               : fmt::format(texts::translatable("element {}, combination {}"), place.element,
+                             place.combination);
+  return is_between(place)
+             ? of + fmt::format(texts::translatable(", {:.3g} of the length"), *place.fraction)
+             : of;
 }
 
 std::string force_text(const Unchecked& item, bool is_moment, const model::Model& model) {
-  return is_moment ? fmt::format("{:.3g} kNm ({})", item.magnitude * 1e-6,
+  return is_moment ? fmt::format(texts::translatable("{:.3g} kNm ({})"), item.magnitude * 1e-6,
                                  force_place_text(item.magnitude_place, model))
-                   : fmt::format("{:.3g} kN ({})", item.magnitude * 1e-3,
+                   : fmt::format(texts::translatable("{:.3g} kN ({})"), item.magnitude * 1e-3,
                                  force_place_text(item.magnitude_place, model));
 }
 
@@ -76,12 +82,12 @@ store::RemarkRow remark_of(const Unchecked& item, const model::Model& model) {
 
 using Pairs = std::vector<std::pair<std::size_t, std::size_t>>;
 
-constexpr const char* unknown_text =
+constexpr const char* unknown_text = texts::translatable(
     "given forces of load case {} follow from no load, as those of a spectrum: where they peak "
-    "between the five positions is unknown";
-constexpr const char* estimated_text =
+    "between the five positions is unknown");
+constexpr const char* estimated_text = texts::translatable(
     "given forces of load case {} do not follow from loads of the model: peaks between the five "
-    "positions are those of an estimated distributed load; under a point load they are higher";
+    "positions are those of an estimated distributed load; under a point load they are higher");
 
 std::vector<model::Number> elements_of(const Pairs& pairs, const model::Model& model) {
   std::set<model::Number> elements;
@@ -107,10 +113,13 @@ void add_between(const second_opinion::RunFound& result, const model::Model& mod
   all.insert(all.end(), estimated.begin(), estimated.end());
   row.elements = model::join_as_ranges(elements_of(all, model));
   if (!unknown.empty()) row.text = between_text(unknown, model, unknown_text);
-  if (!unknown.empty() && !estimated.empty()) {
-    row.text += fmt::format(" (element {}); ", model::join_as_ranges(elements_of(unknown, model)));
+  if (!estimated.empty()) {
+    const std::string text = between_text(estimated, model, estimated_text);
+    row.text = unknown.empty()
+                   ? text
+                   : fmt::format(texts::translatable("{} (element {}); {}"), row.text,
+                                 model::join_as_ranges(elements_of(unknown, model)), text);
   }
-  if (!estimated.empty()) row.text += between_text(estimated, model, estimated_text);
   rows.push_back(std::move(row));
 }
 
@@ -175,7 +184,8 @@ store::UncheckedRow unchecked_row(const Unchecked& item) {
 
 Unchecked unchecked_of(std::uint32_t element, const store::UncheckedRow& row) {
   const auto* kind = std::ranges::find(kinds, row.kind, &KindText::rule);
-  if (kind == std::end(kinds)) throw std::runtime_error("there is no remark " + row.kind);
+  if (kind == std::end(kinds))
+    throw std::runtime_error(fmt::format(texts::translatable("there is no remark {}"), row.kind));
   const auto place = [&](const store::UncheckedRow::At& at) -> second_opinion::Place {
     return {element, at.combination, at.min_side, at.fraction};
   };

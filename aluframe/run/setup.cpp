@@ -10,6 +10,7 @@
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/members/length_factors.h"
 #include "aluframe/run/imperfections_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -23,24 +24,28 @@ constexpr std::array<double, 3> gamma_0{1.1, 1.0, 0.9};
 
 const char* origin_of(const SetupOrigins& origins, std::string_view field) {
   return std::ranges::find(origins.given_settings, field) == origins.given_settings.end()
-             ? "default"
-             : "given";
+             ? texts::translatable("default")
+             : texts::translatable("given");
 }
 
 SettingRow ribs_row(const model::Model& model, const model::DesignSettings& settings,
                     const SetupOrigins& origins) {
   const auto own = std::ranges::count_if(
       model.elements, [](const model::Element& element) { return element.design.rib.has_value(); });
-  std::string value = settings.rib ? fmt::format("on, ratio {}", settings.rib_ratio) : "off";
-  if (own > 0) value += fmt::format("; {} element{} of its own", own, own == 1 ? "" : "s");
+  std::string value = settings.rib
+                          ? fmt::format(texts::translatable("on, ratio {}"), settings.rib_ratio)
+                          : texts::translatable("off");
+  if (own > 0)
+    value = own == 1 ? fmt::format(texts::translatable("{}; 1 element of its own"), value)
+                     : fmt::format(texts::translatable("{}; {} elements of its own"), value, own);
   return {"ribs", value, origin_of(origins, "rib")};
 }
 
 SettingRow seismic_row(const model::DesignSettings& settings, const SetupOrigins& origins) {
   const std::string value =
-      settings.seismic ? fmt::format("on, gammaRE {} strength, {} stability",
+      settings.seismic ? fmt::format(texts::translatable("on, gammaRE {} strength, {} stability"),
                                      settings.gamma_re_strength, settings.gamma_re_stability)
-                       : "off";
+                       : texts::translatable("off");
   return {"seismic_factors", value, origin_of(origins, "seismic")};
 }
 
@@ -62,8 +67,9 @@ bool is_of_mode(const members::SegmentFactors& of) {
 /// none.
 SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factors) {
   std::array<std::size_t, 4> counts{};
-  constexpr std::array<std::string_view, 4> names{"computed", "by buckling modes", "given",
-                                                  "taken as 1"};
+  constexpr std::array<const char*, 4> names{
+      texts::translatable("{} computed"), texts::translatable("{} by buckling modes"),
+      texts::translatable("{} given"), texts::translatable("{} taken as 1")};
   for (const members::SegmentFactors& of : factors) {
     const bool computed = is_computed(of.y.source) || is_computed(of.z.source);
     const std::size_t kind = is_of_mode(of) ? 1 : computed ? 0 : is_given(of.y.source) ? 2 : 3;
@@ -72,23 +78,25 @@ SettingRow length_factors_row(const std::vector<members::SegmentFactors>& factor
   std::string value;
   for (std::size_t kind = 0; kind < counts.size(); ++kind) {
     if (counts[kind] == 0) continue;
-    value += fmt::format("{}{} {}", value.empty() ? "" : ", ", counts[kind], names[kind]);
+    value += (value.empty() ? "" : ", ") + fmt::format(fmt::runtime(names[kind]), counts[kind]);
   }
   const bool has_computed = counts[0] + counts[1] > 0;
-  const char* origin = counts[3] == 0 ? "given" : "default";
-  return {"length_factors", value, has_computed ? "from the frame" : origin};
+  const char* origin =
+      counts[3] == 0 ? texts::translatable("given") : texts::translatable("default");
+  return {"length_factors", value, has_computed ? texts::translatable("from the frame") : origin};
 }
 
 SettingRow buckling_row(const model::Model& model) {
   const auto given = model.frame.value_or(model::FrameSettings()).buckling_limit;
   return {"buckling_limit", fmt::format("{}", given.value_or(model::usual_limit(model.analysis))),
-          given ? "given" : "default"};
+          given ? texts::translatable("given") : texts::translatable("default")};
 }
 
 std::string analysis_in_words(const model::Model& model) {
   const std::string imperfections = imperfections_text(model);
-  return imperfections.empty() ? translatable("second-order")
-                               : fmt::format(translatable("second-order with {}"), imperfections);
+  return imperfections.empty()
+             ? texts::translatable("second-order")
+             : fmt::format(texts::translatable("second-order with {}"), imperfections);
 }
 
 std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& origins,
@@ -96,15 +104,17 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
                                 SettingRow analysis) {
   const model::DesignSettings settings = model.design.value_or(model::DesignSettings());
   const auto grade = static_cast<std::size_t>(settings.safety_class - 1);
-  return {{"safety_class", fmt::format("{}, gamma0 {}", settings.safety_class, gamma_0.at(grade)),
-           origin_of(origins, "safety_class")},
-          ribs_row(model, settings, origins),
-          {"strength_ratio", fmt::format("{}", settings.strength_ratio),
-           origin_of(origins, "strength_ratio")},
-          seismic_row(settings, origins),
-          length_factors_row(factors),
-          buckling_row(model),
-          std::move(analysis)};
+  return {
+      {"safety_class",
+       fmt::format(texts::translatable("{}, gamma0 {}"), settings.safety_class, gamma_0.at(grade)),
+       origin_of(origins, "safety_class")},
+      ribs_row(model, settings, origins),
+      {"strength_ratio", fmt::format("{}", settings.strength_ratio),
+       origin_of(origins, "strength_ratio")},
+      seismic_row(settings, origins),
+      length_factors_row(factors),
+      buckling_row(model),
+      std::move(analysis)};
 }
 
 }  // namespace
@@ -112,20 +122,23 @@ std::vector<SettingRow> rows_of(const model::Model& model, const SetupOrigins& o
 SettingRow analysis_setting(const model::Model& model, const SetupOrigins& origins) {
   if (model.analysis.large_displacements) {
     return {"analysis", large_displacements,
-            origins.second_order_asked ? "--large-displacements" : "given"};
+            origins.second_order_asked ? "--large-displacements" : texts::translatable("given")};
   }
   if (model.analysis.second_order) {
     return {"analysis", analysis_in_words(model),
-            origins.second_order_asked ? "--second-order" : "given"};
+            origins.second_order_asked ? "--second-order" : texts::translatable("given")};
   }
   const bool has_loads = std::ranges::any_of(model.load_cases, forces::has_loads);
   const bool has_forces = model.forces != model::ForceTable();
-  const std::string file = origins.forces ? origins.forces->filename().string() : "given";
-  if (!has_forces) return {"analysis", translatable("linear"), "default"};
-  if (!has_loads) return {"analysis", translatable("given forces"), file};
+  const std::string file =
+      origins.forces ? origins.forces->filename().string() : texts::translatable("given");
+  if (!has_forces)
+    return {"analysis", texts::translatable("linear"), texts::translatable("default")};
+  if (!has_loads) return {"analysis", texts::translatable("given forces"), file};
   return {"analysis",
-          forces::has_all_forces(model) ? translatable("given forces, loads are not analysed")
-                                        : translatable("linear, beside given forces"),
+          forces::has_all_forces(model)
+              ? texts::translatable("given forces, loads are not analysed")
+              : texts::translatable("linear, beside given forces"),
           file};
 }
 

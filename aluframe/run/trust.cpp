@@ -1,8 +1,6 @@
 // Whether stored results are to be trusted: what they cover, how they were made, and whether the
 // model is still as it was.
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <set>
 #include <stdexcept>
@@ -13,6 +11,8 @@
 #include "aluframe/run/buckling.h"
 #include "aluframe/run/results.h"
 #include "aluframe/run/setup.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::run {
 
@@ -48,18 +48,23 @@ Coverage coverage_of(store::ResultReader& reader) {
 
 std::string combinations_text(const Coverage& coverage) {
   std::string text =
-      fmt::format("{} of {}", coverage.combinations.size(), coverage.of_combinations);
+      texts::translated("{} of {}", coverage.combinations.size(), coverage.of_combinations);
   if (!coverage.by_states) return text;
   const std::size_t states = coverage.states.size();
-  return states == coverage.of_states
-             ? fmt::format("{} (as {} state{})", text, states, states == 1 ? "" : "s")
-             : fmt::format("{} (as {} of {} states)", text, states, coverage.of_states);
+  if (states != coverage.of_states) {
+    return texts::translated("{} (as {} of {} states)", text, states, coverage.of_states);
+  }
+  return states == 1 ? texts::translated("{} (as 1 state)", text)
+                     : texts::translated("{} (as {} states)", text, states);
 }
 
 std::string coverage_text(const Coverage& coverage) {
-  return fmt::format("elements {} of {}, combinations {}, forces: {}{}", coverage.elements,
-                     coverage.of_elements, combinations_text(coverage), coverage.analysis,
-                     coverage.second_opinion == SecondOpinion::off ? ", second opinion: off" : "");
+  const std::string text = texts::translated(
+      "elements {} of {}, combinations {}, forces: {}", coverage.elements, coverage.of_elements,
+      combinations_text(coverage), texts::sentence_in_words(coverage.analysis));
+  return coverage.second_opinion == SecondOpinion::off
+             ? texts::translated("{}, second opinion: off", text)
+             : text;
 }
 
 InputOptions as_checked(const InputOptions& options, const fs::path& file,
@@ -104,11 +109,13 @@ std::optional<std::string> unfinished_text(const fs::path& file, store::RunState
   switch (state) {
     case store::RunState::complete:
       if (file.extension() != store::partial_path_of("results").extension()) return std::nullopt;
-      return file.string() + ": these results are whole but could not be put in their place";
+      return texts::translated("{}: these results are whole but could not be put in their place",
+                               file.string());
     case store::RunState::running:
-      return file.string() + ": these results are of a run that did not finish";
+      return texts::translated("{}: these results are of a run that did not finish", file.string());
     default:
-      return file.string() + ": these results are of a run that was stopped before its end";
+      return texts::translated("{}: these results are of a run that was stopped before its end",
+                               file.string());
   }
 }
 
@@ -116,7 +123,7 @@ std::optional<std::string> later_run_text(const fs::path& file) {
   const fs::path partial = store::partial_path_of(file);
   std::error_code ignored;
   if (!fs::exists(partial, ignored)) return std::nullopt;
-  return fmt::format(
+  return texts::translated(
       "{}: a later run is going on or ended early; these results are of an earlier one",
       partial.string());
 }
@@ -125,15 +132,16 @@ std::optional<std::string> left_instead_text(const fs::path& file) {
   const fs::path partial = store::partial_path_of(file);
   std::error_code ignored;
   if (fs::exists(file, ignored) || !fs::exists(partial, ignored)) return std::nullopt;
-  return fmt::format(
+  return texts::translated(
       "{}: there is no such file yet; {} holds what a run that is going on or ended "
       "early has stored",
       file.string(), partial.string());
 }
 
 std::string other_state_text(const fs::path& model, const fs::path& file) {
-  return fmt::format("{}: these results are of another state of {} or its forces; check it again",
-                     file.string(), model.string());
+  return texts::translated(
+      "{}: these results are of another state of {} or its forces; check it again", file.string(),
+      model.string());
 }
 
 std::vector<std::string> cautions(const InputOptions& input, const fs::path& file,
@@ -144,8 +152,8 @@ std::vector<std::string> cautions(const InputOptions& input, const fs::path& fil
   if (input.model == file) return out;
   const auto read = read_input(as_checked(input, file, reader.info()));
   if (const auto* problem = std::get_if<Problem>(&read)) {
-    out.push_back(
-        fmt::format("{}: cannot be compared with the model: {}", file.string(), problem->text));
+    out.push_back(texts::translated("{}: cannot be compared with the model: {}", file.string(),
+                                    problem->text));
   } else if (std::get<Input>(read).digest != reader.info().model_digest) {
     out.push_back(other_state_text(input.model, file));
   }

@@ -1,10 +1,9 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/shapes.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::section {
 
@@ -30,12 +29,12 @@ double value_of(const Section& section, std::string_view name) {
 /// A problem of the dimension called `name`: "tw is 60 mm: <why>".
 DimensionProblem problem_of(const Section& section, std::string_view name, std::string_view why) {
   const std::size_t place = place_of(section, name);
-  return {place, fmt::format("{} is {:.6g} mm: {}", name, section.dimensions[place], why)};
+  return {place, texts::translated("{} is {:.6g} mm: {}", name, section.dimensions[place], why)};
 }
 
 /// "(H 200 mm)"
 std::string quoted(const Section& section, std::string_view name) {
-  return fmt::format("({} {:.6g} mm)", name, value_of(section, name));
+  return texts::translated("({} {:.6g} mm)", name, value_of(section, name));
 }
 
 bool may_be_zero(const Section& section, std::string_view name) {
@@ -44,15 +43,17 @@ bool may_be_zero(const Section& section, std::string_view name) {
 
 /// What is wrong with a dimension on its own; empty when nothing is.
 std::string fault_of_value(double value, bool may_be_zero) {
-  if (!std::isfinite(value)) return "must be a finite number";
+  if (!std::isfinite(value)) return texts::translated("must be a finite number");
   if (may_be_zero) {
-    if (value < 0.0) return "must not be negative";
-    return value > largest_dimension ? fmt::format("must be at most {:g} mm", largest_dimension)
-                                     : "";
+    if (value < 0.0) return texts::translated("must not be negative");
+    return value > largest_dimension
+               ? texts::translated("must be at most {:g} mm", largest_dimension)
+               : "";
   }
-  if (value <= 0.0) return "must be more than 0";
+  if (value <= 0.0) return texts::translated("must be more than 0");
   if (value >= smallest_dimension && value <= largest_dimension) return "";
-  return fmt::format("must be between {:g} and {:g} mm", smallest_dimension, largest_dimension);
+  return texts::translated("must be between {:g} and {:g} mm", smallest_dimension,
+                           largest_dimension);
 }
 
 /// Every dimension must be a length on its own.
@@ -62,7 +63,7 @@ Problem find_bad_value(const Section& section) {
     const double value = section.dimensions[i];
     const std::string fault = fault_of_value(value, may_be_zero(section, names[i]));
     if (!fault.empty())
-      return DimensionProblem{i, fmt::format("{} is {} mm: {}", names[i], value, fault)};
+      return DimensionProblem{i, texts::translated("{} is {} mm: {}", names[i], value, fault)};
   }
   return std::nullopt;
 }
@@ -72,14 +73,16 @@ Problem find_deep_flanges(const Section& section, std::string_view top, std::str
   const double t1 = value_of(section, top);
   const double t2 = value_of(section, bottom);
   if (t1 + t2 + smallest_dimension <= value_of(section, "H")) return std::nullopt;
-  return problem_of(section, t2 > t1 ? bottom : top,
-                    "the two flanges are as deep as the section " + quoted(section, "H"));
+  return problem_of(
+      section, t2 > t1 ? bottom : top,
+      texts::translated("the two flanges are as deep as the section {}", quoted(section, "H")));
 }
 
 Problem find_thick_web(const Section& section, std::string_view width) {
   if (value_of(section, "tw") <= value_of(section, width)) return std::nullopt;
-  return problem_of(section, "tw",
-                    "the web is thicker than the flange is wide " + quoted(section, width));
+  return problem_of(
+      section, "tw",
+      texts::translated("the web is thicker than the flange is wide {}", quoted(section, width)));
 }
 
 /// Radii must find room on the web, on the flanges' inner faces and on their edges.
@@ -89,17 +92,17 @@ Problem find_large_radius(const Section& section) {
   const double sides = section.shape == Shape::h_section ? 2.0 : 1.0;
   const auto at_most = [&](std::string_view name, double limit, std::string_view what) {
     return problem_of(section, name,
-                      fmt::format("{} leaves room for at most {:.6g} mm", what, limit));
+                      texts::translated("{} leaves room for at most {:.6g} mm", what, limit));
   };
   const double web = (value_of(section, "H") - value_of(section, "tf1") - value_of(section, "tf2"));
-  if (r1 > web / 2.0) return at_most("r1", web / 2.0, "the web");
+  if (r1 > web / 2.0) return at_most("r1", web / 2.0, texts::translated("the web"));
   const double tf = std::min(value_of(section, "tf1"), value_of(section, "tf2"));
-  if (r2 > tf) return at_most("r2", tf, "the thinner flange");
+  if (r2 > tf) return at_most("r2", tf, texts::translated("the thinner flange"));
   const double width = std::min(value_of(section, "B1"), value_of(section, "B2"));
   const double outstand = (width - value_of(section, "tw")) / sides;
   if (r1 + r2 <= outstand) return std::nullopt;
   return at_most(r1 > r2 ? "r1" : "r2", outstand - std::min(r1, r2),
-                 "beside the other radius, the narrower flange");
+                 texts::translated("beside the other radius, the narrower flange"));
 }
 
 Problem find_problem_of_flanged(const Section& section) {
@@ -111,8 +114,9 @@ Problem find_problem_of_flanged(const Section& section) {
 
 Problem find_problem_of_tee(const Section& section) {
   if (value_of(section, "tf") + smallest_dimension > value_of(section, "H")) {
-    return problem_of(section, "tf",
-                      "the flange is as deep as the section " + quoted(section, "H"));
+    return problem_of(
+        section, "tf",
+        texts::translated("the flange is as deep as the section {}", quoted(section, "H")));
   }
   return find_thick_web(section, "B");
 }
@@ -123,23 +127,29 @@ Problem find_problem_of_box(const Section& section) {
   const double tw = value_of(section, "tw");
   const double c = value_of(section, "C");
   if (2.0 * tw >= b) {
-    return problem_of(section, "tw",
-                      "the two webs are as wide as the section " + quoted(section, "B"));
+    return problem_of(
+        section, "tw",
+        texts::translated("the two webs are as wide as the section {}", quoted(section, "B")));
   }
   if (c < tw + smallest_dimension) {
-    return problem_of(section, "C", "the webs leave no cell between them " + quoted(section, "tw"));
+    return problem_of(
+        section, "C",
+        texts::translated("the webs leave no cell between them {}", quoted(section, "tw")));
   }
   if (c > b - tw + rounding * b) {
     return problem_of(
         section, "C",
-        fmt::format("the webs stand out over the flanges (at most B − tw = {:.6g} mm)", b - tw));
+        texts::translated("the webs stand out over the flanges (at most B − tw = {:.6g} mm)",
+                          b - tw));
   }
   return std::nullopt;
 }
 
 Problem find_problem_of_pipe(const Section& section) {
   if (value_of(section, "t") <= value_of(section, "D") / 2.0) return std::nullopt;
-  return problem_of(section, "t", "the wall is thicker than the radius " + quoted(section, "D"));
+  return problem_of(
+      section, "t",
+      texts::translated("the wall is thicker than the radius {}", quoted(section, "D")));
 }
 
 Problem find_problem_of_double_channel(const Section& section) {

@@ -11,6 +11,7 @@
 
 #include "aluframe/files/error_text.h"
 #include "aluframe/services/binding.h"
+#include "aluframe/texts/text.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
 namespace aluframe::services {
@@ -138,7 +139,8 @@ CheckSummary run_check(const model::Model& model, SessionOptions options) {
   const int flag = take_up(session) ? IAluDgnDataMgr::Instance()->CheckCode(nullptr) : 0;
   RunOutcome outcome = outcome_of(session, flag);
   if (outcome == RunOutcome::failed && !session.monitor().failure()) {
-    session.monitor().note_failure("the design module ended the run without a result");
+    session.monitor().note_failure(
+        texts::translated("the design module ended the run without a result"));
   }
   try {
     if (outcome == RunOutcome::complete && session.options().after_elements &&

@@ -1,7 +1,5 @@
 #include "aluframe/services/design_manager.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <exception>
 #include <stdexcept>
@@ -13,6 +11,7 @@
 #include "aluframe/services/repeated_check.h"
 #include "aluframe/services/text.h"
 #include "aluframe/store/check_names.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::services {
 
@@ -44,7 +43,7 @@ std::optional<std::string> mixture_of(const store::RunInfo& stored, const store:
   const std::string found = combinations_of(stored);
   const std::string asked = combinations_of(wanted);
   if (found == asked) return std::nullopt;
-  return fmt::format(
+  return texts::translated(
       "holds results of combination {}, which are not mixed with those of combination {}; check "
       "the model again",
       found, asked);
@@ -194,10 +193,10 @@ void DesignManager::CheckedAgain(UINT elem, int type, const T_RALU_ITEM& stored,
   const auto difference = difference_of_checks(stored, again);
   if (!difference) return;
   noting_failure([&] {
-    throw std::runtime_error(fmt::format(
+    throw std::runtime_error(texts::translated(
         "element {}, {}, combination {}{}, position {}: {} in {}; check the model again", elem,
-        store::item_names.at(static_cast<std::size_t>(type)), stored.nLComb,
-        stored.nMinSide != 0 ? " (minimum side)" : "",
+        texts::translation_of(store::item_names.at(static_cast<std::size_t>(type))), stored.nLComb,
+        stored.nMinSide != 0 ? texts::translated(" (minimum side)") : "",
         store::position_names.at(static_cast<std::size_t>(stored.nPos)), *difference,
         result_path_.string()));
   });

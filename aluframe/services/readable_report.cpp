@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "aluframe/services/text.h"
+#include "aluframe/texts/text.h"
 #include "tz_alu/report/report_literals.h"
 
 namespace aluframe::services {
@@ -20,7 +21,7 @@ class Converter {
       : descriptor_(iconv_open(to.c_str(), from.c_str())), from_(from) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): how iconv_open says that it failed
     if (descriptor_ == reinterpret_cast<iconv_t>(-1)) {
-      throw std::runtime_error("no conversion from " + from + " to " + to);
+      throw std::runtime_error(texts::translated("no conversion from {} to {}", from, to));
     }
   }
   Converter(const Converter&) = delete;
@@ -35,7 +36,7 @@ class Converter {
     char* end = out.data();
     std::size_t out_left = out.size();
     if (iconv(descriptor_, &in, &in_left, &end, &out_left) == static_cast<std::size_t>(-1)) {
-      throw std::runtime_error("holds bytes that are not " + from_);
+      throw std::runtime_error(texts::translated("holds bytes that are not {}", from_));
     }
     out.resize(out.size() - out_left);
     return out;

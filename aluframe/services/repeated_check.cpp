@@ -1,6 +1,6 @@
 #include "aluframe/services/repeated_check.h"
 
-#include <fmt/format.h>
+#include "aluframe/texts/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,15 +28,15 @@ double finite_scale(double value) {
 std::optional<std::string> difference_of_checks(const T_RALU_ITEM& stored,
                                                 const T_RALU_RLT& again) {
   if (RaluIsEmpty(again.dDemand, again.dCapacity)) {
-    return fmt::format("no result when made again, demand {:.6g} as stored", stored.dDemand);
+    return texts::translated("no result when made again, demand {:.6g} as stored", stored.dDemand);
   }
   if (!agree(stored.dDemand, again.dDemand, finite_scale(again.dCapacity))) {
-    return fmt::format("demand {:.6g} when made again, {:.6g} as stored", again.dDemand,
-                       stored.dDemand);
+    return texts::translated("demand {:.6g} when made again, {:.6g} as stored", again.dDemand,
+                             stored.dDemand);
   }
   if (!agree(stored.dCapacity, again.dCapacity, 0.0)) {
-    return fmt::format("capacity {:.6g} when made again, {:.6g} as stored", again.dCapacity,
-                       stored.dCapacity);
+    return texts::translated("capacity {:.6g} when made again, {:.6g} as stored", again.dCapacity,
+                             stored.dCapacity);
   }
   return std::nullopt;
 }

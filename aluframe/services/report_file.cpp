@@ -10,6 +10,8 @@
 #include <system_error>
 
 #include "aluframe/services/environment_charset.h"
+#include "aluframe/texts/system_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::services {
 
@@ -38,7 +40,7 @@ Verdict verdict_of(const std::string& line) {
 }
 
 std::string reason_of(int error) {
-  return std::generic_category().message(error);
+  return texts::system_text(error);
 }
 
 struct Close {
@@ -62,15 +64,19 @@ int append_probe(const fs::path& path) {
 std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(report, error);
-  if (error) return "cannot be read: " + error.message();
+  if (error) return texts::translated("cannot be read: {}", texts::system_text(error));
   const int failed = append_probe(report);
   fs::resize_file(report, size, error);
   if (failed != 0) return reason_of(failed);
-  const std::string lost = std::to_string(lost_blocks) + (lost_blocks == 1 ? " block" : " blocks");
+  const std::string lost =
+      texts::counted(static_cast<std::size_t>(lost_blocks), texts::translatable("{} block"),
+                     texts::translatable("{} blocks"));
   const bool lacks_none = charset_of_environment().value_or("UTF-8") == "UTF-8";
-  if (lacks_none) return "writing failed for a moment, in " + lost + "; try again";
-  return "a character that the environment's character set lacks, in " + lost +
-         " (LC_ALL=C.UTF-8 has them all), or writing failed for a moment";
+  if (lacks_none) return texts::translated("writing failed for a moment, in {}; try again", lost);
+  return texts::translated(
+      "a character that the environment's character set lacks, in {} (LC_ALL=C.UTF-8 has them "
+      "all), or writing failed for a moment",
+      lost);
 }
 
 ReportedElements reported_elements(const std::string& text) {

@@ -15,6 +15,7 @@
 #include "aluframe/services/readable_report.h"
 #include "aluframe/services/report_file.h"
 #include "aluframe/services/text.h"
+#include "aluframe/texts/text.h"
 #include "tz_alu/manager/dgnaludatamgr.h"
 
 namespace aluframe::services {
@@ -96,7 +97,7 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
   ReportSummary summary;
   if (!done) {
     summary.outcome = session.had_message() ? RunOutcome::nothing_to_check : RunOutcome::failed;
-    summary.failure = "the design module ended the report early";
+    summary.failure = texts::translated("the design module ended the report early");
     return summary;
   }
   summary.outcome = RunOutcome::complete;
@@ -116,9 +117,11 @@ void fail(ReportSummary& summary, std::string reason) {
 void leave(files::Publication& report, const std::filesystem::path& path, ReportSummary& summary) {
   std::error_code ignored;
   const auto size = std::filesystem::file_size(report.path(), ignored);
-  summary.failure = path.string() + ": the report is incomplete: " + summary.failure;
+  summary.failure =
+      texts::translated("{}: the report is incomplete: {}", path.string(), summary.failure);
   if (ignored || size == 0) return;
-  summary.failure += "; what was written is in " + report.path().filename().string();
+  summary.failure +=
+      texts::translated("; what was written is in {}", report.path().filename().string());
   report.keep();
 }
 
@@ -159,10 +162,11 @@ std::filesystem::path partial_name_of(const std::filesystem::path& report) {
 std::optional<std::string> problem_of(const std::filesystem::path& path,
                                       const std::filesystem::path& result_path) {
   if (files::is_same_file(path, result_path)) {
-    return path.string() + ": holds the results, which the report would overwrite";
+    return texts::translated("{}: holds the results, which the report would overwrite",
+                             path.string());
   }
   if (to_utf8(to_wide(path.string())) != path.string()) {
-    return path.string() + ": is not UTF-8, as the names of reports must be";
+    return texts::translated("{}: is not UTF-8, as the names of reports must be", path.string());
   }
   return std::nullopt;
 }
@@ -197,7 +201,8 @@ ReportSummary run_report(const model::Model& model, SessionOptions options,
     try {
       report.emplace(*path, partial_name_of(*path), files::WhenBusy::refuse);
     } catch (const std::exception& error) {
-      return failed(path->string() + ": cannot be written: " + files::error_text(error));
+      return failed(
+          texts::translated("{}: cannot be written: {}", path->string(), files::error_text(error)));
     }
   }
   ReportSummary summary = run_session(model, std::move(options), report, path);

@@ -8,6 +8,7 @@
 #include "aluframe/model/force_component.h"
 #include "aluframe/services/plain_capacity.h"
 #include "aluframe/store/check_names.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::services {
 
@@ -105,7 +106,8 @@ std::optional<std::uint32_t> RunMonitor::set_done(std::size_t done) {
   std::optional<std::uint32_t> unchecked;
   if (done_ < elements_.size() && !current_.governing_written) {
     unchecked = elements_[done_];
-    not_checked_.push_back({*unchecked, std::nullopt, "its design data could not be assembled"});
+    not_checked_.push_back(
+        {*unchecked, std::nullopt, texts::translatable("its design data could not be assembled")});
   }
   done_ = taken_up() + done;
   current_ = Current();
@@ -134,12 +136,13 @@ void RunMonitor::note_forces(std::uint32_t element, const T_ALU_FORCE_D& forces)
 void RunMonitor::note_missing_forces(std::uint32_t element, std::uint32_t combination,
                                      std::optional<std::uint32_t> load_case) {
   if (done_ >= elements_.size()) return;
-  const std::string cause =
-      load_case ? " (none for load case " + std::to_string(*load_case) + ")" : "";
-  std::string reason = "no forces" + cause;
+  std::string reason =
+      load_case ? fmt::format(texts::translatable("no forces (none for load case {})"), *load_case)
+                : std::string(texts::translatable("no forces"));
   if (!is_current(element)) {
-    reason = "the end moment of its member at element " + std::to_string(element) +
-             ", taken as 0: " + reason;
+    reason = fmt::format(
+        texts::translatable("the end moment of its member at element {}, taken as 0: {}"), element,
+        reason);
   }
   add_pending({elements_[done_], combination, reason});
 }
@@ -180,7 +183,9 @@ void RunMonitor::note_positions(std::uint32_t element, std::uint32_t combination
   }
   if (unchecked.empty()) return;
   add_pending(
-      {element, combination, "no section parameters could be formed at position " + unchecked});
+      {element, combination,
+       fmt::format(texts::translatable("no section parameters could be formed at position {}"),
+                   unchecked)});
 }
 
 void RunMonitor::note_left_out_forces(std::size_t position, std::uint32_t combination,
@@ -227,20 +232,24 @@ void RunMonitor::note_forces_without_state(std::uint32_t element) {
 
 std::string RunMonitor::reason_without_result(std::uint32_t element) const {
   if (!current_.had_forces) {
-    return current_.pending.empty() ? "no forces in any combination"
-                                    : current_.pending.front().reason + " in any combination";
+    return current_.pending.empty() ? texts::translatable("no forces in any combination")
+                                    : fmt::format(texts::translatable("{} in any combination"),
+                                                  current_.pending.front().reason);
   }
   const model::Element* found = model_.elements.find(element);
   const model::Section* section = found == nullptr ? nullptr : model_.sections.find(found->section);
   if (section != nullptr && section->shape == model::Shape::other) {
-    return "the checks do not cover the shape of section " + std::to_string(section->number) +
-           name_text(*section) + ": no check was made, judge it by hand";
+    return fmt::format(texts::translatable("the checks do not cover the shape of section {}{}: no "
+                                           "check was made, judge it by hand"),
+                       section->number, name_text(*section));
   }
   if (!current_.had_force_state) {
-    return "neither axial force nor bending acts on it, and its slenderness has no limit";
+    return texts::translatable(
+        "neither axial force nor bending acts on it, and its slenderness has no limit");
   }
-  return "no section parameters could be formed: its area, a section modulus or the z of a stress "
-         "point is 0, or local buckling leaves nothing of it";
+  return texts::translatable(
+      "no section parameters could be formed: its area, a section modulus or the z of a stress "
+      "point is 0, or local buckling leaves nothing of it");
 }
 
 void RunMonitor::note_assertion(const std::string& source, int line) {

@@ -11,15 +11,16 @@
 #include "aluframe/model/model.h"
 #include "aluframe/services/governing_count.h"
 #include "aluframe/store/result_file.h"
+#include "aluframe/texts/text.h"
 #include "host/tz_db/forces.h"
 #include "host/tz_db/ralu.h"
 
 namespace aluframe::services {
 
 /// Why shear and torsion stand without a check, as NotChecked::reason says it.
-inline constexpr const char* shear_without_check =
-    "shear where it acts without bending, or with axial force on a member that is no beam";
-inline constexpr const char* torsion_without_check = "torsion";
+inline constexpr const char* shear_without_check = texts::translatable(
+    "shear where it acts without bending, or with axial force on a member that is no beam");
+inline constexpr const char* torsion_without_check = texts::translatable("torsion");
 
 /// What a run came to, gathered from the services that it called: what was checked, what could not
 /// be and why, and what went wrong.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "aluframe/services/binding.h"
+#include "aluframe/texts/text.h"
 #include "tz_alu/dialogs/dgnalucodedlg.h"
 #include "tz_alu/dialogs/dgnalumatdlg.h"
 
@@ -33,7 +34,7 @@ DialogEnd run_settings_dialog(model::Model& model, SettingsDialog dialog, Sessio
   const int result = run_modal(dialog);
   for (const auto& [place, count] : session.monitor().assertions()) {
     if (message) {
-      message("internal inconsistency (" + place + "), met " + std::to_string(count) + " times");
+      message(texts::translated("internal inconsistency ({}), met {} times", place, count));
     }
   }
   if (result == CDialog::kFailed) return DialogEnd::failed;

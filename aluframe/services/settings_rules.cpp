@@ -1,8 +1,7 @@
 #include "aluframe/services/settings_rules.h"
 
-#include <fmt/format.h>
-
 #include "aluframe/model/plain_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::services {
 
@@ -30,8 +29,8 @@ bool is_positive(double value) {
   return value > 0.0 && value <= largest_number;
 }
 
-constexpr const char* factor_range = "must be between 1e-06 and 1e+30";
-constexpr const char* positive_range = "must be above 0 and at most 1e+30";
+constexpr const char* factor_range = texts::translatable("must be between 1e-06 and 1e+30");
+constexpr const char* positive_range = texts::translatable("must be above 0 and at most 1e+30");
 
 constexpr NumberRule<DesignSettings> settings_rules[] = {
     {"rib_ratio", &DesignSettings::rib_ratio, is_factor, factor_range},
@@ -54,7 +53,8 @@ void add_broken(const Record& record, const NumberRule<Record> (&rules)[Size],
   for (const NumberRule<Record>& rule : rules) {
     const double value = record.*rule.member;
     if (!rule.holds(value)) {
-      out.push_back({rule.field, fmt::format("found {}, {}", value, rule.allowed)});
+      out.push_back({rule.field, texts::translated("found {}, {}", value,
+                                                   texts::translation_of(rule.allowed))});
     }
   }
 }
@@ -65,7 +65,7 @@ std::vector<BrokenRule> broken_rules(const DesignSettings& settings) {
   std::vector<BrokenRule> broken;
   if (settings.safety_class < 1 || settings.safety_class > 3) {
     broken.push_back(
-        {"safety_class", fmt::format("found {}, must be 1, 2 or 3", settings.safety_class)});
+        {"safety_class", texts::translated("found {}, must be 1, 2 or 3", settings.safety_class)});
   }
   add_broken(settings, settings_rules, broken);
   return broken;
@@ -75,10 +75,12 @@ std::vector<BrokenRule> broken_rules(const Material& material) {
   std::vector<BrokenRule> broken;
   const bool of_the_user = material.standard.empty() || material.standard == model::user_standard;
   if (of_the_user && material.name.empty() && material.grade.empty()) {
-    broken.push_back({"name", "found none, values of the user must have a name"});
+    broken.push_back(
+        {"name", texts::translated("found none, values of the user must have a name")});
   }
   if (const auto found = model::find_control_character(material.name)) {
-    broken.push_back({"name", fmt::format("found {}, {}", *found, model::plain_text_rule)});
+    broken.push_back({"name", texts::translated("found {}, {}", *found,
+                                                texts::translation_of(model::plain_text_rule))});
   }
   add_broken(material, material_rules, broken);
   return broken;

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -10,6 +8,7 @@
 #include "aluframe/store/database.h"
 #include "aluframe/store/result_writer.h"
 #include "aluframe/store/schema.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::store {
 
@@ -26,8 +25,8 @@ bool holds_something(const fs::path& path) {
 /// Ends what a killed run left of the path: a partial file is to be no other than a run's.
 void require_no_other_file(const fs::path& partial) {
   if (holds_something(partial) && files::kind_of(partial) != files::FileKind::results) {
-    throw std::runtime_error(
-        fmt::format("{} stands in the way: it is no result file", partial.filename().string()));
+    throw std::runtime_error(texts::translated("{} stands in the way: it is no result file",
+                                               partial.filename().string()));
   }
 }
 
@@ -80,7 +79,7 @@ std::unique_ptr<ResultWriter> ResultWriter::wait_and_create(const fs::path& path
 
 std::unique_ptr<ResultWriter> ResultWriter::reopen(const fs::path& path, const RunInfo& info) {
   return about_file(path, [&]() -> std::unique_ptr<ResultWriter> {
-    if (!fs::exists(path)) throw std::runtime_error("there is no such file");
+    if (!fs::exists(path)) throw std::runtime_error(texts::translated("there is no such file"));
     auto file = std::make_unique<files::Publication>(path);
     require_replaceable_results(file->destination());
     require_same_run(file->destination(), info);

@@ -6,6 +6,8 @@
 
 #include "aluframe/files/error_text.h"
 #include "aluframe/store/schema.h"
+#include "aluframe/texts/system_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::store {
 
@@ -13,14 +15,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* no_result_file = "is not a result file";
+std::runtime_error no_result_file() {
+  return std::runtime_error(texts::translated("is not a result file"));
+}
 
 /// SQLite calls a file damaged also when the system fails to read it.
 void require_read(SQLite::Database& database) {
   int number = 0;
   sqlite3_file_control(database.getHandle(), nullptr, SQLITE_FCNTL_LAST_ERRNO, &number);
   if (number == 0) return;
-  throw std::runtime_error("cannot be read: " + std::generic_category().message(number));
+  throw std::runtime_error(texts::translated("cannot be read: {}", texts::system_text(number)));
 }
 
 /// A file is looked at through SQLite alone: closing any other handle on it would drop the locks of
@@ -31,34 +35,35 @@ int marked_application(SQLite::Database& database) {
   } catch (const SQLite::Exception& error) {
     if (error.getErrorCode() != SQLITE_NOTADB && error.getErrorCode() != SQLITE_CORRUPT) throw;
     require_read(database);
-    throw std::runtime_error(no_result_file);
+    throw no_result_file();
   }
 }
 
 void require_result_file(SQLite::Database& database) {
   if (marked_application(database) != static_cast<int>(application_id)) {
-    throw std::runtime_error(no_result_file);
+    throw no_result_file();
   }
 }
 
 void require_this_version(SQLite::Database& database) {
   const int found = database.execAndGet("PRAGMA user_version").getInt();
   if (found == format_version) return;
-  throw std::runtime_error("is a result file of format version " + std::to_string(found) +
-                           ", this program reads version " + std::to_string(format_version));
+  throw std::runtime_error(
+      texts::translated("is a result file of format version {}, this program reads version {}",
+                        found, format_version));
 }
 
 void require_file(const fs::path& path) {
   const fs::file_status status = fs::status(path);
-  if (!fs::exists(status)) throw std::runtime_error("there is no such file");
-  if (!fs::is_regular_file(status)) throw std::runtime_error(no_result_file);
+  if (!fs::exists(status)) throw std::runtime_error(texts::translated("there is no such file"));
+  if (!fs::is_regular_file(status)) throw no_result_file();
 }
 
 void require_not_protected(const fs::path& path) {
   constexpr fs::perms write =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   if ((fs::status(path).permissions() & write) == fs::perms::none) {
-    throw std::runtime_error("is write-protected");
+    throw std::runtime_error(texts::translated("is write-protected"));
   }
 }
 
@@ -67,8 +72,8 @@ void require_not_protected(const fs::path& path) {
 std::string reason_of(const std::exception& error) {
   const auto* database = dynamic_cast<const SQLite::Exception*>(&error);
   if (database != nullptr && database->getErrorCode() == SQLITE_CORRUPT) {
-    return "is damaged or cannot be read; check the model again";  // SQLite shows its own
-                                                                   // statements
+    // SQLite shows its own statements.
+    return texts::translated("is damaged or cannot be read; check the model again");
   }
   return files::error_text(error);
 }
@@ -100,7 +105,7 @@ OldFileLock::OldFileLock(const fs::path& path)
     database_.exec("BEGIN IMMEDIATE");
   } catch (const SQLite::Exception& error) {
     if (error.getErrorCode() != SQLITE_BUSY) throw;
-    throw std::runtime_error("another run is writing this file");
+    throw std::runtime_error(texts::translated("another run is writing this file"));
   }
 }
 

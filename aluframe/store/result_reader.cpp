@@ -9,6 +9,7 @@
 #include "aluframe/store/schema.h"
 #include "aluframe/store/stored_rows.h"
 #include "aluframe/store/stored_text.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::store {
 
@@ -119,7 +120,8 @@ class FileReader : public ResultReader {
   /// SQLite has no NaN: the column is NULL, the packed record has the value.
   void restore_not_a_number(GoverningRow& row) {
     const std::optional<T_RALU_D> record = records_.find(row.element, RecordKey());
-    if (!record) throw std::runtime_error("an element has lost its governing record");
+    if (!record)
+      throw std::runtime_error(texts::translated("an element has lost its governing record"));
     row.governing = record->aComp.at(static_cast<std::size_t>(row.item));
   }
 

@@ -2,6 +2,8 @@
 
 #include "aluframe/store/result_file.h"
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::store {
 
 namespace {
@@ -14,21 +16,22 @@ bool is_same_combination(const CombinationRow& a, const CombinationRow& b) {
 }  // namespace
 
 std::optional<std::string> difference_of_runs(const RunInfo& stored, const RunInfo& wanted) {
-  if (stored.code != wanted.code) return "holds results of " + stored.code;
+  if (stored.code != wanted.code) return texts::translated("holds results of {}", stored.code);
   if (stored.model_title != wanted.model_title) {
-    return "holds results of the model \"" + stored.model_title + "\", not of \"" +
-           wanted.model_title + "\"";
+    return texts::translated("holds results of the model \"{}\", not of \"{}\"", stored.model_title,
+                             wanted.model_title);
   }
   for (const CombinationRow& combination : wanted.combinations) {
     const auto found =
         std::ranges::find(stored.combinations, combination.number, &CombinationRow::number);
     if (found == stored.combinations.end() || is_same_combination(*found, combination)) continue;
-    return "holds results of another combination " + std::to_string(combination.number) +
-           "; check the model again";
+    return texts::translated("holds results of another combination {}; check the model again",
+                             combination.number);
   }
   const bool both_known = !stored.model_digest.empty() && !wanted.model_digest.empty();
   if (both_known && stored.model_digest != wanted.model_digest) {
-    return "holds results of another state of the model or its forces; check the model again";
+    return texts::translated(
+        "holds results of another state of the model or its forces; check the model again");
   }
   return std::nullopt;
 }

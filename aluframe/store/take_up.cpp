@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
@@ -11,6 +9,7 @@
 #include "aluframe/store/finished_elements.h"
 #include "aluframe/store/result_writer.h"
 #include "aluframe/store/schema.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::store {
 
@@ -28,8 +27,8 @@ auto or_refused(const fs::path& partial, Action action) {
     return action();
   } catch (const std::exception& error) {
     throw CannotTakeUp(
-        fmt::format("{}: cannot be taken up: {}; check without --resume to begin anew",
-                    partial.string(), reason_of(error)));
+        texts::translated("{}: cannot be taken up: {}; check without --resume to begin anew",
+                          partial.string(), reason_of(error)));
   }
 }
 
@@ -41,7 +40,7 @@ void require_head(SQLite::Database& database, const RunInfo& info) {
   SQLite::Database fresh(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   lay_out(fresh, info);
   if (head_digest(database) != head_digest(fresh)) {
-    throw std::runtime_error("is damaged: it does not hold what its run wrote");
+    throw std::runtime_error(texts::translated("is damaged: it does not hold what its run wrote"));
   }
 }
 
@@ -57,7 +56,8 @@ std::size_t taken_up(const std::vector<FinishedElement>& finished,
                          elements.begin(), elements.begin() + static_cast<std::ptrdiff_t>(count),
                          {}, [](const FinishedElement& element) { return element.notes.element; });
   if (!is_begin_of_run) {
-    throw std::runtime_error("is damaged: its elements are not the first ones of the run");
+    throw std::runtime_error(
+        texts::translated("is damaged: its elements are not the first ones of the run"));
   }
   const std::size_t kept = count == elements.size() && count > 0 ? count - 1 : count;
   return kept == 0 ? 0 : starts + kept;
@@ -84,11 +84,11 @@ WrittenBefore keep(const fs::path& partial, std::size_t count) {
 
 void require_something_left(const fs::path& partial) {
   const fs::file_status status = fs::status(partial);
-  if (!fs::exists(status)) throw std::runtime_error("there is no such file");
+  if (!fs::exists(status)) throw std::runtime_error(texts::translated("there is no such file"));
   if (files::kind_of(partial) != files::FileKind::results) {
     throw std::runtime_error(fs::is_regular_file(status) && fs::file_size(partial) == 0
-                                 ? "its run ended before it had stored anything"
-                                 : "is not a result file");
+                                 ? texts::translated("its run ended before it had stored anything")
+                                 : texts::translated("is not a result file"));
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "aluframe/io/scales.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -17,8 +18,9 @@ namespace {
 constexpr std::array<std::string_view, 4> table_names{"summary", "displacements", "reactions",
                                                       "forces"};
 constexpr std::array<std::string_view, 4> table_headings{
-    "Largest displacements and sums of reactions", "Displacements of nodes",
-    "Reactions of supports", "Element forces in local axes, positions 0 to 4 from start to end"};
+    texts::translatable("Largest displacements and sums of reactions"),
+    texts::translatable("Displacements of nodes"), texts::translatable("Reactions of supports"),
+    texts::translatable("Element forces in local axes, positions 0 to 4 from start to end")};
 constexpr std::array displacement_names{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
 constexpr std::array reaction_names{"Fx", "Fy", "Fz", "Mx", "My", "Mz"};
 constexpr std::array force_names{"N", "Fy", "Fz", "Mx", "My", "Mz"};
@@ -39,7 +41,8 @@ std::string moment_unit(const model::Units& units) {
 }
 
 Column subject_column(const AnalysisView& view) {
-  const std::string key = view.analysis->of_combinations ? "combination" : "case";
+  const std::string key = view.analysis->of_combinations ? texts::translatable("combination")
+                                                         : texts::translatable("case");
   return {.key = key, .heading = key};
 }
 
@@ -79,21 +82,23 @@ std::string subject_name(const AnalysisView& view, model::Number number) {
 }
 
 std::vector<Column> summary_columns(const AnalysisView& view) {
-  std::vector<Column> columns{
-      subject_column(view),
-      {.key = "name", .heading = "name"},
-      {.key = "node", .heading = "node"},
-      {.key = "largest_displacement",
-       .heading = fmt::format("displacement {}", model::name_of(view.units.length)),
-       .decimals = length_decimals(view.units.length)}};
+  std::vector<Column> columns{subject_column(view),
+                              {.key = "name", .heading = texts::translatable("name")},
+                              {.key = "node", .heading = texts::translatable("node")},
+                              {.key = "largest_displacement",
+                               .heading = fmt::format(texts::translatable("displacement {}"),
+                                                      model::name_of(view.units.length)),
+                               .decimals = length_decimals(view.units.length)}};
   for (std::size_t i = 0; i < 3; ++i) {
     columns.push_back(force_column(reaction_names[i], i, view.units));
-    columns.back().heading = "sum of " + columns.back().heading;
+    columns.back().heading = fmt::format(texts::translatable("sum of {}"), columns.back().heading);
   }
-  columns.push_back({.key = "residual", .heading = "residual", .is_scientific = true});
-  columns.push_back({.key = "force_error", .heading = "force error", .is_scientific = true});
+  columns.push_back(
+      {.key = "residual", .heading = texts::translatable("residual"), .is_scientific = true});
+  columns.push_back(
+      {.key = "force_error", .heading = texts::translatable("force error"), .is_scientific = true});
   if (view.analysis->second_order) {
-    columns.push_back({.key = "iterations", .heading = "iterations"});
+    columns.push_back({.key = "iterations", .heading = texts::translatable("iterations")});
   }
   return columns;
 }
@@ -145,7 +150,7 @@ std::vector<Cell> with_components(std::vector<Cell> row, const Components& compo
 OutputTable displacements_table(const AnalysisView& view) {
   const io::Scales scales(view.units);
   OutputTable table;
-  table.columns = {subject_column(view), {.key = "node", .heading = "node"}};
+  table.columns = {subject_column(view), {.key = "node", .heading = texts::translatable("node")}};
   for (std::size_t i = 0; i < 6; ++i) table.columns.push_back(displacement_column(i, view.units));
   for (std::size_t s = 0; s < view.analysis->subjects.size(); ++s) {
     const auto& displacements = view.analysis->answers[s].result.displacements;
@@ -163,7 +168,7 @@ OutputTable displacements_table(const AnalysisView& view) {
 OutputTable reactions_table(const AnalysisView& view) {
   const io::Scales scales(view.units);
   OutputTable table;
-  table.columns = {subject_column(view), {.key = "node", .heading = "node"}};
+  table.columns = {subject_column(view), {.key = "node", .heading = texts::translatable("node")}};
   for (std::size_t i = 0; i < 6; ++i) {
     table.columns.push_back(force_column(reaction_names[i], i, view.units));
   }
@@ -182,9 +187,9 @@ OutputTable reactions_table(const AnalysisView& view) {
 OutputTable forces_table(const AnalysisView& view) {
   const io::Scales scales(view.units);
   OutputTable table;
-  table.columns = {{.key = "element", .heading = "element"},
+  table.columns = {{.key = "element", .heading = texts::translatable("element")},
                    subject_column(view),
-                   {.key = "position", .heading = "position"}};
+                   {.key = "position", .heading = texts::translatable("position")}};
   for (std::size_t i = 0; i < 6; ++i) {
     table.columns.push_back(force_column(force_names[i], i, view.units));
   }

@@ -1,11 +1,11 @@
 #include "aluframe/tables/buckling_tables.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/tables/names.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -17,21 +17,33 @@ std::string name_of(const model::Model& model, bool of_combinations, model::Numb
 }
 
 /// What buckles, or why there is no factor.
-std::string shape_text(bool has_factor, const std::string& shape, const std::string& unknown) {
-  if (has_factor) return unknown.empty() ? shape : shape + "; unknown of other states: " + unknown;
-  return unknown.empty() ? "nothing is compressed, or next to nothing" : "unknown: " + unknown;
+Phrase shape_text(bool has_factor, const std::string& shape, const std::string& unknown) {
+  if (has_factor) {
+    return {unknown.empty() ? shape
+                            : fmt::format(texts::translatable("{}; unknown of other states: {}"),
+                                          shape, unknown)};
+  }
+  return {unknown.empty() ? texts::translatable("nothing is compressed, or next to nothing")
+                          : fmt::format(texts::translatable("unknown: {}"), unknown)};
 }
 
 /// "snaps through: node 5 moves along Z", "none up to 10 times the loads".
-std::string limit_text(const run::LimitFactor& factor) {
-  if (!factor.limit) return "unknown: " + factor.unknown;
+Phrase limit_text(const run::LimitFactor& factor) {
+  if (!factor.limit) return {fmt::format(texts::translatable("unknown: {}"), factor.unknown)};
   using Kind = analysis::LimitLoad::Kind;
   const analysis::LimitLoad& limit = *factor.limit;
   std::string text = limit.text;
-  if (limit.kind == Kind::none) text = fmt::format("none up to {:g} times the loads", limit.factor);
-  if (limit.kind == Kind::snap_through) text = "snaps through: " + text;
-  if (limit.kind == Kind::buckling) text = "buckles: " + text;
-  return factor.unknown.empty() ? text : text + "; unknown of other states: " + factor.unknown;
+  if (limit.kind == Kind::none) {
+    text = fmt::format(texts::translatable("none up to {:g} times the loads"), limit.factor);
+  }
+  if (limit.kind == Kind::snap_through) {
+    text = fmt::format(texts::translatable("snaps through: {}"), text);
+  }
+  if (limit.kind == Kind::buckling) text = fmt::format(texts::translatable("buckles: {}"), text);
+  return {factor.unknown.empty()
+              ? text
+              : fmt::format(texts::translatable("{}; unknown of other states: {}"), text,
+                            factor.unknown)};
 }
 
 Cell text_or_nothing(const std::string& text) {
@@ -39,18 +51,20 @@ Cell text_or_nothing(const std::string& text) {
 }
 
 Column subject_column(bool of_combinations) {
-  if (of_combinations) return {.key = "combination", .heading = "combination"};
-  return {.key = "load_case", .heading = "load case"};
+  if (of_combinations) return {.key = "combination", .heading = texts::translatable("combination")};
+  return {.key = "load_case", .heading = texts::translatable("load case")};
 }
 
 }  // namespace
 
 OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysis& analysis) {
   OutputTable table;
-  table.columns = {
-      subject_column(analysis.of_combinations), {.key = "name", .heading = "name"},
-      {.key = "mode", .heading = "mode"},       {.key = "factor", .heading = "factor"},
-      {.key = "shape", .heading = "shape"},     {.key = "elements", .heading = "elements"}};
+  table.columns = {subject_column(analysis.of_combinations),
+                   {.key = "name", .heading = texts::translatable("name")},
+                   {.key = "mode", .heading = texts::translatable("mode")},
+                   {.key = "factor", .heading = texts::translatable("factor")},
+                   {.key = "shape", .heading = texts::translatable("shape")},
+                   {.key = "elements", .heading = texts::translatable("elements")}};
   const auto add = [&](const run::BucklingFactor& factor, const Cell& mode, double sign) {
     table.rows.push_back({std::int64_t{factor.subject},
                           name_of(model, analysis.of_combinations, factor.subject), mode,
@@ -68,7 +82,7 @@ OutputTable buckling_table(const model::Model& model, const run::BucklingAnalysi
     if (!is_last) continue;
     for (const run::BucklingFactor& other : analysis.reversed) {
       if (other.subject == factor.subject && other.factor)
-        add(other, std::string("reversed"), -1.0);
+        add(other, Phrase{texts::translatable("reversed")}, -1.0);
     }
   }
   return table;
@@ -78,12 +92,13 @@ OutputTable limit_load_table(const model::Model& model, const run::LimitAnalysis
   const double length = model::millimetres_per(model.units.length);
   OutputTable table;
   table.columns = {subject_column(analysis.of_combinations),
-                   {.key = "name", .heading = "name"},
-                   {.key = "factor", .heading = "factor"},
-                   {.key = "limit", .heading = "limit"},
-                   {.key = "node", .heading = "node"},
+                   {.key = "name", .heading = texts::translatable("name")},
+                   {.key = "factor", .heading = texts::translatable("factor")},
+                   {.key = "limit", .heading = texts::translatable("limit")},
+                   {.key = "node", .heading = texts::translatable("node")},
                    {.key = "displacement",
-                    .heading = fmt::format("displacement {}", model::name_of(model.units.length))}};
+                    .heading = fmt::format(texts::translatable("displacement {}"),
+                                           model::name_of(model.units.length))}};
   for (const run::LimitFactor& factor : analysis.factors) {
     const auto& limit = factor.limit;
     const bool is_found = limit && limit->kind != analysis::LimitLoad::Kind::none;
@@ -98,29 +113,34 @@ OutputTable limit_load_table(const model::Model& model, const run::LimitAnalysis
 }
 
 std::string buckling_line(run::FrameBuckling asked, const std::vector<store::BucklingRow>& rows) {
-  if (asked == run::FrameBuckling::off) return "not looked at (--no-buckling)";
-  if (rows.empty()) return "not looked at";
+  if (asked == run::FrameBuckling::off) return texts::translated("not looked at (--no-buckling)");
+  if (rows.empty()) return texts::translated("not looked at");
   std::vector<model::Number> unknown;
   for (const store::BucklingRow& row : rows) {
     if (!row.unknown.empty()) unknown.push_back(row.combination);
   }
   std::string text;
   if (const auto* smallest = run::smallest_factor(rows)) {
-    text = fmt::format("{} times the loads of combination {}, {}", short_number(*smallest->factor),
-                       smallest->combination, smallest->shape);
+    text = texts::translated("{} times the loads of combination {}, {}",
+                             short_number(*smallest->factor), smallest->combination,
+                             texts::sentence_in_words(smallest->shape));
   } else if (unknown.size() < rows.size()) {
-    text = "nothing is compressed, or next to nothing";
+    text = texts::translated("nothing is compressed, or next to nothing");
   }
   if (unknown.empty()) return text;
   const auto first =
       std::ranges::find_if(rows, [](const auto& row) { return !row.unknown.empty(); });
-  return text + fmt::format("{}unknown of combination {}: {}", text.empty() ? "" : "; ",
-                            model::join_as_ranges(unknown), first->unknown);
+  const std::string missing =
+      texts::translated("unknown of combination {}: {}", model::join_as_ranges(unknown),
+                        texts::sentence_in_words(first->unknown));
+  return text.empty() ? missing : texts::translated("{}; {}", text, missing);
 }
 
 OutputTable stored_buckling_table(const std::vector<store::BucklingRow>& rows) {
   OutputTable table;
-  for (const char* key : {"combination", "name", "factor", "shape", "elements"}) {
+  for (const char* key : {texts::translatable("combination"), texts::translatable("name"),
+                          texts::translatable("factor"), texts::translatable("shape"),
+                          texts::translatable("elements")}) {
     table.columns.push_back({.key = key, .heading = key});
   }
   for (const store::BucklingRow& row : rows) {

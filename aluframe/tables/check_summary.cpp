@@ -13,6 +13,8 @@
 #include "aluframe/tables/output_table.h"
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -21,21 +23,26 @@ namespace {
 std::string combination_text(const model::Model& model, std::uint32_t number, int min_side) {
   const model::Combination* combination = model.combinations.find(number);
   if (combination != nullptr && combination->state_of) {
-    return "combination " + model::label_of(*combination);
+    return texts::translated("combination {}", model::label_of(*combination));
   }
   const std::string name = combination == nullptr || combination->name.empty()
                                ? ""
                                : fmt::format(" \"{}\"", combination->name);
-  return fmt::format("combination {}{}{}", number, name, min_side != 0 ? " (minimum side)" : "");
+  const std::string text = texts::translated("combination {}{}", number, name);
+  return min_side != 0 ? texts::translated("{} (minimum side)", text) : text;
+}
+
+std::string elements_counted(std::uint64_t count) {
+  return texts::counted(count, texts::translatable("{} element"),
+                        texts::translatable("{} elements"));
 }
 
 /// "4 of 5 checked", and of how many in the model when the run is limited to some.
 std::string elements_text(const run::Input& input, const services::CheckSummary& summary) {
-  const std::string text =
-      fmt::format("{} of {} checked", summary.checked_elements, summary.elements);
   return input.elements.empty()
-             ? text
-             : fmt::format("{}; the model has {}", text, input.model.elements.size());
+             ? texts::translated("{} of {} checked", summary.checked_elements, summary.elements)
+             : texts::translated("{} of {} checked; the model has {}", summary.checked_elements,
+                                 summary.elements, input.model.elements.size());
 }
 
 /// Combinations of the model that are for design, by themselves or by their states.
@@ -49,50 +56,63 @@ std::size_t design_combinations(const model::Model& model) {
 std::string combinations_text(const run::Input& input, const services::CheckSummary& summary) {
   std::string text = fmt::format("{}", summary.combinations);
   if (summary.by_states) {
-    text += fmt::format(" (as {} state{})", summary.sides, summary.sides == 1 ? "" : "s");
+    text = summary.sides == 1 ? texts::translated("{} (as 1 state)", text)
+                              : texts::translated("{} (as {} states)", text, summary.sides);
   } else if (summary.sides != summary.combinations) {
-    text += fmt::format(" ({} with both sides of envelopes)", summary.sides);
+    text = texts::translated("{} ({} with both sides of envelopes)", text, summary.sides);
   }
   if (input.combinations.empty()) return text;
-  return fmt::format("{}; the model has {} for design", text, design_combinations(input.model));
+  return texts::translated("{}; the model has {} for design", text,
+                           design_combinations(input.model));
+}
+
+/// What settings are called: their keys in words.
+[[maybe_unused]] constexpr const char* setting_names[] = {
+    texts::translatable("safety class"),   texts::translatable("ribs"),
+    texts::translatable("strength ratio"), texts::translatable("seismic factors"),
+    texts::translatable("length factors"), texts::translatable("buckling limit"),
+    texts::translatable("analysis"),       texts::translatable("second opinion"),
+    texts::translatable("buckling")};
+
+std::string setting_name(const std::string& key) {
+  std::string name = key;
+  std::ranges::replace(name, '_', ' ');
+  return std::string(texts::translation_of(name));
 }
 
 /// "safety class 2, gamma0 1 (default)", a line a setting.
 std::string settings_text(const store::RunSetup& setup) {
   std::string out;
   for (const store::SettingRow& row : setup.settings) {
-    std::string name = row.key;
-    std::ranges::replace(name, '_', ' ');
-    out += fmt::format("  {:<14}{} {} ({})\n", out.empty() ? "settings" : "", name, row.value,
-                       row.origin);
+    out += line_of(
+        out.empty() ? texts::translatable("settings") : "",
+        texts::translated("{} {} ({})", setting_name(row.key), texts::sentence_in_words(row.value),
+                          texts::sentence_in_words(row.origin)));
   }
   return out;
 }
 
 std::string worst_text(const model::Model& model,
                        const std::optional<services::WorstCheck>& found) {
-  if (!found) return "none";
+  if (!found) return texts::translated("none");
   const services::WorstCheck& worst = *found;
-  return fmt::format("{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
-                     item_name(worst.item), worst.element, position_name(worst.check.nPos),
-                     combination_text(model, worst.check.nLComb, worst.check.nMinSide));
+  return texts::translated(
+      "{} ({}), element {}, position {}, {}", short_number(worst.check.Ratio()),
+      texts::translation_of(item_name(worst.item)), worst.element, position_name(worst.check.nPos),
+      combination_text(model, worst.check.nLComb, worst.check.nMinSide));
 }
 
 std::string safe_text(const model::Model& model, const store::SafeRow& row) {
-  const std::string rules = row.rules.empty() ? "" : fmt::format(", {}", row.rules);
-  return fmt::format("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
-                     item_name(row.item), rules, code_text(row), row.element, safe_place_text(row),
-                     combination_text(model, row.combination, row.min_side));
+  const std::string rules = row.rules.empty() ? "" : ", " + row.rules;
+  return texts::translated("{} ({}{}), code ratio {}, element {}, {}, {}", short_number(row.safe),
+                           texts::translation_of(item_name(row.item)), rules, code_text(row),
+                           row.element, texts::sentence_in_words(safe_place_text(row)),
+                           combination_text(model, row.combination, row.min_side));
 }
 
 std::string safe_over_text(const run::SafeSummary& safe) {
-  return fmt::format("{} element{}, {} of which no check says so", safe.over,
-                     safe.over == 1 ? "" : "s", safe.unsaid);
-}
-
-/// A line of the summary.
-std::string line_of(std::string_view name, const std::string& value) {
-  return fmt::format("  {:<14}{}\n", name, value);
+  return texts::translated("{}, {} of which no check says so", elements_counted(safe.over),
+                           safe.unsaid);
 }
 
 /// Number and name of a combination; of an envelope for a state of it.
@@ -201,41 +221,45 @@ OutputTable settings_table(const store::RunSetup& setup) {
 std::string summary_text(const run::Input& input, const run::CheckResult& result) {
   const services::CheckSummary& summary = result.summary;
   const model::Model& model = input.model;
-  std::string out = fmt::format("{}\n", model.title.empty() ? "Untitled model" : model.title);
+  std::string out =
+      fmt::format("{}\n", model.title.empty() ? texts::translated("Untitled model") : model.title);
   const auto add = [&out](std::string_view name, const std::string& value) {
     out += line_of(name, value);
   };
   out += settings_text(input.setup);
-  add("elements", elements_text(input, summary));
-  add("combinations", combinations_text(input, summary));
+  add(texts::translatable("elements"), elements_text(input, summary));
+  add(texts::translatable("combinations"), combinations_text(input, summary));
   const std::string forces = forces_text(input.forces);
-  if (!forces.empty()) add("forces", forces);
-  add("checks",
-      fmt::format("{} positions, {} records stored", summary.checked_positions, summary.records));
-  add("time",
-      fmt::format("{:.2f} s ({:.0f} positions/s)", summary.seconds,
-                  static_cast<double>(summary.checked_positions - summary.positions_taken_up) /
-                      summary.seconds));
+  if (!forces.empty()) add(texts::translatable("forces"), forces);
+  add(texts::translatable("checks"), texts::translated("{} positions, {} records stored",
+                                                       summary.checked_positions, summary.records));
+  add(texts::translatable("time"),
+      texts::translated(
+          "{:.2f} s ({:.0f} positions/s)", summary.seconds,
+          static_cast<double>(summary.checked_positions - summary.positions_taken_up) /
+              summary.seconds));
   const run::Told told = run::told_by(result);
   return out + ratios_text(model, told) + told_text(model, told);
 }
 
 std::string ratios_text(const model::Model& model, const run::Told& told,
                         const std::string& on_failing) {
-  return line_of("worst ratio", worst_text(model, told.worst)) +
-         line_of("over 1", fmt::format("{} element{}{}", told.over, told.over == 1 ? "" : "s",
-                                       told.over == 0 ? "" : on_failing));
+  return line_of(texts::translatable("worst ratio"), worst_text(model, told.worst)) +
+         line_of(texts::translatable("over 1"),
+                 elements_counted(told.over) + (told.over == 0 ? "" : on_failing));
 }
 
 std::string told_text(const model::Model& model, const run::Told& told, Lists lists) {
   std::string out;
   if (told.second_opinion == run::SecondOpinion::off) {
-    out = line_of("safe ratio", "none: the check was made with --second-opinion off");
+    out = line_of(texts::translatable("safe ratio"),
+                  texts::translated("none: the check was made with --second-opinion off"));
   } else if (told.safe && told.safe->worst) {
-    out = line_of("safe ratio", safe_text(model, *told.safe->worst)) +
-          line_of("safe over 1", safe_over_text(*told.safe));
+    out = line_of(texts::translatable("safe ratio"), safe_text(model, *told.safe->worst)) +
+          line_of(texts::translatable("safe over 1"), safe_over_text(*told.safe));
   }
-  out += line_of("buckling", buckling_line(told.buckling, told.buckling_factors));
+  out +=
+      line_of(texts::translatable("buckling"), buckling_line(told.buckling, told.buckling_factors));
   const auto of_model = [&model](model::Number number) {
     const model::Combination* found = model.combinations.find(number);
     return found != nullptr ? found->state_of.value_or(number) : number;
@@ -270,17 +294,23 @@ std::string summary_json(const run::Input& input, const run::CheckResult& result
 
 std::string forces_text(const forces::Summary& summary) {
   if (summary.load_cases == 0) return "";
-  const auto plural = [](std::size_t count) { return count == 1 ? "" : "s"; };
-  const std::string accuracy = fmt::format("residual {:.1e}, forces certain to {:.1e}",
-                                           summary.residual, summary.force_error);
-  if (summary.second_order_analyses > 0) {
-    return fmt::format("{} {} analys{}, at most {} iterations, {}", summary.second_order_analyses,
-                       summary.large_displacements ? "large-displacement" : "second-order",
-                       summary.second_order_analyses == 1 ? "is" : "es", summary.iterations,
-                       accuracy);
+  const std::string accuracy = texts::translated("residual {:.1e}, forces certain to {:.1e}",
+                                                 summary.residual, summary.force_error);
+  if (summary.second_order_analyses == 0) {
+    return texts::translated("linear analysis of {}, {}",
+                             texts::counted(summary.load_cases, texts::translatable("{} load case"),
+                                            texts::translatable("{} load cases")),
+                             accuracy);
   }
-  return fmt::format("linear analysis of {} load case{}, {}", summary.load_cases,
-                     plural(summary.load_cases), accuracy);
+  const std::string analyses =
+      summary.large_displacements
+          ? texts::counted(summary.second_order_analyses,
+                           texts::translatable("{} large-displacement analysis"),
+                           texts::translatable("{} large-displacement analyses"))
+          : texts::counted(summary.second_order_analyses,
+                           texts::translatable("{} second-order analysis"),
+                           texts::translatable("{} second-order analyses"));
+  return texts::translated("{}, at most {} iterations, {}", analyses, summary.iterations, accuracy);
 }
 
 }  // namespace aluframe::tables

@@ -42,15 +42,15 @@ std::string_view member_type_name(int type) {
 std::string_view outcome_name(services::RunOutcome outcome) {
   switch (outcome) {
     case services::RunOutcome::complete:
-      return "complete";
+      return texts::translatable("complete");
     case services::RunOutcome::nothing_to_check:
-      return "nothing to check";
+      return texts::translatable("nothing to check");
     case services::RunOutcome::cancelled:
-      return "cancelled";
+      return texts::translatable("cancelled");
     case services::RunOutcome::failed:
       break;
   }
-  return "failed";
+  return texts::translatable("failed");
 }
 
 std::string short_number(double value) {

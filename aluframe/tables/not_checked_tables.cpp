@@ -8,6 +8,8 @@
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/not_checked.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -25,27 +27,32 @@ std::string magnitude_text(const store::LargestForce& force) {
 }
 
 /// "largest Mx 0.75 kN·m at element 2, combination 3, position J", or "between positions", for
-/// every force of a group and behind a separator.
-std::string largest_text(const run::NotCheckedGroup& group, std::string_view separator) {
-  std::string out;
+/// every force of a group.
+std::vector<std::string> largest_texts(const run::NotCheckedGroup& group) {
+  std::vector<std::string> out;
   for (const auto& [element, force] : group.largest) {
-    const std::string position = force.position < 0
-                                     ? "between positions"
-                                     : fmt::format("position {}", position_name(force.position));
-    out += fmt::format("{}largest {} {} at element {}, combination {}{}, {}", separator,
-                       force.component, magnitude_text(force), element, force.combination,
-                       force.min_side != 0 ? " (minimum side)" : "", position);
+    const std::string position =
+        force.position < 0
+            ? std::string(texts::translatable("between positions"))
+            : fmt::format(texts::translatable("position {}"), position_name(force.position));
+    const std::string combination =
+        force.min_side != 0
+            ? fmt::format(texts::translatable("{} (minimum side)"), force.combination)
+            : fmt::format("{}", force.combination);
+    out.push_back(
+        fmt::format(texts::translatable("largest {} {} at element {}, combination {}, {}"),
+                    force.component, magnitude_text(force), element, combination, position));
   }
   return out;
 }
 
 /// "element 2-4, combination 7".
 std::string place_text(const run::NotCheckedGroup& group, Lists lists) {
-  std::string out = "element " + shown_list(model::join_as_ranges(group.elements), lists);
-  if (!group.combinations.empty()) {
-    out += ", combination " + shown_list(model::join_as_ranges(group.combinations), lists);
-  }
-  return out;
+  const std::string elements = shown_list(model::join_as_ranges(group.elements), lists);
+  return group.combinations.empty()
+             ? fmt::format(texts::translatable("element {}"), elements)
+             : fmt::format(texts::translatable("element {}, combination {}"), elements,
+                           shown_list(model::join_as_ranges(group.combinations), lists));
 }
 
 /// The worst second opinion of the shear or torsion that the group is about, or null: a report adds
@@ -79,10 +86,14 @@ void add_largest(std::vector<Cell>& row, const run::UncheckedForce& unchecked) {
 
 std::string not_checked_text(const std::vector<store::NotChecked>& items,
                              const std::vector<store::RemarkRow>& remarks, Lists lists) {
-  std::string out = "  not checked\n";
+  std::string out = texts::translated("  not checked\n");
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("    {}: {}{}\n", place_text(group, lists), group.reason,
-                       largest_text(group, "\n      "));
+    out += texts::translated("    {}: {}", texts::sentence_in_words(place_text(group, lists)),
+                             texts::sentence_in_words(group.reason));
+    for (const std::string& text : largest_texts(group)) {
+      out += "\n      " + texts::sentence_in_words(text);
+    }
+    out += "\n";
     const store::RemarkRow* remark = remark_of(group, remarks);
     if (remark != nullptr) {
       out += fmt::format("      {}\n", second_opinion_text(*remark));
@@ -94,14 +105,18 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items,
 OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
                               const std::vector<store::RemarkRow>& remarks) {
   OutputTable table;
-  for (const char* key : {"reason", "elements", "combinations", "force", "magnitude", "unit",
-                          "element", "combination", "side", "position", "second_opinion"}) {
+  for (const char* key : {texts::translatable("reason"), texts::translatable("elements"),
+                          texts::translatable("combinations"), texts::translatable("force"),
+                          texts::translatable("magnitude"), texts::translatable("unit"),
+                          texts::translatable("element"), texts::translatable("combination"),
+                          texts::translatable("side"), texts::translatable("position"),
+                          texts::translatable("second_opinion")}) {
     table.columns.push_back({.key = key, .heading = key});
   }
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    const std::vector<Cell> start{group.reason, model::join_as_ranges(group.elements),
+    const std::vector<Cell> start{Phrase{group.reason}, model::join_as_ranges(group.elements),
                                   group.combinations.empty()
-                                      ? Cell(std::string("all"))
+                                      ? Cell(Phrase{texts::translatable("all")})
                                       : Cell(model::join_as_ranges(group.combinations))};
     for (const run::UncheckedForce& unchecked : group.largest) {
       table.rows.push_back(start);
@@ -119,8 +134,9 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
 std::string not_checked_line(const std::vector<store::NotChecked>& items) {
   std::string out;
   for (const run::NotCheckedGroup& group : run::group_not_checked(items)) {
-    out += fmt::format("{}{}: {}{}", out.empty() ? "" : " | ", group.reason,
-                       place_text(group, Lists::whole), largest_text(group, "; "));
+    out += fmt::format("{}{}: {}", out.empty() ? "" : " | ", group.reason,
+                       place_text(group, Lists::whole));
+    for (const std::string& text : largest_texts(group)) out += "; " + text;
   }
   return out;
 }

@@ -10,6 +10,8 @@
 #include "aluframe/model/plain_text.h"
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/text.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -34,8 +36,13 @@ struct TextOf {
   std::string operator()(const std::string& text) const {
     return model::without_control_characters(text);
   }
+  std::string operator()(const Phrase& phrase) const {
+    return model::without_control_characters(texts::sentence_in_words(phrase.english));
+  }
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
-  std::string operator()(bool value) const { return value ? "yes" : "no"; }
+  std::string operator()(bool value) const {
+    return value ? texts::translated("yes") : texts::translated("no");
+  }
   std::string operator()(double value) const {
     if (!std::isfinite(value)) return name_of_non_finite(value);
     return column.is_scientific ? fmt::format("{:.1e}", value) : fixed(value, column.decimals);
@@ -48,6 +55,7 @@ struct CsvOf {
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(double value) const { return full_number(value); }
   std::string operator()(const std::string& text) const { return model::for_csv(text); }
+  std::string operator()(const Phrase& phrase) const { return model::for_csv(phrase.english); }
 };
 
 struct JsonOf {
@@ -56,6 +64,7 @@ struct JsonOf {
     if (!std::isfinite(value)) return name_of_non_finite(value);
     return value;
   }
+  nlohmann::ordered_json operator()(const Phrase& phrase) const { return phrase.english; }
   template <class Value>
   nlohmann::ordered_json operator()(const Value& value) const {
     return value;
@@ -108,11 +117,20 @@ std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
   return texts;
 }
 
-std::vector<std::size_t> widths_of(const OutputTable& table,
+std::vector<std::string> headings_of(const OutputTable& table) {
+  std::vector<std::string> headings;
+  headings.reserve(table.columns.size());
+  for (const Column& column : table.columns) {
+    headings.push_back(texts::sentence_in_words(column.heading));
+  }
+  return headings;
+}
+
+std::vector<std::size_t> widths_of(const std::vector<std::string>& headings,
                                    const std::vector<std::vector<std::string>>& texts) {
   std::vector<std::size_t> widths;
-  widths.reserve(table.columns.size());
-  for (const Column& column : table.columns) widths.push_back(display_width(column.heading));
+  widths.reserve(headings.size());
+  for (const std::string& heading : headings) widths.push_back(display_width(heading));
   for (const auto& line : texts) {
     for (std::size_t i = 0; i < line.size(); ++i) {
       widths[i] = std::max(widths[i], display_width(line[i]));
@@ -124,7 +142,8 @@ std::vector<std::size_t> widths_of(const OutputTable& table,
 /// A column of texts stands to the left, one of numbers to the right.
 bool stands_left(const OutputTable& table, std::size_t column) {
   return std::ranges::any_of(table.rows, [column](const auto& row) {
-    return std::holds_alternative<std::string>(row[column]);
+    return std::holds_alternative<std::string>(row[column]) ||
+           std::holds_alternative<Phrase>(row[column]);
   });
 }
 
@@ -151,13 +170,20 @@ std::optional<Format> parse_format(std::string_view name) {
   return std::nullopt;
 }
 
+std::string line_of(std::string_view name, const std::string& value) {
+  constexpr std::size_t width = 14, gap = 2;
+  const std::string shown(texts::translation_of(name));
+  return "  " + padded(shown, std::max(width, display_width(shown) + gap), true) + value + "\n";
+}
+
 std::string full_number(double value) {
   return std::isfinite(value) ? fmt::format("{:.17g}", value) : name_of_non_finite(value);
 }
 
 std::string to_text(const OutputTable& table, bool colour) {
   const auto texts = texts_of(table);
-  const auto widths = widths_of(table, texts);
+  const auto headings = headings_of(table);
+  const auto widths = widths_of(headings, texts);
   std::string out;
   const auto add_line = [&](const auto& cell_text) {
     std::string line;
@@ -169,7 +195,7 @@ std::string to_text(const OutputTable& table, bool colour) {
   };
   std::vector<bool> left(table.columns.size());
   for (std::size_t i = 0; i < left.size(); ++i) left[i] = stands_left(table, i);
-  add_line([&](std::size_t i) { return padded(table.columns[i].heading, widths[i], left[i]); });
+  add_line([&](std::size_t i) { return padded(headings[i], widths[i], left[i]); });
   add_line([&](std::size_t i) { return std::string(widths[i], '-'); });
   for (std::size_t r = 0; r < texts.size(); ++r) {
     add_line([&](std::size_t i) {

@@ -18,12 +18,20 @@ enum class Format { table, json, csv };
 
 std::optional<Format> parse_format(std::string_view name);
 
-/// Nothing, a text, a whole number, a number or a truth value.
-using Cell = std::variant<std::monostate, std::string, std::int64_t, double, bool>;
+/// What the program says, unlike a name of the user's: English in JSON and CSV, in a text table in
+/// the language in use (`texts::sentence_in_words`).
+struct Phrase {
+  std::string english;
+
+  friend bool operator==(const Phrase&, const Phrase&) = default;
+};
+
+/// Nothing, a text, one of the program's own, a whole number, a number or a truth value.
+using Cell = std::variant<std::monostate, std::string, Phrase, std::int64_t, double, bool>;
 
 struct Column {
   std::string key;             ///< name in JSON and CSV
-  std::string heading;         ///< name in a text table
+  std::string heading;         ///< name in a text table, English
   int decimals = 3;            ///< of numbers in a text table
   bool is_ratio = false;       ///< shown in red where it exceeds 1
   bool is_scientific = false;  ///< "2.1e-14" in a text table
@@ -34,6 +42,9 @@ struct OutputTable {
   std::vector<Column> columns;
   std::vector<std::vector<Cell>> rows;
 };
+
+/// "  worst ratio   0.853": a line of a summary, its name in the language in use.
+std::string line_of(std::string_view name, const std::string& value);
 
 /// A number with 17 significant digits, "inf", "-inf" or "nan".
 std::string full_number(double value);

@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "aluframe/texts/text.h"
+
 namespace aluframe::tables {
 
 namespace {
@@ -28,15 +30,18 @@ Cell kinds_of(model::Number element, const Concerned& remarks) {
 
 OutputTable remarks_table(const std::vector<store::RemarkRow>& remarks) {
   OutputTable table;
-  for (const char* key : {"kind", "elements", "text", "second_opinion", "element", "combination"}) {
+  for (const char* key : {texts::translatable("kind"), texts::translatable("elements"),
+                          texts::translatable("text"), texts::translatable("second_opinion"),
+                          texts::translatable("element"), texts::translatable("combination")}) {
     table.columns.push_back({.key = key, .heading = key});
   }
   const auto whole = [](const std::optional<std::uint32_t>& value) {
     return value ? Cell(static_cast<std::int64_t>(*value)) : Cell();
   };
   for (const store::RemarkRow& row : remarks) {
-    table.rows.push_back({row.kind, row.elements, row.text, row.ratio ? Cell(*row.ratio) : Cell(),
-                          whole(row.element), whole(row.combination)});
+    table.rows.push_back({row.kind, row.elements, Phrase{row.text},
+                          row.ratio ? Cell(*row.ratio) : Cell(), whole(row.element),
+                          whole(row.combination)});
   }
   return table;
 }

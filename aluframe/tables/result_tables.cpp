@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "aluframe/services/run_monitor.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -25,11 +27,11 @@ bool is_slenderness(int item) {
 std::string heading_of(int item) {
   switch (item) {
     case RALU_COMBINED_STABILITY:
-      return "combined";
+      return texts::translatable("combined");
     case RALU_SLENDERNESS_Y:
-      return "slender y";
+      return texts::translatable("slender y");
     case RALU_SLENDERNESS_Z:
-      return "slender z";
+      return texts::translatable("slender z");
     default:
       return std::string(item_name(item));
   }
@@ -48,6 +50,10 @@ Cell whole(std::uint32_t value) {
 
 Cell text(std::string_view value) {
   return std::string(value);
+}
+
+Cell phrase(std::string_view value) {
+  return Phrase{std::string(value)};
 }
 
 double shown(int item, double value, const ResultView& view) {
@@ -83,16 +89,17 @@ void add_ratio_columns(OutputTable& table) {
 }
 
 void add_check_columns(OutputTable& table) {
-  table.columns.push_back({.key = "item", .heading = "check"});
-  table.columns.push_back({.key = "demand", .heading = "demand"});
-  table.columns.push_back({.key = "capacity", .heading = "capacity"});
-  table.columns.push_back({.key = "unit", .heading = "unit"});
-  table.columns.push_back({.key = "ratio", .heading = "ratio", .decimals = 4, .is_ratio = true});
+  table.columns.push_back({.key = "item", .heading = texts::translatable("check")});
+  table.columns.push_back({.key = "demand", .heading = texts::translatable("demand")});
+  table.columns.push_back({.key = "capacity", .heading = texts::translatable("capacity")});
+  table.columns.push_back({.key = "unit", .heading = texts::translatable("unit")});
+  table.columns.push_back(
+      {.key = "ratio", .heading = texts::translatable("ratio"), .decimals = 4, .is_ratio = true});
 }
 
 void add_check(std::vector<Cell>& row, int item, double demand, double capacity,
                const ResultView& view) {
-  row.push_back(text(item_name(item)));
+  row.push_back(phrase(item_name(item)));
   row.push_back(shown(item, demand, view));
   row.push_back(capacity == 0.0 ? Cell() : Cell(shown(item, capacity, view)));
   row.push_back(is_slenderness(item) ? Cell() : Cell(view.stress_unit));
@@ -123,7 +130,7 @@ void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::ui
     return;
   }
   const store::SafeRow& of = found->second;
-  row.push_back(text(item_name(of.item)));
+  row.push_back(phrase(item_name(of.item)));
   row.push_back(whole(number_of_combination(info, of.combination)));
   row.push_back(name_of_combination(info, of.combination));
   row.push_back(of.fraction ? Cell(*of.fraction) : Cell());
@@ -134,11 +141,12 @@ void add_safe_in_full(std::vector<Cell>& row, const SafeByElement& safe, std::ui
 
 std::string second_opinion_text(const store::RemarkRow& remark) {
   if (!remark.ratio) return "";
-  std::string out = "second opinion " + short_number(*remark.ratio);
-  if (!remark.element) return out;
-  const std::string combination =
-      remark.combination ? fmt::format(", combination {}", *remark.combination) : "";
-  return out + fmt::format(" (element {}{})", *remark.element, combination);
+  const std::string ratio = short_number(*remark.ratio);
+  if (!remark.element) return texts::translated("second opinion {}", ratio);
+  return remark.combination
+             ? texts::translated("second opinion {} (element {}, combination {})", ratio,
+                                 *remark.element, *remark.combination)
+             : texts::translated("second opinion {} (element {})", ratio, *remark.element);
 }
 
 bool is_told_as_not_checked(const store::RemarkRow& remark) {
@@ -149,32 +157,36 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks, Lists lis
   std::string out;
   for (const store::RemarkRow& remark : remarks) {
     if (is_told_as_not_checked(remark)) continue;
-    out += fmt::format("    {}", remark.kind);
-    if (!remark.elements.empty()) out += ", element " + shown_list(remark.elements, lists);
-    out += ": " + remark.text;
-    if (remark.ratio) out += "; " + second_opinion_text(remark);
+    const std::string text = texts::sentence_in_words(remark.text);
+    out += remark.elements.empty() ? texts::translated("    {}: {}", remark.kind, text)
+                                   : texts::translated("    {}, element {}: {}", remark.kind,
+                                                       shown_list(remark.elements, lists), text);
+    if (remark.ratio) out += texts::translated("; {}", second_opinion_text(remark));
     out += "\n";
   }
-  return out.empty() ? out : "  remarks\n" + out;
+  return out.empty() ? out : texts::translated("  remarks\n") + out;
 }
 
 OutputTable overview_table(const std::vector<run::ElementResult>& elements,
                            const store::RunInfo& info, const SafeByElement& safe) {
   OutputTable table;
-  table.columns = {{.key = "element", .heading = "element"}, {.key = "type", .heading = "type"}};
+  table.columns = {{.key = "element", .heading = texts::translatable("element")},
+                   {.key = "type", .heading = texts::translatable("type")}};
   add_ratio_columns(table);
-  table.columns.push_back({.key = "ratio", .heading = "worst", .decimals = 4, .is_ratio = true});
-  table.columns.push_back({.key = "item", .heading = "check"});
-  table.columns.push_back({.key = "position", .heading = "pos"});
-  table.columns.push_back({.key = "combination", .heading = "comb"});
-  table.columns.push_back({.key = "name", .heading = "name"});
-  table.columns.push_back({.key = "side", .heading = "side"});
+  table.columns.push_back(
+      {.key = "ratio", .heading = texts::translatable("worst"), .decimals = 4, .is_ratio = true});
+  table.columns.push_back({.key = "item", .heading = texts::translatable("check")});
+  table.columns.push_back({.key = "position", .heading = texts::translatable("pos")});
+  table.columns.push_back({.key = "combination", .heading = texts::translatable("comb")});
+  table.columns.push_back({.key = "name", .heading = texts::translatable("name")});
+  table.columns.push_back({.key = "side", .heading = texts::translatable("side")});
   if (!safe.empty()) {
-    table.columns.push_back({.key = "safe", .heading = "safe", .decimals = 4, .is_ratio = true});
-    table.columns.push_back({.key = "rules", .heading = "rules"});
+    table.columns.push_back(
+        {.key = "safe", .heading = texts::translatable("safe"), .decimals = 4, .is_ratio = true});
+    table.columns.push_back({.key = "rules", .heading = texts::translatable("rules")});
   }
   for (const run::ElementResult& element : elements) {
-    std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
+    std::vector<Cell> row{whole(element.element), phrase(member_type_name(element.member_type))};
     for (const int item : shown_items) {
       const store::GoverningRow* check = element.find(item);
       row.push_back(check == nullptr
@@ -183,7 +195,7 @@ OutputTable overview_table(const std::vector<run::ElementResult>& elements,
     }
     const store::GoverningRow& worst = element.worst();
     row.push_back(ratio_cell(worst.governing.dDemand, worst.governing.dCapacity));
-    row.push_back(text(item_name(worst.item)));
+    row.push_back(phrase(item_name(worst.item)));
     row.push_back(text(position_name(worst.governing.nPos)));
     row.push_back(whole(number_of_combination(info, worst.governing.nLComb)));
     row.push_back(name_of_combination(info, worst.governing.nLComb));
@@ -198,17 +210,17 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
                             const store::RunInfo& info, const ResultView& view,
                             const SafeByElement& safe) {
   OutputTable table;
-  table.columns = {{.key = "element", .heading = "element"},
-                   {.key = "member_type", .heading = "type"}};
+  table.columns = {{.key = "element", .heading = texts::translatable("element")},
+                   {.key = "member_type", .heading = texts::translatable("type")}};
   add_check_columns(table);
-  table.columns.push_back({.key = "position", .heading = "pos"});
-  table.columns.push_back({.key = "combination", .heading = "comb"});
-  table.columns.push_back({.key = "combination_name", .heading = "name"});
-  table.columns.push_back({.key = "side", .heading = "side"});
+  table.columns.push_back({.key = "position", .heading = texts::translatable("pos")});
+  table.columns.push_back({.key = "combination", .heading = texts::translatable("comb")});
+  table.columns.push_back({.key = "combination_name", .heading = texts::translatable("name")});
+  table.columns.push_back({.key = "side", .heading = texts::translatable("side")});
   if (!safe.empty()) add_safe_columns(table);
   for (const run::ElementResult& element : elements) {
     for (const store::GoverningRow& check : element.items) {
-      std::vector<Cell> row{whole(element.element), text(member_type_name(element.member_type))};
+      std::vector<Cell> row{whole(element.element), phrase(member_type_name(element.member_type))};
       add_check(row, check.item, check.governing.dDemand, check.governing.dCapacity, view);
       row.push_back(text(position_name(check.governing.nPos)));
       row.push_back(whole(number_of_combination(info, check.governing.nLComb)));
@@ -224,10 +236,10 @@ OutputTable governing_table(const std::vector<run::ElementResult>& elements,
 OutputTable position_ratios_table(const std::vector<store::StoredRecord>& records,
                                   const store::RunInfo& info) {
   OutputTable table;
-  table.columns = {{.key = "combination", .heading = "comb"},
-                   {.key = "name", .heading = "name"},
-                   {.key = "side", .heading = "side"},
-                   {.key = "position", .heading = "pos"}};
+  table.columns = {{.key = "combination", .heading = texts::translatable("comb")},
+                   {.key = "name", .heading = texts::translatable("name")},
+                   {.key = "side", .heading = texts::translatable("side")},
+                   {.key = "position", .heading = texts::translatable("pos")}};
   add_ratio_columns(table);
   for (const store::StoredRecord& stored : records) {
     if (stored.combination == 0) continue;
@@ -248,11 +260,11 @@ OutputTable position_ratios_table(const std::vector<store::StoredRecord>& record
 OutputTable all_checks_table(std::uint32_t element, const std::vector<store::StoredRecord>& records,
                              const store::RunInfo& info, const ResultView& view) {
   OutputTable table;
-  table.columns = {{.key = "element", .heading = "element"},
-                   {.key = "combination", .heading = "comb"},
-                   {.key = "combination_name", .heading = "name"},
-                   {.key = "side", .heading = "side"},
-                   {.key = "position", .heading = "pos"}};
+  table.columns = {{.key = "element", .heading = texts::translatable("element")},
+                   {.key = "combination", .heading = texts::translatable("comb")},
+                   {.key = "combination_name", .heading = texts::translatable("name")},
+                   {.key = "side", .heading = texts::translatable("side")},
+                   {.key = "position", .heading = texts::translatable("pos")}};
   add_check_columns(table);
   for (const store::StoredRecord& stored : records) {
     if (stored.combination == 0) continue;

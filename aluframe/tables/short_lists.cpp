@@ -1,12 +1,11 @@
 #include "aluframe/tables/short_lists.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <variant>
 
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::tables {
 
@@ -28,7 +27,8 @@ std::size_t count_of(std::string ranges) {
 std::string shown_list(const std::string& ranges, Lists lists) {
   if (lists == Lists::whole || ranges.size() <= longest) return ranges;
   const std::size_t end = ranges.rfind(',', longest);
-  return fmt::format("{} and {} more", ranges.substr(0, end), count_of(ranges.substr(end + 1)));
+  return texts::translated("{} and {} more", ranges.substr(0, end),
+                           count_of(ranges.substr(end + 1)));
 }
 
 }  // namespace aluframe::tables

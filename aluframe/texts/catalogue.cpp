@@ -1,5 +1,7 @@
 #include "aluframe/texts/catalogue.h"
 
+#include "aluframe/texts/text.h"
+
 #include <stdexcept>
 
 namespace aluframe::texts {
@@ -17,7 +19,7 @@ constexpr std::uint32_t translations_at = 16;
 constexpr std::uint32_t bytes_of_entry = 8;
 
 [[noreturn]] void refuse() {
-  throw std::runtime_error("the catalogue of texts is damaged");
+  throw std::runtime_error(texts::translated("the catalogue of texts is damaged"));
 }
 
 }  // namespace

@@ -1,17 +1,27 @@
 #include "aluframe/texts/format_pieces.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace aluframe::texts {
 
-std::size_t FormatPieces::literal_characters() const {
+std::size_t FormatPieces::characters() const {
   std::size_t count = 0;
   for (const std::string& literal : literals) count += literal.size();
   return count;
 }
 
+std::size_t FormatPieces::letters() const {
+  std::size_t count = 0;
+  for (const std::string& literal : literals) {
+    count += static_cast<std::size_t>(
+        std::ranges::count_if(literal, [](unsigned char c) { return std::isalpha(c) != 0; }));
+  }
+  return count;
+}
+
 FormatPieces take_apart(std::string_view format) {
-  FormatPieces pieces{.literals = {""}, .arguments = {}};
+  FormatPieces pieces{.literals = {""}, .arguments = {}, .specs = {}};
   for (std::size_t i = 0; i < format.size(); ++i) {
     const char c = format[i];
     const bool is_brace = c == '{' || c == '}';
@@ -29,6 +39,9 @@ FormatPieces take_apart(std::string_view format) {
       is_numbered = true;
     }
     pieces.arguments.push_back(is_numbered ? number : pieces.arguments.size());
+    const std::size_t colon = std::min(format.find(':', i), end);
+    pieces.specs.emplace_back(
+        format.substr(std::min(colon + 1, end), end - std::min(colon + 1, end)));
     pieces.literals.emplace_back();
     i = end;
   }

@@ -13,8 +13,11 @@ struct FormatPieces {
   std::vector<std::string> literals;  ///< one more than placeholders
   /// Which argument each placeholder takes.
   std::vector<std::size_t> arguments;
+  std::vector<std::string> specs;  ///< how each is written: ".3f"
 
-  std::size_t literal_characters() const;
+  /// How many bytes the literals have, and how many of them are letters.
+  std::size_t characters() const;
+  std::size_t letters() const;
 };
 
 FormatPieces take_apart(std::string_view format);

@@ -18,4 +18,16 @@ Language language_of_environment();
 void use_language(Language language);
 Language language_in_use();
 
+/// A language that is in use while it lives.
+class LanguageInUse {
+ public:
+  explicit LanguageInUse(Language language) { use_language(language); }
+  ~LanguageInUse() { use_language(earlier_); }
+  LanguageInUse(const LanguageInUse&) = delete;
+  LanguageInUse& operator=(const LanguageInUse&) = delete;
+
+ private:
+  Language earlier_ = language_in_use();
+};
+
 }  // namespace aluframe::texts

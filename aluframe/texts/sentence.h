@@ -23,7 +23,8 @@ std::optional<std::vector<std::string_view>> arguments_of(std::string_view sente
 std::string reworded(const std::vector<std::string>& arguments, std::string_view translation);
 
 /// A kept sentence in the language in use. Arguments that are sentences themselves are translated
-/// as well; the sentence itself comes back where it is from no text of the catalogue.
+/// as well, and so are the parts of one that was joined by a semicolon, a colon or a comma; what is
+/// from no text of the catalogue comes back as it is.
 std::string sentence_in_words(std::string_view sentence);
 std::string sentence_in_words(std::string_view sentence, Language language);
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,11 @@ std::string translated_to(Language language, fmt::format_string<Arguments...> en
 template <class... Arguments>
 std::string translated(fmt::format_string<Arguments...> english, const Arguments&... arguments) {
   return translated_to<Arguments...>(language_in_use(), english, arguments...);
+}
+
+/// "1 node", "12 nodes": the text for one or that for another number, both marked.
+inline std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+  return fmt::format(fmt::runtime(translation_of(count == 1 ? one : many)), count);
 }
 
 }  // namespace aluframe::texts

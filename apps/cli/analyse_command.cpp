@@ -11,6 +11,8 @@
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/imperfections_text.h"
 #include "aluframe/run/remarks.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -64,17 +66,20 @@ run::Analysis analysed(const AnalyseOptions& options, const run::Input& input) {
   if (auto* problem = std::get_if<run::Problem>(&answered)) throw std::move(*problem);
   auto& analysis = std::get<run::Analysis>(answered);
   if (!analysis.left_out.empty()) {
-    print_message(
-        fmt::format("left out: combination {}; the two sides of an envelope are no state of the "
-                    "frame",
-                    model::join_as_ranges(analysis.left_out)));
+    print_message(texts::translated(
+        "left out: combination {}; the two sides of an envelope are no state of the "
+        "frame",
+        model::join_as_ranges(analysis.left_out)));
   }
   for (std::size_t i = 0; i < analysis.subjects.size(); ++i) {
     const analysis::SecondOrderResult& answer = analysis.answers[i];
     if (answer.growing.empty()) continue;
-    const std::string name = fmt::format(
-        "{} {}", analysis.of_combinations ? "combination" : "load case", analysis.subjects[i]);
-    print_message("remark: " + run::growth_remark(name, name, answer.growth, answer.growing));
+    const std::string name =
+        analysis.of_combinations
+            ? fmt::format(texts::translatable("combination {}"), analysis.subjects[i])
+            : fmt::format(texts::translatable("load case {}"), analysis.subjects[i]);
+    print_message(texts::translated("remark: {}", texts::sentence_in_words(run::growth_remark(
+                                                      name, name, answer.growth, answer.growing))));
   }
   return std::move(analysis);
 }
@@ -89,7 +94,8 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
       if (text.ends_with('\n')) text.pop_back();
       out += fmt::format("{}\"{}\": {}", out.empty() ? "{" : ",\n", name_of(table), text);
     } else {
-      out += fmt::format("{}{}\n{}", out.empty() ? "" : "\n", heading_of(table), text);
+      out += fmt::format("{}{}\n{}", out.empty() ? "" : "\n",
+                         texts::translation_of(heading_of(table)), text);
     }
   }
   return options.format == Format::json ? out + "}\n" : out;
@@ -97,29 +103,34 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
 
 /// The model and what was analysed, above the tables.
 std::string title_text(const AnalysisView& view) {
-  const std::string title = view.model->title.empty() ? "Untitled model" : view.model->title;
-  const char* order = view.model->analysis.large_displacements ? "large-displacement"
-                      : view.analysis->second_order            ? "second-order"
-                                                               : "linear";
+  const std::string title =
+      view.model->title.empty() ? texts::translated("Untitled model") : view.model->title;
+  const std::string analysis =
+      view.model->analysis.large_displacements ? texts::translated("large-displacement analysis")
+      : view.analysis->second_order            ? texts::translated("second-order analysis")
+                                               : texts::translated("linear analysis");
   const std::string imperfections =
-      view.analysis->second_order ? run::imperfections_text(*view.model) : "";
-  return fmt::format("{}: {} analysis{}{}\n\n", title, order, imperfections.empty() ? "" : " with ",
-                     imperfections);
+      view.analysis->second_order ? texts::sentence_in_words(run::imperfections_text(*view.model))
+                                  : "";
+  return imperfections.empty()
+             ? texts::translated("{}: {}\n\n", title, analysis)
+             : texts::translated("{}: {} with {}\n\n", title, analysis, imperfections);
 }
 
 int analyse(const AnalyseOptions& options) {
   if (options.format == Format::csv && options.show.size() != 1) {
-    throw run::Problem{"--format csv writes one table: name it with --show"};
+    throw run::Problem{texts::translated("--format csv writes one table: name it with --show")};
   }
   if (!options.subjects.cases.empty() && !options.subjects.combinations.empty()) {
-    throw run::Problem{"--cases and --combinations do not go together"};
+    throw run::Problem{texts::translated("--cases and --combinations do not go together")};
   }
   // A table of forces may take the place of an older one.
   const bool writes_forces =
       options.format == Format::csv && options.show.contains(AnalysisTable::forces);
   const auto kind = writes_forces ? files::FileKind::forces : files::FileKind::other;
-  if (const auto problem = files::find_overwriting({{"the output", options.output, kind}},
-                                                   {{"the model", options.input.model}})) {
+  if (const auto problem =
+          files::find_overwriting({{texts::translatable("the output"), options.output, kind}},
+                                  {{texts::translatable("the model"), options.input.model}})) {
     throw run::Problem{*problem};
   }
   const auto read = run::read_input(options.input);

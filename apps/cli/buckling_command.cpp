@@ -4,6 +4,7 @@
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/tables/buckling_tables.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 
@@ -16,13 +17,13 @@ using Table = run::Result<tables::OutputTable>;
 std::optional<std::string> find_mismatch(const BucklingCommandOptions& options) {
   const run::BucklingOptions& subjects = options.subjects;
   if (!subjects.cases.empty() && !subjects.combinations.empty()) {
-    return "--cases and --combinations do not go together";
+    return texts::translated("--cases and --combinations do not go together");
   }
   if (!options.limit_load && options.largest_factor) {
-    return "--largest-factor goes with --limit-load only";
+    return texts::translated("--largest-factor goes with --limit-load only");
   }
   if (options.limit_load && (subjects.modes != 1 || subjects.reversed)) {
-    return "--limit-load goes neither with --modes nor with --reversed";
+    return texts::translated("--limit-load goes neither with --modes nor with --reversed");
   }
   return std::nullopt;
 }
@@ -44,9 +45,9 @@ Table limit_load_table(const run::Input& input, const BucklingCommandOptions& op
 
 int run_buckling_command(const BucklingCommandOptions& options) {
   if (const auto mismatch = find_mismatch(options)) return stop({*mismatch});
-  if (const auto problem =
-          files::find_overwriting({{"the output", options.output, files::FileKind::other}},
-                                  {{"the model", options.input.model}})) {
+  if (const auto problem = files::find_overwriting(
+          {{texts::translatable("the output"), options.output, files::FileKind::other}},
+          {{texts::translatable("the model"), options.input.model}})) {
     return stop({*problem});
   }
   const auto read = run::read_input(options.input);

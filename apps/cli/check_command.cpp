@@ -1,7 +1,5 @@
 #include "apps/cli/check_command.h"
 
-#include <fmt/format.h>
-
 #include <exception>
 #include <variant>
 
@@ -13,6 +11,7 @@
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
 
@@ -26,7 +25,7 @@ bool wants_progress(ProgressMode mode) {
 
 void print_assertions(const services::CheckSummary& summary) {
   for (const auto& [place, count] : summary.assertions) {
-    print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
+    print_message(texts::translated("internal inconsistency ({}), met {} times", place, count));
   }
 }
 
@@ -51,10 +50,12 @@ int exit_status(const run::CheckResult& result, run::Strictness strict) {
 std::string stored_text(const std::filesystem::path& results) {
   try {
     const std::size_t count = store::ResultReader::open(results)->elements().size();
-    return fmt::format("; the results of {} element{} are in {}, --resume goes on with them", count,
-                       count == 1 ? "" : "s", results.string());
+    const std::string elements = texts::counted(count, texts::translatable("{} element"),
+                                                texts::translatable("{} elements"));
+    return texts::translated("; the results of {} are in {}, --resume goes on with them", elements,
+                             results.string());
   } catch (const std::exception& error) {
-    return "; what was stored cannot be read: " + files::error_text(error);
+    return texts::translated("; what was stored cannot be read: {}", files::error_text(error));
   }
 }
 
@@ -64,7 +65,7 @@ std::string left_by(const run::CheckResult& result, const std::filesystem::path&
   if (!result.results.empty()) text += stored_text(result.results);
   std::error_code ignored;
   if (std::filesystem::exists(results, ignored)) {
-    text += "; " + results.string() + " holds those of an earlier run";
+    text += texts::translated("; {} holds those of an earlier run", results.string());
   }
   return text;
 }
@@ -72,19 +73,20 @@ std::string left_by(const run::CheckResult& result, const std::filesystem::path&
 void print_outcome(const run::CheckResult& result, const std::filesystem::path& results) {
   const services::CheckSummary& summary = result.summary;
   if (summary.outcome == services::RunOutcome::failed) {
-    print_message("the run failed: " + summary.failure + left_by(result, results));
+    print_message(
+        texts::translated("the run failed: {}{}", summary.failure, left_by(result, results)));
   } else if (summary.outcome == services::RunOutcome::cancelled) {
-    print_message("cancelled" + left_by(result, results));
+    print_message(texts::translated("cancelled{}", left_by(result, results)));
   } else if (summary.outcome == services::RunOutcome::complete && summary.checked_elements == 0) {
-    print_message("no element could be checked");
+    print_message(texts::translated("no element could be checked"));
   }
   print_assertions(summary);
 }
 
 void print_summary(const run::Input& input, const run::CheckResult& result, tables::Format format) {
   if (format == tables::Format::table) {
-    print_formatted("{}  {:<14}{}\n", tables::summary_text(input, result), "results",
-                    result.results.string());
+    print_formatted("{}{}", tables::summary_text(input, result),
+                    tables::line_of(texts::translatable("results"), result.results.string()));
     return;
   }
   print_text(format == tables::Format::json ? tables::summary_json(input, result)
@@ -100,14 +102,16 @@ std::optional<std::string> problem_of(const CheckOptions& options,
                                       const std::filesystem::path& results) {
   if (options.strict == run::Strictness::safe &&
       options.second_opinion == run::SecondOpinion::off) {
-    return "--strict=safe looks at safe ratios, which --second-opinion off leaves out: give one of "
-           "the two";
+    return texts::translated(
+        "--strict=safe looks at safe ratios, which --second-opinion off leaves out: give one of "
+        "the two");
   }
   // By its name the file beside the model is the model's own, also when both were renamed.
   const auto made_from = options.output ? run::model_of_results(results) : std::nullopt;
   return files::find_overwriting(
-      {{"the result file", results, files::FileKind::results, made_from}},
-      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
+      {{texts::translatable("the result file"), results, files::FileKind::results, made_from}},
+      {{texts::translatable("the model"), options.input.model},
+       {texts::translatable("the table of forces"), options.input.forces}});
 }
 
 /// Checks, and prints what came of it. @return the exit status

@@ -1,7 +1,6 @@
 #include "apps/cli/common_options.h"
 
-#include <fmt/format.h>
-
+#include "aluframe/texts/text.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -12,8 +11,9 @@ std::variant<UnitPair, std::string> parse_unit_pair(const std::string& text) {
   const auto length =
       comma == std::string::npos ? std::nullopt : model::parse_length_unit(text.substr(comma + 1));
   if (!force || !length) {
-    return fmt::format("found '{}', must be a force unit ({}), a comma and a length unit ({})",
-                       text, model::force_unit_names(), model::length_unit_names());
+    return texts::translated(
+        "found '{}', must be a force unit ({}), a comma and a length unit ({})", text,
+        model::force_unit_names(), model::length_unit_names());
   }
   return UnitPair{*force, *length};
 }

@@ -1,6 +1,7 @@
 #include "apps/cli/document_command.h"
 
 #include <exception>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <variant>
@@ -31,10 +32,11 @@ std::optional<std::string> overwriting_problem(const ReportOptions& options,
                                                const fs::path& results, const fs::path& html) {
   std::optional<fs::path> file;
   if (!goes_to_standard_output(html)) file = html;
-  return files::find_overwriting({{"the document", file}},
-                                 {{"the result file", results},
-                                  {"the model", options.input.model},
-                                  {"the table of forces", options.input.forces}});
+  return files::find_overwriting(
+      {{texts::translatable("the document"), file}},
+      {{texts::translatable("the result file"), results},
+       {texts::translatable("the model"), options.input.model},
+       {texts::translatable("the table of forces"), options.input.forces}});
 }
 
 /// Why results cannot be looked at as strictly as the user wants, or nothing.
@@ -59,12 +61,25 @@ void print_summary(const run::DocumentContent& content, const fs::path& html) {
   print_text(tables::told_text(content.input.model, content.told));
 }
 
-int write(const ReportOptions& options, const run::DocumentContent& content, const fs::path& html) {
+document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
+                                     DocumentDetail detail) {
+  if (detail == DocumentDetail::summary) return nullptr;
+  const auto of_checks = detail == DocumentDetail::full ? run::DerivationDetail::full
+                                                        : run::DerivationDetail::governing;
+  return
+      [&content, &results, of_checks](const std::function<void(const run::ExplainedCheck&)>& take) {
+        run::derive_checks(content, results, of_checks, take);
+      };
+}
+
+int write(const ReportOptions& options, const run::DocumentContent& content,
+          const fs::path& results, const fs::path& html) {
   for (const std::string& reservation : content.reservations) print_message(reservation);
   try {
     files::publish_stream(
-        goes_to_standard_output(html) ? fs::path("/dev/stdout") : html,
-        [&content](std::ostream& out) { document::write_document(out, content); });
+        goes_to_standard_output(html) ? fs::path("/dev/stdout") : html, [&](std::ostream& out) {
+          document::write_document(out, content, derivations_of(content, results, options.detail));
+        });
   } catch (const std::exception& error) {
     print_message(texts::translated("{}: cannot be written: {}", html.string(), error.what()));
     return exit_failure;
@@ -79,10 +94,16 @@ int gather_and_write(const ReportOptions& options, const fs::path& results, cons
   if (const auto* problem = std::get_if<run::Problem>(&gathered)) return stop(*problem);
   const auto& content = std::get<run::DocumentContent>(gathered);
   if (const auto problem = strictness_problem(options, results, content)) return stop({*problem});
-  return write(options, content, html);
+  return write(options, content, results, html);
 }
 
 }  // namespace
+
+std::optional<DocumentDetail> parse_document_detail(std::string_view name) {
+  if (name == "summary") return DocumentDetail::summary;
+  if (name == "governing") return DocumentDetail::governing;
+  return name == "full" ? std::optional(DocumentDetail::full) : std::nullopt;
+}
 
 int run_document_command(const ReportOptions& options, const fs::path& html) {
   const fs::path results = options.results.value_or(run::result_path_of(options.input.model));

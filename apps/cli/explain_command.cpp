@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "aluframe/document/derivation_page.h"
+#include "aluframe/document/explained_place.h"
 #include "aluframe/explain/explanation_text.h"
 #include "aluframe/files/output_guard.h"
 #include "aluframe/model/plain_text.h"
@@ -28,23 +29,6 @@ const char* side_name(const run::ExplainedCheck& check) {
   return check.place.min_side == 0 ? "max" : "min";
 }
 
-/// "3 "wind" (max)", the combination by its number and what else tells it from others.
-std::string combination_name(const run::ExplainedCheck& check) {
-  std::string text = fmt::format("{}", check.combination);
-  const std::string name = model::without_control_characters(check.combination_name);
-  if (!name.empty()) text += fmt::format(" \"{}\"", name);
-  if (check.has_sides) text += fmt::format(" ({})", side_name(check));
-  return text;
-}
-
-/// "Element 12 (column), stability, combination 3 "wind", at J".
-std::string place_of(const run::ExplainedCheck& check) {
-  return texts::translated("Element {} ({}), {}, combination {}, at {}", check.elements.front(),
-                           texts::translation_of(tables::member_type_name(check.member_type)),
-                           texts::translation_of(tables::item_name(check.place.item)),
-                           combination_name(check), tables::position_name(check.place.position));
-}
-
 std::string footing() {
   return texts::translated(
       "Forces N, N·mm, lengths mm. Names of rules in brackets, such as (F1): docs/behaviour.md; "
@@ -52,14 +36,14 @@ std::string footing() {
 }
 
 std::string text_of(const run::ExplainedCheck& check) {
-  return place_of(check) + texts::translated(": ") +
+  return document::place_of(check) + texts::translated(": ") +
          texts::sentence_in_words(check.explanation.check) + "\n\n" +
          explain::to_text(check.explanation.ratio) + "\n" + footing() + "\n";
 }
 
 std::string page_of(const run::ExplainedCheck& check) {
   std::ostringstream page;
-  document::write_derivation_page(page, {place_of(check), footing()}, check.explanation);
+  document::write_derivation_page(page, {document::place_of(check), footing()}, check.explanation);
   return page.str();
 }
 
@@ -81,10 +65,11 @@ std::string json_of(const run::ExplainedCheck& check) {
 
 std::optional<std::string> overwriting_problem(const ExplainOptions& options,
                                                const std::filesystem::path& results) {
-  return files::find_overwriting({{"the explanation", options.output}},
-                                 {{"the result file", results},
-                                  {"the model", options.input.model},
-                                  {"the table of forces", options.input.forces}});
+  return files::find_overwriting(
+      {{texts::translatable("the explanation"), options.output}},
+      {{texts::translatable("the result file"), results},
+       {texts::translatable("the model"), options.input.model},
+       {texts::translatable("the table of forces"), options.input.forces}});
 }
 
 std::string shown(const run::ExplainedCheck& check, ExplanationFormat format) {

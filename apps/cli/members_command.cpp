@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "aluframe/run/member_list.h"
+#include "aluframe/texts/sentence.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/terminal.h"
 
@@ -14,19 +16,19 @@ namespace {
 
 std::vector<tables::Column> columns(const model::Model& model) {
   const std::string unit(model::name_of(model.units.length));
-  return {{.key = "member", .heading = "member"},
-          {.key = "name", .heading = "name"},
-          {.key = "elements", .heading = "elements"},
-          {.key = "origin", .heading = "origin"},
-          {.key = "length_" + unit, .heading = "length " + unit},
+  return {{.key = "member", .heading = texts::translatable("member")},
+          {.key = "name", .heading = texts::translatable("name")},
+          {.key = "elements", .heading = texts::translatable("elements")},
+          {.key = "origin", .heading = texts::translatable("origin")},
+          {.key = "length_" + unit, .heading = fmt::format(texts::translatable("length {}"), unit)},
           {.key = "ky", .heading = "Ky"},
-          {.key = "ky_source", .heading = "Ky from"},
+          {.key = "ky_source", .heading = texts::translatable("Ky from")},
           {.key = "kz", .heading = "Kz"},
-          {.key = "kz_source", .heading = "Kz from"},
-          {.key = "own_factors", .heading = "own factors"},
-          {.key = "ky_mode", .heading = "Ky of mode"},
-          {.key = "kz_mode", .heading = "Kz of mode"},
-          {.key = "remark", .heading = "remark"}};
+          {.key = "kz_source", .heading = texts::translatable("Kz from")},
+          {.key = "own_factors", .heading = texts::translatable("own factors")},
+          {.key = "ky_mode", .heading = texts::translatable("Ky of mode")},
+          {.key = "kz_mode", .heading = texts::translatable("Kz of mode")},
+          {.key = "remark", .heading = texts::translatable("remark")}};
 }
 
 /// The elements of a member from its start to its end, as "1-3, 7".
@@ -52,9 +54,9 @@ tables::Cell own_factors(const model::Model& model, const members::SegmentFactor
   return in_order(own);
 }
 
-std::string origin(const model::Model& model, const members::SegmentFactors& of) {
-  if (!of.member) return "lone element";
-  return model.finds_members ? "found" : "file";
+tables::Phrase origin(const model::Model& model, const members::SegmentFactors& of) {
+  if (!of.member) return {texts::translatable("lone element")};
+  return {model.finds_members ? texts::translatable("found") : texts::translatable("file")};
 }
 
 tables::Cell of_mode(const members::LengthFactor& factor) {
@@ -66,23 +68,30 @@ tables::Cell of_mode(const members::LengthFactor& factor) {
 /// by the mode of combination 2".
 std::string remark_on(const members::LengthFactor& factor) {
   if (members::is_below_mode(factor)) {
-    return fmt::format("less than by the mode of combination {}", factor.mode->combination);
+    return fmt::format(texts::translatable("less than by the mode of combination {}"),
+                       factor.mode->combination);
   }
   if (factor.source == members::FactorSource::mode) {
-    const std::string mode = fmt::format("mode of combination {}, factor {:.3g}",
-                                         factor.mode->combination, factor.mode->factor);
-    return factor.objection.empty() ? mode : mode + ", as " + factor.objection;
+    const members::ModeLength& mode = *factor.mode;
+    if (factor.objection.empty()) {
+      return fmt::format(texts::translatable("mode of combination {}, factor {:.3g}"),
+                         mode.combination, mode.factor);
+    }
+    return fmt::format(texts::translatable("mode of combination {}, factor {:.3g}, as {}"),
+                       mode.combination, mode.factor, factor.objection);
   }
   if (!members::is_guessed(factor)) return {};
-  return factor.objection + ", which charts leave out; no mode tells of it";
+  return fmt::format(texts::translatable("{}, which charts leave out; no mode tells of it"),
+                     factor.objection);
 }
 
 tables::Cell remarks_on(const members::SegmentFactors& of) {
   const std::string y = remark_on(of.y), z = remark_on(of.z);
   if (y.empty() && z.empty()) return {};
-  if (y == z) return y;
-  const std::string both = y.empty() || z.empty() ? "" : "; ";
-  return (y.empty() ? "" : "Ky: " + y) + both + (z.empty() ? "" : "Kz: " + z);
+  if (y == z) return tables::Phrase{y};
+  if (z.empty()) return tables::Phrase{fmt::format(texts::translatable("Ky: {}"), y)};
+  if (y.empty()) return tables::Phrase{fmt::format(texts::translatable("Kz: {}"), z)};
+  return tables::Phrase{fmt::format(texts::translatable("Ky: {}; Kz: {}"), y, z)};
 }
 
 std::vector<tables::Cell> row(const model::Model& model, const members::SegmentFactors& of) {
@@ -94,9 +103,9 @@ std::vector<tables::Cell> row(const model::Model& model, const members::SegmentF
   }
   const double unit = model::millimetres_per(model.units.length);
   cells.insert(cells.end(), {in_order(of.elements), origin(model, of), of.length / unit, of.y.k,
-                             std::string(members::name_of(of.y.source)), of.z.k,
-                             std::string(members::name_of(of.z.source)), own_factors(model, of),
-                             of_mode(of.y), of_mode(of.z), remarks_on(of)});
+                             tables::Phrase{std::string(members::name_of(of.y.source))}, of.z.k,
+                             tables::Phrase{std::string(members::name_of(of.z.source))},
+                             own_factors(model, of), of_mode(of.y), of_mode(of.z), remarks_on(of)});
   return cells;
 }
 
@@ -119,7 +128,9 @@ int run_members_command(const MembersOptions& options) {
       table.rows.push_back(row(input.model, of));
   }
   print_text(tables::render(table, options.common.format, false));
-  if (!unknown.empty()) print_message("buckling modes are not known: " + unknown);
+  if (!unknown.empty())
+    print_message(
+        texts::translated("buckling modes are not known: {}", texts::sentence_in_words(unknown)));
   return exit_done;
 }
 

@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "aluframe/files/publication.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/terminal.h"
 
@@ -19,7 +20,7 @@ int write_output(const std::string& text, const std::optional<std::filesystem::p
     files::publish_text(*path, text);
     return exit_done;
   } catch (const std::exception& error) {
-    print_message(path->string() + ": cannot be written: " + error.what());
+    print_message(texts::translated("{}: cannot be written: {}", path->string(), error.what()));
     return exit_failure;
   }
 }

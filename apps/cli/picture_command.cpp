@@ -6,6 +6,7 @@
 #include "aluframe/files/output_guard.h"
 #include "aluframe/picture/svg.h"
 #include "aluframe/run/results.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
@@ -17,12 +18,13 @@ int run_picture_command(const PictureCommandOptions& options) {
   std::optional<std::filesystem::path> file;
   if (options.svg != "-") file = options.svg;
   if (wanted.results && wanted.colour != picture::ColourBy::ratio) {
-    return stop({"--results goes with --colour ratio only"});
+    return stop({texts::translated("--results goes with --colour ratio only")});
   }
-  if (const auto problem = files::find_overwriting({{"the picture", file, files::FileKind::other}},
-                                                   {{"the model", options.input.model},
-                                                    {"the table of forces", options.input.forces},
-                                                    {"the result file", wanted.results}})) {
+  if (const auto problem = files::find_overwriting(
+          {{texts::translatable("the picture"), file, files::FileKind::other}},
+          {{texts::translatable("the model"), options.input.model},
+           {texts::translatable("the table of forces"), options.input.forces},
+           {texts::translatable("the result file"), wanted.results}})) {
     return stop({*problem});
   }
   const auto read = run::read_input(options.input);

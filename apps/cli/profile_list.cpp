@@ -5,6 +5,7 @@
 #include <span>
 
 #include "aluframe/section/section_properties.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/section_tables.h"
 
 namespace aluframe::cli {
@@ -17,9 +18,9 @@ using model::Section;
 /// The list as a table; its sources are told below it, once a series.
 tables::OutputTable list_table(std::span<const Profile* const> profiles, tables::Format format) {
   tables::OutputTable table;
-  table.columns = {{"name", "name"},
-                   {"shape", "shape"},
-                   {"dimensions", "dimensions, mm"},
+  table.columns = {{"name", texts::translatable("name")},
+                   {"shape", texts::translatable("shape")},
+                   {"dimensions", texts::translatable("dimensions, mm")},
                    {"area", "A, mm2", 1},
                    {"mass", "kg/m", 3}};
   if (format != tables::Format::table) table.columns.push_back({"source", "source"});
@@ -40,7 +41,7 @@ std::string sources_text(std::span<const Profile* const> profiles) {
   for (const Profile* profile : profiles) {
     if (profile->source == told) continue;
     told = profile->source;
-    text += fmt::format("  {}: {}\n", profile->series, told);
+    text += fmt::format("  {}: {}\n", profile->series, texts::translation_of(told));
   }
   return text;
 }
@@ -58,8 +59,8 @@ std::string profile_list(const std::vector<Profile>& own, std::optional<model::S
   }
   std::string table = tables::render(list_table(chosen, format), format, false);
   if (format != tables::Format::table) return table;
-  return fmt::format("{}\n{} profiles; mass with a density of {:g} kg/m3\n{}", table, chosen.size(),
-                     aluminium_density, sources_text(chosen));
+  return texts::translated("{}\n{} profiles; mass with a density of {:g} kg/m3\n{}", table,
+                           chosen.size(), aluminium_density, sources_text(chosen));
 }
 
 }  // namespace aluframe::cli

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "aluframe/texts/text.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -35,7 +36,8 @@ std::string progress_line(const std::string& text, int done, int total, double s
   const auto filled = static_cast<std::size_t>(share * bar_width);
   const std::string bar = std::string(filled, '#') + std::string(bar_width - filled, '.');
   const double rate = seconds > 0.0 ? (done - before) / seconds : 0.0;
-  const std::string left = rate > 0.0 ? clock_time((total - done) / rate) + " left" : "";
+  const std::string left =
+      rate > 0.0 ? texts::translated("{} left", clock_time((total - done) / rate)) : "";
   return fmt::format("{} [{}] {:3.0f} %  {}/{}  {:.0f}/s  {}", text, bar, share * 100.0, done,
                      total, rate, left);
 }

@@ -1,7 +1,5 @@
 #include "apps/cli/report_command.h"
 
-#include <fmt/format.h>
-
 #include <exception>
 #include <utility>
 #include <variant>
@@ -13,6 +11,7 @@
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/report_files.h"
 #include "apps/cli/report_texts.h"
@@ -37,17 +36,19 @@ run::ReportOptions report_options(const ReportFiles& files, const UnitPair& unit
 /// The elements that the user should know of, as messages.
 void print_left_out(const services::ReportSummary& summary, const ReportFiles& files) {
   if (!summary.checked_now.empty()) {
-    print_message(fmt::format("checked for the report and added to {}: element {}",
-                              files.results.string(),
-                              tables::shown_list(model::join_as_ranges(summary.checked_now))));
+    print_message(texts::translated(
+        "checked for the report and added to {}: element {}", files.results.string(),
+        tables::shown_list(model::join_as_ranges(summary.checked_now))));
   }
   if (!summary.not_reported.empty()) {
-    print_message(fmt::format("without results: element {}",
-                              tables::shown_list(model::join_as_ranges(summary.not_reported))));
+    print_message(
+        texts::translated("without results: element {}",
+                          tables::shown_list(model::join_as_ranges(summary.not_reported))));
   }
   if (!summary.without_checks.empty()) {
-    print_message(fmt::format("no check to show: element {}",
-                              tables::shown_list(model::join_as_ranges(summary.without_checks))));
+    print_message(
+        texts::translated("no check to show: element {}",
+                          tables::shown_list(model::join_as_ranges(summary.without_checks))));
   }
 }
 
@@ -58,7 +59,7 @@ void warn_about_stored(const run::Input& input, const ReportFiles& files) {
   if (const auto text = run::unfinished_text(files.results, reader->state())) print_message(*text);
   if (input.combinations.empty()) return;
   const run::Coverage coverage = run::coverage_of(*reader);
-  print_message(fmt::format(
+  print_message(texts::translated(
       "{}: covers combination {} alone, {}, and the report goes by no other; check the model "
       "again for all",
       files.results.string(), tables::shown_list(model::join_as_ranges(coverage.combinations)),
@@ -86,7 +87,7 @@ Ending end_report(const model::Model& model, const services::ReportSummary& summ
     ending.problem = files::error_text(error);
     if (files.readable) {
       ending.problem =
-          fmt::format("{}: cannot be written: {}", files.readable->string(), ending.problem);
+          texts::translated("{}: cannot be written: {}", files.readable->string(), ending.problem);
     }
   }
   return ending;
@@ -95,10 +96,10 @@ Ending end_report(const model::Model& model, const services::ReportSummary& summ
 /// Everything that a failed report leaves, in one line: its readable copy may be whole.
 std::string failure_text(const services::ReportSummary& summary, const ReportFiles& files,
                          const Ending& ending) {
-  std::string text = "the report failed: " + summary.failure;
+  std::string text = texts::translated("the report failed: {}", summary.failure);
   if (!ending.problem.empty()) return text + "; " + ending.problem;
   if (ending.text.empty() || !files.readable) return text;
-  return text + "; the readable copy is whole: " + files.readable->string();
+  return texts::translated("{}; the readable copy is whole: {}", text, files.readable->string());
 }
 
 /// Shows a complete report's summary and where its readable text is: on standard error where
@@ -110,15 +111,17 @@ void show(const std::string& summary, const ReportFiles& files, const Ending& en
     return;
   }
   print_text(summary);
-  if (ending.problem.empty()) print_formatted("Readable copy: {}\n", files.readable->string());
+  if (ending.problem.empty()) {
+    print_text(texts::translated("Readable copy: {}\n", files.readable->string()));
+  }
 }
 
 /// The end of a complete report whose readable text is not where the user wants it.
 /// @return the exit status
 int tell_missing_copy(const ReportFiles& files, const Ending& ending) {
-  print_message(files.report ? fmt::format("{}; the report is whole: {}", ending.problem,
-                                           files.report->string())
-                             : "the report failed: " + ending.problem);
+  print_message(files.report ? texts::translated("{}; the report is whole: {}", ending.problem,
+                                                 files.report->string())
+                             : texts::translated("the report failed: {}", ending.problem));
   return exit_failure;
 }
 
@@ -152,7 +155,7 @@ int write(const ReportOptions& options, const run::Input& input, const UnitPair&
   wanted.follow = [&](const auto& report) { ending = end_report(input.model, report, files); };
   const services::ReportSummary summary = run::report(input, wanted);
   for (const auto& [place, count] : summary.assertions) {
-    print_message(fmt::format("internal inconsistency ({}), met {} times", place, count));
+    print_message(texts::translated("internal inconsistency ({}), met {} times", place, count));
   }
   switch (summary.outcome) {
     case services::RunOutcome::complete:
@@ -171,7 +174,7 @@ std::optional<std::string> strictness_problem(const ReportOptions& options,
   if (options.strict != run::Strictness::safe || !fs::exists(files.results)) return std::nullopt;
   const auto reader = store::ResultReader::open(files.results);
   if (run::second_opinion_of(reader->info().setup) == run::SecondOpinion::on) return std::nullopt;
-  return fmt::format(
+  return texts::translated(
       "--strict=safe looks at safe ratios, and {} has none: check the model again without "
       "--second-opinion off",
       files.results.string());

@@ -1,12 +1,11 @@
 #include "apps/cli/report_files.h"
 
-#include <fmt/format.h>
-
 #include <fstream>
 #include <system_error>
 
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/results.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::cli {
 
@@ -31,10 +30,12 @@ fs::path readable_beside(const fs::path& report) {
 std::optional<std::string> contradiction(const ReportOptions& options) {
   if (options.output != standard_output) return std::nullopt;
   if (options.readable) {
-    return "--readable: --output - writes the readable text to standard output; give one of the "
-           "two";
+    return texts::translated(
+        "--readable: --output - writes the readable text to standard output; give one of the two");
   }
-  if (options.open) return "--open: --output - leaves no file to open; give one of the two";
+  if (options.open) {
+    return texts::translated("--open: --output - leaves no file to open; give one of the two");
+  }
   return std::nullopt;
 }
 
@@ -57,7 +58,7 @@ std::optional<std::string> standing_in_the_way(const ReportOptions& options,
     return std::nullopt;
   }
   if (is_readable_copy(*files.readable)) return std::nullopt;
-  return fmt::format(
+  return texts::translated(
       "{}: is no readable copy of a report, which would overwrite it; move it, or name another "
       "file with --readable",
       files.readable->string());
@@ -68,10 +69,11 @@ std::optional<std::string> standing_in_the_way(const ReportOptions& options,
 std::optional<std::string> overwriting_problem(const ReportOptions& options,
                                                const ReportFiles& files) {
   return files::find_overwriting(
-      {{"the result file", files.results, files::FileKind::results},
-       {"the report", files.report},
-       {"the readable copy", files.readable}},
-      {{"the model", options.input.model}, {"the table of forces", options.input.forces}});
+      {{texts::translatable("the result file"), files.results, files::FileKind::results},
+       {texts::translatable("the report"), files.report},
+       {texts::translatable("the readable copy"), files.readable}},
+      {{texts::translatable("the model"), options.input.model},
+       {texts::translatable("the table of forces"), options.input.forces}});
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "apps/cli/report_texts.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <vector>
@@ -10,6 +8,7 @@
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::cli {
 
@@ -19,16 +18,21 @@ std::string number_list(const std::vector<model::Number>& numbers, tables::Lists
   return tables::shown_list(model::join_as_ranges(numbers), lists);
 }
 
+std::string elements_text(std::size_t count) {
+  return texts::counted(count, texts::translatable("{} element"),
+                        texts::translatable("{} elements"));
+}
+
 /// How many failing elements the report says nothing of, and of which nobody can tell.
 std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
   std::string text =
-      fmt::format(", {} of which no line of the report says so", unprinted.elements.size());
-  if (!unprinted.elements.empty()) {
-    text += ": element " + number_list(unprinted.elements, lists);
-  }
+      unprinted.elements.empty()
+          ? texts::translated(", 0 of which no line of the report says so")
+          : texts::translated(", {} of which no line of the report says so: element {}",
+                              unprinted.elements.size(), number_list(unprinted.elements, lists));
   if (!unprinted.unclear.empty()) {
-    text += fmt::format("; whether it does of element {} cannot be told",
-                        number_list(unprinted.unclear, lists));
+    text += texts::translated("; whether it does of element {} cannot be told",
+                              number_list(unprinted.unclear, lists));
   }
   return text;
 }
@@ -39,7 +43,8 @@ std::string ratios_text(const model::Model& model, const services::ReportSummary
                         const ReportBasis& basis, tables::Lists lists) {
   std::string text;
   if (basis.coverage) {
-    text = fmt::format("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
+    text =
+        texts::translated("Combinations: {}\n", number_list(basis.coverage->combinations, lists));
   }
   return text + tables::ratios_text(model, basis.told, unprinted_text(summary.unprinted, lists));
 }
@@ -65,13 +70,15 @@ ReportBasis report_basis(const services::ReportSummary& summary,
 
 std::string report_summary_text(const model::Model& model, const services::ReportSummary& summary,
                                 const ReportFiles& files, const ReportBasis& basis) {
-  std::string text = fmt::format("Report of {} element{}, complete: {}\n", summary.reported.size(),
-                                 summary.reported.size() == 1 ? "" : "s",
-                                 files.report ? files.report->string() : "standard output");
-  if (basis.coverage) text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
+  std::string text = texts::translated(
+      "Report of {}, complete: {}\n", elements_text(summary.reported.size()),
+      files.report ? files.report->string() : texts::translated("standard output"));
+  if (basis.coverage)
+    text += texts::translated("Covered: {}\n", run::coverage_text(*basis.coverage));
   for (const store::GoverningRow& row : summary.unprinted.checks) {
-    text += fmt::format("Fails without a line in the report: element {}, {} {}\n", row.element,
-                        tables::item_name(row.item), tables::short_number(row.governing.Ratio()));
+    text += texts::translated("Fails without a line in the report: element {}, {} {}\n",
+                              row.element, texts::translation_of(tables::item_name(row.item)),
+                              tables::short_number(row.governing.Ratio()));
   }
   return text + ratios_text(model, summary, basis, tables::Lists::shortened) +
          tables::told_text(model, basis.told);
@@ -79,17 +86,17 @@ std::string report_summary_text(const model::Model& model, const services::Repor
 
 std::string report_appendix(const model::Model& model, const services::ReportSummary& summary,
                             const ReportBasis& basis) {
-  const std::size_t elements = summary.reported.size();
-  std::string text = "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n";
+  std::string text = texts::translated(
+      "\n\nSecond opinion (no part of the calculation report; docs/behaviour.md)\n");
   if (basis.coverage) {
-    text += fmt::format("Covered: {}\n", run::coverage_text(*basis.coverage));
+    text += texts::translated("Covered: {}\n", run::coverage_text(*basis.coverage));
   }
   text += ratios_text(model, summary, basis, tables::Lists::whole);
   if (!basis.told.safe_rows.empty()) {
     text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
   }
   return text + tables::told_text(model, basis.told, tables::Lists::whole) +
-         fmt::format("\nComplete: report of {} element{}\n", elements, elements == 1 ? "" : "s");
+         texts::translated("\nComplete: report of {}\n", elements_text(summary.reported.size()));
 }
 
 }  // namespace aluframe::cli

@@ -13,6 +13,7 @@
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
@@ -31,7 +32,8 @@ struct InputError {
 tables::ResultView view_of(const std::optional<std::string>& units) {
   if (!units) return {};
   const auto parsed = parse_unit_pair(*units);
-  if (const auto* text = std::get_if<std::string>(&parsed)) throw InputError{"--units: " + *text};
+  if (const auto* text = std::get_if<std::string>(&parsed))
+    throw InputError{"--units: " + *text};
   const auto& [force, length] = std::get<UnitPair>(parsed);
   const double millimetres = model::millimetres_per(length);
   return {millimetres * millimetres / model::newtons_per(force),
@@ -81,8 +83,8 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   out += told_text(reader, reader.remarks(), reader.not_checked());
   const std::string buckling =
       tables::buckling_line(run::buckling_of(reader.info().setup), reader.buckling());
-  return out + "\nBuckling: " + buckling +
-         "\nCovered: " + run::coverage_text(run::coverage_of(reader)) + "\n";
+  return out + texts::translated("\nBuckling: {}\nCovered: {}\n", buckling,
+                                 run::coverage_text(run::coverage_of(reader)));
 }
 
 std::string governing_text(store::ResultReader& reader, model::Number element,
@@ -91,7 +93,7 @@ std::string governing_text(store::ResultReader& reader, model::Number element,
   for (const store::GoverningRow& row : reader.governing()) {
     if (row.element == element) rows.push_back(row);
   }
-  return fmt::format("Element {}: governing checks\n", element) +
+  return texts::translated("Element {}: governing checks\n", element) +
          tables::to_text(tables::governing_table(run::by_element(rows), reader.info(), view),
                          colour) +
          "\n";
@@ -119,7 +121,7 @@ std::string element_text(store::ResultReader& reader, model::Number element,
   if (const auto found = safe.find(element); found != safe.end()) {
     out += tables::safe_text(found->second, reader.info()) + "\n\n";
   }
-  out += fmt::format("Element {}: ratios of every combination and position\n", element);
+  out += texts::translated("Element {}: ratios of every combination and position\n", element);
   out += tables::to_text(tables::position_ratios_table(records, reader.info()), colour);
   return out + told_text(reader, element);
 }
@@ -136,7 +138,8 @@ std::string remarks_text(store::ResultReader& reader, const ResultsOptions& opti
 
 std::string buckling_text(store::ResultReader& reader, const ResultsOptions& options) {
   const auto rows = reader.buckling();
-  if (rows.empty()) throw InputError{"the run did not look at the buckling of the frame"};
+  if (rows.empty())
+    throw InputError{texts::translated("the run did not look at the buckling of the frame")};
   return tables::render(tables::stored_buckling_table(rows), options.format, false);
 }
 
@@ -163,7 +166,8 @@ void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options
   const bool is_said = options.format == tables::Format::table && is_list;
   const bool is_full = coverage.is_whole() && coverage.second_opinion == run::SecondOpinion::on;
   if (!is_full && !is_said) {
-    print_message(fmt::format("{}: covered are {}", file.string(), run::coverage_text(coverage)));
+    print_message(
+        texts::translated("{}: covered are {}", file.string(), run::coverage_text(coverage)));
   }
 }
 
@@ -175,8 +179,9 @@ int run_results_command(const ResultsOptions& options) {
   try {
     const tables::ResultView view = view_of(options.units);
     if (const auto problem =
-            files::find_overwriting({{"the table", options.output}},
-                                    {{"the result file", file}, {"the model", options.input}})) {
+            files::find_overwriting({{texts::translatable("the table"), options.output}},
+                                    {{texts::translatable("the result file"), file},
+                                     {texts::translatable("the model"), options.input}})) {
       print_message(*problem);
       return exit_input_error;
     }

@@ -1,11 +1,10 @@
 #include "apps/cli/section_command.h"
 
-#include <fmt/format.h>
-
 #include "aluframe/files/output_guard.h"
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/sketch.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/profile_list.h"
@@ -51,16 +50,19 @@ int show(const SectionOptions& options, const std::string& name, const std::vect
 
 int run_section_command(const SectionOptions& options) {
   if (options.list == options.name.has_value()) {
-    print_message(options.list
-                      ? "NAME: --list takes none"
-                      : "NAME: is missing; give a section such as \"H 300x150x8x12\", or --list");
+    print_message(
+        options.list
+            ? texts::translated("NAME: --list takes none")
+            : texts::translated(
+                  "NAME: is missing; give a section such as \"H 300x150x8x12\", or --list"));
     return exit_input_error;
   }
   if (options.list && options.svg) {
-    print_message("--svg: draws one section, not the list");
+    print_message(texts::translated("--svg: draws one section, not the list"));
     return exit_input_error;
   }
-  if (const auto problem = files::find_overwriting({{"the drawing", options.svg}}, {})) {
+  if (const auto problem =
+          files::find_overwriting({{texts::translatable("the drawing"), options.svg}}, {})) {
     print_message(*problem);
     return exit_input_error;
   }

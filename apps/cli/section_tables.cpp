@@ -11,6 +11,7 @@
 #include "aluframe/section/second_computation.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/text_sketch.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::cli {
 
@@ -42,28 +43,67 @@ double share(double formula, double mesh, double of) {
 
 std::vector<Value> values_of(const SectionProperties& p) {
   return {
-      {"area", "A", "area", "mm2", p.area, {}},
-      {"mass", "m", "mass per metre", "kg/m", p.area * mass_per_area, {}},
-      {"iyy", "Iyy", "second moment about y", "mm4", p.iyy, {}},
-      {"izz", "Izz", "second moment about z", "mm4", p.izz, {}},
-      {"radius_y", "iy", "radius of gyration", "mm", std::sqrt(p.iyy / p.area), {}},
-      {"radius_z", "iz", "radius of gyration", "mm", std::sqrt(p.izz / p.area), {}},
-      {"edge_top", "", "centroid to top edge", "mm", extent(p.point_z, true), {}},
-      {"edge_bottom", "", "centroid to bottom edge", "mm", -extent(p.point_z, false), {}},
-      {"edge_left", "", "centroid to left edge", "mm", -extent(p.point_y, false), {}},
-      {"edge_right", "", "centroid to right edge", "mm", extent(p.point_y, true), {}},
-      {"qyb", "Qyb", "Q/b for shear along z", "mm2", p.qyb, {}},
-      {"qzb", "Qzb", "Q/b for shear along y", "mm2", p.qzb, {}},
+      {"area", "A", texts::translatable("area"), "mm2", p.area, {}},
+      {"mass", "m", texts::translatable("mass per metre"), "kg/m", p.area * mass_per_area, {}},
+      {"iyy", "Iyy", texts::translatable("second moment about y"), "mm4", p.iyy, {}},
+      {"izz", "Izz", texts::translatable("second moment about z"), "mm4", p.izz, {}},
+      {"radius_y",
+       "iy",
+       texts::translatable("radius of gyration"),
+       "mm",
+       std::sqrt(p.iyy / p.area),
+       {}},
+      {"radius_z",
+       "iz",
+       texts::translatable("radius of gyration"),
+       "mm",
+       std::sqrt(p.izz / p.area),
+       {}},
+      {"edge_top",
+       "",
+       texts::translatable("centroid to top edge"),
+       "mm",
+       extent(p.point_z, true),
+       {}},
+      {"edge_bottom",
+       "",
+       texts::translatable("centroid to bottom edge"),
+       "mm",
+       -extent(p.point_z, false),
+       {}},
+      {"edge_left",
+       "",
+       texts::translatable("centroid to left edge"),
+       "mm",
+       -extent(p.point_y, false),
+       {}},
+      {"edge_right",
+       "",
+       texts::translatable("centroid to right edge"),
+       "mm",
+       extent(p.point_y, true),
+       {}},
+      {"qyb", "Qyb", texts::translatable("Q/b for shear along z"), "mm2", p.qyb, {}},
+      {"qzb", "Qzb", texts::translatable("Q/b for shear along y"), "mm2", p.qzb, {}},
   };
 }
 
 std::vector<Value> twist_of(const ShownSection& shown, const SectionProperties& p) {
   const double iw = section::warps(shown.section.shape) ? p.iw : 0.0;
-  std::vector<Value> out{
-      {"it", "It", "torsion constant", "mm4", p.it, {}},
-      {"iw", "Iw", "warping constant", "mm6", iw, {}},
-      {"shear_centre_y", "ey", "shear centre, to the right", "mm", p.shear_centre_y, {}},
-      {"shear_centre_z", "ez", "shear centre, upwards", "mm", p.shear_centre_z, {}}};
+  std::vector<Value> out{{"it", "It", texts::translatable("torsion constant"), "mm4", p.it, {}},
+                         {"iw", "Iw", texts::translatable("warping constant"), "mm6", iw, {}},
+                         {"shear_centre_y",
+                          "ey",
+                          texts::translatable("shear centre, to the right"),
+                          "mm",
+                          p.shear_centre_y,
+                          {}},
+                         {"shear_centre_z",
+                          "ez",
+                          texts::translatable("shear centre, upwards"),
+                          "mm",
+                          p.shear_centre_z,
+                          {}}};
   const auto mesh = section::compute_on_mesh(shown.section, shown.across);
   if (!mesh) return out;
   const std::array on_mesh{mesh->it, mesh->iw, mesh->shear_centre_y, mesh->shear_centre_z};
@@ -98,7 +138,8 @@ const Profile* profile_of(const ShownSection& shown) {
 
 std::string source_of(const ShownSection& shown) {
   const Profile* profile = profile_of(shown);
-  return profile != nullptr ? profile->source : "dimensions in mm, from the name";
+  return profile != nullptr ? profile->source
+                            : texts::translatable("dimensions in mm, from the name");
 }
 
 std::string indented(const std::string& lines) {
@@ -112,25 +153,27 @@ std::string indented(const std::string& lines) {
 
 std::string values_text(std::span<const Value> values) {
   tables::OutputTable table;
-  table.columns = {
-      {"what", "constant"}, {"symbol", "symbol"}, {"value", "value"}, {"unit", "unit"}};
+  table.columns = {{"what", texts::translatable("constant")},
+                   {"symbol", texts::translatable("symbol")},
+                   {"value", texts::translatable("value")},
+                   {"unit", texts::translatable("unit")}};
   for (const Value& v : values) {
     table.rows.push_back(
-        {std::string(v.what), std::string(v.symbol), engineering(v.value), v.unit});
+        {tables::Phrase{v.what}, std::string(v.symbol), engineering(v.value), v.unit});
   }
   return tables::to_text(table, false);
 }
 
 std::string twist_text(std::span<const Value> values) {
   tables::OutputTable table;
-  table.columns = {{"what", "torsion and warping"},
-                   {"symbol", "symbol"},
-                   {"value", "formula"},
-                   {"mesh", "mesh"},
-                   {"unit", "unit"},
-                   {"difference", "differ by %"}};
+  table.columns = {{"what", texts::translatable("torsion and warping")},
+                   {"symbol", texts::translatable("symbol")},
+                   {"value", texts::translatable("formula")},
+                   {"mesh", texts::translatable("mesh")},
+                   {"unit", texts::translatable("unit")},
+                   {"difference", texts::translatable("differ by %")}};
   for (const Value& v : values) {
-    table.rows.push_back({std::string(v.what), std::string(v.symbol), engineering(v.value),
+    table.rows.push_back({tables::Phrase{v.what}, std::string(v.symbol), engineering(v.value),
                           v.mesh ? tables::Cell(engineering(*v.mesh)) : tables::Cell(), v.unit,
                           v.difference ? tables::Cell(per_cent(*v.difference)) : tables::Cell()});
   }
@@ -144,7 +187,7 @@ bool has_radii(const Section& section) {
 }
 
 std::string notes_on(const Section& section, bool on_mesh) {
-  std::string notes = fmt::format(
+  std::string notes = texts::translated(
       "  mass with a density of {:g} kg/m3; y to the right, z up; Q/b: the largest first moment "
       "over\n"
       "  its width, V*(Q/b)/I is the shear stress\n"
@@ -152,13 +195,15 @@ std::string notes_on(const Section& section, bool on_mesh) {
       "  formula: thin walls on their middle lines; mesh: finite elements, sharp corners\n",
       aluminium_density);
   if (has_radii(section))
-    notes += "  corner radii r1, r2 count in A, Iyy, Izz and Qyb, not in the rest\n";
-  if (!on_mesh) notes += "  the walls are too thin for the mesh\n";
+    notes += texts::translatable(
+        "  corner radii r1, r2 count in A, Iyy, Izz and Qyb, not in the rest\n");
+  if (!on_mesh) notes += texts::translatable("  the walls are too thin for the mesh\n");
   if (!section::warps(section.shape)) {
-    notes += "  Iw is 0 by theory; the checks take 1e-9*Izz*H^2\n";
+    notes += texts::translatable("  Iw is 0 by theory; the checks take 1e-9*Izz*H^2\n");
   }
   if (section.shape == model::Shape::double_channel) {
-    notes += "  the two channels twist each for itself about their common axis\n";
+    notes +=
+        texts::translatable("  the two channels twist each for itself about their common axis\n");
   }
   return notes;
 }
@@ -166,7 +211,7 @@ std::string notes_on(const Section& section, bool on_mesh) {
 std::string as_text(const ShownSection& shown, std::span<const Value> values,
                     std::span<const Value> twist) {
   const Section& section = shown.section;
-  return fmt::format(
+  return texts::translated(
       "{}\n  {} mm\n  {}\n\n{}    # material  + centroid  o shear centre  * both\n\n"
       "{}\n{}\n{}",
       section.name, dimensions_text(section), source_of(shown),

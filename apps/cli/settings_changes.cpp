@@ -13,6 +13,7 @@
 #include "aluframe/services/design_codes.h"
 #include "aluframe/services/settings_rules.h"
 #include "aluframe/services/text.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/settings_fields.h"
 
 namespace aluframe::cli {
@@ -47,19 +48,19 @@ struct Assign {
   std::optional<std::string> operator()(bool DesignSettings::* member) const {
     const auto* const word =
         std::ranges::find(switch_words, text, &std::pair<std::string_view, bool>::first);
-    if (word == std::end(switch_words)) return "must be on or off";
+    if (word == std::end(switch_words)) return texts::translated("must be on or off");
     settings.*member = word->second;
     return std::nullopt;
   }
   std::optional<std::string> operator()(int DesignSettings::* member) const {
     const auto number = parse_number<int>(text);
-    if (!number) return "must be a whole number";
+    if (!number) return texts::translated("must be a whole number");
     settings.*member = *number;
     return std::nullopt;
   }
   std::optional<std::string> operator()(double DesignSettings::* member) const {
     const auto number = parse_number<double>(text);
-    if (!number) return "must be a number";
+    if (!number) return texts::translated("must be a number");
     settings.*member = *number;
     return std::nullopt;
   }
@@ -67,7 +68,8 @@ struct Assign {
   std::optional<std::string> operator()(std::string DesignSettings::* member) const {
     const CString internal = services::internal_code_name(services::to_wide(text));
     if (internal != services::design_code) {
-      return "must be " + services::to_utf8(services::shown_code_name(services::design_code));
+      return texts::translated("must be {}",
+                               services::to_utf8(services::shown_code_name(services::design_code)));
     }
     settings.*member = services::to_utf8(internal);
     return std::nullopt;
@@ -81,15 +83,15 @@ void assign(const std::string& pair, DesignSettings& settings, std::set<std::str
   const std::string key = with(pair.substr(0, sign), '-', '_');
   const auto* const field = std::ranges::find(settings_fields, key, &Field<DesignSettings>::name);
   if (sign == std::string::npos || field == std::end(settings_fields)) {
-    problems.push_back(fmt::format("--set: found '{}', must be KEY=VALUE with a key of {}", pair,
-                                   setting_names()));
+    problems.push_back(texts::translated("--set: found '{}', must be KEY=VALUE with a key of {}",
+                                         pair, setting_names()));
     return;
   }
   const std::string option = "--set " + with(key, '_', '-');
-  if (!met.insert(key).second) problems.push_back(option + ": given twice");
+  if (!met.insert(key).second) problems.push_back(texts::translated("{}: given twice", option));
   const std::string value = pair.substr(sign + 1);
   if (const auto allowed = std::visit(Assign{settings, value}, field->member)) {
-    problems.push_back(fmt::format("{}: found '{}', {}", option, value, *allowed));
+    problems.push_back(texts::translated("{}: found '{}', {}", option, value, *allowed));
   }
 }
 
@@ -126,8 +128,8 @@ void apply_grade(const std::string& grade, Material& material, Problems& problem
   if (const catalogue::Alloy* alloy = catalogue::find_alloy(grade)) {
     take_alloy(*alloy, material);
   } else {
-    problems.push_back(
-        fmt::format("--grade: found '{}', must be one of {}", grade, catalogue::alloy_names()));
+    problems.push_back(texts::translated("--grade: found '{}', must be one of {}", grade,
+                                         catalogue::alloy_names()));
   }
 }
 
@@ -150,7 +152,7 @@ void apply_own_values(const WantedChanges& wanted, Material& material, Problems&
     if (number) {
       *value = *number;
     } else {
-      problems.push_back(fmt::format("{}: found '{}', must be a number", option, **text));
+      problems.push_back(texts::translated("{}: found '{}', must be a number", option, **text));
     }
   }
   if (!any) return;
@@ -171,8 +173,9 @@ void apply_material(const WantedChanges& wanted, model::Model& model, Problems& 
   const auto number = parse_number<model::Number>(*wanted.material);
   const Material* found = number ? model.materials.find(*number) : nullptr;
   if (found == nullptr) {
-    problems.push_back(fmt::format("--material: found '{}', must be a material of the model: {}",
-                                   *wanted.material, material_numbers(model)));
+    problems.push_back(
+        texts::translated("--material: found '{}', must be a material of the model: {}",
+                          *wanted.material, material_numbers(model)));
     return;
   }
   Material material = *found;

@@ -1,12 +1,11 @@
 #include "apps/cli/settings_command.h"
 
-#include <fmt/format.h>
-
 #include <variant>
 
 #include "aluframe/io/model_edit.h"
 #include "aluframe/io/model_file.h"
 #include "aluframe/run/results.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/exit_status.h"
 #include "apps/cli/settings_tables.h"
 #include "apps/cli/terminal.h"
@@ -23,7 +22,8 @@ bool says_what_to_change(const WantedChanges& wanted) {
 int show(const SettingsOptions& options, const model::Model& model) {
   print_text(settings_text(model, options.format));
   if (!model.design) {
-    print_message(options.model.string() + " has no settings; these are the defaults");
+    print_message(
+        texts::translated("{} has no settings; these are the defaults", options.model.string()));
   }
   return exit_done;
 }
@@ -34,13 +34,13 @@ void report(const SettingsOptions& options, const tables::OutputTable& differenc
                  ? difference_text(difference)
                  : tables::render(difference, options.format, false));
   if (difference.rows.empty()) {
-    print_message(options.model.string() + ": nothing to change");
+    print_message(texts::translated("{}: nothing to change", options.model.string()));
     return;
   }
   const std::filesystem::path results = run::result_path_of(options.model);
   std::error_code ignored;
   if (std::filesystem::exists(results, ignored)) {
-    print_message(results.string() + " is out of date; check the model again");
+    print_message(texts::translated("{} is out of date; check the model again", results.string()));
   }
 }
 
@@ -69,7 +69,7 @@ int change(const SettingsOptions& options) {
 int run_settings_command(const SettingsOptions& options) {
   const WantedChanges& wanted = options.changes;
   if (wanted.material && !says_what_to_change(wanted)) {
-    print_message("--material: give --grade, --name or values with it");
+    print_message(texts::translated("--material: give --grade, --name or values with it"));
     return exit_input_error;
   }
   if (!wanted.empty()) return change(options);

@@ -24,6 +24,7 @@ tables::Cell cell_of(const Record& record, const Field<Record>& field) {
 struct OptionText {
   std::string operator()(std::monostate) const { return ""; }
   std::string operator()(const std::string& text) const { return text; }
+  std::string operator()(const tables::Phrase& phrase) const { return phrase.english; }
   std::string operator()(std::int64_t value) const { return fmt::format("{}", value); }
   std::string operator()(double value) const { return fmt::format("{}", value); }
   std::string operator()(bool value) const { return value ? "on" : "off"; }

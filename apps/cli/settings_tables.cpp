@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 
+#include "aluframe/texts/text.h"
 #include "apps/cli/settings_fields.h"
 
 namespace aluframe::cli {
@@ -23,7 +24,8 @@ DesignSettings settings_of(const model::Model& model) {
 
 tables::OutputTable settings_table(const model::Model& model) {
   tables::OutputTable table;
-  table.columns = {{"key", "setting"}, {"value", "value"}};
+  table.columns = {{"key", texts::translatable("setting")},
+                   {"value", texts::translatable("value")}};
   const DesignSettings settings = settings_of(model);
   for (const Field<DesignSettings>& field : settings_fields) {
     table.rows.push_back({std::string(field.name), option_text(value_of(settings, field))});
@@ -33,7 +35,7 @@ tables::OutputTable settings_table(const model::Model& model) {
 
 tables::OutputTable materials_table(const model::Model& model) {
   tables::OutputTable table;
-  table.columns = {{"number", "material"}};
+  table.columns = {{"number", texts::translatable("material")}};
   for (const Field<Material>& field : material_fields) {
     table.columns.push_back({std::string(field.name), std::string(field.name)});
   }
@@ -70,6 +72,8 @@ nlohmann::ordered_json json_of(const tables::Cell& cell) {
       [](const auto& value) -> nlohmann::ordered_json {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::monostate>) {
           return nullptr;
+        } else if constexpr (std::is_same_v<std::decay_t<decltype(value)>, tables::Phrase>) {
+          return value.english;
         } else {
           return value;
         }
@@ -134,7 +138,7 @@ std::string difference_text(const tables::OutputTable& difference) {
   std::string out;
   for (const auto& row : difference.rows) {
     const auto* number = std::get_if<std::int64_t>(&row[1]);
-    if (number != nullptr) out += fmt::format("material {}: ", *number);
+    if (number != nullptr) out += texts::translated("material {}: ", *number);
     out += fmt::format("{} {} -> {}\n", option_text(row[2]), shown(row[3]), shown(row[4]));
   }
   return out;

@@ -1,10 +1,10 @@
 #include "apps/cli/shared_options.h"
 
-#include <fmt/format.h>
-
 #include <cmath>
 #include <utility>
 #include <variant>
+
+#include "aluframe/texts/text.h"
 
 namespace aluframe::cli {
 
@@ -23,7 +23,7 @@ CLI::Validator number_between(double low, double high) {
   range.operation([range = CLI::Range(low, high), low, high](std::string& text) {
     double value = 0.0;
     const bool is_nan = CLI::detail::lexical_cast(text, value) && std::isnan(value);
-    return is_nan ? fmt::format("Value {} not in range {:f} to {:f}", text, low, high)
+    return is_nan ? texts::translated("Value {} not in range {:f} to {:f}", text, low, high)
                   : range(text);
   });
   return range;
@@ -39,19 +39,21 @@ model::NumberRanges ranges_or_throw(const std::string& name, const std::string& 
 
 void add_second_order(CLI::App& app, run::InputOptions& input) {
   app.add_flag("--second-order", input.second_order,
-               "Compute forces in second order, each combination on its own");
+               texts::translated("Compute forces in second order, each combination on its own"));
   app.add_flag("--large-displacements", input.large_displacements,
-               "The same with displacements of any size, up to where the frame snaps through");
+               texts::translated(
+                   "The same with displacements of any size, up to where the frame snaps through"));
 }
 
 void add_allow_outside(CLI::App& app, bool& allow_outside) {
   app.add_flag("--allow-outside", allow_outside,
-               "Read catalogues that lie outside of the model's folder");
+               texts::translated("Read catalogues that lie outside of the model's folder"));
 }
 
 void add_input(CLI::App& app, run::InputOptions& input) {
-  app.add_option("MODEL", input.model, "Model file")->required()->type_name("");
-  app.add_option("--forces", input.forces, "Element forces (CSV) in place of the model's")
+  app.add_option("MODEL", input.model, texts::translated("Model file"))->required()->type_name("");
+  app.add_option("--forces", input.forces,
+                 texts::translated("Element forces (CSV) in place of the model's"))
       ->type_name("FILE");
   add_second_order(app, input);
   add_allow_outside(app, input.allow_outside);
@@ -59,12 +61,12 @@ void add_input(CLI::App& app, run::InputOptions& input) {
 
 void add_elements(CLI::App& app, model::NumberRanges& elements) {
   add_parsed(app, "--elements", elements, ranges_or_throw,
-             "Only these elements, such as 1,3,10-20");
+             texts::translated("Only these elements, such as 1,3,10-20"));
 }
 
 void add_combinations(CLI::App& app, model::NumberRanges& combinations) {
   add_parsed(app, "--combinations", combinations, ranges_or_throw,
-             "Only these combinations, such as 1,3,10-20");
+             texts::translated("Only these combinations, such as 1,3,10-20"));
 }
 
 void add_format(CLI::App& app, tables::Format& format, const std::string& help) {
@@ -75,7 +77,8 @@ void add_language(CLI::App& app) {
   const auto parse = one_of(texts::parse_language, "en, zh");
   app.add_option_function<std::string>(
          "--lang", [parse](const std::string& text) { texts::use_language(parse("--lang", text)); },
-         "Language of what people read: en or zh; that of the environment when not given")
+         texts::translated(
+             "Language of what people read: en or zh; that of the environment when not given"))
       ->type_name("VALUE");
 }
 
@@ -100,9 +103,9 @@ std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) 
 
 void add_strict(CLI::App& command, run::Strictness& strict) {
   command.add_flag("--strict{checks}")
-      ->description(
+      ->description(texts::translated(
           "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-          "at what is not checked or not known")
+          "at what is not checked or not known"))
       ->each([&strict](const std::string& word) {
         strict = one_of(parse_strictness, "checks, safe")("--strict", word);
       });

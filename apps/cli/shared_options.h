@@ -10,6 +10,7 @@
 #include "aluframe/run/strictness.h"
 #include "aluframe/tables/output_table.h"
 #include "aluframe/texts/language.h"
+#include "aluframe/texts/text.h"
 
 // Options of the command line that several commands have.
 
@@ -38,7 +39,8 @@ auto one_of(Parse parse, const std::string& allowed) {
   return [parse, allowed](const std::string& name, const std::string& text) {
     const auto value = parse(text);
     if (!value) {
-      throw CLI::ValidationError(name, "found '" + text + "', must be one of " + allowed);
+      throw CLI::ValidationError(name,
+                                 texts::translated("found '{}', must be one of {}", text, allowed));
     }
     return *value;
   };
@@ -53,7 +55,7 @@ void add_input(CLI::App& app, run::InputOptions& input);
 void add_elements(CLI::App& app, model::NumberRanges& elements);
 void add_combinations(CLI::App& app, model::NumberRanges& combinations);
 void add_format(CLI::App& app, tables::Format& format,
-                const std::string& help = "How to print: table, json or csv");
+                const std::string& help = texts::translated("How to print: table, json or csv"));
 void add_language(CLI::App& app);
 /// The language that a command line asks for, else that of the environment, before the command line
 /// is parsed: its help is in that language. What is wrong with it the parser says.

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "aluframe/texts/text.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -46,14 +47,14 @@ int run(std::string command, std::string file) {
 
 std::optional<std::string> editor_problem() {
   if (editor_command() != nullptr) return std::nullopt;
-  return "--open: set VISUAL or EDITOR to a text editor";
+  return texts::translated("--open: set VISUAL or EDITOR to a text editor");
 }
 
 std::optional<std::string> open_in_editor(const std::filesystem::path& file) {
   if (auto problem = editor_problem()) return problem;
   const char* command = editor_command();
   if (run(command, file.string()) == 0) return std::nullopt;
-  return std::string("--open: the editor ended with an error: ") + command;
+  return std::string(texts::translated("--open: the editor ended with an error: ")) + command;
 }
 
 }  // namespace aluframe::cli

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "aluframe/services/environment_charset.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
@@ -19,7 +20,8 @@ void use_utf8() {
 void prepare_user_locale() {
   const std::optional<std::string> charset = services::charset_of_environment();
   if (!charset) {
-    print_message("the environment names a locale that this machine does not have; UTF-8 is used");
+    print_message(texts::translated(
+        "the environment names a locale that this machine does not have; UTF-8 is used"));
     use_utf8();
   } else if (*charset == "ANSI_X3.4-1968") {
     use_utf8();

@@ -10,6 +10,7 @@
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/tables/short_lists.h"
+#include "aluframe/texts/text.h"
 #include "apps/cli/common_options.h"
 #include "apps/cli/terminal.h"
 
@@ -27,23 +28,20 @@ std::string missing_forces(const model::Model& model) {
     }
     if (missing.empty()) continue;
     std::ranges::sort(missing);
-    out += fmt::format("  load case {} has no forces for element {}\n", model.load_cases[c].number,
-                       tables::shown_list(model::join_as_ranges(missing)));
+    out += texts::translated("  load case {} has no forces for element {}\n",
+                             model.load_cases[c].number,
+                             tables::shown_list(model::join_as_ranges(missing)));
   }
   return out;
-}
-
-/// "1 node", "12 nodes".
-std::string counted(std::size_t count, const char* what) {
-  return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
 /// "12 members", and how many of them the file leaves to be found.
 std::string count_of_members(const run::Input& input) {
   const model::Model& model = input.model;
-  std::string members = counted(model.members.size(), "member");
+  std::string members = texts::counted(model.members.size(), texts::translatable("{} member"),
+                                       texts::translatable("{} members"));
   if (!model.finds_members) return members;
-  return fmt::format("{} ({} found automatically)", members, input.found_members);
+  return texts::translated("{} ({} found automatically)", members, input.found_members);
 }
 
 void print_content(const run::Input& input) {
@@ -54,13 +52,20 @@ void print_content(const run::Input& input) {
   const auto states = static_cast<std::size_t>(std::ranges::count_if(model.combinations, is_state));
   const std::size_t design = model::design_numbers(model).size() - states;
   const std::string forces = tables::forces_text(input.forces);
-  print_formatted(
-      "{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n{}", input.file.string(),
-      counted(model.nodes.size(), "node"), counted(model.elements.size(), "element"),
-      count_of_members(input), counted(model.sections.size(), "section"),
-      counted(model.materials.size(), "material"), counted(model.load_cases.size(), "load case"),
-      counted(model.combinations.size() - states, "combination"), design,
-      forces.empty() ? "" : "  " + forces + "\n");
+  using texts::counted;
+  using texts::translatable;
+  print_text(texts::translated(
+      "{}: valid\n  {}, {}, {}, {}, {}, {}, {} ({} for design)\n", input.file.string(),
+      counted(model.nodes.size(), translatable("{} node"), translatable("{} nodes")),
+      counted(model.elements.size(), translatable("{} element"), translatable("{} elements")),
+      count_of_members(input),
+      counted(model.sections.size(), translatable("{} section"), translatable("{} sections")),
+      counted(model.materials.size(), translatable("{} material"), translatable("{} materials")),
+      counted(model.load_cases.size(), translatable("{} load case"), translatable("{} load cases")),
+      counted(model.combinations.size() - states, translatable("{} combination"),
+              translatable("{} combinations")),
+      design));
+  if (!forces.empty()) print_text("  " + forces + "\n");
   if (input.forces.second_order_analyses == 0) print_text(missing_forces(model));
 }
 

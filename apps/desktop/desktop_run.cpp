@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/texts/text.h"
 #include "aluframe/toolkit/qt/qt_toolkit.h"
 #include "apps/cli/exit_status.h"
 #include "apps/desktop/main_window.h"
@@ -40,7 +41,8 @@ int run_dialog(ModelDocument& document, SettingsDialog dialog) {
   session.message = print_problem;
   const DialogEnd end =
       services::run_settings_dialog(document.editable(), dialog, std::move(session));
-  if (end == DialogEnd::failed) return fail("the dialog did not open", cli::exit_failure);
+  if (end == DialogEnd::failed)
+    return fail(texts::translated("the dialog did not open"), cli::exit_failure);
   if (const auto problem = document.save()) return fail(*problem, cli::exit_failure);
   const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
   return refused ? cli::exit_cancelled : cli::exit_done;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "aluframe/run/input.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::desktop {
 
@@ -26,8 +27,8 @@ std::optional<std::string> ModelDocument::save() {
   const auto choose = [this](const model::Model& now) -> io::Result<io::ModelChanges> {
     if (!io::changes_since(saved_design_, saved_materials_, now).empty()) {
       return io::Problem{path_.string(), "",
-                         "another program has changed its settings or materials since it was "
-                         "opened; open it again"};
+                         texts::translated("another program has changed its settings or materials "
+                                           "since it was opened; open it again")};
     }
     return changes();
   };

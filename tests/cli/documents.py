@@ -32,9 +32,9 @@ class Block(NamedTuple):
 
 
 def pages():
-    """README, CONTRIBUTING and every page below docs, as paths from the repository's root."""
+    """Both READMEs, CONTRIBUTING and every page below docs, as paths from the repository's root."""
     below = sorted(path.relative_to(ROOT).as_posix() for path in (ROOT / "docs").rglob("*.md"))
-    return ["README.md", "CONTRIBUTING.md", *below]
+    return ["README.md", "README.zh-CN.md", "CONTRIBUTING.md", *below]
 
 
 def lines_of(page):

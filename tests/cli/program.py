@@ -7,6 +7,10 @@ import subprocess
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
+# The tests read English, whatever the language of who runs them; a test may ask for another.
+for name in ("LC_ALL", "LC_MESSAGES", "LANG"):
+    if os.environ.get(name, "").startswith("zh"):
+        os.environ[name] = "C.UTF-8"
 os.environ.setdefault("ALUFRAME", str(ROOT / "build" / "release" / "bin" / "aluframe"))
 
 # A pipe 100 × 10 as a beam of 4 m. By hand, mm:

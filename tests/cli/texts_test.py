@@ -68,8 +68,8 @@ def test_translations_take_the_same_arguments_in_the_same_form(catalogue):
 
 
 def test_translations_end_as_their_texts_do(catalogue):
-    """Indents and line ends are part of how texts are put together; the blank behind a colon is
-    part of the Chinese one."""
-    border = re.compile(r"^([ \n]*).*?(\n*)$", re.S)
+    """Indents and line ends are part of how texts are put together; single blanks are not, as
+    Chinese brackets and colons have their own."""
+    border = re.compile(r"^(\n*(?:  +)?).*?(\n*)$", re.S)
     assert [text for text, chinese in catalogue.items()
             if border.match(text).groups() != border.match(chinese).groups()] == []

@@ -102,7 +102,7 @@ TEST(NotCheckedTable, HasOneLineAReasonAndForce) {
   const OutputTable table =
       not_checked_table({twisted(1, 2e6), {7, std::nullopt, "no forces"}, twisted(2, 7.5e6)});
   ASSERT_EQ(table.rows.size(), 2U);
-  EXPECT_EQ(std::get<std::string>(table.rows[0][0]), "no forces");
+  EXPECT_EQ(std::get<Phrase>(table.rows[0][0]).english, "no forces");
   EXPECT_TRUE(std::holds_alternative<std::monostate>(table.rows[0][3]));
   EXPECT_EQ(std::get<std::string>(table.rows[1][1]), "1-2");
   EXPECT_EQ(std::get<double>(table.rows[1][4]), 7.5e6);
