@@ -7,8 +7,9 @@ namespace aluframe::analysis {
 /// Analysis of one combination with displacements and rotations of any size: equilibrium of the
 /// displaced frame, followed from no load on, so that a frame that snaps through is told from one
 /// that stands. Deformations stay small and elastic. Beams are cut into eight corotated pieces each
-/// (CorotatedPiece), into more where a large axial force bends them within a short way; loads keep their directions, releases turn with their elements, twisting by
-/// axial force is left out as in second order.
+/// (CorotatedPiece), into more where a large axial force bends them within a short way; loads keep
+/// their directions, releases turn with their elements, twisting by axial force is left out as in
+/// second order.
 ///
 /// Forces are those at the displaced sections, along the axis between the displaced ends of their
 /// element and across it; displacements have rotation vectors.
