@@ -57,13 +57,12 @@ Facts calculation_facts(const run::DocumentContent& content) {
   return facts;
 }
 
-std::string worst_text(const run::DocumentContent& content) {
-  const services::WorstCheck& worst = *content.told.worst;
+std::string worst_text(const services::WorstCheck& worst, const store::RunInfo& info) {
   return texts::translated(
       "The largest ratio is {} ({}), in element {} at position {}, combination {}.",
       tables::short_number(worst.check.Ratio()), item_label(worst.item), worst.element,
       tables::position_name(worst.check.nPos),
-      combination_label(content.info, worst.check.nLComb, worst.check.nMinSide));
+      combination_label(info, worst.check.nLComb, worst.check.nMinSide));
 }
 
 bool is_buckling(const run::DocumentContent& content) {
@@ -103,7 +102,7 @@ std::string verdict_text(const run::DocumentContent& content) {
 }
 
 std::string buckling_text(const store::BucklingRow& smallest) {
-  const std::string factor = fmt::format("{:.4g}", *smallest.factor);
+  const std::string factor = fmt::format("{:.4g}", smallest.factor.value_or(0.0));
   const std::string combination = with_name(smallest.combination, smallest.name);
   return run::buckles(smallest)
              ? texts::translated(
@@ -116,7 +115,7 @@ std::string buckling_text(const store::BucklingRow& smallest) {
 /// What else stands between a ratio below 1 and a sound frame.
 std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   std::vector<std::string> out;
-  if (content.told.worst) out.push_back(worst_text(content));
+  if (content.told.worst) out.push_back(worst_text(*content.told.worst, content.info));
   if (content.told.second_opinion == run::SecondOpinion::off) {
     out.push_back(texts::translated("The check was made without a second opinion."));
   } else if (content.told.safe && content.told.safe->worst) {

@@ -72,7 +72,8 @@ class CombinationResults {
   void take(std::uint32_t combination, const store::GoverningRow& row) {
     const auto found = std::ranges::find(out_, combination, &CombinationResult::number);
     if (found == out_.end()) return;
-    if (found->worst && row.governing.ComPair(found->worst->governing) == 0) return;
+    const std::optional<store::GoverningRow>& known = found->worst;
+    if (known && row.governing.ComPair(known->governing) == 0) return;
     found->worst = row;
   }
 
@@ -150,6 +151,7 @@ void add_analysis(DocumentContent& content) {
 void add_results(store::ResultReader& reader, DocumentContent& content) {
   content.elements = wanted_elements(reader, content.input);
   std::vector<model::Number> rising;
+  rising.reserve(content.elements.size());
   for (const ElementResult& element : content.elements) rising.push_back(element.element);
   for (const store::NotChecked& item : reader.not_checked()) {
     const auto& only = content.input.elements;

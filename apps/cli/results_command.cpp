@@ -32,8 +32,7 @@ struct InputError {
 tables::ResultView view_of(const std::optional<std::string>& units) {
   if (!units) return {};
   const auto parsed = parse_unit_pair(*units);
-  if (const auto* text = std::get_if<std::string>(&parsed))
-    throw InputError{"--units: " + *text};
+  if (const auto* text = std::get_if<std::string>(&parsed)) throw InputError{"--units: " + *text};
   const auto& [force, length] = std::get<UnitPair>(parsed);
   const double millimetres = model::millimetres_per(length);
   return {millimetres * millimetres / model::newtons_per(force),
