@@ -186,21 +186,31 @@ std::optional<std::string> by_template(std::string_view sentence, Language langu
   return std::nullopt;
 }
 
-/// Of a sentence that was put together of others: "load case 2: ...; ...". What joins them may be
-/// the beginning of the second.
-std::optional<std::string> by_parts(std::string_view sentence, Language language) {
-  constexpr std::pair<std::string_view, std::string_view> separators[] = {
-      {"; ", "；"}, {": ", "："}, {", ", "，"}};
-  for (const auto& [english, chinese] : separators) {
-    const std::size_t place = find_open(sentence, english);
-    if (place == std::string_view::npos) continue;
-    const std::string first = in_words(sentence.substr(0, place), language);
-    if (const auto joined = by_template(sentence.substr(place), language, english))
-      return first + *joined;
-    return first + std::string(chinese) +
-           in_words(sentence.substr(place + english.size()), language);
+struct Separator {
+  std::string_view english, chinese;
+};
+
+/// Of a sentence that a separator joins. What joins it may be the beginning of the second part.
+std::optional<std::string> joined_by(const Separator& separator, std::size_t place,
+                                     std::string_view sentence, Language language) {
+  if (place == std::string_view::npos) return std::nullopt;
+  const std::string first = in_words(sentence.substr(0, place), language);
+  if (const auto joined = by_template(sentence.substr(place), language, separator.english)) {
+    return first + *joined;
   }
-  return std::nullopt;
+  return first + std::string(separator.chinese) +
+         in_words(sentence.substr(place + separator.english.size()), language);
+}
+
+/// Of a sentence that was put together of others: "load case 2: ...; ...".
+std::optional<std::string> by_parts(std::string_view sentence, Language language) {
+  constexpr Separator semicolon{"; ", "；"}, colon{": ", "："}, comma{", ", "，"};
+  const std::size_t at_semicolon = find_open(sentence, semicolon.english);
+  const std::size_t at_colon = find_open(sentence, colon.english);
+  const bool is_colon = at_colon < at_semicolon;
+  auto text =
+      joined_by(is_colon ? colon : semicolon, std::min(at_colon, at_semicolon), sentence, language);
+  return text ? text : joined_by(comma, find_open(sentence, comma.english), sentence, language);
 }
 
 std::string in_words(std::string_view sentence, Language language) {

@@ -13,6 +13,7 @@ TOKEN = re.compile(rf"{NUMBER}|\.\.\.|\w+|\s+|.")
 REAL = r"\d+(?:\.\d+)?(?:e[+-]?\d+)?"
 VOLATILE = [
     (re.compile(rf"\b{REAL} s \({REAL} positions/s\)"), "TIME"),  # the machine and what else it does
+    (re.compile(rf"\b{REAL} s（每秒 {REAL} 个位置）"), "TIME"),
     (re.compile(rf"\bresidual {REAL}"), "RESIDUAL"),  # rounding, at 1e-15 of the loads
     (re.compile(rf"\bforces certain to {REAL}"), "ESTIMATE"),  # rounding as well
 ]

@@ -57,6 +57,10 @@ TEST(Sentence, ArgumentsAreNoPartsOfOtherSentences) {
             "转动）");
   EXPECT_EQ(words("sway 0.005 rad along X and Y, bow L/500 about y and z"),
             "侧移 0.005 rad（沿 X 和 Y 轴），初弯曲 L/500（绕 y 和 z 轴）");
+  EXPECT_EQ(words("Ky: mode of combination 1, factor 6.65, as it is inclined; Kz: it is inclined, "
+                  "which charts leave out; no mode tells of it")
+                .find("mode"),
+            std::string::npos);
   EXPECT_EQ(words("section 1, given forces"), "截面 1，given forces");
   EXPECT_EQ(words("section 4 \"Qb (element 3, combination 2)\""),
             "截面 4 \"Qb (element 3, combination 2)\"");
