@@ -17,16 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What stands in the way of going by the results; nothing when they can be gone by.
-std::optional<Problem> missing_results(const DocumentOptions& options) {
-  if (const auto text = left_instead_text(options.results)) return Problem{*text};
-  std::error_code ignored;
-  if (fs::exists(options.results, ignored)) return std::nullopt;
-  return Problem{
-      texts::translated("{}: there is no such file; check the model first: aluframe check {}",
-                        options.results.string(), options.input.model.string())};
-}
-
 bool goes_before(const ElementResult& a, const ElementResult& b) {
   const store::GoverningRow &first = a.worst(), &second = b.worst();
   if (was_judged(first) != was_judged(second)) return was_judged(first);
@@ -204,7 +194,8 @@ std::vector<std::string> reservations_of(const DocumentOptions& options,
 }  // namespace
 
 Result<DocumentContent> gather_document(const DocumentOptions& options) {
-  if (auto problem = missing_results(options)) return *std::move(problem);
+  if (auto problem = missing_results(options.results, options.input.model))
+    return *std::move(problem);
   const auto reader = store::ResultReader::open(options.results);
   auto prepared = prepare_like(options.results, options.input, options.selection);
   if (auto* problem = std::get_if<Problem>(&prepared)) return std::move(*problem);

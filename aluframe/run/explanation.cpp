@@ -7,22 +7,9 @@
 
 namespace aluframe::run {
 
-namespace {
-
-/// What stands in the way of going by the results; nothing when they can be gone by.
-std::optional<Problem> missing_results(const ExplanationOptions& options) {
-  if (const auto text = left_instead_text(options.results)) return Problem{*text};
-  std::error_code ignored;
-  if (std::filesystem::exists(options.results, ignored)) return std::nullopt;
-  return Problem{
-      texts::translated("{}: there is no such file; check the model first: aluframe check {}",
-                        options.results.string(), options.input.model.string())};
-}
-
-}  // namespace
-
 Result<ExplainedCheck> explain_check(const ExplanationOptions& options) {
-  if (auto problem = missing_results(options)) return *std::move(problem);
+  if (auto problem = missing_results(options.results, options.input.model))
+    return *std::move(problem);
   const auto reader = store::ResultReader::open(options.results);
   const auto place = find_check(*reader, options.wanted);
   if (const auto* problem = std::get_if<Problem>(&place)) {

@@ -108,5 +108,9 @@ std::optional<std::string> unfinished_text(const std::filesystem::path& file,
 /// Where results may be found that a run which ended early has left in place of the missing file;
 /// nothing when the file is there or nothing is left.
 std::optional<std::string> left_instead_text(const std::filesystem::path& file);
+/// What stands in the way of going by the results of a model: there are none. Nothing when the file
+/// is there.
+std::optional<Problem> missing_results(const std::filesystem::path& file,
+                                       const std::filesystem::path& model);
 
 }  // namespace aluframe::run

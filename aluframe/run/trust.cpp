@@ -160,4 +160,13 @@ std::vector<std::string> cautions(const InputOptions& input, const fs::path& fil
   return out;
 }
 
+std::optional<Problem> missing_results(const fs::path& file, const fs::path& model) {
+  if (const auto text = left_instead_text(file)) return Problem{*text};
+  std::error_code ignored;
+  if (fs::exists(file, ignored)) return std::nullopt;
+  return Problem{
+      texts::translated("{}: there is no such file; check the model first: aluframe check {}",
+                        file.string(), model.string())};
+}
+
 }  // namespace aluframe::run
