@@ -15,19 +15,6 @@ namespace {
 
 using texts::translatable;
 
-constexpr std::array items{translatable("strength"),
-                           translatable("shear y"),
-                           translatable("shear z"),
-                           translatable("stability"),
-                           translatable("combined stability"),
-                           "",
-                           translatable("slenderness y"),
-                           translatable("slenderness z")};
-
-constexpr std::array member_types{
-    std::pair{1, translatable("column")}, std::pair{2, translatable("beam")},
-    std::pair{3, translatable("brace")}, std::pair{5, translatable("truss")}};
-
 constexpr std::array load_case_kinds{translatable("static"),
                                      translatable("static earthquake"),
                                      translatable("response spectrum"),
@@ -76,11 +63,11 @@ std::string label_at(const Names& names, std::size_t place) {
 }  // namespace
 
 std::string item_label(int item) {
-  return label_at(items, static_cast<std::size_t>(item));
+  return std::string(texts::translation_of(tables::item_name(item)));
 }
 
 std::string member_type_label(int type) {
-  return label_in(member_types, type, "");
+  return std::string(texts::translation_of(tables::member_type_name(type)));
 }
 
 std::string load_case_kind_label(model::LoadCaseKind kind) {
