@@ -61,20 +61,18 @@ std::optional<DominantMotion> motion_of(const Frame& frame, const Equations& equ
 /// How nodes move that little or nothing resists.
 std::string soft_motion_text(const std::string& nodes, const std::string& axis, bool rotates,
                              bool free) {
-  if (free) {
-    return rotates ? fmt::format(texts::translatable("{} can rotate freely about {}: no element or "
-                                                     "support resists it"),
-                                 nodes, axis)
-                   : fmt::format(texts::translatable("{} can move freely along {}: no element or "
-                                                     "support resists it"),
-                                 nodes, axis);
-  }
-  return rotates ? fmt::format(texts::translatable("{} can rotate almost freely about {}: what "
-                                                   "resists is too soft for a certain result"),
-                               nodes, axis)
-                 : fmt::format(texts::translatable("{} can move almost freely along {}: what "
-                                                   "resists is too soft for a certain result"),
-                               nodes, axis);
+  const char* const held_by_nothing =
+      rotates
+          ? texts::translatable("{} can rotate freely about {}: no element or support resists it")
+          : texts::translatable("{} can move freely along {}: no element or support resists it");
+  const char* const held_softly =
+      rotates ? texts::translatable(
+                    "{} can rotate almost freely about {}: what resists is too soft "
+                    "for a certain result")
+              : texts::translatable(
+                    "{} can move almost freely along {}: what resists is too soft "
+                    "for a certain result");
+  return fmt::format(fmt::runtime(free ? held_by_nothing : held_softly), nodes, axis);
 }
 
 }  // namespace
