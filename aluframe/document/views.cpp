@@ -31,7 +31,7 @@ bool is_more_than_a_line(const model::Model& model, picture::View view) {
 std::vector<picture::View> views_of(const model::Model& model) {
   using picture::View;
   std::vector<View> views{View::iso};
-  for (const View view : {View::xz, View::yz, View::xy}) {
+  for (const View& view : {View::xz, View::yz, View::xy}) {
     if (is_more_than_a_line(model, view)) views.push_back(view);
   }
   return views;

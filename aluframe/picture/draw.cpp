@@ -35,7 +35,7 @@ std::string subtitle_of(const model::Model& model, const Content& content) {
   if (content.loads)
     add(texts::translated("loads, {}", case_text(*model.load_cases.find(*content.loads))));
   if (text.empty()) add(texts::translated("frame"));
-  add(std::string(heading_of(content.view)));
+  if (const auto heading = heading_of(content.view); !heading.empty()) add(std::string(heading));
   return text;
 }
 

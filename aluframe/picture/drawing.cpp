@@ -14,7 +14,7 @@ analysis::Node node_at(const Point3& point) {
   return {.number = 0, .x = point.x, .y = point.y, .z = point.z};
 }
 
-SeenElement seen(const model::Model& model, const model::Element& element, View view) {
+SeenElement seen(const model::Model& model, const model::Element& element, const View& view) {
   SeenElement out;
   out.element = &element;
   out.start = point_of(model, element.nodes[0]);
@@ -31,7 +31,7 @@ SeenElement seen(const model::Model& model, const model::Element& element, View 
   return out;
 }
 
-double extent(const model::Model& model, View view) {
+double extent(const model::Model& model, const View& view) {
   Point2 low = project(view, point_of(model, model.nodes[0].number)), high = low;
   for (const model::Node& node : model.nodes) {
     const Point2 at = project(view, {node.x, node.y, node.z});

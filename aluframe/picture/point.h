@@ -23,6 +23,12 @@ struct Point3 {
 inline double dot(const Point3& a, const Point3& b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
+inline Point3 cross(const Point3& a, const Point3& b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+inline double length_of(const Point3& a) {
+  return std::sqrt(dot(a, a));
+}
 inline Point3 between(const Point3& start, const Point3& end, double fraction) {
   return start + fraction * (end - start);
 }

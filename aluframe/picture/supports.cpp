@@ -17,6 +17,7 @@ namespace aluframe::picture {
 namespace {
 
 constexpr std::array<std::string_view, 6> directions{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
+constexpr std::array<std::size_t, 3> axes{0, 1, 2};
 constexpr Style line{.stroke = ink, .width = 0.3, .fill = white};
 constexpr Style solid{.stroke = ink, .width = 0.3, .fill = ink};
 
@@ -123,16 +124,18 @@ struct Seen {
   bool is_anything = false;            ///< restrained, seen or not
 };
 
-Seen seen_of(const model::Support& support, View view) {
+Seen seen_of(const model::Support& support, const View& view) {
   Seen out;
   out.is_turning_restrained = true;
   out.is_anything = std::ranges::any_of(support.restrained, std::identity());
-  out.shown_translations = view == View::iso ? 3 : 2;
+  const bool shows_all = std::ranges::none_of(
+      axes, [&](std::size_t axis) { return is_end_on(view, global_axis(axis)); });
+  out.shown_translations = shows_all ? 3 : 2;
   for (std::size_t i = 0; i < 3; ++i) {
     // The rotation in the plane is about the axis that is seen end-on.
     const bool end_on_axis = is_end_on(view, global_axis(i));
     if (!end_on_axis && support.restrained[i]) out.translations.push_back(i);
-    const bool is_shown_rotation = view == View::iso || end_on_axis;
+    const bool is_shown_rotation = shows_all || end_on_axis;
     if (is_shown_rotation && !support.restrained[3 + i]) out.is_turning_restrained = false;
   }
   return out;
@@ -165,8 +168,8 @@ Point2 ground_along(const Drawing& drawing, const std::vector<Point3>& elements,
 }
 
 /// The axis that points up in the view.
-std::size_t upright_axis(View view) {
-  return view == View::xy ? 1 : 2;
+std::size_t upright_axis(const View& view) {
+  return is_end_on(view, global_axis(2)) ? 1 : 2;
 }
 
 std::string restrained_text(const model::Support& support) {

@@ -2,11 +2,22 @@
 
 #include <algorithm>
 #include <array>
-#include <numbers>
 
 #include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
+
+namespace {
+
+// Of 25°, by which the frame is turned and tilted.
+constexpr double c25 = 0.9063077870366499, s25 = 0.42261826174069944;
+
+}  // namespace
+
+constexpr View View::iso{{c25, s25, 0}, {-s25 * s25, c25* s25, c25}};
+constexpr View View::xy{{1, 0, 0}, {0, 1, 0}};
+constexpr View View::xz{{1, 0, 0}, {0, 0, 1}};
+constexpr View View::yz{{0, 1, 0}, {0, 0, 1}};
 
 namespace {
 
@@ -15,37 +26,15 @@ struct Named {
   std::string_view name, heading;
 };
 
-constexpr std::array<Named, 4> views{
-    {{View::iso, "iso", texts::translatable("axonometric view")},
-     {View::xy, "xy", texts::translatable("plan (XY)")},
-     {View::xz, "xz", texts::translatable("view along Y (XZ)")},
-     {View::yz, "yz", texts::translatable("view against X (YZ)")}}};
+const std::array<Named, 4> views{{{View::iso, "iso", texts::translatable("axonometric view")},
+                                  {View::xy, "xy", texts::translatable("plan (XY)")},
+                                  {View::xz, "xz", texts::translatable("view along Y (XZ)")},
+                                  {View::yz, "yz", texts::translatable("view against X (YZ)")}}};
 
-const Named& row_of(View view) {
-  return views[static_cast<std::size_t>(view)];
-}
-
-constexpr double degree = std::numbers::pi / 180.0;
-constexpr double turn = 25.0 * degree, tilt = 25.0 * degree;
-
-/// The directions of the paper in the model.
-struct Paper {
-  Point3 right, up;
-};
-
-Paper paper_of(View view) {
-  switch (view) {
-    case View::xy:
-      return {{1, 0, 0}, {0, 1, 0}};
-    case View::xz:
-      return {{1, 0, 0}, {0, 0, 1}};
-    case View::yz:
-      return {{0, 1, 0}, {0, 0, 1}};
-    case View::iso:
-      break;
-  }
-  const double s = std::sin(turn), c = std::cos(turn);
-  return {{c, s, 0}, {-s * std::sin(tilt), c * std::sin(tilt), std::cos(tilt)}};
+/// Null for a view without a name.
+const Named* row_of(const View& view) {
+  const auto* const found = std::ranges::find(views, view, &Named::view);
+  return found == views.end() ? nullptr : found;
 }
 
 /// Whether all nodes have one coordinate in common.
@@ -62,29 +51,29 @@ std::optional<View> parse_view(std::string_view name) {
   return found == views.end() ? std::nullopt : std::optional(found->view);
 }
 
-std::string_view name_of(View view) {
-  return row_of(view).name;
+std::string_view name_of(const View& view) {
+  const Named* row = row_of(view);
+  return row == nullptr ? "" : row->name;
 }
 
 std::string_view view_names() {
   return "iso, xy, xz, yz";
 }
 
-std::string_view heading_of(View view) {
-  return texts::translation_of(row_of(view).heading);
+std::string_view heading_of(const View& view) {
+  const Named* row = row_of(view);
+  return row == nullptr ? "" : texts::translation_of(row->heading);
 }
 
-Point2 project(View view, const Point3& point) {
-  const Paper paper = paper_of(view);
-  return {dot(paper.right, point), dot(paper.up, point)};
+Point2 project(const View& view, const Point3& point) {
+  return {dot(view.right, point), dot(view.up, point)};
 }
 
-Point3 towards_eye(View view) {
-  const auto [a, b] = paper_of(view);
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+Point3 towards_eye(const View& view) {
+  return cross(view.right, view.up);
 }
 
-bool is_end_on(View view, const Point3& unit_direction) {
+bool is_end_on(const View& view, const Point3& unit_direction) {
   return length_of(project(view, unit_direction)) < end_on;
 }
 
