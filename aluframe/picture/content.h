@@ -99,5 +99,18 @@ void add_note(std::vector<std::string>& notes, std::vector<model::Number> elemen
 ///     content.view = picture::natural_view(model);
 ///     const std::string svg = picture::svg_of(picture::draw(model, content));
 Scene draw(const model::Model& model, const Content& content);
+/// The same without the elements and what colours them, for a window that draws these itself.
+Scene draw_beside(const model::Model& model, const Content& content);
+
+/// How elements are drawn, in the order of the model, and the legend that goes with it.
+struct ElementStyles {
+  std::vector<Style> styles;
+  std::vector<LegendEntry> legend;
+};
+ElementStyles element_styles(const model::Model& model, const Content& content);
+
+/// How many times displacements are shown as large as they are, so that the largest is readable
+/// beside a frame of this size, mm: 1, 2 or 5 times a power of ten; 1 without displacements.
+double displacement_scale(const Deformed& deformed, double frame_size);
 
 }  // namespace aluframe::picture

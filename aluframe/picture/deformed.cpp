@@ -61,14 +61,19 @@ std::string largest_text(const Drawing& drawing, const Largest& largest) {
 
 }  // namespace
 
+double displacement_scale(const Deformed& deformed, double frame_size) {
+  constexpr double shown_share = 0.08;  // of the frame's size, by the largest displacement
+  const double largest = largest_of(deformed).displacement;
+  return largest == 0.0 ? 1.0 : round_down(shown_share * frame_size / largest);
+}
+
 void draw_deformed(Drawing& drawing, const Deformed& deformed) {
   const Largest largest = largest_of(deformed);
   if (largest.displacement == 0.0) {
     drawing.scene.notes.emplace_back(texts::translated("no displacements"));
     return;
   }
-  constexpr double shown_share = 0.08;  // of the frame's size, by the largest displacement
-  const double factor = round_down(shown_share * drawing.size / largest.displacement);
+  const double factor = displacement_scale(deformed, drawing.size);
   std::map<model::Number, const DisplacedLine*> lines;
   for (const DisplacedLine& line : deformed.lines) lines.emplace(line.element, &line);
   for (const SeenElement& one : drawing.elements) {

@@ -65,6 +65,30 @@ constexpr std::array<NamedComponent, 6> components{
      {ForceComponent::my, "My", texts::translatable("bending moment My")},
      {ForceComponent::mz, "Mz", texts::translatable("bending moment Mz")}}};
 
+Scene headed_scene(const model::Model& model, const Content& content) {
+  Scene scene;
+  scene.view = content.view;
+  scene.title = model.title.empty() ? texts::translated("Untitled model") : model.title;
+  scene.subtitle = subtitle_of(model, content);
+  scene.length_unit = model.units.length;
+  return scene;
+}
+
+/// All but the elements.
+void draw_marks(Drawing& drawing) {
+  const Content& content = drawing.content;
+  draw_ratios(drawing);
+  draw_supports(drawing);
+  draw_releases(drawing);
+  if (content.diagram) draw_diagram(drawing, *content.diagram);
+  if (content.deformed) draw_deformed(drawing, *content.deformed);
+  if (content.loads) draw_loads(drawing, *drawing.model.load_cases.find(*content.loads));
+  if (content.local_axes) draw_local_axes(drawing);
+  draw_numbers(drawing);
+  auto& notes = drawing.scene.notes;
+  notes.insert(notes.end(), content.notes.begin(), content.notes.end());
+}
+
 }  // namespace
 
 std::string_view name_of(Layer layer) {
@@ -110,21 +134,17 @@ void add_note(std::vector<std::string>& notes, std::vector<model::Number> elemen
 }
 
 Scene draw(const model::Model& model, const Content& content) {
-  Scene scene;
-  scene.view = content.view;
-  scene.title = model.title.empty() ? texts::translated("Untitled model") : model.title;
-  scene.subtitle = subtitle_of(model, content);
-  scene.length_unit = model.units.length;
+  Scene scene = headed_scene(model, content);
   Drawing drawing = drawing_of(model, content, scene);
   draw_elements(drawing);
-  draw_supports(drawing);
-  draw_releases(drawing);
-  if (content.diagram) draw_diagram(drawing, *content.diagram);
-  if (content.deformed) draw_deformed(drawing, *content.deformed);
-  if (content.loads) draw_loads(drawing, *model.load_cases.find(*content.loads));
-  if (content.local_axes) draw_local_axes(drawing);
-  draw_numbers(drawing);
-  scene.notes.insert(scene.notes.end(), content.notes.begin(), content.notes.end());
+  draw_marks(drawing);
+  return scene;
+}
+
+Scene draw_beside(const model::Model& model, const Content& content) {
+  Scene scene = headed_scene(model, content);
+  Drawing drawing = drawing_of(model, content, scene);
+  draw_marks(drawing);
   return scene;
 }
 

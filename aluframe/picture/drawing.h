@@ -41,6 +41,8 @@ Point3 point_of(const model::Model& model, model::Number node);
 Point3 global_axis(std::size_t axis);
 
 void draw_elements(Drawing& drawing);
+/// The ratios beside elements that exceed 1.
+void draw_ratios(Drawing& drawing);
 void draw_supports(Drawing& drawing);
 void draw_releases(Drawing& drawing);
 void draw_local_axes(Drawing& drawing);
@@ -50,9 +52,6 @@ void draw_loads(Drawing& drawing, const model::LoadCase& load_case);
 void add_load_notes(Drawing& drawing, const model::CaseLoads& loads);
 void draw_diagram(Drawing& drawing, const Diagram& diagram);
 void draw_deformed(Drawing& drawing, const Deformed& deformed);
-
-/// The style of every element, by place, and the legend that goes with it.
-std::vector<Style> element_styles(Drawing& drawing);
 
 /// An arrow on paper whose tip stands at a place. @param along from its tail to the tip, length 1
 void add_arrow(Drawing& drawing, Shape shape, const Place& tip, const Point2& along, double length);

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "aluframe/picture/colours.h"
-#include "aluframe/picture/drawing.h"
+#include "aluframe/picture/content.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::picture {
@@ -20,67 +20,56 @@ Style line_of(const RatioClass& one) {
   return {.stroke = one.colour, .width = one.width};
 }
 
-void add_to_legend(Drawing& drawing, const Style& style, std::string_view text, std::size_t count) {
-  drawing.scene.legend.push_back({style, count == 1
-                                             ? texts::translated("{}: 1 element", text)
-                                             : texts::translated("{}: {} elements", text, count)});
+void add_to_legend(ElementStyles& out, const Style& style, std::string_view text,
+                   std::size_t count) {
+  out.legend.push_back({style, count == 1 ? texts::translated("{}: 1 element", text)
+                                          : texts::translated("{}: {} elements", text, count)});
 }
 
-/// The ratio beside an element that exceeds 1.
-void add_ratio(Drawing& drawing, const SeenElement& one, double ratio) {
-  drawing.scene.labels.push_back({.layer = Layer::values,
-                                  .subject = element_subject(one.element->number),
-                                  .text = fmt::format("{:.2f}", ratio),
-                                  .at = {one.at(0.5), {}},
-                                  .towards = -1.0 * left_of(one.along),
-                                  .colour = orange,
-                                  .is_always_shown = false,
-                                  .rank = 10.0 + ratio});
-}
-
-std::vector<Style> styles_by_ratio(Drawing& drawing) {
-  std::vector<Style> styles;
+ElementStyles styles_by_ratio(const model::Model& model, const Ratios& ratios) {
+  ElementStyles out;
   std::map<const RatioClass*, std::size_t> counts;
   std::size_t without = 0;
-  for (const SeenElement& one : drawing.elements) {
-    const auto found = drawing.content.ratios.find(one.element->number);
-    if (found == drawing.content.ratios.end()) {
-      styles.push_back(line_without_result);
+  for (const model::Element& element : model.elements) {
+    const auto found = ratios.find(element.number);
+    if (found == ratios.end()) {
+      out.styles.push_back(line_without_result);
       ++without;
       continue;
     }
     const RatioClass& its_class = class_of(found->second);
-    styles.push_back(line_of(its_class));
+    out.styles.push_back(line_of(its_class));
     ++counts[&its_class];
-    if (&its_class == &over_one) add_ratio(drawing, one, found->second);
   }
   for (const RatioClass& one : ratio_classes) {
-    add_to_legend(drawing, line_of(one),
-                  texts::translated("ratio {}", texts::translation_of(one.text)), counts[&one]);
+    add_to_legend(out, line_of(one), texts::translated("ratio {}", texts::translation_of(one.text)),
+                  counts[&one]);
   }
-  add_to_legend(drawing, line_of(over_one),
+  add_to_legend(out, line_of(over_one),
                 texts::translated("ratio {}", texts::translation_of(over_one.text)),
                 counts[&over_one]);
   if (without > 0)
-    add_to_legend(drawing, line_without_result, texts::translated("without a result"), without);
-  return styles;
+    add_to_legend(out, line_without_result, texts::translated("without a result"), without);
+  return out;
 }
 
 /// @param kind of an element the number of its kind
 /// @param text of such a number the legend's text
 template <class Kind, class Text>
-std::vector<Style> styles_by_kind(Drawing& drawing, const Kind& kind, const Text& text) {
+ElementStyles styles_by_kind(const model::Model& model, const Kind& kind, const Text& text) {
+  ElementStyles out;
   std::map<model::Number, std::size_t> counts;
-  for (const SeenElement& one : drawing.elements) ++counts[kind(*one.element)];
+  for (const model::Element& element : model.elements) ++counts[kind(element)];
   std::map<model::Number, Style> styles;
   for (const auto& [number, count] : counts) {
     const KindStyle its = kind_style(styles.size());
     const Style style{.stroke = its.colour, .width = 0.9, .dash = its.dash};
     styles.emplace(number, style);
-    add_to_legend(drawing, style, text(number), count);
+    add_to_legend(out, style, text(number), count);
   }
-  std::vector<Style> out;
-  for (const SeenElement& one : drawing.elements) out.push_back(styles.at(kind(*one.element)));
+  for (const model::Element& element : model.elements) {
+    out.styles.push_back(styles.at(kind(element)));
+  }
   return out;
 }
 
@@ -96,25 +85,24 @@ std::string material_text(const model::Material& material) {
 
 }  // namespace
 
-std::vector<Style> element_styles(Drawing& drawing) {
-  const model::Model& model = drawing.model;
-  switch (drawing.content.colour) {
+ElementStyles element_styles(const model::Model& model, const Content& content) {
+  switch (content.colour) {
     case ColourBy::ratio:
-      return styles_by_ratio(drawing);
+      return styles_by_ratio(model, content.ratios);
     case ColourBy::section:
       return styles_by_kind(
-          drawing, [](const model::Element& element) { return element.section; },
+          model, [](const model::Element& element) { return element.section; },
           [&](model::Number number) {
             return kind_text("section", number, model.sections.find(number)->name);
           });
     case ColourBy::material:
       return styles_by_kind(
-          drawing, [](const model::Element& element) { return element.material; },
+          model, [](const model::Element& element) { return element.material; },
           [&](model::Number number) { return material_text(*model.materials.find(number)); });
     case ColourBy::nothing:
       break;
   }
-  return std::vector(drawing.elements.size(), drawing.content.deformed ? line_behind : plain_line);
+  return {std::vector(model.elements.size(), content.deformed ? line_behind : plain_line), {}};
 }
 
 }  // namespace aluframe::picture

@@ -87,7 +87,8 @@ bool shows(const Numbers& numbers, const Table& entity) {
 }  // namespace
 
 void draw_elements(Drawing& drawing) {
-  const std::vector<Style> styles = element_styles(drawing);
+  auto [styles, legend] = element_styles(drawing.model, drawing.content);
+  drawing.scene.legend = std::move(legend);
   for (std::size_t i = 0; i < drawing.elements.size(); ++i) {
     const SeenElement& one = drawing.elements[i];
     drawing.scene.shapes.push_back({.layer = Layer::frame,
@@ -95,6 +96,22 @@ void draw_elements(Drawing& drawing) {
                                     .style = styles[i],
                                     .lines = {{{one.start, {}}, {one.end, {}}}},
                                     .told = element_text(drawing.model, *one.element)});
+  }
+}
+
+void draw_ratios(Drawing& drawing) {
+  if (drawing.content.colour != ColourBy::ratio) return;
+  for (const SeenElement& one : drawing.elements) {
+    const auto found = drawing.content.ratios.find(one.element->number);
+    if (found == drawing.content.ratios.end() || &class_of(found->second) != &over_one) continue;
+    drawing.scene.labels.push_back({.layer = Layer::values,
+                                    .subject = element_subject(one.element->number),
+                                    .text = fmt::format("{:.2f}", found->second),
+                                    .at = {one.at(0.5), {}},
+                                    .towards = -1.0 * left_of(one.along),
+                                    .colour = orange,
+                                    .is_always_shown = false,
+                                    .rank = 10.0 + found->second});
   }
 }
 
