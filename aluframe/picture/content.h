@@ -112,5 +112,7 @@ ElementStyles element_styles(const model::Model& model, const Content& content);
 /// How many times displacements are shown as large as they are, so that the largest is readable
 /// beside a frame of this size, mm: 1, 2 or 5 times a power of ten; 1 without displacements.
 double displacement_scale(const Deformed& deformed, double frame_size);
+/// "displacements 50 times as large; largest 3.53 mm at node 7"
+std::string displacement_note(const model::Model& model, const Deformed& deformed, double scale);
 
 }  // namespace aluframe::picture

@@ -44,15 +44,15 @@ double round_down(double value) {
 }
 
 /// "3.53 mm at node 7", or where in an element.
-std::string largest_text(const Drawing& drawing, const Largest& largest) {
-  const bool is_imperial = drawing.model.units.length == model::LengthUnit::foot ||
-                           drawing.model.units.length == model::LengthUnit::inch;
+std::string largest_text(const model::Model& model, const Largest& largest) {
+  const bool is_imperial = model.units.length == model::LengthUnit::foot ||
+                           model.units.length == model::LengthUnit::inch;
   const model::LengthUnit unit =
       is_imperial ? model::LengthUnit::inch : model::LengthUnit::millimetre;
   const std::string size =
       fmt::format("{} {}", short_text(largest.displacement / model::millimetres_per(unit)),
                   model::name_of(unit));
-  const model::Element& element = *drawing.model.elements.find(largest.element);
+  const model::Element& element = *model.elements.find(largest.element);
   if (largest.fraction == 0.0) return texts::translated("{} at node {}", size, element.nodes[0]);
   if (largest.fraction == 1.0) return texts::translated("{} at node {}", size, element.nodes[1]);
   return texts::translated("{} in element {}, at {} of its length", size, largest.element,
@@ -67,13 +67,17 @@ double displacement_scale(const Deformed& deformed, double frame_size) {
   return largest == 0.0 ? 1.0 : round_down(shown_share * frame_size / largest);
 }
 
-void draw_deformed(Drawing& drawing, const Deformed& deformed) {
+std::string displacement_note(const model::Model& model, const Deformed& deformed, double scale) {
   const Largest largest = largest_of(deformed);
-  if (largest.displacement == 0.0) {
-    drawing.scene.notes.emplace_back(texts::translated("no displacements"));
-    return;
-  }
+  if (largest.displacement == 0.0) return texts::translated("no displacements");
+  return texts::translated("displacements {} times as large; largest {}", short_text(scale),
+                           largest_text(model, largest));
+}
+
+void draw_deformed(Drawing& drawing, const Deformed& deformed) {
   const double factor = displacement_scale(deformed, drawing.size);
+  drawing.scene.notes.push_back(displacement_note(drawing.model, deformed, factor));
+  if (largest_of(deformed).displacement == 0.0) return;
   std::map<model::Number, const DisplacedLine*> lines;
   for (const DisplacedLine& line : deformed.lines) lines.emplace(line.element, &line);
   for (const SeenElement& one : drawing.elements) {
@@ -89,9 +93,6 @@ void draw_deformed(Drawing& drawing, const Deformed& deformed) {
                                     .lines = {std::move(line)},
                                     .told = texts::translated("element {}", one.element->number)});
   }
-  drawing.scene.notes.push_back(texts::translated("displacements {} times as large; largest {}",
-                                                  short_text(factor),
-                                                  largest_text(drawing, largest)));
 }
 
 }  // namespace aluframe::picture

@@ -115,6 +115,7 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   services::SessionOptions session = session_options(input, options.results);
   session.progress = options.progress;
   session.message = options.message;
+  session.message_box = options.message_box;
   session.create_writer = [&](const fs::path& path, const store::RunInfo& info) {
     return create(path, info, options);
   };

@@ -20,6 +20,9 @@ struct CheckOptions {
   std::filesystem::path results;                    ///< the result file to be written
   services::ProgressListener* progress = nullptr;   ///< null: nobody watches
   std::function<void(const std::string&)> message;  ///< what the design module says to the user
+  /// Shows a message box of the design module, as services::SessionOptions has it; nothing: nobody
+  /// can answer one, and its text goes to `message`.
+  std::function<int(const std::string&, unsigned)> message_box = {};
   SecondOpinion second_opinion = SecondOpinion::on;
   /// Whether to wait for another run that is writing the result file.
   files::WhenBusy when_busy = files::WhenBusy::refuse;

@@ -150,7 +150,8 @@ std::vector<model::Number> safe_over_one(store::ResultReader& reader,
 }
 
 void add_ratios(const Input& input, const InputOptions& options, const PictureOptions& wanted,
-                Picture& picture, Content& content) {
+                PictureContent& out) {
+  Content& content = out.content;
   const auto file = wanted.results.value_or(result_path_of(input.file));
   if (const auto text = left_instead_text(file)) throw Problem{*text};
   const auto reader = store::ResultReader::open(file);
@@ -161,25 +162,27 @@ void add_ratios(const Input& input, const InputOptions& options, const PictureOp
   picture::add_note(
       content.notes, safe_over_one(*reader, content.ratios),
       texts::translated("the safe ratio exceeds 1, though no ratio of the checks does"));
-  picture.cautions = cautions(options, file, *reader);
-  content.notes.insert(content.notes.end(), picture.cautions.begin(), picture.cautions.end());
+  out.cautions = cautions(options, file, *reader);
+  content.notes.insert(content.notes.end(), out.cautions.begin(), out.cautions.end());
   const Coverage coverage = coverage_of(*reader);
   content.notes.push_back(texts::translated("ratios of a check of {}", coverage_text(coverage)));
 }
 
-Picture drawn(const Input& input, const InputOptions& options, const PictureOptions& wanted) {
+PictureContent gathered(const Input& input, const InputOptions& options,
+                        const PictureOptions& wanted) {
   check_options(input, wanted);
-  Picture picture;
-  Content content{.view = wanted.view.value_or(picture::natural_view(input.model)),
-                  .node_numbers = wanted.node_numbers,
-                  .element_numbers = wanted.element_numbers,
-                  .local_axes = wanted.local_axes,
-                  .loads = wanted.loads,
-                  .diagram = {},
-                  .deformed = {},
-                  .colour = wanted.colour,
-                  .ratios = {},
-                  .notes = {}};
+  PictureContent out{.content = {.view = wanted.view.value_or(picture::natural_view(input.model)),
+                                 .node_numbers = wanted.node_numbers,
+                                 .element_numbers = wanted.element_numbers,
+                                 .local_axes = wanted.local_axes,
+                                 .loads = wanted.loads,
+                                 .diagram = {},
+                                 .deformed = {},
+                                 .colour = wanted.colour,
+                                 .ratios = {},
+                                 .notes = {}},
+                     .cautions = {}};
+  Content& content = out.content;
   if (wanted.diagram && wanted.load_case) {
     add_diagram_of_case(input, *wanted.diagram, *wanted.load_case, content);
   }
@@ -187,24 +190,29 @@ Picture drawn(const Input& input, const InputOptions& options, const PictureOpti
     add_diagram_of_combination(input, *wanted.diagram, *wanted.combination, content);
   }
   if (wanted.deformed) add_deformed(input, *wanted.deformed, content);
-  if (wanted.colour == picture::ColourBy::ratio) {
-    add_ratios(input, options, wanted, picture, content);
-  }
-  picture.scene = picture::draw(input.model, content);
-  return picture;
+  if (wanted.colour == picture::ColourBy::ratio) add_ratios(input, options, wanted, out);
+  return out;
 }
 
 }  // namespace
 
-Result<Picture> draw(const Input& input, const InputOptions& options,
-                     const PictureOptions& wanted) {
+Result<PictureContent> picture_content(const Input& input, const InputOptions& options,
+                                       const PictureOptions& wanted) {
   try {
-    return drawn(input, options, wanted);
+    return gathered(input, options, wanted);
   } catch (Problem& problem) {
     return std::move(problem);
   } catch (const std::runtime_error& error) {
     return Problem{error.what()};
   }
+}
+
+Result<Picture> draw(const Input& input, const InputOptions& options,
+                     const PictureOptions& wanted) {
+  auto gathered = picture_content(input, options, wanted);
+  if (auto* problem = std::get_if<Problem>(&gathered)) return std::move(*problem);
+  auto& [content, cautions] = std::get<PictureContent>(gathered);
+  return Picture{picture::draw(input.model, content), std::move(cautions)};
 }
 
 }  // namespace aluframe::run

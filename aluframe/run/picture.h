@@ -27,6 +27,15 @@ struct Picture {
   std::vector<std::string> cautions;  ///< they stand in the picture too
 };
 
+/// What `draw` draws, before it is drawn; the ratios of elements come with their notes and
+/// cautions.
+struct PictureContent {
+  picture::Content content;
+  std::vector<std::string> cautions;
+};
+Result<PictureContent> picture_content(const Input& input, const InputOptions& options,
+                                       const PictureOptions& wanted);
+
 /// Draws the model with what is asked for, computed from its loads or read from its results. What
 /// the options name must exist.
 Result<Picture> draw(const Input& input, const InputOptions& options, const PictureOptions& wanted);

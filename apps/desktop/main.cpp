@@ -55,6 +55,8 @@ int run(int argc, char** argv) {
     return cli::exit_failure;
   }
   const QApplication application(argc, argv);
+  QCoreApplication::setOrganizationName(QStringLiteral("AluFrame"));
+  QCoreApplication::setApplicationName(QStringLiteral("aluframe-desktop"));
   return desktop::run_desktop(options);
 }
 

@@ -2,15 +2,28 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
-#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
 #include <utility>
 
 #include "aluframe/texts/text.h"
+#include "apps/desktop/display_panel.h"
+#include "apps/desktop/frame_view.h"
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/overview.h"
+#include "apps/desktop/text_viewer.h"
 
 namespace aluframe::desktop {
 
@@ -18,53 +31,146 @@ namespace {
 
 using texts::translatable;
 
+constexpr int layout_version = 1;
+
 QString to_qt(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
 }
 
-}  // namespace
-
-MainWindow::MainWindow() : toolkit_(this) {
-  create_menus();
-  auto* hint = new QLabel(ui_text(translatable("Open a model to see its settings and materials.")));
-  hint->setAlignment(Qt::AlignCenter);
-  setCentralWidget(hint);
-  setWindowTitle(QStringLiteral("AluFrame"));
-  resize(sizeHint().expandedTo({760, 520}));
+std::filesystem::file_time_type time_of(const std::filesystem::path& path) {
+  std::error_code ignored;
+  return std::filesystem::last_write_time(path, ignored);
 }
 
-void MainWindow::create_menus() {
-  using services::SettingsDialog;
-  QMenu* file = menuBar()->addMenu(ui_text(translatable("&File")));
-  QAction* open =
-      file->addAction(ui_text(translatable("&Open...")), this, [this] { choose_model(); });
-  open->setShortcut(QKeySequence::Open);
-  save_ = file->addAction(ui_text(translatable("&Save")), this, [this] { save(); });
-  save_->setShortcut(QKeySequence::Save);
-  save_->setEnabled(false);
-  file->addSeparator();
-  QAction* quit = file->addAction(ui_text(translatable("&Quit")), this, [this] { close(); });
-  quit->setShortcut(QKeySequence::Quit);
-  design_ = menuBar()->addMenu(ui_text(translatable("&Design")));
-  design_->addAction(ui_text(translatable("Design &code...")), this,
-                     [this] { open_settings(SettingsDialog::code); });
-  design_->addAction(ui_text(translatable("&Materials...")), this,
-                     [this] { open_settings(SettingsDialog::materials); });
-  design_->setEnabled(false);
+/// Panels may be taller than their dock.
+QScrollArea* scrolled(QWidget* widget) {
+  auto* area = new QScrollArea;
+  area->setWidget(widget);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  return area;
+}
+
+QDockWidget* add_dock(QMainWindow& window, const char* name, const char* title, QWidget* widget,
+                      Qt::DockWidgetArea area) {
+  auto* dock = new QDockWidget(ui_text(title));
+  dock->setObjectName(QString::fromLatin1(name));
+  dock->setWidget(widget);
+  window.addDockWidget(area, dock);
+  return dock;
+}
+
+}  // namespace
+
+MainWindow::MainWindow() : runner_(workspace_), toolkit_(this) {
+  pages_ = new QStackedWidget;
+  auto* hint = new QLabel(ui_text(translatable("Open a model to see its frame.")));
+  hint->setAlignment(Qt::AlignCenter);
+  pages_->addWidget(hint);
+  view_ = new FrameView(workspace_, display_);
+  pages_->addWidget(view_);
+  setCentralWidget(pages_);
+  create_docks();
+  create_menus();
+  create_status();
+  connect_runner();
+  connect(&workspace_, &Workspace::edited, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::document_changed, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::results_changed, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::busy_changed, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::selection_changed, this, [this] { show_selection(); });
+  connect(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] {
+    // Programs write a file in several steps.
+    constexpr int written_after = 300;
+    QTimer::singleShot(written_after, this, [this] { file_changed(); });
+  });
+  setWindowTitle(QStringLiteral("AluFrame"));
+  resize(1360, 860);
+  const QSettings settings;
+  restoreGeometry(settings.value(QStringLiteral("window/geometry")).toByteArray());
+  restoreState(settings.value(QStringLiteral("window/state")).toByteArray(), layout_version);
+  show_state();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::create_docks() {
+  setDockNestingEnabled(true);
+  setDockOptions(dockOptions() | QMainWindow::AllowTabbedDocks);
+  add_dock(*this, "display", translatable("Display"),
+           scrolled(new DisplayPanel(workspace_, display_)), Qt::LeftDockWidgetArea);
+  overview_ = new Overview;
+  add_dock(*this, "settings", translatable("Design settings"), scrolled(overview_),
+           Qt::RightDockWidgetArea);
+}
+
+void MainWindow::create_status() {
+  state_ = new QLabel;
+  selection_ = new QLabel;
+  progress_ = new QProgressBar;
+  progress_->setMaximumWidth(24 * fontMetrics().averageCharWidth());
+  progress_->hide();
+  stop_ = new QPushButton(ui_text(translatable("Cancel")));
+  stop_->hide();
+  connect(stop_, &QPushButton::clicked, this, [this] { runner_.cancel(); });
+  auto* pointed = new QLabel;
+  connect(view_, &FrameView::pointed_at, pointed, &QLabel::setText);
+  statusBar()->addWidget(pointed, 1);
+  statusBar()->addPermanentWidget(progress_);
+  statusBar()->addPermanentWidget(stop_);
+  statusBar()->addPermanentWidget(state_);
+  statusBar()->addPermanentWidget(selection_);
+}
+
+void MainWindow::connect_runner() {
+  connect(&runner_, &Runner::started, this, [this](const QString& text) {
+    progress_->setRange(0, 0);
+    progress_->show();
+    stop_->show();
+    state_->setText(text);
+  });
+  connect(&runner_, &Runner::progressed, this, [this](int done, int total) {
+    progress_->setRange(0, total);
+    progress_->setValue(done);
+  });
+  connect(&runner_, &Runner::check_ended, this, [this](const RunEnd& end) { show_check_end(end); });
+  connect(&runner_, &Runner::report_ended, this, [this](const RunEnd& end, const QString& report) {
+    if (end.kind == RunEnd::Kind::failed) {
+      show_problem(this, end.text);
+      return;
+    }
+    std::filesystem::path file = document()->path();
+    file.replace_extension(".txt");
+    (new TextViewer(this, ui_text(translatable("Calculation report")), report, to_qt(file)))
+        ->show();
+  });
+  connect(&runner_, &Runner::document_ended, this, [this](const RunEnd& end, const QString& file) {
+    if (end.kind == RunEnd::Kind::failed) {
+      show_problem(this, end.text);
+    } else {
+      QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    }
+  });
 }
 
 void MainWindow::show_document(ModelDocument document) {
-  if (overview_ == nullptr) {
-    overview_ = new Overview;
-    setCentralWidget(overview_);
-    design_->setEnabled(true);
+  known_time_ = time_of(document.path());
+  workspace_.show_document(std::move(document));
+  if (workspace_.results() != nullptr) {
+    display_.change([](DisplayState& state) { state.colour = Colour::worst_ratio; });
   }
-  show_state_of(document_.emplace(std::move(document)));
+  pages_->setCurrentWidget(view_);
+  watch_file();
+  note_recent(workspace_.document()->path());
+  show_state();
 }
 
 void MainWindow::open(const std::filesystem::path& path) {
   if (!settle_changes()) return;
+  const QSignalBlocker unwatched(watcher_);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
   auto opened = ModelDocument::open(path);
+  QApplication::restoreOverrideCursor();
   if (const auto* problem = std::get_if<std::string>(&opened)) {
     show_problem(this, *problem);
   } else {
@@ -72,24 +178,33 @@ void MainWindow::open(const std::filesystem::path& path) {
   }
 }
 
-void MainWindow::choose_model() {
-  const QString path =
-      QFileDialog::getOpenFileName(this, ui_text(translatable("Open a model")), {},
-                                   ui_text(translatable("Model files (*.json);;All files (*)")));
-  if (!path.isEmpty()) open(path.toStdString());
+void MainWindow::reload() {
+  auto opened = ModelDocument::open(workspace_.document()->path());
+  known_time_ = time_of(workspace_.document()->path());
+  if (const auto* problem = std::get_if<std::string>(&opened)) {
+    workspace_.tell(*problem);
+    show_problem(this, *problem);
+  } else {
+    show_document(std::get<ModelDocument>(std::move(opened)));
+  }
 }
 
 bool MainWindow::save() {
-  if (!document_) return true;
-  const auto problem = document_->save();
+  ModelDocument* document = workspace_.document();
+  if (document == nullptr) return true;
+  const auto problem = document->save();
+  known_time_ = time_of(document->path());
+  watch_file();
   if (problem) show_problem(this, *problem);
-  show_state_of(*document_);
+  workspace_.refresh_results();
+  workspace_.tell_edited();
   return !problem;
 }
 
 bool MainWindow::settle_changes() {
-  if (!document_ || !document_->is_modified()) return true;
-  switch (ask_to_save(this, to_qt(document_->path().filename()),
+  const ModelDocument* document = workspace_.document();
+  if (document == nullptr || !document->is_modified()) return true;
+  switch (ask_to_save(this, to_qt(document->path().filename()),
                       ui_text(translatable("Save the changes?")))) {
     case SaveChoice::save:
       return save();
@@ -101,28 +216,140 @@ bool MainWindow::settle_changes() {
   return false;
 }
 
+bool MainWindow::save_for_run() {
+  if (!workspace_.document()->is_modified()) return true;
+  QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
+                  ui_text(translatable("The changes must be saved first.")),
+                  QMessageBox::Save | QMessageBox::Cancel, this);
+  return box.exec() == QMessageBox::Save && save();
+}
+
 void MainWindow::open_settings(services::SettingsDialog dialog) {
-  if (!document_) return;
+  if (workspace_.document() == nullptr || workspace_.is_busy()) return;
   services::SessionOptions options;
   options.toolkit = &toolkit_;
   options.message_box = show_message_box;
   options.message = print_problem;
-  const auto end = services::run_settings_dialog(document_->editable(), dialog, std::move(options));
+  workspace_.set_busy(true);
+  const auto end =
+      services::run_settings_dialog(workspace_.document()->editable(), dialog, std::move(options));
+  workspace_.set_busy(false);
   if (end == services::DialogEnd::failed) {
     show_problem(this, ui_text(translatable("The dialog did not open.")).toStdString());
   }
-  show_state_of(*document_);
+  workspace_.tell_edited();
 }
 
-void MainWindow::show_state_of(const ModelDocument& document) {
-  overview_->show_model(document.model(), to_qt(document.path()));
-  setWindowTitle(to_qt(document.path().filename()) + QStringLiteral("[*] - AluFrame"));
-  setWindowModified(document.is_modified());
-  save_->setEnabled(document.is_modified());
+void MainWindow::check(bool selection_only) {
+  if (workspace_.document() == nullptr || workspace_.is_busy() || !save_for_run()) return;
+  std::vector<model::Number> elements;
+  if (selection_only) {
+    elements.assign(workspace_.selection().begin(), workspace_.selection().end());
+    if (elements.empty()) return;
+  }
+  const run::ShownResults* results = workspace_.results();
+  if (selection_only && results != nullptr && results->coverage.is_whole()) {
+    QMessageBox box(
+        QMessageBox::Question, QStringLiteral("AluFrame"),
+        ui_text(translatable("The results of all elements will be replaced by those of the "
+                             "selected ones. Check these alone?")),
+        QMessageBox::Yes | QMessageBox::No, this);
+    if (box.exec() != QMessageBox::Yes) return;
+  }
+  runner_.check(std::move(elements));
+}
+
+void MainWindow::show_check_end(const RunEnd& end) {
+  show_state();
+  if (end.kind == RunEnd::Kind::failed) {
+    show_problem(this, end.text);
+  } else if (end.kind != RunEnd::Kind::cancelled) {
+    display_.change([](DisplayState& state) {
+      const bool is_plain = state.colour == Colour::plain || state.colour == Colour::section ||
+                            state.colour == Colour::material;
+      if (is_plain) state.colour = Colour::worst_ratio;
+    });
+  }
+}
+
+void MainWindow::show_state() {
+  const ModelDocument* document = workspace_.document();
+  const bool is_idle = !workspace_.is_busy();
+  for (QAction* action : model_actions_) action->setEnabled(document != nullptr);
+  for (QAction* action : idle_actions_) action->setEnabled(document != nullptr && is_idle);
+  cancel_->setEnabled(runner_.is_running());
+  design_->setEnabled(document != nullptr);
+  if (is_idle) {
+    progress_->hide();
+    stop_->hide();
+  }
+  if (document == nullptr) {
+    save_->setEnabled(false);
+    return;
+  }
+  overview_->show_model(document->model(), to_qt(document->path()));
+  setWindowTitle(to_qt(document->path().filename()) + QStringLiteral("[*] - AluFrame"));
+  setWindowModified(document->is_modified());
+  save_->setEnabled(document->is_modified());
+  if (!is_idle) return;
+  if (!workspace_.results_problem().empty()) {
+    state_->setText(QString::fromStdString(workspace_.results_problem()));
+  } else if (const run::ShownResults* results = workspace_.results()) {
+    const bool is_current = results->cautions.empty() && !document->is_modified();
+    const std::string over = texts::counted(results->told.over, translatable("{} element fails"),
+                                            translatable("{} elements fail"));
+    state_->setText(QString::fromStdString(
+        is_current ? over
+                   : texts::translated("{}, by results of another state of the model", over)));
+  } else {
+    state_->setText(ui_text(translatable("not checked yet")));
+  }
+}
+
+void MainWindow::show_selection() {
+  selection_->setText(QString::fromStdString(texts::counted(workspace_.selection().size(),
+                                                            translatable("{} element selected"),
+                                                            translatable("{} elements selected"))));
+}
+
+void MainWindow::watch_file() {
+  if (!watcher_.files().isEmpty()) watcher_.removePaths(watcher_.files());
+  watcher_.addPath(to_qt(workspace_.document()->path()));
+}
+
+void MainWindow::file_changed() {
+  const ModelDocument* document = workspace_.document();
+  if (document == nullptr || is_asking_) return;
+  std::error_code ignored;
+  if (!std::filesystem::exists(document->path(), ignored)) return;
+  watch_file();
+  if (time_of(document->path()) == known_time_ || workspace_.is_busy()) return;
+  if (document->is_modified()) {
+    is_asking_ = true;
+    QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
+                    to_qt(document->path().filename()) + u'\n' +
+                        ui_text(translatable("Another program has changed the file. Read it "
+                                             "again and lose your changes?")),
+                    QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    const bool wants = box.exec() == QMessageBox::Yes;
+    is_asking_ = false;
+    if (!wants) {
+      known_time_ = time_of(document->path());
+      return;
+    }
+  }
+  workspace_.tell(
+      texts::translated("{}: changed by another program, read again", document->path().string()));
+  reload();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(settle_changes());
+  if (!event->isAccepted()) return;
+  QSettings settings;
+  settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
+  settings.setValue(QStringLiteral("window/state"), saveState(layout_version));
 }
 
 }  // namespace aluframe::desktop

@@ -1,52 +1,110 @@
 #pragma once
 
+#include <QFileSystemWatcher>
 #include <QMainWindow>
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "aluframe/services/settings_dialogs.h"
 #include "aluframe/toolkit/qt/qt_toolkit.h"
+#include "apps/desktop/display.h"
 #include "apps/desktop/model_document.h"
+#include "apps/desktop/runner.h"
 #include "apps/desktop/ui_texts.h"
+#include "apps/desktop/workspace.h"
 
 class QAction;
+class QLabel;
 class QMenu;
+class QProgressBar;
+class QPushButton;
+class QStackedWidget;
 
 namespace aluframe::desktop {
 
+class FrameView;
 class Overview;
 
-/// The program's window: an overview of the open model, and the design module's dialogs over it.
-/// Changes stay in the window until they are saved; closing asks about them.
+/// The program's window: the frame in space, panels around it, and the commands. Changes stay in
+/// the window until they are saved; closing asks about them.
 class MainWindow : public QMainWindow {
  public:
   MainWindow();
+  ~MainWindow() override;
 
   /// Shows a model in the place of the one that is open, whatever becomes of its changes.
   void show_document(ModelDocument document);
   /// Opens a file, after the changes of the open model were seen to. A problem is told in a box.
   void open(const std::filesystem::path& path);
+  /// Reads the open file again; changes that are not saved are lost.
+  void reload();
   /// @return true when nothing is left to save
   bool save();
   void open_settings(services::SettingsDialog dialog);
+  /// Checks the selected elements, or all; asks to save changes first.
+  void check(bool selection_only);
   /// Null when no model is open.
-  const ModelDocument* document() const { return document_ ? &*document_ : nullptr; }
+  const ModelDocument* document() const { return workspace_.document(); }
+  Workspace& workspace() { return workspace_; }
+  Display& display() { return display_; }
+  FrameView& view() { return *view_; }
+  Runner& runner() { return runner_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void create_docks();
   void create_menus();
+  void create_file_menu();
+  void create_edit_menu();
+  void create_view_menu();
+  void create_design_menu();
+  void create_report_menu();
+  void create_options_menu();
+  void create_status();
+  void connect_runner();
+  QAction* add_action(QMenu* menu, const char* text, const QKeySequence& keys,
+                      const std::function<void()>& action);
+  /// The same for what needs an open model.
+  QAction* add_model_action(QMenu* menu, const char* text, const QKeySequence& keys,
+                            const std::function<void()>& action);
+
   void choose_model();
+  void show_recent();
+  void note_recent(const std::filesystem::path& path);
+  void save_picture();
+  void write_document();
+  void edit_file();
+  void select_failing();
   /// Saves or drops changes as the user wants. @return false when the user wants neither
   bool settle_changes();
-  void show_state_of(const ModelDocument& document);
+  /// A run goes by the file. @return false when the user does not want to save changes
+  bool save_for_run();
+  void show_state();
+  void show_selection();
+  void show_check_end(const RunEnd& end);
+  void watch_file();
+  void file_changed();
 
+  Workspace workspace_;
+  Display display_;
+  Runner runner_;
   toolkit::QtToolkit toolkit_;
-  std::optional<ModelDocument> document_;
-  Overview* overview_ = nullptr;  ///< null until a model is open
-  QAction* save_ = nullptr;
-  QMenu* design_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  FrameView* view_ = nullptr;
+  Overview* overview_ = nullptr;
+  QMenu *recent_ = nullptr, *design_ = nullptr;
+  QAction *save_ = nullptr, *cancel_ = nullptr;
+  std::vector<QAction*> model_actions_;  ///< that need an open model
+  std::vector<QAction*> idle_actions_;   ///< that wait for the end of a run
+  QLabel *selection_ = nullptr, *state_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+  QPushButton* stop_ = nullptr;
+  QFileSystemWatcher watcher_;
+  std::filesystem::file_time_type known_time_;  ///< of the file as it was read or saved
+  bool is_asking_ = false;
 };
 
 }  // namespace aluframe::desktop

@@ -1,0 +1,246 @@
+#include "apps/desktop/runner.h"
+
+#include <QApplication>
+#include <exception>
+#include <ostream>
+#include <utility>
+#include <variant>
+
+#include "aluframe/document/document.h"
+#include "aluframe/files/error_text.h"
+#include "aluframe/files/output_guard.h"
+#include "aluframe/files/publication.h"
+#include "aluframe/run/document.h"
+#include "aluframe/run/report.h"
+#include "aluframe/run/strictness.h"
+#include "aluframe/tables/check_summary.h"
+#include "aluframe/texts/text.h"
+#include "apps/desktop/message_boxes.h"
+#include "apps/desktop/ui_texts.h"
+
+namespace aluframe::desktop {
+
+namespace {
+
+namespace fs = std::filesystem;
+using texts::translatable;
+
+RunEnd failed(std::string text) {
+  return {RunEnd::Kind::failed, std::move(text)};
+}
+
+/// A box belongs to the window's thread, and the run waits for its end.
+int show_box_of_run(const std::string& text, unsigned type) {
+  int button = 0;
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [&] { button = show_message_box(text, type); },
+      Qt::BlockingQueuedConnection);
+  return button;
+}
+
+std::optional<std::string> overwriting_problem(const fs::path& model, const fs::path& results) {
+  return files::find_overwriting(
+      {{translatable("the result file"), results, files::FileKind::results, std::nullopt}},
+      {{translatable("the model"), model}});
+}
+
+RunEnd end_of(const run::Input& input, const run::CheckResult& result) {
+  const services::CheckSummary& summary = result.summary;
+  switch (summary.outcome) {
+    case services::RunOutcome::failed:
+      return failed(texts::translated("the run failed: {}", summary.failure));
+    case services::RunOutcome::cancelled:
+      return {RunEnd::Kind::cancelled,
+              texts::translated("The check was cancelled; earlier results stay as they were.")};
+    case services::RunOutcome::nothing_to_check:
+      return failed(texts::translated("There is nothing to check."));
+    case services::RunOutcome::complete:
+      break;
+  }
+  if (summary.checked_elements == 0)
+    return failed(texts::translated("no element could be checked"));
+  const bool is_over = run::fails(run::told_by(result), run::Strictness::checks);
+  return {is_over ? RunEnd::Kind::over_limit : RunEnd::Kind::done,
+          tables::summary_text(input, result)};
+}
+
+RunEnd run_check(const fs::path& model, const std::vector<model::Number>& elements,
+                 services::ProgressListener& progress,
+                 const std::function<void(const std::string&)>& message) {
+  std::vector<model::NumberRange> ranges;
+  for (const model::Number element : elements) ranges.push_back({element, element});
+  run::Selection selection;
+  selection.elements = model::NumberRanges(std::move(ranges));
+  const auto prepared = run::prepare({.model = model}, selection);
+  if (const auto* problem = std::get_if<run::Problem>(&prepared)) return failed(problem->text);
+  const auto& input = std::get<run::Input>(prepared);
+  const fs::path results = run::result_path_of(model);
+  const run::CheckOptions options{.results = results,
+                                  .progress = &progress,
+                                  .message = message,
+                                  .message_box = show_box_of_run,
+                                  .objection = [&] { return overwriting_problem(model, results); }};
+  return end_of(input, run::check(input, options));
+}
+
+document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
+                                     DocumentDetail detail) {
+  if (!detail) return nullptr;
+  return [&content, &results, detail](const std::function<void(const run::ExplainedCheck&)>& take) {
+    run::derive_checks(content, results, *detail, take);
+  };
+}
+
+RunEnd run_document(const fs::path& model, const fs::path& html, DocumentDetail detail) {
+  const fs::path results = run::result_path_of(model);
+  const auto overwriting = files::find_overwriting(
+      {{translatable("the document"), html}},
+      {{translatable("the result file"), results}, {translatable("the model"), model}});
+  if (overwriting) return failed(*overwriting);
+  const auto gathered =
+      run::gather_document({.input = {.model = model}, .results = results, .selection = {}});
+  if (const auto* problem = std::get_if<run::Problem>(&gathered)) return failed(problem->text);
+  const auto& content = std::get<run::DocumentContent>(gathered);
+  try {
+    files::publish_stream(html, [&](std::ostream& out) {
+      document::write_document(out, content, derivations_of(content, results, detail));
+    });
+  } catch (const std::exception& error) {
+    return failed(
+        texts::translated("{}: cannot be written: {}", html.string(), files::error_text(error)));
+  }
+  return {};
+}
+
+struct Report {
+  RunEnd end;
+  std::string text;
+};
+
+Report run_report(const fs::path& model, const std::function<void(const std::string&)>& message) {
+  const fs::path results = run::result_path_of(model);
+  const auto prepared = run::prepare_like(results, {.model = model}, {});
+  if (const auto* problem = std::get_if<run::Problem>(&prepared))
+    return {failed(problem->text), {}};
+  const auto& input = std::get<run::Input>(prepared);
+  run::ReportOptions options{.results = results, .report = std::nullopt, .message = message};
+  services::ReportSummary summary = run::report(input, options);
+  if (summary.outcome != services::RunOutcome::complete) {
+    return {failed(texts::translated("the report failed: {}", summary.failure)), {}};
+  }
+  return {{}, std::move(summary.readable)};
+}
+
+/// What the job returns, or that it failed as nobody expected.
+template <class Work>
+auto guarded(const Work& work) -> decltype(work()) {
+  try {
+    return work();
+  } catch (const std::exception& error) {
+    decltype(work()) out{};
+    if constexpr (std::is_same_v<decltype(out), RunEnd>) {
+      out = failed(files::error_text(error));
+    } else {
+      out.end = failed(files::error_text(error));
+    }
+    return out;
+  }
+}
+
+}  // namespace
+
+/// Hears of the progress on the run's thread and tells it to the window's.
+class Runner::Listener : public services::ProgressListener {
+ public:
+  explicit Listener(Runner& runner) : runner_(runner) {}
+
+  void started(const std::string& text) override {
+    Q_EMIT runner_.started(QString::fromStdString(text));
+  }
+  bool advanced(int done, int total) override {
+    Q_EMIT runner_.progressed(done, total);
+    return runner_.is_cancelled_;
+  }
+  void ended() override {}
+
+ private:
+  Runner& runner_;
+};
+
+Runner::Runner(Workspace& workspace) : workspace_(workspace) {}
+
+Runner::~Runner() {
+  if (!thread_) return;
+  cancel();
+  // A message box of the run waits for this thread.
+  while (!thread_->wait(10)) QCoreApplication::processEvents();
+}
+
+void Runner::cancel() {
+  is_cancelled_ = true;
+}
+
+std::function<void(const std::string&)> Runner::message() {
+  return [this](const std::string& text) {
+    QMetaObject::invokeMethod(this, [this, text] { workspace_.tell(text); }, Qt::QueuedConnection);
+  };
+}
+
+void Runner::start(const QString& text, Job job) {
+  if (is_running() || workspace_.is_busy()) return;
+  is_cancelled_ = false;
+  workspace_.set_busy(true);
+  Q_EMIT started(text);
+  thread_.reset(QThread::create([this, job = std::move(job)] {
+    const auto end = job();
+    QMetaObject::invokeMethod(this, [this, end] { finish(end); }, Qt::QueuedConnection);
+  }));
+  // Analysis of large frames goes deeper than a thread's usual stack.
+  constexpr unsigned stack = 64U << 20U;
+  thread_->setStackSize(stack);
+  thread_->start();
+}
+
+void Runner::finish(const std::function<void()>& end) {
+  thread_->wait();
+  thread_.reset();
+  workspace_.set_busy(false);
+  end();
+}
+
+void Runner::check(std::vector<model::Number> elements) {
+  const fs::path model = workspace_.document()->path();
+  start(ui_text(translatable("Checking...")), [this, model, elements = std::move(elements)] {
+    Listener listener(*this);
+    const RunEnd end = guarded([&] { return run_check(model, elements, listener, message()); });
+    return [this, end] {
+      workspace_.refresh_results();
+      workspace_.tell(end.text);
+      Q_EMIT check_ended(end);
+    };
+  });
+}
+
+void Runner::make_report() {
+  const fs::path model = workspace_.document()->path();
+  start(ui_text(translatable("Making the report...")), [this, model] {
+    const Report report = guarded([&] { return run_report(model, message()); });
+    return [this, report] {
+      if (!report.end.text.empty()) workspace_.tell(report.end.text);
+      Q_EMIT report_ended(report.end, QString::fromStdString(report.text));
+    };
+  });
+}
+
+void Runner::write_document(const fs::path& html, DocumentDetail detail) {
+  const fs::path model = workspace_.document()->path();
+  start(ui_text(translatable("Writing the document...")), [this, model, html, detail] {
+    const RunEnd end = guarded([&] { return run_document(model, html, detail); });
+    return [this, end, html] {
+      if (!end.text.empty()) workspace_.tell(end.text);
+      Q_EMIT document_ended(end, QString::fromStdString(html.string()));
+    };
+  });
+}
+
+}  // namespace aluframe::desktop
