@@ -36,6 +36,8 @@ struct InputOptions {
   bool large_displacements = false;  ///< whatever the model says
   FrameBuckling buckling = FrameBuckling::on;
   bool allow_outside = false;  ///< catalogues that lie outside of the model's folder
+
+  friend bool operator==(const InputOptions&, const InputOptions&) = default;
 };
 
 /// Why large displacements and imperfections do not go together.

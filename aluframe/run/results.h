@@ -96,8 +96,11 @@ Result<Input> prepare_like(const std::filesystem::path& results, const InputOpti
 /// What the user should know before trusting results: their run did not end, or they are of another
 /// state of the model, its catalogues or its forces. `input` may be the result file itself, which
 /// leaves nothing to compare with.
+/// @param known the digest of the input when it was read already, as its options say; nothing: it is
+///   read
 std::vector<std::string> cautions(const InputOptions& input, const std::filesystem::path& file,
-                                  store::ResultReader& reader);
+                                  store::ResultReader& reader,
+                                  const std::optional<std::string>& known = std::nullopt);
 /// Of them, that they are of another state of the model.
 std::string other_state_text(const std::filesystem::path& model, const std::filesystem::path& file);
 /// Of them, that a later run has left a partial file beside these results.

@@ -38,7 +38,8 @@ std::optional<double> largest_ratio(const std::vector<store::StoredRecord>& reco
   return largest;
 }
 
-ShownResults read(store::ResultReader& reader, const InputOptions& options, const fs::path& file) {
+ShownResults read(store::ResultReader& reader, const InputOptions& options, const fs::path& file,
+                  const std::string& digest) {
   ShownResults out;
   out.file = file;
   out.info = reader.info();
@@ -52,7 +53,7 @@ ShownResults read(store::ResultReader& reader, const InputOptions& options, cons
   for (const store::NotChecked& item : reader.not_checked()) taken_up.push_back(item.element);
   std::ranges::sort(taken_up);
   out.told = told_by(reader, taken_up);
-  out.cautions = cautions(options, file, reader);
+  out.cautions = cautions(options, file, reader, digest);
   return out;
 }
 
@@ -63,12 +64,13 @@ const ElementResult* ShownResults::find(model::Number element) const {
   return found == elements.end() ? nullptr : &found->second;
 }
 
-Result<std::optional<ShownResults>> shown_results(const InputOptions& options) {
+Result<std::optional<ShownResults>> shown_results(const InputOptions& options,
+                                                  const std::string& digest) {
   const fs::path file = result_path_of(options.model);
   std::error_code ignored;
   if (!fs::exists(file, ignored)) return std::nullopt;
   try {
-    return read(*store::ResultReader::open(file), options, file);
+    return read(*store::ResultReader::open(file), options, file, digest);
   } catch (const std::runtime_error& error) {
     return Problem{error.what()};
   }

@@ -31,8 +31,10 @@ struct ShownResults {
 };
 
 /// The results that stand beside the model; nothing when there are none.
+/// @param digest of the model as `read_input` has it with these options
 /// @return a problem when they cannot be read
-Result<std::optional<ShownResults>> shown_results(const InputOptions& options);
+Result<std::optional<ShownResults>> shown_results(const InputOptions& options,
+                                                  const std::string& digest);
 
 /// The largest ratio of each element that was checked in a combination of the model, of an envelope
 /// in all of its states.

@@ -145,12 +145,18 @@ std::string other_state_text(const fs::path& model, const fs::path& file) {
 }
 
 std::vector<std::string> cautions(const InputOptions& input, const fs::path& file,
-                                  store::ResultReader& reader) {
+                                  store::ResultReader& reader,
+                                  const std::optional<std::string>& known) {
   std::vector<std::string> out;
   if (auto text = unfinished_text(file, reader.state())) out.push_back(*std::move(text));
   if (auto text = later_run_text(file)) out.push_back(*std::move(text));
   if (input.model == file) return out;
-  const auto read = read_input(as_checked(input, file, reader.info()));
+  const InputOptions checked = as_checked(input, file, reader.info());
+  if (known && checked == input) {
+    if (*known != reader.info().model_digest) out.push_back(other_state_text(input.model, file));
+    return out;
+  }
+  const auto read = read_input(checked);
   if (const auto* problem = std::get_if<Problem>(&read)) {
     out.push_back(texts::translated("{}: cannot be compared with the model: {}", file.string(),
                                     problem->text));

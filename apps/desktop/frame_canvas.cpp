@@ -20,7 +20,9 @@ class GlCanvas : public QOpenGLWidget, public FrameCanvas {
     let_events_through(*this);
     QSurfaceFormat format = QSurfaceFormat::defaultFormat();
     format.setDepthBufferSize(24);
-    format.setSamples(4);
+    // Lines are smooth without; where the processor draws, solids are rather fast.
+    constexpr int smooth = 4;
+    format.setSamples(FrameView::draws_in_software() ? 0 : smooth);
     setFormat(format);
   }
   ~GlCanvas() override {

@@ -286,7 +286,7 @@ void paint_cube(QPainter& painter, const std::vector<CubeSide>& sides, const QPa
     // The name lies on its side: it is turned and tilted with it.
     const QPointF along = side.outline[1] - side.outline[0];
     const QPointF down = side.outline[0] - side.outline[3];
-    const double unit = 4.2 * QFontMetricsF(painter.font()).height();
+    const double unit = 3.0 * QFontMetricsF(painter.font()).height();
     painter.save();
     painter.setTransform(QTransform(along.x() / unit, along.y() / unit, down.x() / unit,
                                     down.y() / unit, side.outline[3].x(), side.outline[3].y()),

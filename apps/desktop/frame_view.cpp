@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QStyleHints>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -59,6 +60,29 @@ Picking picking_of(Qt::KeyboardModifiers modifiers) {
   return modifiers.testFlag(Qt::ShiftModifier) ? Picking::add : Picking::replace;
 }
 
+enum class Graphics { none, software, card };
+
+Graphics look_for_graphics() {
+  // A switch for machines whose driver is broken.
+  if (qEnvironmentVariableIsSet("ALUFRAME_NO_OPENGL")) return Graphics::none;
+  QOpenGLContext context;
+  if (!context.create()) return Graphics::none;
+  QOffscreenSurface surface;
+  surface.setFormat(context.format());
+  surface.create();
+  if (!surface.isValid() || !context.makeCurrent(&surface)) return Graphics::none;
+  const auto* name = context.functions()->glGetString(GL_RENDERER);
+  const QByteArray renderer(reinterpret_cast<const char*>(name));
+  context.doneCurrent();
+  const bool is_software = renderer.contains("llvmpipe") || renderer.contains("softpipe");
+  return is_software ? Graphics::software : Graphics::card;
+}
+
+Graphics screen_graphics() {
+  static const Graphics graphics = look_for_graphics();
+  return graphics;
+}
+
 bool is_layer_shown(const DisplayState& state, picture::Layer layer) {
   if (layer == picture::Layer::supports) return state.supports;
   if (layer == picture::Layer::releases) return state.releases;
@@ -68,19 +92,11 @@ bool is_layer_shown(const DisplayState& state, picture::Layer layer) {
 }  // namespace
 
 bool FrameView::has_opengl() {
-  static const bool has = [] {
-    // A switch for machines whose driver is broken.
-    if (qEnvironmentVariableIsSet("ALUFRAME_NO_OPENGL")) return false;
-    QOpenGLContext context;
-    if (!context.create()) return false;
-    QOffscreenSurface surface;
-    surface.setFormat(context.format());
-    surface.create();
-    const bool is_usable = surface.isValid() && context.makeCurrent(&surface);
-    if (is_usable) context.doneCurrent();
-    return is_usable;
-  }();
-  return has;
+  return screen_graphics() != Graphics::none;
+}
+
+bool FrameView::draws_in_software() {
+  return screen_graphics() == Graphics::software;
 }
 
 FrameView::FrameView(Workspace& workspace, Display& display)

@@ -30,6 +30,8 @@ class FrameView : public QWidget {
  public:
   /// Whether a graphics card, or software in its place, can be used on this screen.
   static bool has_opengl();
+  /// Whether it is software.
+  static bool draws_in_software();
 
   FrameView(Workspace& workspace, Display& display);
   ~FrameView() override;

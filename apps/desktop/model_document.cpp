@@ -10,12 +10,13 @@ namespace aluframe::desktop {
 std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesystem::path& path) {
   auto read = run::read_input({.model = path});
   if (const auto* problem = std::get_if<run::Problem>(&read)) return problem->text;
-  return ModelDocument(path, std::get<run::Input>(std::move(read)).model);
+  return ModelDocument(std::get<run::Input>(std::move(read)));
 }
 
-ModelDocument::ModelDocument(std::filesystem::path path, model::Model model)
-    : path_(std::move(path)),
-      model_(std::move(model)),
+ModelDocument::ModelDocument(run::Input input)
+    : path_(std::move(input.file)),
+      model_(std::move(input.model)),
+      digest_(std::move(input.digest)),
       saved_design_(model_.design),
       saved_materials_(model_.materials) {}
 

@@ -7,6 +7,7 @@
 
 #include "aluframe/io/model_edit.h"
 #include "aluframe/model/model.h"
+#include "aluframe/run/input.h"
 
 namespace aluframe::desktop {
 
@@ -19,6 +20,8 @@ class ModelDocument {
 
   const std::filesystem::path& path() const { return path_; }
   const model::Model& model() const { return model_; }
+  /// Of the model as it was read or saved (run::Input).
+  const std::string& digest() const { return digest_; }
   /// For the dialogs: only the design settings and the materials may be changed.
   model::Model& editable() { return model_; }
   /// What is not saved yet.
@@ -29,10 +32,11 @@ class ModelDocument {
   std::optional<std::string> save();
 
  private:
-  ModelDocument(std::filesystem::path path, model::Model model);
+  explicit ModelDocument(run::Input input);
 
   std::filesystem::path path_;
   model::Model model_;
+  std::string digest_;
   /// What the file holds of what can be changed.
   std::optional<model::DesignSettings> saved_design_;
   model::Table<model::Material> saved_materials_;

@@ -39,7 +39,7 @@ void Workspace::tell_edited() {
 void Workspace::refresh_results() {
   results_.reset();
   results_problem_.clear();
-  auto read = run::shown_results({.model = document_->path()});
+  auto read = run::shown_results({.model = document_->path()}, document_->digest());
   if (auto* problem = std::get_if<run::Problem>(&read)) {
     results_problem_ = std::move(problem->text);
   } else {

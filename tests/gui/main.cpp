@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <iostream>
 
 namespace {
@@ -22,5 +24,9 @@ int main(int argc, char** argv) {
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
   qInstallMessageHandler(print_message);
   const QApplication application(argc, argv);
+  // What the window remembers is the tests' own.
+  const QTemporaryDir settings;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+  QCoreApplication::setOrganizationName(QStringLiteral("AluFrame tests"));
   return RUN_ALL_TESTS();
 }

@@ -72,7 +72,7 @@ void answer_box(QMessageBox::StandardButton button, std::string* text = nullptr)
 TEST_F(MainWindowTest, WithoutAModelThereIsNothingToSaveOrDesign) {
   EXPECT_FALSE(entry("Save").isEnabled());
   EXPECT_FALSE(entry("Design").isEnabled());
-  EXPECT_THAT(labels(), Contains("Open a model to see its settings and materials."));
+  EXPECT_THAT(labels(), Contains("Open a model to see its frame."));
 }
 
 TEST_F(MainWindowTest, ShowsTitleFileAndSettings) {
@@ -101,7 +101,7 @@ TEST_F(MainWindowTest, ShowsTheMaterials) {
 TEST_F(MainWindowTest, ItsTextsCanBeChinese) {
   const test_support::UsedLanguage used(texts::Language::chinese);
   const desktop::MainWindow chinese;
-  EXPECT_EQ(chinese.menuBar()->actions()[1]->text(), u"\u8BBE\u8BA1(&D)");
+  EXPECT_EQ(chinese.menuBar()->actions()[3]->text(), u"\u8BBE\u8BA1(&D)");
 }
 
 TEST_F(MainWindowTest, AChangeIsMarkedUntilItIsSaved) {
