@@ -19,9 +19,9 @@ using model::NumberRanges;
 
 class HoldsText : public RowFilter::Condition {
  public:
-  explicit HoldsText(const QString& text) : text_(text.toLower()) {}
+  explicit HoldsText(QString text) : text_(std::move(text)) {}
   bool is_met(const TableModel& model, int row) const override {
-    return model.search_text(row).contains(text_);
+    return model.holds_text(row, text_);
   }
 
  private:

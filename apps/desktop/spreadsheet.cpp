@@ -5,7 +5,9 @@
 #include <QString>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <ranges>
 #include <stdexcept>
 #include <variant>
 #include <vector>
@@ -117,9 +119,10 @@ class Sheet {
   /// As wide as its texts, within reason; and its ratios over 1 marked.
   void arrange(std::size_t column) {
     constexpr int filter_button = 3;
+    constexpr std::ptrdiff_t looked_at = 1000;  // rows, which say enough of how wide it is
     const Column& of = table_.columns[column];
     int width = std::min(width_of(tables::heading_text(of)) + filter_button, widest / 2);
-    for (const auto& row : table_.rows) {
+    for (const auto& row : table_.rows | std::views::take(looked_at)) {
       if (std::holds_alternative<std::monostate>(row[column])) continue;
       width = std::max(width, width_of(tables::cell_text(of, row[column])) + 1);
     }

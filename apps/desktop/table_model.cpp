@@ -26,6 +26,12 @@ bool is_numeric(const tables::OutputTable& table, std::size_t column) {
          std::ranges::none_of(table.rows, is_text, of_column);
 }
 
+/// "0.85", "-3", "2.1e-14", "nan", or a part of such.
+bool can_stand_in_number(const QString& text) {
+  return std::ranges::all_of(
+      text, [](QChar c) { return QStringView(u"0123456789.-+einfa").contains(c.toLower()); });
+}
+
 std::size_t place(int value) {
   return static_cast<std::size_t>(value);
 }
@@ -40,7 +46,6 @@ void TableModel::show_table(tables::OutputTable table) {
     is_numeric_.push_back(is_numeric(table_, i));
   }
   words_.clear();
-  search_texts_.assign(table_.rows.size(), {});
   endResetModel();
 }
 
@@ -48,8 +53,8 @@ const Cell& TableModel::cell(int row, int column) const {
   return table_.rows[place(row)][place(column)];
 }
 
-QString TableModel::words(const tables::Column& column, const Cell& phrase) const {
-  const auto [found, is_new] = words_.try_emplace(std::get<tables::Phrase>(phrase).english);
+const QString& TableModel::words(const tables::Column& column, const tables::Phrase& phrase) const {
+  const auto [found, is_new] = words_.try_emplace(phrase.english);
   if (is_new) found->second = QString::fromStdString(tables::cell_text(column, phrase));
   return found->second;
 }
@@ -58,7 +63,7 @@ QString TableModel::text(int row, int column) const {
   const Cell& of = cell(row, column);
   if (std::holds_alternative<std::monostate>(of)) return {};
   const tables::Column& in = table_.columns[place(column)];
-  if (std::holds_alternative<tables::Phrase>(of)) return words(in, of);
+  if (const auto* phrase = std::get_if<tables::Phrase>(&of)) return words(in, *phrase);
   return QString::fromStdString(tables::cell_text(in, of));
 }
 
@@ -66,15 +71,14 @@ QString TableModel::heading(int column) const {
   return QString::fromStdString(tables::heading_text(table_.columns[place(column)]));
 }
 
-const QString& TableModel::search_text(int row) const {
-  QString& text_of_row = search_texts_[place(row)];
-  if (text_of_row.isEmpty()) {
-    for (int column = 0; column < columnCount(); ++column) {
-      // What is searched for stands in one cell: nobody types a tab.
-      text_of_row += text(row, column).toLower() + u'\t';
-    }
+bool TableModel::holds_text(int row, const QString& text) const {
+  // Numbers are most of a large table, and take the longest to be written.
+  const bool may_be_number = can_stand_in_number(text);
+  for (int column = 0; column < columnCount(); ++column) {
+    if (!may_be_number && is_number(cell(row, column))) continue;
+    if (this->text(row, column).contains(text, Qt::CaseInsensitive)) return true;
   }
-  return text_of_row;
+  return false;
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {

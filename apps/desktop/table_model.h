@@ -24,8 +24,8 @@ class TableModel : public QAbstractTableModel {
   /// What stands in a cell, without a sign; empty for nothing.
   QString text(int row, int column) const;
   QString heading(int column) const;
-  /// All texts of a row in lower case, for searching.
-  const QString& search_text(int row) const;
+  /// Whether a text stands in a cell of the row, whatever its case.
+  bool holds_text(int row, const QString& text) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,13 +34,12 @@ class TableModel : public QAbstractTableModel {
 
  private:
   bool is_over(const QModelIndex& index) const;
-  QString words(const tables::Column& column, const tables::Cell& phrase) const;
+  const QString& words(const tables::Column& column, const tables::Phrase& phrase) const;
 
   tables::OutputTable table_;
   std::vector<bool> is_numeric_;  ///< of columns
   /// Sentences by their English: they come again and again, and take time to put into words.
   mutable std::unordered_map<std::string, QString> words_;
-  mutable std::vector<QString> search_texts_;  ///< by row, empty until it is asked for
 };
 
 }  // namespace aluframe::desktop

@@ -174,6 +174,12 @@ TEST_F(TablePanelTest, FiltersByATextInAnyColumn) {
   EXPECT_EQ(static_cast<std::size_t>(rows()), workspace.model().elements.size());
 }
 
+TEST_F(TablePanelTest, FiltersByAPartOfANumber) {
+  panel.show_table(TableKind::nodes);
+  panel.filter_by("5.8");
+  EXPECT_THAT(column_texts("node"), ElementsAre("17", "18"));
+}
+
 TEST_F(TablePanelTest, FiltersByNumbersOfAColumn) {
   panel.show_table(TableKind::elements);
   panel.filter_by("element 3-5, 9");
