@@ -11,6 +11,7 @@
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/tables/structure_texts.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::document {
@@ -158,21 +159,6 @@ void write_loads(HtmlWriter& html, const model::Model& model, const model::LoadC
 
 // Combinations.
 
-std::string term_text(const model::CombinationTerm& term) {
-  const bool is_case = term.source == model::CombinationTerm::Source::load_case;
-  return fmt::format("{} {}{}", short_value(term.factor), is_case ? "LC" : "C", term.number);
-}
-
-/// "1.3 LC1 + 1.5 LC2", of an envelope "1.3 LC1; 1.5 LC2".
-std::string terms_text(const model::Combination& combination) {
-  const bool is_sum = combination.kind == model::CombinationKind::linear;
-  std::string text;
-  for (const model::CombinationTerm& term : combination.terms) {
-    text += (text.empty() ? "" : is_sum ? " + " : "; ") + term_text(term);
-  }
-  return text;
-}
-
 std::string kind_text(const model::Combination& combination) {
   if (combination.state_of)
     return texts::translated("state of combination {}", *combination.state_of);
@@ -236,7 +222,7 @@ void write_combinations(HtmlWriter& html, const run::DocumentContent& content) {
                   rows.add({{fmt::format("{}", combination.number)},
                             {combination.name},
                             {kind_text(combination)},
-                            {terms_text(combination)},
+                            {tables::terms_text(combination)},
                             {yes_or_no(combination.seismic)},
                             {checked_text(combination, content.coverage)}});
                 }

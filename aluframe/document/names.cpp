@@ -15,24 +15,6 @@ namespace {
 
 using texts::translatable;
 
-constexpr std::array load_case_kinds{translatable("static"),
-                                     translatable("static earthquake"),
-                                     translatable("response spectrum"),
-                                     translatable("response spectrum with eccentricity"),
-                                     translatable("time history"),
-                                     translatable("moving load"),
-                                     translatable("settlement of supports"),
-                                     translatable("crane")};
-
-constexpr std::array shapes{translatable("channel"),
-                            translatable("H section"),
-                            translatable("tee"),
-                            translatable("box"),
-                            translatable("pipe"),
-                            translatable("double channel"),
-                            translatable("solid round bar"),
-                            translatable("given by its properties")};
-
 constexpr std::array settings{
     std::pair{"safety_class", translatable("safety class and importance factor γ0")},
     std::pair{"ribs", translatable("plates stiffened by ribs")},
@@ -55,11 +37,6 @@ std::string label_in(const Names& names, const Key& key, const std::string& othe
   return found == std::end(names) ? otherwise : std::string(texts::translation_of(found->second));
 }
 
-template <class Names>
-std::string label_at(const Names& names, std::size_t place) {
-  return std::string(texts::translation_of(names.at(place)));
-}
-
 }  // namespace
 
 std::string item_label(int item) {
@@ -71,11 +48,11 @@ std::string member_type_label(int type) {
 }
 
 std::string load_case_kind_label(model::LoadCaseKind kind) {
-  return label_at(load_case_kinds, static_cast<std::size_t>(kind));
+  return std::string(texts::translation_of(tables::load_case_kind_name(kind)));
 }
 
 std::string shape_label(model::Shape shape) {
-  return label_at(shapes, static_cast<std::size_t>(shape));
+  return std::string(texts::translation_of(tables::shape_name(shape)));
 }
 
 std::string setting_label(const std::string& key) {

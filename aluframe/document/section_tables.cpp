@@ -1,30 +1,17 @@
 #include <fmt/format.h>
 
-#include <span>
-
 #include "aluframe/document/figure.h"
 #include "aluframe/document/names.h"
 #include "aluframe/document/structure_tables.h"
 #include "aluframe/document/table.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/sketch.h"
+#include "aluframe/tables/structure_texts.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::document {
 
 namespace {
-
-/// "H 150, B 60, tw 3", of dimensions that are not 0.
-std::string dimensions_text(const model::Section& section) {
-  std::string text;
-  const std::span<const std::string_view> names = model::dimension_names(section.shape);
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (section.dimensions[i] == 0.0) continue;
-    text += fmt::format("{}{} {}", text.empty() ? "" : ", ", names[i],
-                        short_value(section.dimensions[i]));
-  }
-  return text;
-}
 
 /// "area, iyy": what the model gives in place of what follows from the dimensions.
 std::string given_text(const model::GivenProperties& given) {
@@ -59,7 +46,7 @@ void write_list(HtmlWriter& html, const model::Model& model) {
                   rows.add({{fmt::format("{}", section.number)},
                             {section.name},
                             {shape_label(section.shape)},
-                            {dimensions_text(section)},
+                            {tables::dimensions_text(section, model::LengthUnit::millimetre)},
                             {yes_or_no(section.welded)},
                             {given_text(section.given)}});
                 }

@@ -3,83 +3,23 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
-#include <span>
 
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
 #include "aluframe/model/members.h"
+#include "aluframe/tables/names.h"
+#include "aluframe/tables/structure_texts.h"
+#include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::document {
 
 namespace {
 
-constexpr std::array directions{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
-constexpr std::array releases{"N", "Fy", "Fz", "Mx", "My", "Mz"};
-
-std::string joined(const std::vector<std::string>& parts, const char* separator = ", ") {
-  return fmt::format("{}", fmt::join(parts, separator));
-}
-
-std::string restraints_text(const model::Support& support) {
-  std::vector<std::string> parts;
-  for (std::size_t i = 0; i < directions.size(); ++i) {
-    if (support.restrained[i]) parts.emplace_back(directions[i]);
-  }
-  return joined(parts);
-}
-
-std::string springs_text(const model::Support& support, const Scale& scale) {
-  std::vector<std::string> parts;
-  for (std::size_t i = 0; i < directions.size(); ++i) {
-    if (support.springs[i] == 0.0) continue;
-    const bool is_length = i < 3;
-    const double unit = is_length ? scale.force / scale.length : scale.moment();
-    parts.push_back(fmt::format("{} {} {}", directions[i], short_value(support.springs[i] / unit),
-                                is_length ? scale.line_load_unit() : scale.moment_unit() + "/rad"));
-  }
-  return joined(parts);
-}
-
-std::string released_text(std::span<const bool> released) {
-  std::vector<std::string> parts;
-  for (std::size_t i = 0; i < releases.size(); ++i) {
-    if (released[i]) parts.emplace_back(releases[i]);
-  }
-  return joined(parts);
-}
-
-std::string releases_text(const model::Element& element) {
-  const std::span<const bool> all(element.released);
-  const std::string start = released_text(all.first(releases.size()));
-  const std::string end = released_text(all.last(releases.size()));
-  std::vector<std::string> parts;
-  if (!start.empty()) parts.push_back(texts::translated("start: {}", start));
-  if (!end.empty()) parts.push_back(texts::translated("end: {}", end));
-  return joined(parts, "; ");
-}
-
-std::string orientation_text(const model::Element& element) {
-  std::vector<std::string> parts;
-  if (element.orientation) {
-    if (const auto* node = std::get_if<model::Number>(&*element.orientation)) {
-      parts.push_back(texts::translated("z towards node {}", *node));
-    } else {
-      const auto& v = std::get<std::array<double, 3>>(*element.orientation);
-      parts.push_back(texts::translated("z towards ({}, {}, {})", short_value(v[0]),
-                                        short_value(v[1]), short_value(v[2])));
-    }
-  }
-  if (element.beta != 0.0) parts.push_back(fmt::format("β {}°", short_value(element.beta)));
-  return joined(parts);
-}
-
 /// Type by which its rules are chosen.
 std::string type_text(const model::Model& model, const model::Element& element) {
-  constexpr std::array stored_types{1, 2, 3, 5};  // of column, beam, brace, truss
-  return member_type_label(
-      stored_types.at(static_cast<std::size_t>(model::member_type(model, element))));
+  return std::string(
+      texts::translation_of(tables::member_type_name(model::member_type(model, element))));
 }
 
 std::string source_text(const members::LengthFactor& factor) {
@@ -178,7 +118,6 @@ void write_supports(HtmlWriter& html, const run::DocumentContent& content) {
     html.leaf("p", texts::translated("The model has no supports: its forces are given."));
     return;
   }
-  const Scale scale(content.input.model.units);
   write_table(html, texts::translated("Supports"),
               {{texts::translated("Node")},
                {texts::translated("Restrained"), Align::left},
@@ -186,8 +125,8 @@ void write_supports(HtmlWriter& html, const run::DocumentContent& content) {
               [&](TableRows& rows) {
                 for (const model::Support& support : content.input.model.supports) {
                   rows.add({{fmt::format("{}", support.node)},
-                            {restraints_text(support)},
-                            {springs_text(support, scale)}});
+                            {tables::restraints_text(support)},
+                            {tables::springs_text(support, content.input.model.units)}});
                 }
               });
 }
@@ -216,8 +155,8 @@ void write_elements(HtmlWriter& html, const run::DocumentContent& content) {
                             {fmt::format("{}", element.material)},
                             {type_text(model, element)},
                             {fixed(model::element_length(model, element) / scale.length, 3)},
-                            {orientation_text(element)},
-                            {releases_text(element)}});
+                            {texts::sentence_in_words(tables::orientation_text(element))},
+                            {texts::sentence_in_words(tables::releases_text(element))}});
                 }
               });
 }

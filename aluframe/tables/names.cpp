@@ -14,6 +14,28 @@ namespace aluframe::tables {
 
 using texts::translatable;
 
+namespace {
+
+constexpr std::array load_case_kinds{translatable("static"),
+                                     translatable("static earthquake"),
+                                     translatable("response spectrum"),
+                                     translatable("response spectrum with eccentricity"),
+                                     translatable("time history"),
+                                     translatable("moving load"),
+                                     translatable("settlement of supports"),
+                                     translatable("crane")};
+
+constexpr std::array shapes{translatable("channel"),
+                            translatable("H section"),
+                            translatable("tee"),
+                            translatable("box"),
+                            translatable("pipe"),
+                            translatable("double channel"),
+                            translatable("solid round bar"),
+                            translatable("given by its properties")};
+
+}  // namespace
+
 std::string_view item_name(int item) {
   return store::item_names.at(static_cast<std::size_t>(item));
 }
@@ -37,6 +59,19 @@ std::string_view member_type_name(int type) {
     default:
       return "-";
   }
+}
+
+std::string_view member_type_name(model::MemberType type) {
+  constexpr std::array stored_types{1, 2, 3, 5};  // of column, beam, brace, truss
+  return member_type_name(stored_types.at(static_cast<std::size_t>(type)));
+}
+
+std::string_view load_case_kind_name(model::LoadCaseKind kind) {
+  return load_case_kinds.at(static_cast<std::size_t>(kind));
+}
+
+std::string_view shape_name(model::Shape shape) {
+  return shapes.at(static_cast<std::size_t>(shape));
 }
 
 std::string_view outcome_name(services::RunOutcome outcome) {

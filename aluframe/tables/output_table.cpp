@@ -97,11 +97,6 @@ std::string padded(const std::string& text, std::size_t width, bool to_left) {
   return to_left ? text + blanks : blanks + text;
 }
 
-bool is_over(const Column& column, const Cell& cell) {
-  const double* ratio = std::get_if<double>(&cell);
-  return column.is_ratio && ratio != nullptr && services::exceeds_limit(*ratio);
-}
-
 void trim_right(std::string& line) {
   line.erase(line.find_last_not_of(' ') + 1);
 }
@@ -111,7 +106,7 @@ std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
   for (const auto& row : table.rows) {
     auto& line = texts.emplace_back();
     for (std::size_t i = 0; i < row.size(); ++i) {
-      line.push_back(std::visit(TextOf{table.columns[i]}, row[i]));
+      line.push_back(cell_text(table.columns[i], row[i]));
     }
   }
   return texts;
@@ -120,9 +115,7 @@ std::vector<std::vector<std::string>> texts_of(const OutputTable& table) {
 std::vector<std::string> headings_of(const OutputTable& table) {
   std::vector<std::string> headings;
   headings.reserve(table.columns.size());
-  for (const Column& column : table.columns) {
-    headings.push_back(texts::sentence_in_words(column.heading));
-  }
+  for (const Column& column : table.columns) headings.push_back(heading_text(column));
   return headings;
 }
 
@@ -178,6 +171,19 @@ std::string line_of(std::string_view name, const std::string& value) {
 
 std::string full_number(double value) {
   return std::isfinite(value) ? fmt::format("{:.17g}", value) : name_of_non_finite(value);
+}
+
+std::string cell_text(const Column& column, const Cell& cell) {
+  return std::visit(TextOf{column}, cell);
+}
+
+std::string heading_text(const Column& column) {
+  return texts::sentence_in_words(column.heading);
+}
+
+bool is_over(const Column& column, const Cell& cell) {
+  const double* ratio = std::get_if<double>(&cell);
+  return column.is_ratio && ratio != nullptr && services::exceeds_limit(*ratio);
 }
 
 std::string to_text(const OutputTable& table, bool colour) {

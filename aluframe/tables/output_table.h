@@ -49,6 +49,14 @@ std::string line_of(std::string_view name, const std::string& value);
 /// A number with 17 significant digits, "inf", "-inf" or "nan".
 std::string full_number(double value);
 
+/// What stands in a cell of a text table: in the language in use, in one line without control
+/// characters, numbers with the digits of their column, "-" for nothing.
+std::string cell_text(const Column& column, const Cell& cell);
+/// The name of a column in the language in use.
+std::string heading_text(const Column& column);
+/// Whether it is a ratio that exceeds 1.
+bool is_over(const Column& column, const Cell& cell);
+
 /// Aligned columns; what holds nothing is shown as "-".
 std::string to_text(const OutputTable& table, bool colour);
 /// Comma-separated values with a header line; texts are quoted where they must be.

@@ -51,8 +51,9 @@ void add_told_columns(OutputTable& table, const std::vector<run::ElementResult>&
                       const std::vector<store::RemarkRow>& remarks) {
   Concerned concerned;
   for (const store::RemarkRow& row : remarks) concerned.emplace_back(row.kind, row);
-  table.columns.push_back({.key = "second_opinion", .heading = "second_opinion"});
-  table.columns.push_back({.key = "remark_kinds", .heading = "remark_kinds"});
+  table.columns.push_back(
+      {.key = "second_opinion", .heading = texts::translatable("second opinion")});
+  table.columns.push_back({.key = "remark_kinds", .heading = texts::translatable("remarks")});
   auto row = table.rows.begin();
   for (const run::ElementResult& element : elements) {
     const Cell kinds = kinds_of(element.element, concerned);

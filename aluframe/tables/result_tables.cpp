@@ -115,9 +115,16 @@ void add_safe(std::vector<Cell>& row, const SafeByElement& safe, std::uint32_t e
 }
 
 void add_safe_columns(OutputTable& table) {
-  for (const char* key : {"safe_ratio", "safe_rules", "safe_item", "safe_combination",
-                          "safe_combination_name", "safe_fraction", "safe_from_start_mm"}) {
-    table.columns.push_back({.key = key, .heading = key});
+  table.columns.push_back(
+      {.key = "safe_ratio", .heading = texts::translatable("safe ratio"), .is_ratio = true});
+  for (const auto& [key, heading] :
+       {std::pair{"safe_rules", texts::translatable("rules")},
+        std::pair{"safe_item", texts::translatable("safe check")},
+        std::pair{"safe_combination", texts::translatable("safe comb")},
+        std::pair{"safe_combination_name", texts::translatable("name of safe comb")},
+        std::pair{"safe_fraction", texts::translatable("share of the length")},
+        std::pair{"safe_from_start_mm", texts::translatable("mm from the start")}}) {
+    table.columns.push_back({.key = key, .heading = heading});
   }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "aluframe/run/member_list.h"
+#include "aluframe/tables/structure_texts.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/common_options.h"
@@ -31,19 +32,6 @@ std::vector<tables::Column> columns(const model::Model& model) {
           {.key = "remark", .heading = texts::translatable("remark")}};
 }
 
-/// The elements of a member from its start to its end, as "1-3, 7".
-std::string in_order(const std::vector<model::Number>& elements) {
-  std::string text;
-  for (std::size_t first = 0; first < elements.size();) {
-    std::size_t last = first;
-    while (last + 1 < elements.size() && elements[last + 1] == elements[last] + 1) ++last;
-    text += fmt::format("{}{}", text.empty() ? "" : ", ", elements[first]);
-    if (last > first) text += fmt::format("-{}", elements[last]);
-    first = last + 1;
-  }
-  return text;
-}
-
 /// Elements of a member whose own factors the checks take in place of the member's.
 tables::Cell own_factors(const model::Model& model, const members::SegmentFactors& of) {
   std::vector<model::Number> own;
@@ -51,7 +39,7 @@ tables::Cell own_factors(const model::Model& model, const members::SegmentFactor
     if (model.elements.find(number)->design.length_factors) own.push_back(number);
   }
   if (of.elements.size() == 1 || own.empty()) return {};
-  return in_order(own);
+  return tables::in_order_text(own);
 }
 
 tables::Phrase origin(const model::Model& model, const members::SegmentFactors& of) {
@@ -102,10 +90,11 @@ std::vector<tables::Cell> row(const model::Model& model, const members::SegmentF
     if (!name.empty()) cells[1] = name;
   }
   const double unit = model::millimetres_per(model.units.length);
-  cells.insert(cells.end(), {in_order(of.elements), origin(model, of), of.length / unit, of.y.k,
-                             tables::Phrase{std::string(members::name_of(of.y.source))}, of.z.k,
-                             tables::Phrase{std::string(members::name_of(of.z.source))},
-                             own_factors(model, of), of_mode(of.y), of_mode(of.z), remarks_on(of)});
+  cells.insert(cells.end(),
+               {tables::in_order_text(of.elements), origin(model, of), of.length / unit, of.y.k,
+                tables::Phrase{std::string(members::name_of(of.y.source))}, of.z.k,
+                tables::Phrase{std::string(members::name_of(of.z.source))}, own_factors(model, of),
+                of_mode(of.y), of_mode(of.z), remarks_on(of)});
   return cells;
 }
 
