@@ -86,7 +86,14 @@ void MainWindow::create_file_menu() {
 }
 
 void MainWindow::create_edit_menu() {
-  QMenu* edit = menuBar()->addMenu(ui_text(translatable("&Select")));
+  QMenu* edit = menuBar()->addMenu(ui_text(translatable("&Edit")));
+  QAction* undo = undo_.createUndoAction(this, ui_text(translatable("Undo")));
+  undo->setShortcut(QKeySequence::Undo);
+  edit->addAction(undo);
+  QAction* redo = undo_.createRedoAction(this, ui_text(translatable("Redo")));
+  redo->setShortcut(QKeySequence::Redo);
+  edit->addAction(redo);
+  edit->addSeparator();
   add_model_action(edit, translatable("Select &all"), QKeySequence::SelectAll,
                    [this] { workspace_.select_all(); });
   add_model_action(edit, translatable("Select &nothing"), {},

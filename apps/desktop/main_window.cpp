@@ -19,10 +19,15 @@
 #include <utility>
 
 #include "aluframe/texts/text.h"
+#include "apps/desktop/attribute_panel.h"
 #include "apps/desktop/display_panel.h"
 #include "apps/desktop/frame_view.h"
+#include "apps/desktop/history_panel.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/desktop/model_edit_command.h"
+#include "apps/desktop/model_tree.h"
 #include "apps/desktop/overview.h"
+#include "apps/desktop/table_panel.h"
 #include "apps/desktop/text_viewer.h"
 
 namespace aluframe::desktop {
@@ -99,9 +104,23 @@ void MainWindow::create_docks() {
   setDockOptions(dockOptions() | QMainWindow::AllowTabbedDocks);
   add_dock(*this, "display", translatable("Display"),
            scrolled(new DisplayPanel(workspace_, display_)), Qt::LeftDockWidgetArea);
+  QDockWidget* tree = add_dock(*this, "tree", translatable("Model"), new ModelTree(workspace_),
+                               Qt::LeftDockWidgetArea);
   overview_ = new Overview;
-  add_dock(*this, "settings", translatable("Design settings"), scrolled(overview_),
-           Qt::RightDockWidgetArea);
+  QDockWidget* settings = add_dock(*this, "settings", translatable("Design settings"),
+                                   scrolled(overview_), Qt::RightDockWidgetArea);
+  QDockWidget* design =
+      add_dock(*this, "attributes", translatable("Design attributes"),
+               scrolled(new AttributePanel(workspace_, undo_)), Qt::RightDockWidgetArea);
+  tabifyDockWidget(settings, design);
+  QDockWidget* tables = add_dock(*this, "tables", translatable("Tables"),
+                                 new TablePanel(workspace_), Qt::BottomDockWidgetArea);
+  QDockWidget* history = add_dock(*this, "history", translatable("History"),
+                                  new HistoryPanel(workspace_), Qt::BottomDockWidgetArea);
+  tabifyDockWidget(tables, history);
+  tables->raise();
+  design->raise();
+  tree->raise();
 }
 
 void MainWindow::create_status() {
@@ -155,6 +174,7 @@ void MainWindow::connect_runner() {
 
 void MainWindow::show_document(ModelDocument document) {
   known_time_ = time_of(document.path());
+  undo_.clear();
   workspace_.show_document(std::move(document));
   if (workspace_.results() != nullptr) {
     display_.change([](DisplayState& state) { state.colour = Colour::worst_ratio; });

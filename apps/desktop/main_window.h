@@ -2,6 +2,7 @@
 
 #include <QFileSystemWatcher>
 #include <QMainWindow>
+#include <QUndoStack>
 #include <filesystem>
 #include <optional>
 #include <vector>
@@ -91,6 +92,7 @@ class MainWindow : public QMainWindow {
   Workspace workspace_;
   Display display_;
   Runner runner_;
+  QUndoStack undo_;
   toolkit::QtToolkit toolkit_;
   QStackedWidget* pages_ = nullptr;
   FrameView* view_ = nullptr;
