@@ -14,27 +14,24 @@ std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesyst
 }
 
 ModelDocument::ModelDocument(std::filesystem::path path, model::Model model)
-    : path_(std::move(path)),
-      model_(std::move(model)),
-      saved_design_(model_.design),
-      saved_materials_(model_.materials) {}
+    : path_(std::move(path)), model_(std::move(model)), saved_(io::editable_of(model_)) {}
 
 io::ModelChanges ModelDocument::changes() const {
-  return io::changes_since(saved_design_, saved_materials_, model_);
+  return io::changes_since(saved_, model_);
 }
 
 std::optional<std::string> ModelDocument::save() {
   const auto choose = [this](const model::Model& now) -> io::Result<io::ModelChanges> {
-    if (!io::changes_since(saved_design_, saved_materials_, now).empty()) {
+    if (!io::changes_since(saved_, now).empty()) {
       return io::Problem{path_.string(), "",
-                         texts::translated("another program has changed its settings or materials "
-                                           "since it was opened; open it again")};
+                         texts::translated("another program has changed its settings, materials, "
+                                           "sections or design attributes since it was opened; "
+                                           "open it again")};
     }
     return changes();
   };
   if (const auto problem = io::change_model_file(path_, choose)) return problem->message();
-  saved_design_ = model_.design;
-  saved_materials_ = model_.materials;
+  saved_ = io::editable_of(model_);
   return std::nullopt;
 }
 

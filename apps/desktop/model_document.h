@@ -10,8 +10,8 @@
 
 namespace aluframe::desktop {
 
-/// A model file that is open: its model, and whether its settings or materials differ from what is
-/// saved.
+/// A model file that is open: its model, and whether what can be changed of it (io::Editable)
+/// differs from what is saved.
 class ModelDocument {
  public:
   /// @return a message when the file is no model
@@ -19,7 +19,7 @@ class ModelDocument {
 
   const std::filesystem::path& path() const { return path_; }
   const model::Model& model() const { return model_; }
-  /// For the dialogs: only the design settings and the materials may be changed.
+  /// For the dialogs: only what io::Editable has of a model may be changed.
   model::Model& editable() { return model_; }
   /// What is not saved yet.
   io::ModelChanges changes() const;
@@ -33,9 +33,7 @@ class ModelDocument {
 
   std::filesystem::path path_;
   model::Model model_;
-  /// What the file holds of what can be changed.
-  std::optional<model::DesignSettings> saved_design_;
-  model::Table<model::Material> saved_materials_;
+  io::Editable saved_;  ///< as the file holds it
 };
 
 }  // namespace aluframe::desktop
