@@ -46,4 +46,12 @@ std::optional<Problem> change_model_file(const std::filesystem::path& path,
 /// Makes changes in a model file, whatever it holds now.
 std::optional<Problem> save_changes(const std::filesystem::path& path, const ModelChanges& changes);
 
+/// Writes what a model file holds now, with changes, to another file in one step; the first file
+/// stays as it is. Catalogues keep the paths that the text names: when these lead from the folder
+/// of the copy to no file, or to other profiles, nothing is written.
+/// @return a problem when that failed; what was in the place of the copy is then as it was
+std::optional<Problem> save_changed_copy(const std::filesystem::path& from,
+                                         const std::filesystem::path& to,
+                                         const ModelChanges& changes, bool allow_outside = false);
+
 }  // namespace aluframe::io

@@ -5,6 +5,7 @@
 
 #include "aluframe/files/publication.h"
 #include "aluframe/io/failure.h"
+#include "aluframe/io/json_edit.h"
 #include "aluframe/io/model_edit.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/texts/text.h"
@@ -49,12 +50,69 @@ std::optional<Problem> change(const fs::path& path, const ChooseChanges& choose,
   return std::nullopt;
 }
 
-}  // namespace
+bool names_catalogues(std::string_view text) {
+  const std::size_t begin = text.size() - without_byte_order_mark(text).size();
+  const auto fields = json_members(text, json_value_at(text, begin));
+  return find_member(text, fields, "catalogues") != nullptr;
+}
 
-std::optional<Problem> change_model_file(const fs::path& path, const ChooseChanges& choose,
-                                         bool allow_outside) {
+/// Fails when the catalogues that the text of a file names by paths from its folder are not found
+/// from another folder, or make other sections there.
+void require_same_sections(std::string_view text, const fs::path& file, const ModelFolder& folder,
+                           const ModelFolder& other) {
+  if (!names_catalogues(text)) return;
+  const auto model = parse_model(text, {}, &folder);
+  const auto copy = parse_model(text, {}, &other);
+  if (const auto* problem = std::get_if<Problem>(&copy)) {
+    throw Failure{problem->place,
+                  texts::translated("{}; a copy keeps the paths of the catalogues: save it in the "
+                                    "folder of {} or copy the catalogues first",
+                                    problem->text, file.string())};
+  }
+  const auto& sections = std::get<model::Model>(model).sections;
+  const auto& of_copy = std::get<model::Model>(copy).sections;
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    if (sections[i] == of_copy[i]) continue;
+    throw Failure{"/sections/" + std::to_string(i),
+                  texts::translated("the catalogues that a copy in this folder names make it "
+                                    "another section; save the copy in the folder of {}",
+                                    file.string())};
+  }
+}
+
+/// What a file holds, with changes.
+Result<std::string> edited_content(const fs::path& path, const ModelChanges& changes,
+                                   const ModelFolder& folder) {
   try {
-    return change(path, choose, allow_outside);
+    return edit_model_text(load_file(path), path.string(), changes, &folder);
+  } catch (const Failure& failure) {
+    return Problem{path.string(), failure.place, failure.text};
+  }
+}
+
+std::optional<Problem> copy(const fs::path& from, const fs::path& to, const ModelChanges& changes,
+                            bool allow_outside) {
+  const ModelFolder folder{from.parent_path(), allow_outside};
+  const auto edited = edited_content(from, changes, folder);
+  if (const auto* problem = std::get_if<Problem>(&edited)) return *problem;
+  const auto& text = std::get<std::string>(edited);
+  require_same_sections(text, from, folder, {to.parent_path(), allow_outside});
+  files::Publication file(to, files::WhenBusy::wait);
+  file.write(text);
+  file.publish();
+  return std::nullopt;
+}
+
+/// Whether both paths lead to the same name in the same folder, through links too.
+bool same_path(const fs::path& a, const fs::path& b) {
+  return fs::weakly_canonical(fs::absolute(a)) == fs::weakly_canonical(fs::absolute(b));
+}
+
+/// Runs what changes a file. @return why that failed
+template <class Run>
+std::optional<Problem> run_on(const fs::path& path, Run run) {
+  try {
+    return run();
   } catch (const Failure& failure) {
     return Problem{path.string(), failure.place, failure.text};
   } catch (const std::exception& error) {
@@ -63,9 +121,25 @@ std::optional<Problem> change_model_file(const fs::path& path, const ChooseChang
   }
 }
 
+}  // namespace
+
+std::optional<Problem> change_model_file(const fs::path& path, const ChooseChanges& choose,
+                                         bool allow_outside) {
+  return run_on(path, [&] { return change(path, choose, allow_outside); });
+}
+
 std::optional<Problem> save_changes(const fs::path& path, const ModelChanges& changes) {
   if (changes.empty()) return std::nullopt;
   return change_model_file(path, [&](const model::Model&) { return changes; });
+}
+
+std::optional<Problem> save_changed_copy(const fs::path& from, const fs::path& to,
+                                         const ModelChanges& changes, bool allow_outside) {
+  return run_on(to, [&] {
+    const auto choose = [&](const model::Model&) { return changes; };
+    return same_path(from, to) ? change(to, choose, allow_outside)
+                               : copy(from, to, changes, allow_outside);
+  });
 }
 
 }  // namespace aluframe::io
