@@ -1,16 +1,14 @@
 #include "aluframe/io/model_edit.h"
 
-#include <algorithm>
 #include <array>
-#include <exception>
 #include <utility>
+#include <vector>
 
-#include "aluframe/files/publication.h"
 #include "aluframe/io/failure.h"
 #include "aluframe/io/json_document.h"
-#include "aluframe/io/json_spans.h"
-#include "aluframe/io/model_file.h"
+#include "aluframe/io/json_edit.h"
 #include "aluframe/io/model_lines.h"
+#include "aluframe/io/named_values.h"
 #include "aluframe/io/text_file.h"
 #include "aluframe/texts/text.h"
 
@@ -22,78 +20,175 @@ namespace {
 constexpr std::array<std::string_view, 6> fields_before_settings{"units", "project", "description",
                                                                  "title", "version", "format"};
 
-/// Text that takes the place of a part of another.
-struct Replacement {
-  JsonSpan span;
-  std::string text;
+/// A list of the file whose entities can be changed, and what is said about those that cannot.
+struct List {
+  std::string_view name;
+  std::string (*missing)(model::Number number);
+  std::string (*not_held)();
+
+  std::string path() const { return '/' + std::string(name); }
+  std::string path(std::size_t place) const { return path() + '/' + std::to_string(place); }
 };
 
-/// The name of a field, which the file may write with escapes.
-std::string decoded(std::string_view name) {
-  const JsonDocument document(name);
-  return std::string(document.string(JsonDocument::root));
+constexpr List materials{
+    "materials",
+    [](model::Number number) { return texts::translated("material {} does not exist", number); },
+    [] { return texts::translated("a model file cannot hold this material"); }};
+constexpr List sections{
+    "sections",
+    [](model::Number number) { return texts::translated("section {} does not exist", number); },
+    [] { return texts::translated("a model file cannot hold this section"); }};
+constexpr List elements{
+    "elements",
+    [](model::Number number) { return texts::translated("element {} does not exist", number); },
+    [] { return texts::translated("a model file cannot hold these design attributes"); }};
+constexpr List members{
+    "members",
+    [](model::Number number) { return texts::translated("member {} does not exist", number); },
+    [] { return texts::translated("a model file cannot hold these length factors"); }};
+
+std::string settings_not_held() {
+  return texts::translated("a model file cannot hold these settings");
 }
 
-/// The field of this name, or null.
-const JsonMember* find_member(std::string_view text, const std::vector<JsonMember>& members,
-                              std::string_view name) {
-  const auto found = std::ranges::find_if(
-      members, [&](const JsonMember& member) { return decoded(member.name.of(text)) == name; });
-  return found == members.end() ? nullptr : &*found;
-}
-
-Replacement settings_replacement(std::string_view text, const std::vector<JsonMember>& members,
-                                 const model::DesignSettings& settings) {
-  if (const JsonMember* present = find_member(text, members, "settings")) {
-    return {present->value, settings_line(settings)};
+/// JSON of changed values. Numbers that are none have no place in it.
+std::string checked(std::string json, const std::string& path, std::string (*not_held)()) {
+  try {
+    const JsonDocument document(json);
+  } catch (const Failure&) {
+    throw Failure{path, not_held()};
   }
-  const JsonMember* before = nullptr;
-  for (const std::string_view name : fields_before_settings) {
-    if (before == nullptr) before = find_member(text, members, name);
-  }
-  // The new field is set off as the one before it.
-  const std::size_t gap = text.find_last_not_of(json_blanks, before->name.begin - 1) + 1;
-  const std::string blanks(text.substr(gap, before->name.begin - gap));
-  const std::size_t place = before->value.end;
-  return {{place, place}, "," + blanks + "\"settings\": " + settings_line(settings)};
+  return json;
 }
 
-void add_material_replacements(std::string_view text, const std::vector<JsonMember>& members,
-                               const model::Model& model, const ModelChanges& changes,
-                               std::vector<Replacement>& out) {
-  if (changes.materials.empty()) return;
-  const auto items = json_items(text, find_member(text, members, "materials")->value);
-  for (const model::Material& material : changes.materials) {
-    if (model.materials.find(material.number) == nullptr) {
-      throw Failure{"/materials", texts::translated("material {} does not exist", material.number)};
+/// Places the changes of a model in its text.
+class ModelTextEdit {
+ public:
+  ModelTextEdit(std::string_view text, const model::Model& model)
+      : text_(text), model_(model), scales_(model.units), edit_(text) {
+    const std::size_t begin = text.size() - without_byte_order_mark(text).size();
+    fields_ = json_members(text, json_value_at(text, begin));
+  }
+
+  void change(const ModelChanges& changes) {
+    if (changes.settings) change_settings(*changes.settings);
+    replace(materials, model_.materials, changes.materials, material_line);
+    replace(sections, model_.sections, changes.sections,
+            [this](const model::Section& section) { return section_line(section, scales_); });
+    change_elements(changes.elements);
+    change_members(changes.members);
+  }
+  std::string result() const { return edit_.result(); }
+
+ private:
+  void change_settings(const model::DesignSettings& settings) {
+    const std::string json = checked(settings_line(settings), "/settings", settings_not_held);
+    if (const JsonMember* present = find_member(text_, fields_, "settings")) {
+      return edit_.replace(present->value, json);
     }
-    out.push_back({items[model.materials.position(material.number)], material_line(material)});
+    const JsonMember* before = nullptr;
+    for (const std::string_view name : fields_before_settings) {
+      if (before == nullptr) before = find_member(text_, fields_, name);
+    }
+    edit_.insert_behind(fields_, *before, "settings", json);
   }
-}
 
-std::string replaced(std::string_view text, std::vector<Replacement> replacements) {
-  std::ranges::sort(replacements, {}, [](const Replacement& each) { return each.span.begin; });
-  std::string result;
-  std::size_t kept = 0;
-  for (const Replacement& replacement : replacements) {
-    result += text.substr(kept, replacement.span.begin - kept);
-    result += replacement.text;
-    kept = replacement.span.end;
+  /// Calls `take` with every change, the entity that it is about, where that stands in the text and
+  /// its path.
+  template <class Entity, class Change, class Take>
+  void for_each_changed(const List& list, const model::Table<Entity>& table,
+                        const std::vector<Change>& changes, Take take) const {
+    if (changes.empty()) return;
+    const auto items = json_items(text_, find_member(text_, fields_, list.name)->value);
+    std::vector<bool> is_changed(items.size());
+    for (const Change& change : changes) {
+      const Entity* entity = table.find(change.number);
+      if (entity == nullptr) throw Failure{list.path(), list.missing(change.number)};
+      const std::size_t place = table.position(change.number);
+      if (is_changed[place]) {
+        throw Failure{list.path(place), texts::translated("found two changes, one is allowed")};
+      }
+      is_changed[place] = true;
+      take(change, *entity, items[place], list.path(place));
+    }
   }
-  return result += text.substr(kept);
+
+  template <class Entity, class Line>
+  void replace(const List& list, const model::Table<Entity>& table,
+               const std::vector<Entity>& changes, Line line) {
+    for_each_changed(
+        list, table, changes,
+        [&](const Entity& entity, const Entity&, JsonSpan span, const std::string& path) {
+          edit_.replace(span, checked(line(entity), path, list.not_held));
+        });
+  }
+
+  void change_elements(const std::vector<ElementAttributes>& changes) {
+    const auto change = [this](const ElementAttributes& wanted, const model::Element& element,
+                               JsonSpan span, const std::string& path) {
+      std::vector<JsonField> fields;
+      if (wanted.member_type != element.member_type) {
+        fields.push_back({"member_type"});
+        if (const auto type = wanted.member_type) {
+          fields.back().json = json_string(name_in(member_types, *type));
+        }
+      }
+      if (!same_in_file(wanted.design, element.design)) {
+        fields.push_back({"design"});
+        if (wanted.design != model::ElementDesign{}) {
+          fields.back().json =
+              checked(design_line(wanted.design, scales_), path + "/design", elements.not_held);
+        }
+      }
+      edit_.set_fields(span, fields);
+    };
+    for_each_changed(elements, model_.elements, changes, change);
+  }
+
+  void change_members(const std::vector<MemberFactors>& changes) {
+    if (!changes.empty() && model_.finds_members) {
+      throw Failure{members.path(),
+                    texts::translated("the file names no members, and those that are found in the "
+                                      "frame have no length factors of their own")};
+    }
+    const auto change = [this](const MemberFactors& wanted, const model::Member& member,
+                               JsonSpan span, const std::string& path) {
+      if (wanted.length_factors == member.length_factors) return;
+      JsonField field{"length_factors"};
+      if (const auto& factors = wanted.length_factors) {
+        field.json = checked(axis_pair_line(*factors), path + "/length_factors", members.not_held);
+      }
+      edit_.set_fields(span, {&field, 1});
+    };
+    for_each_changed(members, model_.members, changes, change);
+  }
+
+  std::string_view text_;
+  const model::Model& model_;
+  Scales scales_;
+  std::vector<JsonMember> fields_;
+  JsonEdit edit_;
+};
+
+template <class Entity, class Change, class PartOf>
+void require_held(const List& list, const model::Table<Entity>& edited,
+                  const std::vector<Change>& changes, PartOf part_of) {
+  for (const Change& change : changes) {
+    if (same_in_file(part_of(*edited.find(change.number)), change)) continue;
+    throw Failure{list.path(edited.position(change.number)), list.not_held()};
+  }
 }
 
 /// A file has names for some values only, and its texts are UTF-8.
 void require_changes(const model::Model& edited, const ModelChanges& changes) {
   if (changes.settings && edited.design != changes.settings) {
-    throw Failure{"/settings", texts::translated("a model file cannot hold these settings")};
+    throw Failure{"/settings", settings_not_held()};
   }
-  for (const model::Material& material : changes.materials) {
-    if (*edited.materials.find(material.number) != material) {
-      throw Failure{"/materials/" + std::to_string(edited.materials.position(material.number)),
-                    texts::translated("a model file cannot hold this material")};
-    }
-  }
+  const auto whole = [](const auto& entity) -> const auto& { return entity; };
+  require_held(materials, edited.materials, changes.materials, whole);
+  require_held(sections, edited.sections, changes.sections, whole);
+  require_held(elements, edited.elements, changes.elements, attributes_of);
+  require_held(members, edited.members, changes.members, factors_of);
 }
 
 /// The model of a text. Throws Failure.
@@ -106,55 +201,14 @@ model::Model read_or_throw(std::string_view text, const ModelFolder* folder) {
 std::string edit_text(std::string_view text, const ModelChanges& changes,
                       const ModelFolder* folder) {
   const model::Model model = read_or_throw(text, folder);
-  const std::size_t begin = text.size() - without_byte_order_mark(text).size();
-  const auto members = json_members(text, json_value_at(text, begin));
-  std::vector<Replacement> replacements;
-  if (changes.settings) {
-    replacements.push_back(settings_replacement(text, members, *changes.settings));
-  }
-  add_material_replacements(text, members, model, changes, replacements);
-  std::string edited = replaced(text, std::move(replacements));
+  ModelTextEdit edit(text, model);
+  edit.change(changes);
+  std::string edited = edit.result();
   require_changes(read_or_throw(edited, folder), changes);
   return edited;
 }
 
-/// A program that knows of no lock may have saved the file since it was read.
-void require_unchanged(const std::filesystem::path& path, std::string_view text) {
-  if (load_file(path) == text) return;
-  throw std::runtime_error(
-      texts::translated("another program has changed it meanwhile; try again"));
-}
-
-std::optional<Problem> change(const std::filesystem::path& path, const ChooseChanges& choose,
-                              bool allow_outside) {
-  const ModelFolder folder{path.parent_path(), allow_outside};
-  const std::string looked_at = load_file(path);
-  const auto wanted = choose(read_or_throw(looked_at, &folder));
-  if (const auto* problem = std::get_if<Problem>(&wanted)) return *problem;
-  if (std::get<ModelChanges>(wanted).empty()) return std::nullopt;
-  files::Publication file(path, files::WhenBusy::wait);
-  const std::string text = load_file(path);
-  const auto changes = choose(read_or_throw(text, &folder));
-  if (const auto* problem = std::get_if<Problem>(&changes)) return *problem;
-  file.write(edit_text(text, std::get<ModelChanges>(changes), &folder));
-  require_unchanged(path, text);
-  file.publish();
-  return std::nullopt;
-}
-
 }  // namespace
-
-ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
-                           const model::Table<model::Material>& materials,
-                           const model::Model& now) {
-  ModelChanges changes;
-  if (now.design != settings) changes.settings = now.design;
-  for (const model::Material& material : now.materials) {
-    const model::Material* before = materials.find(material.number);
-    if (before == nullptr || *before != material) changes.materials.push_back(material);
-  }
-  return changes;
-}
 
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
                                     const ModelChanges& changes, const ModelFolder* folder) {
@@ -163,24 +217,6 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
   } catch (const Failure& failure) {
     return Problem{name, failure.place, failure.text};
   }
-}
-
-std::optional<Problem> change_model_file(const std::filesystem::path& path,
-                                         const ChooseChanges& choose, bool allow_outside) {
-  try {
-    return change(path, choose, allow_outside);
-  } catch (const Failure& failure) {
-    return Problem{path.string(), failure.place, failure.text};
-  } catch (const std::exception& error) {
-    return Problem{path.string(), "", texts::translated("cannot be saved: {}", error.what()),
-                   Problem::Kind::failure};
-  }
-}
-
-std::optional<Problem> save_changes(const std::filesystem::path& path,
-                                    const ModelChanges& changes) {
-  if (changes.empty()) return std::nullopt;
-  return change_model_file(path, [&](const model::Model&) { return changes; });
 }
 
 }  // namespace aluframe::io

@@ -5,38 +5,29 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "aluframe/io/model_changes.h"
 #include "aluframe/io/model_file.h"
 #include "aluframe/io/problem.h"
-#include "aluframe/model/model.h"
 
-/// Changes of a model's design settings and materials in its file. The rest of the file keeps every
-/// byte: layout, line ends, a byte order mark, the order of the fields.
+/// Changes of a model in its file. The rest of the file keeps every byte: layout, line ends, a byte
+/// order mark, the order of the fields.
 ///
-///     const io::ModelChanges changes = io::changes_since(design, materials, model);
+///     const io::ModelChanges changes = io::changes_since(saved, model);
 ///     if (const auto problem = io::save_changes("frame.json", changes)) ...
 namespace aluframe::io {
 
-/// What is to be different in a model's file.
-struct ModelChanges {
-  std::optional<model::DesignSettings> settings;  ///< nothing: as they are
-  std::vector<model::Material> materials;         ///< in place of those with their numbers
-
-  bool empty() const { return !settings && materials.empty(); }
-};
-
-/// What of a model differs from the settings and materials that its file holds.
-ModelChanges changes_since(const std::optional<model::DesignSettings>& settings,
-                           const model::Table<model::Material>& materials, const model::Model& now);
-
-/// The text of a model file with the changes in it: the "settings" and the changed materials are
-/// written anew, each on one line; settings that the file lacks come behind its "units", or behind
-/// the last field of its head. The new text was read back and holds the changed values.
+/// The text of a model file with the changes in it. Written anew, each on one line, are the
+/// "settings", the changed materials and sections (by their dimensions, whatever profile they
+/// named), and of the elements and members that are changed the fields "member_type", "design" and
+/// "length_factors" that differ. Such a field comes behind the last of its object when that lacks
+/// it, and leaves the file when there is nothing to say; settings that the file lacks come behind
+/// its "units", or behind the last field of its head. The new text was read back and holds the
+/// changed values.
 /// @param name stands for the file in messages
 /// @param folder where the catalogues lie that the text names; null: it must name none
-/// @return a problem when the text is no model, lacks one of the materials, or a model file cannot
-///         hold one of the values
+/// @return a problem when the text is no model, lacks one of the changed entities, or a model file
+///         cannot hold one of the values
 Result<std::string> edit_model_text(std::string_view text, const std::string& name,
                                     const ModelChanges& changes,
                                     const ModelFolder* folder = nullptr);
@@ -54,5 +45,13 @@ std::optional<Problem> change_model_file(const std::filesystem::path& path,
 
 /// Makes changes in a model file, whatever it holds now.
 std::optional<Problem> save_changes(const std::filesystem::path& path, const ModelChanges& changes);
+
+/// Writes what a model file holds now, with changes, to another file in one step; the first file
+/// stays as it is. Catalogues keep the paths that the text names: when these lead from the folder
+/// of the copy to no file, or to other profiles, nothing is written.
+/// @return a problem when that failed; what was in the place of the copy is then as it was
+std::optional<Problem> save_changed_copy(const std::filesystem::path& from,
+                                         const std::filesystem::path& to,
+                                         const ModelChanges& changes, bool allow_outside = false);
 
 }  // namespace aluframe::io

@@ -52,7 +52,7 @@ int change(const SettingsOptions& options) {
     problems = apply(options.changes, after);
     if (!problems.empty()) return io::ModelChanges();
     difference = settings_difference(before, after);
-    return io::changes_since(before.design, before.materials, after);
+    return io::changes_since(io::editable_of(before), after);
   };
   if (const auto problem = io::change_model_file(options.model, choose, options.allow_outside)) {
     print_message(problem->message());

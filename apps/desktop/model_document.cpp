@@ -17,26 +17,41 @@ ModelDocument::ModelDocument(run::Input input)
     : path_(std::move(input.file)),
       model_(std::move(input.model)),
       digest_(std::move(input.digest)),
-      saved_design_(model_.design),
-      saved_materials_(model_.materials) {}
+      saved_(io::editable_of(model_)) {}
 
 io::ModelChanges ModelDocument::changes() const {
-  return io::changes_since(saved_design_, saved_materials_, model_);
+  return io::changes_since(saved_, model_);
 }
 
 std::optional<std::string> ModelDocument::save() {
   const auto choose = [this](const model::Model& now) -> io::Result<io::ModelChanges> {
-    if (!io::changes_since(saved_design_, saved_materials_, now).empty()) {
+    if (!io::changes_since(saved_, now).empty()) {
       return io::Problem{path_.string(), "",
-                         texts::translated("another program has changed its settings or materials "
-                                           "since it was opened; open it again")};
+                         texts::translated("another program has changed its settings, materials, "
+                                           "sections or design attributes since it was opened; "
+                                           "open it again")};
     }
     return changes();
   };
   if (const auto problem = io::change_model_file(path_, choose)) return problem->message();
-  saved_design_ = model_.design;
-  saved_materials_ = model_.materials;
+  note_saved();
   return std::nullopt;
+}
+
+std::optional<std::string> ModelDocument::save_as(const std::filesystem::path& path) {
+  if (const auto problem = io::save_changed_copy(path_, path, changes())) {
+    return problem->message();
+  }
+  path_ = path;
+  note_saved();
+  return std::nullopt;
+}
+
+void ModelDocument::note_saved() {
+  saved_ = io::editable_of(model_);
+  // The file may hold a length less exactly than the window did.
+  const auto read = run::read_input({.model = path_});
+  if (const auto* input = std::get_if<run::Input>(&read)) digest_ = input->digest;
 }
 
 }  // namespace aluframe::desktop

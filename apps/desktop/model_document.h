@@ -11,8 +11,7 @@
 
 namespace aluframe::desktop {
 
-/// A model file that is open: its model, and whether its settings or materials differ from what is
-/// saved.
+/// A model file that is open: its model, and what of it differs from what is saved.
 class ModelDocument {
  public:
   /// @return a message when the file is no model
@@ -22,7 +21,7 @@ class ModelDocument {
   const model::Model& model() const { return model_; }
   /// Of the model as it was read or saved (run::Input).
   const std::string& digest() const { return digest_; }
-  /// For the dialogs: only the design settings and the materials may be changed.
+  /// Only what io::Editable has of a model may be changed.
   model::Model& editable() { return model_; }
   /// What is not saved yet.
   io::ModelChanges changes() const;
@@ -30,16 +29,19 @@ class ModelDocument {
   /// Writes the changes to the file, whose other content stays; nothing when there are none.
   /// @return a message when that failed; the file is then as it was
   std::optional<std::string> save();
+  /// Writes the file with the changes under another name, which is the open file then.
+  /// @return a message when that failed; nothing has changed then
+  std::optional<std::string> save_as(const std::filesystem::path& path);
 
  private:
   explicit ModelDocument(run::Input input);
 
+  void note_saved();
+
   std::filesystem::path path_;
   model::Model model_;
   std::string digest_;
-  /// What the file holds of what can be changed.
-  std::optional<model::DesignSettings> saved_design_;
-  model::Table<model::Material> saved_materials_;
+  io::Editable saved_;  ///< as the file holds it
 };
 
 }  // namespace aluframe::desktop

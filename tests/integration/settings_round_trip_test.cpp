@@ -84,10 +84,9 @@ class SettingsRoundTrip : public testing::Test {
     services::SessionOptions session = options();
     session.toolkit = &toolkit;
     model::Model model = read();
-    const auto design = model.design;
-    const auto materials = model.materials;
+    const io::Editable saved = io::editable_of(model);
     const auto end = services::run_settings_dialog(model, dialog, std::move(session));
-    const auto problem = io::save_changes(file(), io::changes_since(design, materials, model));
+    const auto problem = io::save_changes(file(), io::changes_since(saved, model));
     EXPECT_FALSE(problem.has_value()) << problem->message();
     return end;
   }

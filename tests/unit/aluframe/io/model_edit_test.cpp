@@ -33,13 +33,13 @@ std::string problem_of(std::string_view text, const ModelChanges& changes) {
 ModelChanges class_one() {
   model::DesignSettings settings;
   settings.safety_class = 1;
-  return {.settings = settings, .materials = {}};
+  return {.settings = settings};
 }
 
 ModelChanges material_of(std::string_view grade, model::Number number = 1) {
   model::Material material = catalogue::material_of(*catalogue::find_alloy(grade));
   material.number = number;
-  return {.settings = {}, .materials = {material}};
+  return {.materials = {material}};
 }
 
 constexpr std::string_view class_one_text = R"({"code": "GB50429-2007", "safety_class": 1})";
@@ -183,18 +183,17 @@ TEST(ModelEdit, WhatAFileHasNoWordsForIsAProblem) {
 }
 
 TEST(ModelEdit, ChangesAreWhatDiffers) {
-  const model::Model before = model_of(small_model);
-  model::Model now = before;
-  EXPECT_TRUE(changes_since(before.design, before.materials, now).empty());
+  model::Model now = model_of(small_model);
+  const Editable before = editable_of(now);
+  EXPECT_TRUE(changes_since(before, now).empty());
   now.design->rib = false;
-  EXPECT_EQ(changes_since(before.design, before.materials, now).settings, now.design);
+  EXPECT_EQ(changes_since(before, now).settings, now.design);
   model::Material material = *now.materials.find(1);
   material.name = "Post";
   now.materials.replace(material);
-  EXPECT_THAT(changes_since(before.design, before.materials, now).materials,
-              testing::ElementsAre(material));
-  now.design = before.design;
-  EXPECT_FALSE(changes_since(before.design, before.materials, now).settings.has_value());
+  EXPECT_THAT(changes_since(before, now).materials, testing::ElementsAre(material));
+  now.design = before.settings;
+  EXPECT_FALSE(changes_since(before, now).settings.has_value());
 }
 
 /// A model file in a folder of its own.
