@@ -278,6 +278,7 @@ def test_it_ends_as_strictly_as_a_check(frame):
     page = document(frame, "--strict", status=4)
     assert any(text.startswith("1 element fails") for text in page.texts["p"])
     assert page.rows_of(BY_ELEMENT)[0]["Verdict"] == "fails"
+    assert "; it exceeds 1 in 1 element, in 0 of which no check says so." in " ".join(sum(page.texts.values(), []))
 
 
 def test_a_frame_that_buckles_is_not_called_sound(aluframe, beam):  # noqa: F811
