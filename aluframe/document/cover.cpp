@@ -112,6 +112,17 @@ std::string buckling_text(const store::BucklingRow& smallest) {
                                  factor, combination);
 }
 
+/// @param safe with a worst ratio
+std::string safe_text(const run::SafeSummary& safe) {
+  return texts::translated(
+      "The largest safe ratio of the second opinion is {}, in element {}; it exceeds 1 in {}, in "
+      "{} of which no check says so.",
+      tables::short_number(safe.worst->safe), safe.worst->element,
+      texts::counted(safe.over, texts::translatable("{} element"),
+                     texts::translatable("{} elements")),
+      safe.unsaid);
+}
+
 /// What else stands between a ratio below 1 and a sound frame.
 std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   std::vector<std::string> out;
@@ -119,11 +130,7 @@ std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   if (content.told.second_opinion == run::SecondOpinion::off) {
     out.push_back(texts::translated("The check was made without a second opinion."));
   } else if (content.told.safe && content.told.safe->worst) {
-    out.push_back(texts::translated(
-        "The largest safe ratio of the second opinion is {}, in element {}; it exceeds 1 in {} "
-        "elements, in {} of which no check says so.",
-        tables::short_number(content.told.safe->worst->safe), content.told.safe->worst->element,
-        content.told.safe->over, content.told.safe->unsaid));
+    out.push_back(safe_text(*content.told.safe));
   }
   const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
   if (smallest != nullptr) out.push_back(buckling_text(*smallest));

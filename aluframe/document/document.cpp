@@ -20,6 +20,7 @@ void write_head(HtmlWriter& html, const run::DocumentContent& content) {
   html.element("head", [&] {
     html.empty("meta", {{"charset", "utf-8"}});
     html.empty("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
+    html.empty("meta", {{"name", "generator"}, {"content", std::string(generator)}});
     html.leaf("title", title_of(content));
     html.element("style", [&] {
       html.markup(style_sheet);

@@ -1,11 +1,16 @@
 #pragma once
 
 #include <ostream>
+#include <string_view>
 
 #include "aluframe/document/derivations_chapter.h"
 #include "aluframe/run/document.h"
 
 namespace aluframe::document {
+
+/// Names the program in the head of its documents, before anything of the model: earlier documents
+/// are recognised by it.
+inline constexpr std::string_view generator = "AluFrame calculation document";
 
 /// Writes the calculation document: one page of HTML that needs nothing beside it, to be read on
 /// the screen and printed on A4, in the language in use. The same content gives the same bytes.

@@ -1,9 +1,12 @@
 #include "apps/cli/document_command.h"
 
 #include <exception>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <ostream>
+#include <string>
+#include <system_error>
 #include <variant>
 
 #include "aluframe/document/document.h"
@@ -39,6 +42,39 @@ std::optional<std::string> overwriting_problem(const ReportOptions& options,
        {texts::translatable("the table of forces"), options.input.forces}});
 }
 
+/// Whether a file is empty or an earlier document, whose head names the program.
+bool may_be_replaced(const fs::path& html) {
+  constexpr std::size_t head_bytes = 512;
+  std::string head(head_bytes, '\0');
+  std::ifstream file(html, std::ios::binary);
+  file.read(head.data(), static_cast<std::streamsize>(head.size()));
+  head.resize(static_cast<std::size_t>(file.gcount()));
+  if (head.empty()) return true;
+  return head.starts_with("<!DOCTYPE html>") && head.find(document::generator) != std::string::npos;
+}
+
+/// Another's file where the document is to go, or nothing.
+std::optional<std::string> standing_in_the_way(const fs::path& html) {
+  std::error_code ignored;
+  if (goes_to_standard_output(html) || !fs::is_regular_file(html, ignored)) return std::nullopt;
+  if (may_be_replaced(html)) return std::nullopt;
+  return texts::translated(
+      "{}: is no calculation document, which would overwrite it; delete it, or name another file "
+      "with --html",
+      html.string());
+}
+
+/// Why the document cannot go where the user wants it, or nothing.
+std::optional<std::string> problem_of_file(const ReportOptions& options, const fs::path& results,
+                                           const fs::path& html) {
+  if (html.empty()) {
+    return texts::translated(
+        "--html: the name of the file is empty; name one, or - for standard output");
+  }
+  if (auto problem = overwriting_problem(options, results, html)) return problem;
+  return standing_in_the_way(html);
+}
+
 /// Why results cannot be looked at as strictly as the user wants, or nothing.
 std::optional<std::string> strictness_problem(const ReportOptions& options, const fs::path& results,
                                               const run::DocumentContent& content) {
@@ -61,6 +97,14 @@ void print_summary(const run::DocumentContent& content, const fs::path& html) {
   print_text(tables::told_text(content.input.model, content.told));
 }
 
+/// The user has ended the program while it writes.
+struct Interrupted {};
+
+/// Lets the unfinished file be removed on the way out.
+void stop_when_interrupted() {
+  if (was_interrupted()) throw Interrupted();
+}
+
 document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
                                      DocumentDetail detail) {
   if (detail == DocumentDetail::summary) return nullptr;
@@ -68,18 +112,32 @@ document::Derivations derivations_of(const run::DocumentContent& content, const 
                                                         : run::DerivationDetail::governing;
   return
       [&content, &results, of_checks](const std::function<void(const run::ExplainedCheck&)>& take) {
-        run::derive_checks(content, results, of_checks, take);
+        run::derive_checks(content, results, of_checks, [&take](const run::ExplainedCheck& check) {
+          stop_when_interrupted();
+          take(check);
+        });
       };
+}
+
+/// Writes all of the document, or leaves the file as it was.
+void publish(const ReportOptions& options, const run::DocumentContent& content,
+             const fs::path& results, const fs::path& html) {
+  note_interrupts();
+  files::publish_stream(
+      goes_to_standard_output(html) ? fs::path("/dev/stdout") : html, [&](std::ostream& out) {
+        document::write_document(out, content, derivations_of(content, results, options.detail));
+        stop_when_interrupted();
+      });
 }
 
 int write(const ReportOptions& options, const run::DocumentContent& content,
           const fs::path& results, const fs::path& html) {
   for (const std::string& reservation : content.reservations) print_message(reservation);
   try {
-    files::publish_stream(
-        goes_to_standard_output(html) ? fs::path("/dev/stdout") : html, [&](std::ostream& out) {
-          document::write_document(out, content, derivations_of(content, results, options.detail));
-        });
+    publish(options, content, results, html);
+  } catch (const Interrupted&) {
+    print_message(texts::translated("{}: not written: cancelled", html.string()));
+    return exit_cancelled;
   } catch (const std::exception& error) {
     print_message(texts::translated("{}: cannot be written: {}", html.string(), error.what()));
     return exit_failure;
@@ -107,7 +165,7 @@ std::optional<DocumentDetail> parse_document_detail(std::string_view name) {
 
 int run_document_command(const ReportOptions& options, const fs::path& html) {
   const fs::path results = options.results.value_or(run::result_path_of(options.input.model));
-  if (const auto problem = overwriting_problem(options, results, html)) return stop({*problem});
+  if (const auto problem = problem_of_file(options, results, html)) return stop({*problem});
   try {
     return gather_and_write(options, results, html);
   } catch (const std::exception& error) {

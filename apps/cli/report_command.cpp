@@ -103,10 +103,11 @@ std::string failure_text(const services::ReportSummary& summary, const ReportFil
 }
 
 /// Shows a complete report's summary and where its readable text is: on standard error where
-/// standard output has the text.
+/// standard output has the text, and only when it has all of it.
 void show(const std::string& summary, const ReportFiles& files, const Ending& ending) {
   if (!files.report) {
     print_text(ending.text);
+    if (!finish_stdout()) return;  // which the end of the program says
     print_to_stderr(model::for_terminal(summary));
     return;
   }

@@ -4,6 +4,9 @@ import json
 import math
 import re
 import shutil
+import signal
+import subprocess
+import time
 
 import pytest
 
@@ -12,6 +15,8 @@ from program import PIPE_I, ROOT, Program
 from loaded_beam import beam  # noqa: F401  a fixture
 
 EXAMPLES = sorted(path.name for path in (ROOT / "examples").glob("*.json"))
+EARLIER = ('<!DOCTYPE html>\n<html lang="en"><head><meta charset="utf-8">\n'
+           '<meta name="generator" content="AluFrame calculation document">\n')
 BY_ELEMENT = "Governing ratios by element, the largest first"
 HOSTILE = "<script>alert('1')</script> & \"quoted\" ]]> <!-- --> ‮"
 
@@ -224,7 +229,7 @@ def test_a_document_of_some_elements_says_so(example):
 # What it refuses
 
 def refused(frame, *options, status=1, html="frame.html"):
-    (frame.folder / "frame.html").write_text("earlier", encoding="utf-8")
+    (frame.folder / "frame.html").write_text(EARLIER, encoding="utf-8")
     before = {path.name: path.read_bytes() for path in frame.folder.iterdir()}
     done = frame("report", "frame.json", "--html", html, *options, status=status)
     assert {path.name: path.read_bytes() for path in frame.folder.iterdir()} == before
@@ -248,6 +253,52 @@ def test_results_of_another_state_of_the_model_are_refused(frame):
 def test_the_model_and_the_results_are_not_written_over(frame):
     assert "frame.json: is the model, which the document would overwrite" in refused(frame, html="frame.json")
     assert "which the document would overwrite" in refused(frame, html="frame.aluresult")
+
+
+@pytest.mark.parametrize("content", ["notes of mine", "<!DOCTYPE html><title>AluFrame</title>",
+                                     "notes on <meta name=generator content='AluFrame calculation document'>"])
+def test_another_file_is_not_written_over(frame, content):
+    (frame.folder / "notes.html").write_text(content, encoding="utf-8")
+    assert refused(frame, html="notes.html") == (
+        "notes.html: is no calculation document, which would overwrite it; delete it, or name another file "
+        "with --html\n")
+
+
+def test_an_earlier_document_and_an_empty_file_are_written_over(frame):
+    frame("report", "frame.json", "--html", "frame.html", "--detail", "summary")
+    (frame.folder / "empty.html").touch()
+    for name in ("frame.html", "empty.html"):
+        frame("report", "frame.json", "--html", name, "--detail", "full")
+        assert "4 Derivations" in Page((frame.folder / name).read_text(encoding="utf-8")).texts["h2"]
+
+
+def test_a_title_that_fills_the_head_leaves_the_document_recognised(frame):
+    frame.model["title"] = "long " * 400
+    frame.write(frame.model)
+    frame("check", "frame.json")
+    for _ in range(2):
+        frame("report", "frame.json", "--html", "frame.html")
+
+
+def test_a_name_without_letters_is_one_message(frame):
+    assert refused(frame, html="") == ("--html: the name of the file is empty; name one, or - for standard "
+                                       "output\n")
+
+
+@pytest.mark.parametrize("number", [signal.SIGINT, signal.SIGTERM])
+def test_a_document_that_is_interrupted_leaves_the_earlier_file_alone(aluframe, number):
+    shutil.copy(ROOT / "examples" / "dome.json", aluframe.folder / "frame.json")
+    aluframe("check", "frame.json")
+    aluframe.write(EARLIER, "frame.html")
+    before = {path.name: path.read_bytes() for path in aluframe.folder.iterdir()}
+    process = subprocess.Popen([aluframe.path, "report", "frame.json", "--html", "frame.html", "--detail", "full"],
+                               cwd=aluframe.folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    while process.poll() is None and {path.name for path in aluframe.folder.iterdir()} == set(before):
+        time.sleep(0.002)
+    process.send_signal(number)
+    output = process.communicate(timeout=120)
+    assert (process.returncode, *output) == (3, "", "frame.html: not written: cancelled\n")
+    assert {path.name: path.read_bytes() for path in aluframe.folder.iterdir()} == before
 
 
 def test_a_place_that_cannot_be_written_is_one_message(frame):
@@ -278,6 +329,7 @@ def test_it_ends_as_strictly_as_a_check(frame):
     page = document(frame, "--strict", status=4)
     assert any(text.startswith("1 element fails") for text in page.texts["p"])
     assert page.rows_of(BY_ELEMENT)[0]["Verdict"] == "fails"
+    assert "; it exceeds 1 in 1 element, in 0 of which no check says so." in " ".join(sum(page.texts.values(), []))
 
 
 def test_a_frame_that_buckles_is_not_called_sound(aluframe, beam):  # noqa: F811

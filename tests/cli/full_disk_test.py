@@ -27,6 +27,20 @@ def test_results_are_stored_though_the_summary_is_lost(aluframe, pipe_beam):
     assert {row["element"] for row in aluframe.json("results", "frame.json")} == {1}
 
 
+def test_a_report_that_is_lost_is_not_called_complete(aluframe, pipe_beam):
+    aluframe.write(pipe_beam)
+    aluframe("check", "frame.json")
+    done = run_into_a_full_disk(aluframe, "report", "frame.json", "--output", "-")
+    assert (done.returncode, done.stderr) == (2, "standard output: cannot be written\n")
+
+
+def test_a_document_that_is_lost_is_one_message(aluframe, pipe_beam):
+    aluframe.write(pipe_beam)
+    aluframe("check", "frame.json")
+    done = run_into_a_full_disk(aluframe, "report", "frame.json", "--html", "-")
+    assert (done.returncode, done.stderr) == (2, "-: cannot be written: No space left on device\n")
+
+
 def test_wrong_usage_keeps_its_message_and_status(aluframe):
     done = run_into_a_full_disk(aluframe, "check", "none.json")
     assert done.returncode == 1
