@@ -22,6 +22,8 @@ std::string_view name_of(ForceComponent component);
 std::string_view heading_of(ForceComponent component);
 /// "N, Vy, Vz, T, My, Mz", for messages.
 std::string_view component_names();
+/// What a sign of it means, in which colour and on which side it is drawn.
+std::string convention_of(ForceComponent component);
 inline bool is_moment(ForceComponent component) {
   return component >= ForceComponent::t;
 }

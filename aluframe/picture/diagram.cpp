@@ -231,7 +231,8 @@ std::string extremes_text(const Drawing& drawing, const Diagram& diagram) {
                            text(largest), of_largest, text(smallest), of_smallest);
 }
 
-/// What a sign means, and on which side it is drawn.
+}  // namespace
+
 std::string convention_of(ForceComponent component) {
   switch (component) {
     case ForceComponent::n:
@@ -248,8 +249,6 @@ std::string convention_of(ForceComponent component) {
       return texts::translated("blue: positive, towards +z; orange: negative");
   }
 }
-
-}  // namespace
 
 void draw_diagram(Drawing& drawing, const Diagram& diagram) {
   std::vector<model::Number> end_on_elements, turned;

@@ -78,22 +78,6 @@ const members::SegmentFactors* segment_of(const Input& input, model::Number elem
   return found == input.length_factors.end() ? nullptr : &*found;
 }
 
-std::array<double, kCheckPositions> ratios_along(store::ResultReader& reader,
-                                                 model::Number element) {
-  std::array<double, kCheckPositions> ratios{};
-  ratios.fill(std::numeric_limits<double>::quiet_NaN());
-  const auto record = reader.read(element, 0, 0);
-  if (!record) return ratios;
-  for (std::size_t position = 0; position < ratios.size(); ++position) {
-    for (const T_RALU_RLT& check : record->aSect[position].aItem) {
-      if (!was_judged(check)) continue;
-      const double ratio = RaluRatio(check.dDemand, check.dCapacity);
-      if (!(ratio <= ratios[position])) ratios[position] = ratio;
-    }
-  }
-  return ratios;
-}
-
 /// The element of the worst ratio of every section, with the member that it belongs to.
 /// @param elements the worst ratio first
 std::vector<GoverningMember> governing_members(const Input& input, store::ResultReader& reader,

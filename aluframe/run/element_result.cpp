@@ -1,6 +1,7 @@
 #include "aluframe/run/element_result.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "aluframe/services/run_monitor.h"
 
@@ -41,6 +42,22 @@ std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& ro
     elements.back().items.push_back(row);
   }
   return elements;
+}
+
+std::array<double, kCheckPositions> ratios_along(store::ResultReader& reader,
+                                                 model::Number element) {
+  std::array<double, kCheckPositions> ratios{};
+  ratios.fill(std::numeric_limits<double>::quiet_NaN());
+  const auto record = reader.read(element, 0, 0);
+  if (!record) return ratios;
+  for (std::size_t position = 0; position < ratios.size(); ++position) {
+    for (const T_RALU_RLT& check : record->aSect[position].aItem) {
+      if (!was_judged(check)) continue;
+      const double ratio = RaluRatio(check.dDemand, check.dCapacity);
+      if (!(ratio <= ratios[position])) ratios[position] = ratio;
+    }
+  }
+  return ratios;
 }
 
 }  // namespace aluframe::run

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
+#include "aluframe/model/table.h"
 #include "aluframe/store/result_file.h"
 
 namespace aluframe::run {
@@ -27,5 +29,10 @@ struct ElementResult {
 
 /// Governing rows put together per element, in the order of the rows.
 std::vector<ElementResult> by_element(const std::vector<store::GoverningRow>& rows);
+
+/// The largest ratio of each check position of an element in all combinations; no number where no
+/// check has a limit.
+std::array<double, kCheckPositions> ratios_along(store::ResultReader& reader,
+                                                 model::Number element);
 
 }  // namespace aluframe::run

@@ -12,7 +12,7 @@
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {

@@ -7,7 +7,7 @@
 #include "aluframe/model/units.h"
 #include "aluframe/run/input.h"
 #include "aluframe/tables/output_table.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

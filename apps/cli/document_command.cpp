@@ -16,7 +16,7 @@
 #include "aluframe/run/document.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {

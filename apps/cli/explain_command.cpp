@@ -17,7 +17,7 @@
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
 

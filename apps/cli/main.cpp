@@ -11,7 +11,7 @@
 #include "aluframe/texts/text.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/document_command.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
 #include "apps/cli/parser_texts.h"
@@ -330,7 +330,7 @@ int run_program(int argc, char** argv) {
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION,
                        texts::translated("Display program version information and exit"));
   app.require_subcommand(1);
-  int status = exit_done;
+  int status = aluframe::exit_done;
   AnalyseOptions analyse;
   BucklingCommandOptions buckling;
   CheckOptions check;
@@ -360,12 +360,12 @@ int run_program(int argc, char** argv) {
   translate_parser(app);
   if (const auto unknown = unknown_command(app, argc, argv)) {
     print_message(*unknown);
-    return exit_input_error;
+    return aluframe::exit_input_error;
   }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? exit_done : exit_input_error;
+    return app.exit(error) == 0 ? aluframe::exit_done : aluframe::exit_input_error;
   }
   return status;
 }
@@ -376,10 +376,10 @@ std::string lost_output() {
 
 /// The status, or that of a failure when a command that ended well lost part of its output.
 int with_output_checked(int status) {
-  const bool failed_already = status == exit_failure || status == exit_input_error;
+  const bool failed_already = status == aluframe::exit_failure || status == aluframe::exit_input_error;
   if (finish_stdout() || failed_already) return status;
   print_message(lost_output());
-  return exit_failure;
+  return aluframe::exit_failure;
 }
 
 }  // namespace
@@ -391,6 +391,6 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     print_message(std::ferror(stdout) != 0 ? lost_output()
                                            : "aluframe: " + files::error_text(error));
-    return exit_failure;
+    return aluframe::exit_failure;
   }
 }

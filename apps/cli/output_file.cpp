@@ -6,7 +6,7 @@
 
 #include "aluframe/files/publication.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {

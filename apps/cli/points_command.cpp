@@ -8,7 +8,7 @@
 #include "aluframe/points/point_stream.h"
 #include "aluframe/texts/system_text.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
 
 namespace aluframe::cli {

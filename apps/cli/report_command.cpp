@@ -12,7 +12,7 @@
 #include "aluframe/run/results.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/report_files.h"
 #include "apps/cli/report_texts.h"
 #include "apps/cli/terminal.h"

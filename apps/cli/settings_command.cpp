@@ -6,7 +6,7 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/run/results.h"
 #include "aluframe/texts/text.h"
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "apps/cli/settings_tables.h"
 #include "apps/cli/terminal.h"
 

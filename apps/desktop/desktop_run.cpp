@@ -6,10 +6,10 @@
 
 #include "aluframe/texts/text.h"
 #include "aluframe/toolkit/qt/qt_toolkit.h"
-#include "apps/cli/exit_status.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/model_document.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::desktop {
 
@@ -42,10 +42,10 @@ int run_dialog(ModelDocument& document, SettingsDialog dialog) {
   const DialogEnd end =
       services::run_settings_dialog(document.editable(), dialog, std::move(session));
   if (end == DialogEnd::failed)
-    return fail(texts::translated("the dialog did not open"), cli::exit_failure);
-  if (const auto problem = document.save()) return fail(*problem, cli::exit_failure);
+    return fail(texts::translated("the dialog did not open"), exit_failure);
+  if (const auto problem = document.save()) return fail(*problem, exit_failure);
   const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
-  return refused ? cli::exit_cancelled : cli::exit_done;
+  return refused ? exit_cancelled : exit_done;
 }
 
 int run_window(std::optional<ModelDocument> document) {
@@ -67,7 +67,7 @@ int run_desktop(const DesktopOptions& options) {
   if (options.model) {
     auto opened = ModelDocument::open(*options.model);
     if (const auto* problem = std::get_if<std::string>(&opened)) {
-      return fail(*problem, cli::exit_input_error);
+      return fail(*problem, exit_input_error);
     }
     document = std::get<ModelDocument>(std::move(opened));
   }

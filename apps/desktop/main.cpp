@@ -5,9 +5,9 @@
 #include <exception>
 
 #include "aluframe/texts/language.h"
-#include "apps/cli/exit_status.h"
 #include "apps/desktop/desktop_run.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/exit_status.h"
 
 namespace {
 
@@ -48,11 +48,11 @@ int run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? cli::exit_done : cli::exit_input_error;
+    return app.exit(error) == 0 ? exit_done : exit_input_error;
   }
   if (!desktop::has_display()) {
     desktop::print_problem("there is no display to show windows on");
-    return cli::exit_failure;
+    return exit_failure;
   }
   const QApplication application(argc, argv);
   QCoreApplication::setOrganizationName(QStringLiteral("AluFrame"));
@@ -67,6 +67,6 @@ int main(int argc, char** argv) {
     return run(argc, argv);
   } catch (const std::exception& error) {
     desktop::print_problem(error.what());
-    return cli::exit_failure;
+    return exit_failure;
   }
 }

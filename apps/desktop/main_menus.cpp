@@ -75,6 +75,8 @@ void MainWindow::create_file_menu() {
   add_model_action(file, translatable("&Edit file"), {}, [this] { edit_file(); });
   file->addSeparator();
   save_ = add_action(file, translatable("&Save"), QKeySequence::Save, [this] { save(); });
+  idle_actions_.push_back(add_action(file, translatable("Save &as..."), QKeySequence::SaveAs,
+                                     [this] { choose_save_as(); }));
   add_model_action(file, translatable("&Picture to file..."), {}, [this] { save_picture(); });
   file->addSeparator();
   add_action(file, translatable("&Quit"), QKeySequence::Quit, [this] { close(); });
@@ -206,6 +208,13 @@ void MainWindow::note_recent(const std::filesystem::path& path) {
   files.removeAll(file);
   files.prepend(file);
   settings.setValue(recent_key(), QStringList(files.mid(0, most_recent)));
+}
+
+void MainWindow::choose_save_as() {
+  const QString path = QFileDialog::getSaveFileName(
+      this, ui_text(translatable("Save the model as")), to_qt(workspace_.document()->path()),
+      ui_text(translatable("Model files (*.json);;All files (*)")));
+  if (!path.isEmpty()) save_as(path.toStdString());
 }
 
 void MainWindow::save_picture() {

@@ -20,6 +20,7 @@
 
 #include "aluframe/texts/text.h"
 #include "apps/desktop/attribute_panel.h"
+#include "apps/desktop/detail_panel.h"
 #include "apps/desktop/display_panel.h"
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/history_panel.h"
@@ -55,6 +56,9 @@ QScrollArea* scrolled(QWidget* widget) {
   area->setFrameShape(QFrame::NoFrame);
   return area;
 }
+
+/// Until the user moves it.
+constexpr int tables_height = 190, side_width = 330;
 
 QDockWidget* add_dock(QMainWindow& window, const char* name, const char* title, QWidget* widget,
                       Qt::DockWidgetArea area) {
@@ -113,14 +117,18 @@ void MainWindow::create_docks() {
       add_dock(*this, "attributes", translatable("Design attributes"),
                scrolled(new AttributePanel(workspace_, undo_)), Qt::RightDockWidgetArea);
   tabifyDockWidget(settings, design);
+  QDockWidget* details = add_dock(*this, "details", translatable("Details"),
+                                  new DetailPanel(workspace_), Qt::RightDockWidgetArea);
+  tabifyDockWidget(design, details);
   QDockWidget* tables = add_dock(*this, "tables", translatable("Tables"),
                                  new TablePanel(workspace_), Qt::BottomDockWidgetArea);
   QDockWidget* history = add_dock(*this, "history", translatable("History"),
                                   new HistoryPanel(workspace_), Qt::BottomDockWidgetArea);
   tabifyDockWidget(tables, history);
   tables->raise();
-  design->raise();
-  tree->raise();
+  details->raise();
+  resizeDocks({tables}, {tables_height}, Qt::Vertical);
+  resizeDocks({tree, details}, {side_width - 70, side_width + 60}, Qt::Horizontal);
 }
 
 void MainWindow::create_status() {
@@ -219,6 +227,20 @@ bool MainWindow::save() {
   workspace_.refresh_results();
   workspace_.tell_edited();
   return !problem;
+}
+
+bool MainWindow::save_as(const std::filesystem::path& path) {
+  ModelDocument* document = workspace_.document();
+  if (const auto problem = document->save_as(path)) {
+    show_problem(this, *problem);
+    return false;
+  }
+  known_time_ = time_of(document->path());
+  watch_file();
+  note_recent(document->path());
+  workspace_.refresh_results();
+  workspace_.tell_edited();
+  return true;
 }
 
 bool MainWindow::settle_changes() {

@@ -42,6 +42,9 @@ class MainWindow : public QMainWindow {
   void reload();
   /// @return true when nothing is left to save
   bool save();
+  /// Writes the model with its changes under another name and goes on with that file.
+  /// @return whether it was written
+  bool save_as(const std::filesystem::path& path);
   void open_settings(services::SettingsDialog dialog);
   /// Checks the selected elements, or all; asks to save changes first.
   void check(bool selection_only);
@@ -73,6 +76,7 @@ class MainWindow : public QMainWindow {
                             const std::function<void()>& action);
 
   void choose_model();
+  void choose_save_as();
   void show_recent();
   void note_recent(const std::filesystem::path& path);
   void save_picture();

@@ -30,7 +30,7 @@ class Workspace : public QObject {
   const ModelDocument* document() const { return document_ ? &*document_ : nullptr; }
   ModelDocument* document() { return document_ ? &*document_ : nullptr; }
   /// The open model with the changes that are not saved. There must be one.
-  const model::Model& model() const { return document_->model(); }
+  const model::Model& model() const { return document_.value().model(); }
   /// Puts a model in the place of the one that is open, and reads its results.
   void show_document(ModelDocument document);
   /// Tells everybody that the open model was changed, or saved.

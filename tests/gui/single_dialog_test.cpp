@@ -1,6 +1,6 @@
 // The desktop program with one dialog only, as scripts start it.
 
-#include "apps/cli/exit_status.h"
+#include "apps/exit_status.h"
 #include "tests/gui/desktop_test.h"
 #include "tests/gui/fit.h"
 #include "tests/support/used_language.h"
@@ -31,7 +31,7 @@ TEST_F(SingleDialog, OkSavesTheSettings) {
     user.type(IDC_EDIT_ALU_SECTSTENGTH, "0.8");
     user.click(IDOK);
   });
-  EXPECT_EQ(status, cli::exit_done);
+  EXPECT_EQ(status, exit_done);
   const model::Model saved = model_of_file();
   ASSERT_TRUE(saved.design.has_value());
   EXPECT_EQ(saved.design->safety_class, 1);
@@ -44,13 +44,13 @@ TEST_F(SingleDialog, CloseOfTheSettingsLeavesTheFileAndSaysSo) {
     user.click(IDC_STATIC_ALU_SAFECLASS1);
     user.click(IDCANCEL);
   });
-  EXPECT_EQ(status, cli::exit_cancelled);
+  EXPECT_EQ(status, exit_cancelled);
   EXPECT_EQ(text_of_file(), before);
 }
 
 TEST_F(SingleDialog, OkWithoutAChangeLeavesTheFile) {
   const std::string before = text_of_file();
-  EXPECT_EQ(run_code([](DialogUser& user) { user.click(IDOK); }), cli::exit_done);
+  EXPECT_EQ(run_code([](DialogUser& user) { user.click(IDOK); }), exit_done);
   EXPECT_EQ(text_of_file(), before);
 }
 
@@ -66,7 +66,7 @@ TEST_F(SingleDialog, AModifiedMaterialIsSavedWhenTheDialogCloses) {
     user.click(IDC_DGN_STEELMAT_MODIFY);
     user.click(IDCANCEL);
   });
-  EXPECT_EQ(status, cli::exit_done);
+  EXPECT_EQ(status, exit_done);
   const model::Model saved = model_of_file();
   EXPECT_EQ(saved.materials[0].grade, "6063-T5");
   EXPECT_EQ(saved.materials[0].fu, 160.0);
@@ -80,13 +80,13 @@ TEST_F(SingleDialog, MaterialsThatNobodyModifiedLeaveTheFile) {
     user.choose(IDC_DGN_STEELMAT_CODE, "None");
     user.click(IDCANCEL);
   });
-  EXPECT_EQ(status, cli::exit_done);
+  EXPECT_EQ(status, exit_done);
   EXPECT_EQ(text_of_file(), before);
 }
 
 TEST_F(SingleDialog, AnUnreadableModelOpensNone) {
   file = folder.filePath("missing.json").toStdString();
-  EXPECT_EQ(run(SettingsDialog::code), cli::exit_input_error);
+  EXPECT_EQ(run(SettingsDialog::code), exit_input_error);
 }
 
 TEST_F(SingleDialog, AFileThatCannotBeWrittenIsAFailure) {
@@ -95,7 +95,7 @@ TEST_F(SingleDialog, AFileThatCannotBeWrittenIsAFailure) {
     std::filesystem::remove_all(folder.path().toStdString());
     user.click(IDOK);
   });
-  EXPECT_EQ(status, cli::exit_failure);
+  EXPECT_EQ(status, exit_failure);
 }
 
 TEST_F(SingleDialog, NoTextIsCutInChinese) {

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace aluframe::cli {
+namespace aluframe {
 
 /// Exit statuses of every command.
 enum ExitStatus : int {
@@ -11,4 +11,4 @@ enum ExitStatus : int {
   exit_over_limit = 4  ///< with --strict: a ratio exceeds 1
 };
 
-}  // namespace aluframe::cli
+}  // namespace aluframe

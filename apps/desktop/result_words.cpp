@@ -1,0 +1,56 @@
+#include "apps/desktop/result_words.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "aluframe/tables/names.h"
+#include "aluframe/texts/text.h"
+#include "apps/desktop/ui_texts.h"
+
+namespace aluframe::desktop {
+
+namespace {
+
+using texts::translatable;
+
+bool has_sides(const store::RunInfo& info, std::uint32_t number) {
+  const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
+  return found != info.combinations.end() && found->two_sides;
+}
+
+}  // namespace
+
+QString item_words(int item) {
+  return ui_text(tables::item_name(item));
+}
+
+QString with_name(model::Number number, const std::string& name) {
+  if (name.empty()) return QString::number(number);
+  return QString::number(number) + u' ' + shown(name);
+}
+
+QString combination_words(const store::RunInfo& info, std::uint32_t number, int min_side) {
+  QString text = with_name(tables::number_of_combination(info, number),
+                           tables::name_of_combination(info, number));
+  if (!has_sides(info, number)) return text;
+  return shown(min_side != 0 ? texts::translated("{} (minimum side)", text.toStdString())
+                             : texts::translated("{} (maximum side)", text.toStdString()));
+}
+
+QString position_words(int position) {
+  const std::string_view name = tables::position_name(position);
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QString ratio_words(const store::GoverningRow& check) {
+  return run::was_judged(check) ? shown(tables::short_number(check.governing.Ratio()))
+                                : QStringLiteral("–");
+}
+
+QString verdict_words(const store::GoverningRow& check) {
+  if (!run::was_judged(check)) return ui_text(translatable("no limit"));
+  return run::fails(check) ? QStringLiteral("✗ ") + ui_text(translatable("fails"))
+                           : QStringLiteral("✓ ") + ui_text(translatable("passes"));
+}
+
+}  // namespace aluframe::desktop
