@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QToolBar>
 #include <QUrl>
@@ -34,6 +35,12 @@ QString recent_key() {
   return QStringLiteral("files/recent");
 }
 
+/// A menu's text without its accelerator and dots, as a tool bar shows it.
+QString plain_name(QString text) {
+  static const QRegularExpression accelerator(QStringLiteral("\\(&.\\)|&|\\.\\.\\."));
+  return text.remove(accelerator);
+}
+
 QString to_qt(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
 }
@@ -44,6 +51,7 @@ QAction* MainWindow::add_action(QMenu* menu, const char* text, const QKeySequenc
                                 const std::function<void()>& action) {
   QAction* added = menu->addAction(ui_text(text), this, action);
   added->setShortcut(keys);
+  added->setIconText(plain_name(added->text()));
   return added;
 }
 
