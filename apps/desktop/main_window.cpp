@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QSettings>
 #include <QStackedWidget>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
@@ -48,6 +49,11 @@ std::filesystem::file_time_type time_of(const std::filesystem::path& path) {
   return std::filesystem::last_write_time(path, ignored);
 }
 
+std::filesystem::path autosave_folder() {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+  return std::filesystem::path(data.toStdString()) / "autosave";
+}
+
 /// Panels may be taller than their dock.
 QScrollArea* scrolled(QWidget* widget) {
   auto* area = new QScrollArea;
@@ -71,7 +77,8 @@ QDockWidget* add_dock(QMainWindow& window, const char* name, const char* title, 
 
 }  // namespace
 
-MainWindow::MainWindow() : runner_(workspace_), toolkit_(this) {
+MainWindow::MainWindow()
+    : runner_(workspace_), autosave_(workspace_, autosave_folder()), toolkit_(this) {
   pages_ = new QStackedWidget;
   auto* hint = new QLabel(ui_text(translatable("Open a model to see its frame.")));
   hint->setAlignment(Qt::AlignCenter);
@@ -191,6 +198,26 @@ void MainWindow::show_document(ModelDocument document) {
   watch_file();
   note_recent(workspace_.document()->path());
   show_state();
+  offer_left_changes();
+}
+
+void MainWindow::offer_left_changes() {
+  auto left = autosave_.left_for(*workspace_.document());
+  if (!left) return;
+  QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
+                  QString::fromStdString(texts::translated(
+                      "{}: an earlier session ended with changes that were not saved, of {}. Put "
+                      "them in again?",
+                      workspace_.document()->path().filename().string(),
+                      QLocale().toString(left->time, QLocale::ShortFormat).toStdString())),
+                  QMessageBox::Yes | QMessageBox::No, this);
+  box.setTextFormat(Qt::PlainText);
+  if (box.exec() == QMessageBox::Yes) {
+    undo_.push(new ModelEditCommand(workspace_, ui_text(translatable("earlier changes")),
+                                    std::move(left->before), std::move(left->after)));
+  } else {
+    autosave_.drop();
+  }
 }
 
 void MainWindow::open(const std::filesystem::path& path) {
@@ -251,6 +278,7 @@ bool MainWindow::settle_changes() {
     case SaveChoice::save:
       return save();
     case SaveChoice::discard:
+      autosave_.drop();
       return true;
     case SaveChoice::cancel:
       return false;

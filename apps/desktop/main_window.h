@@ -9,6 +9,7 @@
 
 #include "aluframe/services/settings_dialogs.h"
 #include "aluframe/toolkit/qt/qt_toolkit.h"
+#include "apps/desktop/autosave.h"
 #include "apps/desktop/display.h"
 #include "apps/desktop/model_document.h"
 #include "apps/desktop/runner.h"
@@ -90,6 +91,8 @@ class MainWindow : public QMainWindow {
   void show_state();
   void show_selection();
   void show_check_end(const RunEnd& end);
+  /// Offers what an earlier session has left.
+  void offer_left_changes();
   void watch_file();
   void file_changed();
 
@@ -97,6 +100,7 @@ class MainWindow : public QMainWindow {
   Display display_;
   Runner runner_;
   QUndoStack undo_;
+  Autosave autosave_;
   toolkit::QtToolkit toolkit_;
   QStackedWidget* pages_ = nullptr;
   FrameView* view_ = nullptr;

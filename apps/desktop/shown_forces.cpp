@@ -1,13 +1,13 @@
 #include "apps/desktop/shown_forces.h"
 
 #include <exception>
+#include <memory>
 #include <utility>
 
 #include "aluframe/run/mode_lines.h"
 #include "aluframe/run/picture.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
-#include "apps/desktop/background.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
@@ -54,30 +54,29 @@ void ShownForces::forget() {
   deformed_.reset();
   notes_.clear();
   is_mode_ = false;
-  is_computing_ = false;
+  job_.drop();
 }
 
 void ShownForces::refresh() {
   wanted_ = wanted_now();
-  ++asked_;
   forget();
   if (workspace_.document() != nullptr && wanted_ != Wanted{}) {
-    is_computing_ = true;
     run::Input input;
     input.file = workspace_.document()->path();
     input.model = workspace_.model();
-    in_background(
-        this, [input = std::move(input), wanted = wanted_] { return compute(input, wanted); },
-        [this, asked = asked_](Computed computed) {
-          if (asked != asked_) return;
-          is_computing_ = false;
-          diagram_ = std::move(computed.diagram);
-          deformed_ = std::move(computed.deformed);
-          notes_ = std::move(computed.notes);
-          is_mode_ = computed.is_mode;
-          Q_EMIT changed();
-        });
+    job_.start([this, input = std::move(input), wanted = wanted_]() -> BackgroundJob::Done {
+      auto computed = std::make_shared<Computed>(compute(input, wanted));
+      return [this, computed] { take(std::move(*computed)); };
+    });
   }
+  Q_EMIT changed();
+}
+
+void ShownForces::take(Computed computed) {
+  diagram_ = std::move(computed.diagram);
+  deformed_ = std::move(computed.deformed);
+  notes_ = std::move(computed.notes);
+  is_mode_ = computed.is_mode;
   Q_EMIT changed();
 }
 
@@ -124,7 +123,7 @@ ShownForces::Computed ShownForces::compute(const run::Input& input, const Wanted
 
 QStringList ShownForces::notes() const {
   QStringList out;
-  if (is_computing_) out.push_back(ui_text(translatable("computing the forces...")));
+  if (job_.is_running()) out.push_back(ui_text(translatable("computing the forces...")));
   for (const std::string& note : notes_) out.push_back(QString::fromStdString(note));
   return out;
 }

@@ -7,6 +7,7 @@
 
 #include "aluframe/picture/content.h"
 #include "aluframe/run/input.h"
+#include "apps/desktop/background_job.h"
 #include "apps/desktop/display.h"
 #include "apps/desktop/workspace.h"
 
@@ -48,17 +49,17 @@ class ShownForces : public QObject {
   Wanted wanted_now() const;
   void refresh();
   void forget();
+  void take(Computed computed);
   static Computed compute(const run::Input& input, const Wanted& wanted);
 
   Workspace& workspace_;
   Display& display_;
   Wanted wanted_;
-  int asked_ = 0;  ///< number of the last request: earlier ones come too late
-  bool is_computing_ = false;
   std::optional<picture::Diagram> diagram_;
   std::optional<picture::Deformed> deformed_;
   std::vector<std::string> notes_;
   bool is_mode_ = false;
+  BackgroundJob job_;
 };
 
 }  // namespace aluframe::desktop

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <iostream>
 
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(print_message);
   const QApplication application(argc, argv);
   // What the window remembers is the tests' own.
+  QStandardPaths::setTestModeEnabled(true);
   const QTemporaryDir settings;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
   QCoreApplication::setOrganizationName(QStringLiteral("AluFrame tests"));
