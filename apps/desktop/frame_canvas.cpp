@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-#include "aluframe/picture/colours.h"
 #include "apps/desktop/frame_view.h"
 
 namespace aluframe::desktop {
@@ -64,7 +63,7 @@ class GlCanvas : public QOpenGLWidget, public FrameCanvas {
     if (changes_.solid) frame_->load_solid(content);
     if (changes_.looks) frame_->load_looks(content);
     if (changes_.shown) frame_->load_shown(content);
-    if (changes_.deformed) frame_->load_deformed(content, themed(picture::blue, view_.palette()));
+    if (changes_.deformed) frame_->load_deformed(content);
     changes_ = {};
     const double scale = devicePixelRatioF();
     const viewport::Size size = view_.view_size();

@@ -23,6 +23,7 @@ struct FrameContent {
   std::vector<viewport::ElementLine> lines;
   viewport::Bounds bounds;
   std::vector<ElementLook> looks;
+  ElementLook behind;  ///< of elements beside their displaced shape, which has their looks then
   std::vector<bool> is_shown, is_selected;
   viewport::SolidMesh solid;  ///< empty until sections are drawn in their shape
   std::optional<picture::Deformed> deformed;

@@ -185,15 +185,15 @@ void FrameView::take_looks() {
   picture::Content content;
   content.colour = colours.by;
   content.ratios = std::move(colours.ratios);
-  if (forces_->deformed()) content.deformed = picture::Deformed{};
   auto [styles, legend] = picture::element_styles(workspace_.model(), content);
   content_.looks.clear();
   for (const picture::Style& style : styles) content_.looks.push_back(look_of(style, palette()));
+  content_.behind = {.colour = themed(picture::grey, palette()), .width = 1.0F};
   legend_ = std::move(legend);
   legend_title_ = colours.title;
   ratios_ = std::move(content.ratios);
   scene_.reset();
-  canvas_->refresh({.looks = true, .shown = true});
+  canvas_->refresh({.looks = true, .shown = true, .deformed = true});
 }
 
 void FrameView::take_shown() {
@@ -357,7 +357,7 @@ void FrameView::paint_lines(QPainter& painter) {
   };
   for (std::size_t i = 0; i < content_.lines.size(); ++i) {
     if (!content_.is_shown[i]) continue;
-    const ElementLook& look = content_.looks[i];
+    const ElementLook& look = content_.deformed ? content_.behind : content_.looks[i];
     if (content_.is_selected[i]) {
       painter.setPen(QPen(halo(), look.width + 7.0));
       draw(content_.lines[i].start, content_.lines[i].end);
@@ -366,13 +366,14 @@ void FrameView::paint_lines(QPainter& painter) {
     draw(content_.lines[i].start, content_.lines[i].end);
   }
   if (!content_.deformed) return;
-  painter.setPen(QPen(themed(picture::blue, palette()), 2.2));
   const double factor = deformation();
   for (const picture::DisplacedLine& line : content_.deformed->lines) {
     if (workspace_.is_hidden(line.element)) continue;
-    const auto& axis = content_.lines[workspace_.model().elements.position(line.element)];
-    const auto at = [&](const picture::DisplacedPlace& place) {
-      return between(axis.start, axis.end, place.fraction) + factor * place.displacement;
+    const std::size_t place = workspace_.model().elements.position(line.element);
+    const viewport::ElementLine& axis = content_.lines[place];
+    painter.setPen(QPen(content_.looks[place].colour, content_.looks[place].width));
+    const auto at = [&](const picture::DisplacedPlace& of) {
+      return between(axis.start, axis.end, of.fraction) + factor * of.displacement;
     };
     for (std::size_t i = 1; i < line.places.size(); ++i) {
       draw(at(line.places[i - 1]), at(line.places[i]));

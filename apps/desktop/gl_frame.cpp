@@ -213,7 +213,8 @@ void GlFrame::load_solid(const FrameContent& content) {
 
 void GlFrame::load_looks(const FrameContent& content) {
   std::vector<Look> looks;
-  for (const ElementLook& look : content.looks) {
+  for (const ElementLook& its : content.looks) {
+    const ElementLook& look = content.deformed ? content.behind : its;
     looks.insert(looks.end(), 4, look_of(look.colour, look.width, look.is_hatched));
   }
   fill(elements_.looks, looks);
@@ -253,8 +254,9 @@ void GlFrame::load_shown(const FrameContent& content) {
   load(shown_solid_, solid);
 }
 
-void GlFrame::load_deformed(const FrameContent& content, const QColor& colour) {
+void GlFrame::load_deformed(const FrameContent& content) {
   std::vector<LineCorner> corners;
+  std::vector<Look> looks;
   std::vector<std::uint32_t> indices;
   std::map<model::Number, std::size_t> places;
   for (std::size_t i = 0; i < content.lines.size(); ++i) places[content.lines[i].number] = i;
@@ -272,10 +274,11 @@ void GlFrame::load_deformed(const FrameContent& content, const QColor& colour) {
       add_indices(indices, corners.size() / 4);
       add_line(corners, end_at(line.places[i - 1]), end_at(line.places[i]));
     }
+    const ElementLook& look = content.looks[found->second];
+    looks.resize(corners.size(), look_of(look.colour, look.width, false));
   }
-  constexpr float width = 2.2F;
   fill(deformed_.corners, corners);
-  fill(deformed_.looks, std::vector<Look>(corners.size(), look_of(colour, width, false)));
+  fill(deformed_.looks, looks);
   fill(deformed_shown_.buffer, indices);
   deformed_shown_.count = static_cast<int>(indices.size());
 }

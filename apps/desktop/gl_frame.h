@@ -31,7 +31,7 @@ class GlFrame : protected QOpenGLFunctions {
   void load_solid(const FrameContent& content);
   void load_looks(const FrameContent& content);
   void load_shown(const FrameContent& content);
-  void load_deformed(const FrameContent& content, const QColor& colour);
+  void load_deformed(const FrameContent& content);
 
   void draw(const viewport::Camera& camera, const FrameContent& content,
             const FrameDrawing& drawing);
