@@ -1,7 +1,7 @@
-// Makes the pictures of the documentation: the program's window and the design module's dialogs
-// over a model, as they are on the screen.
+// Makes pictures of the documentation: the design module's dialogs over a model, as they are on the
+// screen.
 //
-//     gui_pictures MODEL FOLDER NAME    writes FOLDER/{main-window,code-dialog,...}-NAME.png
+//     gui_pictures MODEL FOLDER NAME    writes FOLDER/{code-dialog,material-dialog}-NAME.png
 
 #include <QApplication>
 #include <QScreen>
@@ -44,7 +44,6 @@ void make_pictures(const std::filesystem::path& model, const Destination& to) {
   aluframe::desktop::MainWindow window;
   window.open(model);
   window.show();
-  save_picture(window, to, QStringLiteral("main-window"));
   picture_of_dialog(window, SettingsDialog::code, [&](gui_test::DialogUser& user) {
     save_picture(user.window(), to, QStringLiteral("code-dialog"));
   });
