@@ -22,6 +22,7 @@
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/desktop/section_dialog.h"
 
 namespace aluframe::desktop {
 
@@ -147,6 +148,8 @@ void MainWindow::create_design_menu() {
                                      [this] { open_settings(SettingsDialog::code); }));
   idle_actions_.push_back(add_action(design_, translatable("&Materials..."), {},
                                      [this] { open_settings(SettingsDialog::materials); }));
+  idle_actions_.push_back(
+      add_action(design_, translatable("&Sections..."), {}, [this] { edit_sections(); }));
   design_->addSeparator();
   QAction* check_all = add_action(design_, translatable("Check &all"),
                                   QKeySequence(QStringLiteral("F9")), [this] { check(false); });
@@ -266,6 +269,15 @@ void MainWindow::edit_file() {
     show_problem(this, texts::translated("{}: no program opened the file",
                                          workspace_.document()->path().string()));
   }
+}
+
+void MainWindow::edit_sections() {
+  const model::Model& model = workspace_.model();
+  if (model.sections.empty()) return;
+  const auto current = workspace_.current();
+  const model::Number shown =
+      current ? model.elements.find(*current)->section : model.sections[0].number;
+  SectionDialog(this, workspace_, undo_, shown).exec();
 }
 
 void MainWindow::select_failing() {

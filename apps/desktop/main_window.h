@@ -83,6 +83,7 @@ class MainWindow : public QMainWindow {
   void save_picture();
   void write_document();
   void edit_file();
+  void edit_sections();
   void select_failing();
   /// Saves or drops changes as the user wants. @return false when the user wants neither
   bool settle_changes();
