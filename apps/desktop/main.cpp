@@ -7,6 +7,7 @@
 #include "aluframe/texts/language.h"
 #include "apps/desktop/desktop_run.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/desktop/preferences.h"
 #include "apps/exit_status.h"
 
 namespace {
@@ -41,8 +42,11 @@ void add_options(CLI::App& app, desktop::DesktopOptions& options) {
 }
 
 int run(int argc, char** argv) {
-  texts::use_language(texts::language_of_environment());
-  CLI::App app("Shows and changes what a model is designed with.", "aluframe-desktop");
+  QCoreApplication::setOrganizationName(QStringLiteral("AluFrame"));
+  QCoreApplication::setApplicationName(QStringLiteral("aluframe-desktop"));
+  texts::use_language(desktop::preferred_language().value_or(texts::language_of_environment()));
+  CLI::App app("Shows a frame, checks it, and changes what it is designed with.",
+               "aluframe-desktop");
   desktop::DesktopOptions options;
   add_options(app, options);
   try {
@@ -55,8 +59,7 @@ int run(int argc, char** argv) {
     return exit_failure;
   }
   const QApplication application(argc, argv);
-  QCoreApplication::setOrganizationName(QStringLiteral("AluFrame"));
-  QCoreApplication::setApplicationName(QStringLiteral("aluframe-desktop"));
+  desktop::apply_preferred_theme();
   return desktop::run_desktop(options);
 }
 

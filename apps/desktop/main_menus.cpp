@@ -22,6 +22,7 @@
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/desktop/preferences.h"
 #include "apps/desktop/section_dialog.h"
 
 namespace aluframe::desktop {
@@ -45,6 +46,24 @@ QString plain_name(QString text) {
 QString to_qt(const std::filesystem::path& path) {
   return QString::fromStdString(path.string());
 }
+
+/// A menu of which one entry holds.
+class Choice {
+ public:
+  Choice(QWidget& window, QMenu& above, const char* name)
+      : menu_(*above.addMenu(ui_text(name))), group_(*new QActionGroup(&window)) {}
+
+  void add(const QString& name, bool is_chosen, const std::function<void()>& choose) {
+    QAction* action = menu_.addAction(name, &group_, choose);
+    action->setCheckable(true);
+    action->setChecked(is_chosen);
+    group_.addAction(action);
+  }
+
+ private:
+  QMenu& menu_;
+  QActionGroup& group_;
+};
 
 }  // namespace
 
@@ -166,7 +185,7 @@ void MainWindow::create_design_menu() {
 void MainWindow::create_report_menu() {
   QMenu* report = menuBar()->addMenu(ui_text(translatable("&Report")));
   QAction* text = add_action(report, translatable("Calculation &report"), {}, [this] {
-    if (save_for_run()) runner_.make_report();
+    if (save_for_run()) runner_.make_report(preferred_report_units());
   });
   QAction* html = add_action(report, translatable("Calculation &document (HTML)..."), {},
                              [this] { write_document(); });
@@ -178,22 +197,33 @@ void MainWindow::create_report_menu() {
 
 void MainWindow::create_options_menu() {
   QMenu* options = menuBar()->addMenu(ui_text(translatable("&Options")));
-  QMenu* languages = options->addMenu(ui_text(translatable("&Language")));
-  auto* group = new QActionGroup(this);
-  const auto add_language = [&](const QString& name, texts::Language language,
-                                const QString& code) {
-    QAction* action = languages->addAction(name, this, [this, code] {
-      QSettings().setValue(QStringLiteral("language"), code);
+  Choice languages(*this, *options, translatable("&Language"));
+  const auto add_language = [&](const QString& name, texts::Language language) {
+    languages.add(name, texts::language_in_use() == language, [this, language] {
+      prefer_language(language);
       QMessageBox::information(
           this, QStringLiteral("AluFrame"),
           ui_text(translatable("The language changes when the program is started again.")));
     });
-    action->setCheckable(true);
-    action->setChecked(texts::language_in_use() == language);
-    group->addAction(action);
   };
-  add_language(QStringLiteral("English"), texts::Language::english, QStringLiteral("en"));
-  add_language(QString::fromUtf8("\u4E2D\u6587"), texts::Language::chinese, QStringLiteral("zh"));
+  add_language(QStringLiteral("English"), texts::Language::english);
+  add_language(QString::fromUtf8("\u4E2D\u6587"), texts::Language::chinese);
+  Choice themes(*this, *options, translatable("&Colours"));
+  for (const auto& [theme, name] : {std::pair(Theme::system, translatable("as the system")),
+                                    std::pair(Theme::light, translatable("light")),
+                                    std::pair(Theme::dark, translatable("dark"))}) {
+    themes.add(ui_text(name), preferred_theme() == theme, [theme = theme] { prefer_theme(theme); });
+  }
+  Choice units(*this, *options, translatable("&Units of the report"));
+  for (const ReportUnits& pair :
+       {ReportUnits{model::ForceUnit::newton, model::LengthUnit::millimetre},
+        ReportUnits{model::ForceUnit::kilonewton, model::LengthUnit::millimetre},
+        ReportUnits{model::ForceUnit::kilonewton, model::LengthUnit::metre}}) {
+    const std::string name =
+        std::string(model::name_of(pair.first)) + ", " + std::string(model::name_of(pair.second));
+    units.add(QString::fromStdString(name), preferred_report_units() == pair,
+              [pair] { prefer_report_units(pair); });
+  }
 }
 
 void MainWindow::choose_model() {

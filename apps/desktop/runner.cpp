@@ -117,13 +117,18 @@ struct Report {
   std::string text;
 };
 
-Report run_report(const fs::path& model, const std::function<void(const std::string&)>& message) {
+Report run_report(const fs::path& model, const ReportUnits& units,
+                  const std::function<void(const std::string&)>& message) {
   const fs::path results = run::result_path_of(model);
   const auto prepared = run::prepare_like(results, {.model = model}, {});
   if (const auto* problem = std::get_if<run::Problem>(&prepared))
     return {failed(problem->text), {}};
   const auto& input = std::get<run::Input>(prepared);
-  run::ReportOptions options{.results = results, .report = std::nullopt, .message = message};
+  run::ReportOptions options{.results = results,
+                             .report = std::nullopt,
+                             .force = units.first,
+                             .length = units.second,
+                             .message = message};
   services::ReportSummary summary = run::report(input, options);
   if (summary.outcome != services::RunOutcome::complete) {
     return {failed(texts::translated("the report failed: {}", summary.failure)), {}};
@@ -221,10 +226,10 @@ void Runner::check(std::vector<model::Number> elements) {
   });
 }
 
-void Runner::make_report() {
+void Runner::make_report(const ReportUnits& units) {
   const fs::path model = workspace_.document()->path();
-  start(ui_text(translatable("Making the report...")), [this, model] {
-    const Report report = guarded([&] { return run_report(model, message()); });
+  start(ui_text(translatable("Making the report...")), [this, model, units] {
+    const Report report = guarded([&] { return run_report(model, units, message()); });
     return [this, report] {
       if (!report.end.text.empty()) workspace_.tell(report.end.text);
       Q_EMIT report_ended(report.end, QString::fromStdString(report.text));

@@ -11,6 +11,7 @@
 
 #include "aluframe/run/check.h"
 #include "aluframe/run/document_checks.h"
+#include "apps/desktop/preferences.h"
 #include "apps/desktop/workspace.h"
 
 namespace aluframe::desktop {
@@ -38,7 +39,7 @@ class Runner : public QObject {
   /// Checks elements, none stands for all, and stores the results beside the model.
   void check(std::vector<model::Number> elements);
   /// Makes the calculation report of the checked elements as readable text.
-  void make_report();
+  void make_report(const ReportUnits& units);
   /// Writes the calculation document.
   void write_document(const std::filesystem::path& html, DocumentDetail detail);
 

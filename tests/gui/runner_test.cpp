@@ -130,7 +130,7 @@ TEST_F(RunnerTest, AFolderThatTakesNoFileIsTold) {
 TEST_F(RunnerTest, MakesTheReportInMemory) {
   runner.check({});
   wait();
-  runner.make_report();
+  runner.make_report({model::ForceUnit::newton, model::LengthUnit::millimetre});
   wait();
   EXPECT_EQ(end.kind, RunEnd::Kind::done) << end.text;
   EXPECT_NE(report.find("Aluminum Alloy Code Checking"), std::string::npos);

@@ -4,11 +4,7 @@
 //                                                    writes FOLDER/window-EXAMPLE-NAME.png
 
 #include <QApplication>
-#include <QPalette>
 #include <QScreen>
-#include <QStyleFactory>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThreadPool>
@@ -19,6 +15,7 @@
 #include "aluframe/texts/language.h"
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/main_window.h"
+#include "apps/desktop/preferences.h"
 
 namespace {
 
@@ -97,29 +94,6 @@ void make_picture(const Picture& picture, const std::filesystem::path& model, co
   }
 }
 
-void use_dark_theme() {
-  QPalette dark;
-  dark.setColor(QPalette::Window, QColor("#2b2d30"));
-  dark.setColor(QPalette::WindowText, QColor("#dfe1e5"));
-  dark.setColor(QPalette::Base, QColor("#1e1f22"));
-  dark.setColor(QPalette::AlternateBase, QColor("#26282b"));
-  dark.setColor(QPalette::Text, QColor("#dfe1e5"));
-  dark.setColor(QPalette::PlaceholderText, QColor("#8a8f98"));
-  dark.setColor(QPalette::Button, QColor("#36393d"));
-  dark.setColor(QPalette::ButtonText, QColor("#dfe1e5"));
-  dark.setColor(QPalette::ToolTipBase, QColor("#36393d"));
-  dark.setColor(QPalette::ToolTipText, QColor("#dfe1e5"));
-  dark.setColor(QPalette::Highlight, QColor("#2f65ca"));
-  dark.setColor(QPalette::HighlightedText, QColor("#ffffff"));
-  dark.setColor(QPalette::Mid, QColor("#4a4d52"));
-  for (const QPalette::ColorRole role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    dark.setColor(QPalette::Disabled, role, QColor("#73777f"));
-  }
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QApplication::setPalette(dark);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -129,7 +103,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   texts::use_language(texts::parse_language(argv[4]).value_or(texts::Language::english));
-  if (std::string_view(argv[5]) == "dark") use_dark_theme();
+  QCoreApplication::setOrganizationName(QStringLiteral("AluFrame pictures"));
+  if (std::string_view(argv[5]) == "dark") desktop::prefer_theme(desktop::Theme::dark);
   try {
     const QTemporaryDir folder;
     for (const Picture& one : pictures()) {
