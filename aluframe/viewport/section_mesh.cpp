@@ -103,8 +103,9 @@ std::vector<std::array<Corner, 3>> filled(const std::vector<std::vector<Corner>>
 }
 
 std::vector<std::vector<Corner>> rectangle_around(const model::GivenProperties& given) {
-  const auto [left, right] = std::ranges::minmax(given.point_y.value());
-  const auto [bottom, top] = std::ranges::minmax(given.point_z.value());
+  constexpr std::array<double, 4> none{};
+  const auto [left, right] = std::ranges::minmax(given.point_y.value_or(none));
+  const auto [bottom, top] = std::ranges::minmax(given.point_z.value_or(none));
   return {{{left, bottom}, {right, bottom}, {right, top}, {left, top}}};
 }
 

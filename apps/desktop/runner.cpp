@@ -68,6 +68,7 @@ RunEnd run_check(const fs::path& model, const std::vector<model::Number>& elemen
                  services::ProgressListener& progress,
                  const std::function<void(const std::string&)>& message) {
   std::vector<model::NumberRange> ranges;
+  ranges.reserve(elements.size());
   for (const model::Number element : elements) ranges.push_back({element, element});
   run::Selection selection;
   selection.elements = model::NumberRanges(std::move(ranges));

@@ -10,7 +10,7 @@ Workspace::~Workspace() = default;
 
 void Workspace::show_document(ModelDocument document) {
   const bool is_other = !document_ || document_->path() != document.path();
-  document_.emplace(std::move(document));
+  document_ = std::make_unique<ModelDocument>(std::move(document));
   if (is_other) {
     selection_.clear();
     hidden_.clear();

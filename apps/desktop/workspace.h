@@ -27,10 +27,10 @@ class Workspace : public QObject {
   ~Workspace() override;
 
   /// Null when no model is open.
-  const ModelDocument* document() const { return document_ ? &*document_ : nullptr; }
-  ModelDocument* document() { return document_ ? &*document_ : nullptr; }
+  const ModelDocument* document() const { return document_.get(); }
+  ModelDocument* document() { return document_.get(); }
   /// The open model with the changes that are not saved. There must be one.
-  const model::Model& model() const { return document_.value().model(); }
+  const model::Model& model() const { return document_->model(); }
   /// Puts a model in the place of the one that is open, and reads its results.
   void show_document(ModelDocument document);
   /// Tells everybody that the open model was changed, or saved.
@@ -80,7 +80,7 @@ class Workspace : public QObject {
  private:
   void keep_existing();
 
-  std::optional<ModelDocument> document_;
+  std::unique_ptr<ModelDocument> document_;
   std::optional<run::ShownResults> results_;
   std::string results_problem_;
   std::set<model::Number> selection_, hidden_;
