@@ -1,5 +1,6 @@
 // The desktop program on a screen: how long a large model takes to open, beside reading it alone,
-// and how often a second the frame is drawn while it turns.
+// how often a second the frame is drawn while it turns, and how long a check takes beside the
+// window.
 //
 //   xvfb-run -a bench_desktop MODEL
 
@@ -9,7 +10,9 @@
 #include <QMouseEvent>
 #include <iostream>
 
+#include "aluframe/run/check.h"
 #include "aluframe/run/input.h"
+#include "aluframe/run/results.h"
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/model_document.h"
@@ -73,6 +76,30 @@ void TurnSolid(benchmark::State& state) {
   turn(state, true);
 }
 BENCHMARK(TurnSolid)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The check of `aluframe check`, without a window.
+void CheckAlone(benchmark::State& state) {
+  for (auto _ : state) {
+    const auto prepared = run::prepare({.model = model_file()});
+    run::CheckOptions options;
+    options.results = run::result_path_of(model_file());
+    auto result = run::check(std::get<run::Input>(prepared), options);
+    benchmark::DoNotOptimize(result);
+  }
+}
+BENCHMARK(CheckAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The same beside the window, until its results are shown.
+void CheckInWindow(benchmark::State& state) {
+  desktop::MainWindow window;
+  window.open(model_file());
+  window.show();
+  for (auto _ : state) {
+    window.check(false);
+    while (window.runner().is_running()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+}
+BENCHMARK(CheckInWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 
