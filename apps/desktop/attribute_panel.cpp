@@ -104,10 +104,16 @@ class AttributeGroup : public QGroupBox {
     layout.addWidget(label, row, 0, Qt::AlignRight);
     Editor editor = field.choices.empty() ? number_editor(field) : choice_editor(field);
     editor.label = label;
-    editor.widget->setAccessibleName(title() + u' ' + label->text());
+    editor.widget->setAccessibleName(accessible_name(label->text()));
     label->setBuddy(editor.widget);
     layout.addWidget(editor.widget, row, 1);
     editors_.push_back(std::move(editor));
+  }
+
+  /// For a reader of the screen: a field without a name belongs to the one before it.
+  QString accessible_name(const QString& name) const {
+    if (!name.isEmpty()) return title() + u' ' + name;
+    return editors_.empty() ? title() : editors_.back().widget->accessibleName();
   }
 
   Editor choice_editor(const AttributeField& field) {

@@ -237,7 +237,9 @@ void MainWindow::show_recent() {
   recent_->clear();
   const QStringList files = QSettings().value(recent_key()).toStringList();
   for (const QString& file : files) {
-    recent_->addAction(file, this, [this, file] { open(file.toStdString()); });
+    QString name = file;
+    name.replace(u'&', QStringLiteral("&&"));
+    recent_->addAction(name, this, [this, file] { open(file.toStdString()); });
   }
   if (files.isEmpty()) recent_->addAction(ui_text(translatable("none")))->setEnabled(false);
 }

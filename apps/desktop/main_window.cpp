@@ -93,7 +93,11 @@ MainWindow::MainWindow()
   connect(&workspace_, &Workspace::edited, this, [this] { show_state(); });
   connect(&workspace_, &Workspace::document_changed, this, [this] { show_state(); });
   connect(&workspace_, &Workspace::results_changed, this, [this] { show_state(); });
-  connect(&workspace_, &Workspace::busy_changed, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::busy_changed, this, [this] {
+    show_state();
+    // What happened to the file during a run waited for its end.
+    if (!workspace_.is_busy()) QTimer::singleShot(0, this, [this] { file_changed(); });
+  });
   connect(&workspace_, &Workspace::selection_changed, this, [this] { show_selection(); });
   connect(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] {
     // Programs write a file in several steps.
@@ -247,18 +251,26 @@ void MainWindow::reload() {
 bool MainWindow::save() {
   ModelDocument* document = workspace_.document();
   if (document == nullptr) return true;
-  const auto problem = document->save();
+  const bool was_changed_outside = time_of(document->path()) != known_time_;
+  if (const auto problem = document->save()) {
+    show_problem(this, *problem);
+    return false;
+  }
   known_time_ = time_of(document->path());
   watch_file();
-  if (problem) show_problem(this, *problem);
   workspace_.refresh_results();
   workspace_.tell_edited();
-  return !problem;
+  // What the other program changed stays in the file and is to be seen here too.
+  if (was_changed_outside) reload();
+  return true;
 }
 
 bool MainWindow::save_as(const std::filesystem::path& path) {
   ModelDocument* document = workspace_.document();
+  // They are kept by the file's name.
+  autosave_.drop();
   if (const auto problem = document->save_as(path)) {
+    autosave_.keep();
     show_problem(this, *problem);
     return false;
   }
@@ -301,9 +313,17 @@ void MainWindow::open_settings(services::SettingsDialog dialog) {
   options.message_box = show_message_box;
   options.message = print_problem;
   workspace_.set_busy(true);
+  const model::Model before = workspace_.model();
   const auto end =
       services::run_settings_dialog(workspace_.document()->editable(), dialog, std::move(options));
   workspace_.set_busy(false);
+  EditedParts after = parts_changed(workspace_.model(), before);
+  if (!after.empty()) {
+    const char* text = dialog == services::SettingsDialog::code ? translatable("design settings")
+                                                                : translatable("materials");
+    undo_.push(new ModelEditCommand(workspace_, ui_text(text),
+                                    parts_changed(before, workspace_.model()), std::move(after)));
+  }
   if (end == services::DialogEnd::failed) {
     show_problem(this, ui_text(translatable("The dialog did not open.")).toStdString());
   }
@@ -369,8 +389,7 @@ void MainWindow::show_state() {
     const std::string over = texts::counted(results->told.over, translatable("{} element fails"),
                                             translatable("{} elements fail"));
     state_->setText(QString::fromStdString(
-        is_current ? over
-                   : texts::translated("{}, by results of another state of the model", over)));
+        is_current ? over : texts::translated("{}, by earlier results", over)));
   } else {
     state_->setText(ui_text(translatable("not checked yet")));
   }
@@ -393,7 +412,8 @@ void MainWindow::file_changed() {
   std::error_code ignored;
   if (!std::filesystem::exists(document->path(), ignored)) return;
   watch_file();
-  if (time_of(document->path()) == known_time_ || workspace_.is_busy()) return;
+  const auto time = time_of(document->path());
+  if (time == known_time_ || time == refused_time_ || workspace_.is_busy()) return;
   if (document->is_modified()) {
     is_asking_ = true;
     QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
@@ -405,9 +425,10 @@ void MainWindow::file_changed() {
     const bool wants = box.exec() == QMessageBox::Yes;
     is_asking_ = false;
     if (!wants) {
-      known_time_ = time_of(document->path());
+      refused_time_ = time;
       return;
     }
+    autosave_.drop();
   }
   workspace_.tell(
       texts::translated("{}: changed by another program, read again", document->path().string()));

@@ -115,6 +115,8 @@ class MainWindow : public QMainWindow {
   QPushButton* stop_ = nullptr;
   QFileSystemWatcher watcher_;
   std::filesystem::file_time_type known_time_;  ///< of the file as it was read or saved
+  std::filesystem::file_time_type
+      refused_time_;  ///< of the file that the user did not want to read
   bool is_asking_ = false;
 };
 

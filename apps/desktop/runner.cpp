@@ -177,9 +177,10 @@ Runner::Runner(Workspace& workspace) : workspace_(workspace) {}
 
 Runner::~Runner() {
   if (!thread_) return;
+  is_ending_ = true;
   cancel();
-  // A message box of the run waits for this thread.
-  while (!thread_->wait(10)) QCoreApplication::processEvents();
+  // A message box of the run waits for this thread, and the end of the run may come meanwhile.
+  while (thread_ && !thread_->wait(10)) QCoreApplication::processEvents();
 }
 
 void Runner::cancel() {
@@ -195,8 +196,6 @@ std::function<void(const std::string&)> Runner::message() {
 void Runner::start(const QString& text, Job job) {
   if (is_running() || workspace_.is_busy()) return;
   is_cancelled_ = false;
-  workspace_.set_busy(true);
-  Q_EMIT started(text);
   thread_.reset(QThread::create([this, job = std::move(job)] {
     const auto end = job();
     QMetaObject::invokeMethod(this, [this, end] { finish(end); }, Qt::QueuedConnection);
@@ -204,12 +203,15 @@ void Runner::start(const QString& text, Job job) {
   // Analysis of large frames goes deeper than a thread's usual stack.
   constexpr unsigned stack = 64U << 20U;
   thread_->setStackSize(stack);
+  workspace_.set_busy(true);
+  Q_EMIT started(text);
   thread_->start();
 }
 
 void Runner::finish(const std::function<void()>& end) {
   thread_->wait();
   thread_.reset();
+  if (is_ending_) return;
   workspace_.set_busy(false);
   end();
 }
@@ -232,6 +234,8 @@ void Runner::make_report(const ReportUnits& units) {
   start(ui_text(translatable("Making the report...")), [this, model, units] {
     const Report report = guarded([&] { return run_report(model, units, message()); });
     return [this, report] {
+      // It checks what has no results yet.
+      workspace_.refresh_results();
       if (!report.end.text.empty()) workspace_.tell(report.end.text);
       Q_EMIT report_ended(report.end, QString::fromStdString(report.text));
     };

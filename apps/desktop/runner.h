@@ -38,7 +38,8 @@ class Runner : public QObject {
 
   /// Checks elements, none stands for all, and stores the results beside the model.
   void check(std::vector<model::Number> elements);
-  /// Makes the calculation report of the checked elements as readable text.
+  /// Makes the calculation report as readable text. Elements without results are checked for it,
+  /// and theirs are stored.
   void make_report(const ReportUnits& units);
   /// Writes the calculation document.
   void write_document(const std::filesystem::path& html, DocumentDetail detail);
@@ -66,6 +67,7 @@ class Runner : public QObject {
   Workspace& workspace_;
   std::unique_ptr<QThread> thread_;
   std::atomic<bool> is_cancelled_ = false;
+  bool is_ending_ = false;  ///< nobody wants to hear of the run's end any more
 };
 
 }  // namespace aluframe::desktop

@@ -117,6 +117,17 @@ TEST_F(MainWindowTest, AChangeIsMarkedUntilItIsSaved) {
   EXPECT_EQ(model_of_file().design->safety_class, 1);
 }
 
+TEST_F(MainWindowTest, AChangeOfADialogCanBeUndone) {
+  window.open(file);
+  change_class();
+  EXPECT_EQ(window.document()->model().design->safety_class, 1);
+  entry("Undo design settings").trigger();
+  EXPECT_EQ(window.document()->model().design->safety_class, 2);
+  EXPECT_FALSE(window.isWindowModified());
+  entry("Redo design settings").trigger();
+  EXPECT_EQ(window.document()->model().design->safety_class, 1);
+}
+
 TEST_F(MainWindowTest, AChangeShowsInTheOverview) {
   window.open(file);
   change_class();

@@ -178,5 +178,24 @@ TEST_F(RunnerTest, WaitsForARunThatItIsDestroyedIn) {
   EXPECT_FALSE(std::filesystem::exists(results()));
 }
 
+// The end of the run is heard of while something else, as a box of a message, handles events.
+TEST_F(RunnerTest, MayBeDestroyedWhileItsRunEnds) {
+  constexpr unsigned long longer_than_the_run = 500;  // ms
+  QMetaObject::invokeMethod(
+      &workspace,
+      [] {
+        QThread::msleep(longer_than_the_run);
+        QCoreApplication::processEvents();
+      },
+      Qt::QueuedConnection);
+  bool was_told = false;
+  auto other = std::make_unique<desktop::Runner>(workspace);
+  QObject::connect(other.get(), &desktop::Runner::check_ended, &workspace,
+                   [&] { was_told = true; });
+  other->check({3});
+  other.reset();
+  EXPECT_FALSE(was_told);
+}
+
 }  // namespace
 }  // namespace gui_test
