@@ -69,7 +69,7 @@ Result<std::pair<bool, std::vector<BucklingSubject>>> chosen_subjects(
 }
 
 /// Kind of the remarks, and among the settings of a run that leaves buckling out.
-constexpr const char* remark_kind = "buckling";
+constexpr const char* remark_kind = texts::translatable("buckling");
 constexpr const char* setting_key = "buckling";
 
 template <class Wanted>
@@ -79,14 +79,12 @@ std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& ro
   return out;
 }
 
-/// "combination 3 buckles", "combinations 1-4, 7 buckle".
-std::string subject_verb(const std::vector<store::BucklingRow>& rows, const char* one,
-                         const char* many) {
+/// "1-4, 7"
+std::string combinations_of(const std::vector<store::BucklingRow>& rows) {
   std::vector<model::Number> numbers;
   for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
   std::ranges::sort(numbers);
-  const std::string list = model::join_as_ranges(numbers);
-  return fmt::format(fmt::runtime(numbers.size() > 1 ? many : one), list);
+  return model::join_as_ranges(numbers);
 }
 
 /// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
@@ -239,20 +237,22 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
   });
   if (!failing.empty()) {
     const store::BucklingRow& worst = *smallest_factor(failing);
+    const char* text = failing.size() == 1
+                           ? texts::translatable("combination {} buckles the frame: {}")
+                           : texts::translatable("combinations {} buckle the frame: {}");
     remarks.push_back(remark_of(
-        worst, fmt::format(texts::translatable("{} the frame: {}"),
-                           subject_verb(failing, texts::translatable("combination {} buckles"),
-                                        texts::translatable("combinations {} buckle")),
-                           factor_text(worst))));
+        worst, fmt::format(fmt::runtime(text), combinations_of(failing), factor_text(worst))));
   }
   if (!low.empty()) {
     const store::BucklingRow& worst = *smallest_factor(low);
-    remarks.push_back(remark_of(
-        worst, fmt::format(texts::translatable(
-                               "{} below the limit of {} for the buckling load factor: {}; {}"),
-                           subject_verb(low, texts::translatable("combination {} lies"),
-                                        texts::translatable("combinations {} lie")),
-                           limit, factor_text(worst), remedy_of(model.analysis))));
+    const char* text =
+        low.size() == 1
+            ? texts::translatable(
+                  "combination {} lies below the limit of {} for the buckling load factor: {}; {}")
+            : texts::translatable(
+                  "combinations {} lie below the limit of {} for the buckling load factor: {}; {}");
+    remarks.push_back(remark_of(worst, fmt::format(fmt::runtime(text), combinations_of(low), limit,
+                                                   factor_text(worst), remedy_of(model.analysis))));
   }
   return remarks;
 }

@@ -16,7 +16,7 @@ namespace {
 using members::LengthFactor;
 using members::SegmentFactors;
 
-constexpr const char* remark_kind = "length";
+constexpr const char* remark_kind = texts::translatable("length");
 
 /// A factor among those of a segment, and its name.
 struct NamedFactor {
