@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 #include "aluframe/model/number_ranges.h"
@@ -82,15 +83,21 @@ std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& ro
 /// "1-4, 7"
 std::string combinations_of(const std::vector<store::BucklingRow>& rows) {
   std::vector<model::Number> numbers;
+  numbers.reserve(rows.size());
   for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
   std::ranges::sort(numbers);
   return model::join_as_ranges(numbers);
 }
 
+/// Infinite where none is known.
+double factor_or_infinite(const store::BucklingRow& row) {
+  return row.factor.value_or(std::numeric_limits<double>::infinity());
+}
+
 /// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
 std::string factor_text(const store::BucklingRow& row) {
   return fmt::format(texts::translatable("{:.3g} times the loads of combination {} ({})"),
-                     *row.factor, row.combination, row.shape);
+                     factor_or_infinite(row), row.combination, row.shape);
 }
 
 /// A remark with the elements that buckle.
@@ -199,6 +206,7 @@ RunBuckling buckling_of_run(const Input& input, const GoesOn& goes_on) {
 std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors,
                                               const model::Model& model) {
   std::vector<store::BucklingRow> rows;
+  rows.reserve(factors.size());
   for (const BucklingFactor& factor : factors) {
     rows.push_back({.combination = factor.subject,
                     .name = model.combinations.find(factor.subject)->name,
@@ -218,13 +226,15 @@ double buckling_limit(const model::Model& model) {
 const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>& rows) {
   const store::BucklingRow* smallest = nullptr;
   for (const store::BucklingRow& row : rows) {
-    if (row.factor && (smallest == nullptr || *row.factor < *smallest->factor)) smallest = &row;
+    if (!row.factor) continue;
+    if (smallest == nullptr || factor_or_infinite(row) < factor_or_infinite(*smallest))
+      smallest = &row;
   }
   return smallest;
 }
 
 bool buckles(const store::BucklingRow& row) {
-  return row.factor && *row.factor < 1.0;
+  return factor_or_infinite(row) < 1.0;
 }
 
 std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
@@ -233,7 +243,7 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
   std::vector<store::RemarkRow> remarks;
   const auto failing = chosen(rows, buckles);
   const auto low = chosen(rows, [&](const store::BucklingRow& row) {
-    return row.factor && !buckles(row) && *row.factor < limit;
+    return !buckles(row) && factor_or_infinite(row) < limit;
   });
   if (!failing.empty()) {
     const store::BucklingRow& worst = *smallest_factor(failing);
