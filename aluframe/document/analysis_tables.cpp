@@ -22,11 +22,11 @@ std::string subject_heading(const run::Analysis& analysis) {
                                   : texts::translated("Load case");
 }
 
-std::string subject_label(const run::DocumentContent& content, std::size_t subject) {
-  const model::Model& model = content.input.model;
-  const model::Number number = content.analysis->subjects[subject];
-  return with_name(number, content.analysis->of_combinations ? model.combinations.find(number)->name
-                                                             : model.load_cases.find(number)->name);
+std::string subject_label(const model::Model& model, const run::Analysis& analysis,
+                          std::size_t subject) {
+  const model::Number number = analysis.subjects[subject];
+  return with_name(number, analysis.of_combinations ? model.combinations.find(number)->name
+                                                    : model.load_cases.find(number)->name);
 }
 
 double distance_of(const analysis::Vector6& displacement) {
@@ -64,12 +64,12 @@ std::array<double, 3> sum_of(const std::vector<analysis::Reaction>& reactions) {
   return sum;
 }
 
-std::vector<Cell> equilibrium_cells(const run::DocumentContent& content, std::size_t subject) {
-  const model::Model& model = content.input.model;
+std::vector<Cell> equilibrium_cells(const model::Model& model, const run::Analysis& analysis,
+                                    std::size_t subject) {
   const Scale scale(model.units);
-  const analysis::CaseResult& result = content.analysis->answers[subject].result;
+  const analysis::CaseResult& result = analysis.answers[subject].result;
   const std::size_t node = largest_of(result);
-  std::vector<Cell> cells{{subject_label(content, subject)},
+  std::vector<Cell> cells{{subject_label(model, analysis, subject)},
                           {fixed(distance_of(result.displacements[node]), decimals)},
                           {fmt::format("{}", model.nodes[node].number)}};
   for (const double sum : sum_of(result.reactions)) {
@@ -81,10 +81,8 @@ std::vector<Cell> equilibrium_cells(const run::DocumentContent& content, std::si
   return cells;
 }
 
-bool write_none(HtmlWriter& html, const run::DocumentContent& content) {
-  if (content.analysis) return false;
+void write_none(HtmlWriter& html, const run::DocumentContent& content) {
   html.leaf("p", texts::translated("Not known: {}.", content.no_analysis));
-  return true;
 }
 
 std::string envelopes_text(const run::Analysis& analysis) {
@@ -97,7 +95,7 @@ std::string envelopes_text(const run::Analysis& analysis) {
 }  // namespace
 
 void write_equilibrium(HtmlWriter& html, const run::DocumentContent& content) {
-  if (write_none(html, content)) return;
+  if (!content.analysis) return write_none(html, content);
   const Scale scale(content.input.model.units);
   const run::Analysis& analysis = *content.analysis;
   html.leaf("p", analysis.second_order
@@ -117,7 +115,7 @@ void write_equilibrium(HtmlWriter& html, const run::DocumentContent& content) {
                {texts::translated("Force error")}},
               [&](TableRows& rows) {
                 for (std::size_t s = 0; s < analysis.subjects.size(); ++s) {
-                  rows.add(equilibrium_cells(content, s));
+                  rows.add(equilibrium_cells(content.input.model, analysis, s));
                 }
               });
   html.leaf("p", texts::translated(
@@ -126,32 +124,33 @@ void write_equilibrium(HtmlWriter& html, const run::DocumentContent& content) {
 }
 
 void write_displacements(HtmlWriter& html, const run::DocumentContent& content) {
-  if (write_none(html, content)) return;
+  if (!content.analysis) return write_none(html, content);
   const run::Analysis& analysis = *content.analysis;
-  write_table(html, texts::translated("Largest displacement of each node"),
-              {{texts::translated("Node")},
-               {in_unit("DX", "mm")},
-               {in_unit("DY", "mm")},
-               {in_unit("DZ", "mm")},
-               {in_unit(texts::translated("Displacement"), "mm")},
-               {subject_heading(analysis), Align::left}},
-              [&](TableRows& rows) {
-                const auto& nodes = content.input.model.nodes;
-                for (std::size_t node = 0; node < nodes.size(); ++node) {
-                  const std::size_t s = largest_of(analysis, node);
-                  const auto& d = analysis.answers[s].result.displacements[node];
-                  rows.add({{fmt::format("{}", nodes[node].number)},
-                            {fixed(d[0], decimals)},
-                            {fixed(d[1], decimals)},
-                            {fixed(d[2], decimals)},
-                            {fixed(distance_of(d), decimals)},
-                            {distance_of(d) > 0.0 ? subject_label(content, s) : ""}});
-                }
-              });
+  write_table(
+      html, texts::translated("Largest displacement of each node"),
+      {{texts::translated("Node")},
+       {in_unit("DX", "mm")},
+       {in_unit("DY", "mm")},
+       {in_unit("DZ", "mm")},
+       {in_unit(texts::translated("Displacement"), "mm")},
+       {subject_heading(analysis), Align::left}},
+      [&](TableRows& rows) {
+        const auto& nodes = content.input.model.nodes;
+        for (std::size_t node = 0; node < nodes.size(); ++node) {
+          const std::size_t s = largest_of(analysis, node);
+          const auto& d = analysis.answers[s].result.displacements[node];
+          rows.add({{fmt::format("{}", nodes[node].number)},
+                    {fixed(d[0], decimals)},
+                    {fixed(d[1], decimals)},
+                    {fixed(d[2], decimals)},
+                    {fixed(distance_of(d), decimals)},
+                    {distance_of(d) > 0.0 ? subject_label(content.input.model, analysis, s) : ""}});
+        }
+      });
 }
 
 void write_reactions(HtmlWriter& html, const run::DocumentContent& content) {
-  if (write_none(html, content)) return;
+  if (!content.analysis) return write_none(html, content);
   const Scale scale(content.input.model.units);
   const run::Analysis& analysis = *content.analysis;
   const model::Model& model = content.input.model;
@@ -168,7 +167,7 @@ void write_reactions(HtmlWriter& html, const run::DocumentContent& content) {
                 for (std::size_t s = 0; s < analysis.subjects.size(); ++s) {
                   for (const auto& reaction : analysis.answers[s].result.reactions) {
                     std::vector<Cell> cells{{fmt::format("{}", model.nodes[reaction.node].number)},
-                                            {subject_label(content, s)}};
+                                            {subject_label(model, analysis, s)}};
                     for (std::size_t i = 0; i < components.size(); ++i) {
                       const double unit = is_force(i) ? scale.force : scale.moment();
                       cells.push_back({fixed(reaction.value[i] / unit, decimals)});

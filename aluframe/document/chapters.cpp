@@ -42,13 +42,15 @@ void write_contents(HtmlWriter& html, const std::vector<Chapter>& chapters) {
   });
 }
 
-void write_chapters(HtmlWriter& html, const std::vector<Chapter>& chapters) {
+void write_chapters(HtmlWriter& html, const std::vector<Chapter>& chapters,
+                    const std::function<void()>& before_section) {
   for (std::size_t c = 0; c < chapters.size(); ++c) {
     const Chapter& chapter = chapters[c];
     html.element("section", {{"class", "chapter"}, {"aria-labelledby", chapter.id}}, [&] {
       html.leaf("h2", {{"id", chapter.id}}, numbered(c, chapter.title));
       for (std::size_t s = 0; s < chapter.sections.size(); ++s) {
         const Section& section = chapter.sections[s];
+        before_section();
         html.element("section", {{"aria-labelledby", section.id}}, [&] {
           html.leaf("h3", {{"id", section.id}}, numbered(c, s, section.title));
           section.write();

@@ -24,6 +24,8 @@ struct Chapter {
 void write_contents(HtmlWriter& html, const std::vector<Chapter>& chapters);
 
 /// The chapters themselves, each on a new page of a print.
-void write_chapters(HtmlWriter& html, const std::vector<Chapter>& chapters);
+/// @param before_section called before each section; what it throws ends the document
+void write_chapters(HtmlWriter& html, const std::vector<Chapter>& chapters,
+                    const std::function<void()>& before_section);
 
 }  // namespace aluframe::document

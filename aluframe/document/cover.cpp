@@ -112,12 +112,11 @@ std::string buckling_text(const store::BucklingRow& smallest) {
                                  factor, combination);
 }
 
-/// @param safe with a worst ratio
-std::string safe_text(const run::SafeSummary& safe) {
+std::string safe_text(const run::SafeSummary& safe, const store::SafeRow& worst) {
   return texts::translated(
       "The largest safe ratio of the second opinion is {}, in element {}; it exceeds 1 in {}, in "
       "{} of which no check says so.",
-      tables::short_number(safe.worst->safe), safe.worst->element,
+      tables::short_number(worst.safe), worst.element,
       texts::counted(safe.over, texts::translatable("{} element"),
                      texts::translatable("{} elements")),
       safe.unsaid);
@@ -130,7 +129,7 @@ std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   if (content.told.second_opinion == run::SecondOpinion::off) {
     out.push_back(texts::translated("The check was made without a second opinion."));
   } else if (content.told.safe && content.told.safe->worst) {
-    out.push_back(safe_text(*content.told.safe));
+    out.push_back(safe_text(*content.told.safe, *content.told.safe->worst));
   }
   const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
   if (smallest != nullptr) out.push_back(buckling_text(*smallest));

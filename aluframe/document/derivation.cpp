@@ -53,8 +53,8 @@ std::size_t room_at(int depth) {
   return static_cast<std::size_t>(std::max(whole - 3 * depth / 2, least));
 }
 
-std::string formula_side(const Step& step, std::size_t room) {
-  return symbol_markup(step.info.symbol) + equals() + formula_markup(*step.formula, room);
+std::string formula_side(const Step& step, const explain::Term& formula, std::size_t room) {
+  return symbol_markup(step.info.symbol) + equals() + formula_markup(formula, room);
 }
 
 void write_math(HtmlWriter& html, const Attributes& attributes, const std::string& markup) {
@@ -75,7 +75,7 @@ void write_calculation(HtmlWriter& html, const Step& step, const explain::Number
                        std::size_t room) {
   if (!step.formula) return write_result(html, symbol_markup(step.info.symbol), step, line.result);
   const std::string symbols = explain::formula(*step.formula);
-  write_math(html, {}, formula_side(step, room));
+  write_math(html, {}, formula_side(step, *step.formula, room));
   const bool is_alone = step.formula->operation() == explain::Operation::symbol;
   if (!is_alone && line.numbers != symbols) {
     write_math(html, {{"class", "numbers"}, {"alttext", line.numbers}},

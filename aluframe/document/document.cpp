@@ -32,7 +32,7 @@ void write_head(HtmlWriter& html, const run::DocumentContent& content) {
 }  // namespace
 
 void write_document(std::ostream& out, const run::DocumentContent& content,
-                    const Derivations& derivations) {
+                    const Derivations& derivations, const std::function<void()>& before_section) {
   HtmlWriter html(out);
   const bool is_chinese = texts::language_in_use() == texts::Language::chinese;
   html.markup("<!DOCTYPE html>\n");
@@ -44,7 +44,7 @@ void write_document(std::ostream& out, const run::DocumentContent& content,
       if (derivations) chapters.push_back(derivations_chapter(html, derivations));
       write_cover(html, content);
       write_contents(html, chapters);
-      html.element("main", [&] { write_chapters(html, chapters); });
+      html.element("main", [&] { write_chapters(html, chapters, before_section); });
     });
   });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string_view>
 
@@ -16,8 +17,9 @@ inline constexpr std::string_view generator = "AluFrame calculation document";
 /// the screen and printed on A4, in the language in use. The same content gives the same bytes.
 /// @param out whether all arrived it tells
 /// @param derivations of checks, the last chapter; null: without it
-/// @throws what `derivations` throws
+/// @param before_section called before each section of a chapter; what it throws ends the document
+/// @throws what `derivations` and `before_section` throw
 void write_document(std::ostream& out, const run::DocumentContent& content,
-                    const Derivations& derivations = nullptr);
+                    const Derivations& derivations, const std::function<void()>& before_section);
 
 }  // namespace aluframe::document

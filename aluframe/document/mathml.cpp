@@ -49,7 +49,7 @@ Part number_part(const std::string& number) {
   return {number_markup(number), bond, number.size() + (has_exponent ? 2 : 0)};
 }
 
-Part bracketed(Part part, bool is_needed) {
+Part bracketed(const Part& part, bool is_needed) {
   if (!is_needed) return part;
   return {row(sign("(") + part.markup + sign(")")), Bond::whole, part.width + 2};
 }
@@ -145,7 +145,7 @@ class Typesetter {
     const std::size_t width = inner.width;
     switch (term.operation()) {
       case Operation::power:
-        inner = bracketed(std::move(inner), inner.bond != Bond::whole || is_fraction(term));
+        inner = bracketed(inner, inner.bond != Bond::whole || is_fraction(term));
         return {raised(inner.markup, std::to_string(term.exponent())), Bond::power, width + 1};
       case Operation::root:
         return {"<msqrt>" + row(inner.markup) + "</msqrt>", Bond::whole, width + 2};
@@ -174,8 +174,8 @@ class Typesetter {
     Part b = typeset(term.operands()[1]);
     switch (term.operation()) {
       case Operation::product:
-        a = bracketed(std::move(a), a.bond == Bond::sum);
-        b = bracketed(std::move(b), b.bond <= Bond::sign);
+        a = bracketed(a, a.bond == Bond::sum);
+        b = bracketed(b, b.bond <= Bond::sign);
         return product(a, b);
       case Operation::quotient:
         return {"<mfrac>" + one(a) + one(b) + "</mfrac>", Bond::whole,

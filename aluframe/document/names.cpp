@@ -72,8 +72,7 @@ std::string with_name(model::Number number, const std::string& name) {
 std::string combination_label(const store::RunInfo& info, std::uint32_t number, int min_side) {
   const std::uint32_t shown = tables::number_of_combination(info, number);
   const std::string name = tables::name_of_combination(info, number);
-  const std::string label =
-      shown != number ? fmt::format("{} {}", shown, name) : with_name(number, name);
+  std::string label = shown != number ? fmt::format("{} {}", shown, name) : with_name(number, name);
   const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
   if (found == info.combinations.end() || !found->two_sides) return label;
   return min_side == 0 ? texts::translated("{}, maximum side", label)

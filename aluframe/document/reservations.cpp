@@ -97,7 +97,7 @@ void write_remarks(HtmlWriter& html, const run::DocumentContent& content) {
                 for (const store::RemarkRow& remark : content.told.remarks) {
                   std::optional<std::uint32_t> combination;
                   if (remark.combination) combination = of_model(content, *remark.combination);
-                  rows.add({{remark.kind},
+                  rows.add({{std::string(texts::translation_of(remark.kind))},
                             {remark.elements},
                             {texts::sentence_in_words(remark.text)},
                             ratio_cell(remark.ratio),

@@ -84,7 +84,7 @@ std::string symbol_markup(std::string_view symbol) {
   const bool has_prime = symbol.ends_with('\'');
   if (has_prime) symbol.remove_suffix(1);
   const Parts parts = parts_of(symbol);
-  const std::string base = base_markup(parts.base);
+  std::string base = base_markup(parts.base);
   if (has_prime) {
     return fmt::format("<msubsup>{}{}<mo>′</mo></msubsup>", base, token(parts.subscript));
   }

@@ -66,10 +66,14 @@ analysis::Problem with_buckling_factor(analysis::Problem problem, const analysis
   const auto* result = std::get_if<analysis::BucklingResult>(&found);
   if (result == nullptr || result->modes.empty()) return problem;
   const analysis::BucklingMode& mode = result->modes.front();
-  problem.text += fmt::format(
-      texts::translatable("; by forces of first order the factor of these loads is {:.3g}"),
-      mode.factor);
-  if (problem.text.find(mode.text) == std::string::npos) problem.text += ": " + mode.text;
+  problem.text +=
+      problem.text.find(mode.text) != std::string::npos
+          ? fmt::format(texts::translatable(
+                            "; by forces of first order the factor of these loads is {:.3g}"),
+                        mode.factor)
+          : fmt::format(texts::translatable(
+                            "; by forces of first order the factor of these loads is {:.3g}: {}"),
+                        mode.factor, mode.text);
   return problem;
 }
 

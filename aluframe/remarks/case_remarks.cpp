@@ -77,7 +77,7 @@ std::optional<Remark> unused_cases(Subject& subject) {
   if (unused.empty()) return std::nullopt;
   std::ranges::sort(unused);
   Remark remark;
-  remark.rule = "cases";
+  remark.rule = texts::translatable("cases");
   const std::string cases = model::join_as_ranges(unused, most_ranges);
   remark.text =
       unused.size() == 1

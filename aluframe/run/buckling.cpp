@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 #include "aluframe/model/number_ranges.h"
@@ -69,7 +70,7 @@ Result<std::pair<bool, std::vector<BucklingSubject>>> chosen_subjects(
 }
 
 /// Kind of the remarks, and among the settings of a run that leaves buckling out.
-constexpr const char* remark_kind = "buckling";
+constexpr const char* remark_kind = texts::translatable("buckling");
 constexpr const char* setting_key = "buckling";
 
 template <class Wanted>
@@ -79,20 +80,24 @@ std::vector<store::BucklingRow> chosen(const std::vector<store::BucklingRow>& ro
   return out;
 }
 
-/// "combination 3 buckles", "combinations 1-4, 7 buckle".
-std::string subject_verb(const std::vector<store::BucklingRow>& rows, const char* one,
-                         const char* many) {
+/// "1-4, 7"
+std::string combinations_of(const std::vector<store::BucklingRow>& rows) {
   std::vector<model::Number> numbers;
+  numbers.reserve(rows.size());
   for (const store::BucklingRow& row : rows) numbers.push_back(row.combination);
   std::ranges::sort(numbers);
-  const std::string list = model::join_as_ranges(numbers);
-  return fmt::format(fmt::runtime(numbers.size() > 1 ? many : one), list);
+  return model::join_as_ranges(numbers);
+}
+
+/// Infinite where none is known.
+double factor_or_infinite(const store::BucklingRow& row) {
+  return row.factor.value_or(std::numeric_limits<double>::infinity());
 }
 
 /// "0.834 times the loads of combination 3 (nodes 2-3 move along X)"
 std::string factor_text(const store::BucklingRow& row) {
   return fmt::format(texts::translatable("{:.3g} times the loads of combination {} ({})"),
-                     *row.factor, row.combination, row.shape);
+                     factor_or_infinite(row), row.combination, row.shape);
 }
 
 /// A remark with the elements that buckle.
@@ -201,6 +206,7 @@ RunBuckling buckling_of_run(const Input& input, const GoesOn& goes_on) {
 std::vector<store::BucklingRow> buckling_rows(const std::vector<BucklingFactor>& factors,
                                               const model::Model& model) {
   std::vector<store::BucklingRow> rows;
+  rows.reserve(factors.size());
   for (const BucklingFactor& factor : factors) {
     rows.push_back({.combination = factor.subject,
                     .name = model.combinations.find(factor.subject)->name,
@@ -220,13 +226,15 @@ double buckling_limit(const model::Model& model) {
 const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>& rows) {
   const store::BucklingRow* smallest = nullptr;
   for (const store::BucklingRow& row : rows) {
-    if (row.factor && (smallest == nullptr || *row.factor < *smallest->factor)) smallest = &row;
+    if (!row.factor) continue;
+    if (smallest == nullptr || factor_or_infinite(row) < factor_or_infinite(*smallest))
+      smallest = &row;
   }
   return smallest;
 }
 
 bool buckles(const store::BucklingRow& row) {
-  return row.factor && *row.factor < 1.0;
+  return factor_or_infinite(row) < 1.0;
 }
 
 std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
@@ -235,24 +243,26 @@ std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::Buckling
   std::vector<store::RemarkRow> remarks;
   const auto failing = chosen(rows, buckles);
   const auto low = chosen(rows, [&](const store::BucklingRow& row) {
-    return row.factor && !buckles(row) && *row.factor < limit;
+    return !buckles(row) && factor_or_infinite(row) < limit;
   });
   if (!failing.empty()) {
     const store::BucklingRow& worst = *smallest_factor(failing);
+    const char* text = failing.size() == 1
+                           ? texts::translatable("combination {} buckles the frame: {}")
+                           : texts::translatable("combinations {} buckle the frame: {}");
     remarks.push_back(remark_of(
-        worst, fmt::format(texts::translatable("{} the frame: {}"),
-                           subject_verb(failing, texts::translatable("combination {} buckles"),
-                                        texts::translatable("combinations {} buckle")),
-                           factor_text(worst))));
+        worst, fmt::format(fmt::runtime(text), combinations_of(failing), factor_text(worst))));
   }
   if (!low.empty()) {
     const store::BucklingRow& worst = *smallest_factor(low);
-    remarks.push_back(remark_of(
-        worst, fmt::format(texts::translatable(
-                               "{} below the limit of {} for the buckling load factor: {}; {}"),
-                           subject_verb(low, texts::translatable("combination {} lies"),
-                                        texts::translatable("combinations {} lie")),
-                           limit, factor_text(worst), remedy_of(model.analysis))));
+    const char* text =
+        low.size() == 1
+            ? texts::translatable(
+                  "combination {} lies below the limit of {} for the buckling load factor: {}; {}")
+            : texts::translatable(
+                  "combinations {} lie below the limit of {} for the buckling load factor: {}; {}");
+    remarks.push_back(remark_of(worst, fmt::format(fmt::runtime(text), combinations_of(low), limit,
+                                                   factor_text(worst), remedy_of(model.analysis))));
   }
   return remarks;
 }

@@ -117,8 +117,8 @@ analysis::Result<std::vector<SubjectMode>> smallest_modes(forces::FrameBuckling&
     if (auto* problem = std::get_if<analysis::Problem>(&found)) return std::move(*problem);
     auto& result = std::get<analysis::BucklingResult>(found);
     for (analysis::BucklingMode& mode : result.modes) {
-      all.insert(std::ranges::upper_bound(all, mode.factor, {}, factor),
-                 {std::move(mode), result.compression});
+      const auto place = std::ranges::upper_bound(all, mode.factor, {}, factor);
+      all.insert(place, {std::move(mode), result.compression});
     }
   }
   if (all.size() > static_cast<std::size_t>(count)) all.resize(static_cast<std::size_t>(count));

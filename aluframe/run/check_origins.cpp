@@ -114,7 +114,7 @@ bool CheckOrigins::has_member(model::Number element) const {
 std::string CheckOrigins::member_text(const std::vector<model::Number>& elements) const {
   const members::SegmentFactors* first = factors_of(elements.front());
   const std::string numbers = model::join_as_ranges(elements);
-  if (!has_member(elements.front())) {
+  if (first == nullptr || !first->member) {
     return elements.size() == 1
                ? fmt::format(translatable("element {}, which belongs to no member"), numbers)
                : fmt::format(translatable("elements {}, which belong to no member"), numbers);

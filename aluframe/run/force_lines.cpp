@@ -212,6 +212,7 @@ Result<ForceLines> force_lines_of_combination(Input input, model::Number combina
 std::array<std::vector<picture::ForceLine>, 6> force_lines_along(
     const Input& input, model::Number combination, const std::vector<model::Number>& elements) {
   std::vector<std::size_t> places;
+  places.reserve(elements.size());
   for (const model::Number number : elements) {
     places.push_back(input.model.elements.position(number));
   }

@@ -72,20 +72,22 @@ FrameModes modes_of(const Input& input, const std::vector<BucklingSubject>& subj
   std::optional<analysis::Result<forces::FrameBuckling>> made;
   if (std::ranges::any_of(subjects, has_sets)) made.emplace(forces::FrameBuckling::of(input.model));
   const auto* problem = made ? std::get_if<analysis::Problem>(&*made) : nullptr;
+  auto* buckling = made ? std::get_if<forces::FrameBuckling>(&*made) : nullptr;
   FrameModes out;
   for (const BucklingSubject& subject : subjects) {
     if (!goes_on(static_cast<int>(out.factors.size()), static_cast<int>(subjects.size()))) break;
-    if (!has_sets(subject) || problem != nullptr) {
+    if (buckling != nullptr && has_sets(subject)) {
+      add_modes(input, *buckling, subject, out);
+    } else {
+      const bool is_problem = problem != nullptr && has_sets(subject);
       out.factors.push_back({.subject = subject.number,
                              .factor = std::nullopt,
-                             .unknown = has_sets(subject) ? problem->text : subject.unknown});
-    } else {
-      add_modes(input, std::get<forces::FrameBuckling>(*made), subject, out);
+                             .unknown = is_problem ? problem->text : subject.unknown});
     }
   }
   const model::FrameSettings frame = input.model.frame.value_or(model::FrameSettings{});
-  if (made && problem == nullptr && frame.length_factors == model::LengthFactors::buckling) {
-    add_modes_of_governing(std::get<forces::FrameBuckling>(*made), subjects, out);
+  if (buckling != nullptr && frame.length_factors == model::LengthFactors::buckling) {
+    add_modes_of_governing(*buckling, subjects, out);
   }
   return out;
 }

@@ -16,21 +16,26 @@ namespace {
 using members::LengthFactor;
 using members::SegmentFactors;
 
-constexpr const char* remark_kind = "length";
+constexpr const char* remark_kind = texts::translatable("length");
 
 /// A factor among those of a segment, and its name.
 struct NamedFactor {
   const SegmentFactors* of = nullptr;
   const LengthFactor* factor = nullptr;
   const char* name = "";
+  const members::ModeLength* mode = nullptr;  ///< null: no mode tells of it
 };
+
+NamedFactor with_name(const SegmentFactors& of, const LengthFactor& factor, const char* name) {
+  return {&of, &factor, name, factor.mode ? &*factor.mode : nullptr};
+}
 
 template <class Wanted>
 std::vector<NamedFactor> chosen(const std::vector<SegmentFactors>& factors, Wanted wanted) {
   std::vector<NamedFactor> found;
   for (const SegmentFactors& of : factors) {
-    if (wanted(of.y)) found.push_back({&of, &of.y, "Ky"});
-    if (wanted(of.z)) found.push_back({&of, &of.z, "Kz"});
+    if (wanted(of.y)) found.push_back(with_name(of, of.y, "Ky"));
+    if (wanted(of.z)) found.push_back(with_name(of, of.z, "Kz"));
   }
   return found;
 }
@@ -60,8 +65,8 @@ store::RemarkRow row_of(const std::vector<NamedFactor>& concerned, const NamedFa
   return row;
 }
 
-double shortfall(const NamedFactor& named) {
-  return named.factor->mode->k / named.factor->k;
+double shortfall(const NamedFactor& below) {
+  return below.mode->k / below.factor->k;
 }
 
 void add_below_modes(const std::vector<SegmentFactors>& factors,
@@ -69,7 +74,7 @@ void add_below_modes(const std::vector<SegmentFactors>& factors,
   const auto below = chosen(factors, members::is_below_mode);
   if (below.empty()) return;
   const NamedFactor& worst = *std::ranges::max_element(below, {}, shortfall);
-  const members::ModeLength& mode = *worst.factor->mode;
+  const members::ModeLength& mode = *worst.mode;
   const bool is_truss = worst.factor->source == members::FactorSource::truss;
   rows.push_back(row_of(
       below, worst,

@@ -31,6 +31,7 @@ void OpinionNotes::take_up(const store::ElementNotes& notes) {
   if (notes.safe) safe_rows_.push_back(*notes.safe);
   std::ranges::copy_if(notes.not_checked, std::back_inserter(between_), store::is_between);
   std::vector<second_opinion::Unchecked> kinds;
+  kinds.reserve(notes.unchecked.size());
   for (const store::UncheckedRow& row : notes.unchecked) {
     kinds.push_back(unchecked_of(notes.element, row));
   }

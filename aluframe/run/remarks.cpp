@@ -46,7 +46,7 @@ void add_of_axes(const model::Model& model, std::vector<store::RemarkRow>& rows)
   if (found.empty()) return;
   Numbers elements;
   for (const members::AxesRemark& remark : found) elements.insert(remark.element);
-  store::RemarkRow row = row_of("axes", elements, found.front().text);
+  store::RemarkRow row = row_of(texts::translatable("axes"), elements, found.front().text);
   if (found.size() > 1) {
     row.text = fmt::format(texts::translatable("of element {} {}; the others likewise"),
                            found.front().element, found.front().text);
@@ -100,8 +100,8 @@ void add_of_growth(const Input& input, std::vector<store::RemarkRow>& rows) {
       numbers.size() == 1 ? name
                           : fmt::format(texts::translatable("combinations {}"),
                                         model::join_as_ranges({numbers.begin(), numbers.end()}));
-  store::RemarkRow row =
-      row_of("displacements", {}, growth_remark(all, name, worst.share, worst.moves));
+  store::RemarkRow row = row_of(texts::translatable("displacements"), {},
+                                growth_remark(all, name, worst.share, worst.moves));
   row.combination = number_of(worst);
   rows.push_back(std::move(row));
 }

@@ -54,7 +54,7 @@ std::string force_place_text(const second_opinion::Place& place, const model::Mo
                              place.element, *combination->state_of, place.combination)
                : fmt::format(texts::translatable("element {}, combination {}"), place.element,
                              place.combination);
-  return is_between(place)
+  return place.fraction && is_between(place)
              ? of + fmt::format(texts::translatable(", {:.3g} of the length"), *place.fraction)
              : of;
 }

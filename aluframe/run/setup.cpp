@@ -17,7 +17,6 @@ namespace aluframe::run {
 namespace {
 
 using store::SettingRow;
-using texts::translatable;
 
 /// γ0 of the safety classes (GB 50429-2007, as GB 50068 has it).
 constexpr std::array<double, 3> gamma_0{1.1, 1.0, 0.9};

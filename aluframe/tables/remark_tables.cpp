@@ -39,7 +39,7 @@ OutputTable remarks_table(const std::vector<store::RemarkRow>& remarks) {
     return value ? Cell(static_cast<std::int64_t>(*value)) : Cell();
   };
   for (const store::RemarkRow& row : remarks) {
-    table.rows.push_back({row.kind, row.elements, Phrase{row.text},
+    table.rows.push_back({Phrase{row.kind}, row.elements, Phrase{row.text},
                           row.ratio ? Cell(*row.ratio) : Cell(), whole(row.element),
                           whole(row.combination)});
   }

@@ -165,8 +165,9 @@ std::string remarks_text(const std::vector<store::RemarkRow>& remarks, Lists lis
   for (const store::RemarkRow& remark : remarks) {
     if (is_told_as_not_checked(remark)) continue;
     const std::string text = texts::sentence_in_words(remark.text);
-    out += remark.elements.empty() ? texts::translated("    {}: {}", remark.kind, text)
-                                   : texts::translated("    {}, element {}: {}", remark.kind,
+    const std::string_view kind = texts::translation_of(remark.kind);
+    out += remark.elements.empty() ? texts::translated("    {}: {}", kind, text)
+                                   : texts::translated("    {}, element {}: {}", kind,
                                                        shown_list(remark.elements, lists), text);
     if (remark.ratio) out += texts::translated("; {}", second_opinion_text(remark));
     out += "\n";

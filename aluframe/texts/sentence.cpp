@@ -167,23 +167,33 @@ const std::vector<Template>& chinese_templates() {
 
 std::string in_words(std::string_view sentence, Language language);
 
-/// By the text of the catalogue that says most and takes what stands in the sentence.
+/// A text of the catalogue, and what its placeholders take of a sentence.
+struct Match {
+  const Template* text = nullptr;
+  std::vector<std::string_view> arguments;
+};
+
+/// The text of the catalogue that says most and takes what stands in the sentence.
 /// @param beginning that the text itself has
-std::optional<std::string> by_template(std::string_view sentence, Language language,
-                                       std::string_view beginning = {}) {
+std::optional<Match> match_of(std::string_view sentence, std::string_view beginning = {}) {
   for (const Template& text : chinese_templates()) {
     if (!text.english.literals.front().starts_with(beginning)) continue;
-    const auto found = between(sentence, text.english);
-    if (!found || !all_fit(*found, text.english)) continue;
-    std::vector<std::string> arguments(found->size());
-    for (std::size_t i = 0; i < found->size(); ++i) {
-      const bool is_name = Place{text.english, i}.is_name();
-      arguments[text.english.arguments[i]] =
-          is_name ? std::string((*found)[i]) : in_words((*found)[i], language);
-    }
-    return reworded(arguments, text.translation);
+    auto found = between(sentence, text.english);
+    if (found && all_fit(*found, text.english)) return Match{&text, *std::move(found)};
   }
   return std::nullopt;
+}
+
+std::string by_template(const Match& match, Language language) {
+  const FormatPieces& english = match.text->english;
+  std::vector<std::string> arguments(match.arguments.size());
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string_view argument = match.arguments[i];
+    const bool is_name = Place{english, i}.is_name();
+    arguments[english.arguments[i]] =
+        is_name ? std::string(argument) : in_words(argument, language);
+  }
+  return reworded(arguments, match.text->translation);
 }
 
 struct Separator {
@@ -195,16 +205,35 @@ std::optional<std::string> joined_by(const Separator& separator, std::size_t pla
                                      std::string_view sentence, Language language) {
   if (place == std::string_view::npos) return std::nullopt;
   const std::string first = in_words(sentence.substr(0, place), language);
-  if (const auto joined = by_template(sentence.substr(place), language, separator.english)) {
-    return first + *joined;
+  if (const auto joined = match_of(sentence.substr(place), separator.english)) {
+    return first + by_template(*joined, language);
   }
   return first + std::string(separator.chinese) +
          in_words(sentence.substr(place + separator.english.size()), language);
 }
 
+constexpr Separator semicolon{"; ", "；"}, colon{": ", "："}, comma{", ", "，"};
+
+/// Where a semicolon ends a text that says more than the one that takes the whole sentence:
+/// "element {}: {}" also takes "element 5 buckles: its force reaches 3 N; ...".
+std::optional<std::size_t> end_of_text(std::string_view sentence,
+                                       const std::optional<Match>& whole) {
+  const std::size_t place = find_open(sentence, semicolon.english);
+  if (place == std::string_view::npos) return std::nullopt;
+  const auto has_semicolon = [](const std::string& literal) {
+    return literal.find(semicolon.english) != std::string::npos;
+  };
+  if (whole && std::ranges::any_of(whole->text->english.literals, has_semicolon)) {
+    return std::nullopt;
+  }
+  const auto first = match_of(sentence.substr(0, place));
+  if (!first) return std::nullopt;
+  const bool says_more = !whole || first->text->english.letters() > whole->text->english.letters();
+  return says_more ? std::optional(place) : std::nullopt;
+}
+
 /// Of a sentence that was put together of others: "load case 2: ...; ...".
 std::optional<std::string> by_parts(std::string_view sentence, Language language) {
-  constexpr Separator semicolon{"; ", "；"}, colon{": ", "："}, comma{", ", "，"};
   const std::size_t at_semicolon = find_open(sentence, semicolon.english);
   const std::size_t at_colon = find_open(sentence, colon.english);
   const bool is_colon = at_colon < at_semicolon;
@@ -217,7 +246,11 @@ std::string in_words(std::string_view sentence, Language language) {
   if (!has_letters(sentence)) return std::string(sentence);
   const std::string_view whole = translation_of(sentence, language);
   if (whole != sentence) return std::string(whole);
-  if (auto text = by_template(sentence, language)) return *std::move(text);
+  const auto match = match_of(sentence);
+  if (const auto end = end_of_text(sentence, match)) {
+    return *joined_by(semicolon, *end, sentence, language);
+  }
+  if (match) return by_template(*match, language);
   return by_parts(sentence, language).value_or(std::string(sentence));
 }
 

@@ -125,7 +125,8 @@ void publish(const ReportOptions& options, const run::DocumentContent& content,
   note_interrupts();
   files::publish_stream(
       goes_to_standard_output(html) ? fs::path("/dev/stdout") : html, [&](std::ostream& out) {
-        document::write_document(out, content, derivations_of(content, results, options.detail));
+        document::write_document(out, content, derivations_of(content, results, options.detail),
+                                 stop_when_interrupted);
         stop_when_interrupted();
       });
 }

@@ -28,9 +28,7 @@ namespace {
 
 using namespace aluframe::cli;
 namespace files = aluframe::files;
-namespace model = aluframe::model;
 namespace run = aluframe::run;
-namespace tables = aluframe::tables;
 namespace texts = aluframe::texts;
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {

@@ -55,11 +55,11 @@ tables::Cell of_mode(const members::LengthFactor& factor) {
 /// What an engineer should know about a factor: "charts do not hold: it is inclined", "less than
 /// by the mode of combination 2".
 std::string remark_on(const members::LengthFactor& factor) {
-  if (members::is_below_mode(factor)) {
+  if (factor.mode && members::is_below_mode(factor)) {
     return fmt::format(texts::translatable("less than by the mode of combination {}"),
                        factor.mode->combination);
   }
-  if (factor.source == members::FactorSource::mode) {
+  if (factor.mode && factor.source == members::FactorSource::mode) {
     const members::ModeLength& mode = *factor.mode;
     if (factor.objection.empty()) {
       return fmt::format(texts::translatable("mode of combination {}, factor {:.3g}"),

@@ -112,7 +112,7 @@ void show(const std::string& summary, const ReportFiles& files, const Ending& en
     return;
   }
   print_text(summary);
-  if (ending.problem.empty()) {
+  if (ending.problem.empty() && files.readable) {
     print_text(texts::translated("Readable copy: {}\n", files.readable->string()));
   }
 }

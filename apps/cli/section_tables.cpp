@@ -136,10 +136,18 @@ const Profile* profile_of(const ShownSection& shown) {
   return mine != shown.own.end() ? &*mine : catalogue::find_profile(shown.section.name);
 }
 
+constexpr const char* source_is_name = texts::translatable("dimensions in mm, from the name");
+
+/// For programs: in English.
 std::string source_of(const ShownSection& shown) {
   const Profile* profile = profile_of(shown);
-  return profile != nullptr ? profile->source
-                            : texts::translatable("dimensions in mm, from the name");
+  return profile != nullptr ? profile->source : source_is_name;
+}
+
+/// A catalogue's own words stay as they are.
+std::string shown_source_of(const ShownSection& shown) {
+  const Profile* profile = profile_of(shown);
+  return profile != nullptr ? profile->source : std::string(texts::translation_of(source_is_name));
 }
 
 std::string indented(const std::string& lines) {
@@ -195,15 +203,15 @@ std::string notes_on(const Section& section, bool on_mesh) {
       "  formula: thin walls on their middle lines; mesh: finite elements, sharp corners\n",
       aluminium_density);
   if (has_radii(section))
-    notes += texts::translatable(
-        "  corner radii r1, r2 count in A, Iyy, Izz and Qyb, not in the rest\n");
-  if (!on_mesh) notes += texts::translatable("  the walls are too thin for the mesh\n");
+    notes +=
+        texts::translated("  corner radii r1, r2 count in A, Iyy, Izz and Qyb, not in the rest\n");
+  if (!on_mesh) notes += texts::translated("  the walls are too thin for the mesh\n");
   if (!section::warps(section.shape)) {
-    notes += texts::translatable("  Iw is 0 by theory; the checks take 1e-9*Izz*H^2\n");
+    notes += texts::translated("  Iw is 0 by theory; the checks take 1e-9*Izz*H^2\n");
   }
   if (section.shape == model::Shape::double_channel) {
     notes +=
-        texts::translatable("  the two channels twist each for itself about their common axis\n");
+        texts::translated("  the two channels twist each for itself about their common axis\n");
   }
   return notes;
 }
@@ -214,7 +222,7 @@ std::string as_text(const ShownSection& shown, std::span<const Value> values,
   return texts::translated(
       "{}\n  {} mm\n  {}\n\n{}    # material  + centroid  o shear centre  * both\n\n"
       "{}\n{}\n{}",
-      section.name, dimensions_text(section), source_of(shown),
+      section.name, dimensions_text(section), shown_source_of(shown),
       indented(section::text_sketch_of(section)), values_text(values), twist_text(twist),
       notes_on(section, twist.front().mesh.has_value()));
 }

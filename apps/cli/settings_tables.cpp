@@ -22,13 +22,20 @@ DesignSettings settings_of(const model::Model& model) {
   return model.design.value_or(DesignSettings());
 }
 
+/// For the user; an option takes the same in English.
+std::string text_in_words(const tables::Cell& value) {
+  const auto* is_on = std::get_if<bool>(&value);
+  if (is_on == nullptr) return option_text(value);
+  return *is_on ? texts::translated("on") : texts::translated("off");
+}
+
 tables::OutputTable settings_table(const model::Model& model) {
   tables::OutputTable table;
   table.columns = {{"key", texts::translatable("setting")},
                    {"value", texts::translatable("value")}};
   const DesignSettings settings = settings_of(model);
   for (const Field<DesignSettings>& field : settings_fields) {
-    table.rows.push_back({std::string(field.name), option_text(value_of(settings, field))});
+    table.rows.push_back({std::string(field.name), text_in_words(value_of(settings, field))});
   }
   return table;
 }
@@ -101,7 +108,7 @@ std::string as_json(const model::Model& model) {
 
 /// Texts that may be empty or have blanks stand in quotes.
 std::string shown(const tables::Cell& value) {
-  const std::string text = option_text(value);
+  const std::string text = text_in_words(value);
   const bool bare = !text.empty() && text.find(' ') == std::string::npos;
   return bare ? text : '"' + text + '"';
 }

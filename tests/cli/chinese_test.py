@@ -93,6 +93,62 @@ def test_what_commands_show_is_chinese(checked, command):
     assert english_in(shown, names) == []
 
 
+NAME = "warping constant"  # a text of the program, and what the user calls things
+
+
+@pytest.fixture(scope="module")
+def column(tmp_path_factory):
+    """A checked column that buckles, with a name of the user's for everything."""
+    model = tmp_path_factory.mktemp("column") / "frame.json"
+    model.write_text(json.dumps({
+        "format": "aluframe-model", "version": 1, "title": NAME,
+        "materials": [{"number": 1, "alloy": "6061-T6", "name": NAME}],
+        "sections": [{"number": 1, "name": NAME, "shape": "P", "dimensions": {"D": 100, "t": 8}}],
+        "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0}, {"number": 2, "x": 0, "y": 0, "z": 2}],
+        "supports": [{"node": 1, "restrained": "all"}],
+        "elements": [{"number": 5, "nodes": [1, 2], "section": 1, "material": 1}],
+        "load_cases": [{"number": 1, "name": NAME, "nodal": [{"nodes": [2], "Fx": 1, "Fz": -100000}]}],
+        "combinations": [{"number": 3, "name": NAME, "terms": [{"case": 1}]}]}), encoding="utf-8")
+    run("check", model, expected={0})
+    return model
+
+
+OF_A_COLUMN = [["check"], ["check", "--second-order"], ["results"], ["results", "--remarks"],
+               ["results", "--not-checked"], ["explain", "--element", "5"], ["buckling"], ["members"], ["settings"],
+               ["analyse", "--show", "summary"], ["report", "--html", "-"]]
+
+
+@pytest.mark.parametrize("command", OF_A_COLUMN, ids=" ".join)
+def test_names_of_the_user_stay_and_all_else_is_chinese(column, command):
+    shown = {}
+    for language in ("en", "zh"):
+        done = run(command[0], column, *command[1:], language=language)
+        shown[language] = done.stdout + done.stderr
+    assert shown["zh"].count(NAME) == shown["en"].count(NAME)
+    if "--html" not in command:  # of which other tests look at the texts alone
+        assert english_in(shown["zh"], [NAME, str(column)]) == []
+
+
+def test_kinds_of_remarks_are_chinese(column):
+    shown = run("results", column, "--remarks", expected={0}).stdout
+    assert "屈曲，单元 5：组合 3 下屈曲，框架失稳：" in shown and "buckling" not in shown
+    kept = json.loads(run("results", column, "--remarks", "--format", "json", expected={0}).stdout)
+    assert "buckling" in {remark["kind"] for remark in kept}
+
+
+def test_the_notes_on_a_section_are_chinese_and_its_source_is_kept():
+    shown = run("section", "H 300x150x8x12", expected={0}).stdout
+    assert "尺寸取自名称，单位 mm" in shown and "dimensions" not in shown
+    assert "Iw 的理论值为 0" in run("section", "P 100x3", expected={0}).stdout
+    kept = json.loads(run("section", "H 300x150x8x12", "--format", "json", expected={0}).stdout)
+    assert kept["source"] == "dimensions in mm, from the name"
+
+
+def test_settings_are_on_or_off_in_chinese(column):
+    shown = run("settings", column, expected={0}).stdout
+    assert re.search(r"rib +(开启|关闭)", shown) and re.search(r"seismic +(开启|关闭)", shown)
+
+
 @pytest.mark.parametrize("command", [[], *([name] for name in COMMANDS)], ids=" ".join)
 def test_help_is_chinese(command):
     done = run(*command, "--help", expected={0})

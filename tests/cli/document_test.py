@@ -2,6 +2,7 @@
 
 import json
 import math
+import os
 import re
 import shutil
 import signal
@@ -299,6 +300,36 @@ def test_a_document_that_is_interrupted_leaves_the_earlier_file_alone(aluframe, 
     output = process.communicate(timeout=120)
     assert (process.returncode, *output) == (3, "", "frame.html: not written: cancelled\n")
     assert {path.name: path.read_bytes() for path in aluframe.folder.iterdir()} == before
+
+
+def test_a_document_without_derivations_ends_soon_after_an_interruption(aluframe):
+    shutil.copy(ROOT / "examples" / "dome.json", aluframe.folder / "frame.json")
+    aluframe("check", "frame.json")
+    process = subprocess.Popen([aluframe.path, "report", "frame.json", "--html", "-", "--detail", "summary"],
+                               cwd=aluframe.folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE, bufsize=0)
+    beginning = process.stdout.read(1)  # the pipe takes a small part of the page, in which the program waits
+    process.send_signal(signal.SIGINT)
+    rest, messages = process.communicate(timeout=120)
+    assert (process.returncode, messages) == (3, b"-: not written: cancelled\n")
+    assert beginning + rest[:14] == b"<!DOCTYPE html>"
+    assert b'<h3 id="frame">' not in rest and b"</html>" not in rest
+
+
+def test_what_a_killed_run_has_left_is_removed_by_the_next_document(frame):
+    (frame.folder / ".frame.html.aluframe-new").write_text("<!DOCTYPE html>", encoding="utf-8")
+    frame("report", "frame.json", "--html", "frame.html")
+    assert {path.name for path in frame.folder.iterdir()} == {"frame.json", "frame.aluresult", "frame.html"}
+
+
+def test_a_folder_that_takes_no_new_file_is_one_message(frame):
+    (frame.folder / "kept").mkdir(mode=0o555)
+    # Permissions to write count for the superuser, too, without this capability.
+    under = ("setpriv", "--bounding-set=-dac_override") if os.geteuid() == 0 else ()
+    done = subprocess.run([*under, frame.path, "report", "frame.json", "--html", "kept/frame.html"],
+                          capture_output=True, text=True, check=False, cwd=frame.folder, timeout=120)
+    assert (done.returncode, done.stdout) == (2, "")
+    assert done.stderr == "kept/frame.html: cannot be written: Permission denied\n"
+    assert list((frame.folder / "kept").iterdir()) == []
 
 
 def test_a_place_that_cannot_be_written_is_one_message(frame):
