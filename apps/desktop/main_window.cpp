@@ -185,7 +185,7 @@ void MainWindow::connect_runner() {
   connect(&runner_, &Runner::document_ended, this, [this](const RunEnd& end, const QString& file) {
     if (end.kind == RunEnd::Kind::failed) {
       show_problem(this, end.text);
-    } else {
+    } else if (end.kind != RunEnd::Kind::cancelled) {
       QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     }
   });

@@ -85,14 +85,22 @@ RunEnd run_check(const fs::path& model, const std::vector<model::Number>& elemen
 }
 
 document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
-                                     DocumentDetail detail) {
+                                     DocumentDetail detail, const std::function<void()>& go_on) {
   if (!detail) return nullptr;
-  return [&content, &results, detail](const std::function<void(const run::ExplainedCheck&)>& take) {
-    run::derive_checks(content, results, *detail, take);
+  return [&content, &results, detail,
+          &go_on](const std::function<void(const run::ExplainedCheck&)>& take) {
+    run::derive_checks(content, results, *detail, [&](const run::ExplainedCheck& check) {
+      go_on();
+      take(check);
+    });
   };
 }
 
-RunEnd run_document(const fs::path& model, const fs::path& html, DocumentDetail detail) {
+/// Ends a document that the user does not want any more.
+struct Cancelled {};
+
+RunEnd run_document(const fs::path& model, const fs::path& html, DocumentDetail detail,
+                    const std::atomic<bool>& is_cancelled) {
   const fs::path results = run::result_path_of(model);
   const auto overwriting = files::find_overwriting(
       {{translatable("the document"), html}},
@@ -102,10 +110,16 @@ RunEnd run_document(const fs::path& model, const fs::path& html, DocumentDetail 
       run::gather_document({.input = {.model = model}, .results = results, .selection = {}});
   if (const auto* problem = std::get_if<run::Problem>(&gathered)) return failed(problem->text);
   const auto& content = std::get<run::DocumentContent>(gathered);
+  const std::function<void()> go_on = [&is_cancelled] {
+    if (is_cancelled) throw Cancelled();
+  };
   try {
     files::publish_stream(html, [&](std::ostream& out) {
-      document::write_document(out, content, derivations_of(content, results, detail));
+      document::write_document(out, content, derivations_of(content, results, detail, go_on),
+                               go_on);
     });
+  } catch (const Cancelled&) {
+    return {RunEnd::Kind::cancelled, texts::translated("The document was cancelled.")};
   } catch (const std::exception& error) {
     return failed(
         texts::translated("{}: cannot be written: {}", html.string(), files::error_text(error)));
@@ -245,7 +259,7 @@ void Runner::make_report(const ReportUnits& units) {
 void Runner::write_document(const fs::path& html, DocumentDetail detail) {
   const fs::path model = workspace_.document()->path();
   start(ui_text(translatable("Writing the document...")), [this, model, html, detail] {
-    const RunEnd end = guarded([&] { return run_document(model, html, detail); });
+    const RunEnd end = guarded([&] { return run_document(model, html, detail, is_cancelled_); });
     return [this, end, html] {
       if (!end.text.empty()) workspace_.tell(end.text);
       Q_EMIT document_ended(end, QString::fromStdString(html.string()));

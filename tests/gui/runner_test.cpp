@@ -152,6 +152,20 @@ TEST_F(RunnerTest, WritesTheDocument) {
   EXPECT_GT(std::filesystem::file_size(html), 100'000U);
 }
 
+TEST_F(RunnerTest, ACancelledDocumentLeavesNothing) {
+  runner.check({});
+  wait();
+  const std::filesystem::path html = file.parent_path() / "portal.html";
+  runner.write_document(html, run::DerivationDetail::full);
+  runner.cancel();
+  wait();
+  EXPECT_EQ(end.kind, RunEnd::Kind::cancelled);
+  for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
+    EXPECT_THAT(entry.path().filename().string(),
+                testing::AnyOf("portal.json", "portal.aluresult"));
+  }
+}
+
 TEST_F(RunnerTest, NeverWritesTheDocumentOverTheModel) {
   runner.check({});
   wait();
