@@ -80,6 +80,7 @@ std::vector<Style> styles_by_kind(Drawing& drawing, const Kind& kind, const Text
     add_to_legend(drawing, style, text(number), count);
   }
   std::vector<Style> out;
+  out.reserve(drawing.elements.size());
   for (const SeenElement& one : drawing.elements) out.push_back(styles.at(kind(*one.element)));
   return out;
 }
