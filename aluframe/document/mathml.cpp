@@ -1,7 +1,6 @@
 #include "aluframe/document/mathml.h"
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 #include "aluframe/explain/number_text.h"
@@ -228,7 +227,7 @@ class Typesetter {
     const bool is_loose = part.bond <= Bond::sign;
     const char* own = term.operation() == Operation::sum ? "+" : "−";
     addends.push_back(
-        {"<mo form=\"infix\">" + std::string(own) + "</mo>", bracketed(std::move(part), is_loose)});
+        {"<mo form=\"infix\">" + std::string(own) + "</mo>", bracketed(part, is_loose)});
   }
 
   Part sum(const Term& term) const {

@@ -67,6 +67,7 @@ ElementStyles styles_by_kind(const model::Model& model, const Kind& kind, const 
     styles.emplace(number, style);
     add_to_legend(out, style, text(number), count);
   }
+  out.styles.reserve(model.elements.size());
   for (const model::Element& element : model.elements) {
     out.styles.push_back(styles.at(kind(element)));
   }

@@ -48,12 +48,13 @@ TEST(Sentence, PartsThatAColonOrASemicolonJoinsAreTranslatedEach) {
 }
 
 TEST(Sentence, AColonInATextInFrontOfASemicolonJoinsNothing) {
-  EXPECT_EQ(sentence_in_words("combination 3: element 5 buckles between its nodes: its axial force "
-                              "reaches -1e+08 N; by forces of first order the factor of these loads "
-                              "is 0.00106: node 2 moves along X",
-                              Language::chinese),
-            "组合 3：单元 5 在两节点之间屈曲：其轴力达到 -1e+08 N；按一阶内力，该荷载的系数为 "
-            "0.00106：节点 2 沿 X 移动");
+  EXPECT_EQ(
+      sentence_in_words("combination 3: element 5 buckles between its nodes: its axial force "
+                        "reaches -1e+08 N; by forces of first order the factor of these loads "
+                        "is 0.00106: node 2 moves along X",
+                        Language::chinese),
+      "组合 3：单元 5 在两节点之间屈曲：其轴力达到 -1e+08 N；按一阶内力，该荷载的系数为 "
+      "0.00106：节点 2 沿 X 移动");
 }
 
 /// What looks alike is told apart: lists from parts, names from sentences, numbers from words.
