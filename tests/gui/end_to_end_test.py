@@ -31,7 +31,8 @@ def fixture_screen():
     """A screen in memory whose number the server chooses."""
     reading, writing = os.pipe()
     with subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1500x950x24", "-nolisten", "tcp"],
+        ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1500x950x24", "-nolisten", "tcp",
+         "-noreset"],
         pass_fds=[writing], stderr=subprocess.DEVNULL,
     ) as server:
         os.close(writing)
