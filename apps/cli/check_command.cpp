@@ -12,8 +12,8 @@
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

@@ -1,23 +1,18 @@
 #include "apps/cli/document_command.h"
 
 #include <exception>
-#include <fstream>
-#include <functional>
 #include <optional>
-#include <ostream>
 #include <string>
-#include <system_error>
 #include <variant>
 
-#include "aluframe/document/document.h"
+#include "aluframe/document/document_file.h"
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
-#include "aluframe/files/publication.h"
 #include "aluframe/run/document.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 
@@ -42,22 +37,9 @@ std::optional<std::string> overwriting_problem(const ReportOptions& options,
        {texts::translatable("the table of forces"), options.input.forces}});
 }
 
-/// Whether a file is empty or an earlier document, whose head names the program.
-bool may_be_replaced(const fs::path& html) {
-  constexpr std::size_t head_bytes = 512;
-  std::string head(head_bytes, '\0');
-  std::ifstream file(html, std::ios::binary);
-  file.read(head.data(), static_cast<std::streamsize>(head.size()));
-  head.resize(static_cast<std::size_t>(file.gcount()));
-  if (head.empty()) return true;
-  return head.starts_with("<!DOCTYPE html>") && head.find(document::generator) != std::string::npos;
-}
-
 /// Another's file where the document is to go, or nothing.
 std::optional<std::string> standing_in_the_way(const fs::path& html) {
-  std::error_code ignored;
-  if (goes_to_standard_output(html) || !fs::is_regular_file(html, ignored)) return std::nullopt;
-  if (may_be_replaced(html)) return std::nullopt;
+  if (goes_to_standard_output(html) || document::may_be_replaced(html)) return std::nullopt;
   return texts::translated(
       "{}: is no calculation document, which would overwrite it; delete it, or name another file "
       "with --html",
@@ -105,37 +87,13 @@ void stop_when_interrupted() {
   if (was_interrupted()) throw Interrupted();
 }
 
-document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
-                                     DocumentDetail detail) {
-  if (detail == DocumentDetail::summary) return nullptr;
-  const auto of_checks = detail == DocumentDetail::full ? run::DerivationDetail::full
-                                                        : run::DerivationDetail::governing;
-  return
-      [&content, &results, of_checks](const std::function<void(const run::ExplainedCheck&)>& take) {
-        run::derive_checks(content, results, of_checks, [&take](const run::ExplainedCheck& check) {
-          stop_when_interrupted();
-          take(check);
-        });
-      };
-}
-
-/// Writes all of the document, or leaves the file as it was.
-void publish(const ReportOptions& options, const run::DocumentContent& content,
-             const fs::path& results, const fs::path& html) {
-  note_interrupts();
-  files::publish_stream(
-      goes_to_standard_output(html) ? fs::path("/dev/stdout") : html, [&](std::ostream& out) {
-        document::write_document(out, content, derivations_of(content, results, options.detail),
-                                 stop_when_interrupted);
-        stop_when_interrupted();
-      });
-}
-
 int write(const ReportOptions& options, const run::DocumentContent& content,
           const fs::path& results, const fs::path& html) {
   for (const std::string& reservation : content.reservations) print_message(reservation);
   try {
-    publish(options, content, results, html);
+    note_interrupts();
+    document::publish_document(goes_to_standard_output(html) ? fs::path("/dev/stdout") : html,
+                               content, results, options.detail, stop_when_interrupted);
   } catch (const Interrupted&) {
     print_message(texts::translated("{}: not written: cancelled", html.string()));
     return exit_cancelled;
@@ -157,12 +115,6 @@ int gather_and_write(const ReportOptions& options, const fs::path& results, cons
 }
 
 }  // namespace
-
-std::optional<DocumentDetail> parse_document_detail(std::string_view name) {
-  if (name == "summary") return DocumentDetail::summary;
-  if (name == "governing") return DocumentDetail::governing;
-  return name == "full" ? std::optional(DocumentDetail::full) : std::nullopt;
-}
 
 int run_document_command(const ReportOptions& options, const fs::path& html) {
   const fs::path results = options.results.value_or(run::result_path_of(options.input.model));

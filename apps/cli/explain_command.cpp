@@ -17,9 +17,9 @@
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

@@ -11,7 +11,6 @@
 #include "aluframe/texts/text.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/document_command.h"
-#include "apps/exit_status.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
 #include "apps/cli/parser_texts.h"
@@ -23,9 +22,11 @@
 #include "apps/cli/shared_options.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/validate_command.h"
+#include "apps/exit_status.h"
 
 namespace {
 
+using namespace aluframe;
 using namespace aluframe::cli;
 namespace files = aluframe::files;
 namespace run = aluframe::run;
@@ -212,7 +213,7 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
           ->type_name("FILE");
   for (CLI::Option* option : of_text_report) html->excludes(option);
   add_parsed(*report, "--detail", options.detail,
-             one_of(parse_document_detail, "summary, governing, full"),
+             one_of(document::parse_document_detail, "summary, governing, full"),
              texts::translated("How far the document derives its checks: summary, governing (the "
                                "worst of each element) or full"))
       ->needs(html);
@@ -328,7 +329,7 @@ int run_program(int argc, char** argv) {
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION,
                        texts::translated("Display program version information and exit"));
   app.require_subcommand(1);
-  int status = aluframe::exit_done;
+  int status = exit_done;
   AnalyseOptions analyse;
   BucklingCommandOptions buckling;
   CheckOptions check;
@@ -358,12 +359,12 @@ int run_program(int argc, char** argv) {
   translate_parser(app);
   if (const auto unknown = unknown_command(app, argc, argv)) {
     print_message(*unknown);
-    return aluframe::exit_input_error;
+    return exit_input_error;
   }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? aluframe::exit_done : aluframe::exit_input_error;
+    return app.exit(error) == 0 ? exit_done : exit_input_error;
   }
   return status;
 }
@@ -374,10 +375,10 @@ std::string lost_output() {
 
 /// The status, or that of a failure when a command that ended well lost part of its output.
 int with_output_checked(int status) {
-  const bool failed_already = status == aluframe::exit_failure || status == aluframe::exit_input_error;
+  const bool failed_already = status == exit_failure || status == exit_input_error;
   if (finish_stdout() || failed_already) return status;
   print_message(lost_output());
-  return aluframe::exit_failure;
+  return exit_failure;
 }
 
 }  // namespace
@@ -389,6 +390,6 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     print_message(std::ferror(stdout) != 0 ? lost_output()
                                            : "aluframe: " + files::error_text(error));
-    return aluframe::exit_failure;
+    return exit_failure;
   }
 }

@@ -6,8 +6,8 @@
 
 #include "aluframe/files/publication.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

@@ -8,8 +8,8 @@
 #include "aluframe/points/point_stream.h"
 #include "aluframe/texts/system_text.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

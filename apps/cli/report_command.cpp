@@ -10,14 +10,14 @@
 #include "aluframe/model/plain_text.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/results.h"
+#include "aluframe/tables/report_texts.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/report_files.h"
-#include "apps/cli/report_texts.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/text_editor.h"
 #include "apps/cli/user_locale.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 
@@ -68,9 +68,10 @@ void warn_about_stored(const run::Input& input, const ReportFiles& files) {
 
 /// What became of a report's readable text.
 struct Ending {
-  std::optional<ReportBasis> basis;  ///< nothing: there is no text either, as `problem` says
-  std::string text;                  ///< with its appendix
-  std::string problem;               ///< why it is not where the user wants it; empty: it is
+  std::optional<tables::ReportBasis>
+      basis;            ///< nothing: there is no text either, as `problem` says
+  std::string text;     ///< with its appendix
+  std::string problem;  ///< why it is not where the user wants it; empty: it is
 };
 
 /// Makes the readable text of a report that came to its end, and writes the copy: also where the
@@ -79,8 +80,8 @@ Ending end_report(const model::Model& model, const services::ReportSummary& summ
                   const ReportFiles& files) {
   Ending ending;
   try {
-    ReportBasis basis = report_basis(summary, files.results);
-    ending.text = summary.readable + report_appendix(model, summary, basis);
+    tables::ReportBasis basis = tables::report_basis(summary, files.results);
+    ending.text = summary.readable + tables::report_appendix(model, summary, basis);
     ending.basis = std::move(basis);
     if (files.readable) files::publish_text(*files.readable, ending.text);
   } catch (const std::exception& error) {
@@ -140,7 +141,11 @@ int open(const fs::path& readable) {
 int finish(const ReportOptions& options, const model::Model& model,
            const services::ReportSummary& summary, const ReportFiles& files, const Ending& ending) {
   print_left_out(summary, files);
-  if (ending.basis) show(report_summary_text(model, summary, files, *ending.basis), files, ending);
+  if (ending.basis) {
+    const std::string place =
+        files.report ? files.report->string() : texts::translated("standard output");
+    show(tables::report_summary_text(model, summary, place, *ending.basis), files, ending);
+  }
   if (!ending.problem.empty()) return tell_missing_copy(files, ending);
   if (summary.reported.size() == summary.without_checks.size()) return exit_failure;
   const int status = options.open ? open(*files.readable) : exit_done;

@@ -3,21 +3,12 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
+#include "aluframe/document/document_file.h"
 #include "aluframe/run/strictness.h"
 #include "apps/cli/common_options.h"
 
 namespace aluframe::cli {
-
-/// How far the calculation document derives its checks.
-enum class DocumentDetail {
-  summary,    ///< not at all
-  governing,  ///< the worst check of every element
-  full        ///< every check item of every element
-};
-
-std::optional<DocumentDetail> parse_document_detail(std::string_view name);
 
 struct ReportOptions {
   run::InputOptions input;
@@ -28,7 +19,7 @@ struct ReportOptions {
   /// Copy in UTF-8; beside the report when not given.
   std::optional<std::filesystem::path> readable;
   std::optional<std::filesystem::path> html;  ///< in place of the report; see document_command.h
-  DocumentDetail detail = DocumentDetail::governing;  ///< of the document
+  document::DocumentDetail detail = document::DocumentDetail::governing;  ///< of the document
   std::string units = "N,mm";
   bool open = false;  ///< the readable copy, in the user's editor
   run::Strictness strict = run::Strictness::none;

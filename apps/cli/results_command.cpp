@@ -14,9 +14,9 @@
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

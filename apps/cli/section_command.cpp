@@ -5,11 +5,11 @@
 #include "aluframe/io/named_section.h"
 #include "aluframe/section/sketch.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/profile_list.h"
 #include "apps/cli/section_tables.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

@@ -6,9 +6,9 @@
 #include "aluframe/io/model_file.h"
 #include "aluframe/run/results.h"
 #include "aluframe/texts/text.h"
-#include "apps/exit_status.h"
 #include "apps/cli/settings_tables.h"
 #include "apps/cli/terminal.h"
+#include "apps/exit_status.h"
 
 namespace aluframe::cli {
 

@@ -290,9 +290,7 @@ void MainWindow::write_document() {
       QInputDialog::getItem(this, ui_text(translatable("Calculation document")),
                             ui_text(translatable("Detail")), details, 1, false, &is_chosen);
   if (!is_chosen) return;
-  DocumentDetail wanted;
-  if (detail == details[1]) wanted = run::DerivationDetail::governing;
-  if (detail == details[2]) wanted = run::DerivationDetail::full;
+  const auto wanted = static_cast<document::DocumentDetail>(details.indexOf(detail));
   runner_.write_document(path.toStdString(), wanted);
 }
 

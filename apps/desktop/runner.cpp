@@ -2,18 +2,16 @@
 
 #include <QApplication>
 #include <exception>
-#include <ostream>
 #include <utility>
 #include <variant>
 
-#include "aluframe/document/document.h"
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
-#include "aluframe/files/publication.h"
 #include "aluframe/run/document.h"
 #include "aluframe/run/report.h"
 #include "aluframe/run/strictness.h"
 #include "aluframe/tables/check_summary.h"
+#include "aluframe/tables/report_texts.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/ui_texts.h"
@@ -84,39 +82,29 @@ RunEnd run_check(const fs::path& model, const std::vector<model::Number>& elemen
   return end_of(input, run::check(input, options));
 }
 
-document::Derivations derivations_of(const run::DocumentContent& content, const fs::path& results,
-                                     DocumentDetail detail, const std::function<void()>& go_on) {
-  if (!detail) return nullptr;
-  return [&content, &results, detail,
-          &go_on](const std::function<void(const run::ExplainedCheck&)>& take) {
-    run::derive_checks(content, results, *detail, [&](const run::ExplainedCheck& check) {
-      go_on();
-      take(check);
-    });
-  };
-}
-
 /// Ends a document that the user does not want any more.
 struct Cancelled {};
 
-RunEnd run_document(const fs::path& model, const fs::path& html, DocumentDetail detail,
+RunEnd run_document(const fs::path& model, const fs::path& html, document::DocumentDetail detail,
                     const std::atomic<bool>& is_cancelled) {
   const fs::path results = run::result_path_of(model);
   const auto overwriting = files::find_overwriting(
       {{translatable("the document"), html}},
       {{translatable("the result file"), results}, {translatable("the model"), model}});
   if (overwriting) return failed(*overwriting);
+  if (!document::may_be_replaced(html)) {
+    return failed(texts::translated(
+        "{}: is no calculation document, which would overwrite it; delete it, or choose another "
+        "name",
+        html.string()));
+  }
   const auto gathered =
       run::gather_document({.input = {.model = model}, .results = results, .selection = {}});
   if (const auto* problem = std::get_if<run::Problem>(&gathered)) return failed(problem->text);
   const auto& content = std::get<run::DocumentContent>(gathered);
-  const std::function<void()> go_on = [&is_cancelled] {
-    if (is_cancelled) throw Cancelled();
-  };
   try {
-    files::publish_stream(html, [&](std::ostream& out) {
-      document::write_document(out, content, derivations_of(content, results, detail, go_on),
-                               go_on);
+    document::publish_document(html, content, results, detail, [&is_cancelled] {
+      if (is_cancelled) throw Cancelled();
     });
   } catch (const Cancelled&) {
     return {RunEnd::Kind::cancelled, texts::translated("The document was cancelled.")};
@@ -144,11 +132,16 @@ Report run_report(const fs::path& model, const ReportUnits& units,
                              .force = units.first,
                              .length = units.second,
                              .message = message};
-  services::ReportSummary summary = run::report(input, options);
+  std::string text;
+  options.follow = [&](const services::ReportSummary& report) {
+    text = report.readable +
+           tables::report_appendix(input.model, report, tables::report_basis(report, results));
+  };
+  const services::ReportSummary summary = run::report(input, options);
   if (summary.outcome != services::RunOutcome::complete) {
     return {failed(texts::translated("the report failed: {}", summary.failure)), {}};
   }
-  return {{}, std::move(summary.readable)};
+  return {{}, std::move(text)};
 }
 
 /// What the job returns, or that it failed as nobody expected.
@@ -256,7 +249,7 @@ void Runner::make_report(const ReportUnits& units) {
   });
 }
 
-void Runner::write_document(const fs::path& html, DocumentDetail detail) {
+void Runner::write_document(const fs::path& html, document::DocumentDetail detail) {
   const fs::path model = workspace_.document()->path();
   start(ui_text(translatable("Writing the document...")), [this, model, html, detail] {
     const RunEnd end = guarded([&] { return run_document(model, html, detail, is_cancelled_); });

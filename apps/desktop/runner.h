@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "aluframe/document/document_file.h"
 #include "aluframe/run/check.h"
-#include "aluframe/run/document_checks.h"
 #include "apps/desktop/preferences.h"
 #include "apps/desktop/workspace.h"
 
@@ -22,9 +22,6 @@ struct RunEnd {
   Kind kind = Kind::done;
   std::string text;  ///< a summary, or why it failed; of several lines
 };
-
-/// How much of the derivations a document has; nothing: none.
-using DocumentDetail = std::optional<run::DerivationDetail>;
 
 /// Checks and reports on a thread of its own, one at a time, so that the window stays alive. It
 /// goes by the model's file: what is not saved must be saved before.
@@ -42,7 +39,7 @@ class Runner : public QObject {
   /// and theirs are stored.
   void make_report(const ReportUnits& units);
   /// Writes the calculation document.
-  void write_document(const std::filesystem::path& html, DocumentDetail detail);
+  void write_document(const std::filesystem::path& html, document::DocumentDetail detail);
 
   bool is_running() const { return thread_ != nullptr; }
   /// Asks the run to stop. It may go on until the element that it is at is done.

@@ -135,6 +135,10 @@ TEST_F(RunnerTest, MakesTheReportInMemory) {
   EXPECT_EQ(end.kind, RunEnd::Kind::done) << end.text;
   EXPECT_NE(report.find("Aluminum Alloy Code Checking"), std::string::npos);
   EXPECT_GT(report.size(), 10'000U);
+  // What the report leaves out stands behind it, as in the copy of the command line.
+  EXPECT_NE(report.find("Second opinion"), std::string::npos);
+  EXPECT_NE(report.find("not checked"), std::string::npos);
+  EXPECT_TRUE(report.ends_with("\nComplete: report of 31 elements\n"));
   std::vector<std::string> files;
   for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
     files.push_back(entry.path().filename().string());
@@ -146,7 +150,7 @@ TEST_F(RunnerTest, WritesTheDocument) {
   runner.check({});
   wait();
   const std::filesystem::path html = file.parent_path() / "portal.html";
-  runner.write_document(html, run::DerivationDetail::governing);
+  runner.write_document(html, document::DocumentDetail::governing);
   wait();
   EXPECT_EQ(end.kind, RunEnd::Kind::done) << end.text;
   EXPECT_GT(std::filesystem::file_size(html), 100'000U);
@@ -156,7 +160,7 @@ TEST_F(RunnerTest, ACancelledDocumentLeavesNothing) {
   runner.check({});
   wait();
   const std::filesystem::path html = file.parent_path() / "portal.html";
-  runner.write_document(html, run::DerivationDetail::full);
+  runner.write_document(html, document::DocumentDetail::full);
   runner.cancel();
   wait();
   EXPECT_EQ(end.kind, RunEnd::Kind::cancelled);
@@ -166,11 +170,23 @@ TEST_F(RunnerTest, ACancelledDocumentLeavesNothing) {
   }
 }
 
+TEST_F(RunnerTest, NeverWritesTheDocumentOverAForeignFile) {
+  runner.check({});
+  wait();
+  const std::filesystem::path page = file.parent_path() / "letter.html";
+  std::ofstream(page) << "<!DOCTYPE html><title>A letter</title>";
+  runner.write_document(page, document::DocumentDetail::summary);
+  wait();
+  EXPECT_EQ(end.kind, RunEnd::Kind::failed);
+  EXPECT_THAT(end.text, HasSubstr("is no calculation document"));
+  EXPECT_EQ(std::filesystem::file_size(page), 38U);
+}
+
 TEST_F(RunnerTest, NeverWritesTheDocumentOverTheModel) {
   runner.check({});
   wait();
   const std::string before = text_of_file();
-  runner.write_document(file, std::nullopt);
+  runner.write_document(file, document::DocumentDetail::summary);
   wait();
   EXPECT_EQ(end.kind, RunEnd::Kind::failed);
   EXPECT_EQ(text_of_file(), before);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -8,9 +9,8 @@
 #include "aluframe/run/told.h"
 #include "aluframe/services/report_run.h"
 #include "aluframe/store/result_file.h"
-#include "apps/cli/report_files.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 /// What the results that the report goes by cover of the model, and what they tell of the elements
 /// that it is of.
@@ -25,12 +25,13 @@ ReportBasis report_basis(const services::ReportSummary& summary,
                          const std::filesystem::path& results);
 
 /// The end of a report on the screen.
+/// @param place where the report is, in the user's words
 std::string report_summary_text(const model::Model& model, const services::ReportSummary& summary,
-                                const ReportFiles& files, const ReportBasis& basis);
+                                const std::string& place, const ReportBasis& basis);
 
 /// What stands behind the readable copy: nobody should file a report without.
 /// Its last line says that the copy is whole.
 std::string report_appendix(const model::Model& model, const services::ReportSummary& summary,
                             const ReportBasis& basis);
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables

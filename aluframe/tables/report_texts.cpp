@@ -1,4 +1,4 @@
-#include "apps/cli/report_texts.h"
+#include "aluframe/tables/report_texts.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -10,12 +10,12 @@
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
 
-namespace aluframe::cli {
+namespace aluframe::tables {
 
 namespace {
 
-std::string number_list(const std::vector<model::Number>& numbers, tables::Lists lists) {
-  return tables::shown_list(model::join_as_ranges(numbers), lists);
+std::string number_list(const std::vector<model::Number>& numbers, Lists lists) {
+  return shown_list(model::join_as_ranges(numbers), lists);
 }
 
 std::string elements_text(std::size_t count) {
@@ -24,7 +24,7 @@ std::string elements_text(std::size_t count) {
 }
 
 /// How many failing elements the report says nothing of, and of which nobody can tell.
-std::string unprinted_text(const services::UnprintedFailures& unprinted, tables::Lists lists) {
+std::string unprinted_text(const services::UnprintedFailures& unprinted, Lists lists) {
   std::string text =
       unprinted.elements.empty()
           ? texts::translated(", 0 of which no line of the report says so")
@@ -40,7 +40,7 @@ std::string unprinted_text(const services::UnprintedFailures& unprinted, tables:
 /// The combinations that the report is of, and the ratios of its elements, as `check` ends with
 /// them.
 std::string ratios_text(const model::Model& model, const services::ReportSummary& summary,
-                        const ReportBasis& basis, tables::Lists lists) {
+                        const ReportBasis& basis, Lists lists) {
   std::string text;
   if (basis.coverage) {
     text =
@@ -69,19 +69,17 @@ ReportBasis report_basis(const services::ReportSummary& summary,
 }
 
 std::string report_summary_text(const model::Model& model, const services::ReportSummary& summary,
-                                const ReportFiles& files, const ReportBasis& basis) {
-  std::string text = texts::translated(
-      "Report of {}, complete: {}\n", elements_text(summary.reported.size()),
-      files.report ? files.report->string() : texts::translated("standard output"));
+                                const std::string& place, const ReportBasis& basis) {
+  std::string text = texts::translated("Report of {}, complete: {}\n",
+                                       elements_text(summary.reported.size()), place);
   if (basis.coverage)
     text += texts::translated("Covered: {}\n", run::coverage_text(*basis.coverage));
   for (const store::GoverningRow& row : summary.unprinted.checks) {
     text += texts::translated("Fails without a line in the report: element {}, {} {}\n",
-                              row.element, texts::translation_of(tables::item_name(row.item)),
-                              tables::short_number(row.governing.Ratio()));
+                              row.element, texts::translation_of(item_name(row.item)),
+                              short_number(row.governing.Ratio()));
   }
-  return text + ratios_text(model, summary, basis, tables::Lists::shortened) +
-         tables::told_text(model, basis.told);
+  return text + ratios_text(model, summary, basis, Lists::shortened) + told_text(model, basis.told);
 }
 
 std::string report_appendix(const model::Model& model, const services::ReportSummary& summary,
@@ -91,12 +89,12 @@ std::string report_appendix(const model::Model& model, const services::ReportSum
   if (basis.coverage) {
     text += texts::translated("Covered: {}\n", run::coverage_text(*basis.coverage));
   }
-  text += ratios_text(model, summary, basis, tables::Lists::whole);
+  text += ratios_text(model, summary, basis, Lists::whole);
   if (!basis.told.safe_rows.empty()) {
-    text += tables::to_text(tables::safe_table(basis.told.safe_rows, basis.info), false) + "\n";
+    text += to_text(safe_table(basis.told.safe_rows, basis.info), false) + "\n";
   }
-  return text + tables::told_text(model, basis.told, tables::Lists::whole) +
+  return text + told_text(model, basis.told, Lists::whole) +
          texts::translated("\nComplete: report of {}\n", elements_text(summary.reported.size()));
 }
 
-}  // namespace aluframe::cli
+}  // namespace aluframe::tables
