@@ -28,9 +28,6 @@ namespace {
 
 using namespace aluframe;
 using namespace aluframe::cli;
-namespace files = aluframe::files;
-namespace run = aluframe::run;
-namespace texts = aluframe::texts;
 
 void add_check(CLI::App& app, CheckOptions& options, int& status) {
   CLI::App* check =
@@ -223,9 +220,9 @@ void add_report(CLI::App& app, ReportOptions& options, int& status) {
   });
 }
 
-std::optional<aluframe::model::Shape> shape_of_list(const std::string& name) {
-  const auto shape = aluframe::model::parse_shape(name);
-  return shape != aluframe::model::Shape::other ? shape : std::nullopt;
+std::optional<model::Shape> shape_of_list(const std::string& name) {
+  const auto shape = model::parse_shape(name);
+  return shape != model::Shape::other ? shape : std::nullopt;
 }
 
 void add_section(CLI::App& app, SectionOptions& options, int& status) {

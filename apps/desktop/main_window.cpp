@@ -29,6 +29,7 @@
 #include "apps/desktop/model_edit_command.h"
 #include "apps/desktop/model_tree.h"
 #include "apps/desktop/overview.h"
+#include "apps/desktop/result_words.h"
 #include "apps/desktop/table_panel.h"
 #include "apps/desktop/text_viewer.h"
 
@@ -386,10 +387,10 @@ void MainWindow::show_state() {
     state_->setText(QString::fromStdString(workspace_.results_problem()));
   } else if (const run::ShownResults* results = workspace_.results()) {
     const bool is_current = results->cautions.empty() && !document->is_modified();
-    const std::string over = texts::counted(results->told.over, translatable("{} element fails"),
-                                            translatable("{} elements fail"));
-    state_->setText(QString::fromStdString(
-        is_current ? over : texts::translated("{}, by earlier results", over)));
+    const QString outcome = outcome_words(*results);
+    state_->setText(
+        is_current ? outcome
+                   : shown(texts::translated("{}, by earlier results", outcome.toStdString())));
   } else {
     state_->setText(ui_text(translatable("not checked yet")));
   }

@@ -1,8 +1,10 @@
 #include "apps/desktop/result_words.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <string_view>
 
+#include "aluframe/run/buckling.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/ui_texts.h"
@@ -51,6 +53,34 @@ QString verdict_words(const store::GoverningRow& check) {
   if (!run::was_judged(check)) return ui_text(translatable("no limit"));
   return run::fails(check) ? QStringLiteral("✗ ") + ui_text(translatable("fails"))
                            : QStringLiteral("✓ ") + ui_text(translatable("passes"));
+}
+
+QString outcome_words(const run::ShownResults& results) {
+  const run::Told& told = results.told;
+  const run::Coverage& coverage = results.coverage;
+  QStringList parts{shown(texts::counted(told.over, translatable("{} element fails"),
+                                         translatable("{} elements fail")))};
+  if (std::ranges::any_of(told.buckling_factors, run::buckles)) {
+    parts.push_back(ui_text(translatable("the frame buckles")));
+  }
+  if (told.safe && told.safe->unsaid > 0) {
+    parts.push_back(
+        shown(texts::counted(told.safe->unsaid, translatable("{} more by its safe ratio"),
+                             translatable("{} more by their safe ratios"))));
+  }
+  if (coverage.elements > results.elements.size()) {
+    parts.push_back(shown(texts::counted(coverage.elements - results.elements.size(),
+                                         translatable("{} element without a check"),
+                                         translatable("{} elements without a check"))));
+  }
+  if (coverage.elements < coverage.of_elements) {
+    parts.push_back(shown(texts::translated("results of {} of {} elements", coverage.elements,
+                                            coverage.of_elements)));
+  }
+  if (coverage.states.size() < coverage.of_states) {
+    parts.push_back(shown(texts::translated("combinations {}", run::combinations_text(coverage))));
+  }
+  return parts.join(QStringLiteral("; "));
 }
 
 }  // namespace aluframe::desktop

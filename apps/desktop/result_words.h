@@ -5,6 +5,7 @@
 
 #include "aluframe/model/model.h"
 #include "aluframe/run/element_result.h"
+#include "aluframe/run/shown_results.h"
 #include "aluframe/store/result_file.h"
 
 // How results are put into words in the window, in the user's language.
@@ -28,5 +29,9 @@ QString position_words(int position);
 QString ratio_words(const store::GoverningRow& check);
 /// Whether it passes, not by a colour alone: "✓ passes", "✗ fails", "no limit".
 QString verdict_words(const store::GoverningRow& check);
+
+/// What results come to, in one line: how many elements fail, and all else that speaks against the
+/// frame or is not known of it. "0 elements fail; the frame buckles; results of 2 of 31 elements".
+QString outcome_words(const run::ShownResults& results);
 
 }  // namespace aluframe::desktop

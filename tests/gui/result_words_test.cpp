@@ -1,0 +1,56 @@
+// What results come to, as the window says it in one line.
+
+#include "apps/desktop/result_words.h"
+
+#include <gtest/gtest.h>
+
+namespace gui_test {
+namespace {
+
+using namespace aluframe;
+using desktop::outcome_words;
+
+/// Of a whole check of two elements in one combination; nothing fails.
+run::ShownResults whole() {
+  run::ShownResults results;
+  results.coverage.elements = results.coverage.of_elements = 2;
+  results.coverage.states = results.coverage.combinations = {1};
+  results.coverage.of_states = results.coverage.of_combinations = 1;
+  results.elements = {{1, {.element = 1, .items = {}}}, {2, {.element = 2, .items = {}}}};
+  return results;
+}
+
+TEST(OutcomeWords, CountTheElementsThatFail) {
+  run::ShownResults results = whole();
+  EXPECT_EQ(outcome_words(results), "0 elements fail");
+  results.told.over = 1;
+  EXPECT_EQ(outcome_words(results), "1 element fails");
+}
+
+// A frame that buckles is lost, whatever the ratios of its elements are.
+TEST(OutcomeWords, SayThatTheFrameBuckles) {
+  run::ShownResults results = whole();
+  results.told.buckling_factors = {{.combination = 1, .factor = 1.02}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail");
+  results.told.buckling_factors = {{.combination = 1, .factor = 0.98}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail; the frame buckles");
+}
+
+TEST(OutcomeWords, SayWhatOnlySafeRatiosTell) {
+  run::ShownResults results = whole();
+  results.told.safe = run::SafeSummary{.elements = 2, .over = 2, .unsaid = 1, .worst = {}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail; 1 more by its safe ratio");
+}
+
+TEST(OutcomeWords, SayWhatIsNotKnown) {
+  run::ShownResults results = whole();
+  results.elements.erase(2);
+  results.coverage.of_elements = 31;
+  results.coverage.of_states = results.coverage.of_combinations = 4;
+  EXPECT_EQ(outcome_words(results),
+            "0 elements fail; 1 element without a check; results of 2 of 31 elements; "
+            "combinations 1 of 4");
+}
+
+}  // namespace
+}  // namespace gui_test
