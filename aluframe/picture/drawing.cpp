@@ -3,29 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "aluframe/analysis/local_axes.h"
-#include "aluframe/model/orientation.h"
-
 namespace aluframe::picture {
 
 namespace {
 
-analysis::Node node_at(const Point3& point) {
-  return {.number = 0, .x = point.x, .y = point.y, .z = point.z};
-}
-
 SeenElement seen(const model::Model& model, const model::Element& element, const View& view) {
-  SeenElement out;
-  out.element = &element;
-  out.start = point_of(model, element.nodes[0]);
-  out.end = point_of(model, element.nodes[1]);
-  const auto geometry =
-      analysis::geometry_between(node_at(out.start), node_at(out.end), element.beta,
-                                 model::reference_direction(model, element));
-  for (std::size_t i = 0; i < 3; ++i) {
-    const auto row = static_cast<Eigen::Index>(i);
-    out.axes[i] = {geometry.axes(row, 0), geometry.axes(row, 1), geometry.axes(row, 2)};
-  }
+  SeenElement out{axis_of(model, element), &element};
   out.is_end_on = is_end_on(view, out.axes[0]);
   out.along = unit_of(project(view, out.axes[0]));
   return out;
@@ -53,11 +36,6 @@ double median_length(const std::vector<SeenElement>& elements) {
 }
 
 }  // namespace
-
-Point3 point_of(const model::Model& model, model::Number node) {
-  const model::Node& found = *model.nodes.find(node);
-  return {found.x, found.y, found.z};
-}
 
 Point3 global_axis(std::size_t axis) {
   return {axis == 0 ? 1.0 : 0.0, axis == 1 ? 1.0 : 0.0, axis == 2 ? 1.0 : 0.0};

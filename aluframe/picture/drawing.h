@@ -6,17 +6,16 @@
 
 #include "aluframe/model/members.h"
 #include "aluframe/picture/content.h"
+#include "aluframe/picture/element_axis.h"
 
 // What the parts of a picture share while it is drawn.
 
 namespace aluframe::picture {
 
 /// An element as it is seen.
-struct SeenElement {
+struct SeenElement : ElementAxis {
   const model::Element* element = nullptr;
-  Point3 start, end;
-  std::array<Point3, 3> axes;  ///< local x, y, z
-  Point2 along;                ///< x on paper, length 1
+  Point2 along = {};  ///< x on paper, length 1
   bool is_end_on = false;
 
   Point3 at(double fraction) const { return between(start, end, fraction); }
@@ -34,8 +33,6 @@ struct Drawing {
 };
 
 Drawing drawing_of(const model::Model& model, const Content& content, Scene& scene);
-
-Point3 point_of(const model::Model& model, model::Number node);
 
 /// The unit vector along X, Y or Z.
 Point3 global_axis(std::size_t axis);

@@ -1,18 +1,16 @@
 #pragma once
 
-#include <array>
 #include <vector>
 
 #include "aluframe/model/model.h"
+#include "aluframe/picture/element_axis.h"
 #include "aluframe/viewport/camera.h"
 
 namespace aluframe::viewport {
 
-/// The axis of an element in space.
-struct ElementLine {
+/// An element in space.
+struct ElementLine : picture::ElementAxis {
   model::Number number = 0;
-  Point3 start, end;
-  std::array<Point3, 3> axes;  ///< local x, y, z
 };
 
 /// Of all elements, in the order of the model.

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "aluframe/io/model_edit.h"
+#include "tests/unit/aluframe/io/edited_text.h"
 #include "tests/unit/aluframe/io/io_texts.h"
 
 namespace aluframe::io {
@@ -17,21 +18,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
-
-std::string edited(std::string_view text, const ModelChanges& changes) {
-  const Result<std::string> result = edit_model_text(text, "post.json", changes);
-  if (const auto* problem = std::get_if<Problem>(&result)) {
-    ADD_FAILURE() << problem->message();
-    return {};
-  }
-  return std::get<std::string>(result);
-}
-
-std::string problem_of(std::string_view text, const ModelChanges& changes) {
-  const Result<std::string> result = edit_model_text(text, "post.json", changes);
-  const auto* problem = std::get_if<Problem>(&result);
-  return problem != nullptr ? problem->message() : "no problem";
-}
 
 ElementDesign welded(double coefficient) {
   ElementDesign design;

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "aluframe/catalogue/alloys.h"
+#include "tests/unit/aluframe/io/edited_text.h"
 #include "tests/unit/aluframe/io/io_texts.h"
 
 namespace aluframe::io {
@@ -13,22 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
-
-/// The text with changes; a failure of the test when there was a problem.
-std::string edited(std::string_view text, const ModelChanges& changes) {
-  const Result<std::string> result = edit_model_text(text, "post.json", changes);
-  if (const auto* problem = std::get_if<Problem>(&result)) {
-    ADD_FAILURE() << problem->message();
-    return {};
-  }
-  return std::get<std::string>(result);
-}
-
-std::string problem_of(std::string_view text, const ModelChanges& changes) {
-  const Result<std::string> result = edit_model_text(text, "post.json", changes);
-  const auto* problem = std::get_if<Problem>(&result);
-  return problem != nullptr ? problem->message() : "no problem";
-}
 
 ModelChanges class_one() {
   model::DesignSettings settings;

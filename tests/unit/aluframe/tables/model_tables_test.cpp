@@ -10,23 +10,10 @@
 #include "aluframe/tables/structure_texts.h"
 #include "aluframe/texts/language.h"
 #include "tests/unit/aluframe/model/models.h"
+#include "tests/unit/aluframe/tables/cells.h"
 
 namespace aluframe::tables {
 namespace {
-
-const Cell none;
-
-Cell text(const char* value) {
-  return std::string(value);
-}
-
-Cell phrase(const char* value) {
-  return Phrase{value};
-}
-
-Cell whole(std::int64_t value) {
-  return value;
-}
 
 /// What stands in a row under a key.
 Cell cell(const OutputTable& table, std::size_t row, const std::string& key) {

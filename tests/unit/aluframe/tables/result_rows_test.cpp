@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "aluframe/tables/result_tables.h"
+#include "tests/unit/aluframe/tables/cells.h"
 #include "tests/unit/aluframe/tables/result_samples.h"
 
 namespace aluframe::tables {
@@ -14,20 +15,7 @@ namespace {
 using Row = std::vector<Cell>;
 using Keys = std::vector<std::string>;
 
-const Cell none;
 constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
-
-Cell text(const char* value) {
-  return std::string(value);
-}
-
-Cell phrase(const char* value) {
-  return Phrase{value};
-}
-
-Cell whole(std::int64_t value) {
-  return value;
-}
 
 /// A record of a combination with one strength check in the middle.
 store::StoredRecord record(std::uint32_t combination, int min_side) {

@@ -24,10 +24,10 @@ class Picking : public testing::Test {
   Band band(double x0, double y0, double x1, double y1) { return {{x0, y0, 0.0}, {x1, y1, 0.0}}; }
 
   Camera camera;
-  std::vector<ElementLine> lines{{1, {0, 0, 0}, {1000, 0, 0}, {}},
-                                 {2, {0, 0, 250}, {1000, 0, 250}, {}},
-                                 {3, {500, 0, 0}, {500, 0, 500}, {}},
-                                 {4, {0, 900, 0}, {1000, 900, 0}, {}}};
+  std::vector<ElementLine> lines{{{{0, 0, 0}, {1000, 0, 0}, {}}, 1},
+                                 {{{0, 0, 250}, {1000, 0, 250}, {}}, 2},
+                                 {{{500, 0, 0}, {500, 0, 500}, {}}, 3},
+                                 {{{0, 900, 0}, {1000, 900, 0}, {}}, 4}};
   model::Number hidden = 0;
 };
 
@@ -66,7 +66,7 @@ TEST_F(Picking, ACrossingBandTakesWhatItTouches) {
 
 // A slanted line whose box meets the band, though it passes by.
 TEST_F(Picking, ABandBesideASlantedLineTakesNothing) {
-  lines = {{1, {0, 0, 0}, {1000, 0, 500}, {}}};
+  lines = {{{{0, 0, 0}, {1000, 0, 500}, {}}, 1}};
   EXPECT_THAT(pick_in(sight(), band(60, 20, 120, 60), BandKind::crossing), IsEmpty());
   EXPECT_THAT(pick_in(sight(), band(200, 80, 300, 120), BandKind::crossing), ElementsAre(1));
 }
