@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QIcon>
 #include <exception>
 
 #include "aluframe/texts/language.h"
@@ -59,6 +60,9 @@ int run(int argc, char** argv) {
     return exit_failure;
   }
   const QApplication application(argc, argv);
+  // What the installed desktop entry and icon are named, so that the window shows them.
+  QGuiApplication::setDesktopFileName(QStringLiteral("aluframe-desktop"));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("aluframe")));
   desktop::apply_preferred_theme();
   return desktop::run_desktop(options);
 }
