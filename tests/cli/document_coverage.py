@@ -6,6 +6,7 @@ from typing import NamedTuple
 # Commands that the pages show and the tests do not run: what they begin with, and why.
 NOT_RUN = {
     "./dev": "installs packages and builds; `desktop` opens a window",
+    "sudo apt": "installs or removes packages",
     "cmake": "builds or installs the program under test",
     "/usr/bin/python3 -m pytest": "a test of its own, beside this one",
     "tests/verification/run_second_computation.py": "takes minutes; a test of its own runs fewer points",
