@@ -71,6 +71,7 @@ class GlCanvas : public QOpenGLWidget, public FrameCanvas {
                  {.size = {scale * size.width, scale * size.height},
                   .scale = scale,
                   .is_solid = !content.solid.first.empty(),
+                  .is_quick = view_.is_drawn_quickly(),
                   .deformation = view_.deformation(),
                   .halo = view_.halo()});
   }

@@ -130,6 +130,13 @@ QColor FrameView::halo() const {
   return {0xE6, 0x00, 0x7E};
 }
 
+bool FrameView::is_drawn_quickly() const {
+  constexpr std::size_t most_lines = 4000, most_corners = 100'000;
+  const bool is_large =
+      content_.lines.size() > most_lines || content_.solid.vertices.size() > most_corners;
+  return is_turning_ && is_large && draws_in_software();
+}
+
 void FrameView::take_model() {
   content_.lines = viewport::element_lines(workspace_.model());
   const viewport::Bounds before = content_.bounds;

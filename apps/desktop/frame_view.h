@@ -54,6 +54,8 @@ class FrameView : public QWidget {
   /// That displacements are multiplied by at this moment.
   double deformation() const;
   QColor halo() const;
+  /// Whether a frame that the processor draws too slowly is turning: plain lines then.
+  bool is_drawn_quickly() const;
 
  Q_SIGNALS:
   /// What the pointer is over, for the status line; empty: nothing.

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QOpenGLBuffer>
-#include <QOpenGLFunctions>
-#include <QOpenGLShaderProgram>
-#include <memory>
+#include <array>
 
 #include "aluframe/viewport/camera.h"
 #include "apps/desktop/frame_content.h"
+#include "apps/desktop/gl_lines.h"
 
 namespace aluframe::desktop {
 
@@ -15,6 +13,8 @@ struct FrameDrawing {
   viewport::Size size;  ///< device pixels
   double scale = 1.0;   ///< device pixels of one at 100 %
   bool is_solid = false;
+  /// Plain lines alone, as a large frame turns.
+  bool is_quick = false;
   double deformation = 0.0;  ///< that displacements are multiplied by
   QColor halo;               ///< of selected elements
 };
@@ -37,24 +37,17 @@ class GlFrame : protected QOpenGLFunctions {
             const FrameDrawing& drawing);
 
  private:
-  struct Indices {
-    QOpenGLBuffer buffer{QOpenGLBuffer::IndexBuffer};
-    int count = 0;
-  };
-  /// Lines as rectangles that face the eye: four corners each.
-  struct LineBuffers {
-    QOpenGLBuffer corners{QOpenGLBuffer::VertexBuffer};
-    QOpenGLBuffer looks{QOpenGLBuffer::VertexBuffer};
-  };
-
-  void draw_lines(LineBuffers& lines, Indices& indices, float wider, const QColor* one_colour);
   void draw_solid(const viewport::Camera& camera, const FrameDrawing& drawing,
                   const std::array<float, 16>& matrix);
+  void draw_lines(const FrameDrawing& drawing, const std::array<float, 16>& matrix,
+                  bool with_elements);
 
-  QOpenGLShaderProgram line_program_, solid_program_;
-  LineBuffers elements_, deformed_;
+  GlLinePrograms line_programs_;
+  QOpenGLShaderProgram solid_program_;
+  GlLines elements_, deformed_;
+  GlLineChoice shown_, selected_, deformed_shown_;
   QOpenGLBuffer solid_{QOpenGLBuffer::VertexBuffer}, solid_looks_{QOpenGLBuffer::VertexBuffer};
-  Indices shown_, selected_, shown_solid_, deformed_shown_;
+  Indices shown_solid_;
 };
 
 }  // namespace aluframe::desktop

@@ -1,6 +1,7 @@
 #include "apps/desktop/runner.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <exception>
 #include <utility>
 #include <variant>
@@ -171,13 +172,19 @@ class Runner::Listener : public services::ProgressListener {
     Q_EMIT runner_.started(QString::fromStdString(text));
   }
   bool advanced(int done, int total) override {
-    Q_EMIT runner_.progressed(done, total);
+    // To draw the window for each element of a large frame takes longer than to check it.
+    constexpr int pause = 100;  // ms
+    if (done == total || !since_told_.isValid() || since_told_.elapsed() >= pause) {
+      since_told_.start();
+      Q_EMIT runner_.progressed(done, total);
+    }
     return runner_.is_cancelled_;
   }
   void ended() override {}
 
  private:
   Runner& runner_;
+  QElapsedTimer since_told_;
 };
 
 Runner::Runner(Workspace& workspace) : workspace_(workspace) {}
