@@ -207,6 +207,17 @@ TEST_F(ShownResultsTest, OfAnEnvelopeAreTheLargestOfItsStates) {
   EXPECT_EQ(in_5.at(12), in_3.at(12)) << "combination 3, which stands for a state of it";
 }
 
+TEST_F(ShownResultsTest, OfAnEnvelopeAreThoseOfTheOneStateThatWasChecked) {
+  // 5002: the second state of combination 5, its own one.
+  check_model({.elements = {},
+               .combinations = std::get<model::NumberRanges>(model::parse_number_ranges("5002"))});
+  const ShownResults results = shown();
+  const picture::Ratios in_5 = ratios_in_combination(results, 5);
+  EXPECT_THAT(in_5, ElementsAre(Key(11U))) << "nothing acts on 12 in it";
+  EXPECT_EQ(in_5.at(11), worst_of(results, 11));
+  EXPECT_THAT(ratios_in_combination(results, 3), IsEmpty()) << "its other state, left out";
+}
+
 TEST_F(ShownResultsTest, OfAnEnvelopeOfExtremesAreTheLargestOfItsTwoSides) {
   const std::string terms = R"({"combination": 3}, {"case": 2, "factor": 1.5})";
   write(replaced(replaced(columns, R"("version": 1,)", R"("version": 1, "envelopes": "extremes",)"),
@@ -236,6 +247,21 @@ TEST_F(ShownResultsTest, OfACombinationLeaveOutElementsThatLackForcesInIt) {
   EXPECT_THAT(ratios_in_combination(results, 4), ElementsAre(Key(12U)));
   EXPECT_NEAR(worst_of(results, 11) / in_3.at(11), 1.0, tolerance)
       << "the only one it has forces in";
+  EXPECT_THAT(not_checked(results), ElementsAre(11, 16));
+}
+
+TEST_F(ShownResultsTest, ListAnElementWithoutForcesInAnyCombination) {
+  std::string given = columns;
+  const std::size_t begin = given.find("\"load_cases\""), end = given.find("\"combinations\"");
+  given.replace(begin, end - begin, R"("load_cases": [{"number": 1}, {"number": 2}],
+    "forces": [
+      {"element": 12, "case": 1, "values": [[0, 0, 5, 0, -2.5, 0], [0, 0, 5, 0, 0, 0]]},
+      {"element": 12, "case": 2, "values": [[0, 0, 10, 0, -5, 0], [0, 0, 10, 0, 0, 0]]}],
+    )");
+  write(given);
+  check_model();
+  const ShownResults results = shown();
+  EXPECT_THAT(results.elements, ElementsAre(Key(12U)));
   EXPECT_THAT(not_checked(results), ElementsAre(11, 16));
 }
 
