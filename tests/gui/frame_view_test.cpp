@@ -7,6 +7,7 @@
 #include <QThreadPool>
 #include <QWheelEvent>
 #include <algorithm>
+#include <fstream>
 #include <limits>
 
 #include "aluframe/run/check.h"
@@ -252,10 +253,31 @@ TEST_F(FrameViewTest, TheLegendCountsTheRatiosOfOneItem) {
   std::vector<double> ratios;
   for (const auto& [number, element] : workspace.results()->elements) {
     const store::GoverningRow* row = element.find(RALU_COMBINED_STABILITY);
-    if (row != nullptr && run::was_judged(*row)) ratios.push_back(row->governing.Ratio());
+    if (row != nullptr) ratios.push_back(row->governing.Ratio());
   }
   ASSERT_THAT(ratios.size(), testing::AllOf(testing::Gt(0U), testing::Lt(31U)));
   EXPECT_EQ(legend(), counted(ratios, 31 - ratios.size()));
+}
+
+TEST_F(FrameViewTest, TheLegendCountsNoRatiosOfChecksWithoutALimit) {
+  // Bending alone: its slenderness is worked out, and set against nothing.
+  file = file.parent_path() / "cantilever.json";
+  std::ofstream(file) << R"({"format": "aluframe-model", "version": 1,
+    "units": {"force": "kN", "length": "m"}, "materials": [{"number": 1, "alloy": "6061-T6"}],
+    "sections": [{"number": 1, "shape": "P", "dimensions": {"D": 100, "t": 8}}],
+    "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0}, {"number": 2, "x": 1, "y": 0, "z": 0}],
+    "supports": [{"node": 1, "restrained": "all"}],
+    "elements": [{"number": 1, "nodes": [1, 2], "section": 1, "material": 1}],
+    "load_cases": [{"number": 1, "nodal": [{"nodes": [2], "Fz": -1}]}],
+    "combinations": [{"number": 1, "terms": [{"case": 1}]}]})";
+  open(file);
+  check();
+  display.change([](DisplayState& state) {
+    state.colour = Colour::item;
+    state.item = RALU_SLENDERNESS_Y;
+  });
+  ASSERT_NE(workspace.results()->find(1)->find(RALU_SLENDERNESS_Y), nullptr);
+  EXPECT_EQ(legend(), counted({}, 1));
 }
 
 TEST_F(FrameViewTest, TheLegendCountsTheElementsThatWereNotChecked) {
