@@ -16,8 +16,10 @@ struct DrawnMode {
 };
 
 /// The smallest modes of a combination, as many as asked for or as there are. Between its nodes an
-/// element is drawn as the cubic that goes with their displacements and rotations, one that buckles
-/// while they stand still as half a wave.
+/// element is drawn as the cubic that goes with the displacements and rotations of its ends: those
+/// of its nodes, but where it is released. A truss stays straight, and an element that buckles
+/// while its nodes stand still is half a wave.
+/// @return a problem when there is no such combination, its forces are given, or the analysis fails
 Result<std::vector<DrawnMode>> drawn_modes(const Input& input, model::Number combination,
                                            int count);
 

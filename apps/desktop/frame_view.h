@@ -38,6 +38,8 @@ class FrameView : public QWidget {
 
   const viewport::Camera& camera() const { return camera_; }
   const FrameContent& content() const { return content_; }
+  /// What the colours mean, and how many elements have each; empty: they mean nothing.
+  const std::vector<picture::LegendEntry>& legend() const { return legend_; }
   bool draws_with_opengl() const;
   viewport::Size view_size() const;
 

@@ -6,9 +6,13 @@
 #include <QTest>
 #include <QThreadPool>
 #include <QWheelEvent>
+#include <algorithm>
+#include <fstream>
+#include <limits>
 
 #include "aluframe/run/check.h"
 #include "apps/desktop/model_document.h"
+#include "apps/desktop/shown_forces.h"
 #include "tests/gui/desktop_test.h"
 
 namespace gui_test {
@@ -43,8 +47,8 @@ class FrameViewTest : public DesktopTest {
     open(std::filesystem::path(EXAMPLE_MODEL).parent_path() / "platform-roof.json");
   }
 
-  void check() {
-    const auto prepared = run::prepare({.model = file});
+  void check(const run::Selection& selection = {}) {
+    const auto prepared = run::prepare({.model = file}, selection);
     run::CheckOptions options;
     options.results = run::result_path_of(file);
     run::check(std::get<run::Input>(prepared), options);
@@ -72,10 +76,35 @@ class FrameViewTest : public DesktopTest {
     return view.picture();
   }
 
+  std::vector<std::string> legend() const {
+    std::vector<std::string> texts;
+    for (const picture::LegendEntry& entry : view.legend()) texts.push_back(entry.text);
+    return texts;
+  }
+
   desktop::Workspace workspace;
   desktop::Display display;
   desktop::FrameView view;
 };
+
+/// The legend of ratios, counted one by one.
+/// @param without elements that have none
+std::vector<std::string> counted(const std::vector<double>& ratios, std::size_t without) {
+  const auto line = [](const std::string& text, std::size_t count) {
+    return text + ": " + std::to_string(count) + (count == 1 ? " element" : " elements");
+  };
+  const auto above = [&](double least, double most) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        ratios, [=](double ratio) { return ratio > least && ratio <= most; }));
+  };
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  std::vector<std::string> lines{
+      line("ratio up to 0.25", above(-1, 0.25)),    line("ratio 0.25 to 0.50", above(0.25, 0.5)),
+      line("ratio 0.50 to 0.75", above(0.5, 0.75)), line("ratio 0.75 to 0.90", above(0.75, 0.9)),
+      line("ratio 0.90 to 1", above(0.9, 1)),       line("ratio over 1", above(1, infinity))};
+  if (without > 0) lines.push_back(line("without a result", without));
+  return lines;
+}
 
 TEST_F(FrameViewTest, AClickSelectsAndAnotherOneBesideClears) {
   click(1);
@@ -202,6 +231,75 @@ TEST_F(FrameViewTest, WhatHasNoResultOfTheItemIsHatched) {
   EXPECT_GT(hatched, 0U);
 }
 
+TEST_F(FrameViewTest, TheLegendCountsTheElementsOfEachClassOfRatios) {
+  display.change([](DisplayState& state) { state.colour = Colour::worst_ratio; });
+  EXPECT_THAT(legend(), IsEmpty()) << "without results colours mean nothing";
+  check();
+  std::vector<double> ratios;
+  for (const auto& [number, element] : workspace.results()->elements) {
+    ratios.push_back(element.worst().governing.Ratio());
+  }
+  ASSERT_EQ(ratios.size(), 31U) << "all of the example's elements have a ratio";
+  EXPECT_EQ(legend(), counted(ratios, 0));
+  EXPECT_EQ(legend().back(), "ratio over 1: 1 element") << "element 3";
+}
+
+TEST_F(FrameViewTest, TheLegendCountsTheRatiosOfOneItem) {
+  check();
+  display.change([](DisplayState& state) {
+    state.colour = Colour::item;
+    state.item = RALU_COMBINED_STABILITY;
+  });
+  std::vector<double> ratios;
+  for (const auto& [number, element] : workspace.results()->elements) {
+    const store::GoverningRow* row = element.find(RALU_COMBINED_STABILITY);
+    if (row != nullptr) ratios.push_back(row->governing.Ratio());
+  }
+  ASSERT_THAT(ratios.size(), testing::AllOf(testing::Gt(0U), testing::Lt(31U)));
+  EXPECT_EQ(legend(), counted(ratios, 31 - ratios.size()));
+}
+
+TEST_F(FrameViewTest, TheLegendCountsNoRatiosOfChecksWithoutALimit) {
+  // Bending alone: its slenderness is worked out, and set against nothing.
+  file = file.parent_path() / "cantilever.json";
+  std::ofstream(file) << R"({"format": "aluframe-model", "version": 1,
+    "units": {"force": "kN", "length": "m"}, "materials": [{"number": 1, "alloy": "6061-T6"}],
+    "sections": [{"number": 1, "shape": "P", "dimensions": {"D": 100, "t": 8}}],
+    "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0}, {"number": 2, "x": 1, "y": 0, "z": 0}],
+    "supports": [{"node": 1, "restrained": "all"}],
+    "elements": [{"number": 1, "nodes": [1, 2], "section": 1, "material": 1}],
+    "load_cases": [{"number": 1, "nodal": [{"nodes": [2], "Fz": -1}]}],
+    "combinations": [{"number": 1, "terms": [{"case": 1}]}]})";
+  open(file);
+  check();
+  display.change([](DisplayState& state) {
+    state.colour = Colour::item;
+    state.item = RALU_SLENDERNESS_Y;
+  });
+  ASSERT_NE(workspace.results()->find(1)->find(RALU_SLENDERNESS_Y), nullptr);
+  EXPECT_EQ(legend(), counted({}, 1));
+}
+
+TEST_F(FrameViewTest, TheLegendCountsTheElementsThatWereNotChecked) {
+  check({.elements = std::get<model::NumberRanges>(model::parse_number_ranges("1-5")),
+         .combinations = {}});
+  display.change([](DisplayState& state) { state.colour = Colour::worst_ratio; });
+  ASSERT_FALSE(legend().empty());
+  EXPECT_EQ(legend().back(), "without a result: 26 elements") << "5 of 31 were checked";
+}
+
+TEST_F(FrameViewTest, TheLegendFollowsTheResultsAndTheColour) {
+  check();
+  display.change([](DisplayState& state) { state.colour = Colour::worst_ratio; });
+  EXPECT_EQ(legend().size(), 6U);
+  std::filesystem::remove(run::result_path_of(file));
+  workspace.refresh_results();
+  EXPECT_THAT(legend(), IsEmpty());
+  display.change([](DisplayState& state) { state.colour = Colour::material; });
+  // The example has one material for all of its elements.
+  EXPECT_THAT(legend(), ElementsAre(testing::EndsWith(": 31 elements")));
+}
+
 TEST_F(FrameViewTest, ForcesAndDisplacementsAreComputedBesideAndDrawn) {
   open_loaded_frame();
   const QImage before = picture();
@@ -230,6 +328,18 @@ TEST_F(FrameViewTest, BucklingModesAreDrawn) {
     }
   }
   EXPECT_NEAR(largest, 1.0, 1e-12);
+}
+
+TEST_F(FrameViewTest, SaysThatTheModelLacksTheCombinationOfAMode) {
+  open_loaded_frame();
+  desktop::ShownForces forces(workspace, display);
+  display.change([](DisplayState& state) { state.deformed = desktop::ModeSubject{2, 0}; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return forces.is_mode(); }, patience));
+  display.change([](DisplayState& state) { state.deformed = desktop::ModeSubject{999, 0}; });
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return !forces.notes().join(u' ').contains(u"computing"); }, patience));
+  EXPECT_FALSE(forces.deformed().has_value());
+  EXPECT_THAT(forces.notes().join(u'\n').toStdString(), HasSubstr("there is no combination 999"));
 }
 
 TEST_F(FrameViewTest, IsSafeToCloseWhileForcesAreComputed) {

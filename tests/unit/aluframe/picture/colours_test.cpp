@@ -70,5 +70,32 @@ TEST(RatioColours, HaveALegendWithCountsAndElementsWithoutResult) {
   EXPECT_EQ(texts_of(scene, Layer::values), std::vector<std::string>{"1.50"});
 }
 
+TEST(RatioColours, CountEveryElementInOneClass) {
+  std::vector<model::Node> nodes;
+  for (model::Number i = 1; i <= 12; ++i) nodes.push_back(node(i, 1000.0 * i, 0, 0));
+  Content content = along_y();
+  content.colour = ColourBy::ratio;
+  // Of 11 elements 10 and 11 have no ratio; limits belong to the class below them.
+  content.ratios = {{1, 0.0},  {2, 0.25}, {3, 0.26},  {4, 0.50},        {5, 0.51},
+                    {6, 0.76}, {7, 1.0},  {8, 1.001}, {9, std::nan("")}};
+  const ElementStyles styles = element_styles(chain(nodes), content);
+  EXPECT_EQ(styles.styles.size(), 11U);
+  std::vector<std::string> legend;
+  for (const LegendEntry& entry : styles.legend) legend.push_back(entry.text);
+  EXPECT_EQ(legend, (std::vector<std::string>{
+                        "ratio up to 0.25: 2 elements", "ratio 0.25 to 0.50: 2 elements",
+                        "ratio 0.50 to 0.75: 1 element", "ratio 0.75 to 0.90: 1 element",
+                        "ratio 0.90 to 1: 1 element", "ratio over 1: 2 elements",
+                        "without a result: 2 elements"}));
+}
+
+TEST(RatioColours, LeaveOutOfTheCountRatiosOfElementsThatAreGone) {
+  Content content = along_y();
+  content.colour = ColourBy::ratio;
+  content.ratios = {{1, 0.3}, {99, 0.3}};
+  const auto legend = element_styles(beam(), content).legend;
+  EXPECT_EQ(legend.at(1).text, "ratio 0.25 to 0.50: 1 element");
+}
+
 }  // namespace
 }  // namespace aluframe::picture

@@ -129,5 +129,75 @@ TEST_F(ForceLinesAlong, LeaveOutElementsWithoutForces) {
   }
 }
 
+/// A beam of 4 m along X, rigid in shear, clamped at its start and supported at its end, under
+/// 3 kN/m downwards.
+constexpr const char* propped = R"({
+  "format": "aluframe-model", "version": 1, "units": {"force": "kN", "length": "m"},
+  "analysis": {"second_order": true},
+  "materials": [{"number": 1, "alloy": "6061-T6"}],
+  "sections": [{"number": 1, "shape": "UP", "dimensions": {},
+                "properties": {"area": 1000, "it": 1e6, "iyy": 4e6, "izz": 4e6,
+                               "point_y": [-50, 50, 50, -50], "point_z": [50, 50, -50, -50]}}],
+  "nodes": [{"number": 1, "x": 0, "y": 0, "z": 0}, {"number": 2, "x": 4, "y": 0, "z": 0}],
+  "supports": [{"node": 1, "restrained": "all"}, {"node": 2, "restrained": ["Dy", "Dz"]}],
+  "elements": [{"number": 7, "nodes": [1, 2], "section": 1, "material": 1}],
+  "load_cases": [{"number": 1, "span": [{"elements": [7], "direction": "Z", "value": -3}]},
+                 {"number": 2, "nodal": [{"nodes": [2], "Fx": -20}]}],
+  "combinations": [{"number": 1, "terms": [{"case": 1}]},
+                   {"number": 2, "terms": [{"case": 1}, {"case": 2}]}]
+})";
+
+class ForceLinesOfAProppedBeam : public testing::Test {
+ protected:
+  ForceLinesOfAProppedBeam() {
+    const auto file = folder_.path() / "beam.json";
+    std::ofstream(file) << propped;
+    auto read = read_input({.model = file});
+    if (const auto* problem = std::get_if<Problem>(&read)) ADD_FAILURE() << problem->text;
+    input_ = std::get<Input>(std::move(read));
+  }
+  static std::vector<picture::Ordinate> values(const Result<ForceLines>& lines) {
+    if (const auto* problem = std::get_if<Problem>(&lines)) {
+      ADD_FAILURE() << problem->text;
+      return {{}};
+    }
+    return std::get<ForceLines>(lines).lines.at(0).values;
+  }
+
+  services::TemporaryFolder folder_;
+  Input input_;
+};
+
+TEST_F(ForceLinesOfAProppedBeam, PassThroughTheExtremeBetweenPositions) {
+  // 9·q·L²/128 at 5/8 of the length, where the shear is 0; -q·L²/8 at the clamped start.
+  const auto moment = values(force_lines_of_case(input_, 1, picture::ForceComponent::my));
+  const auto most = std::ranges::max_element(moment, {}, &picture::Ordinate::value);
+  constexpr double q = 3.0, l = 4000.0;
+  EXPECT_NEAR(most->value, 9 * q * l * l / 128, tolerance * q * l * l);
+  // The place follows from shear forces in single precision.
+  EXPECT_NEAR(most->fraction, 0.625, 1e-6);
+  EXPECT_NEAR(moment.front().value, -q * l * l / 8, tolerance * q * l * l);
+  EXPECT_NEAR(moment.back().value, 0.0, tolerance * q * l * l);
+}
+
+TEST_F(ForceLinesOfAProppedBeam, OfALoadCaseAreOfFirstOrderAndOfACombinationAsTheModelSays) {
+  // The clamped moment is the one that turns the end of a simple beam back under compression
+  // (Timoshenko and Gere, Theory of Elastic Stability, chapter 1), u = (L/2)·sqrt(P/EI).
+  constexpr double q = 3.0, l = 4000.0, ei = 70000.0 * 4e6;
+  const double u = l / 2 * std::sqrt(20e3 / ei);
+  // Slope of a simple beam under q: q·L³/(24·EI)·3·(tan u - u)/u³; under a moment M at that end:
+  // M·L/(3·EI)·3/(2u)·(1/(2u) - 1/tan 2u).
+  const double of_load = q * l * l * l / 24 * 3 * (std::tan(u) - u) / (u * u * u);
+  const double of_moment = l / 3 * 3 / (2 * u) * (1 / (2 * u) - 1 / std::tan(2 * u));
+  const auto my = picture::ForceComponent::my;
+  EXPECT_NEAR(values(force_lines_of_combination(input_, 2, my)).front().value, -of_load / of_moment,
+              tolerance * q * l * l);
+  EXPECT_NEAR(values(force_lines_of_combination(input_, 1, my)).front().value, -q * l * l / 8,
+              tolerance * q * l * l)
+      << "without compression";
+  EXPECT_NEAR(values(force_lines_of_case(input_, 1, my)).front().value, -q * l * l / 8,
+              tolerance * q * l * l);
+}
+
 }  // namespace
 }  // namespace aluframe::run
