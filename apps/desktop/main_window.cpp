@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSettings>
@@ -30,6 +29,7 @@
 #include "apps/desktop/model_tree.h"
 #include "apps/desktop/overview.h"
 #include "apps/desktop/result_words.h"
+#include "apps/desktop/run_progress.h"
 #include "apps/desktop/table_panel.h"
 #include "apps/desktop/text_viewer.h"
 
@@ -146,9 +146,7 @@ void MainWindow::create_docks() {
 void MainWindow::create_status() {
   state_ = new QLabel;
   selection_ = new QLabel;
-  progress_ = new QProgressBar;
-  progress_->setMaximumWidth(24 * fontMetrics().averageCharWidth());
-  progress_->hide();
+  progress_ = new RunProgress;
   stop_ = new QPushButton(ui_text(translatable("Cancel")));
   stop_->hide();
   connect(stop_, &QPushButton::clicked, this, [this] { runner_.cancel(); });
@@ -163,15 +161,12 @@ void MainWindow::create_status() {
 
 void MainWindow::connect_runner() {
   connect(&runner_, &Runner::started, this, [this](const QString& text) {
-    progress_->setRange(0, 0);
-    progress_->show();
+    progress_->begin();
     stop_->show();
     state_->setText(text);
   });
-  connect(&runner_, &Runner::progressed, this, [this](int done, int total) {
-    progress_->setRange(0, total);
-    progress_->setValue(done);
-  });
+  connect(&runner_, &Runner::progressed, this,
+          [this](int done, int total) { progress_->advance(done, total); });
   connect(&runner_, &Runner::check_ended, this, [this](const RunEnd& end) { show_check_end(end); });
   connect(&runner_, &Runner::report_ended, this, [this](const RunEnd& end, const QString& report) {
     if (end.kind == RunEnd::Kind::failed) {
@@ -371,7 +366,7 @@ void MainWindow::show_state() {
   cancel_->setEnabled(runner_.is_running());
   design_->setEnabled(document != nullptr);
   if (is_idle) {
-    progress_->hide();
+    progress_->end();
     stop_->hide();
   }
   if (document == nullptr) {

@@ -19,7 +19,6 @@
 class QAction;
 class QLabel;
 class QMenu;
-class QProgressBar;
 class QPushButton;
 class QStackedWidget;
 
@@ -27,6 +26,7 @@ namespace aluframe::desktop {
 
 class FrameView;
 class Overview;
+class RunProgress;
 
 /// The program's window: the frame in space, panels around it, and the commands. Changes stay in
 /// the window until they are saved; closing asks about them.
@@ -111,7 +111,7 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> model_actions_;  ///< that need an open model
   std::vector<QAction*> idle_actions_;   ///< that wait for the end of a run
   QLabel *selection_ = nullptr, *state_ = nullptr;
-  QProgressBar* progress_ = nullptr;
+  RunProgress* progress_ = nullptr;
   QPushButton* stop_ = nullptr;
   QFileSystemWatcher watcher_;
   std::filesystem::file_time_type known_time_;  ///< of the file as it was read or saved

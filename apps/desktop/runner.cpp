@@ -173,7 +173,7 @@ class Runner::Listener : public services::ProgressListener {
   }
   bool advanced(int done, int total) override {
     // To draw the window for each element of a large frame takes longer than to check it.
-    constexpr int pause = 100;  // ms
+    constexpr int pause = 250;  // ms
     if (done == total || !since_told_.isValid() || since_told_.elapsed() >= pause) {
       since_told_.start();
       Q_EMIT runner_.progressed(done, total);
