@@ -116,7 +116,7 @@ def test_a_settings_dialog_is_undone_too(start, model):
     save(program, model, edited)
     program.press("ctrl+z")
     save(program, model, first)
-    program.press("ctrl+shift+z")
+    program.press("ctrl+y")
     save(program, model, edited)
 
 
@@ -143,11 +143,26 @@ def test_what_another_program_writes_is_asked_about_when_there_are_changes(start
         save(program, model, with_haz_width(other, [1, 2], 31))
 
 
-def test_a_folder_that_takes_no_file_is_told_once(start, tmp_path, model):
+def test_changes_of_another_program_to_sections_are_not_overwritten(start, model):
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    other = model.read_text(encoding="utf-8").replace("Tie rod 22", "Tie rod")
+    model.write_text(other, encoding="utf-8")
+    program.sees("Another program has changed the file")
+    program.find("push button", "^No$").click()
+    wait_for(lambda: len(program.windows()) == 1, "an end of the question")
+    program.focus("portal.json")
+    program.press("ctrl+s")
+    program.sees("another program has changed its settings, materials, sections")
+    program.find("push button", "^OK$").click()
+    wait_for(lambda: len(program.windows()) == 1, "no other message")
+    assert model.read_text(encoding="utf-8") == other
+
+
+def test_a_folder_that_is_gone_is_told_once(start, tmp_path, model):
     program = open_model(start, model)
     edit_first_column(program, 31)
     first = model.read_text(encoding="utf-8")
-    # Who may write everywhere is kept out by a folder that is gone only.
     aside = tmp_path.with_name(tmp_path.name + "-aside")
     tmp_path.rename(aside)
     try:
@@ -171,6 +186,7 @@ def test_changes_outlive_a_kill(start, model):
     assert model.read_text(encoding="utf-8") == first
     again = start(model)
     again.sees("an earlier session ended with changes that were not saved")
+    assert again.shown("frame", "^portal.json"), "the window that the question is about"
     again.find("push button", "^Yes$").click()
     again.sees("^0 elements selected$")
     save(again, model, with_haz_width(first, [1, 2], 31))
