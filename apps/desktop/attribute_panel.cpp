@@ -4,9 +4,11 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -45,6 +47,37 @@ QString text_of(double value) {
 QString varies() {
   return ui_text(translatable("varies"));
 }
+
+/// A choice that the wheel changes only after it was clicked or reached by keys: else whoever
+/// scrolls the panel over it would change the design unseen.
+class AttributeChoice : public QComboBox {
+ public:
+  AttributeChoice() { setFocusPolicy(Qt::StrongFocus); }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override {
+    if (hasFocus()) {
+      QComboBox::wheelEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
+};
+
+/// A number whose keys for undo are the window's as soon as what was typed has been taken.
+class AttributeNumber : public QLineEdit {
+ public:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ShortcutOverride && !isModified()) {
+      const auto* key = static_cast<QKeyEvent*>(event);
+      if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+        event->ignore();
+        return false;
+      }
+    }
+    return QLineEdit::event(event);
+  }
+};
 
 }  // namespace
 
@@ -117,7 +150,7 @@ class AttributeGroup : public QGroupBox {
   }
 
   Editor choice_editor(const AttributeField& field) {
-    auto* box = new QComboBox;
+    auto* box = new AttributeChoice;
     for (const char* choice : field.choices) box->addItem(ui_text(choice));
     box->setPlaceholderText(varies());
     connect(box, &QComboBox::activated, this, [this, &field](int row) {
@@ -130,7 +163,7 @@ class AttributeGroup : public QGroupBox {
 
   /// What is no number, or not allowed, goes back to what the elements have.
   Editor number_editor(const AttributeField& field) {
-    auto* line = new QLineEdit;
+    auto* line = new AttributeNumber;
     line->setMaximumWidth(14 * line->fontMetrics().averageCharWidth());
     line->setPlaceholderText(varies());
     connect(line, &QLineEdit::editingFinished, this, [this, &field, line] {

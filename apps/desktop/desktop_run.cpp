@@ -50,8 +50,9 @@ int run_dialog(ModelDocument& document, SettingsDialog dialog) {
 
 int run_window(std::optional<ModelDocument> document) {
   MainWindow window;
-  if (document) window.show_document(*std::move(document));
+  // Shown first: a question about the document stands over the window.
   window.show();
+  if (document) window.show_document(*std::move(document));
   return QApplication::exec();
 }
 

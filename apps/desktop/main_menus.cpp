@@ -121,7 +121,7 @@ void MainWindow::create_edit_menu() {
   undo->setShortcut(QKeySequence::Undo);
   edit->addAction(undo);
   QAction* redo = undo_.createRedoAction(this, ui_text(translatable("Redo")));
-  redo->setShortcut(QKeySequence::Redo);
+  redo->setShortcuts({QKeySequence(QKeySequence::Redo), QKeySequence(QStringLiteral("Ctrl+Y"))});
   edit->addAction(redo);
   edit->addSeparator();
   add_model_action(edit, translatable("Select &all"), QKeySequence::SelectAll,

@@ -36,12 +36,14 @@ TextViewer::TextViewer(QWidget* parent, const QString& title, const QString& tex
   setWindowTitle(title);
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
+  text_->setAccessibleName(title);
   text_->setReadOnly(true);
   text_->setLineWrapMode(QPlainTextEdit::NoWrap);
   text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text_->setPlainText(text);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   looked_for_->setPlaceholderText(ui_text(translatable("Find")));
+  looked_for_->setAccessibleName(looked_for_->placeholderText());
   looked_for_->setClearButtonEnabled(true);
   auto* bar = new QHBoxLayout;
   bar->addWidget(looked_for_, 1);

@@ -1,106 +1,20 @@
-"""The real window on a screen of its own, worked by keys and the mouse as a user does."""
+"""The real window on a screen of its own: runs, reports, and what happens to the file."""
 
 import json
 import os
 import shutil
+import signal
 import subprocess
-import time
+import sys
 from pathlib import Path
 
 import pytest
+from desktop_user import MISSING, PATIENCE, wait_for
+from editing_user import edit_haz_width, open_model, save, with_haz_width
 
-EXAMPLE = Path(__file__).parents[2] / "examples" / "portal-bracket.json"
-PATIENCE = 60  # s
+GENERATOR = Path(__file__).parents[2] / "tools" / "generate_model.py"
 
-missing = [name for name in ("Xvfb", "xdotool") if shutil.which(name) is None]
-pytestmark = pytest.mark.skipif(bool(missing), reason=f"not installed: {', '.join(missing)}")
-
-
-def wait_for(what, told):
-    end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        found = what()
-        if found:
-            return found
-        time.sleep(0.05)
-    raise AssertionError(f"did not happen: {told}")
-
-
-@pytest.fixture(scope="module", name="screen")
-def fixture_screen():
-    """A screen in memory whose number the server chooses."""
-    reading, writing = os.pipe()
-    with subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1500x950x24", "-nolisten", "tcp",
-         "-noreset"],
-        pass_fds=[writing], stderr=subprocess.DEVNULL,
-    ) as server:
-        os.close(writing)
-        with os.fdopen(reading) as told:
-            number = told.readline().strip()
-        assert number, "Xvfb did not start"
-        yield f":{number}"
-        server.terminate()
-
-
-class Program:
-    """The running program and its user."""
-
-    def __init__(self, screen, model, **variables):
-        self.home = model.parent / "home"
-        self.home.mkdir(exist_ok=True)
-        self.environment = {
-            key: value for key, value in os.environ.items()
-            if key not in ("QT_QPA_PLATFORM", "WAYLAND_DISPLAY")
-        } | {
-            "DISPLAY": screen, "HOME": str(self.home), "XDG_CONFIG_HOME": str(self.home / "config"),
-            "XDG_DATA_HOME": str(self.home / "data"), "LC_ALL": "C.UTF-8",
-            "LIBGL_ALWAYS_SOFTWARE": "1", **variables,
-        }
-        self.process = subprocess.Popen(
-            [os.environ["ALUFRAME_DESKTOP"], "--lang", "en", str(model)], env=self.environment,
-            stderr=subprocess.PIPE, text=True,
-        )
-
-    def user(self, *arguments):
-        done = subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, text=True,
-                              capture_output=True, check=False, timeout=PATIENCE)
-        return done.stdout.strip()
-
-    def window(self, title):
-        """The shown window with such a title."""
-        def find():
-            assert self.process.poll() is None, self.process.stderr.read()
-            found = self.user("search", "--onlyvisible", "--pid", self.process.pid, "--name", title)
-            return found.split("\n")[0]
-        return wait_for(find, f"a window {title}")
-
-    def press(self, *keys):
-        self.user("key", "--clearmodifiers", *keys)
-
-    def end(self):
-        if self.process.poll() is None:
-            self.process.terminate()
-        self.process.wait(timeout=PATIENCE)
-        self.process.stderr.close()
-
-
-@pytest.fixture(name="start")
-def fixture_start(screen):
-    programs = []
-
-    def start(model, **variables):
-        programs.append(Program(screen, model, **variables))
-        return programs[-1]
-
-    yield start
-    for program in programs:
-        program.end()
-
-
-@pytest.fixture(name="model")
-def fixture_model(tmp_path):
-    return Path(shutil.copy(EXAMPLE, tmp_path / "portal.json"))
+pytestmark = pytest.mark.skipif(bool(MISSING), reason=f"not installed: {', '.join(MISSING)}")
 
 
 def ratios(model):
@@ -109,11 +23,25 @@ def ratios(model):
     return json.loads(done.stdout)
 
 
+def edit_first_column(program, width):
+    """Through the tree and the panel: elements 1 and 2, the member "Column A1"."""
+    tree = program.find("tree", "^Model$")
+    next(row for row in tree.children() if row.name == "1 Column A1").click()
+    program.sees("^2 elements selected$")
+    edit_haz_width(program, width)
+    program.sees(r"^2 elements together$")
+    wait_for(lambda: program.window(r"^\*?portal.json\*"), "a title that says it is changed")
+
+
+def wait_for_title(program):
+    """The title of the model, on top of the tree, as another program has changed it."""
+    wait_for(lambda: any(name.startswith("Renamed portal")
+                         for name in program.rows("tree", "^Model$")), "the other title")
+
+
 @pytest.mark.parametrize("variables", [{}, {"ALUFRAME_NO_OPENGL": "1"}])
 def test_the_hot_key_stores_the_results_of_the_command_line(start, model, tmp_path, variables):
-    program = start(model, **variables)
-    window = program.window("portal.json")
-    program.user("windowfocus", "--sync", window)
+    program = open_model(start, model, **variables)
     program.press("F9")
     wait_for(model.with_suffix(".aluresult").exists, "results")
     other = Path(shutil.copy(model, tmp_path / "other.json"))
@@ -129,8 +57,153 @@ def test_a_file_that_is_no_model_is_told_in_a_box(start, tmp_path):
     broken = tmp_path / "broken.json"
     broken.write_text("{")
     program = start(broken)
-    box = program.window("AluFrame")
-    program.user("windowfocus", "--sync", box)
+    program.focus("AluFrame")
     program.press("Return")
     assert program.process.wait(timeout=PATIENCE) == 1
-    assert f"{broken}: line 1, column 2: " in program.process.stderr.read()
+    assert f"{broken}: line 1, column 2: " in program.errors()
+
+
+def test_a_cancelled_check_leaves_earlier_results(start, tmp_path):
+    model = tmp_path / "portal.json"
+    subprocess.run([sys.executable, str(GENERATOR), "--kind", "grid", "--elements", "5000",
+                    "--combinations", "60", "--output", str(model)], check=True, timeout=PATIENCE)
+    subprocess.run([os.environ["ALUFRAME"], "check", str(model), "--elements", "1-20"],
+                   check=False, capture_output=True, timeout=PATIENCE)
+    results = model.with_suffix(".aluresult")
+    before = results.read_bytes()
+    program = open_model(start, model)
+    program.press("F9")
+    program.find("push button", "^Cancel$").click()
+    wait_for(lambda: not program.shown("push button", "^Cancel$"), "the end of the run")
+    program.find("page tab", "^History$").click()
+    wait_for(lambda: any("cancelled" in text.text for text in program.shown("text")),
+             "what the history tells")
+    assert results.read_bytes() == before
+
+
+def test_the_report_is_searched_and_closed(start, model):
+    program = open_model(start, model)
+    program.choose("Report", "Calculation report")
+    report = program.find("text", "^Calculation report$")
+    assert "report of 31 elements" in report.text
+    program.find("text", "^Find$").click()
+    program.write("of 31 elements")
+    program.press("Return")
+    wait_for(lambda: selected_text(report) == "of 31 elements", "what was looked for, selected")
+    program.find("text", "^Find$").click(None, 3)
+    program.write("no such word")
+    program.press("Return")
+    program.sees("^not found$")
+    program.press("Escape")
+    wait_for(lambda: len(program.windows()) == 1, "one window again")
+
+
+def selected_text(widget):
+    start, end = widget.proxy.GetSelection(0, dbus_interface="org.a11y.atspi.Text")
+    return widget.text[int(start):int(end)]
+
+
+def test_a_settings_dialog_is_undone_too(start, model):
+    # Neither class is what holds without one.
+    first = model.read_text(encoding="utf-8").replace('"safety_class": 2', '"safety_class": 1')
+    model.write_text(first, encoding="utf-8")
+    program = open_model(start, model)
+    program.choose("Design", "Design code...")
+    program.find("check box|radio button", "^Grade three$").click()
+    program.find("push button", "^Ok$").click()
+    wait_for(lambda: len(program.windows()) == 1, "the end of the dialog")
+    edited = first.replace('"safety_class": 1', '"safety_class": 3')
+    save(program, model, edited)
+    program.press("ctrl+z")
+    save(program, model, first)
+    program.press("ctrl+y")
+    save(program, model, edited)
+
+
+def test_what_another_program_writes_is_read_again(start, model):
+    program = open_model(start, model)
+    text = model.read_text(encoding="utf-8")
+    model.write_text(text.replace("Workshop portal", "Renamed portal"), encoding="utf-8")
+    wait_for_title(program)
+
+
+@pytest.mark.parametrize("answer", ["Yes", "No"])
+def test_what_another_program_writes_is_asked_about_when_there_are_changes(start, model, answer):
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    other = model.read_text(encoding="utf-8").replace("Workshop portal", "Renamed portal")
+    model.write_text(other, encoding="utf-8")
+    program.sees("Another program has changed the file")
+    program.find("push button", f"^{answer}$").click()
+    if answer == "Yes":
+        wait_for_title(program)
+        assert model.read_text(encoding="utf-8") == other
+    else:
+        wait_for(lambda: len(program.windows()) == 1, "an end of the question")
+        save(program, model, with_haz_width(other, [1, 2], 31))
+
+
+def test_changes_of_another_program_to_sections_are_not_overwritten(start, model):
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    other = model.read_text(encoding="utf-8").replace("Tie rod 22", "Tie rod")
+    model.write_text(other, encoding="utf-8")
+    program.sees("Another program has changed the file")
+    program.find("push button", "^No$").click()
+    wait_for(lambda: len(program.windows()) == 1, "an end of the question")
+    program.focus("portal.json")
+    program.press("ctrl+s")
+    program.sees("another program has changed its settings, materials, sections")
+    program.find("push button", "^OK$").click()
+    wait_for(lambda: len(program.windows()) == 1, "no other message")
+    assert model.read_text(encoding="utf-8") == other
+
+
+def test_a_folder_that_is_gone_is_told_once(start, tmp_path, model):
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    first = model.read_text(encoding="utf-8")
+    aside = tmp_path.with_name(tmp_path.name + "-aside")
+    tmp_path.rename(aside)
+    try:
+        program.press("ctrl+s")
+        program.sees("portal.json")
+        program.find("push button", "^OK$").click()
+        wait_for(lambda: len(program.windows()) == 1, "no other message")
+        program.window(r"^\*?portal.json\*")
+    finally:
+        aside.rename(tmp_path)
+    save(program, model, with_haz_width(first, [1, 2], 31))
+
+
+def test_changes_outlive_a_kill(start, model):
+    first = model.read_text(encoding="utf-8")
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    wait_for(lambda: list(program.home.glob("data/**/autosave/*.json")), "kept changes")
+    program.process.send_signal(signal.SIGKILL)
+    program.process.wait(timeout=PATIENCE)
+    assert model.read_text(encoding="utf-8") == first
+    again = start(model)
+    again.sees("an earlier session ended with changes that were not saved")
+    assert again.shown("frame", "^portal.json"), "the window that the question is about"
+    again.find("push button", "^Yes$").click()
+    again.sees("^0 elements selected$")
+    save(again, model, with_haz_width(first, [1, 2], 31))
+    wait_for(lambda: not list(again.home.glob("data/**/autosave/*.json")), "nothing kept")
+
+
+def test_closing_asks_for_what_is_not_saved(start, model):
+    first = model.read_text(encoding="utf-8")
+    program = open_model(start, model)
+    edit_first_column(program, 31)
+    program.press("ctrl+q")
+    program.sees("Save the changes")
+    program.find("push button", "^Cancel$").click()
+    wait_for(lambda: len(program.windows()) == 1, "the window alone")
+    program.focus("portal.json")
+    program.press("ctrl+q")
+    program.find("push button", "Discard|Don.t Save|without").click()
+    assert program.process.wait(timeout=PATIENCE) == 0
+    assert model.read_text(encoding="utf-8") == first
+    assert not list(program.home.glob("data/**/autosave/*.json"))
