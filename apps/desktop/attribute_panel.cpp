@@ -1,14 +1,12 @@
 #include "apps/desktop/attribute_panel.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -18,6 +16,7 @@
 #include "aluframe/texts/text.h"
 #include "apps/desktop/attributes.h"
 #include "apps/desktop/model_edit_command.h"
+#include "apps/desktop/steady_choice.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
@@ -47,22 +46,6 @@ QString text_of(double value) {
 QString varies() {
   return ui_text(translatable("varies"));
 }
-
-/// A choice that the wheel changes only after it was clicked or reached by keys: else whoever
-/// scrolls the panel over it would change the design unseen.
-class AttributeChoice : public QComboBox {
- public:
-  AttributeChoice() { setFocusPolicy(Qt::StrongFocus); }
-
- protected:
-  void wheelEvent(QWheelEvent* event) override {
-    if (hasFocus()) {
-      QComboBox::wheelEvent(event);
-    } else {
-      event->ignore();
-    }
-  }
-};
 
 /// A number whose keys for undo are the window's as soon as what was typed has been taken.
 class AttributeNumber : public QLineEdit {
@@ -150,7 +133,7 @@ class AttributeGroup : public QGroupBox {
   }
 
   Editor choice_editor(const AttributeField& field) {
-    auto* box = new AttributeChoice;
+    auto* box = new SteadyChoice;
     for (const char* choice : field.choices) box->addItem(ui_text(choice));
     box->setPlaceholderText(varies());
     connect(box, &QComboBox::activated, this, [this, &field](int row) {

@@ -1,7 +1,6 @@
 #include "apps/desktop/display_panel.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QSlider>
@@ -12,6 +11,7 @@
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/text.h"
+#include "apps/desktop/steady_choice.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
@@ -86,7 +86,7 @@ DisplayPanel::DisplayPanel(Workspace& workspace, Display& display)
   auto* form = new QFormLayout;
   layout->addLayout(form);
   const auto add_choice_to_form = [form](const char* name) {
-    auto* box = new QComboBox;
+    auto* box = new SteadyChoice;
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(12);
     form->addRow(ui_text(name), box);

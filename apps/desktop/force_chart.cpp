@@ -1,6 +1,5 @@
 #include "apps/desktop/force_chart.h"
 
-#include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -17,6 +16,7 @@
 #include "aluframe/texts/text.h"
 #include "apps/desktop/force_plot.h"
 #include "apps/desktop/result_words.h"
+#include "apps/desktop/steady_choice.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
@@ -29,7 +29,7 @@ using texts::translatable;
 constexpr std::size_t components = 6;
 
 QComboBox* create_components() {
-  auto* box = new QComboBox;
+  auto* box = new SteadyChoice;
   for (std::size_t i = 0; i < components; ++i) {
     const std::string_view heading = picture::heading_of(static_cast<ForceComponent>(i));
     box->addItem(QString::fromUtf8(heading.data(), static_cast<qsizetype>(heading.size())));
@@ -44,7 +44,7 @@ QString label_of(const model::Combination& combination) {
 }
 
 QComboBox* create_combinations() {
-  auto* box = new QComboBox;
+  auto* box = new SteadyChoice;
   // Names may be long; the list shows them whole.
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(12);

@@ -164,6 +164,20 @@ const std::array<NamedSide, 6>& named_sides() {
   return sides;
 }
 
+struct LegendSpaces {
+  double line, sample, gap;
+};
+
+LegendSpaces legend_spaces(const QFontMetricsF& metrics) {
+  const double letter = metrics.height();
+  return {1.15 * letter, 2.2 * letter, 0.5 * letter};
+}
+
+QFont bold(QFont font) {
+  font.setBold(true);
+  return font;
+}
+
 constexpr double sign_of_mirrored = -1.0;
 
 QPointF on_screen(const picture::View& view, const Point3& point) {
@@ -196,20 +210,25 @@ void paint_scene(QPainter& painter, const picture::Scene& scene, const Camera& c
   ScenePainter(painter, scene, camera, size, palette).paint();
 }
 
-QRectF paint_legend(QPainter& painter, const QString& title,
-                    const std::vector<picture::LegendEntry>& legend, const Size& size,
-                    const QPalette& palette) {
+QRectF legend_box(const QFont& font, const QString& title,
+                  const std::vector<picture::LegendEntry>& legend, const Size& size) {
   if (legend.empty() && title.isEmpty()) return {};
-  const QFontMetricsF metrics(painter.font());
-  const double line = metrics.height() * 1.15, sample = 2.2 * metrics.height();
-  const double gap = 0.5 * metrics.height();
-  double width = metrics.horizontalAdvance(title);
+  const QFontMetricsF metrics(font);
+  const auto [line, sample, gap] = legend_spaces(metrics);
+  double width = QFontMetricsF(bold(font)).horizontalAdvance(title);
   for (const picture::LegendEntry& entry : legend) {
     width = std::max(width, sample + gap + metrics.horizontalAdvance(to_qt(entry.text)));
   }
   const auto rows = static_cast<double>(legend.size()) + (title.isEmpty() ? 0.0 : 1.0);
-  const QRectF box(gap, gap, std::min(width + 2.0 * gap, size.width - 2.0 * gap),
-                   rows * line + gap);
+  return {gap, gap, std::min(width + 2.0 * gap, size.width - 2.0 * gap), rows * line + gap};
+}
+
+void paint_legend(QPainter& painter, const QString& title,
+                  const std::vector<picture::LegendEntry>& legend, const Size& size,
+                  const QPalette& palette) {
+  const QRectF box = legend_box(painter.font(), title, legend, size);
+  if (box.isEmpty()) return;
+  const auto [line, sample, gap] = legend_spaces(QFontMetricsF(painter.font()));
   QColor ground = palette.color(QPalette::Base);
   ground.setAlpha(225);
   painter.setPen(palette.color(QPalette::Mid));
@@ -218,11 +237,9 @@ QRectF paint_legend(QPainter& painter, const QString& title,
   double y = box.top() + 0.5 * gap;
   painter.setPen(palette.color(QPalette::Text));
   if (!title.isEmpty()) {
-    QFont bold = painter.font();
-    bold.setBold(true);
     painter.save();
-    painter.setFont(bold);
-    painter.drawText(QRectF(box.left() + gap, y, width, line), Qt::AlignVCenter, title);
+    painter.setFont(bold(painter.font()));
+    painter.drawText(QRectF(box.left() + gap, y, box.width(), line), Qt::AlignVCenter, title);
     painter.restore();
     y += line;
   }
@@ -234,11 +251,10 @@ QRectF paint_legend(QPainter& painter, const QString& title,
     const double middle = y + 0.5 * line;
     painter.drawLine(QPointF(box.left() + gap, middle), QPointF(box.left() + gap + sample, middle));
     painter.setPen(palette.color(QPalette::Text));
-    painter.drawText(QRectF(box.left() + 2.0 * gap + sample, y, width, line), Qt::AlignVCenter,
+    painter.drawText(QRectF(box.left() + 2.0 * gap + sample, y, box.width(), line), Qt::AlignVCenter,
                      to_qt(entry.text));
     y += line;
   }
-  return box;
 }
 
 void paint_notes(QPainter& painter, const QStringList& notes, const Size& size,

@@ -24,10 +24,12 @@ double pixels_of_paper(const QPaintDevice& device);
 void paint_scene(QPainter& painter, const picture::Scene& scene, const viewport::Camera& camera,
                  const viewport::Size& size, const QPalette& palette);
 
-/// @return where it stands; empty without entries
-QRectF paint_legend(QPainter& painter, const QString& title,
-                    const std::vector<picture::LegendEntry>& legend, const viewport::Size& size,
-                    const QPalette& palette);
+/// Where the legend stands, in the upper left corner; empty without entries.
+QRectF legend_box(const QFont& font, const QString& title,
+                  const std::vector<picture::LegendEntry>& legend, const viewport::Size& size);
+void paint_legend(QPainter& painter, const QString& title,
+                  const std::vector<picture::LegendEntry>& legend, const viewport::Size& size,
+                  const QPalette& palette);
 
 /// Lines of text in the lower left corner.
 void paint_notes(QPainter& painter, const QStringList& notes, const viewport::Size& size,

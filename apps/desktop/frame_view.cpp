@@ -150,7 +150,7 @@ void FrameView::take_model() {
                         content_.bounds.radius != before.radius;
   if (is_other) {
     camera_.look(picture::natural_view(workspace_.model()));
-    was_fitted_ = false;
+    is_fitted_ = true;
   }
   take_looks();
   take_shown();
@@ -173,6 +173,7 @@ void FrameView::take_looks() {
   legend_title_ = colours.title;
   ratios_ = std::move(content.ratios);
   scene_.reset();
+  keep_fitted();
   canvas_->refresh({.looks = true, .shown = true, .deformed = true});
 }
 
@@ -224,6 +225,7 @@ void FrameView::take_forces() {
 }
 
 void FrameView::camera_moved() {
+  is_fitted_ = false;
   is_turning_ = true;
   settle_.start();
   scene_.reset();
@@ -245,8 +247,58 @@ void FrameView::fit(bool selection_only) {
     points.push_back(line.start);
     points.push_back(line.end);
   }
-  camera_.fit(points, view_size());
+  fit_beside_legend(points);
+  is_fitted_ = !are_some_selected;
+  scene_.reset();
   canvas_->refresh();
+}
+
+void FrameView::fit_in(const QRectF& area, const std::vector<picture::Point3>& points) {
+  const viewport::Size size = view_size();
+  camera_.fit(points, {area.width(), area.height()});
+  const QPointF middle(0.5 * size.width, 0.5 * size.height);
+  camera_.zoom(area.height() / size.height, {middle.x(), middle.y(), 0.0}, size);
+  const QPointF aside = area.center() - middle;
+  camera_.pan(aside.x(), aside.y(), size);
+}
+
+/// Where the legend would lie over elements, the frame goes beside or below it: whichever shows it
+/// larger.
+void FrameView::fit_beside_legend(const std::vector<picture::Point3>& points) {
+  const viewport::Size size = view_size();
+  // Diagrams stand out from their elements.
+  constexpr double share_of_diagrams = 0.07;
+  const double border = forces_->diagram() ? share_of_diagrams : 0.0;
+  const QRectF all = QRectF(border * size.width, border * size.height,
+                            (1.0 - 2.0 * border) * size.width, (1.0 - 2.0 * border) * size.height);
+  fit_in(all, points);
+  if (!display_.state().legend || points.empty()) return;
+  const QRectF legend = legend_box(font(), legend_title_, legend_, size);
+  const auto corner = [](const QPointF& at) { return viewport::Pixel{at.x(), at.y(), 0.0}; };
+  if (legend.isEmpty() ||
+      viewport::pick_in(sight(), {corner(legend.topLeft()), corner(legend.bottomRight())},
+                        viewport::BandKind::crossing)
+          .empty())
+    return;
+  const viewport::Camera over = camera_;
+  QRectF beside = all, below = all;
+  beside.setLeft(std::max(all.left(), legend.right()));
+  below.setTop(std::max(all.top(), legend.bottom()));
+  const auto fitted = [&](const QRectF& area) {
+    camera_ = over;
+    constexpr double least = 50.0;  // pixels
+    if (area.width() < least || area.height() < least) return std::pair(0.0, camera_);
+    fit_in(area, points);
+    return std::pair(camera_.pixels_per_mm(points.front(), size), camera_);
+  };
+  const auto [beside_scale, beside_camera] = fitted(beside);
+  const auto [below_scale, below_camera] = fitted(below);
+  camera_ = beside_scale > below_scale ? beside_camera : below_camera;
+}
+
+/// What is shown whole stays so in another size, and beside another legend.
+void FrameView::keep_fitted() {
+  if (is_fitted_ && isVisible() && !content_.lines.empty()) fit();
 }
 
 QImage FrameView::picture() {
@@ -255,9 +307,7 @@ QImage FrameView::picture() {
 
 void FrameView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (was_fitted_ || content_.lines.empty()) return;
-  fit();
-  was_fitted_ = isVisible();
+  keep_fitted();
 }
 
 void FrameView::changeEvent(QEvent* event) {
@@ -269,11 +319,9 @@ void FrameView::changeEvent(QEvent* event) {
 }
 
 bool FrameView::event(QEvent* event) {
-  if (event->type() == QEvent::Show && !was_fitted_ && !content_.lines.empty()) {
-    fit();
-    was_fitted_ = true;
-  }
-  return QWidget::event(event);
+  const bool is_handled = QWidget::event(event);
+  if (event->type() == QEvent::Show) keep_fitted();
+  return is_handled;
 }
 
 }  // namespace aluframe::desktop

@@ -82,9 +82,12 @@ class FrameView : public QWidget {
   void take_model();
   void take_looks();
   void take_shown();
+  void keep_fitted();
   void take_display();
   void take_forces();
   void camera_moved();
+  void fit_in(const QRectF& area, const std::vector<picture::Point3>& points);
+  void fit_beside_legend(const std::vector<picture::Point3>& points);
   viewport::Sight sight() const;
   std::optional<model::Number> element_at(const QPointF& at) const;
   void pick_at(const QPointF& at, Picking picking);
@@ -105,7 +108,7 @@ class FrameView : public QWidget {
   picture::Ratios ratios_;  ///< that elements are coloured by
   FrameCanvas* canvas_ = nullptr;
   ShownForces* forces_ = nullptr;
-  bool was_fitted_ = false;
+  bool is_fitted_ = false;  ///< nobody has turned, moved or zoomed since the frame was fitted
 
   std::optional<picture::Scene> scene_;  ///< until the frame is turned or changed
   QTimer settle_;                        ///< until symbols are drawn again after a turn

@@ -1,6 +1,5 @@
 #include "apps/desktop/step_tree.h"
 
-#include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -20,6 +19,7 @@
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/result_words.h"
+#include "apps/desktop/steady_choice.h"
 #include "apps/desktop/ui_texts.h"
 
 namespace aluframe::desktop {
@@ -116,7 +116,7 @@ class WaitCursor {
 StepTree::StepTree(Workspace& workspace, PreparedInput& prepared)
     : workspace_(workspace),
       prepared_(prepared),
-      item_(new QComboBox),
+      item_(new SteadyChoice),
       said_(new QLabel),
       tree_(create_tree()),
       step_(create_page()) {

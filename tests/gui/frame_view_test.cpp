@@ -187,6 +187,45 @@ TEST_F(FrameViewTest, KeysZoomFitAndClear) {
   EXPECT_THAT(workspace.selection(), IsEmpty());
 }
 
+TEST_F(FrameViewTest, TheFittedFrameLeavesRoomForTheLegend) {
+  check();
+  const viewport::Size size = view.view_size();
+  const QRectF legend = desktop::legend_box(view.font(), "Governing ratio", view.legend(), size);
+  ASSERT_GT(legend.width(), 100.0);
+  const QRectF window(0.0, 0.0, size.width, size.height);
+  for (const viewport::ElementLine& line : view.content().lines) {
+    const auto ends = view.camera().pixels_of(line.start, line.end, size);
+    ASSERT_TRUE(ends) << line.number;
+    for (int step = 0; step <= 20; ++step) {
+      const double share = step / 20.0;
+      const QPointF at((1.0 - share) * (*ends)[0].x + share * (*ends)[1].x,
+                       (1.0 - share) * (*ends)[0].y + share * (*ends)[1].y);
+      EXPECT_FALSE(legend.contains(at)) << line.number;
+      EXPECT_TRUE(window.contains(at)) << line.number;
+    }
+  }
+}
+
+TEST_F(FrameViewTest, AFittedFrameStaysSoInAnotherSize) {
+  const double before = view.camera().pixels_per_mm({}, view.view_size());
+  view.resize(1800, 1200);
+  EXPECT_NEAR(view.camera().pixels_per_mm({}, view.view_size()), 2.0 * before, 1e-9);
+}
+
+TEST_F(FrameViewTest, WhatTheUserHasTurnedStaysAsItIs) {
+  QTest::keyClick(&view, Qt::Key_Left);
+  const viewport::Pixel before = *view.camera().pixel_of({1000, 2000, 3000}, view.view_size());
+  check();
+  const viewport::Pixel after = *view.camera().pixel_of({1000, 2000, 3000}, view.view_size());
+  EXPECT_EQ(after.x, before.x);
+  EXPECT_EQ(after.y, before.y);
+}
+
+TEST_F(FrameViewTest, SmallFramesTurnAsTheyStand) {
+  QTest::keyClick(&view, Qt::Key_Left);
+  EXPECT_FALSE(view.is_drawn_quickly());
+}
+
 TEST_F(FrameViewTest, TellsWhatThePointerIsOver) {
   check();
   const QSignalSpy told(&view, &desktop::FrameView::pointed_at);
