@@ -1,4 +1,4 @@
-"""Where the elements of a model are on the screen, in the axonometric view that fits the window."""
+"""Where the elements of a model are on the screen, in the axonometric view, a little smaller than the window."""
 
 import json
 from math import cos, radians, sin
@@ -24,9 +24,12 @@ class ShownFrame:
             flat[node["number"]] = (sum(a * b for a, b in zip(RIGHT, place)),
                                     -sum(a * b for a, b in zip(UP, place)))
         view = program.find("filler", "^View of the frame$")
-        program.press("ctrl+1", "ctrl+a")
-        program.sees(f"^{len(content['elements'])} elements selected$")
         self.area = view.area
+        program.press("ctrl+1")
+        program.click(self.area[0] + 5, self.area[1] + self.area[3] - 5)
+        # A frame that its user has zoomed stays where it is when a legend appears.
+        program.press("minus", "ctrl+a")
+        program.sees(f"^{len(content['elements'])} elements selected$")
         halo = program.steady(lambda: program.screen.pixels(HALO, self.area))
         x, y = (spread([pixel[axis] for pixel in halo]) for axis in (0, 1))
         u, v = (spread([place[axis] for place in flat.values()]) for axis in (0, 1))
