@@ -162,22 +162,23 @@ void MainWindow::create_status() {
 void MainWindow::connect_runner() {
   connect(&runner_, &Runner::started, this, [this](const QString& text) {
     progress_->begin();
-    stop_->show();
+    stop_->setVisible(runner_.can_be_cancelled());
     state_->setText(text);
   });
   connect(&runner_, &Runner::progressed, this,
           [this](int done, int total) { progress_->advance(done, total); });
   connect(&runner_, &Runner::check_ended, this, [this](const RunEnd& end) { show_check_end(end); });
-  connect(&runner_, &Runner::report_ended, this, [this](const RunEnd& end, const QString& report) {
-    if (end.kind == RunEnd::Kind::failed) {
-      show_problem(this, end.text);
-      return;
-    }
-    std::filesystem::path file = document()->path();
-    file.replace_extension(".txt");
-    (new TextViewer(this, ui_text(translatable("Calculation report")), report, to_qt(file)))
-        ->show();
-  });
+  connect(&runner_, &Runner::report_ended, this,
+          [this](const RunEnd& end, const QString& report, const QString& model) {
+            if (end.kind == RunEnd::Kind::failed) {
+              show_problem(this, end.text);
+              return;
+            }
+            std::filesystem::path file = model.toStdString();
+            file.replace_extension(".txt");
+            const QString title = ui_text(translatable("Calculation report"));
+            (new TextViewer(this, title, report, to_qt(file)))->show();
+          });
   connect(&runner_, &Runner::document_ended, this, [this](const RunEnd& end, const QString& file) {
     if (end.kind == RunEnd::Kind::failed) {
       show_problem(this, end.text);
@@ -363,7 +364,7 @@ void MainWindow::show_state() {
   const bool is_idle = !workspace_.is_busy();
   for (QAction* action : model_actions_) action->setEnabled(document != nullptr);
   for (QAction* action : idle_actions_) action->setEnabled(document != nullptr && is_idle);
-  cancel_->setEnabled(runner_.is_running());
+  cancel_->setEnabled(runner_.can_be_cancelled());
   design_->setEnabled(document != nullptr);
   if (is_idle) {
     progress_->end();

@@ -207,8 +207,9 @@ std::function<void(const std::string&)> Runner::message() {
   };
 }
 
-void Runner::start(const QString& text, Job job) {
+void Runner::start(const QString& text, Cancelling cancelling, Job job) {
   if (is_running() || workspace_.is_busy()) return;
+  can_be_cancelled_ = cancelling == Cancelling::possible;
   is_cancelled_ = false;
   thread_.reset(QThread::create([this, job = std::move(job)] {
     const auto end = job();
@@ -232,39 +233,45 @@ void Runner::finish(const std::function<void()>& end) {
 
 void Runner::check(std::vector<model::Number> elements) {
   const fs::path model = workspace_.document()->path();
-  start(ui_text(translatable("Checking...")), [this, model, elements = std::move(elements)] {
-    Listener listener(*this);
-    const RunEnd end = guarded([&] { return run_check(model, elements, listener, message()); });
-    return [this, end] {
-      workspace_.refresh_results();
-      workspace_.tell(end.text);
-      Q_EMIT check_ended(end);
-    };
-  });
+  start(ui_text(translatable("Checking...")), Cancelling::possible,
+        [this, model, elements = std::move(elements)] {
+          Listener listener(*this);
+          const RunEnd end =
+              guarded([&] { return run_check(model, elements, listener, message()); });
+          return [this, end] {
+            workspace_.refresh_results();
+            workspace_.tell(end.text);
+            Q_EMIT check_ended(end);
+          };
+        });
 }
 
 void Runner::make_report(const ReportUnits& units) {
   const fs::path model = workspace_.document()->path();
-  start(ui_text(translatable("Making the report...")), [this, model, units] {
-    const Report report = guarded([&] { return run_report(model, units, message()); });
-    return [this, report] {
-      // It checks what has no results yet.
-      workspace_.refresh_results();
-      if (!report.end.text.empty()) workspace_.tell(report.end.text);
-      Q_EMIT report_ended(report.end, QString::fromStdString(report.text));
-    };
-  });
+  start(ui_text(translatable("Making the report...")), Cancelling::impossible,
+        [this, model, units] {
+          const Report report = guarded([&] { return run_report(model, units, message()); });
+          return [this, report, model] {
+            // It checks what has no results yet.
+            workspace_.refresh_results();
+            if (!report.end.text.empty()) workspace_.tell(report.end.text);
+            Q_EMIT report_ended(report.end, QString::fromStdString(report.text),
+                                QString::fromStdString(model.string()));
+          };
+        });
 }
 
 void Runner::write_document(const fs::path& html, document::DocumentDetail detail) {
   const fs::path model = workspace_.document()->path();
-  start(ui_text(translatable("Writing the document...")), [this, model, html, detail] {
-    const RunEnd end = guarded([&] { return run_document(model, html, detail, is_cancelled_); });
-    return [this, end, html] {
-      if (!end.text.empty()) workspace_.tell(end.text);
-      Q_EMIT document_ended(end, QString::fromStdString(html.string()));
-    };
-  });
+  start(ui_text(translatable("Writing the document...")), Cancelling::possible,
+        [this, model, html, detail] {
+          const RunEnd end =
+              guarded([&] { return run_document(model, html, detail, is_cancelled_); });
+          return [this, end, html] {
+            if (!end.text.empty()) workspace_.tell(end.text);
+            Q_EMIT document_ended(end, QString::fromStdString(html.string()));
+          };
+        });
 }
 
 }  // namespace aluframe::desktop

@@ -42,6 +42,8 @@ class Runner : public QObject {
   void write_document(const std::filesystem::path& html, document::DocumentDetail detail);
 
   bool is_running() const { return thread_ != nullptr; }
+  /// Whether a run is going on that can be cancelled: a report goes on to its end.
+  bool can_be_cancelled() const { return is_running() && can_be_cancelled_; }
   /// Asks the run to stop. It may go on until the element that it is at is done.
   void cancel();
 
@@ -49,21 +51,25 @@ class Runner : public QObject {
   void started(const QString& text);
   void progressed(int done, int total);
   void check_ended(const aluframe::desktop::RunEnd& end);
-  void report_ended(const aluframe::desktop::RunEnd& end, const QString& report);
+  /// @param model whose report it is: another may be open meanwhile
+  void report_ended(const aluframe::desktop::RunEnd& end, const QString& report,
+                    const QString& model);
   void document_ended(const aluframe::desktop::RunEnd& end, const QString& file);
 
  private:
   class Listener;
   using Job = std::function<std::function<void()>()>;
 
+  enum class Cancelling { possible, impossible };
   /// @param job runs on the thread and returns what is then done in the window's
-  void start(const QString& text, Job job);
+  void start(const QString& text, Cancelling cancelling, Job job);
   void finish(const std::function<void()>& end);
   std::function<void(const std::string&)> message();
 
   Workspace& workspace_;
   std::unique_ptr<QThread> thread_;
   std::atomic<bool> is_cancelled_ = false;
+  bool can_be_cancelled_ = false;
   bool is_ending_ = false;  ///< nobody wants to hear of the run's end any more
 };
 

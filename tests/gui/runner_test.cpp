@@ -31,9 +31,10 @@ class RunnerTest : public DesktopTest {
     QObject::connect(&runner, &desktop::Runner::check_ended, &runner,
                      [this](const RunEnd& its) { end = its; });
     QObject::connect(&runner, &desktop::Runner::report_ended, &runner,
-                     [this](const RunEnd& its, const QString& text) {
+                     [this](const RunEnd& its, const QString& text, const QString& model) {
                        end = its;
                        report = text.toStdString();
+                       reported = model.toStdString();
                      });
     QObject::connect(&runner, &desktop::Runner::document_ended, &runner,
                      [this](const RunEnd& its, const QString&) { end = its; });
@@ -47,7 +48,7 @@ class RunnerTest : public DesktopTest {
   desktop::Workspace workspace;
   desktop::Runner runner;
   RunEnd end;
-  std::string report;
+  std::string report, reported;
 };
 
 TEST_F(RunnerTest, ChecksAllElementsAndShowsTheirResults) {
@@ -125,6 +126,27 @@ TEST_F(RunnerTest, AFolderThatTakesNoFileIsTold) {
   EXPECT_EQ(end.kind, RunEnd::Kind::failed);
   EXPECT_THAT(end.text, HasSubstr(results().string()));
   EXPECT_TRUE(std::filesystem::is_directory(results()));
+}
+
+// The viewer offers to save it beside the model that it is of.
+TEST_F(RunnerTest, AReportNamesItsModelWhenAnotherIsOpenedMeanwhile) {
+  runner.make_report({model::ForceUnit::newton, model::LengthUnit::millimetre});
+  auto other = desktop::ModelDocument::open(EXAMPLE_MODEL);
+  workspace.show_document(std::get<desktop::ModelDocument>(std::move(other)));
+  wait();
+  EXPECT_EQ(end.kind, RunEnd::Kind::done) << end.text;
+  EXPECT_EQ(reported, file.string());
+}
+
+TEST_F(RunnerTest, AReportCannotBeCancelledAndDoesNotOfferIt) {
+  runner.make_report({model::ForceUnit::newton, model::LengthUnit::millimetre});
+  EXPECT_TRUE(runner.is_running());
+  EXPECT_FALSE(runner.can_be_cancelled());
+  wait();
+  runner.check({});
+  EXPECT_TRUE(runner.can_be_cancelled());
+  wait();
+  EXPECT_FALSE(runner.can_be_cancelled());
 }
 
 TEST_F(RunnerTest, MakesTheReportInMemory) {

@@ -173,6 +173,7 @@ TEST_F(WindowTest, TheReportOpensInAWindowWhereTextIsFound) {
 // The report checks what has no results yet, and keeps them.
 TEST_F(WindowTest, AReportBeforeAnyCheckShowsItsResultsToo) {
   entry("Calculation report").trigger();
+  EXPECT_FALSE(entry("Cancel the run").isEnabled()) << "a report goes on to its end";
   ASSERT_TRUE(wait_for_run());
   ASSERT_NE(workspace().results(), nullptr);
   EXPECT_EQ(workspace().results()->elements.size(), 31U);
