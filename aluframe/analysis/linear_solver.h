@@ -43,7 +43,8 @@ class LinearSolver {
   virtual void solve(std::span<double> columns) = 0;
 };
 
-/// The solver that the analyses use: multifrontal, in one process.
+/// The solver that the analyses use: multifrontal, in one process. Solvers may work on several
+/// threads at a time, each on one: their steps wait for each other.
 std::unique_ptr<LinearSolver> make_solver();
 
 }  // namespace aluframe::analysis

@@ -1,6 +1,7 @@
 #include <dmumps_c.h>
 
 #include <algorithm>
+#include <mutex>
 #include <new>
 #include <numeric>
 #include <stdexcept>
@@ -77,7 +78,11 @@ MumpsSolver::MumpsSolver() {
   control(data_, 27) = solve_block;
 }
 
+/// The library keeps what a job works with in variables of its own, one set for all: a second job
+/// beside it, of another solver on another thread, would end the program or spoil the factor.
 int MumpsSolver::run(Job job) {
+  static std::mutex one_at_a_time;
+  const std::lock_guard lock(one_at_a_time);
   data_.job = job;
   dmumps_c(&data_);
   return data_.infog[0];

@@ -251,8 +251,8 @@ void paint_legend(QPainter& painter, const QString& title,
     const double middle = y + 0.5 * line;
     painter.drawLine(QPointF(box.left() + gap, middle), QPointF(box.left() + gap + sample, middle));
     painter.setPen(palette.color(QPalette::Text));
-    painter.drawText(QRectF(box.left() + 2.0 * gap + sample, y, box.width(), line), Qt::AlignVCenter,
-                     to_qt(entry.text));
+    painter.drawText(QRectF(box.left() + 2.0 * gap + sample, y, box.width(), line),
+                     Qt::AlignVCenter, to_qt(entry.text));
     y += line;
   }
 }

@@ -79,7 +79,10 @@ QDockWidget* add_dock(QMainWindow& window, const char* name, const char* title, 
 }  // namespace
 
 MainWindow::MainWindow()
-    : runner_(workspace_), autosave_(workspace_, autosave_folder()), toolkit_(this) {
+    : runner_(workspace_),
+      autosave_(workspace_, autosave_folder()),
+      toolkit_(this),
+      result_watch_(workspace_) {
   pages_ = new QStackedWidget;
   auto* hint = new QLabel(ui_text(translatable("Open a model to see its frame.")));
   hint->setAlignment(Qt::AlignCenter);

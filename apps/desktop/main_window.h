@@ -12,6 +12,7 @@
 #include "apps/desktop/autosave.h"
 #include "apps/desktop/display.h"
 #include "apps/desktop/model_document.h"
+#include "apps/desktop/result_watch.h"
 #include "apps/desktop/runner.h"
 #include "apps/desktop/ui_texts.h"
 #include "apps/desktop/workspace.h"
@@ -114,6 +115,7 @@ class MainWindow : public QMainWindow {
   RunProgress* progress_ = nullptr;
   QPushButton* stop_ = nullptr;
   QFileSystemWatcher watcher_;
+  ResultWatch result_watch_;
   std::filesystem::file_time_type known_time_;  ///< of the file as it was read or saved
   std::filesystem::file_time_type
       refused_time_;  ///< of the file that the user did not want to read

@@ -2,10 +2,14 @@
 
 #include <utility>
 
+#include "aluframe/files/output_guard.h"
 #include "aluframe/run/input.h"
+#include "aluframe/run/results.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::desktop {
+
+using texts::translatable;
 
 std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesystem::path& path) {
   auto read = run::read_input({.model = path});
@@ -39,6 +43,12 @@ std::optional<std::string> ModelDocument::save() {
 }
 
 std::optional<std::string> ModelDocument::save_as(const std::filesystem::path& path) {
+  if (run::result_path_of(path) == path) {
+    return texts::translated("{}: is the name of a result file; choose another one for the model",
+                             path.string());
+  }
+  const files::OutputFile copy{translatable("the model"), path, files::FileKind::model};
+  if (auto problem = files::find_overwriting({copy}, {})) return problem;
   if (const auto problem = io::save_changed_copy(path_, path, changes())) {
     return problem->message();
   }

@@ -3,6 +3,8 @@
 #include <utility>
 #include <variant>
 
+#include "aluframe/run/results.h"
+
 namespace aluframe::desktop {
 
 Workspace::Workspace() = default;
@@ -36,7 +38,22 @@ void Workspace::tell_edited() {
   Q_EMIT edited();
 }
 
+std::optional<Workspace::FileState> Workspace::state_of_results() const {
+  const std::filesystem::path file = run::result_path_of(document_->path());
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(file, error);
+  if (error) return std::nullopt;
+  const auto size = std::filesystem::file_size(file, error);
+  return error ? std::nullopt : std::optional(FileState(time, size));
+}
+
+bool Workspace::have_results_changed() const {
+  return state_of_results() != results_file_;
+}
+
 void Workspace::refresh_results() {
+  // Before it is read: what is written meanwhile is a change.
+  results_file_ = state_of_results();
   results_.reset();
   results_problem_.clear();
   auto read = run::shown_results({.model = document_->path()}, document_->digest());

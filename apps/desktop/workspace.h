@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "aluframe/run/shown_results.h"
@@ -42,6 +44,8 @@ class Workspace : public QObject {
   const std::string& results_problem() const { return results_problem_; }
   /// Reads them again.
   void refresh_results();
+  /// Whether their file is another one than when they were read.
+  bool have_results_changed() const;
 
   /// Selected elements, by number.
   const std::set<model::Number>& selection() const { return selection_; }
@@ -78,11 +82,17 @@ class Workspace : public QObject {
   void told(const QString& line);
 
  private:
+  /// When it was written, and its size.
+  using FileState = std::pair<std::filesystem::file_time_type, std::uintmax_t>;
+  /// Nothing: there is none.
+  std::optional<FileState> state_of_results() const;
+
   void keep_existing();
 
   std::unique_ptr<ModelDocument> document_;
   std::optional<run::ShownResults> results_;
   std::string results_problem_;
+  std::optional<FileState> results_file_;
   std::set<model::Number> selection_, hidden_;
   std::optional<model::Number> current_;
   bool is_busy_ = false;

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QStandardPaths>
 #include <QThreadPool>
+#include <fstream>
 #include <sstream>
 
 #include "tests/gui/window_fixture.h"
@@ -11,6 +12,7 @@ namespace gui_test {
 namespace {
 
 using namespace aluframe;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -36,6 +38,69 @@ TEST_F(WindowTest, AFailedSaveUnderAnotherNameIsToldAndChangesNothing) {
   EXPECT_THAT(told.text(), HasSubstr(other.string()));
   EXPECT_EQ(window().document()->path(), file);
   EXPECT_TRUE(window().isWindowModified());
+}
+
+// Results are not to be lost to a model, and a model cannot have its results' name.
+TEST_F(WindowTest, AModelIsNeverSavedOverResults) {
+  const std::filesystem::path other = folder.filePath("other.json").toStdString();
+  std::filesystem::copy_file(file, other);
+  for (const auto& results : {run::result_path_of(other), run::result_path_of(file),
+                              std::filesystem::path(folder.filePath("renamed").toStdString())}) {
+    check_all();
+    if (results != run::result_path_of(file)) {
+      std::filesystem::copy_file(run::result_path_of(file), results);
+    }
+    const auto size = std::filesystem::file_size(results);
+    const BoxAnswer told(QMessageBox::Ok);
+    EXPECT_FALSE(window().save_as(results));
+    EXPECT_THAT(told.text(), HasSubstr(results.string()));
+    EXPECT_EQ(std::filesystem::file_size(results), size);
+    EXPECT_EQ(window().document()->path(), file);
+  }
+}
+
+TEST_F(WindowTest, AModelWithoutResultsIsNotSavedUnderTheirName) {
+  const BoxAnswer told(QMessageBox::Ok);
+  EXPECT_FALSE(window().save_as(run::result_path_of(file)));
+  EXPECT_THAT(told.text(), HasSubstr("is the name of a result file"));
+  EXPECT_FALSE(std::filesystem::exists(run::result_path_of(file)));
+}
+
+run::Selection three() {
+  run::Selection selection;
+  selection.elements = model::NumberRanges({{3, 3}});
+  return selection;
+}
+
+TEST_F(WindowTest, ShowsTheResultsThatAnotherProgramStores) {
+  check_all();
+  const auto shown = [this] { return workspace().results(); };
+  const auto prepared = run::prepare({.model = file}, three());
+  run::CheckOptions options;
+  options.results = run::result_path_of(file);
+  run::check(std::get<run::Input>(prepared), options);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shown() != nullptr && shown()->elements.size() == 1; },
+                              patience));
+  EXPECT_THAT(status(), Contains("1 element fails; results of 1 of 31 elements"));
+}
+
+TEST_F(WindowTest, ResultsThatAreGoneAreShownNoMore) {
+  check_all();
+  std::filesystem::remove(run::result_path_of(file));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return workspace().results() == nullptr; }, patience));
+  EXPECT_THAT(status(), Contains("not checked yet"));
+}
+
+TEST_F(WindowTest, ResultsThatAreBrokenOutsideAreToldAndTheNextOnesShown) {
+  check_all();
+  const std::filesystem::path kept = folder.filePath("kept").toStdString();
+  std::filesystem::copy_file(run::result_path_of(file), kept);
+  std::ofstream(run::result_path_of(file)) << "no results";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return workspace().results() == nullptr; }, patience));
+  EXPECT_THAT(workspace().results_problem(), HasSubstr("is not a result file"));
+  std::filesystem::rename(kept, run::result_path_of(file));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return workspace().results() != nullptr; }, patience));
+  EXPECT_EQ(workspace().results_problem(), "");
 }
 
 /// How many files of changes the program keeps.

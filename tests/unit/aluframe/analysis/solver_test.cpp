@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cmath>
+#include <thread>
+#include <vector>
+
 #include "aluframe/analysis/linear_solver.h"
 #include "aluframe/analysis/node_order.h"
 #include "frames.h"
@@ -39,6 +44,32 @@ TEST(Solver, SolvesSeveralLoadVectors) {
       EXPECT_NEAR(columns[static_cast<std::size_t>(c * size + i - 1)], c * one, 1e-9 * one);
     }
   }
+}
+
+/// Whether a chain under a unit everywhere has its closed form, x_i = i·(n + 1 − i)/2.
+bool is_chain_solved(int size) {
+  const auto solver = make_solver();
+  if (solver->factorise(chain(size)).status != Status::done) return false;
+  std::vector<double> x(static_cast<std::size_t>(size), 1.0);
+  solver->solve(x);
+  for (int i = 1; i <= size; ++i) {
+    const double expected = i * (size + 1 - i) / 2.0;
+    if (std::abs(x[static_cast<std::size_t>(i - 1)] - expected) > 1e-9 * expected) return false;
+  }
+  return true;
+}
+
+// As a window does, which draws diagrams while a check goes on.
+TEST(Solver, SolversOnSeveralThreadsDoNotDisturbEachOther) {
+  constexpr int rounds = 400;
+  std::atomic<int> solved = 0;
+  const auto work = [&solved](int size) {
+    for (int i = 0; i < rounds; ++i) solved += is_chain_solved(size + i) ? 1 : 0;
+  };
+  std::vector<std::jthread> threads;
+  for (const int size : {50, 400, 1000}) threads.emplace_back(work, size);
+  threads.clear();
+  EXPECT_EQ(solved, 3 * rounds);
 }
 
 TEST(Solver, EntriesOfOnePlaceAddUp) {
