@@ -27,7 +27,7 @@ if not Path("/usr/libexec/at-spi-bus-launcher").exists():
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 PROPERTIES = "org.freedesktop.DBus.Properties"
-ENABLED, SHOWING = 8, 25  # places in an AT-SPI state set
+ENABLED, FOCUSED, SHOWING = 8, 12, 25  # places in an AT-SPI state set
 
 
 def wait_for(what, told):
@@ -138,6 +138,18 @@ class Widget:
 
     def click(self, *options):
         self.program.click(*self.middle, *options)
+
+    def enter(self, text):
+        """Puts a text into this field of a window that may still be on its way to its place."""
+        def is_entered():
+            if not self.has(FOCUSED):
+                self.click()
+            return self.has(FOCUSED)
+
+        wait_for(is_entered, "the field's focus")
+        self.program.press("ctrl+a")
+        self.program.write(text)
+        wait_for(lambda: self.text == text, f"a field with {text}")
 
 
 class Program:
