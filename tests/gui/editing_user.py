@@ -42,3 +42,12 @@ def save(program, model, expected):
     wait_for(lambda: model.read_text(encoding="utf-8") == expected,
              lambda: "the file as edited; it differs in "
                      f"{set(expected.splitlines()) ^ set(model.read_text('utf-8').splitlines())}")
+
+
+def save_undo_and_redo(program, model, first, edited, redo):
+    """The file follows each of them when it is saved."""
+    save(program, model, edited)
+    program.press("ctrl+z")
+    save(program, model, first)
+    program.press(redo)
+    save(program, model, edited)

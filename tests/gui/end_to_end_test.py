@@ -10,7 +10,8 @@ from pathlib import Path
 
 import pytest
 from desktop_user import MISSING, PATIENCE, wait_for
-from editing_user import edit_haz_width, open_model, save, with_haz_width
+from editing_user import (
+    edit_haz_width, open_model, save, save_undo_and_redo, with_haz_width)
 
 GENERATOR = Path(__file__).parents[2] / "tools" / "generate_model.py"
 
@@ -112,11 +113,7 @@ def test_a_settings_dialog_is_undone_too(start, model):
     program.find("push button", "^Ok$").click()
     wait_for(lambda: len(program.windows()) == 1, "the end of the dialog")
     edited = first.replace('"safety_class": 1', '"safety_class": 3')
-    save(program, model, edited)
-    program.press("ctrl+z")
-    save(program, model, first)
-    program.press("ctrl+y")
-    save(program, model, edited)
+    save_undo_and_redo(program, model, first, edited, "ctrl+y")
 
 
 def test_what_another_program_writes_is_read_again(start, model):

@@ -6,7 +6,7 @@ import subprocess
 
 import pytest
 from desktop_user import ENABLED, MISSING, PATIENCE, wait_for
-from editing_user import edit_haz_width, open_model, save, with_haz_width
+from editing_user import edit_haz_width, open_model, save_undo_and_redo, with_haz_width
 from shown_frame import ShownFrame
 
 pytestmark = pytest.mark.skipif(bool(MISSING), reason=f"not installed: {', '.join(MISSING)}")
@@ -74,11 +74,7 @@ def test_attributes_of_clicked_elements_are_saved_undone_and_redone(start, model
     program.sees("^2 elements selected$")
     edit_haz_width(program, 31)
     assert model.read_text(encoding="utf-8") == first, "nothing is written before it is saved"
-    save(program, model, edited)
-    program.press("ctrl+z")
-    save(program, model, first)
-    program.press("ctrl+shift+z")
-    save(program, model, edited)
+    save_undo_and_redo(program, model, first, edited, "ctrl+shift+z")
 
 
 def test_the_tree_and_the_table_select(start, model):

@@ -56,6 +56,15 @@ std::string replaced(std::string text, const std::string& what, const std::strin
   return text.replace(place, what.size(), by);
 }
 
+/// The columns with element forces of their two cases in place of loads.
+std::string with_given_forces(const std::string& forces) {
+  std::string out = columns;
+  const std::size_t begin = out.find("\"load_cases\""), end = out.find("\"combinations\"");
+  return out.replace(
+      begin, end - begin,
+      R"("load_cases": [{"number": 1}, {"number": 2}], "forces": [)" + forces + "], ");
+}
+
 class ShownResultsTest : public testing::Test {
  protected:
   ShownResultsTest() { write(columns); }
@@ -231,15 +240,10 @@ TEST_F(ShownResultsTest, OfAnEnvelopeOfExtremesAreTheLargestOfItsTwoSides) {
 }
 
 TEST_F(ShownResultsTest, OfACombinationLeaveOutElementsThatLackForcesInIt) {
-  std::string given = columns;
-  const std::size_t begin = given.find("\"load_cases\""), end = given.find("\"combinations\"");
-  given.replace(begin, end - begin, R"("load_cases": [{"number": 1}, {"number": 2}],
-    "forces": [
+  write(with_given_forces(R"(
       {"element": 11, "case": 1, "values": [[0, 0, 5, 0, -2.5, 0], [0, 0, 5, 0, 0, 0]]},
       {"element": 12, "case": 1, "values": [[0, 0, 5, 0, -2.5, 0], [0, 0, 5, 0, 0, 0]]},
-      {"element": 12, "case": 2, "values": [[0, 0, 10, 0, -5, 0], [0, 0, 10, 0, 0, 0]]}],
-    )");
-  write(given);
+      {"element": 12, "case": 2, "values": [[0, 0, 10, 0, -5, 0], [0, 0, 10, 0, 0, 0]]})"));
   check_model();
   const ShownResults results = shown();
   const picture::Ratios in_3 = ratios_in_combination(results, 3);
@@ -251,14 +255,9 @@ TEST_F(ShownResultsTest, OfACombinationLeaveOutElementsThatLackForcesInIt) {
 }
 
 TEST_F(ShownResultsTest, ListAnElementWithoutForcesInAnyCombination) {
-  std::string given = columns;
-  const std::size_t begin = given.find("\"load_cases\""), end = given.find("\"combinations\"");
-  given.replace(begin, end - begin, R"("load_cases": [{"number": 1}, {"number": 2}],
-    "forces": [
+  write(with_given_forces(R"(
       {"element": 12, "case": 1, "values": [[0, 0, 5, 0, -2.5, 0], [0, 0, 5, 0, 0, 0]]},
-      {"element": 12, "case": 2, "values": [[0, 0, 10, 0, -5, 0], [0, 0, 10, 0, 0, 0]]}],
-    )");
-  write(given);
+      {"element": 12, "case": 2, "values": [[0, 0, 10, 0, -5, 0], [0, 0, 10, 0, 0, 0]]})"));
   check_model();
   const ShownResults results = shown();
   EXPECT_THAT(results.elements, ElementsAre(Key(12U)));
