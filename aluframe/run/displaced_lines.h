@@ -5,8 +5,8 @@
 
 namespace aluframe::run {
 
-/// The frame as a load case displaces it by linear analysis: nodes as they move, and between them
-/// the deflection that the forces of each element bend it to, its shear and temperature included.
+/// The frame as a load case displaces it by linear analysis: every element as its nodes move its
+/// ends and its loads, shear and temperature deform it between them (analysis::DisplacedElement).
 Result<std::vector<picture::DisplacedLine>> displaced_lines(const Input& input,
                                                             model::Number load_case);
 

@@ -5,9 +5,8 @@
 #include <numbers>
 #include <utility>
 
-#include "aluframe/analysis/element_stiffness.h"
+#include "aluframe/analysis/displaced_element.h"
 #include "aluframe/analysis/local_axes.h"
-#include "aluframe/analysis/releases.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/run/buckling_subjects.h"
 #include "aluframe/run/chosen_numbers.h"
@@ -41,34 +40,6 @@ Eigen::Vector3d local_at(double fraction, double length, const analysis::Vector1
           cubic(fraction, length, {ends[2], ends[8]}, {-ends[4], -ends[10]})};
 }
 
-/// Turns both ends of an element along the line between them.
-void straighten(double length, analysis::Vector12& ends) {
-  const double slope_y = (ends[7] - ends[1]) / length, slope_z = (ends[8] - ends[2]) / length;
-  ends[5] = ends[11] = slope_y;
-  ends[4] = ends[10] = -slope_z;
-}
-
-/// How the ends of an element are displaced in a mode, local axes: as its nodes are, but where they
-/// are released such that no force acts there.
-analysis::Vector12 ends_of(const analysis::Element& element, const analysis::Geometry& geometry,
-                           const analysis::BucklingMode& mode) {
-  analysis::Vector12 nodes;
-  for (Eigen::Index k = 0; k < 6; ++k) {
-    const auto direction = static_cast<std::size_t>(k);
-    nodes[k] = mode.shape[element.start][direction];
-    nodes[6 + k] = mode.shape[element.end][direction];
-  }
-  analysis::Vector12 ends = analysis::to_local(geometry.axes, nodes);
-  if (element.kind == analysis::ElementKind::truss) {
-    straighten(geometry.length, ends);
-    return ends;
-  }
-  analysis::Matrix12 stiffness = analysis::elastic_stiffness(element, geometry.length);
-  const auto releases = analysis::Releases::condense(element.released, stiffness);
-  if (releases) releases->restore(analysis::Vector12::Zero(), ends);
-  return ends;
-}
-
 /// Half a wave across the axis of least stiffness.
 Eigen::Vector3d half_wave(double fraction, const analysis::Stiffness& stiffness) {
   const double wave = std::sin(std::numbers::pi * fraction);
@@ -94,7 +65,9 @@ std::vector<picture::DisplacedLine> lines_of(const analysis::Frame& frame,
   std::vector<picture::DisplacedLine> lines;
   for (std::size_t i = 0; i < frame.elements.size(); ++i) {
     const analysis::Element& element = frame.elements[i];
-    const analysis::Vector12 local = ends_of(element, geometry[i], mode);
+    const analysis::ElementLoads unloaded{geometry[i].length, {}, {}, {}};
+    const analysis::Vector12 local = analysis::end_displacements(
+        element, geometry[i], unloaded, mode.shape[element.start], mode.shape[element.end]);
     picture::DisplacedLine line{element.number, {}};
     for (std::size_t k = 0; k <= pieces; ++k) {
       const double fraction = static_cast<double>(k) / static_cast<double>(pieces);
