@@ -27,13 +27,9 @@ std::string number_text(const std::optional<std::uint32_t>& number) {
   return number ? fmt::format("{}", *number) : "";
 }
 
-bool is_moment(const store::LargestForce& force) {
-  return force.component.starts_with('M');
-}
-
 /// "12.5" in the user's unit, and the unit.
 std::string magnitude_text(const store::LargestForce& force, const Scale& scale) {
-  return is_moment(force)
+  return run::is_moment(force)
              ? fmt::format("{:.4g} {}", force.magnitude / scale.moment(), scale.moment_unit())
              : fmt::format("{:.4g} {}", force.magnitude / scale.force, scale.force_unit);
 }

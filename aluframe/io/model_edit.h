@@ -54,4 +54,13 @@ std::optional<Problem> save_changed_copy(const std::filesystem::path& from,
                                          const std::filesystem::path& to,
                                          const ModelChanges& changes, bool allow_outside = false);
 
+/// The text of a file, for the time when the file is no more.
+Result<std::string> text_of_file(const std::filesystem::path& path);
+
+/// The same as `save_changed_copy` of a model file that is no more, by the text that it held; `to`
+/// may be the same file.
+std::optional<Problem> save_changed_text(std::string_view text, const std::filesystem::path& from,
+                                         const std::filesystem::path& to,
+                                         const ModelChanges& changes, bool allow_outside = false);
+
 }  // namespace aluframe::io

@@ -80,20 +80,11 @@ void require_same_sections(std::string_view text, const fs::path& file, const Mo
   }
 }
 
-/// What a file holds, with changes.
-Result<std::string> edited_content(const fs::path& path, const ModelChanges& changes,
-                                   const ModelFolder& folder) {
-  try {
-    return edit_model_text(load_file(path), path.string(), changes, &folder);
-  } catch (const Failure& failure) {
-    return Problem{path.string(), failure.place, failure.text};
-  }
-}
-
-std::optional<Problem> copy(const fs::path& from, const fs::path& to, const ModelChanges& changes,
-                            bool allow_outside) {
+/// Writes the text of a file, with changes, to another one.
+std::optional<Problem> copy(std::string_view held, const fs::path& from, const fs::path& to,
+                            const ModelChanges& changes, bool allow_outside) {
   const ModelFolder folder{from.parent_path(), allow_outside};
-  const auto edited = edited_content(from, changes, folder);
+  const auto edited = edit_model_text(held, from.string(), changes, &folder);
   if (const auto* problem = std::get_if<Problem>(&edited)) return *problem;
   const auto& text = std::get<std::string>(edited);
   require_same_sections(text, from, folder, {to.parent_path(), allow_outside});
@@ -135,11 +126,26 @@ std::optional<Problem> save_changes(const fs::path& path, const ModelChanges& ch
 
 std::optional<Problem> save_changed_copy(const fs::path& from, const fs::path& to,
                                          const ModelChanges& changes, bool allow_outside) {
-  return run_on(to, [&] {
-    const auto choose = [&](const model::Model&) { return changes; };
-    return same_path(from, to) ? change(to, choose, allow_outside)
-                               : copy(from, to, changes, allow_outside);
-  });
+  if (same_path(from, to)) {
+    return change_model_file(to, [&](const model::Model&) { return changes; }, allow_outside);
+  }
+  const auto text = text_of_file(from);
+  if (const auto* problem = std::get_if<Problem>(&text)) return *problem;
+  return save_changed_text(std::get<std::string>(text), from, to, changes, allow_outside);
+}
+
+Result<std::string> text_of_file(const fs::path& path) {
+  try {
+    return load_file(path);
+  } catch (const Failure& failure) {
+    return Problem{path.string(), failure.place, failure.text};
+  }
+}
+
+std::optional<Problem> save_changed_text(std::string_view text, const fs::path& from,
+                                         const fs::path& to, const ModelChanges& changes,
+                                         bool allow_outside) {
+  return run_on(to, [&] { return copy(text, from, to, changes, allow_outside); });
 }
 
 }  // namespace aluframe::io

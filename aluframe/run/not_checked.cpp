@@ -53,4 +53,16 @@ std::vector<NotCheckedGroup> group_not_checked(const std::vector<store::NotCheck
   return out;
 }
 
+const store::RemarkRow* second_opinion_on(const NotCheckedGroup& group,
+                                          const std::vector<store::RemarkRow>& remarks) {
+  if (group.largest.empty()) return nullptr;
+  const char* kind = is_moment(group.largest.front().force) ? "C6" : "C5";
+  const store::RemarkRow* worst = nullptr;
+  for (const store::RemarkRow& remark : remarks) {
+    if (remark.kind != kind || !remark.ratio) continue;
+    if (worst == nullptr || *remark.ratio > *worst->ratio) worst = &remark;
+  }
+  return worst;
+}
+
 }  // namespace aluframe::run

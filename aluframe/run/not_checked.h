@@ -14,6 +14,10 @@ struct UncheckedForce {
   store::LargestForce force;
 };
 
+inline bool is_moment(const store::LargestForce& force) {
+  return force.component.starts_with('M');
+}
+
 /// What one reason kept from being checked.
 struct NotCheckedGroup {
   std::string reason;
@@ -24,5 +28,10 @@ struct NotCheckedGroup {
 
 /// Items put together by their reason, and the combinations that it holds for; by the alphabet.
 std::vector<NotCheckedGroup> group_not_checked(const std::vector<store::NotChecked>& items);
+
+/// The worst second opinion on the shear or torsion that a group is about, of the whole check;
+/// null: there is none.
+const store::RemarkRow* second_opinion_on(const NotCheckedGroup& group,
+                                          const std::vector<store::RemarkRow>& remarks);
 
 }  // namespace aluframe::run

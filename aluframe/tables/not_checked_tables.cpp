@@ -15,15 +15,11 @@ namespace aluframe::tables {
 
 namespace {
 
-bool is_moment(const store::LargestForce& force) {
-  return force.component.starts_with('M');
-}
-
 /// "12.5 kN", "0.75 kN·m".
 std::string magnitude_text(const store::LargestForce& force) {
   constexpr double kilo = 1e3, kilo_metre = 1e6;  // N in a kN, N·mm in a kN·m
-  return is_moment(force) ? fmt::format("{:.4g} kN·m", force.magnitude / kilo_metre)
-                          : fmt::format("{:.4g} kN", force.magnitude / kilo);
+  return run::is_moment(force) ? fmt::format("{:.4g} kN·m", force.magnitude / kilo_metre)
+                               : fmt::format("{:.4g} kN", force.magnitude / kilo);
 }
 
 /// "largest Mx 0.75 kN·m at element 2, combination 3, position J", or "between positions", for
@@ -55,20 +51,6 @@ std::string place_text(const run::NotCheckedGroup& group, Lists lists) {
                            shown_list(model::join_as_ranges(group.combinations), lists));
 }
 
-/// The worst second opinion of the shear or torsion that the group is about, or null: a report adds
-/// remarks about elements of its own to those of the check.
-const store::RemarkRow* remark_of(const run::NotCheckedGroup& group,
-                                  const std::vector<store::RemarkRow>& remarks) {
-  if (group.largest.empty()) return nullptr;
-  const char* kind = is_moment(group.largest.front().force) ? "C6" : "C5";
-  const store::RemarkRow* worst = nullptr;
-  for (const store::RemarkRow& remark : remarks) {
-    if (remark.kind != kind || !remark.ratio) continue;
-    if (worst == nullptr || *remark.ratio > *worst->ratio) worst = &remark;
-  }
-  return worst;
-}
-
 Cell whole(std::uint32_t value) {
   return static_cast<std::int64_t>(value);
 }
@@ -76,7 +58,7 @@ Cell whole(std::uint32_t value) {
 void add_largest(std::vector<Cell>& row, const run::UncheckedForce& unchecked) {
   const store::LargestForce& force = unchecked.force;
   row.insert(row.end(),
-             {force.component, force.magnitude, std::string(is_moment(force) ? "N·mm" : "N"),
+             {force.component, force.magnitude, std::string(run::is_moment(force) ? "N·mm" : "N"),
               whole(unchecked.element), whole(force.combination),
               force.min_side != 0 ? Cell(std::string("min")) : Cell(),
               std::string(force.position < 0 ? "between" : position_name(force.position))});
@@ -94,7 +76,7 @@ std::string not_checked_text(const std::vector<store::NotChecked>& items,
       out += "\n      " + texts::sentence_in_words(text);
     }
     out += "\n";
-    const store::RemarkRow* remark = remark_of(group, remarks);
+    const store::RemarkRow* remark = run::second_opinion_on(group, remarks);
     if (remark != nullptr) {
       out += fmt::format("      {}\n", second_opinion_text(*remark));
     }
@@ -121,7 +103,7 @@ OutputTable not_checked_table(const std::vector<store::NotChecked>& items,
     for (const run::UncheckedForce& unchecked : group.largest) {
       table.rows.push_back(start);
       add_largest(table.rows.back(), unchecked);
-      const store::RemarkRow* remark = remark_of(group, remarks);
+      const store::RemarkRow* remark = run::second_opinion_on(group, remarks);
       table.rows.back().push_back(remark != nullptr ? Cell(*remark->ratio) : Cell());
     }
     if (!group.largest.empty()) continue;

@@ -79,8 +79,9 @@ void HistoryPanel::copy() {
 }
 
 bool HistoryPanel::save_as(const std::filesystem::path& path) {
-  const auto problem =
-      problem_of_writing(path, [&] { files::publish_text(path, text().toStdString() + "\n"); });
+  const auto problem = write_chosen_file(translatable("the history"), path, [&] {
+    files::publish_text(path, text().toStdString() + "\n");
+  });
   if (problem) show_problem(this, *problem);
   return !problem;
 }

@@ -5,7 +5,6 @@
 #include <QDesktopServices>
 #include <QDockWidget>
 #include <QFileDialog>
-#include <QImageWriter>
 #include <QInputDialog>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,6 +21,7 @@
 #include "apps/desktop/frame_view.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/message_boxes.h"
+#include "apps/desktop/picture_file.h"
 #include "apps/desktop/preferences.h"
 #include "apps/desktop/section_dialog.h"
 
@@ -263,14 +263,10 @@ void MainWindow::choose_save_as() {
 void MainWindow::save_picture() {
   std::filesystem::path file = workspace_.document()->path();
   file.replace_extension(".png");
-  const QString path =
-      QFileDialog::getSaveFileName(this, ui_text(translatable("Picture to file")), to_qt(file),
-                                   ui_text(translatable("Pictures (*.png *.jpg)")));
-  if (path.isEmpty()) return;
-  QImageWriter writer(path);
-  if (!writer.write(view_->picture())) {
-    show_problem(this, texts::translated("{}: cannot be written: {}", path.toStdString(),
-                                         writer.errorString().toStdString()));
+  const auto path = choose_picture_file(this, to_qt(file));
+  if (!path) return;
+  if (const auto problem = write_picture_file(view_->picture(), *path)) {
+    show_problem(this, *problem);
   }
 }
 

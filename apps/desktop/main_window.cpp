@@ -108,6 +108,10 @@ MainWindow::MainWindow()
     constexpr int written_after = 300;
     QTimer::singleShot(written_after, this, [this] { file_changed(); });
   });
+  constexpr int looks_again_after = 1000;
+  gone_file_timer_.setSingleShot(true);
+  gone_file_timer_.setInterval(looks_again_after);
+  gone_file_timer_.callOnTimeout(this, [this] { file_changed(); });
   setWindowTitle(QStringLiteral("AluFrame"));
   resize(1360, 860);
   const QSettings settings;
@@ -410,7 +414,19 @@ void MainWindow::file_changed() {
   const ModelDocument* document = workspace_.document();
   if (document == nullptr || is_asking_) return;
   std::error_code ignored;
-  if (!std::filesystem::exists(document->path(), ignored)) return;
+  if (!std::filesystem::exists(document->path(), ignored)) {
+    if (!is_gone_) {
+      workspace_.tell(
+          texts::translated("{}: is gone; the window keeps what it held, and saving "
+                            "writes it again",
+                            document->path().string()));
+    }
+    is_gone_ = true;
+    // A watch ends with its file.
+    gone_file_timer_.start();
+    return;
+  }
+  is_gone_ = false;
   watch_file();
   const auto time = time_of(document->path());
   if (time == known_time_ || time == refused_time_ || workspace_.is_busy()) return;

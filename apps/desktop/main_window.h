@@ -120,6 +120,8 @@ class MainWindow : public QMainWindow {
   std::filesystem::file_time_type
       refused_time_;  ///< of the file that the user did not want to read
   bool is_asking_ = false;
+  bool is_gone_ = false;    ///< the file, which the user was told
+  QTimer gone_file_timer_;  ///< until it looks for it again
 };
 
 }  // namespace aluframe::desktop

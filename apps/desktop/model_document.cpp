@@ -11,20 +11,37 @@ namespace aluframe::desktop {
 
 using texts::translatable;
 
+namespace {
+
+/// Of a file that was read a moment ago; empty when it cannot be read any more.
+std::string text_of(const std::filesystem::path& path) {
+  const auto text = io::text_of_file(path);
+  const auto* found = std::get_if<std::string>(&text);
+  return found != nullptr ? *found : std::string();
+}
+
+}  // namespace
+
 std::variant<ModelDocument, std::string> ModelDocument::open(const std::filesystem::path& path) {
   auto read = run::read_input({.model = path});
   if (const auto* problem = std::get_if<run::Problem>(&read)) return problem->text;
-  return ModelDocument(std::get<run::Input>(std::move(read)));
+  return ModelDocument(std::get<run::Input>(std::move(read)), text_of(path));
 }
 
-ModelDocument::ModelDocument(run::Input input)
+ModelDocument::ModelDocument(run::Input input, std::string text)
     : path_(std::move(input.file)),
+      text_(std::move(text)),
       model_(std::move(input.model)),
       digest_(std::move(input.digest)),
       saved_(io::editable_of(model_)) {}
 
 io::ModelChanges ModelDocument::changes() const {
   return io::changes_since(saved_, model_);
+}
+
+bool ModelDocument::is_gone() const {
+  std::error_code unknown;  // what cannot be examined is not known to be gone
+  return !std::filesystem::exists(path_, unknown) && !unknown;
 }
 
 std::optional<std::string> ModelDocument::save() {
@@ -37,7 +54,9 @@ std::optional<std::string> ModelDocument::save() {
     }
     return changes();
   };
-  if (const auto problem = io::change_model_file(path_, choose)) return problem->message();
+  const auto problem = is_gone() ? io::save_changed_text(text_, path_, path_, changes())
+                                 : io::change_model_file(path_, choose);
+  if (problem) return problem->message();
   note_saved();
   return std::nullopt;
 }
@@ -49,9 +68,9 @@ std::optional<std::string> ModelDocument::save_as(const std::filesystem::path& p
   }
   const files::OutputFile copy{translatable("the model"), path, files::FileKind::model};
   if (auto problem = files::find_overwriting({copy}, {})) return problem;
-  if (const auto problem = io::save_changed_copy(path_, path, changes())) {
-    return problem->message();
-  }
+  const auto problem = is_gone() ? io::save_changed_text(text_, path_, path, changes())
+                                 : io::save_changed_copy(path_, path, changes());
+  if (problem) return problem->message();
   path_ = path;
   note_saved();
   return std::nullopt;
@@ -59,6 +78,7 @@ std::optional<std::string> ModelDocument::save_as(const std::filesystem::path& p
 
 void ModelDocument::note_saved() {
   saved_ = io::editable_of(model_);
+  text_ = text_of(path_);
   // The file may hold a length less exactly than the window did.
   const auto read = run::read_input({.model = path_});
   if (const auto* input = std::get_if<run::Input>(&read)) digest_ = input->digest;

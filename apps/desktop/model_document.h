@@ -26,19 +26,23 @@ class ModelDocument {
   /// What is not saved yet.
   io::ModelChanges changes() const;
   bool is_modified() const { return !changes().empty(); }
-  /// Writes the changes to the file, whose other content stays; nothing when there are none.
+  /// Writes the changes to the file, whose other content stays; nothing when there are none. A file
+  /// that is gone is written again as it was read or saved, with the changes.
   /// @return a message when that failed; the file is then as it was
   std::optional<std::string> save();
-  /// Writes the file with the changes under another name, which is the open file then.
+  /// Writes the file, or what it held when it is gone, with the changes under another name, which
+  /// is the open file then.
   /// @return a message when that failed; nothing has changed then
   std::optional<std::string> save_as(const std::filesystem::path& path);
 
  private:
-  explicit ModelDocument(run::Input input);
+  ModelDocument(run::Input input, std::string text);
 
+  bool is_gone() const;
   void note_saved();
 
   std::filesystem::path path_;
+  std::string text_;  ///< of the file as it was read or saved
   model::Model model_;
   std::string digest_;
   io::Editable saved_;  ///< as the file holds it

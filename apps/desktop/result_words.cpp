@@ -2,9 +2,13 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <set>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "aluframe/run/buckling.h"
+#include "aluframe/run/not_checked.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/ui_texts.h"
@@ -18,6 +22,19 @@ using texts::translatable;
 bool has_sides(const store::RunInfo& info, std::uint32_t number) {
   const auto found = std::ranges::find(info.combinations, number, &store::CombinationRow::number);
   return found != info.combinations.end() && found->two_sides;
+}
+
+/// The components of forces that no check looks at, and no second opinion finds safe.
+std::size_t unchecked_forces(const run::Told& told) {
+  std::set<std::string> components;
+  for (const run::NotCheckedGroup& group : run::group_not_checked(told.not_checked)) {
+    const store::RemarkRow* opinion = run::second_opinion_on(group, told.remarks);
+    if (opinion != nullptr && *opinion->ratio <= 1.0) continue;
+    for (const run::UncheckedForce& unchecked : group.largest) {
+      components.insert(unchecked.force.component);
+    }
+  }
+  return components.size();
 }
 
 }  // namespace
@@ -67,6 +84,10 @@ QString outcome_words(const run::ShownResults& results) {
     parts.push_back(
         shown(texts::counted(told.safe->unsaid, translatable("{} more by its safe ratio"),
                              translatable("{} more by their safe ratios"))));
+  }
+  if (const auto count = unchecked_forces(told); count > 0) {
+    parts.push_back(shown(texts::counted(count, translatable("{} kind of force without a check"),
+                                         translatable("{} kinds of force without a check"))));
   }
   if (coverage.elements > results.elements.size()) {
     parts.push_back(shown(texts::counted(coverage.elements - results.elements.size(),

@@ -167,7 +167,7 @@ void write_workbook(const tables::OutputTable& table, const std::string& sheet,
 std::optional<std::string> write_spreadsheet(const tables::OutputTable& table,
                                              const std::string& sheet,
                                              const std::filesystem::path& path) {
-  return problem_of_writing(path, [&] {
+  return write_chosen_file(texts::translatable("the table"), path, [&] {
     files::Publication file(path);
     write_workbook(table, sheet, file.path());
     file.publish();

@@ -30,7 +30,8 @@ std::optional<std::string> write_table_file(const tables::OutputTable& table,
   const std::string extension = extension_of(path);
   if (extension == workbook) return write_spreadsheet(table, name, path);
   if (extension == values) {
-    return problem_of_writing(path, [&] { files::publish_text(path, tables::to_csv(table)); });
+    return write_chosen_file(translatable("the table"), path,
+                             [&] { files::publish_text(path, tables::to_csv(table)); });
   }
   return texts::translated("{}: the extension of a table must be .xlsx or .csv", path.string());
 }

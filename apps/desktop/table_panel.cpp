@@ -17,7 +17,6 @@
 #include <utility>
 #include <variant>
 
-#include "aluframe/files/output_guard.h"
 #include "aluframe/forces/compute_forces.h"
 #include "aluframe/tables/force_tables.h"
 #include "aluframe/texts/text.h"
@@ -391,11 +390,6 @@ void TablePanel::open_menu(const QPoint& at) {
 // Files.
 
 std::optional<std::string> TablePanel::write_to(const std::filesystem::path& path) const {
-  if (auto problem =
-          files::find_overwriting({{translatable("the table"), path}},
-                                  {{translatable("the model"), workspace_.document()->path()}})) {
-    return problem;
-  }
   const Waiting waiting;
   return write_table_file(view_->order().shown_table(), name_of(kind_).toStdString(), path);
 }

@@ -13,14 +13,13 @@
 #include <QShortcut>
 #include <QTextDocument>
 #include <QVBoxLayout>
-#include <exception>
 #include <utility>
 
-#include "aluframe/files/error_text.h"
 #include "aluframe/files/publication.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/ui_texts.h"
+#include "apps/desktop/written_file.h"
 
 namespace aluframe::desktop {
 
@@ -93,15 +92,22 @@ bool TextViewer::find_next(bool backwards) {
   return false;
 }
 
+bool TextViewer::save_as(const std::filesystem::path& path) {
+  const auto problem = write_chosen_file(translatable("the text"), path, [&] {
+    files::publish_text(path, text_->toPlainText().toStdString());
+  });
+  if (problem) show_problem(this, *problem);
+  return !problem;
+}
+
 void TextViewer::save() {
-  const QString path = QFileDialog::getSaveFileName(this, windowTitle(), file_name_,
-                                                    ui_text(translatable("Text files (*.txt)")));
-  if (path.isEmpty()) return;
-  try {
-    files::publish_text(path.toStdString(), text_->toPlainText().toStdString());
-  } catch (const std::exception& error) {
-    show_problem(this, texts::translated("{}: cannot be written: {}", path.toStdString(),
-                                         files::error_text(error)));
+  QFileDialog dialog(this, windowTitle());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilter(ui_text(translatable("Text files (*.txt)")));
+  dialog.setDefaultSuffix(QStringLiteral("txt"));
+  dialog.selectFile(file_name_);
+  if (dialog.exec() == QDialog::Accepted) {
+    save_as(dialog.selectedFiles().constFirst().toStdString());
   }
 }
 

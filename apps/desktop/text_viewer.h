@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <filesystem>
 
 class QLabel;
 class QLineEdit;
@@ -16,6 +17,8 @@ class TextViewer : public QDialog {
 
   /// Shows the next place of the text that is looked for. @return false when there is none
   bool find_next(bool backwards = false);
+  /// Writes the text to a file, or says why it cannot.
+  bool save_as(const std::filesystem::path& path);
 
  private:
   void save();

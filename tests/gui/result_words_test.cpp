@@ -42,6 +42,29 @@ TEST(OutcomeWords, SayWhatOnlySafeRatiosTell) {
   EXPECT_EQ(outcome_words(results), "0 elements fail; 1 more by its safe ratio");
 }
 
+// Where no check is made for a force, only a second opinion can find it safe.
+TEST(OutcomeWords, CountTheForcesWithoutACheck) {
+  run::ShownResults results = whole();
+  const auto acts = [](std::uint32_t element, const char* component) {
+    return store::NotChecked{.element = element,
+                             .combination = 1,
+                             .reason = component,
+                             .largest = {{.component = component, .magnitude = 1.0}}};
+  };
+  results.told.not_checked = {acts(1, "Fy"), {.element = 2, .combination = 1, .reason = "other"}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail; 1 kind of force without a check");
+  results.told.not_checked = {acts(1, "Fy"), acts(2, "Fy"), acts(2, "Mx")};
+  EXPECT_EQ(outcome_words(results), "0 elements fail; 2 kinds of force without a check");
+  results.told.remarks.resize(2);
+  results.told.remarks[0].kind = "C5";
+  results.told.remarks[0].ratio = 0.3;
+  results.told.remarks[1].kind = "C6";
+  results.told.remarks[1].ratio = 1.2;
+  EXPECT_EQ(outcome_words(results), "0 elements fail; 1 kind of force without a check");
+  results.told.remarks[1].ratio = 0.9;
+  EXPECT_EQ(outcome_words(results), "0 elements fail");
+}
+
 TEST(OutcomeWords, SayWhatIsNotKnown) {
   run::ShownResults results = whole();
   results.elements.erase(2);

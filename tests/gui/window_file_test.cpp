@@ -2,10 +2,14 @@
 
 #include <QMenu>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QThreadPool>
 #include <fstream>
 #include <sstream>
 
+#include "apps/desktop/history_panel.h"
+#include "apps/desktop/picture_file.h"
+#include "apps/desktop/text_viewer.h"
 #include "tests/gui/window_fixture.h"
 
 namespace gui_test {
@@ -66,6 +70,58 @@ TEST_F(WindowTest, AModelWithoutResultsIsNotSavedUnderTheirName) {
   EXPECT_FALSE(std::filesystem::exists(run::result_path_of(file)));
 }
 
+// What the window writes beside the model never takes the place of models and results.
+TEST_F(WindowTest, NothingIsWrittenOverModelsAndResults) {
+  check_all();
+  const std::filesystem::path other = folder.filePath("other.txt").toStdString();
+  std::filesystem::copy_file(file, other);
+  desktop::TextViewer viewer(&window(), QStringLiteral("Report"), QStringLiteral("text"), {});
+  desktop::HistoryPanel history(workspace());
+  for (const std::filesystem::path& path : {file, other, run::result_path_of(file)}) {
+    const std::uintmax_t size = std::filesystem::file_size(path);
+    BoxAnswer told(QMessageBox::Ok);
+    EXPECT_FALSE(viewer.save_as(path));
+    EXPECT_FALSE(history.save_as(path));
+    EXPECT_THAT(told.texts(), testing::Each(HasSubstr("would overwrite")));
+    EXPECT_EQ(told.texts().size(), 2);
+    EXPECT_EQ(std::filesystem::file_size(path), size);
+  }
+  const std::filesystem::path text = folder.filePath("report.txt").toStdString();
+  EXPECT_TRUE(viewer.save_as(text));
+  EXPECT_TRUE(viewer.save_as(text)) << "over an earlier one";
+  std::ifstream stream(text);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "text");
+}
+
+TEST(PictureFile, IsWrittenWholeOrNotAtAll) {
+  const QTemporaryDir folder;
+  const auto path = [&](const char* name) {
+    return std::filesystem::path(folder.filePath(QString::fromUtf8(name)).toStdString());
+  };
+  QImage picture(3, 2, QImage::Format_RGB32);
+  picture.fill(QColor(10, 200, 30));
+  for (const char* name : {"a.png", "b.jpg", "c.JPEG"}) {
+    EXPECT_EQ(desktop::write_picture_file(picture, path(name)), std::nullopt);
+    EXPECT_EQ(QImage(folder.filePath(QString::fromUtf8(name))).size(), QSize(3, 2)) << name;
+  }
+  EXPECT_EQ(QImage(folder.filePath(QStringLiteral("a.png"))).pixelColor(1, 1),
+            picture.pixelColor(1, 1));
+  for (const char* name : {"notes.doc", "plain", "d.svg"}) {
+    std::ofstream(path(name)) << "mine";
+    EXPECT_EQ(desktop::write_picture_file(picture, path(name)),
+              path(name).string() + ": the extension of a picture must be .png or .jpg");
+    EXPECT_EQ(std::filesystem::file_size(path(name)), 4);
+  }
+  std::ofstream(path("model.png")) << R"({"format": "aluframe-model"})";
+  EXPECT_THAT(desktop::write_picture_file(picture, path("model.png")).value_or(""),
+              HasSubstr("would overwrite"));
+  EXPECT_THAT(desktop::write_picture_file(QImage(), path("e.png")).value_or(""),
+              HasSubstr(path("e.png").string()));
+  EXPECT_FALSE(std::filesystem::exists(path("e.png")));
+  EXPECT_THAT(desktop::write_picture_file(picture, path("no/such.png")).value_or(""),
+              HasSubstr(path("no/such.png").string()));
+}
+
 run::Selection three() {
   run::Selection selection;
   selection.elements = model::NumberRanges({{3, 3}});
@@ -109,6 +165,45 @@ std::size_t kept_files() {
       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString() + "/autosave";
   if (!std::filesystem::exists(kept)) return 0;
   return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(kept), {}));
+}
+
+TEST_F(WindowTest, AFileThatIsGoneIsToldOnceAndReadWhenItIsBack) {
+  std::vector<std::string> told;
+  QObject::connect(&workspace(), &desktop::Workspace::told, &window(),
+                   [&](const QString& line) { told.push_back(line.toStdString()); });
+  const std::filesystem::path kept = folder.filePath("kept.json").toStdString();
+  std::filesystem::rename(file, kept);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !told.empty(); }, patience));
+  const int second_look = 1500;
+  QTest::qWait(second_look);
+  EXPECT_THAT(told, ElementsAre(file.string() +
+                                ": is gone; the window keeps what it held, and saving writes it "
+                                "again"));
+  std::filesystem::rename(kept, file);
+  change_outside(old_title, "New title");
+  EXPECT_TRUE(title_becomes("New title"));
+}
+
+TEST_F(WindowTest, ChangesOfAFileThatIsGoneAreSaved) {
+  std::string expected = text_of_file();
+  const std::string factors = R"("length_factors": {"y": 2.0, "z": 2.0})";
+  expected.replace(expected.find(factors), factors.size(),
+                   R"("length_factors": {"y": 1.5, "z": 2})");
+  std::filesystem::remove(file);
+  edit();
+  EXPECT_TRUE(window().save());
+  EXPECT_FALSE(window().isWindowModified());
+  EXPECT_EQ(text_of_file(), expected);
+}
+
+TEST_F(WindowTest, AFileThatIsGoneIsSavedUnderAnotherName) {
+  const std::string before = text_of_file();
+  std::filesystem::remove(file);
+  const std::filesystem::path other = folder.filePath("other.json").toStdString();
+  EXPECT_TRUE(window().save_as(other));
+  std::ifstream stream(other);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), before);
+  EXPECT_EQ(window().document()->path(), other);
 }
 
 TEST_F(WindowTest, ASaveUnderAnotherNameLeavesNoEarlierChangesOfTheFirst) {
