@@ -237,6 +237,10 @@ bool buckles(const store::BucklingRow& row) {
   return factor_or_infinite(row) < 1.0;
 }
 
+bool is_about_buckling(const store::RemarkRow& remark) {
+  return remark.kind == remark_kind;
+}
+
 std::vector<store::RemarkRow> buckling_remarks(const std::vector<store::BucklingRow>& rows,
                                                const model::Model& model) {
   const double limit = buckling_limit(model);

@@ -69,6 +69,9 @@ const store::BucklingRow* smallest_factor(const std::vector<store::BucklingRow>&
 /// Whether a combination buckles the frame: it fails, whatever the ratios of its checks are.
 bool buckles(const store::BucklingRow& row);
 
+/// Whether a remark is one of `buckling_remarks`.
+bool is_about_buckling(const store::RemarkRow& remark);
+
 /// Notes in what a run goes by that it does not look at the buckling of the frame.
 void leave_out_buckling(store::RunSetup& setup);
 FrameBuckling buckling_of(const store::RunSetup& setup);

@@ -1,7 +1,9 @@
 #include "aluframe/run/report.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
+#include <vector>
 
 #include "aluframe/run/buckling.h"
 #include "aluframe/run/opinion_notes.h"
@@ -12,18 +14,30 @@ namespace aluframe::run {
 
 namespace {
 
-/// Elements that are added to results without a second opinion have none either.
-bool had_second_opinion(const std::filesystem::path& results) {
-  return second_opinion_of(store::ResultReader::open(results)->info().setup) == SecondOpinion::on;
+/// What the report begins with: results that it adds elements to, or none.
+struct Earlier {
+  bool is_there = false;
+  bool has_opinion = true;  ///< without a second opinion, elements that are added have none either
+  std::vector<store::RemarkRow> remarks;
+};
+
+Earlier earlier_results(const std::filesystem::path& results) {
+  if (!std::filesystem::exists(results)) return {};
+  const auto reader = store::ResultReader::open(results);
+  return {true, second_opinion_of(reader->info().setup) == SecondOpinion::on, reader->remarks()};
 }
 
-/// Remarks on elements that are checked for the report; on its input, where the file is its own.
-void add_remarks(const Input& input, const OpinionNotes& opinion, bool is_new_file,
+/// Remarks on elements that are checked for the report, but not what was said before; on its input,
+/// where the file is its own.
+void add_remarks(const Input& input, const OpinionNotes& opinion, const Earlier& earlier,
                  store::ResultWriter& writer) {
-  if (is_new_file) {
+  if (!earlier.is_there) {
     for (const store::RemarkRow& row : input.remarks) writer.add_remark(row);
   }
-  for (const store::RemarkRow& row : opinion.remarks()) writer.add_remark(row);
+  for (const store::RemarkRow& row : opinion.remarks()) {
+    const bool was_said = std::ranges::find(earlier.remarks, row) != earlier.remarks.end();
+    if (!was_said) writer.add_remark(row);
+  }
 }
 
 /// How far the frame is from buckling, which a check would have stored.
@@ -40,12 +54,11 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   session.message = options.message;
   session.units = T_UNIT_INDEX{static_cast<int>(options.force), static_cast<int>(options.length)};
   OpinionNotes opinion(input);
-  const bool is_new_file = !std::filesystem::exists(options.results);
-  const bool has_opinion = is_new_file || had_second_opinion(options.results);
-  if (has_opinion) session.observer = &opinion;
+  const Earlier earlier = earlier_results(options.results);
+  if (earlier.has_opinion) session.observer = &opinion;
   session.before_finish = [&](store::ResultWriter& writer) {
-    if (is_new_file) add_buckling(input, writer);
-    if (has_opinion) add_remarks(input, opinion, is_new_file, writer);
+    if (!earlier.is_there) add_buckling(input, writer);
+    if (earlier.has_opinion) add_remarks(input, opinion, earlier, writer);
   };
   return services::run_report(input.model, std::move(session), options.report, options.follow);
 }

@@ -68,10 +68,12 @@ class AttributeNumber : public QLineEdit {
 class AttributeGroup : public QGroupBox {
  public:
   AttributeGroup(const Attribute& attribute,
-                 std::function<void(const QString&, const Change&)> edit)
+                 std::function<void(const QString&, const Change&)> edit,
+                 std::function<void()> type)
       : QGroupBox(ui_text(attribute.name)),
         attribute_(attribute),
         edit_(std::move(edit)),
+        type_(std::move(type)),
         given_(new QCheckBox(ui_text(translatable("given")))),
         origin_(new QLabel) {
     origin_->setWordWrap(true);
@@ -149,6 +151,7 @@ class AttributeGroup : public QGroupBox {
     auto* line = new AttributeNumber;
     line->setMaximumWidth(14 * line->fontMetrics().averageCharWidth());
     line->setPlaceholderText(varies());
+    connect(line, &QLineEdit::textEdited, this, [this] { type_(); });
     connect(line, &QLineEdit::editingFinished, this, [this, &field, line] {
       if (!line->isModified()) return;
       line->setModified(false);
@@ -159,6 +162,7 @@ class AttributeGroup : public QGroupBox {
       edit_(title(), [&field, value, is_allowed](Element& element) {
         if (is_allowed) field.set(element, value);
       });
+      type_();
     });
     return {&field, nullptr, line, [line](std::optional<double> value) {
               line->setText(value ? text_of(*value) : QString());
@@ -168,10 +172,16 @@ class AttributeGroup : public QGroupBox {
 
   const Attribute& attribute_;
   std::function<void(const QString&, const Change&)> edit_;
+  std::function<void()> type_;
   QCheckBox* given_;
   QLabel* origin_;
   std::vector<Editor> editors_;
 };
+
+QLineEdit* typed_number(QWidget* focus) {
+  auto* line = dynamic_cast<AttributeNumber*>(focus);
+  return line != nullptr && line->isModified() ? line : nullptr;
+}
 
 AttributePanel::AttributePanel(Workspace& workspace, QUndoStack& undo)
     : workspace_(workspace), undo_(undo), heading_(new QLabel) {
@@ -180,7 +190,8 @@ AttributePanel::AttributePanel(Workspace& workspace, QUndoStack& undo)
   layout->addWidget(heading_);
   for (const Attribute& attribute : attributes()) {
     groups_.push_back(new AttributeGroup(
-        attribute, [this](const QString& text, const Change& change) { edit(text, change); }));
+        attribute, [this](const QString& text, const Change& change) { edit(text, change); },
+        [this] { Q_EMIT workspace_.typing(); }));
     layout->addWidget(groups_.back());
   }
   layout->addStretch(1);

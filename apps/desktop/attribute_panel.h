@@ -8,6 +8,7 @@
 #include "apps/desktop/workspace.h"
 
 class QLabel;
+class QLineEdit;
 class QVBoxLayout;
 
 namespace aluframe::desktop {
@@ -32,5 +33,9 @@ class AttributePanel : public QWidget {
   QLabel* heading_;
   std::vector<AttributeGroup*> groups_;
 };
+
+/// Where a number of the panel is being typed that has not been taken up yet, if the focus is
+/// there.
+QLineEdit* typed_number(QWidget* focus);
 
 }  // namespace aluframe::desktop

@@ -91,9 +91,16 @@ QStringList lines_below_heading(const std::string& block) {
   return lines;
 }
 
-QStringList remarks_on(model::Number element, const run::Told& told) {
+/// Combinations by the number that the model has, of a state its envelope's.
+run::ModelCombination model_combinations(const run::ShownResults& of) {
+  return [&info = of.info](model::Number combination) {
+    return tables::number_of_combination(info, combination);
+  };
+}
+
+QStringList remarks_on(model::Number element, const std::vector<store::RemarkRow>& remarks) {
   QStringList lines;
-  for (const store::RemarkRow& remark : told.remarks) {
+  for (const store::RemarkRow& remark : remarks) {
     if (!run::ConcernedElements(remark).contains(element)) continue;
     std::string text =
         texts::translated("{}: {}", remark.kind, texts::sentence_in_words(remark.text));
@@ -108,9 +115,7 @@ std::vector<store::NotChecked> not_checked_of(model::Number element, const run::
   for (const store::NotChecked& item : of.told.not_checked) {
     if (item.element == element) items.push_back(item);
   }
-  return run::with_envelopes(std::move(items), [&of](model::Number combination) {
-    return tables::number_of_combination(of.info, combination);
-  });
+  return run::with_envelopes(std::move(items), model_combinations(of));
 }
 
 QString paragraph(const QString& text) {
@@ -206,6 +211,7 @@ QStringList CheckList::said_of(model::Number element) const {
   }
   QStringList lines;
   const auto not_checked = not_checked_of(element, *results);
+  const auto remarks = run::with_envelopes(results->told.remarks, model_combinations(*results));
   if (results->find(element) == nullptr) {
     lines.push_back(paragraph(ui_text(not_checked.empty()
                                           ? translatable("The results do not cover this element.")
@@ -217,9 +223,9 @@ QStringList CheckList::said_of(model::Number element) const {
   }
   if (!not_checked.empty()) {
     add_block(lines, translatable("Not checked"),
-              lines_below_heading(tables::not_checked_text(not_checked, results->told.remarks)));
+              lines_below_heading(tables::not_checked_text(not_checked, remarks)));
   }
-  add_block(lines, translatable("Remarks"), remarks_on(element, results->told));
+  add_block(lines, translatable("Remarks"), remarks_on(element, remarks));
   return lines;
 }
 

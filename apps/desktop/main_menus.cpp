@@ -6,6 +6,7 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -23,6 +24,7 @@
 #include "apps/desktop/message_boxes.h"
 #include "apps/desktop/picture_file.h"
 #include "apps/desktop/preferences.h"
+#include "apps/desktop/result_words.h"
 #include "apps/desktop/section_dialog.h"
 
 namespace aluframe::desktop {
@@ -260,12 +262,25 @@ void MainWindow::choose_save_as() {
   if (!path.isEmpty()) save_as(path.toStdString());
 }
 
+QStringList MainWindow::picture_caption() const {
+  QStringList lines{to_qt(workspace_.document()->path().filename())};
+  if (!workspace_.model().title.empty()) {
+    lines[0] += QStringLiteral(" \u2013 ") + QString::fromStdString(workspace_.model().title);
+  }
+  lines.push_back(state_->text());
+  if (const run::ShownResults* results = workspace_.results()) {
+    for (const std::string& caution : results->cautions) lines.push_back(shown(caution));
+  }
+  return lines;
+}
+
 void MainWindow::save_picture() {
   std::filesystem::path file = workspace_.document()->path();
   file.replace_extension(".png");
   const auto path = choose_picture_file(this, to_qt(file));
   if (!path) return;
-  if (const auto problem = write_picture_file(view_->picture(), *path)) {
+  const QImage picture = captioned(view_->picture(), picture_caption());
+  if (const auto problem = write_picture_file(picture, *path)) {
     show_problem(this, *problem);
   }
 }

@@ -6,6 +6,7 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -95,6 +96,7 @@ MainWindow::MainWindow()
   create_status();
   connect_runner();
   connect(&workspace_, &Workspace::edited, this, [this] { show_state(); });
+  connect(&workspace_, &Workspace::typing, this, [this] { show_state(); });
   connect(&workspace_, &Workspace::document_changed, this, [this] { show_state(); });
   connect(&workspace_, &Workspace::results_changed, this, [this] { show_state(); });
   connect(&workspace_, &Workspace::busy_changed, this, [this] {
@@ -252,7 +254,12 @@ void MainWindow::reload() {
   }
 }
 
+void MainWindow::take_typed() {
+  if (QLineEdit* line = typed_number(focusWidget())) Q_EMIT line->editingFinished();
+}
+
 bool MainWindow::save() {
+  take_typed();
   ModelDocument* document = workspace_.document();
   if (document == nullptr) return true;
   const bool was_changed_outside = time_of(document->path()) != known_time_;
@@ -270,6 +277,7 @@ bool MainWindow::save() {
 }
 
 bool MainWindow::save_as(const std::filesystem::path& path) {
+  take_typed();
   ModelDocument* document = workspace_.document();
   // They are kept by the file's name.
   autosave_.drop();
@@ -287,6 +295,7 @@ bool MainWindow::save_as(const std::filesystem::path& path) {
 }
 
 bool MainWindow::settle_changes() {
+  take_typed();
   const ModelDocument* document = workspace_.document();
   if (document == nullptr || !document->is_modified()) return true;
   switch (ask_to_save(this, to_qt(document->path().filename()),
@@ -303,6 +312,7 @@ bool MainWindow::settle_changes() {
 }
 
 bool MainWindow::save_for_run() {
+  take_typed();
   if (!workspace_.document()->is_modified()) return true;
   QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
                   ui_text(translatable("The changes must be saved first.")),
@@ -312,6 +322,7 @@ bool MainWindow::save_for_run() {
 
 void MainWindow::open_settings(services::SettingsDialog dialog) {
   if (workspace_.document() == nullptr || workspace_.is_busy()) return;
+  take_typed();
   services::SessionOptions options;
   options.toolkit = &toolkit_;
   options.message_box = show_message_box;
@@ -383,8 +394,9 @@ void MainWindow::show_state() {
   }
   overview_->show_model(document->model(), to_qt(document->path()));
   setWindowTitle(to_qt(document->path().filename()) + QStringLiteral("[*] - AluFrame"));
-  setWindowModified(document->is_modified());
-  save_->setEnabled(document->is_modified());
+  const bool has_changes = document->is_modified() || typed_number(focusWidget()) != nullptr;
+  setWindowModified(has_changes);
+  save_->setEnabled(has_changes);
   if (!is_idle) return;
   if (!workspace_.results_problem().empty()) {
     state_->setText(QString::fromStdString(workspace_.results_problem()));

@@ -81,6 +81,8 @@ class MainWindow : public QMainWindow {
   void choose_save_as();
   void show_recent();
   void note_recent(const std::filesystem::path& path);
+  /// What a picture on paper says of the model and its results, as the window does.
+  QStringList picture_caption() const;
   void save_picture();
   void write_document();
   void edit_file();
@@ -96,6 +98,8 @@ class MainWindow : public QMainWindow {
   /// Offers what an earlier session has left.
   void offer_left_changes();
   void watch_file();
+  /// Takes up a number that is still being typed.
+  void take_typed();
   void file_changed();
 
   Workspace workspace_;

@@ -1,8 +1,11 @@
 #include "apps/desktop/picture_file.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QFileDialog>
+#include <QFontMetricsF>
 #include <QImageWriter>
+#include <QPainter>
 #include <stdexcept>
 #include <string_view>
 
@@ -28,6 +31,27 @@ QByteArray encoded(const QImage& picture, const QByteArray& format) {
 }
 
 }  // namespace
+
+QImage captioned(const QImage& picture, const QStringList& lines) {
+  const QString text = lines.join(u'\n');
+  const double ratio = picture.devicePixelRatio();
+  const QFontMetricsF metrics(QApplication::font());
+  const double margin = metrics.height() / 2;
+  const double width = picture.width() / ratio, height = picture.height() / ratio;
+  const QRectF room(margin, height + margin, width - 2 * margin, 1e6);
+  constexpr int wrapped = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+  const double text_height = metrics.boundingRect(room, wrapped, text).height();
+  QImage out(picture.width(), static_cast<int>(ratio * (height + text_height + 2 * margin)),
+             QImage::Format_RGB32);
+  out.setDevicePixelRatio(ratio);
+  out.fill(Qt::white);
+  QPainter painter(&out);
+  painter.drawImage(QPointF(0, 0), picture);
+  painter.setFont(QApplication::font());
+  painter.setPen(Qt::black);
+  painter.drawText(room, wrapped, text);
+  return out;
+}
 
 std::optional<std::string> write_picture_file(const QImage& picture,
                                               const std::filesystem::path& path) {

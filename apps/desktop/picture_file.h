@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QStringList>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -8,6 +9,9 @@
 class QWidget;
 
 namespace aluframe::desktop {
+
+/// A picture with lines of text below it, wrapped to its width.
+QImage captioned(const QImage& picture, const QStringList& lines);
 
 /// Writes a picture as .png or .jpg, by the extension of the path; an earlier file stays as it was
 /// until the picture is whole.

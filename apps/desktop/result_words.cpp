@@ -79,11 +79,16 @@ QString outcome_words(const run::ShownResults& results) {
                                          translatable("{} elements fail")))};
   if (std::ranges::any_of(told.buckling_factors, run::buckles)) {
     parts.push_back(ui_text(translatable("the frame buckles")));
+  } else if (std::ranges::any_of(told.remarks, run::is_about_buckling)) {
+    parts.push_back(ui_text(translatable("buckling below its limit")));
   }
   if (told.safe && told.safe->unsaid > 0) {
     parts.push_back(
         shown(texts::counted(told.safe->unsaid, translatable("{} more by its safe ratio"),
                              translatable("{} more by their safe ratios"))));
+  }
+  if (told.second_opinion == run::SecondOpinion::off) {
+    parts.push_back(ui_text(translatable("no second opinion")));
   }
   if (const auto count = unchecked_forces(told); count > 0) {
     parts.push_back(shown(texts::counted(count, translatable("{} kind of force without a check"),
@@ -100,6 +105,11 @@ QString outcome_words(const run::ShownResults& results) {
   }
   if (coverage.states.size() < coverage.of_states) {
     parts.push_back(shown(texts::translated("combinations {}", run::combinations_text(coverage))));
+  }
+  const auto is_unknown = [](const store::BucklingRow& row) { return !row.unknown.empty(); };
+  if (told.buckling == run::FrameBuckling::off ||
+      std::ranges::any_of(told.buckling_factors, is_unknown)) {
+    parts.push_back(ui_text(translatable("buckling unknown")));
   }
   return parts.join(QStringLiteral("; "));
 }

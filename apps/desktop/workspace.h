@@ -75,6 +75,7 @@ class Workspace : public QObject {
  Q_SIGNALS:
   void document_changed();  ///< another model, or the same one read again
   void edited();            ///< settings, materials, sections or design attributes; or saved
+  void typing();            ///< of an attribute began, went on or ended
   void results_changed();
   void selection_changed();
   void visibility_changed();

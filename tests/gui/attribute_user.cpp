@@ -34,12 +34,17 @@ void AttributeUser::click_given(const QString& title) const {
   QTest::mouseClick(&box, Qt::LeftButton, {}, {box.height() / 2, box.height() / 2});
 }
 
-void AttributeUser::type(const QString& title, const QString& text, int place) const {
+void AttributeUser::start_typing(const QString& title, const QString& text, int place) const {
   QLineEdit& edit = line(title, place);
+  edit.setFocus();
   edit.selectAll();
   QTest::keyClick(&edit, Qt::Key_Delete);
   QTest::keyClicks(&edit, text);
-  QTest::keyClick(&edit, Qt::Key_Return);
+}
+
+void AttributeUser::type(const QString& title, const QString& text, int place) const {
+  start_typing(title, text, place);
+  QTest::keyClick(&line(title, place), Qt::Key_Return);
 }
 
 void AttributeUser::choose(const QString& title, int row, int place) const {

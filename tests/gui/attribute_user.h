@@ -23,6 +23,8 @@ class AttributeUser {
   std::string origin(const QString& title) const;
 
   void click_given(const QString& title) const;
+  /// Types a text in place of what a field has, and stays there.
+  void start_typing(const QString& title, const QString& text, int place = 0) const;
   /// Types a text in place of what a field has, and Enter.
   void type(const QString& title, const QString& text, int place = 0) const;
   /// Goes to a row of a list by Home and Down.

@@ -36,6 +36,22 @@ TEST(OutcomeWords, SayThatTheFrameBuckles) {
   EXPECT_EQ(outcome_words(results), "0 elements fail; the frame buckles");
 }
 
+TEST(OutcomeWords, SayThatTheFrameIsNearBucklingOrThatItIsUnknown) {
+  run::ShownResults results = whole();
+  results.told.buckling_factors = {{.combination = 1, .factor = 3.6}};
+  results.told.remarks.resize(1);
+  results.told.remarks[0].kind = "buckling";
+  EXPECT_EQ(outcome_words(results), "0 elements fail; buckling below its limit");
+  results.told.buckling_factors[0].factor = 0.9;
+  EXPECT_EQ(outcome_words(results), "0 elements fail; the frame buckles");
+  results.told.remarks.clear();
+  results.told.buckling_factors = {{.combination = 1, .factor = {}, .unknown = "given forces"}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail; buckling unknown");
+  results.told.buckling_factors.clear();
+  results.told.buckling = run::FrameBuckling::off;
+  EXPECT_EQ(outcome_words(results), "0 elements fail; buckling unknown");
+}
+
 TEST(OutcomeWords, SayWhatOnlySafeRatiosTell) {
   run::ShownResults results = whole();
   results.told.safe = run::SafeSummary{.elements = 2, .over = 2, .unsaid = 1, .worst = {}};
@@ -63,6 +79,12 @@ TEST(OutcomeWords, CountTheForcesWithoutACheck) {
   EXPECT_EQ(outcome_words(results), "0 elements fail; 1 kind of force without a check");
   results.told.remarks[1].ratio = 0.9;
   EXPECT_EQ(outcome_words(results), "0 elements fail");
+}
+
+TEST(OutcomeWords, SayThatThereIsNoSecondOpinion) {
+  run::ShownResults results = whole();
+  results.told.second_opinion = run::SecondOpinion::off;
+  EXPECT_EQ(outcome_words(results), "0 elements fail; no second opinion");
 }
 
 TEST(OutcomeWords, SayWhatIsNotKnown) {

@@ -173,6 +173,12 @@ class WindowTest : public DesktopTest {
     workspace().select({number});
     attributes().type(QStringLiteral("Effective length factors"), QStringLiteral("1.5"));
   }
+  /// Into the factor Ky of element 3, without leaving the field.
+  void start_typing(const QString& text) {
+    workspace().select({3});
+    window().activateWindow();
+    attributes().start_typing(QStringLiteral("Effective length factors"), text);
+  }
   /// As another program does; every time in file systems differs.
   void change_outside(const std::string& found, const std::string& replacement) {
     std::string text = text_of_file();

@@ -22,7 +22,7 @@ TEST_F(WindowTest, TheHotKeyChecksAllElements) {
   ASSERT_NE(workspace().results(), nullptr);
   EXPECT_EQ(workspace().results()->elements.size(), 31U);
   EXPECT_EQ(window().display().state().colour, desktop::Colour::worst_ratio);
-  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios"));
+  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios; buckling unknown"));
   const auto& looks = window().view().content().looks;
   const auto place = [&](model::Number number) {
     return workspace().model().elements.position(number);
@@ -100,7 +100,7 @@ TEST_F(WindowTest, ARunCanBeCancelledInTheMiddleAndLeavesEarlierResults) {
   EXPECT_FALSE(cancel->isVisible());
   // They are of the run before the one that was cancelled.
   EXPECT_THAT(status(),
-              Contains("1 element fails; 8 more by their safe ratios, by earlier results"));
+              Contains("1 element fails; 8 more by their safe ratios; buckling unknown, by earlier results"));
 }
 
 TEST_F(WindowTest, ClosingWhileARunGoesOnCancelsItAndLeavesNothingHalf) {
@@ -137,9 +137,9 @@ TEST_F(WindowTest, ResultsOfAnotherStateSaySo) {
   check_all();
   edit();
   EXPECT_THAT(status(),
-              Contains("1 element fails; 8 more by their safe ratios, by earlier results"));
+              Contains("1 element fails; 8 more by their safe ratios; buckling unknown, by earlier results"));
   entry("Undo Effective length factors").trigger();
-  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios"));
+  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios; buckling unknown"));
 }
 
 TEST_F(WindowTest, TheReportOpensInAWindowWhereTextIsFound) {
@@ -177,7 +177,7 @@ TEST_F(WindowTest, AReportBeforeAnyCheckShowsItsResultsToo) {
   ASSERT_TRUE(wait_for_run());
   ASSERT_NE(workspace().results(), nullptr);
   EXPECT_EQ(workspace().results()->elements.size(), 31U);
-  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios"));
+  EXPECT_THAT(status(), Contains("1 element fails; 8 more by their safe ratios; buckling unknown"));
 }
 
 TEST_F(WindowTest, ResultsThatCannotBeWrittenAreTold) {
