@@ -53,6 +53,9 @@ class HOST_API CDialog : public CWnd, private host::DialogEvents {
 
   CWnd* GetParent() const { return m_pParent; }
 
+  /// Makes `control` stand for the control `id` until the dialog closes; `DDX_Control` calls it.
+  void BindControl(int id, CWnd& control);
+
  protected:
   virtual void DoDataExchange(CDataExchange* exchange);
   /// Called before the dialog is shown. @return TRUE: the focus goes to the first control
@@ -64,8 +67,6 @@ class HOST_API CDialog : public CWnd, private host::DialogEvents {
   virtual const AFX_MSGMAP* GetMessageMap() const;
 
  private:
-  friend HOST_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
-
   void ButtonClicked(int id) override;
   void ChoiceChanged(int id) override;
   void RowSelected(int id, int row) override;

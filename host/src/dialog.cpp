@@ -44,9 +44,7 @@ const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, int code,
 }  // namespace
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
-  CDialog* dialog = exchange->m_pDlgWnd;
-  control.Attach(dialog->m_pWindow.get(), id);
-  dialog->m_aBound[id] = &control;
+  exchange->m_pDlgWnd->BindControl(id, control);
 }
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_nTemplate(templateId), m_pParent(parent) {}
@@ -96,6 +94,11 @@ BOOL CDialog::UpdateData(BOOL saveAndValidate) {
   CDataExchange exchange{this, saveAndValidate};
   DoDataExchange(&exchange);
   return TRUE;
+}
+
+void CDialog::BindControl(int id, CWnd& control) {
+  control.Attach(m_pWindow.get(), id);
+  m_aBound[id] = &control;
 }
 
 CWnd* CDialog::GetDlgItem(int id) {
