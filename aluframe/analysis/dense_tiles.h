@@ -2,12 +2,14 @@
 
 /// The innermost loops of dense products and triangular solutions, for each width of vectors that
 /// processors of the x86-64 family have; the widest that the processor at hand has is chosen when
-/// the program runs. Vectors run over rows of a result, never along a sum, and nothing is fused, so
-/// that every entry is the same sequence of rounded operations under each width.
+/// the program runs. Vectors run over rows of a result, never along a sum, and every product is
+/// added to its sum with one rounding (fused multiply-add), so that every entry is the same sequence
+/// of rounded operations under each width. A processor without such an operation gets its digits by
+/// many others: the same, but about twenty times slower.
 ///
-/// `dense_tiles.cpp` is compiled once for each width. It includes nothing but this file and uses no
-/// function from elsewhere: a copy of one, compiled for a wide processor, could become the whole
-/// program's.
+/// `dense_tiles.cpp` is compiled once for each width. It includes nothing but this file and what
+/// stands for single instructions, and uses no function from elsewhere: a copy of one, compiled for
+/// a wide processor, could become the whole program's.
 namespace aluframe::analysis {
 
 /// Entries of a result that are formed in one go.
@@ -15,8 +17,8 @@ inline constexpr int tile_rows = 16;
 inline constexpr int tile_columns = 4;
 
 struct DenseTiles {
-  /// C += factor · (A·B), every entry of A·B being one sum in the order of the depth. `left` holds
-  /// A column after column, `right` B row after row; `result` is a full tile, by columns.
+  /// C += factor · (A·B), every entry of A·B being one sum in the order of the depth, each step
+  /// rounded once; the last two operations are rounded each. `left` holds A column after column, `right` B row after row; `result` is a full tile, by columns.
   void (*multiply)(int depth, const double* left, const double* right, double factor,
                    double* result, long leading);
   /// Replaces X by L⁻¹·X, with L lower triangular, by rows of `size`, and X of `tile_rows` numbers
@@ -26,7 +28,7 @@ struct DenseTiles {
 
 extern const DenseTiles dense_tiles_of_2;  ///< doubles a vector: any processor
 #ifdef __x86_64__
-extern const DenseTiles dense_tiles_of_4;  ///< AVX2
+extern const DenseTiles dense_tiles_of_4;  ///< AVX2 and FMA
 extern const DenseTiles dense_tiles_of_8;  ///< AVX-512
 #endif
 

@@ -9,7 +9,7 @@ namespace {
 #ifdef __x86_64__
 
 bool has_avx2() {
-  return __builtin_cpu_supports("avx2") != 0;
+  return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0;
 }
 
 bool has_avx512() {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -94,7 +95,7 @@ struct GeneralProduct {
         for (int first = 0; first < k; first += 256) {
           double sum = 0.0;
           for (int p = first; p < std::min(k, first + 256); ++p) {
-            sum += a.op(transpose_a, i, p) * b.op(transpose_b, p, j);
+            sum = std::fma(a.op(transpose_a, i, p), b.op(transpose_b, p, j), sum);
           }
           result.at(i, j) += factor * sum;
         }
@@ -187,12 +188,88 @@ TEST_P(VectorWidth, DividesByAllOfASmallTriangleInOrder) {
     Matrix expected = triangle.b;
     for (int j = 0; j < expected.columns; ++j) {
       for (int i = 0; i < size; ++i) {
-        for (int p = 0; p < i; ++p) expected.at(i, j) -= triangle.a.at(i, p) * expected.at(p, j);
+        for (int p = 0; p < i; ++p) {
+          expected.at(i, j) = std::fma(-triangle.a.at(i, p), expected.at(p, j), expected.at(i, j));
+        }
         expected.at(i, j) /= triangle.a.at(i, i);
       }
     }
     ASSERT_TRUE(same_bits(triangle.by_kernel(), expected)) << size;
   }
+}
+
+/// Numbers of every size, many of them with few digits, so that ties and zeros come up.
+double any_number(int largest_power, std::mt19937& random) {
+  double number =
+      std::ldexp(1.0 + any(0, 1 << 30, random) * 0x1p-30 + any(0, 1 << 21, random) * 0x1p-52,
+                 any(-largest_power, largest_power, random));
+  const int kind = any(0, 40, random);
+  if (kind == 0) number = 0.0;
+  if (kind > 30)
+    number =
+        std::ldexp(std::rint(std::ldexp(number, 20 - std::ilogb(number))), std::ilogb(number) - 20);
+  return any(0, 1, random) == 0 ? -number : number;
+}
+
+/// A tile of products, each added to a number that stands for itself: 1·c + a·b.
+TEST_P(VectorWidth, RoundsAProductAndASumOnce) {
+  const Width width(GetParam());
+  std::mt19937 random(7);
+  for (const int power : {0, 3, 60, 400, 1000, 1070}) {
+    for (int round = 0; round < 4000; ++round) {
+      double left[2 * tile_rows], right[2 * tile_columns], result[tile_rows * tile_columns] = {};
+      for (double& number : left) number = any_number(power, random);
+      for (int j = 0; j < tile_columns; ++j) {
+        right[j] = 1.0;
+        right[tile_columns + j] = any_number(power, random);
+      }
+      const bool cancels = round % 3 == 0;
+      for (int i = 0; cancels && i < tile_rows; ++i) {
+        left[i] = -left[tile_rows + i] * right[tile_columns + i % tile_columns];
+      }
+      dense_tiles().multiply(2, left, right, 1.0, result, tile_rows);
+      for (int i = 0; i < tile_rows; ++i) {
+        for (int j = 0; j < tile_columns; ++j) {
+          const double a = left[tile_rows + i], b = right[tile_columns + j], c = left[i];
+          const double expected = 0.0 + std::fma(a, b, c), found = result[i + j * tile_rows];
+          ASSERT_TRUE(found == expected || (std::isnan(found) && std::isnan(expected)))
+              << std::hexfloat << a << " * " << b << " + " << c << ": " << found << ", not "
+              << expected;
+        }
+      }
+    }
+  }
+}
+
+/// (1 + ε)·(1 − ε)·ε/2 is less than half of the last digit ε by ε³/2 only. To 1 + ε, whose last
+/// digit is odd, it adds nothing; rounded before, it would be a tie and end at an even neighbour.
+TEST_P(VectorWidth, RoundsOnceBesideATie) {
+  const Width width(GetParam());
+  constexpr double epsilon = 0x1p-52, sum = 1.0 + epsilon;
+  double left[2 * tile_rows], right[2 * tile_columns];
+  std::fill_n(left, tile_rows, sum);
+  std::fill_n(left + tile_rows, tile_rows, 1.0 + epsilon);
+  std::fill_n(right, tile_columns, 1.0);
+  for (int j = 0; j < tile_columns; ++j) {
+    right[tile_columns + j] = (j % 2 == 0 ? 1.0 : -1.0) * (1.0 - epsilon) * epsilon / 2.0;
+  }
+  double result[tile_rows * tile_columns] = {};
+  dense_tiles().multiply(2, left, right, 1.0, result, tile_rows);
+  for (const double found : result) EXPECT_EQ(found, sum);
+}
+
+TEST_P(VectorWidth, KeepsWhatIsNoNumberInItsRowAndColumn) {
+  const Width width(GetParam());
+  constexpr double inf = std::numeric_limits<double>::infinity();
+  double left[tile_rows], right[tile_columns] = {1.0, 0.0, -1.0, 2.0};
+  std::fill_n(left, tile_rows, 1.0);
+  left[3] = inf;
+  double result[tile_rows * tile_columns] = {};
+  dense_tiles().multiply(1, left, right, 1.0, result, tile_rows);
+  EXPECT_EQ(result[3], inf);
+  EXPECT_TRUE(std::isnan(result[3 + tile_rows]));
+  EXPECT_EQ(result[3 + 2 * tile_rows], -inf);
+  EXPECT_EQ(result[2 + 3 * tile_rows], 2.0);
 }
 
 class ThreadCount : public testing::TestWithParam<int> {};
