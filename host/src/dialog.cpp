@@ -10,10 +10,19 @@
 
 namespace {
 
+template <class TEXT>
+std::wstring WideUnits(const TEXT& units) {
+  return {units.begin(), units.end()};
+}
+
 std::wstring WideText(const std::string& utf8) {
   try {
-    const std::u32string codes = std::filesystem::path(utf8).u32string();
-    return {codes.begin(), codes.end()};
+    const std::filesystem::path text(std::u8string(utf8.begin(), utf8.end()));
+    if constexpr (sizeof(wchar_t) == sizeof(char16_t)) {
+      return WideUnits(text.u16string());
+    } else {
+      return WideUnits(text.u32string());
+    }
   } catch (const std::exception&) {
     return {utf8.begin(), utf8.end()};
   }
