@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace aluframe::toolkit {
 
 namespace {
@@ -44,6 +46,19 @@ void load_list_class() {
 
 bool has_style(HWND window, LONG style) {
   return (GetWindowLongW(window, GWL_STYLE) & style) != 0;
+}
+
+void set_style(HWND window, LONG style, bool on) {
+  const LONG before = GetWindowLongW(window, GWL_STYLE);
+  SetWindowLongW(window, GWL_STYLE, on ? before | style : before & ~style);
+}
+
+bool begins_group(const CONTROL_TEMPLATE& control) {
+  return (control.flags & CONTROL_GROUP) != 0;
+}
+
+bool is_tab_stop(const CONTROL_TEMPLATE& control) {
+  return (control.flags & CONTROL_TAB_STOP) != 0;
 }
 
 }  // namespace
@@ -260,6 +275,24 @@ void Win32Dialog::SetCheck(int id, bool check) {
   const HWND window = find_check(id);
   if (window == nullptr) return;
   SendMessageW(window, BM_SETCHECK, check ? BST_CHECKED : BST_UNCHECKED, 0);
+  update_tab_stops();
+}
+
+// The Tab key stops at the checked button of a group. Windows lets it stop at none while none is
+// checked; then the template's own stop holds.
+void Win32Dialog::update_tab_stops() {
+  const auto controls = template_.controls;
+  for (auto first = controls.begin(); first != controls.end();) {
+    const auto end = std::find_if(first + 1, controls.end(), begins_group);
+    const bool any_checked = std::any_of(first, end, [this](const CONTROL_TEMPLATE& control) {
+      return control.kind == CONTROL_KIND::RadioButton && IsChecked(control.nId);
+    });
+    for (; first != end; ++first) {
+      if (first->kind != CONTROL_KIND::RadioButton) continue;
+      const bool stop = any_checked ? IsChecked(first->nId) : is_tab_stop(*first);
+      set_style(control(first->nId), WS_TABSTOP, stop);
+    }
+  }
 }
 
 bool Win32Dialog::IsChecked(int id) const {

@@ -78,6 +78,7 @@ class Win32Dialog : public host::DialogWindow {
 
   void give_focus_to_first();
   void leave(WindowHandle control);
+  void update_tab_stops();
   bool takes_enter(WindowHandle focused) const;
   void command(int id, int code);
   void notify(int id, unsigned code, std::intptr_t data);

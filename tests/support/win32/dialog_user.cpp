@@ -111,9 +111,9 @@ void DialogUser::click(int id) {
 void DialogUser::type(int id, const std::wstring& text) {
   const HWND edit = usable(id, "is no edit", kind_of(id) == CONTROL_KIND::Edit);
   click_at(edit, 3, 3);
-  press(VK_END);
+  press(Key::end);
   const int before = GetWindowTextLengthW(edit);
-  for (int i = 0; i < before; ++i) press(VK_BACK);
+  for (int i = 0; i < before; ++i) press(Key::backspace);
   for (const wchar_t c : text) PostMessageW(edit, WM_CHAR, c, 0);
   handle_messages();
 }
@@ -154,20 +154,21 @@ void DialogUser::click_row(int id, int row) {
   click_at(list, place.left + 3, middle(place).y);
 }
 
-void DialogUser::press(unsigned key) {
+void DialogUser::press(Key key) {
+  const auto number = static_cast<WPARAM>(key);
   const HWND focused = GetFocus();
   const HWND target = focused != nullptr ? focused : window();
-  PostMessageW(target, WM_KEYDOWN, key, 1);
-  PostMessageW(target, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+  PostMessageW(target, WM_KEYDOWN, number, 1);
+  PostMessageW(target, WM_KEYUP, number, static_cast<LPARAM>(0xC0000001));
   handle_messages();
 }
 
 void DialogUser::press_enter() {
-  press(VK_RETURN);
+  press(Key::enter);
 }
 
 void DialogUser::press_escape() {
-  press(VK_ESCAPE);
+  press(Key::escape);
 }
 
 int DialogUser::focus() const {

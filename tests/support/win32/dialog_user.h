@@ -31,6 +31,18 @@ class UserToolkit : public host::Toolkit {
   std::deque<Script> scripts_;
 };
 
+/// Keys by the numbers that Windows gives them.
+enum class Key : unsigned {
+  backspace = 0x08,
+  tab = 0x09,
+  enter = 0x0D,
+  escape = 0x1B,
+  space = 0x20,
+  end = 0x23,
+  up = 0x26,
+  down = 0x28
+};
+
 /// An open dialog and its user, who works it by mouse and key messages of its queue. What a user
 /// could not do, because the control is missing, hidden or disabled, throws std::logic_error.
 class DialogUser : public aluframe::toolkit::Win32Dialog {
@@ -52,8 +64,8 @@ class DialogUser : public aluframe::toolkit::Win32Dialog {
   void click_row(int id, int row);
   void press_enter();
   void press_escape();
-  /// Presses a key, by its virtual number, where the focus is.
-  void press(unsigned key);
+  /// Presses a key where the focus is.
+  void press(Key key);
   /// Identifier of the control that has the focus; 0 when none has.
   int focus() const;
   /// Every entry of a drop-down list.
