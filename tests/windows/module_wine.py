@@ -63,8 +63,8 @@ class Wine:
 
     def start(self, *command, **options):
         return subprocess.Popen(
-            ["wine", *map(str, command)], env=self.environment, stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE, text=True, **options,
+            ["wine", *map(str, command)], env=options.pop("env", self.environment),
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options,
         )
 
     def set_value(self, key, name, value):

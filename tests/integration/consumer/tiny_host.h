@@ -110,7 +110,7 @@ class Alloys : public CMatlDB {
 /// 100 kN of tension everywhere; keeps the governing record.
 class Results : public CPostCtrl, public CAluDesignMgr {
  public:
-  UINT GetOriginElem(int index) const override { return static_cast<UINT>(index) + 1; }
+  UINT GetOriginElem(int index) const override { return static_cast<UINT>(index); }
   CAluDesignMgr& AluDgnMgr() override { return *this; }
   int CreateDesignResultFile() override { return 1; }
   int WriteDesignResult(UINT, const T_RALU_D& record, UINT lcomb, int, int) override {
