@@ -58,13 +58,13 @@ class User:
         return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
     def click(self, title, size, x, y):
-        """Clicks a dialog of `size` dialog units at a place in dialog units, which are one and a
-        half pixels of this screen."""
+        """Clicks a dialog of `size` dialog units at a place in dialog units."""
+        border, caption = 3, 22  # pixels
         left, top, width, height = self.place(title)
-        border = (width - 1.5 * size[0]) / 2
-        caption = height - 1.5 * size[1] - border
-        self.screen.do("mousemove", round(left + border + 1.5 * x),
-                       round(top + caption + 1.5 * y), "click", "1")
+        horizontal = (width - 2 * border) / size[0]
+        vertical = (height - border - caption) / size[1]
+        self.screen.do("mousemove", round(left + border + horizontal * x),
+                       round(top + caption + vertical * y), "click", "1")
 
     def ends(self):
         if self.program.poll() is None:

@@ -1,5 +1,7 @@
 // A host of the design module with a window: its menu checks a frame, reports on it and opens the
 // dialogs of its settings. The window's title says what came of it.
+//
+//     module_window [TEXTS]   a file of the module's messages, "KEY=text" a line
 
 #include <windows.h>
 
@@ -58,8 +60,8 @@ LRESULT CALLBACK handle(HWND window, UINT message, WPARAM word, LPARAM data) {
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE program, HINSTANCE, LPWSTR, int) {
-  module_window::Host host;
+int WINAPI wWinMain(HINSTANCE program, HINSTANCE, LPWSTR texts, int) {
+  module_window::Host host(texts);
   WNDCLASSW description = {};
   description.lpfnWndProc = &handle;
   description.hInstance = program;

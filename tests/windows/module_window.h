@@ -10,7 +10,8 @@ namespace module_window {
 /// Binds the host while it lives.
 class Host {
  public:
-  Host();
+  /// @param texts file of the texts that the module asks for by key; may be empty
+  explicit Host(const std::wstring& texts);
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
   ~Host();

@@ -1,9 +1,13 @@
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <string>
 
 #include "aluframe/toolkit/win32/message_box.h"
 #include "aluframe/toolkit/win32/progress_window.h"
 #include "aluframe/toolkit/win32/text_viewer.h"
+#include "aluframe/toolkit/win32/wide_text.h"
 #include "aluframe/toolkit/win32/win32_toolkit.h"
 #include "module_window.h"
 #include "tests/integration/consumer/tiny_host.h"
@@ -38,8 +42,22 @@ class WindowHost : public consumer::TinyHost {
     return toolkit::open_text(path.GetString()) ? 1 : 0;
   }
   host::Toolkit* DialogToolkit() override { return &dialogs; }
+  CString MessageText(const CString& key) override {
+    const auto found = texts.find(key.GetString());
+    return found != texts.end() ? CString(found->second) : key;
+  }
+  /// Takes texts from a file in UTF-8, "KEY=text" a line; without one they are their keys.
+  void read_texts(const std::wstring& file) {
+    std::ifstream lines{std::filesystem::path(file)};
+    for (std::string line; std::getline(lines, line);) {
+      const std::size_t end = line.find('=');
+      if (end == std::string::npos) continue;
+      texts[toolkit::wide_text(line.substr(0, end))] = toolkit::wide_text(line.substr(end + 1));
+    }
+  }
 
   WatchedDocument watched;
+  std::map<std::wstring, std::wstring> texts;
   toolkit::Win32Toolkit dialogs;
 };
 
@@ -56,7 +74,8 @@ std::wstring number(double value) {
 
 }  // namespace
 
-Host::Host() {
+Host::Host(const std::wstring& texts) {
+  the_host().read_texts(texts);
   host::Bind(the_host());
   Init_tz_aludll();
 }

@@ -54,6 +54,13 @@ class Wine:
             WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display,
         )
         self.run("wineboot", "-i", timeout=180)
+        self.install_fonts(Path(prefix) / "drive_c" / "windows" / "Fonts")
+
+    def install_fonts(self, folder):
+        """Those of Wine itself, which Debian's does not find: the dialogs' and the captions'."""
+        for font in Path("/usr/share/wine/fonts").glob("*.ttf"):
+            shutil.copy(font, folder)
+        self.end()  # they are looked for when the next program starts
 
     def run(self, *command, timeout=120, **options):
         return subprocess.run(
@@ -67,8 +74,10 @@ class Wine:
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options,
         )
 
-    def set_value(self, key, name, value):
-        assert self.run("reg", "add", key, "/v", name, "/d", value, "/f").returncode == 0
+    def set_value(self, key, name, value, kind="REG_SZ"):
+        """In the registry."""
+        done = self.run("reg", "add", key, "/v", name, "/t", kind, "/d", value, "/f")
+        assert done.returncode == 0, done.stderr
 
     def end(self):
         subprocess.run(["wineserver", "-k"], env=self.environment, check=False)

@@ -21,6 +21,15 @@ int dots_an_inch(HWND window) {
   return dots;
 }
 
+void align_header(HWND list, int column, bool centred) {
+  const HWND header = ListView_GetHeader(list);
+  HDITEMW item = {};
+  item.mask = HDI_FORMAT;
+  Header_GetItem(header, column, &item);
+  item.fmt = (item.fmt & ~HDF_JUSTIFYMASK) | (centred ? HDF_CENTER : HDF_LEFT);
+  Header_SetItem(header, column, &item);
+}
+
 bool has_cell(HWND list, int row, int column) {
   return row >= 0 && row < row_count(list) && column >= 0 && column < column_count(list);
 }
@@ -42,9 +51,10 @@ void add_column(WindowHandle list, const std::wstring& header, int width, bool c
   }
   const int index = column_count(list);
   ListView_InsertColumn(list, index, &column);
-  // The first column is made with its text to the left, whatever is asked for.
+  // The first column is made with its texts to the left, whatever is asked for.
   column.mask = LVCF_FMT;
   ListView_SetColumn(list, index, &column);
+  align_header(list, index, centred);
 }
 
 std::wstring header(WindowHandle list, int column) {

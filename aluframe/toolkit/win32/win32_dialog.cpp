@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "aluframe/toolkit/win32/dialog_width.h"
+
 namespace aluframe::toolkit {
 
 namespace {
@@ -105,6 +107,7 @@ Win32Dialog::Win32Dialog(const DIALOG_TEMPLATE& dialog, host::DialogEvents& even
   if (resource == nullptr) return;
   window_ = CreateDialogIndirectParamW(module, resource, owner, &Procedure::handle,
                                        reinterpret_cast<LPARAM>(this));
+  if (window_ != nullptr) widen_to_fit(window_);
 }
 
 Win32Dialog::~Win32Dialog() {

@@ -14,7 +14,11 @@ inline constexpr wchar_t only_standard[] = L"GB50429-07(A)";
 
 /// Elements of a pipe 100 × 10 in 6061-T6, 2 m long, along X. Dialogs may change what it is designed
 /// with.
-class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl, public CDataCtrl {
+class Attributes : public CAttrCtrl,
+                   public CAttrCtrl2,
+                   public CMembCtrl,
+                   public CDataCtrl,
+                   public CInitCtrl {
  public:
   Attributes() {
     material.strName = material.strGrade = L"6061-T6";
@@ -68,6 +72,7 @@ class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl, public
     settings = changed;
     return 1;
   }
+  void GetPreference(T_PREFERENCE& out) const override { out.strAluCode = only_standard; }
   int AddMatd(UINT, const T_MATD_D& changed) override {
     material = changed;
     return 1;
@@ -177,6 +182,7 @@ class Document : public CDBDoc {
   CSectDB& GetSectDB() override { return tool; }
   IAluDgnTool& GetAluDgnTool() override { return tool; }
   CDataCtrl& GetDataCtrl() override { return attributes; }
+  CInitCtrl& GetInitCtrl() override { return attributes; }
   CMatlDB& GetMatlDB() override { return alloys; }
   double calcLAVElem(const T_ELEM_D&) const override { return 2000.0; }
   bool IsRegTestMode() const override { return true; }
