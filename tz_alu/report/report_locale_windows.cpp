@@ -1,3 +1,5 @@
+// The user's locale where Windows is what knows his code page.
+
 #include <windows.h>
 
 #include <algorithm>
@@ -10,56 +12,63 @@ namespace alu_report {
 
 namespace {
 
+constexpr wchar_t kFirstBeyondAscii = 0x80;
+constexpr int kLongestCharacter = 8;  // bytes in any code page, with room
+
 UINT UserCodePage() {
   const char* value = std::getenv("LC_ALL");
   const bool bUtf8 = value != nullptr && std::string_view(value).ends_with(".UTF-8");
   return bUtf8 ? CP_UTF8 : GetACP();
 }
 
-bool IsLeadingHalf(wchar_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-/// Wide characters to the bytes of a code page, by the system's own tables: the standard library
-/// has none of them here.
-class CODE_PAGE_BYTES : public std::codecvt<wchar_t, char, std::mbstate_t> {
+/// Characters become bytes of the user's code page; what that lacks becomes "?", as everywhere in
+/// Windows, so that a report does not end at it. Reports are not read back.
+class CODE_PAGE : public std::codecvt<wchar_t, char, std::mbstate_t> {
  public:
-  explicit CODE_PAGE_BYTES(UINT nPage) : m_nPage(nPage) {}
+  explicit CODE_PAGE(UINT nPage) : m_nPage(nPage) {}
 
  protected:
-  result do_out(std::mbstate_t&, const wchar_t* from, const wchar_t* from_end,
-                const wchar_t*& from_next, char* to, char* to_end, char*& to_next) const override {
-    from_next = from;
-    to_next = to;
-    while (from_next != from_end) {
-      const auto nRoom = (to_end - to_next) / kLongest;
-      const auto nUnits = WholeCharacters(from_next, std::min(from_end - from_next, nRoom));
-      if (nUnits == 0) return partial;
-      const int nBytes = WideCharToMultiByte(m_nPage, 0, from_next, nUnits, to_next,
-                                             static_cast<int>(to_end - to_next), nullptr, nullptr);
-      if (nBytes == 0) return error;
-      from_next += nUnits;
-      to_next += nBytes;
+  result do_out(std::mbstate_t& /*state*/, const wchar_t* from, const wchar_t* fromEnd,
+                const wchar_t*& fromNext, char* to, char* toEnd, char*& toNext) const override {
+    for (; from != fromEnd; from += Units(from, fromEnd)) {
+      char bytes[kLongestCharacter];
+      const int count = Bytes(from, Units(from, fromEnd), bytes);
+      if (toEnd - to < count) break;
+      to = std::copy(bytes, bytes + count, to);
     }
-    return ok;
+    fromNext = from;
+    toNext = to;
+    return from == fromEnd ? ok : partial;
   }
-
-  result do_unshift(std::mbstate_t&, char* to, char*, char*& to_next) const override {
-    to_next = to;
+  result do_in(std::mbstate_t& /*state*/, const char* from, const char* /*fromEnd*/,
+               const char*& fromNext, wchar_t* to, wchar_t* /*toEnd*/,
+               wchar_t*& toNext) const override {
+    fromNext = from;
+    toNext = to;
+    return error;
+  }
+  result do_unshift(std::mbstate_t& /*state*/, char* to, char* /*toEnd*/,
+                    char*& toNext) const override {
+    toNext = to;
     return noconv;
   }
   int do_encoding() const noexcept override { return 0; }
   bool do_always_noconv() const noexcept override { return false; }
-  int do_max_length() const noexcept override { return kLongest; }
+  int do_max_length() const noexcept override { return kLongestCharacter; }
 
  private:
-  /// Bytes of a 16-bit unit, at most.
-  static constexpr int kLongest = 4;
-
-  /// The units of a text up to a number of them, without one that is half a character.
-  static int WholeCharacters(const wchar_t* text, std::ptrdiff_t nUnits) {
-    const bool bHalf = nUnits > 0 && IsLeadingHalf(text[nUnits - 1]);
-    return static_cast<int>(bHalf ? nUnits - 1 : nUnits);
+  /// Two for the halves of one character, else one.
+  static int Units(const wchar_t* from, const wchar_t* fromEnd) {
+    const bool pair = fromEnd - from > 1 && IS_SURROGATE_PAIR(from[0], from[1]);
+    return pair ? 2 : 1;
+  }
+  int Bytes(const wchar_t* character, int units, char (&bytes)[kLongestCharacter]) const {
+    if (*character < kFirstBeyondAscii) {
+      bytes[0] = static_cast<char>(*character);
+      return 1;
+    }
+    return WideCharToMultiByte(m_nPage, 0, character, units, bytes, kLongestCharacter, nullptr,
+                               nullptr);
   }
 
   UINT m_nPage;
@@ -67,9 +76,9 @@ class CODE_PAGE_BYTES : public std::codecvt<wchar_t, char, std::mbstate_t> {
 
 }  // namespace
 
-// Only the bytes are the user's: digits are the same everywhere.
 std::locale UserLocale() {
-  return {std::locale::classic(), new CODE_PAGE_BYTES(UserCodePage())};
+  static const std::locale locale(std::locale::classic(), new CODE_PAGE(UserCodePage()));
+  return locale;
 }
 
 }  // namespace alu_report
