@@ -53,4 +53,7 @@ class OpenFile {
   std::intptr_t handle_ = none;  ///< what the system knows it by
 };
 
+/// The path of a file that takes everything and keeps nothing.
+std::filesystem::path nowhere();
+
 }  // namespace aluframe::platform

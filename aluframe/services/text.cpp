@@ -110,4 +110,10 @@ CString to_wide(std::string_view text) {
   return out;
 }
 
+std::u32string characters_of(std::string_view text) {
+  std::u32string out;
+  while (!text.empty()) out.push_back(static_cast<char32_t>(take_code_point(text)));
+  return out;
+}
+
 }  // namespace aluframe::services

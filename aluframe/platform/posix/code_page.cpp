@@ -50,6 +50,10 @@ std::optional<std::string> user_charset() {
   return charset;
 }
 
+std::size_t replaced_characters(const std::string&) {
+  return 0;
+}
+
 void use_utf8() {
   setenv("LC_ALL", "C.UTF-8", 1);
 }

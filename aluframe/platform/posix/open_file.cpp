@@ -41,6 +41,10 @@ std::error_code take_permissions(int descriptor, const std::filesystem::path& li
 
 }  // namespace
 
+std::filesystem::path nowhere() {
+  return "/dev/null";
+}
+
 OpenFile OpenFile::open(const std::filesystem::path& path, Purpose purpose,
                         std::error_code& error) {
   const int descriptor = ::open(path.c_str(), flags_of(purpose) | O_CLOEXEC, for_all);

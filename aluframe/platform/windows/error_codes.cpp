@@ -29,7 +29,6 @@ constexpr std::array meanings{
     Meaning{ERROR_DELETE_PENDING, std::errc::device_or_resource_busy},
     Meaning{ERROR_DISK_FULL, std::errc::no_space_on_device},
     Meaning{ERROR_HANDLE_DISK_FULL, std::errc::no_space_on_device},
-    Meaning{ERROR_DISK_QUOTA_EXCEEDED, std::errc::no_space_on_device},
     Meaning{ERROR_FILE_TOO_LARGE, std::errc::file_too_large},
     Meaning{ERROR_FILE_EXISTS, std::errc::file_exists},
     Meaning{ERROR_ALREADY_EXISTS, std::errc::file_exists},

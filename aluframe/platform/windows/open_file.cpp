@@ -70,6 +70,10 @@ bool identify(HANDLE file, Identity& identity) {
 
 }  // namespace
 
+std::filesystem::path nowhere() {
+  return "NUL";
+}
+
 OpenFile OpenFile::open(const std::filesystem::path& path, Purpose purpose,
                         std::error_code& error) {
   const HANDLE handle = CreateFileW(path.c_str(), access_of(purpose), shared_with_all, nullptr,
