@@ -6,8 +6,11 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "aluframe/files/error_text.h"
+#include "aluframe/platform/environment.h"
+#include "aluframe/platform/terminal.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/check_command.h"
 #include "apps/cli/dialogs_command.h"
@@ -334,8 +337,11 @@ std::optional<std::string> unknown_command(const CLI::App& app, int argc, char**
   return texts::translated("found command '{}', must be one of {}", word, names);
 }
 
-int run_program(int argc, char** argv) {
-  texts::use_language(wanted_language(argc, argv));
+int run_program(std::vector<std::string> words) {
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  const int argc = static_cast<int>(argv.size());
+  texts::use_language(wanted_language(argc, argv.data()));
   CLI::App app(texts::translated("Checks aluminium frames against GB 50429-2007."), "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION,
                        texts::translated("Display program version information and exit"));
@@ -370,12 +376,12 @@ int run_program(int argc, char** argv) {
   add_language(app);
   for (CLI::App* command : app.get_subcommands({})) add_language(*command);
   translate_parser(app);
-  if (const auto unknown = unknown_command(app, argc, argv)) {
+  if (const auto unknown = unknown_command(app, argc, argv.data())) {
     print_message(*unknown);
     return exit_input_error;
   }
   try {
-    app.parse(argc, argv);
+    app.parse(argc, argv.data());
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? exit_done : exit_input_error;
   }
@@ -397,9 +403,9 @@ int with_output_checked(int status) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  prepare_streams();
+  platform::prepare_standard_streams();
   try {
-    return with_output_checked(run_program(argc, argv));
+    return with_output_checked(run_program(platform::command_line(argc, argv)));
   } catch (const std::exception& error) {
     print_message(std::ferror(stdout) != 0 ? lost_output()
                                            : "aluframe: " + files::error_text(error));

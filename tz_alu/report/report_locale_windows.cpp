@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <string_view>
 
 #include "tz_alu/report/report_locale.h"
 
@@ -13,9 +15,18 @@ namespace {
 constexpr wchar_t kFirstBeyondAscii = 0x80;
 constexpr int kLongestCharacter = 8;  // bytes in any code page, with room
 
+UINT UserCodePage() {
+  const char* value = std::getenv("LC_ALL");
+  const bool bUtf8 = value != nullptr && std::string_view(value).ends_with(".UTF-8");
+  return bUtf8 ? CP_UTF8 : GetACP();
+}
+
 /// Characters become bytes of the user's code page; what that lacks becomes "?", as everywhere in
 /// Windows, so that a report does not end at it. Reports are not read back.
 class CODE_PAGE : public std::codecvt<wchar_t, char, std::mbstate_t> {
+ public:
+  explicit CODE_PAGE(UINT nPage) : m_nPage(nPage) {}
+
  protected:
   result do_out(std::mbstate_t& /*state*/, const wchar_t* from, const wchar_t* fromEnd,
                 const wchar_t*& fromNext, char* to, char* toEnd, char*& toNext) const override {
@@ -51,20 +62,22 @@ class CODE_PAGE : public std::codecvt<wchar_t, char, std::mbstate_t> {
     const bool pair = fromEnd - from > 1 && IS_SURROGATE_PAIR(from[0], from[1]);
     return pair ? 2 : 1;
   }
-  static int Bytes(const wchar_t* character, int units, char (&bytes)[kLongestCharacter]) {
+  int Bytes(const wchar_t* character, int units, char (&bytes)[kLongestCharacter]) const {
     if (*character < kFirstBeyondAscii) {
       bytes[0] = static_cast<char>(*character);
       return 1;
     }
-    return WideCharToMultiByte(CP_ACP, 0, character, units, bytes, kLongestCharacter, nullptr,
+    return WideCharToMultiByte(m_nPage, 0, character, units, bytes, kLongestCharacter, nullptr,
                                nullptr);
   }
+
+  UINT m_nPage;
 };
 
 }  // namespace
 
 std::locale UserLocale() {
-  static const std::locale locale(std::locale::classic(), new CODE_PAGE);
+  static const std::locale locale(std::locale::classic(), new CODE_PAGE(UserCodePage()));
   return locale;
 }
 
