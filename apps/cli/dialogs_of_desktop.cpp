@@ -1,13 +1,11 @@
 // The dialogs in the desktop program, which stands beside this one.
 
-#include <spawn.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <string>
 #include <system_error>
-#include <vector>
 
+#include "aluframe/platform/shell.h"
 #include "aluframe/texts/language.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/dialogs_command.h"
@@ -26,23 +24,10 @@ std::filesystem::path desktop_program() {
   return own.parent_path() / "aluframe-desktop";
 }
 
-/// @return the program's exit status, or -1 when it could not be started or did not end by itself
-int run(std::vector<std::string> words) {
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  posix_spawnattr_setsigdefault(&attributes, &default_signals());
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
-  pid_t process = 0;
-  const int error = posix_spawn(&process, words.front().c_str(), nullptr, &attributes,
-                                arguments.data(), environ);
-  posix_spawnattr_destroy(&attributes);
-  if (error != 0) return -1;
-  int status = 0;
-  if (waitpid(process, &status, 0) != process || !WIFEXITED(status)) return -1;
-  return WEXITSTATUS(status);
+std::string quoted(const std::string& word) {
+  std::string text = "'";
+  for (const char c : word) text += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return text + "'";
 }
 
 }  // namespace
@@ -57,9 +42,10 @@ int run_one_dialog(const DialogsOptions& options, SettingsDialog dialog) {
   }
   const std::string name = dialog == SettingsDialog::code ? "code" : "materials";
   const std::string language = texts::language_in_use() == texts::Language::chinese ? "zh" : "en";
-  const int status =
-      run({program.string(), "--dialog", name, "--lang", language, options.model.string()});
-  if (status != -1) return status;
+  const std::string command =
+      quoted(program.string()) + " --dialog " + name + " --lang " + language;
+  const int status = platform::run_with_file(command, options.model);
+  if (status != -1 && WIFEXITED(status)) return WEXITSTATUS(status);
   print_message(texts::translated("the desktop program did not end as it should"));
   return exit_failure;
 }

@@ -64,8 +64,8 @@ RECT window_place(int font_height, DWORD style) {
 struct ProgressWindow::Procedure {
   static LRESULT CALLBACK handle(HWND window, UINT message, WPARAM word, LPARAM data) {
     auto* progress = reinterpret_cast<ProgressWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const bool cancels = message == WM_CLOSE ||
-                         (message == WM_COMMAND && LOWORD(word) == cancel_button);
+    const bool cancels =
+        message == WM_CLOSE || (message == WM_COMMAND && LOWORD(word) == cancel_button);
     if (progress == nullptr || !cancels) return DefWindowProcW(window, message, word, data);
     progress->cancelled_ = progress->cancelled_ || progress->cancellable_;
     return 0;

@@ -8,9 +8,9 @@
 
 namespace aluframe::toolkit {
 
-/// Window that shows how far a run is, with a bar and, when the run may be stopped, a Cancel button.
-/// The run keeps the program's thread: every update lets the window draw itself and hear its user,
-/// while the window that was active is disabled.
+/// Window that shows how far a run is, with a bar and, when the run may be stopped, a Cancel
+/// button. The run keeps the program's thread: every update lets the window draw itself and hear
+/// its user, while the window that was active is disabled.
 ///
 ///     std::unique_ptr<CDgnProgressDlg> CreateProgressDlg() override {
 ///       return std::make_unique<aluframe::toolkit::ProgressWindow>();
