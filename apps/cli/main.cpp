@@ -13,6 +13,7 @@
 #include "aluframe/platform/terminal.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/check_command.h"
+#include "apps/cli/dialogs_command.h"
 #include "apps/cli/document_command.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
@@ -310,6 +311,19 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   settings->callback([&] { status = run_settings_command(options); });
 }
 
+void add_dialogs(CLI::App& app, DialogsOptions& options, int& status) {
+  CLI::App* dialogs = app.add_subcommand(
+      "dialogs",
+      texts::translated("Open the dialogs of a model's settings and materials, and save it"));
+  dialogs->add_option("MODEL", options.model, texts::translated("Model file"))
+      ->required()
+      ->type_name("");
+  add_parsed(*dialogs, "--dialog", options.dialog,
+             one_of(services::parse_settings_dialog, "code, materials"),
+             texts::translated("Only this dialog: code or materials"));
+  dialogs->callback([&] { status = run_dialogs_command(options); });
+}
+
 /// What is wrong with a first word that is no command: the parser would only say that one is
 /// missing.
 std::optional<std::string> unknown_command(const CLI::App& app, int argc, char** argv) {
@@ -344,6 +358,7 @@ int run_program(std::vector<std::string> words) {
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
+  DialogsOptions dialogs;
   SectionOptions section;
   add_check(app, check, status);
   add_analyse(app, analyse, status);
@@ -356,6 +371,7 @@ int run_program(std::vector<std::string> words) {
   add_points(app, points, status);
   add_report(app, report, status);
   add_settings(app, settings, status);
+  add_dialogs(app, dialogs, status);
   add_section(app, section, status);
   add_language(app);
   for (CLI::App* command : app.get_subcommands({})) add_language(*command);

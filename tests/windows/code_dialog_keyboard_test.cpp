@@ -30,7 +30,8 @@ TEST_F(CodeDialogKeyboardTest, TabGoesThroughTheTemplateAndAround) {
   host_.model.settings = OtherSettings();
   host_.model.settings->bRib = 1;
   Run([](DialogUser& user) {
-    EXPECT_THAT(Stops(user, 11), ElementsAre(7960, 1, 2, 3240, 7958, 7962, 3244, 7964, 7966, 1001, 7960));
+    EXPECT_THAT(Stops(user, 11),
+                ElementsAre(7960, 1, 2, 3240, 7958, 7962, 3244, 7964, 7966, 1001, 7960));
   });
 }
 

@@ -37,8 +37,8 @@ std::size_t pieces_in_use() {
 int load_and_unload(const std::wstring& library) {
   const HMODULE module = load(library);
   if (module == nullptr) return fail("not loaded");
-  const auto entry = reinterpret_cast<Entry>(
-      reinterpret_cast<void*>(GetProcAddress(module, "Init_tz_aludll")));
+  const auto entry =
+      reinterpret_cast<Entry>(reinterpret_cast<void*>(GetProcAddress(module, "Init_tz_aludll")));
   if (entry == nullptr) return fail("no entry");
   entry();
   if (FreeLibrary(module) == FALSE) return fail("not unloaded");

@@ -77,8 +77,8 @@ void widen_window(HWND dialog, double factor) {
   GetWindowRect(dialog, &outer);
   GetClientRect(dialog, &inner);
   const int frame = (outer.right - outer.left) - inner.right;
-  SetWindowPos(dialog, nullptr, 0, 0, scaled(inner.right, factor) + frame,
-               outer.bottom - outer.top, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(dialog, nullptr, 0, 0, scaled(inner.right, factor) + frame, outer.bottom - outer.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace

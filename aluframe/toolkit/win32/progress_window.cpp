@@ -25,6 +25,9 @@ constexpr int line_in_quarters = 7;
 // Time between two looks at the window, in ms: short for the eye, long beside an element's check.
 constexpr std::uint64_t interval = 30;
 
+// A run that ends sooner, in ms, shows no window, which would only flicker.
+constexpr std::uint64_t patience = 300;
+
 HFONT message_font() {
   NONCLIENTMETRICSW metrics = {};
   metrics.cbSize = sizeof metrics;
@@ -64,8 +67,8 @@ RECT window_place(int font_height, DWORD style) {
 struct ProgressWindow::Procedure {
   static LRESULT CALLBACK handle(HWND window, UINT message, WPARAM word, LPARAM data) {
     auto* progress = reinterpret_cast<ProgressWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const bool cancels = message == WM_CLOSE ||
-                         (message == WM_COMMAND && LOWORD(word) == cancel_button);
+    const bool cancels =
+        message == WM_CLOSE || (message == WM_COMMAND && LOWORD(word) == cancel_button);
     if (progress == nullptr || !cancels) return DefWindowProcW(window, message, word, data);
     progress->cancelled_ = progress->cancelled_ || progress->cancellable_;
     return 0;
@@ -104,10 +107,15 @@ void ProgressWindow::Create_ProgressDlg(const CString& title, const CString& tex
   if (window_ == nullptr) return;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   create_controls(text, cancellable_);
+  shown_ = false;
+  last_look_ = created_ = GetTickCount64();
+}
+
+void ProgressWindow::show() {
   if (owner_ != nullptr) EnableWindow(owner_, FALSE);
   ShowWindow(window_, SW_SHOW);
   if (cancellable_) SetFocus(GetDlgItem(window_, cancel_button));
-  handle_messages();
+  shown_ = true;
 }
 
 void ProgressWindow::create_controls(const CString& text, bool cancellable) {
@@ -132,8 +140,9 @@ WindowHandle ProgressWindow::add(const wchar_t* window_class, const wchar_t* tex
 int ProgressWindow::Update_ProgressDlg(int done, int total) {
   if (window_ == nullptr) return 0;
   const std::uint64_t now = GetTickCount64();
-  if (now - last_shown_ < interval && done < total) return cancelled_ ? 1 : 0;
-  last_shown_ = now;
+  if (now - created_ < patience || now - last_look_ < interval) return cancelled_ ? 1 : 0;
+  last_look_ = now;
+  if (!shown_) show();
   SendMessageW(bar_, PBM_SETRANGE32, 0, total);
   SendMessageW(bar_, PBM_SETPOS, static_cast<WPARAM>(done), 0);
   handle_messages();
@@ -157,7 +166,7 @@ void ProgressWindow::handle_messages() {
 
 void ProgressWindow::Delete_ProgressDlg() {
   if (window_ == nullptr) return;
-  if (owner_ != nullptr) EnableWindow(owner_, TRUE);
+  if (shown_ && owner_ != nullptr) EnableWindow(owner_, TRUE);
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
   DeleteObject(font_);

@@ -8,9 +8,9 @@
 
 namespace aluframe::toolkit {
 
-/// Window that shows how far a run is, with a bar and, when the run may be stopped, a Cancel button.
-/// The run keeps the program's thread: every update lets the window draw itself and hear its user,
-/// while the window that was active is disabled.
+/// Window that shows how far a run is, with a bar and, when the run may be stopped, a Cancel
+/// button. The run keeps the program's thread: every update lets the window draw itself and hear
+/// its user, while the window that was active is disabled.
 ///
 ///     std::unique_ptr<CDgnProgressDlg> CreateProgressDlg() override {
 ///       return std::make_unique<aluframe::toolkit::ProgressWindow>();
@@ -33,6 +33,7 @@ class ProgressWindow : public CDgnProgressDlg {
   void create_controls(const CString& text, bool cancellable);
   WindowHandle add(const wchar_t* window_class, const wchar_t* text, std::uint32_t style, int line,
                    int id);
+  void show();
   void handle_messages();
 
   std::wstring cancel_caption_;
@@ -42,7 +43,9 @@ class ProgressWindow : public CDgnProgressDlg {
   void* font_ = nullptr;
   bool cancellable_ = false;
   bool cancelled_ = false;
-  std::uint64_t last_shown_ = 0;  ///< ms
+  bool shown_ = false;
+  std::uint64_t created_ = 0;    ///< ms
+  std::uint64_t last_look_ = 0;  ///< ms
 };
 
 }  // namespace aluframe::toolkit

@@ -9,8 +9,7 @@ namespace aluframe::toolkit {
 std::unique_ptr<host::DialogWindow> Win32Toolkit::Open(const DIALOG_TEMPLATE& dialog,
                                                        host::DialogEvents& events) {
   const HWND active = GetActiveWindow();
-  auto window =
-      std::make_unique<Win32Dialog>(dialog, events, active != nullptr ? active : parent_);
+  auto window = std::make_unique<Win32Dialog>(dialog, events, active != nullptr ? active : parent_);
   if (window->window() == nullptr) return nullptr;
   return window;
 }

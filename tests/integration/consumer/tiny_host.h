@@ -12,8 +12,8 @@ namespace consumer {
 inline constexpr UINT only_combination = 1;
 inline constexpr wchar_t only_standard[] = L"GB50429-07(A)";
 
-/// Elements of a pipe 100 × 10 in 6061-T6, 2 m long, along X. Dialogs may change what it is designed
-/// with.
+/// Elements of a pipe 100 × 10 in 6061-T6, 2 m long, along X. Dialogs may change what it is
+/// designed with.
 class Attributes : public CAttrCtrl,
                    public CAttrCtrl2,
                    public CMembCtrl,

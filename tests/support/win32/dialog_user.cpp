@@ -119,8 +119,7 @@ void DialogUser::type(int id, const std::wstring& text) {
 }
 
 void DialogUser::choose(int id, int index) {
-  const HWND box =
-      usable(id, "is no drop-down list", kind_of(id) == CONTROL_KIND::DropDownList);
+  const HWND box = usable(id, "is no drop-down list", kind_of(id) == CONTROL_KIND::DropDownList);
   if (index < 0 || index >= ChoiceCount(id)) refuse(id, "does not offer this entry");
   RECT face;
   GetClientRect(box, &face);

@@ -4,8 +4,8 @@
 
 namespace {
 
-using dialogs_test::EnabledValues;
 using dialogs_test::DialogUser;
+using dialogs_test::EnabledValues;
 using dialogs_test::Row;
 using dialogs_test::TextOf;
 using testing::Each;
