@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "aluframe/analysis/element_stiffness.h"
+#include "aluframe/elementary/functions.h"
 
 namespace aluframe::analysis {
 
@@ -49,7 +50,8 @@ struct Slopes {
   double angle = 0.0, first = 0.0, second = 0.0;
   static Slopes of_sine(double s) {
     const double square = 1.0 - s * s;
-    return {std::asin(s), 1.0 / std::sqrt(square), s / (square * std::sqrt(square))};
+    return {elementary::angle_of_sine(s), 1.0 / std::sqrt(square),
+            s / (square * std::sqrt(square))};
   }
 };
 
@@ -63,8 +65,8 @@ void Pose::move(const Eigen::Vector3d& by, const Eigen::Vector3d& turn) {
   const double angle = turn.norm();
   if (angle == 0.0) return;
   Eigen::Quaterniond further;
-  further.w() = std::cos(angle / 2.0);
-  further.vec() = std::sin(angle / 2.0) / angle * turn;
+  further.w() = elementary::cosine(angle / 2.0);
+  further.vec() = elementary::sine(angle / 2.0) / angle * turn;
   turned = (further * turned).normalized();  // roundings of many steps do not add up
 }
 
@@ -72,7 +74,7 @@ Eigen::Vector3d Pose::rotation_vector() const {
   const double sense = turned.w() < 0.0 ? -1.0 : 1.0;
   const double sine = turned.vec().norm();
   if (sine == 0.0) return Eigen::Vector3d::Zero();
-  return 2.0 * sense * std::atan2(sine, sense * turned.w()) / sine * turned.vec();
+  return 2.0 * sense * elementary::angle_of(sine, sense * turned.w()) / sine * turned.vec();
 }
 
 Eigen::Vector3d Pose::change_of(const Eigen::Vector3d& direction) const {

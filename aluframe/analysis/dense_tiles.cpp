@@ -147,7 +147,7 @@ constexpr int rows_at_once = 2 * width;
 /// `Number` is what the factors are taken as.
 template <class Number>
 void multiply_rows(int depth, const double* left, const double* right, double factor,
-                   double* result, long leading) {
+                   double* result, std::ptrdiff_t leading) {
   Vector sums[tile_columns][2] = {};
   for (int p = 0; p < depth; ++p, left += tile_rows, right += tile_columns) {
     const Number upper = vector_at(left), lower = vector_at(left + width);
@@ -167,14 +167,14 @@ void multiply_rows(int depth, const double* left, const double* right, double fa
 
 template <class Number>
 void multiply_as(int depth, const double* left, const double* right, double factor, double* result,
-                 long leading) {
+                 std::ptrdiff_t leading) {
   for (int top = 0; top < tile_rows; top += rows_at_once) {
     multiply_rows<Number>(depth, left + top, right, factor, result + top, leading);
   }
 }
 
 void multiply(int depth, const double* left, const double* right, double factor, double* result,
-              long leading) {
+              std::ptrdiff_t leading) {
 #if ALUFRAME_VECTOR_DOUBLES == 2 && !defined(__FP_FAST_FMA)
   // Sums begin at a positive zero and never come to a negative one.
   if (!are_moderate(left, depth * tile_rows) || !are_moderate(right, depth * tile_columns)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 /// The innermost loops of dense products and triangular solutions, for each width of vectors that
 /// processors of the x86-64 family have; the widest that the processor at hand has is chosen when
 /// the program runs. Vectors run over rows of a result, never along a sum, and every product is
@@ -20,7 +22,7 @@ struct DenseTiles {
   /// C += factor · (A·B), every entry of A·B being one sum in the order of the depth, each step
   /// rounded once; the last two operations are rounded each. `left` holds A column after column, `right` B row after row; `result` is a full tile, by columns.
   void (*multiply)(int depth, const double* left, const double* right, double factor,
-                   double* result, long leading);
+                   double* result, std::ptrdiff_t leading);
   /// Replaces X by L⁻¹·X, with L lower triangular, by rows of `size`, and X of `tile_rows` numbers
   /// a row. A `diagonal` of nothing is all ones.
   void (*solve)(int size, const double* triangle, const double* diagonal, double* x);

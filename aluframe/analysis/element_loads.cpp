@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::analysis {
 
 namespace {
@@ -13,7 +15,8 @@ Eigen::Vector3d vector_of(const Vector3& v) {
 /// Per global axis: length of an element seen along that axis, as a part of its own length.
 Eigen::Vector3d projections(const Axes& axes) {
   const Eigen::Vector3d x = axes.row(0);
-  return {std::hypot(x.y(), x.z()), std::hypot(x.z(), x.x()), std::hypot(x.x(), x.y())};
+  return {elementary::hypotenuse(x.y(), x.z()), elementary::hypotenuse(x.z(), x.x()),
+          elementary::hypotenuse(x.x(), x.y())};
 }
 
 Eigen::Vector3d local_of(const Vector3& value, LoadAxes load_axes, const Axes& axes) {

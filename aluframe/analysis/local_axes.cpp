@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::analysis {
 
 namespace {
@@ -12,7 +14,7 @@ Eigen::Vector3d span_of(const Node& start, const Node& end) {
 }
 
 Eigen::Vector3d default_y(const Eigen::Vector3d& x) {
-  const double flat = std::hypot(x.x(), x.y());
+  const double flat = elementary::hypotenuse(x.x(), x.y());
   if (flat >= parallel_limit) return {-x.y() / flat, x.x() / flat, 0.0};
   return (Eigen::Vector3d::UnitY() - x.y() * x).normalized();
 }
@@ -34,8 +36,8 @@ Geometry geometry_between(const Node& start, const Node& end, double beta,
   const Eigen::Vector3d z = x.cross(y);
   const double angle = beta * std::numbers::pi / 180.0;
   geometry.axes.row(0) = x;
-  geometry.axes.row(1) = std::cos(angle) * y + std::sin(angle) * z;
-  geometry.axes.row(2) = std::cos(angle) * z - std::sin(angle) * y;
+  geometry.axes.row(1) = elementary::cosine(angle) * y + elementary::sine(angle) * z;
+  geometry.axes.row(2) = elementary::cosine(angle) * z - elementary::sine(angle) * y;
   return geometry;
 }
 

@@ -7,6 +7,7 @@
 #include "aluframe/analysis/beam_column.h"
 #include "aluframe/analysis/diagnostic_text.h"
 #include "aluframe/analysis/load_vector.h"
+#include "aluframe/elementary/functions.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::analysis {
@@ -24,7 +25,7 @@ using Points = Eigen::Matrix<double, most_points, 1>;
 Points fitted_places() {
   Points t;
   for (Eigen::Index i = 0; i < most_points; ++i) {
-    t[i] = -std::cos(std::numbers::pi * static_cast<double>(i) / (most_points - 1));
+    t[i] = -elementary::cosine(std::numbers::pi * static_cast<double>(i) / (most_points - 1));
   }
   return t;
 }

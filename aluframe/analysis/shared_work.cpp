@@ -1,36 +1,18 @@
 #include "aluframe/analysis/shared_work.h"
 
-#include <pthread.h>
-#include <sched.h>
-
 #include <algorithm>
 #include <condition_variable>
-#include <csignal>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include "aluframe/platform/threads.h"
+
 namespace aluframe::analysis {
 
 namespace {
-
-/// Keeps signals away from threads that are started in its scope: they are the program's own.
-class SignalsBlocked {
- public:
-  SignalsBlocked() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  SignalsBlocked(const SignalsBlocked&) = delete;
-  SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
- private:
-  sigset_t before_{};
-};
 
 /// Of this thread; parts of shared work are not shared again.
 thread_local SharedWork* current = nullptr;
@@ -60,7 +42,7 @@ class SharedWork::Threads {
 };
 
 SharedWork::Threads::Threads(int count) {
-  const SignalsBlocked blocked;
+  const platform::SignalsBlocked blocked;
   threads_.reserve(static_cast<std::size_t>(count));
   try {
     for (int i = 0; i < count; ++i) threads_.emplace_back([this] { work(); });
@@ -127,9 +109,7 @@ void run_parts(int count, bool pays, const std::function<void(int)>& part) {
 }
 
 int threads_for_products() {
-  cpu_set_t processors;
-  if (sched_getaffinity(0, sizeof processors, &processors) != 0) return 1;
-  return std::clamp(CPU_COUNT(&processors), 1, 2);
+  return std::clamp(platform::processors(), 1, 2);
 }
 
 }  // namespace aluframe::analysis

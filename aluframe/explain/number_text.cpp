@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::explain {
 
 namespace {
@@ -36,7 +38,7 @@ std::string number_text(double value, int digits) {
   if (size < least_plain || size >= least_scientific) {
     return scientific(fmt::format("{:.{}e}", value, digits - 1));
   }
-  const int decimals = digits - 1 - static_cast<int>(std::floor(std::log10(size)));
+  const int decimals = digits - 1 - elementary::exponent_of_ten(size);
   return without_end_zeros(fmt::format("{:.{}f}", value, std::max(decimals, 0)));
 }
 

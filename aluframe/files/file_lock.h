@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "aluframe/platform/file_lock.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::files {
@@ -29,13 +30,9 @@ class FileLock {
  public:
   /// @throws FileBusy; std::runtime_error with the reason when the folder takes no lock file
   FileLock(const std::filesystem::path& file, WhenBusy when_busy);
-  ~FileLock();
-  FileLock(const FileLock&) = delete;
-  FileLock& operator=(const FileLock&) = delete;
 
  private:
-  std::filesystem::path path_;
-  int descriptor_ = -1;
+  platform::FileLock lock_;
 };
 
 }  // namespace aluframe::files

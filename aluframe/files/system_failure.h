@@ -7,9 +7,9 @@
 
 namespace aluframe::files {
 
-/// Throws the system's words for an error number.
-[[noreturn]] inline void fail_with(int error) {
-  throw std::runtime_error(texts::system_text(error));
+/// Throws the system's words for an error, when it is one.
+inline void require_no(const std::error_code& error) {
+  if (error) throw std::runtime_error(texts::system_text(error));
 }
 
 }  // namespace aluframe::files

@@ -54,6 +54,12 @@ std::array<double, 8> read_dimensions(const JsonObject& object, Shape shape, dou
 /// What sections of allowed dimensions have is a property of so many lengths.
 enum class Power { area = 2, second_moment = 4, warping = 6 };
 
+double power_of(double length, int exponent) {
+  double power = 1.0;
+  for (int i = 0; i < exponent; ++i) power *= length;
+  return power;
+}
+
 /// Checks the size of a property, in the file's units: `scale` mm in a unit of it.
 void require_size(const JsonValue& value, double least, double most, double scale) {
   const double number = value.number();
@@ -64,14 +70,14 @@ void require_size(const JsonValue& value, double least, double most, double scal
 double positive_property(const JsonValue& value, Power power, double scale) {
   const int lengths = static_cast<int>(power);
   static_cast<void>(value.positive());
-  require_size(value, std::pow(section::smallest_dimension, lengths),
-               std::pow(section::largest_dimension, lengths), scale);
+  require_size(value, power_of(section::smallest_dimension, lengths),
+               power_of(section::largest_dimension, lengths), scale);
   return scale * value.number();
 }
 
 double property_or_zero(const JsonValue& value, Power power, double scale) {
   static_cast<void>(value.not_negative());
-  require_size(value, 0.0, std::pow(section::largest_dimension, static_cast<int>(power)), scale);
+  require_size(value, 0.0, power_of(section::largest_dimension, static_cast<int>(power)), scale);
   return scale * value.number();
 }
 

@@ -1,16 +1,13 @@
 #include "aluframe/io/text_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <system_error>
 
 #include "aluframe/io/failure.h"
 #include "aluframe/model/plain_text.h"
+#include "aluframe/platform/open_file.h"
 #include "aluframe/texts/system_text.h"
 #include "aluframe/texts/text.h"
 
@@ -63,35 +60,21 @@ std::size_t ascii_length(std::string_view text) {
   return length;
 }
 
-/// A file that is open for reading. Opening a pipe that nobody writes to does not wait: it is
-/// empty.
-class InputFile {
- public:
-  explicit InputFile(const std::filesystem::path& path)
-      : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-    if (descriptor_ < 0) {
-      throw Failure{"", texts::translated("cannot be opened: {}", texts::system_text(errno))};
-    }
-    // Somebody who writes is waited for.
-    fcntl(descriptor_, F_SETFL, fcntl(descriptor_, F_GETFL) & ~O_NONBLOCK);
-  }
-  ~InputFile() { close(descriptor_); }
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
+platform::OpenFile open(const std::filesystem::path& path) {
+  std::error_code error;
+  auto file = platform::OpenFile::open(path, platform::Purpose::reading, error);
+  if (error)
+    throw Failure{"", texts::translated("cannot be opened: {}", texts::system_text(error))};
+  return file;
+}
 
-  /// @return the number of bytes read into the block; 0 at the end
-  std::size_t read(std::string& block) const {
-    for (;;) {
-      const ssize_t count = ::read(descriptor_, block.data(), block.size());
-      if (count >= 0) return static_cast<std::size_t>(count);
-      if (errno == EINTR) continue;
-      throw Failure{"", texts::translated("cannot be read: {}", texts::system_text(errno))};
-    }
-  }
-
- private:
-  int descriptor_;
-};
+/// @return the number of bytes read into the block; 0 at the end
+std::size_t read(const platform::OpenFile& file, std::string& block) {
+  std::error_code error;
+  const std::size_t count = file.read(block, error);
+  if (error) throw Failure{"", texts::translated("cannot be read: {}", texts::system_text(error))};
+  return count;
+}
 
 }  // namespace
 
@@ -99,13 +82,13 @@ std::string load_file(const std::filesystem::path& path) {
   std::error_code ignored;  // a path that cannot be examined fails to open below, with its reason
   if (std::filesystem::is_directory(path, ignored))
     throw Failure{"", texts::translated("is a directory, not a file")};
-  const InputFile file(path);
+  const platform::OpenFile file = open(path);
   std::string text;
   std::error_code unknown_size;  // of a pipe, say: then the text grows as it comes
   const std::uintmax_t size = std::filesystem::file_size(path, unknown_size);
   if (!unknown_size) text.reserve(std::min<std::uintmax_t>(size, max_file_size));
   std::string block(std::size_t{1} << 20, '\0');
-  while (const std::size_t count = file.read(block)) {
+  while (const std::size_t count = read(file, block)) {
     text.append(block, 0, count);
     if (text.size() > max_file_size) throw Failure{"", texts::translated("is larger than 2 GB")};
   }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/members/straightness.h"
 #include "aluframe/model/members.h"
 #include "aluframe/texts/text.h"
@@ -19,7 +20,7 @@ constexpr double rounding = 1e-9;
 std::optional<std::string> lean_text(const model::Model& model, const model::Element& element) {
   if (element.orientation || element.kind == model::ElementKind::truss) return std::nullopt;
   const Eigen::Vector3d x = geometry_of(model, element).axes.row(0).transpose();
-  const double lean = std::hypot(x.x(), x.y());
+  const double lean = elementary::hypotenuse(x.x(), x.y());
   if (lean >= analysis::parallel_limit || lean < rounding) return std::nullopt;
   const double length = model::element_length(model, element);
   return fmt::format(texts::translatable("its axis leaves the vertical by {:.3g} mm in {:.6g} mm, "
@@ -46,7 +47,7 @@ double turned_by(const model::Model& model, const model::Element& element) {
   plain.beta = 0.0;
   const analysis::Axes from = geometry_of(model, plain).axes;
   const Eigen::RowVector3d y = geometry_of(model, element).axes.row(1);
-  return std::atan2(y.dot(from.row(2)), y.dot(from.row(1))) * 180.0 / std::numbers::pi;
+  return elementary::angle_of(y.dot(from.row(2)), y.dot(from.row(1))) * 180.0 / std::numbers::pi;
 }
 
 }  // namespace aluframe::members

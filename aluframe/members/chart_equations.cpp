@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::members {
 
 namespace {
@@ -42,8 +44,8 @@ double non_sway_factor(double ga, double gb) {
   if (w.sum == 0.0) return w.product > 0.0 ? 1.0 : 0.5;
   // Times sin u, which takes the poles of the tangents out: tan(u/2)·sin u = 1 − cos u.
   const auto equation = [&w](double u) {
-    const double sine = std::sin(u);
-    const double cosine = std::cos(u);
+    const double sine = elementary::sine(u);
+    const double cosine = elementary::cosine(u);
     return w.product * u * u * sine / 4.0 + w.sum * (sine - u * cosine) / 2.0 +
            w.one * (2.0 * (1.0 - cosine) / u - sine);
   };
@@ -54,7 +56,8 @@ double sway_factor(double ga, double gb) {
   const Weights w = weights(ga, gb);
   // Times 6·(GA + GB)·sin u / u, which takes out the pole at π and the root at 0.
   const auto equation = [&w](double u) {
-    return (w.product * u * u - 36.0 * w.one) * std::sin(u) / u - 6.0 * w.sum * std::cos(u);
+    return (w.product * u * u - 36.0 * w.one) * elementary::sine(u) / u -
+           6.0 * w.sum * elementary::cosine(u);
   };
   const double lowest = pi / largest_factor;
   if (equation(lowest) >= 0.0) return largest_factor;

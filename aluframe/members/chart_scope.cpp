@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/members/end_support.h"
 #include "aluframe/members/restraining_bar.h"
 #include "aluframe/texts/text.h"
@@ -54,7 +55,7 @@ Objection shape_objection(const MemberSegments& segments, const MemberSegment& s
 
 bool is_inclined(const analysis::Geometry& geometry) {
   const double rise = std::abs(geometry.axes(0, 2));
-  const double level = std::hypot(geometry.axes(0, 0), geometry.axes(0, 1));
+  const double level = elementary::hypotenuse(geometry.axes(0, 0), geometry.axes(0, 1));
   return rise > inclined && level > inclined;
 }
 

@@ -4,6 +4,7 @@
 #include <numbers>
 #include <unordered_set>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::model {
@@ -19,8 +20,8 @@ constexpr double angle_tolerance = 1e-9;
 double angle_to_vertical(const Model& model, const Element& element) {
   const Node& start = *model.nodes.find(element.nodes[0]);
   const Node& end = *model.nodes.find(element.nodes[1]);
-  const double run = std::hypot(end.x - start.x, end.y - start.y);
-  return std::atan2(run, std::abs(end.z - start.z)) * degrees_per_radian;
+  const double run = elementary::hypotenuse(end.x - start.x, end.y - start.y);
+  return elementary::angle_of(run, std::abs(end.z - start.z)) * degrees_per_radian;
 }
 
 bool has_node(const Element& element, Number node) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
 #include "aluframe/texts/text.h"
@@ -36,7 +37,7 @@ Largest largest_of(const Deformed& deformed) {
 
 /// The largest of 1, 2 and 5 times a power of ten that is no more.
 double round_down(double value) {
-  const double power = std::pow(10.0, std::floor(std::log10(value)));
+  const double power = elementary::power_of_ten(elementary::exponent_of_ten(value));
   for (const double digit : {5.0, 2.0}) {
     if (digit * power <= value) return digit * power;
   }

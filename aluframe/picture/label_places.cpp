@@ -4,6 +4,7 @@
 #include <map>
 #include <numeric>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/picture/letters.h"
 #include "aluframe/picture/sheet.h"
 
@@ -110,7 +111,7 @@ std::array<Point2, 12> directions_from(const Point2& towards) {
   constexpr std::array<double, 12> degrees{0, 180, 35, -35, 70, -70, 145, -145, 110, -110, 90, -90};
   for (std::size_t i = 0; i < degrees.size(); ++i) {
     const double angle = degrees[i] * 3.14159265358979 / 180.0;
-    const double c = std::cos(angle), s = std::sin(angle);
+    const double c = elementary::cosine(angle), s = elementary::sine(angle);
     out[i] = {towards.x * c - towards.y * s, towards.x * s + towards.y * c};
   }
   return out;

@@ -8,6 +8,7 @@
 #include <numbers>
 #include <unordered_map>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
 #include "aluframe/texts/text.h"
@@ -191,7 +192,7 @@ class LoadPainter {
     for (int i = 0; i <= points; ++i) {
       const double part = static_cast<double>(is_towards_eye ? i : points - i) / points;
       const double angle = (from + (to - from) * part) * std::numbers::pi / 180.0;
-      arc.push_back({at, radius * Point2{std::cos(angle), std::sin(angle)}});
+      arc.push_back({at, radius * Point2{elementary::cosine(angle), elementary::sine(angle)}});
     }
     const Place tip = arc.back();
     add_head(drawing_, like, tip, unit_of(tip.paper - arc[arc.size() - 4].paper));

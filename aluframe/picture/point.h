@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::picture {
 
 /// A point or a direction of the model, mm, Z up.
@@ -44,7 +46,7 @@ struct Point2 {
 };
 
 inline double length_of(const Point2& a) {
-  return std::hypot(a.x, a.y);
+  return elementary::hypotenuse(a.x, a.y);
 }
 inline double dot(const Point2& a, const Point2& b) {
   return a.x * b.x + a.y * b.y;

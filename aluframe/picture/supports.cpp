@@ -8,6 +8,7 @@
 #include <numbers>
 #include <string_view>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/drawing.h"
 #include "aluframe/texts/text.h"
@@ -111,7 +112,8 @@ void add_rotation_spring(const Symbol& symbol) {
   for (int i = 0; i <= points; ++i) {
     const double part = static_cast<double>(i) / points;
     const double angle = 2.0 * std::numbers::pi * turns * part;
-    spiral.push_back(symbol.at(largest * part * std::cos(angle), largest * part * std::sin(angle)));
+    spiral.push_back(symbol.at(largest * part * elementary::cosine(angle),
+                               largest * part * elementary::sine(angle)));
   }
   symbol.add({std::move(spiral)}, false, {.stroke = ink, .width = 0.3});
 }

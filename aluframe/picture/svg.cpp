@@ -7,6 +7,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/model/xml_text.h"
 #include "aluframe/picture/colours.h"
 #include "aluframe/picture/letters.h"
@@ -249,7 +250,7 @@ class Writer {
     constexpr double longest = 17.0;
     const double unit = model::millimetres_per(scene_.length_unit);
     const double most = longest / sheet_.scale() / unit;
-    const double power = std::pow(10.0, std::floor(std::log10(most)));
+    const double power = elementary::power_of_ten(elementary::exponent_of_ten(most));
     const double round = (most >= 5 * power ? 5 : most >= 2 * power ? 2 : 1) * power;
     std::array<Point2, 3> arms;
     constexpr std::array<Point3, 3> axes{Point3{1, 0, 0}, Point3{0, 1, 0}, Point3{0, 0, 1}};

@@ -7,6 +7,7 @@
 
 #include "aluframe/analysis/displaced_element.h"
 #include "aluframe/analysis/local_axes.h"
+#include "aluframe/elementary/functions.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/run/buckling_subjects.h"
 #include "aluframe/run/chosen_numbers.h"
@@ -42,7 +43,7 @@ Eigen::Vector3d local_at(double fraction, double length, const analysis::Vector1
 
 /// Half a wave across the axis of least stiffness.
 Eigen::Vector3d half_wave(double fraction, const analysis::Stiffness& stiffness) {
-  const double wave = std::sin(std::numbers::pi * fraction);
+  const double wave = elementary::sine(std::numbers::pi * fraction);
   return stiffness.izz <= stiffness.iyy ? Eigen::Vector3d(0, wave, 0) : Eigen::Vector3d(0, 0, wave);
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
+
 namespace aluframe::second_opinion {
 
 namespace {
@@ -47,7 +49,7 @@ void ask_resultant_shear(const AskedElement& element, const Position& at, const 
   const UnitStresses& units = element.units;
   const double fy = at.force.dForce[ALU_FORCE_FY], fz = at.force.dForce[ALU_FORCE_FZ];
   if (fy == 0.0 || fz == 0.0) return;
-  const double stress = std::hypot(fy * units.shear_y, fz * units.shear_z);
+  const double stress = elementary::hypotenuse(fy * units.shear_y, fz * units.shear_z);
   take(Answer{RALU_SHEAR_Z, at.k_strength * stress / units.fv, Rule::c6});
 }
 

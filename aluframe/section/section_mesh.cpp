@@ -6,6 +6,7 @@
 #include <numbers>
 #include <utility>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/section/shapes.h"
 
 namespace aluframe::section {
@@ -158,7 +159,7 @@ SectionMesh mesh_of_ring(double inner, double outer, int across) {
     const double angle = std::numbers::pi * static_cast<double>(column) / around;
     const double radius =
         inner + (outer - inner) * static_cast<double>(row) / static_cast<double>(2 * layers);
-    return SectionMesh::Point{radius * std::cos(angle), radius * std::sin(angle)};
+    return SectionMesh::Point{radius * elementary::cosine(angle), radius * elementary::sine(angle)};
   };
   for (std::size_t i = 0; i < around; ++i) {
     for (std::size_t j = 0; j < layers; ++j) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/model/xml_text.h"
 #include "aluframe/section/dimension_lines.h"
 #include "aluframe/section/dimensions_svg.h"
@@ -27,7 +28,7 @@ struct Direction {
 Direction direction(const OutlineCorner& from, const OutlineCorner& to) {
   const double y = to.y - from.y;
   const double z = to.z - from.z;
-  const double length = std::hypot(y, z);
+  const double length = elementary::hypotenuse(y, z);
   return {y / length, z / length, length};
 }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/section/outline.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/shapes.h"
@@ -133,7 +134,7 @@ std::string round_sketch(const Dimensions& d) {
   const Axis ys({-radius, radius}, character / 2.0);
   const Axis zs({-radius, radius}, character);
   const auto is_filled = [&](double y, double z) {
-    const double distance = std::hypot(y, z);
+    const double distance = elementary::hypotenuse(y, z);
     return distance <= radius && distance > inner;
   };
   return marked(drawn(ys, zs, is_filled), ys, zs, {0.0, 0.0});

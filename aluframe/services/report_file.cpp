@@ -1,15 +1,13 @@
 #include "aluframe/services/report_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <cstdio>
-#include <memory>
 #include <sstream>
 #include <string_view>
 #include <system_error>
 
-#include "aluframe/services/environment_charset.h"
+#include "aluframe/platform/code_page.h"
+#include "aluframe/platform/open_file.h"
 #include "aluframe/texts/system_text.h"
 #include "aluframe/texts/text.h"
 
@@ -39,24 +37,11 @@ Verdict verdict_of(const std::string& line) {
   return line.find(failing_text) == std::string::npos ? Verdict::passes : Verdict::fails;
 }
 
-std::string reason_of(int error) {
-  return texts::system_text(error);
-}
-
-struct Close {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Close>;
-
-/// Writes some bytes behind the end. @return 0 or the error number
-int append_probe(const fs::path& path) {
-  errno = 0;
-  File file(std::fopen(path.c_str(), "ab"));
-  if (!file) return errno;
-  const std::string probe(probe_bytes, ' ');
-  const bool written = std::fwrite(probe.data(), 1, probe.size(), file.get()) == probe.size() &&
-                       std::fflush(file.get()) == 0;
-  return written ? 0 : errno;
+/// Writes some bytes behind the end.
+std::error_code append_probe(const fs::path& path) {
+  std::error_code error;
+  const auto file = platform::OpenFile::open(path, platform::Purpose::appending, error);
+  return error ? error : file.write(std::string(probe_bytes, ' '));
 }
 
 }  // namespace
@@ -65,13 +50,13 @@ std::string reason_of_lost_blocks(const fs::path& report, int lost_blocks) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(report, error);
   if (error) return texts::translated("cannot be read: {}", texts::system_text(error));
-  const int failed = append_probe(report);
+  const std::error_code failed = append_probe(report);
   fs::resize_file(report, size, error);
-  if (failed != 0) return reason_of(failed);
+  if (failed) return texts::system_text(failed);
   const std::string lost =
       texts::counted(static_cast<std::size_t>(lost_blocks), texts::translatable("{} block"),
                      texts::translatable("{} blocks"));
-  const bool lacks_none = charset_of_environment().value_or("UTF-8") == "UTF-8";
+  const bool lacks_none = platform::user_charset().value_or("UTF-8") == "UTF-8";
   if (lacks_none) return texts::translated("writing failed for a moment, in {}; try again", lost);
   return texts::translated(
       "a character that the environment's character set lacks, in {} (LC_ALL=C.UTF-8 has them "

@@ -11,6 +11,8 @@
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/publication.h"
 #include "aluframe/files/same_file.h"
+#include "aluframe/platform/code_page.h"
+#include "aluframe/platform/open_file.h"
 #include "aluframe/services/binding.h"
 #include "aluframe/services/readable_report.h"
 #include "aluframe/services/report_file.h"
@@ -74,7 +76,9 @@ class ReadableText {
  public:
   ReadableText() {
     IAluDgnDataMgr::Instance()->SetReportText([this](const std::wstring& piece) {
-      text_ += readable_text(to_utf8(CString(piece.c_str())));
+      const std::string text = to_utf8(CString(piece.c_str()));
+      replaced_ += platform::replaced_characters(text);
+      text_ += readable_text(text);
     });
   }
   ReadableText(const ReadableText&) = delete;
@@ -82,8 +86,11 @@ class ReadableText {
   ~ReadableText() { IAluDgnDataMgr::Instance()->SetReportText({}); }
 
   std::string take() { return std::move(text_); }
+  /// Characters that the report's file has a question mark for.
+  std::size_t replaced() const { return replaced_; }
 
  private:
+  std::size_t replaced_ = 0;
   std::string text_;
 };
 
@@ -102,6 +109,7 @@ ReportSummary write_report(Session& session, const std::filesystem::path& path,
   }
   summary.outcome = RunOutcome::complete;
   summary.readable = text.take();
+  summary.replaced = text.replaced();
   const ReportedElements elements = reported_elements(summary.readable);
   sort_elements(session, elements, summary);
   add_stored(session, elements, result_path, summary);
@@ -147,7 +155,7 @@ ReportSummary write_and_publish(Session& session, files::Publication& report,
 /// The report whose file nobody wants: what the environment's character set lacks is lost there.
 ReportSummary make_readable(Session& session, const std::filesystem::path& result_path) {
   try {
-    return write_report(session, "/dev/null", result_path);
+    return write_report(session, platform::nowhere(), result_path);
   } catch (const std::exception& error) {
     return failed(files::error_text(error));
   }

@@ -30,6 +30,8 @@ struct ReportSummary {
   /// The whole report in UTF-8 with its Chinese texts readable, also where the environment's
   /// character set lacks some of it or its file takes no more; empty when it came to no end.
   std::string readable;
+  /// Characters of the report that its file has a question mark for (platform/code_page.h).
+  std::size_t replaced = 0;
 };
 
 /// What belongs beside a report that came to its end, such as its readable copy, is written here:

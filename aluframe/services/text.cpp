@@ -11,6 +11,9 @@ constexpr std::uint32_t replacement = 0xFFFD;
 
 /// A wide character as a number, whatever its sign on the platform.
 using wide_unit = std::make_unsigned_t<wchar_t>;
+/// Where wide characters have 16 bits, those beyond are two units: 10 bits each, behind these.
+constexpr bool has_pairs = sizeof(wchar_t) == 2;
+constexpr std::uint32_t first_half = 0xD800, second_half = 0xDC00, beyond = 0x10000;
 
 bool is_scalar_value(std::uint32_t code) {
   return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
@@ -62,12 +65,40 @@ std::uint32_t take_code_point(std::string_view& text) {
   return code;
 }
 
+std::uint32_t unit_at(const CString& text, int i) {
+  return static_cast<wide_unit>(text.GetAt(i));
+}
+
+/// Whether the unit and the next one are one character.
+bool is_pair(const CString& text, int i) {
+  const auto is_half = [&text](int at, std::uint32_t half) {
+    return (unit_at(text, at) & 0xFFFFFC00) == half;
+  };
+  return has_pairs && i + 1 < text.GetLength() && is_half(i, first_half) &&
+         is_half(i + 1, second_half);
+}
+
+std::uint32_t character_of(std::uint32_t first, std::uint32_t second) {
+  return beyond + ((first - first_half) << 10) + (second - second_half);
+}
+
+void append_wide(std::wstring& out, std::uint32_t code) {
+  const auto put = [&out](std::uint32_t unit) { out.push_back(static_cast<wchar_t>(unit)); };
+  if (has_pairs && code >= beyond) {
+    put(first_half + ((code - beyond) >> 10));
+    put(second_half + ((code - beyond) & 0x3FF));
+  } else {
+    put(code);
+  }
+}
+
 }  // namespace
 
 std::string to_utf8(const CString& text) {
   std::string out;
   for (int i = 0; i < text.GetLength(); ++i) {
-    const auto code = static_cast<std::uint32_t>(static_cast<wide_unit>(text.GetAt(i)));
+    std::uint32_t code = unit_at(text, i);
+    if (is_pair(text, i)) code = character_of(code, unit_at(text, ++i));
     append_utf8(out, is_scalar_value(code) ? code : replacement);
   }
   return out;
@@ -75,7 +106,13 @@ std::string to_utf8(const CString& text) {
 
 CString to_wide(std::string_view text) {
   std::wstring out;
-  while (!text.empty()) out.push_back(static_cast<wchar_t>(take_code_point(text)));
+  while (!text.empty()) append_wide(out, take_code_point(text));
+  return out;
+}
+
+std::u32string characters_of(std::string_view text) {
+  std::u32string out;
+  while (!text.empty()) out.push_back(static_cast<char32_t>(take_code_point(text)));
   return out;
 }
 

@@ -11,5 +11,7 @@ namespace aluframe::services {
 std::string to_utf8(const CString& text);
 /// Wide string of UTF-8 text; bytes that are not UTF-8 become U+FFFD.
 CString to_wide(std::string_view text);
+/// The same, one number a character also where wide characters have 16 bits.
+std::u32string characters_of(std::string_view text);
 
 }  // namespace aluframe::services

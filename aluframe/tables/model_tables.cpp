@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/io/scales.h"
 #include "aluframe/model/members.h"
 #include "aluframe/section/section_properties.h"
@@ -55,7 +56,10 @@ Column in_unit(std::string_view key, std::string heading, std::string_view unit,
 
 /// Digits behind the point that leave a property in a power of a unit as fine as in mm.
 int decimals_in(model::LengthUnit unit, int power) {
-  return static_cast<int>(std::ceil(power * std::log10(model::millimetres_per(unit))));
+  double size = 1.0;
+  for (int i = 0; i < power; ++i) size *= model::millimetres_per(unit);
+  const int exponent = elementary::exponent_of_ten(size);
+  return elementary::power_of_ten(exponent) < size ? exponent + 1 : exponent;
 }
 
 Column property(const char* name, model::LengthUnit unit, int power) {

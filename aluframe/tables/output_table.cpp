@@ -73,12 +73,12 @@ struct JsonOf {
 
 /// Characters that take two columns of a terminal: Chinese, Japanese and Korean script, full-width
 /// forms, pictographs (Unicode, East Asian width).
-constexpr std::pair<wchar_t, wchar_t> wide_characters[] = {
+constexpr std::pair<char32_t, char32_t> wide_characters[] = {
     {0x1100, 0x115F}, {0x2E80, 0x303E}, {0x3041, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},
     {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}, {0x1F300, 0x1FAFF}, {0x20000, 0x3FFFD},
 };
 
-bool is_wide(wchar_t character) {
+bool is_wide(char32_t character) {
   return std::ranges::any_of(wide_characters, [character](const auto& range) {
     return range.first <= character && character <= range.second;
   });
@@ -86,9 +86,9 @@ bool is_wide(wchar_t character) {
 
 /// Columns of the screen that a UTF-8 text takes.
 std::size_t display_width(std::string_view text) {
-  const CString characters = services::to_wide(text);
   std::size_t width = 0;
-  for (int i = 0; i < characters.GetLength(); ++i) width += is_wide(characters.GetAt(i)) ? 2 : 1;
+  for (const char32_t character : services::characters_of(text))
+    width += is_wide(character) ? 2 : 1;
   return width;
 }
 

@@ -2,24 +2,15 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdlib>
 #include <string>
+
+#include "aluframe/platform/environment.h"
 
 namespace aluframe::texts {
 
 namespace {
 
 std::atomic<Language> in_use = Language::english;
-
-/// The locale that the environment names for messages: the first of its variables that is not
-/// empty (POSIX, "Environment Variables").
-std::string locale_of_messages() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return value;
-  }
-  return "";
-}
 
 /// "zh_CN.UTF-8" and the like, however the character set is spelt.
 bool is_chinese_in_utf8(const std::string& locale) {
@@ -40,7 +31,7 @@ std::optional<Language> parse_language(std::string_view name) {
 }
 
 Language language_of_environment() {
-  return is_chinese_in_utf8(locale_of_messages()) ? Language::chinese : Language::english;
+  return is_chinese_in_utf8(platform::locale_of_messages()) ? Language::chinese : Language::english;
 }
 
 void use_language(Language language) {

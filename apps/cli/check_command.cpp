@@ -5,6 +5,7 @@
 
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
+#include "aluframe/platform/terminal.h"
 #include "aluframe/run/check.h"
 #include "aluframe/run/results.h"
 #include "aluframe/run/strictness.h"
@@ -20,7 +21,8 @@ namespace aluframe::cli {
 namespace {
 
 bool wants_progress(ProgressMode mode) {
-  return mode == ProgressMode::always || (mode == ProgressMode::automatic && stderr_is_terminal());
+  return mode == ProgressMode::always ||
+         (mode == ProgressMode::automatic && platform::stderr_is_terminal());
 }
 
 void print_assertions(const services::CheckSummary& summary) {
@@ -145,7 +147,7 @@ int run_check_command(const CheckOptions& options) {
                                 .when_busy = options.when_busy,
                                 .beginning = options.beginning,
                                 .objection = [&] { return problem_of(options, results); }};
-  note_interrupts();
+  platform::note_interrupts();
   try {
     return check_and_print(input, check, options);
   } catch (const store::CannotTakeUp& refusal) {

@@ -8,6 +8,7 @@
 #include "aluframe/document/document_file.h"
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
+#include "aluframe/platform/terminal.h"
 #include "aluframe/run/document.h"
 #include "aluframe/tables/check_summary.h"
 #include "aluframe/texts/text.h"
@@ -84,14 +85,14 @@ struct Interrupted {};
 
 /// Lets the unfinished file be removed on the way out.
 void stop_when_interrupted() {
-  if (was_interrupted()) throw Interrupted();
+  if (platform::was_interrupted()) throw Interrupted();
 }
 
 int write(const ReportOptions& options, const run::DocumentContent& content,
           const fs::path& results, const fs::path& html) {
   for (const std::string& reservation : content.reservations) print_message(reservation);
   try {
-    note_interrupts();
+    platform::note_interrupts();
     document::publish_document(goes_to_standard_output(html) ? fs::path("/dev/stdout") : html,
                                content, results, options.detail, stop_when_interrupted);
   } catch (const Interrupted&) {

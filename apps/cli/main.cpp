@@ -6,10 +6,14 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "aluframe/files/error_text.h"
+#include "aluframe/platform/environment.h"
+#include "aluframe/platform/terminal.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/check_command.h"
+#include "apps/cli/dialogs_command.h"
 #include "apps/cli/document_command.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
@@ -307,6 +311,19 @@ void add_settings(CLI::App& app, SettingsOptions& options, int& status) {
   settings->callback([&] { status = run_settings_command(options); });
 }
 
+void add_dialogs(CLI::App& app, DialogsOptions& options, int& status) {
+  CLI::App* dialogs = app.add_subcommand(
+      "dialogs",
+      texts::translated("Open the dialogs of a model's settings and materials, and save it"));
+  dialogs->add_option("MODEL", options.model, texts::translated("Model file"))
+      ->required()
+      ->type_name("");
+  add_parsed(*dialogs, "--dialog", options.dialog,
+             one_of(services::parse_settings_dialog, "code, materials"),
+             texts::translated("Only this dialog: code or materials"));
+  dialogs->callback([&] { status = run_dialogs_command(options); });
+}
+
 /// What is wrong with a first word that is no command: the parser would only say that one is
 /// missing.
 std::optional<std::string> unknown_command(const CLI::App& app, int argc, char** argv) {
@@ -320,8 +337,11 @@ std::optional<std::string> unknown_command(const CLI::App& app, int argc, char**
   return texts::translated("found command '{}', must be one of {}", word, names);
 }
 
-int run_program(int argc, char** argv) {
-  texts::use_language(wanted_language(argc, argv));
+int run_program(std::vector<std::string> words) {
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  const int argc = static_cast<int>(argv.size());
+  texts::use_language(wanted_language(argc, argv.data()));
   CLI::App app(texts::translated("Checks aluminium frames against GB 50429-2007."), "aluframe");
   app.set_version_flag("--version", "aluframe " ALUFRAME_VERSION,
                        texts::translated("Display program version information and exit"));
@@ -338,6 +358,7 @@ int run_program(int argc, char** argv) {
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
+  DialogsOptions dialogs;
   SectionOptions section;
   add_check(app, check, status);
   add_analyse(app, analyse, status);
@@ -350,16 +371,17 @@ int run_program(int argc, char** argv) {
   add_points(app, points, status);
   add_report(app, report, status);
   add_settings(app, settings, status);
+  add_dialogs(app, dialogs, status);
   add_section(app, section, status);
   add_language(app);
   for (CLI::App* command : app.get_subcommands({})) add_language(*command);
   translate_parser(app);
-  if (const auto unknown = unknown_command(app, argc, argv)) {
+  if (const auto unknown = unknown_command(app, argc, argv.data())) {
     print_message(*unknown);
     return exit_input_error;
   }
   try {
-    app.parse(argc, argv);
+    app.parse(argc, argv.data());
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? exit_done : exit_input_error;
   }
@@ -381,9 +403,9 @@ int with_output_checked(int status) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  prepare_streams();
+  platform::prepare_standard_streams();
   try {
-    return with_output_checked(run_program(argc, argv));
+    return with_output_checked(run_program(platform::command_line(argc, argv)));
   } catch (const std::exception& error) {
     print_message(std::ferror(stdout) != 0 ? lost_output()
                                            : "aluframe: " + files::error_text(error));

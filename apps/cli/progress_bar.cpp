@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "aluframe/platform/terminal.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/terminal.h"
 
@@ -57,7 +58,7 @@ bool ProgressBar::advanced(int done, int total) {
     const double seconds = std::chrono::duration<double>(now - start_).count();
     print_to_stderr(erase_line + progress_line(text_, done, total, seconds, *before_));
   }
-  return was_interrupted();
+  return platform::was_interrupted();
 }
 
 void ProgressBar::ended() {

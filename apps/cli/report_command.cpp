@@ -137,10 +137,22 @@ int open(const fs::path& readable) {
   return exit_failure;
 }
 
+/// Tells what the system's character set lacks of a report, which has question marks there.
+void tell_replaced(const services::ReportSummary& summary, const ReportFiles& files) {
+  if (!files.report || summary.replaced == 0) return;
+  const std::string characters = texts::counted(
+      summary.replaced, texts::translatable("{} character"), texts::translatable("{} characters"));
+  print_message(texts::translated(
+      "{}: has \"?\" for {} that the system's character set lacks; the readable copy has them all "
+      "(LC_ALL=C.UTF-8 has them in the report too)",
+      files.report->string(), characters));
+}
+
 /// What follows a complete report. @return the exit status
 int finish(const ReportOptions& options, const model::Model& model,
            const services::ReportSummary& summary, const ReportFiles& files, const Ending& ending) {
   print_left_out(summary, files);
+  tell_replaced(summary, files);
   if (ending.basis) {
     const std::string place =
         files.report ? files.report->string() : texts::translated("standard output");

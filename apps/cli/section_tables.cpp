@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/section/second_computation.h"
 #include "aluframe/section/section_properties.h"
 #include "aluframe/section/text_sketch.h"
@@ -123,8 +124,8 @@ std::string engineering(double value) {
   if (std::abs(value) < 1e-6) return "0";
   if (std::abs(value) < 1e5) return fmt::format("{:.5g}", value);
   if (std::abs(value) < 1e6) return fmt::format("{:.0f}", value);
-  const int exponent = static_cast<int>(std::floor(std::log10(std::abs(value)) / 3.0)) * 3;
-  return fmt::format("{:.5g}e{}", value / std::pow(10.0, exponent), exponent);
+  const int exponent = elementary::exponent_of_ten(std::abs(value)) / 3 * 3;
+  return fmt::format("{:.5g}e{}", value / elementary::power_of_ten(exponent), exponent);
 }
 
 std::string per_cent(double value) {

@@ -1,28 +1,17 @@
 #include "apps/cli/terminal.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 
 #include "aluframe/model/plain_text.h"
+#include "aluframe/platform/terminal.h"
 #include "aluframe/tables/output_table.h"
 
 namespace aluframe::cli {
 
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-extern "C" void note_signal(int signal) {
-  interrupted = 1;
-  // The user who insists is not kept waiting.
-  std::signal(signal, SIG_DFL);
-}
 
 void write_to(std::FILE* stream, std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), stream);
@@ -38,41 +27,10 @@ std::pair<std::size_t, std::size_t> next_colour(std::string_view text) {
   return next;
 }
 
-/// The lowest free number is the next one that is given out.
-void keep_open(int stream, int mode) {
-  if (fcntl(stream, F_GETFD) == -1) static_cast<void>(open("/dev/null", mode));
-}
-
 }  // namespace
 
-bool stdout_is_terminal() {
-  return isatty(STDOUT_FILENO) != 0;
-}
-
-bool stderr_is_terminal() {
-  return isatty(STDERR_FILENO) != 0;
-}
-
 bool stdout_wants_colour() {
-  return stdout_is_terminal() && std::getenv("NO_COLOR") == nullptr;
-}
-
-void prepare_streams() {
-  // Each is opened for what it is not for, so that its use is an error as before.
-  keep_open(STDIN_FILENO, O_WRONLY);
-  keep_open(STDOUT_FILENO, O_RDONLY);
-  keep_open(STDERR_FILENO, O_RDONLY);
-  for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
-}
-
-const sigset_t& default_signals() {
-  static const sigset_t signals = [] {
-    sigset_t set;
-    sigemptyset(&set);
-    for (const int signal : {SIGPIPE, SIGXFSZ}) sigaddset(&set, signal);
-    return set;
-  }();
-  return signals;
+  return platform::stdout_is_terminal() && std::getenv("NO_COLOR") == nullptr;
 }
 
 void print_text(std::string_view text) {
@@ -100,16 +58,6 @@ void print_to_stderr(std::string_view text) noexcept {
 
 bool finish_stdout() {
   return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-}
-
-void note_interrupts() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    if (std::signal(signal, note_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
-  }
-}
-
-bool was_interrupted() {
-  return interrupted != 0;
 }
 
 }  // namespace aluframe::cli

@@ -2,26 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <csignal>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace aluframe::cli {
 
-/// True when the stream goes to a terminal.
-bool stdout_is_terminal();
-bool stderr_is_terminal();
-
 /// True when colour is wanted on standard output: a terminal, and NO_COLOR is not set.
 bool stdout_wants_colour();
-
-/// Before anything else: closed standard streams lead nowhere instead of to the next file that is
-/// opened, and a reader that goes away or a limit on file sizes is an error of the write, no end of
-/// the program. What the program starts is to have `default_signals`.
-void prepare_streams();
-/// The signals that `prepare_streams` leaves out.
-const sigset_t& default_signals();
 
 /// Prints to standard output, with a blank for what could turn or forge lines of a terminal; our
 /// own colours stay. Whether it arrived `finish_stdout` tells.
@@ -39,10 +27,5 @@ void print_to_stderr(std::string_view text) noexcept;
 /// Writes out what standard output still holds. @return false when some of what was printed since
 /// the start did not arrive, because the disk behind it is full for example
 bool finish_stdout();
-
-/// From now on Ctrl-C, a polite request to end and the end of the terminal are noted instead of
-/// ending the program; a second one ends it. What the user's shell ignores stays ignored.
-void note_interrupts();
-bool was_interrupted();
 
 }  // namespace aluframe::cli

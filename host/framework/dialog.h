@@ -17,6 +17,15 @@ struct CDataExchange {
 /// Makes `control` stand for the control `id` of the dialog.
 HOST_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 
+/// What `CDialog::DoModal` returns: identifier of the button that closed the dialog, or that none
+/// opened. A class of its own, because Windows imports constants of a class from its library, which
+/// has none where a program takes their address.
+struct DIALOG_RESULT {
+  static constexpr int kOk = 1;
+  static constexpr int kCancel = 2;
+  static constexpr int kFailed = -1;
+};
+
 /// A modal dialog on a template of the module that carries it. It is drawn by the bound host's
 /// toolkit.
 ///
@@ -25,13 +34,8 @@ HOST_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 ///
 /// An exception of a handler does not leave the dialog: its text is shown in a message box, and
 /// the dialog stays open.
-class HOST_API CDialog : public CWnd, private host::DialogEvents {
+class HOST_API CDialog : public CWnd, public DIALOG_RESULT, private host::DialogEvents {
  public:
-  /// What `DoModal` returns: identifier of the button that closed the dialog, or that none opened.
-  static constexpr int kOk = 1;
-  static constexpr int kCancel = 2;
-  static constexpr int kFailed = -1;
-
   explicit CDialog(UINT templateId, CWnd* parent = nullptr);
   ~CDialog() override;
 
@@ -53,6 +57,9 @@ class HOST_API CDialog : public CWnd, private host::DialogEvents {
 
   CWnd* GetParent() const { return m_pParent; }
 
+  /// Makes `control` stand for the control `id` until the dialog closes; `DDX_Control` calls it.
+  void BindControl(int id, CWnd& control);
+
  protected:
   virtual void DoDataExchange(CDataExchange* exchange);
   /// Called before the dialog is shown. @return TRUE: the focus goes to the first control
@@ -64,8 +71,6 @@ class HOST_API CDialog : public CWnd, private host::DialogEvents {
   virtual const AFX_MSGMAP* GetMessageMap() const;
 
  private:
-  friend HOST_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
-
   void ButtonClicked(int id) override;
   void ChoiceChanged(int id) override;
   void RowSelected(int id, int row) override;

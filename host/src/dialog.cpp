@@ -10,10 +10,19 @@
 
 namespace {
 
+template <class TEXT>
+std::wstring WideUnits(const TEXT& units) {
+  return {units.begin(), units.end()};
+}
+
 std::wstring WideText(const std::string& utf8) {
   try {
-    const std::u32string codes = std::filesystem::path(utf8).u32string();
-    return {codes.begin(), codes.end()};
+    const std::filesystem::path text(std::u8string(utf8.begin(), utf8.end()));
+    if constexpr (sizeof(wchar_t) == sizeof(char16_t)) {
+      return WideUnits(text.u16string());
+    } else {
+      return WideUnits(text.u32string());
+    }
   } catch (const std::exception&) {
     return {utf8.begin(), utf8.end()};
   }
@@ -44,9 +53,7 @@ const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, int code,
 }  // namespace
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
-  CDialog* dialog = exchange->m_pDlgWnd;
-  control.Attach(dialog->m_pWindow.get(), id);
-  dialog->m_aBound[id] = &control;
+  exchange->m_pDlgWnd->BindControl(id, control);
 }
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_nTemplate(templateId), m_pParent(parent) {}
@@ -96,6 +103,11 @@ BOOL CDialog::UpdateData(BOOL saveAndValidate) {
   CDataExchange exchange{this, saveAndValidate};
   DoDataExchange(&exchange);
   return TRUE;
+}
+
+void CDialog::BindControl(int id, CWnd& control) {
+  control.Attach(m_pWindow.get(), id);
+  m_aBound[id] = &control;
 }
 
 CWnd* CDialog::GetDlgItem(int id) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string>
 
 namespace alu_report {
 
@@ -16,8 +17,12 @@ constexpr double kZero = 1e-7 * 1e-7 * 1e-7;
 // enough covered by the rest.
 constexpr std::size_t kLongestInteger = 330;
 
+// Read from its digits: what functions of libraries give for it differs in the last one.
 double PowerOfTen(int exponent) {
-  return std::pow(10.0, exponent);
+  const std::string text = "1e" + std::to_string(exponent);
+  double power = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), power);
+  return power;
 }
 
 bool NeedsExponent(double magnitude, unsigned precision, unsigned width) {

@@ -42,7 +42,8 @@ class rptbasic_ofstream : public rptbasic_ostream<CHAR> {
     // Characters are converted from the first one on, so the buffer has its locale before it opens.
     this->init(&buffer_);
     this->imbue(alu_report::UserLocale());
-    if (buffer_.open(alu_report::FilePath(path), mode | std::ios_base::out) == nullptr) {
+    if (buffer_.open(alu_report::FilePath(path),
+                     mode | std::ios_base::out | std::ios_base::binary) == nullptr) {
       this->setstate(std::ios_base::failbit);
     }
   }

@@ -5,8 +5,8 @@
 #include <csignal>
 #include <cstdlib>
 
+#include "aluframe/platform/terminal.h"
 #include "apps/cli/progress_bar.h"
-#include "apps/cli/terminal.h"
 
 namespace aluframe::cli {
 namespace {
@@ -20,10 +20,10 @@ TEST(InterruptsDeathTest, ASignalIsNotedAndStopsTheRun) {
   for (const int signal : {SIGINT, SIGTERM}) {
     EXPECT_EXIT(
         {
-          note_interrupts();
-          const bool before = was_interrupted();
+          platform::note_interrupts();
+          const bool before = platform::was_interrupted();
           std::raise(signal);
-          end(!before && was_interrupted() && ProgressBar(false).advanced(1, 2));
+          end(!before && platform::was_interrupted() && ProgressBar(false).advanced(1, 2));
         },
         testing::ExitedWithCode(0), "");
   }
@@ -32,7 +32,7 @@ TEST(InterruptsDeathTest, ASignalIsNotedAndStopsTheRun) {
 TEST(InterruptsDeathTest, TheSecondSignalEndsTheProgram) {
   EXPECT_EXIT(
       {
-        note_interrupts();
+        platform::note_interrupts();
         std::raise(SIGINT);
         std::raise(SIGINT);
         end(true);

@@ -7,7 +7,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -15,8 +15,8 @@ using testing::IsEmpty;
 /// The list has the entries "GB", "EN", "gb", "EN".
 class ComboBoxTest : public dialog_test::SampleTest {
  protected:
-  void Open(std::function<void(HeadlessDialog&)> script) {
-    Run(dialog_, [&](HeadlessDialog& user) {
+  void Open(std::function<void(DialogUser&)> script) {
+    Run(dialog_, [&](DialogUser& user) {
       for (const wchar_t* text : {L"GB", L"EN", L"gb", L"EN"}) combo_.AddString(text);
       script(user);
     });
@@ -27,7 +27,7 @@ class ComboBoxTest : public dialog_test::SampleTest {
 };
 
 TEST_F(ComboBoxTest, EntriesAreAppendedAndCounted) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     EXPECT_EQ(combo_.AddString(L"last"), 4);
     EXPECT_EQ(combo_.GetCount(), 5);
     EXPECT_THAT(user.choices(code_list), ElementsAre(L"GB", L"EN", L"gb", L"EN", L"last"));
@@ -35,7 +35,7 @@ TEST_F(ComboBoxTest, EntriesAreAppendedAndCounted) {
 }
 
 TEST_F(ComboBoxTest, ResetTakesEntriesAndSelectionAway) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     combo_.SetCurSel(2);
     combo_.ResetContent();
     EXPECT_EQ(combo_.GetCount(), 0);
@@ -45,7 +45,7 @@ TEST_F(ComboBoxTest, ResetTakesEntriesAndSelectionAway) {
 }
 
 TEST_F(ComboBoxTest, AnEntrysTextIsReadByItsIndex) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     CString text;
     combo_.GetLBText(2, text);
     EXPECT_TRUE(text == L"gb");
@@ -53,7 +53,7 @@ TEST_F(ComboBoxTest, AnEntrysTextIsReadByItsIndex) {
 }
 
 TEST_F(ComboBoxTest, AnEntryThatIsMissingHasNoText) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     for (const int index : {-1, 4}) {
       CString text = L"before";
       combo_.GetLBText(index, text);
@@ -63,11 +63,11 @@ TEST_F(ComboBoxTest, AnEntryThatIsMissingHasNoText) {
 }
 
 TEST_F(ComboBoxTest, TheFirstEqualEntryIsFound) {
-  Open([this](HeadlessDialog&) { EXPECT_EQ(combo_.FindStringExact(-1, L"EN"), 1); });
+  Open([this](DialogUser&) { EXPECT_EQ(combo_.FindStringExact(-1, L"EN"), 1); });
 }
 
 TEST_F(ComboBoxTest, TheSearchTellsCaseApartAndTakesWholeTexts) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     EXPECT_EQ(combo_.FindStringExact(-1, L"gb"), 2);
     EXPECT_EQ(combo_.FindStringExact(-1, L"G"), CB_ERR);
     EXPECT_EQ(combo_.FindStringExact(-1, L"GB "), CB_ERR);
@@ -76,7 +76,7 @@ TEST_F(ComboBoxTest, TheSearchTellsCaseApartAndTakesWholeTexts) {
 }
 
 TEST_F(ComboBoxTest, TheSearchStartsBehindAnEntryAndGoesOnFromTheStart) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     EXPECT_EQ(combo_.FindStringExact(1, L"EN"), 3);
     EXPECT_EQ(combo_.FindStringExact(3, L"EN"), 1);
     EXPECT_EQ(combo_.FindStringExact(0, L"GB"), 0);
@@ -84,21 +84,21 @@ TEST_F(ComboBoxTest, TheSearchStartsBehindAnEntryAndGoesOnFromTheStart) {
 }
 
 TEST_F(ComboBoxTest, NothingIsFoundInAnEmptyList) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     combo_.ResetContent();
     EXPECT_EQ(combo_.FindStringExact(-1, L""), CB_ERR);
   });
 }
 
 TEST_F(ComboBoxTest, NothingIsSelectedAtFirst) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     EXPECT_EQ(combo_.GetCurSel(), CB_ERR);
     EXPECT_TRUE(combo_.GetWindowText().IsEmpty());
   });
 }
 
 TEST_F(ComboBoxTest, TheTextIsThatOfTheSelectedEntry) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     EXPECT_EQ(combo_.SetCurSel(2), 2);
     EXPECT_EQ(user.SelectedChoice(code_list), 2);
     EXPECT_TRUE(combo_.GetWindowText() == L"gb");
@@ -109,7 +109,7 @@ TEST_F(ComboBoxTest, TheTextIsThatOfTheSelectedEntry) {
 }
 
 TEST_F(ComboBoxTest, SelectingNoEntryOrAMissingOneSelectsNothing) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     for (const int index : {-1, 4, 1000}) {
       combo_.SetCurSel(0);
       EXPECT_EQ(combo_.SetCurSel(index), CB_ERR) << index;
@@ -119,7 +119,7 @@ TEST_F(ComboBoxTest, SelectingNoEntryOrAMissingOneSelectsNothing) {
 }
 
 TEST_F(ComboBoxTest, ItsTextCannotBeWritten) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     combo_.SetCurSel(0);
     combo_.SetWindowText(L"other");
     EXPECT_TRUE(combo_.GetWindowText() == L"GB");
@@ -127,7 +127,7 @@ TEST_F(ComboBoxTest, ItsTextCannotBeWritten) {
 }
 
 TEST_F(ComboBoxTest, TheDialogSeesItsTextToo) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     combo_.SetCurSel(2);
     EXPECT_TRUE(dialog_.GetDlgItemText(code_list) == L"gb");
   });

@@ -6,7 +6,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 
 class DialogControlsTest : public dialog_test::SampleTest {
@@ -15,7 +15,7 @@ class DialogControlsTest : public dialog_test::SampleTest {
 };
 
 TEST_F(DialogControlsTest, AControlIsHandedOutByItsIdentifier) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     CWnd* const edit = dialog_.GetDlgItem(name_edit);
     ASSERT_NE(edit, nullptr);
     EXPECT_EQ(edit->GetDlgCtrlID(), name_edit);
@@ -25,21 +25,21 @@ TEST_F(DialogControlsTest, AControlIsHandedOutByItsIdentifier) {
 }
 
 TEST_F(DialogControlsTest, AControlIsTheSameObjectEachTime) {
-  Run(dialog_, [this](HeadlessDialog&) {
+  Run(dialog_, [this](DialogUser&) {
     EXPECT_EQ(dialog_.GetDlgItem(name_edit), dialog_.GetDlgItem(name_edit));
     EXPECT_NE(dialog_.GetDlgItem(name_edit), dialog_.GetDlgItem(name_label));
   });
 }
 
 TEST_F(DialogControlsTest, AControlThatIsMissingIsNull) {
-  Run(dialog_, [this](HeadlessDialog&) {
+  Run(dialog_, [this](DialogUser&) {
     EXPECT_EQ(dialog_.GetDlgItem(unknown_id), nullptr);
     EXPECT_EQ(dialog_.GetDlgItem(kNoControlId), nullptr);
   });
 }
 
 TEST_F(DialogControlsTest, TextsAreReadAndWritten) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_TRUE(dialog_.GetDlgItemText(name_edit) == L"Rafter");
     dialog_.SetDlgItemText(name_label, L"Grade");
     EXPECT_TRUE(user.Text(name_label) == L"Grade");
@@ -47,7 +47,7 @@ TEST_F(DialogControlsTest, TextsAreReadAndWritten) {
 }
 
 TEST_F(DialogControlsTest, ChecksAreReadAndWritten) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_EQ(dialog_.IsDlgButtonChecked(rib_check), static_cast<UINT>(BST_UNCHECKED));
     dialog_.CheckDlgButton(rib_check, BST_CHECKED);
     EXPECT_TRUE(user.IsChecked(rib_check));
@@ -58,7 +58,7 @@ TEST_F(DialogControlsTest, ChecksAreReadAndWritten) {
 }
 
 TEST_F(DialogControlsTest, CheckingARadioButtonLeavesItsGroup) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     dialog_.CheckDlgButton(class_one, BST_CHECKED);
     dialog_.CheckDlgButton(class_two, BST_CHECKED);
     EXPECT_TRUE(user.IsChecked(class_one));
@@ -67,7 +67,7 @@ TEST_F(DialogControlsTest, CheckingARadioButtonLeavesItsGroup) {
 }
 
 TEST_F(DialogControlsTest, TheUtilityChecksAndReadsChecks) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     CDlgUtilEx::CtrlCheck(&dialog_, rib_check, 5);
     EXPECT_TRUE(user.IsChecked(rib_check));
     EXPECT_EQ(CDlgUtilEx::CtrlIsCheck(&dialog_, rib_check), TRUE);
@@ -78,7 +78,7 @@ TEST_F(DialogControlsTest, TheUtilityChecksAndReadsChecks) {
 }
 
 TEST_F(DialogControlsTest, WhatTheDialogLacksGivesNothing) {
-  Run(dialog_, [this](HeadlessDialog&) {
+  Run(dialog_, [this](DialogUser&) {
     dialog_.SetDlgItemText(unknown_id, L"text");
     dialog_.CheckDlgButton(unknown_id, BST_CHECKED);
     EXPECT_TRUE(dialog_.GetDlgItemText(unknown_id).IsEmpty());
@@ -89,7 +89,7 @@ TEST_F(DialogControlsTest, WhatTheDialogLacksGivesNothing) {
 
 TEST_F(DialogControlsTest, MembersAreDetachedWhenTheDialogHasClosed) {
   CWnd* edit = nullptr;
-  Run(dialog_, [&](HeadlessDialog&) {
+  Run(dialog_, [&](DialogUser&) {
     edit = &dialog_.name;
     EXPECT_EQ(dialog_.code.AddString(L"GB"), 0);
   });
@@ -102,10 +102,10 @@ TEST_F(DialogControlsTest, MembersAreDetachedWhenTheDialogHasClosed) {
 
 // Another dialog stands in between, where the first opening had its window.
 TEST_F(DialogControlsTest, EachOpeningHandsOutItsOwnControls) {
-  Run(dialog_, [this](HeadlessDialog&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
+  Run(dialog_, [this](DialogUser&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
   SampleDialog other;
-  Run(other, [this](HeadlessDialog&) {
-    Run(dialog_, [this](HeadlessDialog& user) {
+  Run(other, [this](DialogUser&) {
+    Run(dialog_, [this](DialogUser& user) {
       dialog_.GetDlgItem(name_edit)->SetWindowText(L"second");
       EXPECT_TRUE(user.Text(name_edit) == L"second");
     });
@@ -113,7 +113,7 @@ TEST_F(DialogControlsTest, EachOpeningHandsOutItsOwnControls) {
 }
 
 TEST_F(DialogControlsTest, AClosedDialogHandsOutNoControl) {
-  Run(dialog_, [this](HeadlessDialog&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
+  Run(dialog_, [this](DialogUser&) { ASSERT_NE(dialog_.GetDlgItem(name_edit), nullptr); });
   EXPECT_EQ(dialog_.GetDlgItem(name_edit), nullptr);
   EXPECT_TRUE(dialog_.GetDlgItemText(name_edit).IsEmpty());
 }

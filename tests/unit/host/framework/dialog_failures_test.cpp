@@ -11,7 +11,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -52,8 +52,8 @@ END_MESSAGE_MAP()
 class DialogFailuresTest : public dialog_test::SampleTest {
  protected:
   /// Expects that what a user does shows one message box and leaves the dialog open.
-  void ExpectMessage(const std::function<void(HeadlessDialog&)>& action) {
-    Run(dialog_, [&](HeadlessDialog& user) {
+  void ExpectMessage(const std::function<void(DialogUser&)>& action) {
+    Run(dialog_, [&](DialogUser& user) {
       dialog_.code.AddString(L"GB");
       action(user);
       EXPECT_TRUE(user.is_open());
@@ -65,7 +65,7 @@ class DialogFailuresTest : public dialog_test::SampleTest {
   /// Text of the message of a handler's exception.
   std::wstring MessageOf(const std::string& failure) {
     dialog_.failure = failure;
-    Run(dialog_, [](HeadlessDialog& user) { user.click(apply_button); });
+    Run(dialog_, [](DialogUser& user) { user.click(apply_button); });
     return host_.log.messages.at(0).text;
   }
 
@@ -73,42 +73,42 @@ class DialogFailuresTest : public dialog_test::SampleTest {
 };
 
 TEST_F(DialogFailuresTest, OfAClickIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.click(apply_button); });
+  ExpectMessage([](DialogUser& user) { user.click(apply_button); });
 }
 
 TEST_F(DialogFailuresTest, OfAChoiceIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.choose(code_list, 0); });
+  ExpectMessage([](DialogUser& user) { user.choose(code_list, 0); });
 }
 
 TEST_F(DialogFailuresTest, OfASelectionIsTold) {
-  ExpectMessage([this](HeadlessDialog& user) {
+  ExpectMessage([this](DialogUser& user) {
     dialog_.materials.InsertItem(0, L"row");
     user.SelectRow(material_list, 0);
   });
 }
 
 TEST_F(DialogFailuresTest, OfAClickBesideTheRowsIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.click_row(material_list, -1); });
+  ExpectMessage([](DialogUser& user) { user.click_row(material_list, -1); });
 }
 
 TEST_F(DialogFailuresTest, OfOkIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.click(ok_button); });
+  ExpectMessage([](DialogUser& user) { user.click(ok_button); });
 }
 
 TEST_F(DialogFailuresTest, OfEnterIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.press_enter(); });
+  ExpectMessage([](DialogUser& user) { user.press_enter(); });
 }
 
 TEST_F(DialogFailuresTest, OfCancelIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.click(cancel_button); });
+  ExpectMessage([](DialogUser& user) { user.click(cancel_button); });
 }
 
 TEST_F(DialogFailuresTest, OfEscapeIsTold) {
-  ExpectMessage([](HeadlessDialog& user) { user.press_escape(); });
+  ExpectMessage([](DialogUser& user) { user.press_escape(); });
 }
 
 TEST_F(DialogFailuresTest, AfterAFailureTheDialogGoesOn) {
-  const int result = Run(dialog_, [](HeadlessDialog& user) {
+  const int result = Run(dialog_, [](DialogUser& user) {
     user.click(apply_button);
     user.click(cancel_button);
     user.click(cancel_button);
@@ -118,7 +118,7 @@ TEST_F(DialogFailuresTest, AfterAFailureTheDialogGoesOn) {
 
 TEST_F(DialogFailuresTest, OfTheStartIsToldAndTheDialogDoesNotOpen) {
   dialog_.whenStarting = [] { throw std::runtime_error("no start"); };
-  toolkit_.script([](HeadlessDialog&) { FAIL() << "the dialog was run"; });
+  toolkit_.script([](DialogUser&) { FAIL() << "the dialog was run"; });
   EXPECT_EQ(dialog_.DoModal(), -1);
   ASSERT_THAT(host_.log.messages, SizeIs(1));
   EXPECT_EQ(host_.log.messages[0].text, L"no start");
@@ -141,7 +141,7 @@ TEST_F(DialogFailuresTest, AfterAFailedStartTheDialogOpensAgain) {
   dialog_.whenStarting = [] { throw std::runtime_error("no start"); };
   dialog_.DoModal();
   dialog_.whenStarting = nullptr;
-  const int result = Run(dialog_, [](HeadlessDialog& user) {
+  const int result = Run(dialog_, [](DialogUser& user) {
     user.click(cancel_button);
     user.click(cancel_button);
   });
@@ -158,7 +158,7 @@ TEST_F(DialogFailuresTest, AMessageThatIsNoUtf8IsShownAllTheSame) {
 
 TEST_F(DialogFailuresTest, WithoutAFailureNothingIsTold) {
   SampleDialog dialog;
-  Run(dialog, [](HeadlessDialog& user) { user.click(apply_button); });
+  Run(dialog, [](DialogUser& user) { user.click(apply_button); });
   EXPECT_THAT(host_.log.messages, IsEmpty());
 }
 

@@ -7,7 +7,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 using testing::ElementsAre;
 
@@ -17,30 +17,30 @@ class DialogRunTest : public dialog_test::SampleTest {
 };
 
 TEST_F(DialogRunTest, OkClosesWithOne) {
-  EXPECT_EQ(Run(dialog_, [](HeadlessDialog& user) { user.click(ok_button); }), 1);
+  EXPECT_EQ(Run(dialog_, [](DialogUser& user) { user.click(ok_button); }), 1);
 }
 
 TEST_F(DialogRunTest, CancelClosesWithTwo) {
-  EXPECT_EQ(Run(dialog_, [](HeadlessDialog& user) { user.click(cancel_button); }), 2);
+  EXPECT_EQ(Run(dialog_, [](DialogUser& user) { user.click(cancel_button); }), 2);
 }
 
 TEST_F(DialogRunTest, EnterIsOk) {
-  EXPECT_EQ(Run(dialog_, [](HeadlessDialog& user) { user.press_enter(); }), CDialog::kOk);
+  EXPECT_EQ(Run(dialog_, [](DialogUser& user) { user.press_enter(); }), CDialog::kOk);
 }
 
 TEST_F(DialogRunTest, EscapeIsCancel) {
-  EXPECT_EQ(Run(dialog_, [](HeadlessDialog& user) { user.press_escape(); }), CDialog::kCancel);
+  EXPECT_EQ(Run(dialog_, [](DialogUser& user) { user.press_escape(); }), CDialog::kCancel);
 }
 
 TEST_F(DialogRunTest, AButtonWithoutHandlerDoesNothing) {
-  Run(dialog_, [](HeadlessDialog& user) {
+  Run(dialog_, [](DialogUser& user) {
     user.click(apply_button);
     EXPECT_TRUE(user.is_open());
   });
 }
 
 TEST_F(DialogRunTest, ADialogEndsWithWhatItIsGiven) {
-  const auto end = [this](HeadlessDialog& user) {
+  const auto end = [this](DialogUser& user) {
     dialog_.EndDialog(77);
     EXPECT_FALSE(user.is_open());
   };
@@ -53,7 +53,7 @@ TEST_F(DialogRunTest, ADialogThatEndsWhileItStartsIsNotRun) {
 }
 
 TEST_F(DialogRunTest, MembersGoToTheControlsWhenItOpensAndComeBackWithOk) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_THAT(dialog_.exchanges, ElementsAre(FALSE));
     user.click(ok_button);
   });
@@ -61,12 +61,12 @@ TEST_F(DialogRunTest, MembersGoToTheControlsWhenItOpensAndComeBackWithOk) {
 }
 
 TEST_F(DialogRunTest, CancelExchangesNothing) {
-  Run(dialog_, [](HeadlessDialog& user) { user.click(cancel_button); });
+  Run(dialog_, [](DialogUser& user) { user.click(cancel_button); });
   EXPECT_THAT(dialog_.exchanges, ElementsAre(FALSE));
 }
 
 TEST_F(DialogRunTest, DataIsExchangedOnRequest) {
-  Run(dialog_, [this](HeadlessDialog&) {
+  Run(dialog_, [this](DialogUser&) {
     EXPECT_EQ(dialog_.UpdateData(), TRUE);
     EXPECT_EQ(dialog_.UpdateData(FALSE), TRUE);
     EXPECT_THAT(dialog_.exchanges, ElementsAre(FALSE, TRUE, FALSE));
@@ -74,7 +74,7 @@ TEST_F(DialogRunTest, DataIsExchangedOnRequest) {
 }
 
 TEST_F(DialogRunTest, AnExchangeLeavesTheControls) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     user.type(name_edit, L"typed");
     dialog_.UpdateData(TRUE);
     dialog_.UpdateData(FALSE);
@@ -84,7 +84,7 @@ TEST_F(DialogRunTest, AnExchangeLeavesTheControls) {
 
 TEST_F(DialogRunTest, ADialogOpensAsOftenAsOneLikesAndAnewEachTime) {
   for (int i = 0; i < 3; ++i) {
-    const int result = Run(dialog_, [this](HeadlessDialog& user) {
+    const int result = Run(dialog_, [this](DialogUser& user) {
       EXPECT_TRUE(dialog_.name.GetWindowText() == L"Rafter");
       EXPECT_EQ(dialog_.code.GetCount(), 0);
       dialog_.code.AddString(L"GB");
@@ -98,8 +98,8 @@ TEST_F(DialogRunTest, ADialogOpensAsOftenAsOneLikesAndAnewEachTime) {
 TEST_F(DialogRunTest, ADialogOpensOverAnother) {
   SampleDialog inner(&dialog_);
   int innerResult = 0;
-  const int result = Run(dialog_, [&](HeadlessDialog& user) {
-    innerResult = Run(inner, [&](HeadlessDialog& innerUser) {
+  const int result = Run(dialog_, [&](DialogUser& user) {
+    innerResult = Run(inner, [&](DialogUser& innerUser) {
       inner.name.SetWindowText(L"inner");
       EXPECT_TRUE(innerUser.Text(name_edit) == L"inner");
       innerUser.click(ok_button);
@@ -114,7 +114,7 @@ TEST_F(DialogRunTest, ADialogOpensOverAnother) {
 }
 
 TEST_F(DialogRunTest, ADialogDoesNotOpenOverItself) {
-  const int result = Run(dialog_, [this](HeadlessDialog& user) {
+  const int result = Run(dialog_, [this](DialogUser& user) {
     EXPECT_EQ(dialog_.DoModal(), CDialog::kFailed);
     EXPECT_TRUE(dialog_.name.GetWindowText() == L"Rafter");
     user.click(ok_button);

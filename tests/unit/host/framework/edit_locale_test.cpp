@@ -14,7 +14,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 
 /// Digits in groups of three with dots, and a decimal comma.
@@ -49,7 +49,7 @@ class EditLocaleTest : public dialog_test::SampleTest {
 };
 
 TEST_F(EditLocaleTest, ANumberIsShownWithAPoint) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     CDlgUtilEx::SetWindowVal(&dialog_, name_edit, 12345.75);
     EXPECT_TRUE(user.Text(name_edit) == L"12345.75");
     CDlgUtilEx::SetWindowVal(&dialog_, name_edit, 1234.5, 2);
@@ -58,7 +58,7 @@ TEST_F(EditLocaleTest, ANumberIsShownWithAPoint) {
 }
 
 TEST_F(EditLocaleTest, ANumberIsReadWithAPointOnly) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     user.type(name_edit, L"12345.75");
     EXPECT_EQ(CDlgUtilEx::GetWindowVal(&dialog_, name_edit), 12345.75);
     user.type(name_edit, L"1,5");

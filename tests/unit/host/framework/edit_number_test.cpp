@@ -14,13 +14,13 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 
 class EditNumberTest : public dialog_test::SampleTest {
  protected:
   void Open(const std::function<void()>& script) {
-    Run(dialog_, [&](HeadlessDialog&) { script(); });
+    Run(dialog_, [&](DialogUser&) { script(); });
   }
   std::wstring TextOf(double value, int decimals = -1) {
     CDlgUtilEx::SetWindowVal(&dialog_, name_edit, value, decimals);

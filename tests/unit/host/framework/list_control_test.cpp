@@ -7,14 +7,14 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 
 /// The list has the columns "ID" and "Name" and the rows 1 "one", 2 "two", 3 "three".
 class ListControlTest : public dialog_test::SampleTest {
  protected:
-  void Open(std::function<void(HeadlessDialog&)> script) {
-    Run(dialog_, [&](HeadlessDialog& user) {
+  void Open(std::function<void(DialogUser&)> script) {
+    Run(dialog_, [&](DialogUser& user) {
       list_.InsertColumn(0, L"ID", LVCFMT_CENTER, 75);
       list_.InsertColumn(1, L"Name", LVCFMT_LEFT, 68);
       for (const wchar_t* name : {L"one", L"two", L"three"}) {
@@ -31,7 +31,7 @@ class ListControlTest : public dialog_test::SampleTest {
 };
 
 TEST_F(ListControlTest, ColumnsHaveHeaderWidthAndPlaceOfTheirTexts) {
-  Open([](HeadlessDialog& user) {
+  Open([](DialogUser& user) {
     ASSERT_EQ(user.ColumnCount(material_list), 2);
     EXPECT_TRUE(user.ColumnHeader(material_list, 0) == L"ID");
     EXPECT_TRUE(user.ColumnHeader(material_list, 1) == L"Name");
@@ -43,7 +43,7 @@ TEST_F(ListControlTest, ColumnsHaveHeaderWidthAndPlaceOfTheirTexts) {
 }
 
 TEST_F(ListControlTest, AColumnIsAppendedOnly) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     EXPECT_EQ(list_.InsertColumn(0, L"early"), -1);
     EXPECT_EQ(list_.InsertColumn(3, L"late"), -1);
     EXPECT_EQ(list_.InsertColumn(-1, L"none"), -1);
@@ -53,7 +53,7 @@ TEST_F(ListControlTest, AColumnIsAppendedOnly) {
 }
 
 TEST_F(ListControlTest, CellsAreReadAsTheyWereWritten) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     EXPECT_EQ(list_.GetItemCount(), 3);
     EXPECT_TRUE(list_.GetItemText(1, 0) == L"2");
     EXPECT_TRUE(list_.GetItemText(1, 1) == L"two");
@@ -64,7 +64,7 @@ TEST_F(ListControlTest, CellsAreReadAsTheyWereWritten) {
 }
 
 TEST_F(ListControlTest, ARowGoesInBeforeAnother) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     EXPECT_EQ(list_.InsertItem(1, L"new"), 1);
     EXPECT_TRUE(list_.GetItemText(1, 0) == L"new");
     EXPECT_TRUE(list_.GetItemText(1, 1).IsEmpty());
@@ -73,11 +73,11 @@ TEST_F(ListControlTest, ARowGoesInBeforeAnother) {
 }
 
 TEST_F(ListControlTest, ARowBehindTheLastIsAppended) {
-  Open([this](HeadlessDialog&) { EXPECT_EQ(list_.InsertItem(99, L"new"), 3); });
+  Open([this](DialogUser&) { EXPECT_EQ(list_.InsertItem(99, L"new"), 3); });
 }
 
 TEST_F(ListControlTest, ACellOutsideTheListIsNeitherWrittenNorRead) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     constexpr int kOutside[][2] = {{-1, 0}, {3, 0}, {0, -1}, {0, 2}};
     for (const auto& [row, column] : kOutside) {
       EXPECT_EQ(list_.SetItemText(row, column, L"x"), FALSE) << row << ", " << column;
@@ -87,11 +87,11 @@ TEST_F(ListControlTest, ACellOutsideTheListIsNeitherWrittenNorRead) {
 }
 
 TEST_F(ListControlTest, WithoutASelectionThereIsNoSelectedRow) {
-  Open([this](HeadlessDialog&) { EXPECT_EQ(list_.GetNextItem(-1, LVNI_SELECTED), -1); });
+  Open([this](DialogUser&) { EXPECT_EQ(list_.GetNextItem(-1, LVNI_SELECTED), -1); });
 }
 
 TEST_F(ListControlTest, TheSelectedRowIsFoundBehindTheRowsBeforeIt) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     user.click_row(material_list, 1);
     EXPECT_EQ(list_.GetNextItem(-1, LVNI_SELECTED), 1);
     EXPECT_EQ(list_.GetNextItem(0, LVNI_SELECTED), 1);
@@ -100,14 +100,14 @@ TEST_F(ListControlTest, TheSelectedRowIsFoundBehindTheRowsBeforeIt) {
 }
 
 TEST_F(ListControlTest, RowsAreFoundByTheirSelectionOnly) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     user.click_row(material_list, 1);
     EXPECT_EQ(list_.GetNextItem(-1, 0), -1);
   });
 }
 
 TEST_F(ListControlTest, TheStyleIsFullRowSelectionOnly) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     EXPECT_EQ(list_.GetExtendedStyle(), 0U);
     EXPECT_EQ(list_.SetExtendedStyle(LVS_EX_FULLROWSELECT | 1U), 0U);
     EXPECT_TRUE(user.IsFullRowSelect(material_list));

@@ -9,7 +9,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -87,8 +87,8 @@ class MessageMapTest : public dialog_test::SampleTest {
  protected:
   /// Opens a dialog whose lists have two entries and two rows.
   template <class DIALOG>
-  void Open(DIALOG& dialog, std::function<void(HeadlessDialog&)> script) {
-    Run(dialog, [&](HeadlessDialog& user) {
+  void Open(DIALOG& dialog, std::function<void(DialogUser&)> script) {
+    Run(dialog, [&](DialogUser& user) {
       dialog.materials.InsertColumn(0, L"ID");
       for (const wchar_t* text : {L"a", L"b"}) {
         dialog.code.AddString(text);
@@ -103,17 +103,17 @@ class MessageMapTest : public dialog_test::SampleTest {
 };
 
 TEST_F(MessageMapTest, AClickRunsItsHandler) {
-  Open(base_, [](HeadlessDialog& user) { user.click(rib_check); });
+  Open(base_, [](DialogUser& user) { user.click(rib_check); });
   EXPECT_THAT(base_.notes, ElementsAre("base rib"));
 }
 
 TEST_F(MessageMapTest, AChoiceRunsItsHandler) {
-  Open(base_, [](HeadlessDialog& user) { user.choose(code_list, 1); });
+  Open(base_, [](DialogUser& user) { user.choose(code_list, 1); });
   EXPECT_THAT(base_.notes, ElementsAre("base code"));
 }
 
 TEST_F(MessageMapTest, ASelectionIsNotifiedWithItsRow) {
-  Open(base_, [](HeadlessDialog& user) { user.SelectRow(material_list, 1); });
+  Open(base_, [](DialogUser& user) { user.SelectRow(material_list, 1); });
   EXPECT_THAT(base_.notes, ElementsAre("base row"));
   EXPECT_EQ(base_.lastRow, 1);
   EXPECT_EQ(base_.lastHead.idFrom, static_cast<UINT>(material_list));
@@ -121,25 +121,25 @@ TEST_F(MessageMapTest, ASelectionIsNotifiedWithItsRow) {
 }
 
 TEST_F(MessageMapTest, AClickOnARowSelectsItFirst) {
-  Open(base_, [](HeadlessDialog& user) { user.click_row(material_list, 1); });
+  Open(base_, [](DialogUser& user) { user.click_row(material_list, 1); });
   EXPECT_THAT(base_.notes, ElementsAre("base row", "base row click"));
   EXPECT_EQ(base_.lastRow, 1);
   EXPECT_EQ(base_.lastHead.code, NM_CLICK);
 }
 
 TEST_F(MessageMapTest, AClickBesideTheRowsHasNoRow) {
-  Open(base_, [](HeadlessDialog& user) { user.click_row(material_list, -1); });
+  Open(base_, [](DialogUser& user) { user.click_row(material_list, -1); });
   EXPECT_THAT(base_.notes, ElementsAre("base row click"));
   EXPECT_EQ(base_.lastRow, -1);
 }
 
 TEST_F(MessageMapTest, TheClassComesBeforeItsBaseAndTheFirstEntryBeforeTheSecond) {
-  Open(derived_, [](HeadlessDialog& user) { user.click(rib_check); });
+  Open(derived_, [](DialogUser& user) { user.click(rib_check); });
   EXPECT_THAT(derived_.notes, ElementsAre("own rib"));
 }
 
 TEST_F(MessageMapTest, WhatTheClassLacksTheBaseHandles) {
-  Open(derived_, [](HeadlessDialog& user) {
+  Open(derived_, [](DialogUser& user) {
     user.choose(code_list, 0);
     user.SelectRow(material_list, 0);
   });
@@ -147,7 +147,7 @@ TEST_F(MessageMapTest, WhatTheClassLacksTheBaseHandles) {
 }
 
 TEST_F(MessageMapTest, WhatNobodyHandlesDoesNothing) {
-  Open(derived_, [](HeadlessDialog& user) {
+  Open(derived_, [](DialogUser& user) {
     user.click(apply_button);
     user.click(class_one);
     EXPECT_TRUE(user.is_open());
@@ -156,7 +156,7 @@ TEST_F(MessageMapTest, WhatNobodyHandlesDoesNothing) {
 }
 
 TEST_F(MessageMapTest, AProgramsOwnChangesRunNoHandler) {
-  Open(base_, [this](HeadlessDialog&) {
+  Open(base_, [this](DialogUser&) {
     base_.rib.SetCheck(BST_CHECKED);
     base_.code.SetCurSel(1);
     base_.SetDlgItemText(name_edit, L"text");
@@ -166,7 +166,7 @@ TEST_F(MessageMapTest, AProgramsOwnChangesRunNoHandler) {
 
 TEST_F(MessageMapTest, HandlersOfOkAndCancelTakeThePlaceOfClosing) {
   ClosingDialog dialog;
-  Run(dialog, [](HeadlessDialog& user) {
+  Run(dialog, [](DialogUser& user) {
     user.click(ok_button);
     user.press_enter();
     user.click(cancel_button);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-#include "aluframe/toolkit/headless/headless_toolkit.h"
+#include "dialog_user.h"
 #include "host/framework/dialog.h"
 #include "host/framework/list_control.h"
 #include "tests/support/dialog_host.h"
@@ -13,7 +13,7 @@
 
 namespace dialog_test {
 
-using aluframe::toolkit::HeadlessDialog;
+using test_support::DialogUser;
 
 /// A dialog on the sample template whose members stand for its controls. It notes its data
 /// exchanges.
@@ -51,13 +51,13 @@ class SampleTest : public testing::Test {
  protected:
   SampleTest() { host_.toolkit = &toolkit_; }
   /// Opens a dialog and works it with a script. @return what DoModal gives
-  int Run(CDialog& dialog, std::function<void(HeadlessDialog&)> script) {
+  int Run(CDialog& dialog, std::function<void(DialogUser&)> script) {
     toolkit_.script(std::move(script));
     return dialog.DoModal();
   }
 
   test_support::SampleModule module_;
-  aluframe::toolkit::HeadlessToolkit toolkit_;
+  test_support::UserToolkit toolkit_;
   test_support::DialogHost host_;
 };
 

@@ -8,7 +8,7 @@
 namespace {
 
 using namespace test_support;
-using dialog_test::HeadlessDialog;
+using dialog_test::DialogUser;
 using dialog_test::SampleDialog;
 
 class WindowTest : public dialog_test::SampleTest {
@@ -17,11 +17,11 @@ class WindowTest : public dialog_test::SampleTest {
 };
 
 TEST_F(WindowTest, AControlKnowsItsIdentifier) {
-  Run(dialog_, [this](HeadlessDialog&) { EXPECT_EQ(dialog_.name.GetDlgCtrlID(), name_edit); });
+  Run(dialog_, [this](DialogUser&) { EXPECT_EQ(dialog_.name.GetDlgCtrlID(), name_edit); });
 }
 
 TEST_F(WindowTest, TextGoesToTheControl) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     dialog_.name.SetWindowText(L"Purlin");
     EXPECT_TRUE(user.Text(name_edit) == L"Purlin");
     EXPECT_TRUE(user.Text(name_label) == L"Name");
@@ -29,7 +29,7 @@ TEST_F(WindowTest, TextGoesToTheControl) {
 }
 
 TEST_F(WindowTest, TextComesFromTheControlInBothWays) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     user.type(name_edit, L"Column");
     EXPECT_TRUE(dialog_.name.GetWindowText() == L"Column");
     CString text;
@@ -39,7 +39,7 @@ TEST_F(WindowTest, TextComesFromTheControlInBothWays) {
 }
 
 TEST_F(WindowTest, EnablingTellsWhetherItWasDisabled) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_EQ(dialog_.name.EnableWindow(FALSE), FALSE);
     EXPECT_FALSE(user.IsEnabled(name_edit));
     EXPECT_EQ(dialog_.name.IsWindowEnabled(), FALSE);
@@ -50,7 +50,7 @@ TEST_F(WindowTest, EnablingTellsWhetherItWasDisabled) {
 }
 
 TEST_F(WindowTest, ShowingTellsWhetherItWasShown) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_EQ(dialog_.name.ShowWindow(SW_HIDE), TRUE);
     EXPECT_FALSE(user.IsShown(name_edit));
     EXPECT_EQ(dialog_.name.IsWindowVisible(), FALSE);
@@ -61,14 +61,14 @@ TEST_F(WindowTest, ShowingTellsWhetherItWasShown) {
 }
 
 TEST_F(WindowTest, AHiddenControlStaysEnabled) {
-  Run(dialog_, [this](HeadlessDialog&) {
+  Run(dialog_, [this](DialogUser&) {
     dialog_.name.ShowWindow(SW_HIDE);
     EXPECT_EQ(dialog_.name.IsWindowEnabled(), TRUE);
   });
 }
 
 TEST_F(WindowTest, AButtonsCheckIsTheControls) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     EXPECT_EQ(dialog_.rib.GetCheck(), BST_UNCHECKED);
     dialog_.rib.SetCheck(BST_CHECKED);
     EXPECT_TRUE(user.IsChecked(rib_check));
@@ -82,7 +82,7 @@ TEST_F(WindowTest, AButtonsCheckIsTheControls) {
 }
 
 TEST_F(WindowTest, AnObjectCanBeDetached) {
-  Run(dialog_, [this](HeadlessDialog& user) {
+  Run(dialog_, [this](DialogUser& user) {
     dialog_.name.Attach(nullptr, 0);
     dialog_.name.SetWindowText(L"lost");
     EXPECT_TRUE(user.Text(name_edit) == L"Rafter");
@@ -91,7 +91,7 @@ TEST_F(WindowTest, AnObjectCanBeDetached) {
 }
 
 TEST_F(WindowTest, AnObjectForAMissingControlGivesNothing) {
-  Run(dialog_, [](HeadlessDialog& user) {
+  Run(dialog_, [](DialogUser& user) {
     CEdit edit;
     edit.Attach(&user, unknown_id);
     edit.SetWindowText(L"text");
@@ -102,7 +102,7 @@ TEST_F(WindowTest, AnObjectForAMissingControlGivesNothing) {
 }
 
 TEST_F(WindowTest, AUnitLabelShowsTheHostsTextOfItsType) {
-  Run(dialog_, [](HeadlessDialog& user) {
+  Run(dialog_, [](DialogUser& user) {
     CTextUnit unit;
     unit.Attach(&user, name_label);
     unit.SetUnitType(UNIT_TYPE_STRESS);

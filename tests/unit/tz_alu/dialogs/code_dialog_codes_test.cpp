@@ -4,7 +4,7 @@
 
 namespace {
 
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 using dialogs_test::TextOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -16,12 +16,12 @@ class CodeDialogCodesTest : public dialogs_test::CodeDialogTest {
     host_.model.settings = T_DALU_D();
     host_.model.settings->strCode = stored;
     int selected = -2;
-    Run([&](HeadlessDialog& user) { selected = user.SelectedChoice(IDC_COMB_ALU_CODE); });
+    Run([&](DialogUser& user) { selected = user.SelectedChoice(IDC_COMB_ALU_CODE); });
     return selected;
   }
   std::vector<std::wstring> Offered() {
     std::vector<std::wstring> offered;
-    Run([&](HeadlessDialog& user) { offered = user.choices(IDC_COMB_ALU_CODE); });
+    Run([&](DialogUser& user) { offered = user.choices(IDC_COMB_ALU_CODE); });
     return offered;
   }
 };
@@ -84,12 +84,12 @@ TEST_F(CodeDialogCodesTest, AnEmptyStoredCodeSelectsNothing) {
 
 TEST_F(CodeDialogCodesTest, ANewModelHasThePreferredCode) {
   host_.preferred_code = L"C";
-  Run([](HeadlessDialog& user) { EXPECT_EQ(TextOf(user, IDC_COMB_ALU_CODE), L"shown C"); });
+  Run([](DialogUser& user) { EXPECT_EQ(TextOf(user, IDC_COMB_ALU_CODE), L"shown C"); });
 }
 
 TEST_F(CodeDialogCodesTest, ANewModelWithoutPreferenceHasNoCode) {
   host_.preferred_code = L"";
-  Run([](HeadlessDialog& user) { EXPECT_EQ(user.SelectedChoice(IDC_COMB_ALU_CODE), -1); });
+  Run([](DialogUser& user) { EXPECT_EQ(user.SelectedChoice(IDC_COMB_ALU_CODE), -1); });
 }
 
 TEST_F(CodeDialogCodesTest, AModelWithSettingsPassesThePreferenceBy) {
@@ -101,7 +101,7 @@ TEST_F(CodeDialogCodesTest, AModelWithSettingsPassesThePreferenceBy) {
 TEST_F(CodeDialogCodesTest, OpeningASecondTimeOffersEachCodeOnce) {
   CDgnAluCodeDlg dialog;
   for (int i = 0; i < 2; ++i) {
-    toolkit_.script([](HeadlessDialog& user) {
+    toolkit_.script([](DialogUser& user) {
       EXPECT_THAT(user.choices(IDC_COMB_ALU_CODE), ElementsAre(L"shown A", L"shown B", L"shown C"));
     });
     dialog.DoModal();

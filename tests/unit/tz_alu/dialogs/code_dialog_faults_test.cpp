@@ -4,7 +4,7 @@
 
 namespace {
 
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -41,7 +41,7 @@ class CodeDialogOkFaultsTest : public CodeDialogFaultsTest {};
 
 TEST_P(CodeDialogOkFaultsTest, AFailingServiceKeepsTheDialogOpen) {
   host_.model.settings = OtherSettings();
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     host_.failing_service = GetParam();
     user.click(IDOK);
     EXPECT_TRUE(user.is_open());
@@ -51,7 +51,7 @@ TEST_P(CodeDialogOkFaultsTest, AFailingServiceKeepsTheDialogOpen) {
 
 TEST_P(CodeDialogOkFaultsTest, AfterTheFailureOkStores) {
   host_.model.settings = OtherSettings();
-  const int result = Run([this](HeadlessDialog& user) {
+  const int result = Run([this](DialogUser& user) {
     host_.failing_service = GetParam();
     user.click(IDOK);
     host_.failing_service.clear();

@@ -8,14 +8,14 @@
 #include <utility>
 #include <vector>
 
-#include "aluframe/toolkit/headless/headless_toolkit.h"
+#include "dialog_user.h"
 #include "tests/support/dialog_host.h"
 #include "tz_alu/dialogs/dgnalucodedlg.h"
 #include "tz_alu/dialogs/resource.h"
 
 namespace dialogs_test {
 
-using aluframe::toolkit::HeadlessDialog;
+using test_support::DialogUser;
 
 inline constexpr int kClassButtons[] = {IDC_STATIC_ALU_SAFECLASS1, IDC_STATIC_ALU_SAFECLASS2,
                                         IDC_STATIC_ALU_SAFECLASS3};
@@ -26,7 +26,7 @@ class CodeDialogTest : public testing::Test {
   CodeDialogTest() { host_.toolkit = &toolkit_; }
 
   /// Opens the dialog and works it with a script. @return what DoModal gives
-  int Run(std::function<void(HeadlessDialog&)> script) {
+  int Run(std::function<void(DialogUser&)> script) {
     toolkit_.script(std::move(script));
     return CDgnAluCodeDlg().DoModal();
   }
@@ -53,17 +53,17 @@ class CodeDialogTest : public testing::Test {
     return host_.stored_settings.at(0);
   }
 
-  aluframe::toolkit::HeadlessToolkit toolkit_;
+  test_support::UserToolkit toolkit_;
   test_support::DialogHost host_;
 };
 
-inline std::vector<bool> CheckedClasses(const HeadlessDialog& user) {
+inline std::vector<bool> CheckedClasses(const DialogUser& user) {
   std::vector<bool> checked;
   for (const int id : kClassButtons) checked.push_back(user.IsChecked(id));
   return checked;
 }
 
-inline std::wstring TextOf(const HeadlessDialog& user, int id) {
+inline std::wstring TextOf(const DialogUser& user, int id) {
   return user.Text(id).GetString();
 }
 

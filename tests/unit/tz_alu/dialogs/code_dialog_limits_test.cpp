@@ -4,7 +4,7 @@
 
 namespace {
 
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -29,7 +29,7 @@ class CodeDialogLimitsTest : public dialogs_test::CodeDialogTest,
   void PressOkWith(const wchar_t* text) {
     host_.model.settings = OtherSettings();
     host_.model.settings->bRib = 1;
-    Run([text](HeadlessDialog& user) {
+    Run([text](DialogUser& user) {
       user.type(GetParam().id, text);
       user.click(IDOK);
     });
@@ -69,7 +69,7 @@ TEST_P(CodeDialogLimitsTest, ADisabledNumberIsRefusedToo) {
   host_.model.settings = OtherSettings();
   host_.model.settings->bSeismic = 0;
   (*host_.model.settings).*GetParam().field = 0.0;
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     EXPECT_EQ(user.IsEnabled(GetParam().id), GetParam().id == IDC_EDIT_ALU_SECTSTENGTH);
     user.click(IDOK);
     EXPECT_TRUE(user.is_open());
@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(EachNumber, CodeDialogLimitsTest, testing::ValuesIn(kNu
 class CodeDialogMessageTest : public dialogs_test::CodeDialogTest {
  protected:
   test_support::ShownMessage MessageOfAZero() {
-    Run([](HeadlessDialog& user) {
+    Run([](DialogUser& user) {
       user.type(IDC_EDIT_ALU_SECTSTENGTH, L"0");
       user.click(IDOK);
     });
@@ -106,7 +106,7 @@ TEST_F(CodeDialogMessageTest, HasAnOkButtonOnly) {
 }
 
 TEST_F(CodeDialogMessageTest, IsShownOnceWhenEveryNumberIsWrong) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     user.click(IDC_CHECK_ALU_CONSIDE_SESI);
     for (const NUMBER_EDIT& edit : kNumberEdits) user.type(edit.id, L"0");
     user.click(IDOK);
@@ -115,7 +115,7 @@ TEST_F(CodeDialogMessageTest, IsShownOnceWhenEveryNumberIsWrong) {
 }
 
 TEST_F(CodeDialogMessageTest, LeavesTheDialogAsItWasEntered) {
-  const int result = Run([](HeadlessDialog& user) {
+  const int result = Run([](DialogUser& user) {
     user.click(IDC_STATIC_ALU_SAFECLASS1);
     user.type(IDC_EDIT_ALU_SECTSTENGTH, L"0");
     user.click(IDOK);

@@ -6,7 +6,7 @@
 
 namespace {
 
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 
 /// Opens what the dialog keeps to itself.
 class OPENED_CODE_DIALOG : public CDgnAluCodeDlg {
@@ -52,13 +52,13 @@ TEST_F(CodeDialogMapTest, TheMapGoesOnInTheBases) {
 
 TEST_F(CodeDialogMapTest, ItStartsWithOne) {
   OPENED_CODE_DIALOG dialog;
-  toolkit_.script([](HeadlessDialog&) {});
+  toolkit_.script([](DialogUser&) {});
   dialog.DoModal();
   EXPECT_EQ(dialog.startResult, 1);
 }
 
 TEST_F(CodeDialogMapTest, ItOpensOnItsTemplate) {
-  Run([](HeadlessDialog& user) { EXPECT_EQ(user.dialog().nId, 7963U); });
+  Run([](DialogUser& user) { EXPECT_EQ(user.dialog().nId, 7963U); });
 }
 
 TEST_F(CodeDialogMapTest, ItKnowsItsParent) {

@@ -4,18 +4,18 @@
 
 namespace {
 
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class CodeDialogOkTest : public dialogs_test::CodeDialogTest {};
 
-void PressOk(HeadlessDialog& user) {
+void PressOk(DialogUser& user) {
   user.click(IDOK);
 }
 
 TEST_F(CodeDialogOkTest, EveryControlGoesIntoItsField) {
-  const int result = Run([](HeadlessDialog& user) {
+  const int result = Run([](DialogUser& user) {
     user.choose(IDC_COMB_ALU_CODE, L"shown C");
     user.click(IDC_STATIC_ALU_SAFECLASS3);
     user.type(IDC_EDIT_ALU_SECRIB_RATIO, L"1.1");
@@ -78,7 +78,7 @@ TEST_F(CodeDialogOkTest, ReservedFieldsOfANewModelAreZero) {
 
 TEST_F(CodeDialogOkTest, ReservedFieldsAreReadWhenOkIsPressed) {
   host_.model.settings = OtherSettings();
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     host_.model.settings->aReservedInt = {9, 8, 7, 6, 5};
     user.click(IDOK);
   });
@@ -86,7 +86,7 @@ TEST_F(CodeDialogOkTest, ReservedFieldsAreReadWhenOkIsPressed) {
 }
 
 TEST_F(CodeDialogOkTest, AModelThatHasNoSettingsIsNotReadForThem) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     host_.calls.clear();
     user.click(IDOK);
   });
@@ -96,7 +96,7 @@ TEST_F(CodeDialogOkTest, AModelThatHasNoSettingsIsNotReadForThem) {
 TEST_F(CodeDialogOkTest, EachClassIsStoredByItsNumber) {
   for (int i = 0; i < 3; ++i) {
     host_.stored_settings.clear();
-    Run([i](HeadlessDialog& user) {
+    Run([i](DialogUser& user) {
       user.click(dialogs_test::kClassButtons[i]);
       user.click(IDOK);
     });
@@ -112,7 +112,7 @@ TEST_F(CodeDialogOkTest, WithoutACheckedClassTheStoredOneStays) {
 }
 
 TEST_F(CodeDialogOkTest, WithoutACheckedClassANewModelIsOfGradeTwo) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.SetCheck(IDC_STATIC_ALU_SAFECLASS2, false);
     user.click(IDOK);
   });
@@ -120,7 +120,7 @@ TEST_F(CodeDialogOkTest, WithoutACheckedClassANewModelIsOfGradeTwo) {
 }
 
 TEST_F(CodeDialogOkTest, TheLowestOfSeveralCheckedClassesIsStored) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.SetCheck(IDC_STATIC_ALU_SAFECLASS3, true);
     user.click(IDOK);
   });
@@ -142,13 +142,13 @@ TEST_F(CodeDialogOkTest, WithoutASelectedCodeTheCodeIsEmpty) {
 }
 
 TEST_F(CodeDialogOkTest, EnterIsOk) {
-  EXPECT_EQ(Run([](HeadlessDialog& user) { user.press_enter(); }), IDOK);
+  EXPECT_EQ(Run([](DialogUser& user) { user.press_enter(); }), IDOK);
   EXPECT_EQ(host_.stored_settings.size(), 1U);
 }
 
 TEST_F(CodeDialogOkTest, ARefusedRecordKeepsTheDialogOpenWithoutMessage) {
   host_.can_store = false;
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.click(IDOK);
     EXPECT_TRUE(user.is_open());
   });
@@ -158,7 +158,7 @@ TEST_F(CodeDialogOkTest, ARefusedRecordKeepsTheDialogOpenWithoutMessage) {
 
 TEST_F(CodeDialogOkTest, AfterARefusalOkCanBePressedAgain) {
   host_.can_store = false;
-  const int result = Run([this](HeadlessDialog& user) {
+  const int result = Run([this](DialogUser& user) {
     user.click(IDOK);
     host_.can_store = true;
     user.click(IDOK);
@@ -168,13 +168,13 @@ TEST_F(CodeDialogOkTest, AfterARefusalOkCanBePressedAgain) {
 }
 
 /// Changes a setting before the dialog is closed in some way.
-void ChangeSomething(HeadlessDialog& user) {
+void ChangeSomething(DialogUser& user) {
   user.click(IDC_CHECK_ALU_SECT_RIB);
   user.type(IDC_EDIT_ALU_SECTSTENGTH, L"0.5");
 }
 
 TEST_F(CodeDialogOkTest, CloseStoresNothing) {
-  const int result = Run([](HeadlessDialog& user) {
+  const int result = Run([](DialogUser& user) {
     ChangeSomething(user);
     user.click(IDCANCEL);
     EXPECT_FALSE(user.is_open());
@@ -185,7 +185,7 @@ TEST_F(CodeDialogOkTest, CloseStoresNothing) {
 
 // The window's own close button is Escape to the framework.
 TEST_F(CodeDialogOkTest, EscapeStoresNothing) {
-  const int result = Run([](HeadlessDialog& user) {
+  const int result = Run([](DialogUser& user) {
     ChangeSomething(user);
     user.press_escape();
     EXPECT_FALSE(user.is_open());
@@ -195,7 +195,7 @@ TEST_F(CodeDialogOkTest, EscapeStoresNothing) {
 }
 
 TEST_F(CodeDialogOkTest, CloseAcceptsValuesThatOkRefuses) {
-  const int result = Run([](HeadlessDialog& user) {
+  const int result = Run([](DialogUser& user) {
     user.type(IDC_EDIT_ALU_SECTSTENGTH, L"0");
     user.click(IDCANCEL);
   });
@@ -204,12 +204,12 @@ TEST_F(CodeDialogOkTest, CloseAcceptsValuesThatOkRefuses) {
 }
 
 TEST_F(CodeDialogOkTest, WhatIsStoredIsShownNextTime) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.choose(IDC_COMB_ALU_CODE, L"shown C");
     user.type(IDC_EDIT_ALU_SECTSTENGTH, L"0.9");
     user.click(IDOK);
   });
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_EQ(dialogs_test::TextOf(user, IDC_COMB_ALU_CODE), L"shown C");
     EXPECT_EQ(dialogs_test::TextOf(user, IDC_EDIT_ALU_SECTSTENGTH), L"0.9");
   });

@@ -5,7 +5,7 @@
 namespace {
 
 using dialogs_test::CheckedClasses;
-using dialogs_test::HeadlessDialog;
+using dialogs_test::DialogUser;
 using dialogs_test::TextOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -19,10 +19,10 @@ class CodeDialogStartTest : public dialogs_test::CodeDialogTest {
     host_.model.settings->bRib = rib;
     host_.model.settings->bSeismic = seismic;
     std::vector<int> disabled;
-    Run([&](HeadlessDialog& user) { disabled = Disabled(user); });
+    Run([&](DialogUser& user) { disabled = Disabled(user); });
     return disabled;
   }
-  static std::vector<int> Disabled(const HeadlessDialog& user) {
+  static std::vector<int> Disabled(const DialogUser& user) {
     std::vector<int> disabled;
     for (const CONTROL_TEMPLATE& control : user.dialog().controls) {
       if (control.nId != kNoControlId && !user.IsEnabled(control.nId)) {
@@ -35,7 +35,7 @@ class CodeDialogStartTest : public dialogs_test::CodeDialogTest {
 
 // Defaults of the record: rib stiffeners 1.2, grade two, 0.85, no earthquake, γRE 0.75 and 0.8.
 TEST_F(CodeDialogStartTest, ANewModelHasTheDefaults) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_TRUE(user.IsChecked(IDC_CHECK_ALU_SECT_RIB));
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_SECRIB_RATIO), L"1.2");
     EXPECT_THAT(CheckedClasses(user), ElementsAre(false, true, false));
@@ -48,7 +48,7 @@ TEST_F(CodeDialogStartTest, ANewModelHasTheDefaults) {
 
 TEST_F(CodeDialogStartTest, AModelWithSettingsShowsThem) {
   host_.model.settings = OtherSettings();
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_FALSE(user.IsChecked(IDC_CHECK_ALU_SECT_RIB));
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_SECRIB_RATIO), L"1.1");
     EXPECT_THAT(CheckedClasses(user), ElementsAre(false, false, true));
@@ -63,7 +63,7 @@ TEST_F(CodeDialogStartTest, EachSafetyClassChecksItsButtonAlone) {
   host_.model.settings = OtherSettings();
   for (int safety_class = 0; safety_class < 3; ++safety_class) {
     host_.model.settings->nSafetyClass = safety_class;
-    Run([safety_class](HeadlessDialog& user) {
+    Run([safety_class](DialogUser& user) {
       for (int i = 0; i < 3; ++i) EXPECT_EQ(CheckedClasses(user)[i], i == safety_class) << i;
     });
   }
@@ -73,7 +73,7 @@ TEST_F(CodeDialogStartTest, AClassThatNoButtonShowsChecksNone) {
   host_.model.settings = OtherSettings();
   for (const int safety_class : {-1, 3}) {
     host_.model.settings->nSafetyClass = safety_class;
-    Run([](HeadlessDialog& user) {
+    Run([](DialogUser& user) {
       EXPECT_THAT(CheckedClasses(user), ElementsAre(false, false, false));
     });
   }
@@ -85,7 +85,7 @@ TEST_F(CodeDialogStartTest, NumbersAreShownWithTheDigitsThatTheyNeed) {
   host_.model.settings->dRibRatio = 1.23456789012345;
   host_.model.settings->dGammaREStrength = 0.000001;
   host_.model.settings->dGammaREStability = 1e20;
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_SECTSTENGTH), L"1");
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_SECRIB_RATIO), L"1.23456789012345");
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_GAMARE_STRENGTH), L"1e-06");
@@ -111,7 +111,7 @@ TEST_F(CodeDialogStartTest, WithNeitherCheckAllOfThemAreDisabled) {
 }
 
 TEST_F(CodeDialogStartTest, EachClickOfTheSeismicCheckEnablesAnew) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.click(IDC_CHECK_ALU_CONSIDE_SESI);
     EXPECT_THAT(Disabled(user), IsEmpty());
     user.click(IDC_CHECK_ALU_CONSIDE_SESI);
@@ -121,7 +121,7 @@ TEST_F(CodeDialogStartTest, EachClickOfTheSeismicCheckEnablesAnew) {
 
 TEST_F(CodeDialogStartTest, EachClickOfTheRibCheckEnablesAnew) {
   host_.model.settings = OtherSettings();
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.click(IDC_CHECK_ALU_SECT_RIB);
     EXPECT_THAT(Disabled(user), IsEmpty());
     user.click(IDC_CHECK_ALU_SECT_RIB);
@@ -130,14 +130,14 @@ TEST_F(CodeDialogStartTest, EachClickOfTheRibCheckEnablesAnew) {
 }
 
 TEST_F(CodeDialogStartTest, ADisabledNumberKeepsItsText) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.click(IDC_CHECK_ALU_SECT_RIB);
     EXPECT_EQ(TextOf(user, IDC_EDIT_ALU_SECRIB_RATIO), L"1.2");
   });
 }
 
 TEST_F(CodeDialogStartTest, EveryControlIsShown) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const CONTROL_TEMPLATE& control : user.dialog().controls) {
       EXPECT_TRUE(control.nId == kNoControlId || user.IsShown(control.nId)) << control.nId;
     }
@@ -145,7 +145,7 @@ TEST_F(CodeDialogStartTest, EveryControlIsShown) {
 }
 
 TEST_F(CodeDialogStartTest, OpeningStoresNothing) {
-  Run([](HeadlessDialog&) {});
+  Run([](DialogUser&) {});
   EXPECT_THAT(host_.calls, testing::Not(testing::Contains("AddDalu")));
 }
 

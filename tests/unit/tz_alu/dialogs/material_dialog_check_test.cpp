@@ -24,8 +24,8 @@ class CheckTest : public MaterialDialogTest {
  protected:
   /// Modifies the material of values of the user behind a change. @return the messages shown
   std::vector<test_support::ShownMessage> ModifyAfter(
-      const std::function<void(HeadlessDialog&)>& change) {
-    Run([&](HeadlessDialog& user) {
+      const std::function<void(DialogUser&)>& change) {
+    Run([&](DialogUser& user) {
       ClickRow(user, kOwnRow);
       change(user);
       user.click(IDC_DGN_STEELMAT_MODIFY);
@@ -38,7 +38,7 @@ class CheckTest : public MaterialDialogTest {
 class MaterialDialogValueTest : public CheckTest, public testing::WithParamInterface<VALUE_RULE> {
  protected:
   std::vector<test_support::ShownMessage> ModifyWith(const wchar_t* text) {
-    return ModifyAfter([text](HeadlessDialog& user) { user.type(GetParam().edit, text); });
+    return ModifyAfter([text](DialogUser& user) { user.type(GetParam().edit, text); });
   }
 };
 
@@ -72,17 +72,17 @@ INSTANTIATE_TEST_SUITE_P(EachValue, MaterialDialogValueTest, testing::ValuesIn(k
 class MaterialDialogCheckTest : public CheckTest {};
 
 TEST_F(MaterialDialogCheckTest, APoissonRatioOfZeroIsRefusedAndOneBeyondOneHalfAccepted) {
-  const auto refused = ModifyAfter([](HeadlessDialog& user) { user.type(6672, L"0"); });
+  const auto refused = ModifyAfter([](DialogUser& user) { user.type(6672, L"0"); });
   EXPECT_THAT(refused, SizeIs(1));
   EXPECT_THAT(host_.stored_materials, IsEmpty());
-  const auto accepted = ModifyAfter([](HeadlessDialog& user) { user.type(6672, L"0.6"); });
+  const auto accepted = ModifyAfter([](DialogUser& user) { user.type(6672, L"0.6"); });
   EXPECT_THAT(accepted, IsEmpty());
   ASSERT_THAT(host_.stored_materials, SizeIs(1));
   EXPECT_EQ(host_.stored_materials[0].second.dPoisson, 0.6);
 }
 
 TEST_F(MaterialDialogCheckTest, StrengthsAreNotCompared) {
-  const auto messages = ModifyAfter([](HeadlessDialog& user) {
+  const auto messages = ModifyAfter([](DialogUser& user) {
     user.type(IDC_DGN_STEEL_MATF, L"1");
     user.type(IDC_DGN_STEEL_MATFV, L"2");
     user.type(IDC_DGN_STEEL_MATF02, L"3");
@@ -93,14 +93,14 @@ TEST_F(MaterialDialogCheckTest, StrengthsAreNotCompared) {
 
 TEST_F(MaterialDialogCheckTest, ValuesOfTheUserNeedAName) {
   host_.model.materials[7].strName = L"";
-  const auto messages = ModifyAfter([](HeadlessDialog&) {});
+  const auto messages = ModifyAfter([](DialogUser&) {});
   ASSERT_THAT(messages, SizeIs(1));
   EXPECT_EQ(messages[0].text, L"[IDS_DGN_CHK_TITLE_ERROR]\n[IDS_DGN_CHK_STL_MATL_NAME_ERROR]");
   EXPECT_THAT(host_.stored_materials, IsEmpty());
 }
 
 TEST_F(MaterialDialogCheckTest, AMaterialOfAStandardNeedsNone) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownGradeRow);
     user.click(IDC_DGN_STEELMAT_MODIFY);
   });
@@ -110,7 +110,7 @@ TEST_F(MaterialDialogCheckTest, AMaterialOfAStandardNeedsNone) {
 }
 
 TEST_F(MaterialDialogCheckTest, EveryProblemHasItsLineInOrder) {
-  const auto messages = ModifyAfter([](HeadlessDialog& user) {
+  const auto messages = ModifyAfter([](DialogUser& user) {
     user.choose(IDC_DGN_STEELMAT_CODE, L"None");  // without a name
     for (const int id : kValueEdits) user.type(id, L"-1");
   });
@@ -126,7 +126,7 @@ TEST_F(MaterialDialogCheckTest, EveryProblemHasItsLineInOrder) {
 }
 
 TEST_F(MaterialDialogCheckTest, ProblemsThatLieApartAreBothTold) {
-  const auto messages = ModifyAfter([](HeadlessDialog& user) {
+  const auto messages = ModifyAfter([](DialogUser& user) {
     user.type(IDC_DGN_STEEL_MATF02, L"0");
     user.type(IDC_DGN_STEEL_MATES, L"0");
   });
@@ -138,7 +138,7 @@ TEST_F(MaterialDialogCheckTest, ProblemsThatLieApartAreBothTold) {
 
 TEST_F(MaterialDialogCheckTest, AStandardWithoutAGradeIsRefusedForItsZeroes) {
   const auto messages =
-      ModifyAfter([](HeadlessDialog& user) { user.choose(IDC_DGN_STEELMAT_CODE, L"GB"); });
+      ModifyAfter([](DialogUser& user) { user.choose(IDC_DGN_STEELMAT_CODE, L"GB"); });
   ASSERT_THAT(messages, SizeIs(1));
   EXPECT_EQ(messages[0].text,
             L"[IDS_DGN_CHK_TITLE_ERROR]\n"
@@ -150,7 +150,7 @@ TEST_F(MaterialDialogCheckTest, AStandardWithoutAGradeIsRefusedForItsZeroes) {
 }
 
 TEST_F(MaterialDialogCheckTest, ARefusalLeavesRowAndEntries) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.type(IDC_DGN_STEEL_MATES, L"-1");
     user.click(IDC_DGN_STEELMAT_MODIFY);

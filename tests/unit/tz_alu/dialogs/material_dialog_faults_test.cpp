@@ -20,9 +20,9 @@ class FaultsTest : public MaterialDialogTest, public testing::WithParamInterface
     EXPECT_THAT(host_.stored_materials, IsEmpty());
   }
   /// Expects that an action, with the service failing, is told and leaves the dialog open.
-  void ExpectToldAt(const std::function<void(HeadlessDialog&)>& preparation,
-                    const std::function<void(HeadlessDialog&)>& action) {
-    Run([&](HeadlessDialog& user) {
+  void ExpectToldAt(const std::function<void(DialogUser&)>& preparation,
+                    const std::function<void(DialogUser&)>& action) {
+    Run([&](DialogUser& user) {
       preparation(user);
       host_.failing_service = GetParam();
       action(user);
@@ -36,7 +36,7 @@ std::string ServiceName(const testing::TestParamInfo<const char*>& test) {
   return test.param;
 }
 
-void SelectOwn(HeadlessDialog& user) {
+void SelectOwn(DialogUser& user) {
   ClickRow(user, kOwnRow);
 }
 
@@ -58,8 +58,8 @@ INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogStartFaultsTest,
 class MaterialDialogRowFaultsTest : public FaultsTest {};
 
 TEST_P(MaterialDialogRowFaultsTest, AFailingServiceIsToldWhenARowIsSelected) {
-  ExpectToldAt([](HeadlessDialog&) {},
-               [](HeadlessDialog& user) { user.SelectRow(IDC_DGN_STEELMAT_LIST, kGradeRow); });
+  ExpectToldAt([](DialogUser&) {},
+               [](DialogUser& user) { user.SelectRow(IDC_DGN_STEELMAT_LIST, kGradeRow); });
 }
 
 INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogRowFaultsTest,
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogRowFaultsTest,
 class MaterialDialogStandardFaultsTest : public FaultsTest {};
 
 TEST_P(MaterialDialogStandardFaultsTest, AFailingServiceIsToldWhenAStandardIsChosen) {
-  ExpectToldAt(SelectOwn, [](HeadlessDialog& user) { user.choose(IDC_DGN_STEELMAT_CODE, L"GB"); });
+  ExpectToldAt(SelectOwn, [](DialogUser& user) { user.choose(IDC_DGN_STEELMAT_CODE, L"GB"); });
 }
 
 INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogStandardFaultsTest,
@@ -80,8 +80,8 @@ INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogStandardFaultsTest,
 class MaterialDialogGradeFaultsTest : public FaultsTest {};
 
 TEST_P(MaterialDialogGradeFaultsTest, AFailingServiceIsToldWhenAGradeIsChosen) {
-  ExpectToldAt([](HeadlessDialog& user) { ClickRow(user, kGradeRow); },
-               [](HeadlessDialog& user) { user.choose(IDC_DGN_STEEL_MAT, L"6061-T4"); });
+  ExpectToldAt([](DialogUser& user) { ClickRow(user, kGradeRow); },
+               [](DialogUser& user) { user.choose(IDC_DGN_STEEL_MAT, L"6061-T4"); });
 }
 
 INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogGradeFaultsTest,
@@ -90,15 +90,15 @@ INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogGradeFaultsTest,
 class MaterialDialogModifyFaultsTest : public FaultsTest {};
 
 TEST_P(MaterialDialogModifyFaultsTest, AFailingServiceIsToldWhenAMaterialIsModified) {
-  ExpectToldAt([](HeadlessDialog& user) { ClickRow(user, kGradeRow); },
-               [](HeadlessDialog& user) {
+  ExpectToldAt([](DialogUser& user) { ClickRow(user, kGradeRow); },
+               [](DialogUser& user) {
                  user.click(IDC_DGN_STEELMAT_MODIFY);
                  EXPECT_EQ(Row(user, kGradeRow)[1], L"girder");
                });
 }
 
 TEST_P(MaterialDialogModifyFaultsTest, AfterTheFailureModifyStores) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     host_.failing_service = GetParam();
     user.click(IDC_DGN_STEELMAT_MODIFY);
@@ -117,11 +117,11 @@ class MaterialDialogMessageFaultsTest : public FaultsTest {};
 
 TEST_P(MaterialDialogMessageFaultsTest, AFailingServiceIsToldWhenThereIsAProblemToTell) {
   ExpectToldAt(
-      [](HeadlessDialog& user) {
+      [](DialogUser& user) {
         SelectOwn(user);
         user.type(IDC_DGN_STEEL_MATES, L"0");
       },
-      [](HeadlessDialog& user) { user.click(IDC_DGN_STEELMAT_MODIFY); });
+      [](DialogUser& user) { user.click(IDC_DGN_STEELMAT_MODIFY); });
 }
 
 INSTANTIATE_TEST_SUITE_P(EachService, MaterialDialogMessageFaultsTest,

@@ -8,14 +8,14 @@
 #include <utility>
 #include <vector>
 
-#include "aluframe/toolkit/headless/headless_toolkit.h"
+#include "dialog_user.h"
 #include "tests/support/dialog_host.h"
 #include "tz_alu/dialogs/dgnalumatdlg.h"
 #include "tz_alu/dialogs/resource.h"
 
 namespace dialogs_test {
 
-using aluframe::toolkit::HeadlessDialog;
+using test_support::DialogUser;
 
 /// Edits of Es, Ps, Fu, Fy1 and Fy2.
 inline constexpr int kValueEdits[] = {IDC_DGN_STEEL_MATES, IDC_DGN_STEEL_MATPS, IDC_DGN_STEEL_MATF,
@@ -42,34 +42,34 @@ class MaterialDialogTest : public testing::Test {
   }
 
   /// Opens the dialog and works it with a script. @return what DoModal gives
-  int Run(std::function<void(HeadlessDialog&)> script) {
+  int Run(std::function<void(DialogUser&)> script) {
     toolkit_.script(std::move(script));
     return CDgnAluMatDlg().DoModal();
   }
 
-  aluframe::toolkit::HeadlessToolkit toolkit_;
+  test_support::UserToolkit toolkit_;
   test_support::DialogHost host_;
 };
 
-inline std::wstring TextOf(const HeadlessDialog& user, int id) {
+inline std::wstring TextOf(const DialogUser& user, int id) {
   return user.Text(id).GetString();
 }
 
 /// Texts of the edits, in the order Es, Ps, Fu, Fy1, Fy2.
-inline std::vector<std::wstring> Values(const HeadlessDialog& user) {
+inline std::vector<std::wstring> Values(const DialogUser& user) {
   std::vector<std::wstring> texts;
   for (const int id : kValueEdits) texts.push_back(TextOf(user, id));
   return texts;
 }
 
-inline std::vector<bool> EnabledValues(const HeadlessDialog& user) {
+inline std::vector<bool> EnabledValues(const DialogUser& user) {
   std::vector<bool> enabled;
   for (const int id : kValueEdits) enabled.push_back(user.IsEnabled(id));
   return enabled;
 }
 
 /// Texts of a row of the list.
-inline std::vector<std::wstring> Row(const HeadlessDialog& user, int row) {
+inline std::vector<std::wstring> Row(const DialogUser& user, int row) {
   std::vector<std::wstring> texts;
   for (int i = 0; i < user.ColumnCount(IDC_DGN_STEELMAT_LIST); ++i) {
     texts.emplace_back(user.Cell(IDC_DGN_STEELMAT_LIST, row, i).GetString());
@@ -77,19 +77,19 @@ inline std::vector<std::wstring> Row(const HeadlessDialog& user, int row) {
   return texts;
 }
 
-inline void ClickRow(HeadlessDialog& user, int row) {
+inline void ClickRow(DialogUser& user, int row) {
   user.click_row(IDC_DGN_STEELMAT_LIST, row);
 }
 
 /// The grade is chosen from a list, and its label says so.
-inline void ExpectGradeIsChosen(const HeadlessDialog& user) {
+inline void ExpectGradeIsChosen(const DialogUser& user) {
   EXPECT_EQ(TextOf(user, IDC_STATIC_MATNAME), L"[IDS_DGN_TEXT_DB_NAME]");
   EXPECT_TRUE(user.IsShown(IDC_DGN_STEEL_MAT));
   EXPECT_FALSE(user.IsShown(IDC_DGN_STEEL_MAT2));
 }
 
 /// A name is entered, and its label says so.
-inline void ExpectNameIsEntered(const HeadlessDialog& user) {
+inline void ExpectNameIsEntered(const DialogUser& user) {
   EXPECT_EQ(TextOf(user, IDC_STATIC_MATNAME), L"[IDS_DGN_TEXT_NAME]");
   EXPECT_FALSE(user.IsShown(IDC_DGN_STEEL_MAT));
   EXPECT_TRUE(user.IsShown(IDC_DGN_STEEL_MAT2));

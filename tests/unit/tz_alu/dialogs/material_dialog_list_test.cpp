@@ -4,8 +4,8 @@
 
 namespace {
 
+using dialogs_test::DialogUser;
 using dialogs_test::EnabledValues;
-using dialogs_test::HeadlessDialog;
 using dialogs_test::Row;
 using dialogs_test::TextOf;
 using testing::Each;
@@ -17,7 +17,7 @@ class MaterialDialogListTest : public dialogs_test::MaterialDialogTest {
   /// Keys that the rows show.
   std::vector<std::wstring> Keys() {
     std::vector<std::wstring> keys;
-    Run([&](HeadlessDialog& user) {
+    Run([&](DialogUser& user) {
       for (int i = 0; i < user.RowCount(IDC_DGN_STEELMAT_LIST); ++i) {
         keys.push_back(Row(user, i)[0]);
       }
@@ -28,13 +28,13 @@ class MaterialDialogListTest : public dialogs_test::MaterialDialogTest {
   std::vector<std::wstring> RowOf(UINT key, double es, double fu, double fy1, double fy2) {
     host_.model.materials = {{key, {L"m", L"", L"", es, 0.3, fu, fy1, fy2}}};
     std::vector<std::wstring> row;
-    Run([&](HeadlessDialog& user) { row = Row(user, 0); });
+    Run([&](DialogUser& user) { row = Row(user, 0); });
     return row;
   }
 };
 
 TEST_F(MaterialDialogListTest, ColumnsHaveTheirHeaders) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     std::vector<std::wstring> headers;
     for (int i = 0; i < user.ColumnCount(6681); ++i) {
       headers.emplace_back(user.ColumnHeader(6681, i).GetString());
@@ -44,7 +44,7 @@ TEST_F(MaterialDialogListTest, ColumnsHaveTheirHeaders) {
 }
 
 TEST_F(MaterialDialogListTest, ColumnsHaveTheirWidthsAndAreCentred) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     std::vector<int> widths;
     for (int i = 0; i < user.ColumnCount(6681); ++i) {
       widths.push_back(user.ColumnWidth(6681, i));
@@ -55,11 +55,11 @@ TEST_F(MaterialDialogListTest, ColumnsHaveTheirWidthsAndAreCentred) {
 }
 
 TEST_F(MaterialDialogListTest, ASelectedRowIsMarkedFromEndToEnd) {
-  Run([](HeadlessDialog& user) { EXPECT_TRUE(user.IsFullRowSelect(6681)); });
+  Run([](DialogUser& user) { EXPECT_TRUE(user.IsFullRowSelect(6681)); });
 }
 
 TEST_F(MaterialDialogListTest, ARowShowsKeyNameModulusAndStrengths) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_THAT(Row(user, 0), ElementsAre(L"      3", L"girder", L"70500", L"266", L"242", L"243"));
     EXPECT_THAT(Row(user, 1), ElementsAre(L"      7", L"own", L"68000", L"250.5", L"200", L"190"));
   });
@@ -106,13 +106,13 @@ TEST_F(MaterialDialogListTest, ValuesHaveAtMostSixDigits) {
 }
 
 TEST_F(MaterialDialogListTest, TheFourStressesShowTheUnitOfStresses) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const int id : {6657, 7959, 7960, 7961}) EXPECT_EQ(TextOf(user, id), L"unit 17") << id;
   });
 }
 
 TEST_F(MaterialDialogListTest, NothingIsSelectedAtFirst) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     EXPECT_EQ(user.SelectedRow(IDC_DGN_STEELMAT_LIST), -1);
     EXPECT_THAT(dialogs_test::Values(user), Each(L""));
     EXPECT_THAT(user.choices(IDC_DGN_STEELMAT_CODE), IsEmpty());
@@ -121,12 +121,12 @@ TEST_F(MaterialDialogListTest, NothingIsSelectedAtFirst) {
 }
 
 TEST_F(MaterialDialogListTest, ValuesAreEnabledAtFirst) {
-  Run([](HeadlessDialog& user) { EXPECT_THAT(EnabledValues(user), Each(true)); });
+  Run([](DialogUser& user) { EXPECT_THAT(EnabledValues(user), Each(true)); });
 }
 
 // 1001 is the edit of the name; what stands before the grades is "Grade:" until a row is selected.
 TEST_F(MaterialDialogListTest, OnlyTheNameIsHiddenAtFirst) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const CONTROL_TEMPLATE& control : user.dialog().controls) {
       EXPECT_EQ(user.IsShown(control.nId), control.nId != 1001) << control.nId;
     }
@@ -137,7 +137,7 @@ TEST_F(MaterialDialogListTest, OnlyTheNameIsHiddenAtFirst) {
 TEST_F(MaterialDialogListTest, OpeningASecondTimeListsEachMaterialOnce) {
   CDgnAluMatDlg dialog;
   for (int i = 0; i < 2; ++i) {
-    toolkit_.script([](HeadlessDialog& user) {
+    toolkit_.script([](DialogUser& user) {
       EXPECT_EQ(user.RowCount(IDC_DGN_STEELMAT_LIST), 4);
       EXPECT_EQ(user.ColumnCount(IDC_DGN_STEELMAT_LIST), 6);
     });
@@ -146,9 +146,9 @@ TEST_F(MaterialDialogListTest, OpeningASecondTimeListsEachMaterialOnce) {
 }
 
 TEST_F(MaterialDialogListTest, CloseEscapeAndEnterCloseItWithoutStoring) {
-  EXPECT_EQ(Run([](HeadlessDialog& user) { user.click(IDCANCEL); }), 2);
-  EXPECT_EQ(Run([](HeadlessDialog& user) { user.press_escape(); }), 2);
-  EXPECT_EQ(Run([](HeadlessDialog& user) { user.press_enter(); }), 1);
+  EXPECT_EQ(Run([](DialogUser& user) { user.click(IDCANCEL); }), 2);
+  EXPECT_EQ(Run([](DialogUser& user) { user.press_escape(); }), 2);
+  EXPECT_EQ(Run([](DialogUser& user) { user.press_enter(); }), 1);
   EXPECT_THAT(host_.calls, testing::Not(testing::Contains("AddMatd")));
 }
 

@@ -52,7 +52,7 @@ class OPENED_MATERIAL_DIALOG : public CDgnAluMatDlg {
 
 class MaterialDialogMapTest : public MaterialDialogTest {
  protected:
-  void Open(std::function<void(HeadlessDialog&)> script) {
+  void Open(std::function<void(DialogUser&)> script) {
     toolkit_.script(std::move(script));
     dialog_.DoModal();
   }
@@ -95,12 +95,12 @@ TEST_F(MaterialDialogMapTest, ItIsADialogOfTheMakersBases) {
 }
 
 TEST_F(MaterialDialogMapTest, ItOpensOnItsTemplateAndStartsWithOne) {
-  Open([](HeadlessDialog& user) { EXPECT_EQ(user.dialog().nId, 7964U); });
+  Open([](DialogUser& user) { EXPECT_EQ(user.dialog().nId, 7964U); });
   EXPECT_EQ(dialog_.startResult, 1);
 }
 
 TEST_F(MaterialDialogMapTest, BothListHandlersShowTheRowAndGiveZero) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     NMLISTVIEW row{{6681, NM_CLICK}, kOwnRow};
     LRESULT result = 5;
     dialog_.OnClickDgnSteelmatList(&row.hdr, &result);
@@ -115,7 +115,7 @@ TEST_F(MaterialDialogMapTest, BothListHandlersShowTheRowAndGiveZero) {
 }
 
 TEST_F(MaterialDialogMapTest, TheFiveValuesAreEnabledTogether) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     dialog_.EnableEditBox(FALSE);
     EXPECT_THAT(EnabledValues(user), Each(false));
     EXPECT_TRUE(user.IsEnabled(IDC_DGN_STEEL_MAT2));
@@ -125,7 +125,7 @@ TEST_F(MaterialDialogMapTest, TheFiveValuesAreEnabledTogether) {
 }
 
 TEST_F(MaterialDialogMapTest, AnEmptyStandardIsNoneWithTheNameAsOnlyGrade) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     dialog_.Initial_MaterialCombo(L"", L"mine");
     EXPECT_EQ(user.SelectedChoice(IDC_DGN_STEELMAT_CODE), 0);
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"mine"));
@@ -134,7 +134,7 @@ TEST_F(MaterialDialogMapTest, AnEmptyStandardIsNoneWithTheNameAsOnlyGrade) {
 }
 
 TEST_F(MaterialDialogMapTest, AStandardIsSelectedWithItsGrades) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     dialog_.Initial_MaterialCombo(L"GB", L"mine");
     EXPECT_EQ(user.SelectedChoice(IDC_DGN_STEELMAT_CODE), 1);
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"6061-T4", L"6061-T6"));
@@ -143,7 +143,7 @@ TEST_F(MaterialDialogMapTest, AStandardIsSelectedWithItsGrades) {
 
 // Nothing is selected before a row is.
 TEST_F(MaterialDialogMapTest, WithoutAStandardTheValuesAreZeroedAndEnabled) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     dialog_.EnableEditBox(FALSE);
     dialog_.OnSelchangeDgnSteelmatCode();
     EXPECT_THAT(Values(user), Each(L"0"));
@@ -153,7 +153,7 @@ TEST_F(MaterialDialogMapTest, WithoutAStandardTheValuesAreZeroedAndEnabled) {
 }
 
 TEST_F(MaterialDialogMapTest, ARowIsInsertedWithItsTexts) {
-  Open([this](HeadlessDialog& user) {
+  Open([this](DialogUser& user) {
     dialog_.Write_ListCtrlBox(1, 12, L"new", 1.5, 2.5, 3.5, 4.5);
     EXPECT_THAT(Row(user, 1), ElementsAre(L"     12", L"new", L"1.5", L"2.5", L"3.5", L"4.5"));
     EXPECT_EQ(Row(user, 2)[0], L"      7");
@@ -161,7 +161,7 @@ TEST_F(MaterialDialogMapTest, ARowIsInsertedWithItsTexts) {
 }
 
 TEST_F(MaterialDialogMapTest, TheCheckTellsRightFromWrong) {
-  Open([this](HeadlessDialog&) {
+  Open([this](DialogUser&) {
     const T_MATD_D right{L"m", L"", L"", 1, 1, 1, 1, 1};
     EXPECT_EQ(dialog_.ErrorCheck(right), 1);
     EXPECT_THAT(host_.log.messages, IsEmpty());

@@ -32,12 +32,12 @@ class MaterialDialogModifyTest : public MaterialDialogTest {
   }
 };
 
-void Modify(HeadlessDialog& user) {
+void Modify(DialogUser& user) {
   user.click(IDC_DGN_STEELMAT_MODIFY);
 }
 
 TEST_F(MaterialDialogModifyTest, WithoutASelectionItAsksForAMaterial) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     Modify(user);
     EXPECT_TRUE(user.is_open());
   });
@@ -55,7 +55,7 @@ TEST_F(MaterialDialogModifyTest, OfAnEmptyListItAsksForAMaterial) {
 }
 
 TEST_F(MaterialDialogModifyTest, AfterAClickBesideTheRowsItAsksForAMaterial) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     ClickRow(user, -1);
     Modify(user);
@@ -65,7 +65,7 @@ TEST_F(MaterialDialogModifyTest, AfterAClickBesideTheRowsItAsksForAMaterial) {
 }
 
 TEST_F(MaterialDialogModifyTest, ValuesOfTheUserAreStored) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.type(IDC_DGN_STEEL_MATES, L"71000");
     user.type(IDC_DGN_STEEL_MATPS, L"0.29");
@@ -80,7 +80,7 @@ TEST_F(MaterialDialogModifyTest, ValuesOfTheUserAreStored) {
 }
 
 TEST_F(MaterialDialogModifyTest, AGradeIsStoredWithItsNameAndValues) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T4");
@@ -94,7 +94,7 @@ TEST_F(MaterialDialogModifyTest, AGradeIsStoredWithItsNameAndValues) {
 
 // The values are the edits', not the database's.
 TEST_F(MaterialDialogModifyTest, AGradeWithChangedValuesIsStoredWithThem) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.type(IDC_DGN_STEEL_MATFV, L"150");
     Modify(user);
@@ -104,7 +104,7 @@ TEST_F(MaterialDialogModifyTest, AGradeWithChangedValuesIsStoredWithThem) {
 }
 
 TEST_F(MaterialDialogModifyTest, TheRowIsRewrittenButForItsKey) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T4");
@@ -118,7 +118,7 @@ TEST_F(MaterialDialogModifyTest, TheRowIsRewrittenButForItsKey) {
 }
 
 TEST_F(MaterialDialogModifyTest, TheRowShowsSixDigitsOfWhatIsStoredInFull) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.type(IDC_DGN_STEEL_MATES, L"71234.5678");
     Modify(user);
@@ -128,7 +128,7 @@ TEST_F(MaterialDialogModifyTest, TheRowShowsSixDigitsOfWhatIsStoredInFull) {
 }
 
 TEST_F(MaterialDialogModifyTest, TheDialogStaysOpen) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     Modify(user);
     EXPECT_TRUE(user.is_open());
@@ -139,7 +139,7 @@ TEST_F(MaterialDialogModifyTest, TheDialogStaysOpen) {
 
 // Kept: the name is the grade list's entry, whatever the name edit holds.
 TEST_F(MaterialDialogModifyTest, TheNameEditIsNotRead) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.SetText(IDC_DGN_STEEL_MAT2, L"entered");
     Modify(user);
@@ -149,7 +149,7 @@ TEST_F(MaterialDialogModifyTest, TheNameEditIsNotRead) {
 
 TEST_F(MaterialDialogModifyTest, ValuesOfTheUserKeepNoGrade) {
   host_.model.materials[7].strGrade = L"6061-T6";
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     Modify(user);
   });
@@ -159,7 +159,7 @@ TEST_F(MaterialDialogModifyTest, ValuesOfTheUserKeepNoGrade) {
 TEST_F(MaterialDialogModifyTest, AStandardOfTheNameNoneIsStoredAsNone) {
   host_.model.materials[7].strStandard = L"None";
   host_.model.materials[7].strGrade = L"mine";
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     Modify(user);
   });
@@ -167,7 +167,7 @@ TEST_F(MaterialDialogModifyTest, AStandardOfTheNameNoneIsStoredAsNone) {
 }
 
 TEST_F(MaterialDialogModifyTest, AfterChoosingNoneTheNameThatIsEnteredIsNotRead) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"None");
     user.type(IDC_DGN_STEEL_MAT2, L"entered");
@@ -180,7 +180,7 @@ TEST_F(MaterialDialogModifyTest, AfterChoosingNoneTheNameThatIsEnteredIsNotRead)
 }
 
 TEST_F(MaterialDialogModifyTest, OfValuesOfTheUserNoGradeIsLookedUp) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kOwnRow);
     host_.calls.clear();
     Modify(user);
@@ -189,7 +189,7 @@ TEST_F(MaterialDialogModifyTest, OfValuesOfTheUserNoGradeIsLookedUp) {
 }
 
 TEST_F(MaterialDialogModifyTest, AGradeThatTheDatabaseLacksIsAnInconsistencyAndIsStored) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     host_.alloys.clear();
     Modify(user);
@@ -202,7 +202,7 @@ TEST_F(MaterialDialogModifyTest, AGradeThatTheDatabaseLacksIsAnInconsistencyAndI
 
 TEST_F(MaterialDialogModifyTest, WithoutReleaseAssertionsAnInconsistencyIsPassedOver) {
   host_.model.is_release_assert = 0;
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     host_.alloys.clear();
     Modify(user);
@@ -212,7 +212,7 @@ TEST_F(MaterialDialogModifyTest, WithoutReleaseAssertionsAnInconsistencyIsPassed
 }
 
 TEST_F(MaterialDialogModifyTest, AGradeThatIsNotSelectedIsStoredWithoutName) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownGradeRow);
     user.type(IDC_DGN_STEEL_MAT2, L"entered");
     Modify(user);
@@ -224,7 +224,7 @@ TEST_F(MaterialDialogModifyTest, AGradeThatIsNotSelectedIsStoredWithoutName) {
 }
 
 TEST_F(MaterialDialogModifyTest, AStandardThatIsNotSelectedIsStoredWithoutNames) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownStandardRow);
     Modify(user);
   });
@@ -235,7 +235,7 @@ TEST_F(MaterialDialogModifyTest, AStandardThatIsNotSelectedIsStoredWithoutNames)
 
 TEST_F(MaterialDialogModifyTest, ARefusedRecordLeavesTheRowWithoutMessage) {
   host_.can_store = false;
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.type(IDC_DGN_STEEL_MATFV, L"205.5");
     Modify(user);
@@ -248,7 +248,7 @@ TEST_F(MaterialDialogModifyTest, ARefusedRecordLeavesTheRowWithoutMessage) {
 
 TEST_F(MaterialDialogModifyTest, EachMaterialIsStoredUnderItsOwnKey) {
   host_.material_keys = {{9, 7, 3}};
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const int row : {2, 0, 1}) {
       ClickRow(user, row);
       Modify(user);
@@ -261,7 +261,7 @@ TEST_F(MaterialDialogModifyTest, EachMaterialIsStoredUnderItsOwnKey) {
 }
 
 TEST_F(MaterialDialogModifyTest, AnUnchangedMaterialIsStoredAsItWas) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     Modify(user);
   });
@@ -270,7 +270,7 @@ TEST_F(MaterialDialogModifyTest, AnUnchangedMaterialIsStoredAsItWas) {
 }
 
 TEST_F(MaterialDialogModifyTest, ASecondModifyBuildsOnTheFirst) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T4");

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 class MaterialDialogSelectionTest : public MaterialDialogTest {};
 
 TEST_F(MaterialDialogSelectionTest, ValuesAreTheMaterialsOwn) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_THAT(Values(user), ElementsAre(L"70500", L"0.32", L"266", L"242", L"243"));
     ClickRow(user, kOwnRow);
@@ -22,14 +22,14 @@ TEST_F(MaterialDialogSelectionTest, ValuesAreTheMaterialsOwn) {
 
 // Selecting by the keyboard is no click.
 TEST_F(MaterialDialogSelectionTest, SelectingWithoutAClickShowsTheMaterial) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     user.SelectRow(IDC_DGN_STEELMAT_LIST, kOwnRow);
     EXPECT_THAT(Values(user), ElementsAre(L"68000", L"0.34", L"250.5", L"200", L"190"));
   });
 }
 
 TEST_F(MaterialDialogSelectionTest, AClickOnTheSelectedRowShowsItsMaterialAgain) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.type(IDC_DGN_STEEL_MATES, L"1");
     ClickRow(user, kOwnRow);
@@ -38,7 +38,7 @@ TEST_F(MaterialDialogSelectionTest, AClickOnTheSelectedRowShowsItsMaterialAgain)
 }
 
 TEST_F(MaterialDialogSelectionTest, TheMaterialIsReadFromTheModel) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     host_.model.materials[7].dElast = 65000;
     ClickRow(user, kOwnRow);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEEL_MATES), L"65000");
@@ -49,7 +49,7 @@ TEST_F(MaterialDialogSelectionTest, TheKeyIsTheOneThatTheRowShows) {
   host_.material_keys = {{9, 7}};
   host_.model.materials[1234567] = {L"far", L"", L"", 60000, 0.3, 1, 1, 1};
   host_.material_keys->push_back(1234567);
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, 0);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEEL_MATES), L"67000");
     ClickRow(user, 2);
@@ -58,7 +58,7 @@ TEST_F(MaterialDialogSelectionTest, TheKeyIsTheOneThatTheRowShows) {
 }
 
 TEST_F(MaterialDialogSelectionTest, AMaterialThatIsGoneChangesNothing) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     host_.model.materials.erase(7);
     ClickRow(user, kOwnRow);
@@ -68,7 +68,7 @@ TEST_F(MaterialDialogSelectionTest, AMaterialThatIsGoneChangesNothing) {
 }
 
 TEST_F(MaterialDialogSelectionTest, AClickBesideTheRowsChangesNothing) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     ClickRow(user, -1);
     EXPECT_THAT(Values(user), ElementsAre(L"70500", L"0.32", L"266", L"242", L"243"));
@@ -78,7 +78,7 @@ TEST_F(MaterialDialogSelectionTest, AClickBesideTheRowsChangesNothing) {
 
 TEST_F(MaterialDialogSelectionTest, StandardsAreNoneAndThoseThatAreDesignedBy) {
   host_.standards = {L"GB-T", L"foreign", L"GB"};
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_THAT(user.choices(IDC_DGN_STEELMAT_CODE), ElementsAre(L"None", L"GB-T", L"GB"));
   });
@@ -86,14 +86,14 @@ TEST_F(MaterialDialogSelectionTest, StandardsAreNoneAndThoseThatAreDesignedBy) {
 
 TEST_F(MaterialDialogSelectionTest, StandardsAreThoseOfTheAlloyDatabase) {
   host_.alloy_database = 77;
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_THAT(user.choices(IDC_DGN_STEELMAT_CODE), ElementsAre(L"None", L"GB", L"GB-T"));
   });
 }
 
 TEST_F(MaterialDialogSelectionTest, EachSelectionFillsTheListsAnew) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const int row : {kGradeRow, kOwnRow, kGradeRow}) ClickRow(user, row);
     EXPECT_THAT(user.choices(IDC_DGN_STEELMAT_CODE), ElementsAre(L"None", L"GB", L"GB-T"));
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"6061-T4", L"6061-T6"));
@@ -101,7 +101,7 @@ TEST_F(MaterialDialogSelectionTest, EachSelectionFillsTheListsAnew) {
 }
 
 TEST_F(MaterialDialogSelectionTest, AGradeOfTheDatabaseIsSelectedAmongThoseOfItsStandard) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEELMAT_CODE), L"GB");
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"6061-T4", L"6061-T6"));
@@ -111,7 +111,7 @@ TEST_F(MaterialDialogSelectionTest, AGradeOfTheDatabaseIsSelectedAmongThoseOfIts
 }
 
 TEST_F(MaterialDialogSelectionTest, ValuesOfTheUserHaveTheirNameAsOnlyGrade) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEELMAT_CODE), L"None");
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"own"));
@@ -121,7 +121,7 @@ TEST_F(MaterialDialogSelectionTest, ValuesOfTheUserHaveTheirNameAsOnlyGrade) {
 }
 
 TEST_F(MaterialDialogSelectionTest, AnUnknownGradeIsANameToEnter) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownGradeRow);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEELMAT_CODE), L"GB");
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"6061-T4", L"6061-T6"));
@@ -132,14 +132,14 @@ TEST_F(MaterialDialogSelectionTest, AnUnknownGradeIsANameToEnter) {
 
 TEST_F(MaterialDialogSelectionTest, GradesAreLookedUpExactly) {
   host_.model.materials[3].strGrade = L"6061-t6";
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_EQ(user.SelectedChoice(IDC_DGN_STEEL_MAT), -1);
   });
 }
 
 TEST_F(MaterialDialogSelectionTest, AnUnknownStandardSelectsNeitherStandardNorGrade) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownStandardRow);
     EXPECT_EQ(user.SelectedChoice(IDC_DGN_STEELMAT_CODE), -1);
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), IsEmpty());
@@ -150,14 +150,14 @@ TEST_F(MaterialDialogSelectionTest, AnUnknownStandardSelectsNeitherStandardNorGr
 
 TEST_F(MaterialDialogSelectionTest, AStandardThatIsNotDesignedByIsNotSelected) {
   host_.model.materials[3].strStandard = L"foreign";
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     EXPECT_EQ(user.SelectedChoice(IDC_DGN_STEELMAT_CODE), -1);
   });
 }
 
 TEST_F(MaterialDialogSelectionTest, AGradeAfterANameIsChosenAgain) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownGradeRow);
     ClickRow(user, kGradeRow);
     ExpectGradeIsChosen(user);
@@ -165,7 +165,7 @@ TEST_F(MaterialDialogSelectionTest, AGradeAfterANameIsChosenAgain) {
 }
 
 TEST_F(MaterialDialogSelectionTest, ValuesStayEnabledWhateverIsSelected) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const int row : {kGradeRow, kOwnRow, kUnknownGradeRow, kUnknownStandardRow}) {
       ClickRow(user, row);
       EXPECT_THAT(EnabledValues(user), Each(true)) << row;
@@ -174,7 +174,7 @@ TEST_F(MaterialDialogSelectionTest, ValuesStayEnabledWhateverIsSelected) {
 }
 
 TEST_F(MaterialDialogSelectionTest, ValuesThatAStandardDisabledStayDisabled) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB-T");
     ClickRow(user, kOwnRow);
@@ -183,7 +183,7 @@ TEST_F(MaterialDialogSelectionTest, ValuesThatAStandardDisabledStayDisabled) {
 }
 
 TEST_F(MaterialDialogSelectionTest, SelectingStoresNothing) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     for (const int row : {kGradeRow, kOwnRow}) ClickRow(user, row);
   });
   EXPECT_THAT(host_.calls, testing::Not(testing::Contains("AddMatd")));

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 class MaterialDialogStandardTest : public MaterialDialogTest {};
 
 TEST_F(MaterialDialogStandardTest, AStandardZeroesAndDisablesTheValues) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     EXPECT_THAT(Values(user), Each(L"0"));
@@ -21,7 +21,7 @@ TEST_F(MaterialDialogStandardTest, AStandardZeroesAndDisablesTheValues) {
 }
 
 TEST_F(MaterialDialogStandardTest, AStandardOffersItsGradesWithoutSelectingOne) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     EXPECT_THAT(user.choices(IDC_DGN_STEEL_MAT), ElementsAre(L"6061-T4", L"6061-T6"));
@@ -32,7 +32,7 @@ TEST_F(MaterialDialogStandardTest, AStandardOffersItsGradesWithoutSelectingOne) 
 }
 
 TEST_F(MaterialDialogStandardTest, AStandardShowsTheGradesInsteadOfTheName) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kUnknownGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     ExpectGradeIsChosen(user);
@@ -40,7 +40,7 @@ TEST_F(MaterialDialogStandardTest, AStandardShowsTheGradesInsteadOfTheName) {
 }
 
 TEST_F(MaterialDialogStandardTest, NoneKeepsAndEnablesTheValues) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"None");
     EXPECT_THAT(Values(user), ElementsAre(L"70500", L"0.32", L"266", L"242", L"243"));
@@ -49,7 +49,7 @@ TEST_F(MaterialDialogStandardTest, NoneKeepsAndEnablesTheValues) {
 }
 
 TEST_F(MaterialDialogStandardTest, NoneEnablesWhatAStandardDisabled) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T4");
@@ -60,7 +60,7 @@ TEST_F(MaterialDialogStandardTest, NoneEnablesWhatAStandardDisabled) {
 }
 
 TEST_F(MaterialDialogStandardTest, NoneShowsTheNameInsteadOfTheGradesAndEmptiesThem) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"None");
     ExpectNameIsEntered(user);
@@ -71,7 +71,7 @@ TEST_F(MaterialDialogStandardTest, NoneShowsTheNameInsteadOfTheGradesAndEmptiesT
 // A database may list a standard without a name.
 TEST_F(MaterialDialogStandardTest, AnEmptyStandardZeroesAndEnablesTheValues) {
   host_.standards = {L"", L"GB"};
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kGradeRow);
     user.choose(IDC_DGN_STEELMAT_CODE, 1);
     EXPECT_EQ(TextOf(user, IDC_DGN_STEELMAT_CODE), L"");
@@ -83,7 +83,7 @@ TEST_F(MaterialDialogStandardTest, AnEmptyStandardZeroesAndEnablesTheValues) {
 }
 
 TEST_F(MaterialDialogStandardTest, AGradeShowsItsValues) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T6");
@@ -94,7 +94,7 @@ TEST_F(MaterialDialogStandardTest, AGradeShowsItsValues) {
 }
 
 TEST_F(MaterialDialogStandardTest, AGradeLeavesTheValuesDisabled) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T6");
@@ -103,7 +103,7 @@ TEST_F(MaterialDialogStandardTest, AGradeLeavesTheValuesDisabled) {
 }
 
 TEST_F(MaterialDialogStandardTest, AGradeThatTheDatabaseCannotGiveChangesNothing) {
-  Run([this](HeadlessDialog& user) {
+  Run([this](DialogUser& user) {
     ClickRow(user, kGradeRow);
     host_.alloys.clear();
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T4");
@@ -114,7 +114,7 @@ TEST_F(MaterialDialogStandardTest, AGradeThatTheDatabaseCannotGiveChangesNothing
 }
 
 TEST_F(MaterialDialogStandardTest, TheNameOfValuesOfTheUserIsNoGrade) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEEL_MAT, L"own");
     EXPECT_THAT(Values(user), ElementsAre(L"68000", L"0.34", L"250.5", L"200", L"190"));
@@ -122,7 +122,7 @@ TEST_F(MaterialDialogStandardTest, TheNameOfValuesOfTheUserIsNoGrade) {
 }
 
 TEST_F(MaterialDialogStandardTest, ChoosingStoresNothing) {
-  Run([](HeadlessDialog& user) {
+  Run([](DialogUser& user) {
     ClickRow(user, kOwnRow);
     user.choose(IDC_DGN_STEELMAT_CODE, L"GB");
     user.choose(IDC_DGN_STEEL_MAT, L"6061-T6");
