@@ -330,6 +330,7 @@ int run_program(int argc, char** argv) {
   AnalyseOptions analyse;
   BucklingCommandOptions buckling;
   CheckOptions check;
+  CombinationsOptions made;
   ExplainOptions explain;
   ResultsOptions results;
   run::InputOptions validate;
@@ -342,6 +343,7 @@ int run_program(int argc, char** argv) {
   add_check(app, check, status);
   add_analyse(app, analyse, status);
   add_buckling(app, buckling, status);
+  add_made_combinations(app, made, status);
   add_results(app, results, status);
   add_explain(app, explain, status);
   add_validate(app, validate, status);
