@@ -46,10 +46,12 @@ struct ModelChanges {
   std::vector<model::Section> sections = {};
   std::vector<ElementAttributes> elements = {};
   std::vector<MemberFactors> members = {};
+  /// In place of all combinations and of the rule that makes them; nothing: as they are.
+  std::optional<std::vector<model::Combination>> combinations = std::nullopt;
 
   bool empty() const {
     return !settings && materials.empty() && sections.empty() && elements.empty() &&
-           members.empty();
+           members.empty() && !combinations;
   }
 };
 

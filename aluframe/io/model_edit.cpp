@@ -1,5 +1,6 @@
 #include "aluframe/io/model_edit.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -47,6 +48,9 @@ constexpr List members{
     [](model::Number number) { return texts::translated("member {} does not exist", number); },
     [] { return texts::translated("a model file cannot hold these length factors"); }};
 
+std::string combinations_not_held() {
+  return texts::translated("a model file cannot hold these combinations");
+}
 std::string settings_not_held() {
   return texts::translated("a model file cannot hold these settings");
 }
@@ -77,6 +81,7 @@ class ModelTextEdit {
             [this](const model::Section& section) { return section_line(section, scales_); });
     change_elements(changes.elements);
     change_members(changes.members);
+    if (changes.combinations) change_combinations(*changes.combinations);
   }
   std::string result() const { return edit_.result(); }
 
@@ -91,6 +96,23 @@ class ModelTextEdit {
       if (before == nullptr) before = find_member(text_, fields_, name);
     }
     edit_.insert_behind(fields_, *before, "settings", json);
+  }
+
+  /// Combinations name load cases, so a file that gets its first ones has these.
+  void change_combinations(const std::vector<model::Combination>& combinations) {
+    std::string json = "[";
+    for (const model::Combination& combination : combinations) {
+      json += json.size() > 1 ? ",\n    " : "\n    ";
+      json += combination_line(combination);
+    }
+    json += json.size() > 1 ? "\n  ]" : "]";
+    json = checked(json, "/combinations", combinations_not_held);
+    if (const JsonMember* present = find_member(text_, fields_, "combinations")) {
+      return edit_.replace(present->value, json);
+    }
+    const JsonMember* before = find_member(text_, fields_, "load_cases");
+    if (before == nullptr) throw Failure{"/combinations", combinations_not_held()};
+    edit_.insert_behind(fields_, *before, "combinations", json);
   }
 
   /// Calls `take` with every change, the entity that it is about, where that stands in the text and
@@ -183,6 +205,9 @@ void require_held(const List& list, const model::Table<Entity>& edited,
 void require_changes(const model::Model& edited, const ModelChanges& changes) {
   if (changes.settings && edited.design != changes.settings) {
     throw Failure{"/settings", settings_not_held()};
+  }
+  if (changes.combinations && !std::ranges::equal(edited.combinations, *changes.combinations)) {
+    throw Failure{"/combinations", combinations_not_held()};
   }
   const auto whole = [](const auto& entity) -> const auto& { return entity; };
   require_held(materials, edited.materials, changes.materials, whole);

@@ -22,7 +22,8 @@ namespace aluframe::io {
 /// named), and of the elements and members that are changed the fields "member_type", "design" and
 /// "length_factors" that differ. Such a field comes behind the last of its object when that lacks
 /// it, and leaves the file when there is nothing to say; settings that the file lacks come behind
-/// its "units", or behind the last field of its head. The new text was read back and holds the
+/// its "units", or behind the last field of its head. "combinations" are written one a line, and
+/// come behind the "load_cases" of a file that lacks them. The new text was read back and holds the
 /// changed values.
 /// @param name stands for the file in messages
 /// @param folder where the catalogues lie that the text names; null: it must name none

@@ -39,8 +39,8 @@ Result<model::Model> parse_model(std::string_view text, const std::string& name,
 std::string write_model(const model::Model& model);
 
 /// 16 characters that tell any two states of a model and its forces apart (64-bit FNV-1a of what
-/// `write_model` gives, without the title, the description, the project and the moving loads' code,
-/// which no result depends on).
+/// `write_model` gives, without what no result depends on: the title, the description, the project,
+/// the moving loads' code, and the rule by which combinations were made).
 std::string model_digest(model::Model model);
 
 /// Reads element forces from CSV into the model, in place of those it has: a header line with the

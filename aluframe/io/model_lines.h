@@ -24,7 +24,10 @@ std::string element_line(const model::Element& element, const Scales& scales);
 std::string member_line(const model::Member& member);
 /// Of several lines when the case has several loads: then every load has its own.
 std::string load_case_line(const model::LoadCase& load_case, const Scales& scales);
+std::string action_line(const model::Action& action);
 std::string combination_line(const model::Combination& combination);
+/// The rule of a model that has one, with the combinations that it does not make.
+std::string combination_rule_line(const model::Model& model);
 std::string forces_line(model::Number element, model::Number load_case,
                         const model::CaseForces& forces, const Scales& scales);
 

@@ -45,7 +45,14 @@ void read_elements(const JsonObject& root, const Scales& scales, model::Model& m
 void read_members(const JsonObject& root, model::Model& model);
 /// Needs nodes, supports and elements.
 void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model);
+/// What a load case stands for among the actions, where it says so.
+std::optional<model::Action> read_action(const JsonObject& load_case);
+/// Reads those that are written, and makes those of the rule that the file names.
 void read_combinations(const JsonObject& root, model::Model& model);
+/// Reads the object that names a rule. @return the list of combinations that it has besides
+std::optional<JsonValue> read_combination_rule(const JsonValue& value, model::Model& model);
+/// Throws Failure with the place of what does not fit the rule.
+void make_combinations_by_rule(model::Model& model);
 /// Needs elements and load cases. The table keeps its size 0 when the file has no forces.
 void read_forces(const JsonObject& root, const Scales& scales, model::Model& model);
 

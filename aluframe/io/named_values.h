@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "aluframe/model/action_names.h"
 #include "aluframe/model/loads.h"
 #include "aluframe/model/settings.h"
 #include "aluframe/model/structure.h"
@@ -39,6 +40,42 @@ inline constexpr std::array load_case_kinds{
     NamedValue{"moving", model::LoadCaseKind::moving},
     NamedValue{"settlement", model::LoadCaseKind::settlement},
     NamedValue{"crane", model::LoadCaseKind::crane},
+};
+
+/// Values whose names `model::name_of` gives.
+template <class Value, std::size_t Size>
+constexpr std::array<NamedValue<Value>, Size> named(const std::array<Value, Size>& values) {
+  std::array<NamedValue<Value>, Size> out{};
+  for (std::size_t i = 0; i < Size; ++i) out[i] = {model::name_of(values[i]), values[i]};
+  return out;
+}
+
+inline constexpr auto action_kinds = named(std::array{
+    model::ActionKind::permanent, model::ActionKind::prestress, model::ActionKind::settlement,
+    model::ActionKind::live, model::ActionKind::snow, model::ActionKind::wind,
+    model::ActionKind::temperature, model::ActionKind::construction, model::ActionKind::earthquake,
+    model::ActionKind::accidental, model::ActionKind::none});
+
+inline constexpr auto favourable_names =
+    named(std::array{model::Favourable::also, model::Favourable::never, model::Favourable::only});
+
+inline constexpr auto combination_types =
+    named(std::array{model::CombinationType::fundamental, model::CombinationType::seismic,
+                     model::CombinationType::accidental, model::CombinationType::characteristic,
+                     model::CombinationType::frequent, model::CombinationType::quasi_permanent});
+
+/// Numbers of a row of factors.
+inline constexpr std::array factor_fields{
+    NamedValue{"gamma", &model::FactorRow::gamma},
+    NamedValue{"favourable", &model::FactorRow::favourable},
+    NamedValue{"alone", &model::FactorRow::alone},
+    NamedValue{"psi_c", &model::FactorRow::psi_c},
+    NamedValue{"psi_f", &model::FactorRow::psi_f},
+    NamedValue{"psi_q", &model::FactorRow::psi_q},
+    NamedValue{"psi_e", &model::FactorRow::psi_e},
+    NamedValue{"second_e", &model::FactorRow::second_e},
+    NamedValue{"gamma_e", &model::FactorRow::gamma_e},
+    NamedValue{"favourable_e", &model::FactorRow::favourable_e},
 };
 
 inline constexpr std::array combination_kinds{

@@ -18,7 +18,7 @@ using Source = model::CombinationTerm::Source;
 
 constexpr auto load_case_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "self_weight", "nodal", "span",
-                                     "points", "temperature", "settlements"});
+                                     "points", "temperature", "settlements", "action"});
 constexpr auto combination_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "terms", "seismic", "design"});
 constexpr auto term_fields = std::to_array<std::string_view>({"case", "combination", "factor"});
@@ -60,6 +60,15 @@ model::Combination read_combination(const JsonObject& object, const model::Model
   return combination;
 }
 
+/// All cases that others act with, now that all cases are known.
+void require_existing_cases(const JsonValue& list, const model::Model& model) {
+  for (const JsonValue load_case : list.list()) {
+    const auto action = load_case.field("action");
+    const auto other = action ? action->field("together_with") : std::nullopt;
+    if (other) read_reference(*other, model.load_cases, texts::translated("load case"));
+  }
+}
+
 /// All terms that name combinations, now that all combinations are known.
 void require_existing_combinations(const JsonValue& list, const model::Model& model) {
   for (const JsonValue combination : list.list()) {
@@ -72,9 +81,21 @@ void require_existing_combinations(const JsonValue& list, const model::Model& mo
   }
 }
 
-std::string path_of(const model::CombinationProblem& problem) {
-  return "/combinations/" + std::to_string(problem.combination) + "/terms/" +
+std::string path_of(const JsonValue& list, const model::CombinationProblem& problem) {
+  return list.path() + '/' + std::to_string(problem.combination) + "/terms/" +
          std::to_string(problem.term);
+}
+
+void read_written_combinations(const JsonValue& list, model::Model& model) {
+  const std::string path = list.path().substr(1);
+  for (const JsonValue value : list.list()) {
+    const JsonObject object(value, combination_fields);
+    add_entity(object, model.combinations, read_combination(object, model), path);
+  }
+  require_existing_combinations(list, model);
+  if (const auto problem = model::find_combination_problem(model.combinations)) {
+    throw Failure{path_of(list, *problem), shown(problem->text, longest_cycle)};
+  }
 }
 
 int read_moving_load_code(const JsonValue& value) {
@@ -102,21 +123,17 @@ void read_load_cases(const JsonObject& root, const Scales& scales, model::Model&
       load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
     }
     load_case.loads = read_case_loads(object, scales, model);
+    load_case.action = read_action(object);
     add_entity(object, model.load_cases, std::move(load_case), "load_cases");
   }
+  require_existing_cases(*list, model);
 }
 
 void read_combinations(const JsonObject& root, model::Model& model) {
-  const std::optional<JsonValue> list = root.optional("combinations");
-  if (!list) return;
-  for (const JsonValue value : list->list()) {
-    const JsonObject object(value, combination_fields);
-    add_entity(object, model.combinations, read_combination(object, model), "combinations");
-  }
-  require_existing_combinations(*list, model);
-  if (const auto problem = model::find_combination_problem(model.combinations)) {
-    throw Failure{path_of(*problem), shown(problem->text, longest_cycle)};
-  }
+  std::optional<JsonValue> list = root.optional("combinations");
+  if (list && list->kind() == JsonValue::Kind::object) list = read_combination_rule(*list, model);
+  if (list) read_written_combinations(*list, model);
+  make_combinations_by_rule(model);
 }
 
 }  // namespace aluframe::io

@@ -34,6 +34,7 @@ std::string load_case_line(const model::LoadCase& load_case, const Scales& scale
   if (load_case.kind != model::LoadCaseKind::static_load) {
     line.text("kind", name_in(load_case_kinds, load_case.kind));
   }
+  if (load_case.action) line.json("action", action_line(*load_case.action));
   append_case_loads(line, load_case.loads, scales);
   return line.str();
 }

@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <cstdint>
+#include <utility>
 
 #include "aluframe/io/format_names.h"
 #include "aluframe/io/json_writer.h"
@@ -91,6 +92,18 @@ void write_forces(ModelText& text, const model::Model& model, const Scales& scal
   if (is_open) text.end_list();
 }
 
+/// Leaves the combinations without where they come from: who makes the same ones otherwise has the
+/// same results.
+void forget_rule(model::Model& model) {
+  model.combination_rule.reset();
+  for (std::size_t i = 0; i < model.load_cases.size(); ++i) {
+    if (!model.load_cases[i].action) continue;
+    model::LoadCase load_case = model.load_cases[i];
+    load_case.action.reset();
+    model.load_cases.replace(std::move(load_case));
+  }
+}
+
 }  // namespace
 
 std::string write_model(const model::Model& model) {
@@ -102,12 +115,17 @@ std::string write_model(const model::Model& model) {
     text.list("load_cases", model.load_cases,
               [&](const model::LoadCase& load_case) { return load_case_line(load_case, scales); });
   }
-  if (!model.combinations.empty()) text.list("combinations", model.combinations, combination_line);
+  if (model.combination_rule) {
+    text.field("combinations", combination_rule_line(model));
+  } else if (!model.combinations.empty()) {
+    text.list("combinations", model.combinations, combination_line);
+  }
   write_forces(text, model, scales);
   return std::move(text).close();
 }
 
 std::string model_digest(model::Model model) {
+  forget_rule(model);
   model.title.clear();
   model.description.clear();
   model.project = {};

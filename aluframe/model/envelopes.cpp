@@ -9,25 +9,18 @@
 #include <utility>
 
 #include "aluframe/model/envelope_states.h"
+#include "aluframe/model/factored_case.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::model {
 
 namespace {
 
-/// The name of a load case behind a factor; one without a name is known by its number.
-std::string name_of(const LoadCase& load_case) {
-  return load_case.name.empty() ? texts::translated("case {}", load_case.number) : load_case.name;
-}
-
-/// "1.3G", "-G", "1.5 2nd floor": a blank where a digit would run into the factor.
+/// "1.3G", "-G", "1.5 2nd floor"
 std::string term_text(double factor, const LoadCase& load_case) {
-  const std::string name = name_of(load_case);
-  const char* sign = factor < 0.0 ? "-" : "";
-  if (std::fabs(factor) == 1.0) return sign + name;
-  const bool is_word = (name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z');
-  const bool apart = load_case.name.empty() || !is_word;
-  return fmt::format("{}{:.6g}{}{}", sign, std::fabs(factor), apart ? " " : "", name);
+  const double size = std::fabs(factor);
+  return (factor < 0.0 ? "-" : "") +
+         factored_case(size == 1.0 ? "" : fmt::format("{:.6g}", size), load_case);
 }
 
 /// "1.3G+1.5Wp"

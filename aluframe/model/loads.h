@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "aluframe/model/case_loads.h"
+#include "aluframe/model/combination_rule.h"
 #include "aluframe/model/table.h"
 
 namespace aluframe::model {
@@ -31,6 +32,8 @@ struct LoadCase {
   std::string name;
   LoadCaseKind kind = LoadCaseKind::static_load;
   CaseLoads loads;
+  /// For combinations made by rule; nothing: not said.
+  std::optional<Action> action = std::nullopt;
 
   friend bool operator==(const LoadCase&, const LoadCase&) = default;
 };
@@ -67,6 +70,7 @@ struct Combination {
   std::optional<Number> state_of = std::nullopt;
   /// The design combinations by which it is checked in its place; empty: it was not expanded.
   std::vector<Number> states = {};
+  bool by_rule = false;  ///< made by the rule of the model, not written in its file
 
   friend bool operator==(const Combination&, const Combination&) = default;
 };

@@ -78,6 +78,8 @@ struct Model {
   int moving_load_code = 0;  ///< code that the moving loads follow, one of `moving_load_codes`
   Table<LoadCase> load_cases;
   Table<Combination> combinations;
+  /// By which the file has some of them made (`Combination::by_rule`).
+  std::optional<CombinationRule> combination_rule;
   Envelopes envelopes = Envelopes::states;
   ForceTable forces;
   /// Forces of combinations that were analysed on their own, in place of what their load cases add

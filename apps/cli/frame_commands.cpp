@@ -4,6 +4,7 @@
 #include <string>
 #include <variant>
 
+#include "aluframe/combinations/rules.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/shared_options.h"
 
@@ -38,6 +39,28 @@ void add_members(CLI::App& app, MembersOptions& options, int& status) {
   add_elements(*members, options.common.selection.elements);
   add_format(*members, options.common.format);
   members->callback([&] { status = run_members_command(options); });
+}
+
+void add_made_combinations(CLI::App& app, CombinationsOptions& options, int& status) {
+  CLI::App* made = app.add_subcommand(
+      "combinations",
+      texts::translated("Show the load combinations of a model and those that a rule makes"));
+  made->add_option("MODEL", options.model, texts::translated("Model file"))
+      ->required()
+      ->type_name("");
+  add_allow_outside(*made, options.allow_outside);
+  made->add_option(
+          "--rule", options.rule,
+          texts::translated("In place of the model's rule: {}", combinations::rule_names()))
+      ->type_name("RULE");
+  made->add_flag(
+      "--explain", options.explain,
+      texts::translated("Which action leads, which accompany, and what lessens their effect"));
+  made->add_flag("--write", options.write,
+                 texts::translated("Write them into the model file in place of the rule"))
+      ->excludes("--explain");
+  add_format(*made, options.format);
+  made->callback([&] { status = run_combinations_command(options); });
 }
 
 void add_buckling(CLI::App& app, BucklingCommandOptions& options, int& status) {

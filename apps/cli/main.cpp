@@ -350,6 +350,7 @@ int run_program(std::vector<std::string> words) {
   AnalyseOptions analyse;
   BucklingCommandOptions buckling;
   CheckOptions check;
+  CombinationsOptions made;
   ExplainOptions explain;
   ResultsOptions results;
   run::InputOptions validate;
@@ -363,6 +364,7 @@ int run_program(std::vector<std::string> words) {
   add_check(app, check, status);
   add_analyse(app, analyse, status);
   add_buckling(app, buckling, status);
+  add_made_combinations(app, made, status);
   add_results(app, results, status);
   add_explain(app, explain, status);
   add_validate(app, validate, status);
