@@ -223,6 +223,19 @@ CombinationTerm any_term(const Model& model) {
   return term;
 }
 
+/// What a case says of its action hangs on no other part of a model without a rule.
+Action any_action() {
+  Action action;
+  action.kind = any_of({ActionKind::permanent, ActionKind::live, ActionKind::wind,
+                        ActionKind::earthquake, ActionKind::none});
+  action.category = any_name();
+  action.exclusive = any_name();
+  if (any_flag()) action.together_with = 1;
+  action.favourable = any_of({Favourable::also, Favourable::never, Favourable::only});
+  action.reversible = any_optional(any_flag);
+  return action;
+}
+
 void add_loads(Model& model) {
   const Number cases = *rc::gen::inRange<Number>(0, 4);
   for (Number i = 1; i <= cases; ++i) {
@@ -233,7 +246,8 @@ void add_loads(Model& model) {
                          LoadCaseKind::response_spectrum, LoadCaseKind::eccentric_spectrum,
                          LoadCaseKind::time_history, LoadCaseKind::moving, LoadCaseKind::settlement,
                          LoadCaseKind::crane}),
-         .loads = any_case_loads(model)});
+         .loads = any_case_loads(model),
+         .action = any_optional(any_action)});
   }
   const Number combinations = cases == 0 ? 0 : *rc::gen::inRange<Number>(0, 4);
   for (Number i = 1; i <= combinations; ++i) {
