@@ -1,6 +1,7 @@
 """What must be known of blocks in the documentation beside their language: where they belong, what they stand for,
 and which commands are not run. A block that neither its language nor a table here covers fails the tests."""
 
+import json
 from typing import NamedTuple
 
 # Commands that the pages show and the tests do not run: what they begin with, and why.
@@ -62,10 +63,29 @@ def as_load_case_of_the_portal(part):
     return PORTAL | {"load_cases": [part | {"span": loads}]}
 
 
+# Load cases whose actions a rule combines.
+ACTIONS = {"load_cases": [
+    {"number": 1, "name": "G", "action": {"kind": "permanent"}},
+    {"number": 2, "name": "L", "action": {"kind": "live", "category": "office"}},
+]}
+
+
+def with_actions_in_the_portal(part):
+    return PORTAL | ACTIONS | part
+
+
+# "The model" of a page about combinations, which names none of the examples.
+BEFORE["docs/combinations.md"] = [f"echo '{json.dumps(PORTAL | ACTIONS)}' > frame.json"]
+
 # JSON that is a part of a model: by page and beginning, what makes a whole model of it.
 FRAGMENTS = {
     ("README.md", '{"number": 1, "name": "DL"'): as_load_case_of_the_portal,
     ("docs/analysis.md", '"analysis"'): in_the_portal,
+    ("docs/combinations.md", '"load_cases"'): in_the_portal,
+    ("docs/combinations.md", '"combinations"'): with_actions_in_the_portal,
+    ("docs/verification/combinations-footbridge.md", '"load_cases"'): in_the_portal,
+    ("docs/verification/combinations-hall.md", '"load_cases"'): in_the_portal,
+    ("docs/verification/combinations-mullion.md", '"load_cases"'): in_the_portal,
     ("docs/model-file.md", '"design"'): on_an_element_of_the_portal,
     ("docs/model-file.md", '"load_cases"'): in_the_portal,
     ("docs/model-file.md", '"supports"'): in_the_portal,

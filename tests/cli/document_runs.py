@@ -110,6 +110,12 @@ def run_python(block, folder):
     return [execute(f"{sys.executable} shown.py", folder)]
 
 
+def run_cpp(block, folder):
+    """A program over the headers of the module and its contract must compile; what it prints is a test of its own."""
+    (folder / "shown.cpp").write_text(block.text, encoding="utf-8")
+    return [execute(f"c++ -std=c++20 -fsyntax-only -I{ROOT} shown.cpp", folder)]
+
+
 def run_text(block, folder):
     entry = entry_for(block, TEXTS)
     if isinstance(entry, Answer):
@@ -134,7 +140,7 @@ def excerpt(entry, lines, block):
 
 RUNNERS = {
     "console": run_session, "sh": run_commands, "json": run_json, "csv": run_csv, "sql": run_sql,
-    "python": run_python, "text": run_text,
+    "cpp": run_cpp, "python": run_python, "text": run_text,
 }
 
 
