@@ -134,14 +134,11 @@ void publish_text(const fs::path& path, std::string_view content) {
 }
 
 void publish_stream(const fs::path& path, const std::function<void(std::ostream&)>& write) {
-  std::error_code
-      unknown;  // what cannot be looked at cannot be written either, which is told below
-  const fs::file_status status = fs::status(path, unknown);
   if (const OpenFile stream = OpenFile::standard_stream_at(path); stream.is_open()) {
     std::fflush(stdout);
     return stream_to(stream, write);
   }
-  if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status)) {
+  if (platform::is_stream(path)) {
     OpenFile file = open(path, Purpose::writing);
     stream_to(file, write);
     return require_no(file.close());

@@ -4,6 +4,7 @@
 #include "aluframe/io/catalogue_csv.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/text_file.h"
+#include "aluframe/platform/path_text.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::io {
@@ -33,7 +34,7 @@ std::vector<catalogue::Profile> read_catalogues(const JsonObject& root, const Mo
     if (folder == nullptr)
       file.fail(texts::translated("a model that is in no file can name no catalogue"));
     // A path is UTF-8 in the model, whatever the machine's own encoding.
-    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+    const std::filesystem::path path = platform::path_of(name);
     if (!folder->allow_outside && leads_outside(folder->path, path)) {
       file.fail(
           texts::translated("found \"{}\", which lies outside of the model's folder; "

@@ -53,6 +53,12 @@ class OpenFile {
   std::intptr_t handle_ = none;  ///< what the system knows it by
 };
 
+/// True when something is there that is neither a file nor a folder: a pipe, a terminal, a device.
+bool is_stream(const std::filesystem::path& path);
+
+/// The path that leads to standard output, for `standard_stream_at`.
+std::filesystem::path standard_output();
+
 /// The path of a file that takes everything and keeps nothing.
 std::filesystem::path nowhere();
 

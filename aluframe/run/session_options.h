@@ -33,10 +33,10 @@ inline services::SessionOptions session_options(const Input& input,
   session.combinations = input.combinations;
   session.model_digest = input.digest;
   session.setup = input.setup;
-  session.setup.model_file = truly_seen_from(results, input.file).string();
+  session.setup.model_file = truly_seen_from(results, input.file).generic_string();
   session.length_factors = input.length_factors;
   if (input.origins.forces) {
-    session.setup.forces_file = seen_from(results, *input.origins.forces).string();
+    session.setup.forces_file = seen_from(results, *input.origins.forces).generic_string();
   }
   return session;
 }

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "aluframe/files/file_kind.h"
+#include "aluframe/platform/path_text.h"
 #include "aluframe/run/buckling.h"
 #include "aluframe/run/results.h"
 #include "aluframe/run/setup.h"
@@ -75,7 +76,8 @@ InputOptions as_checked(const InputOptions& options, const fs::path& file,
   out.large_displacements = out.large_displacements || (info.setup.second_order_asked && is_large);
   if (buckling_of(info.setup) == FrameBuckling::off) out.buckling = FrameBuckling::off;
   if (!out.forces && !info.setup.forces_file.empty()) {
-    out.forces = (file.parent_path() / info.setup.forces_file).lexically_normal();
+    out.forces =
+        (file.parent_path() / platform::path_of(info.setup.forces_file)).lexically_normal();
   }
   return out;
 }
@@ -99,7 +101,8 @@ std::optional<fs::path> model_of_results(const fs::path& results) {
   try {
     const std::string model = store::ResultReader::open(results)->info().setup.model_file;
     if (model.empty()) return std::nullopt;
-    return (fs::weakly_canonical(results).parent_path() / model).lexically_normal();
+    return (fs::weakly_canonical(results).parent_path() / platform::path_of(model))
+        .lexically_normal();
   } catch (const std::runtime_error&) {
     return std::nullopt;  // of another version or damaged: nobody can tell any more
   }

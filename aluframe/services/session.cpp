@@ -1,4 +1,5 @@
 #include "aluframe/services/session.h"
+#include "aluframe/platform/path_text.h"
 #include "aluframe/services/messages.h"
 
 #include <algorithm>
@@ -176,7 +177,7 @@ CString Session::FileNameWithNewExt(const CString& extension) {
 
 int Session::RunTextEditor(const CString& path, const CString& title) {
   if (!options_.open_text) return 0;
-  const std::filesystem::path file = to_utf8(path);
+  const std::filesystem::path file = platform::path_of(to_utf8(path));
   return options_.open_text(file, to_utf8(title)) ? 1 : 0;
 }
 

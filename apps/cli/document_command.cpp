@@ -8,6 +8,7 @@
 #include "aluframe/document/document_file.h"
 #include "aluframe/files/error_text.h"
 #include "aluframe/files/output_guard.h"
+#include "aluframe/platform/open_file.h"
 #include "aluframe/platform/terminal.h"
 #include "aluframe/run/document.h"
 #include "aluframe/tables/check_summary.h"
@@ -93,7 +94,7 @@ int write(const ReportOptions& options, const run::DocumentContent& content,
   for (const std::string& reservation : content.reservations) print_message(reservation);
   try {
     platform::note_interrupts();
-    document::publish_document(goes_to_standard_output(html) ? fs::path("/dev/stdout") : html,
+    document::publish_document(goes_to_standard_output(html) ? platform::standard_output() : html,
                                content, results, options.detail, stop_when_interrupted);
   } catch (const Interrupted&) {
     print_message(texts::translated("{}: not written: cancelled", html.string()));

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include "apps/cli/analyse_command.h"
 #include "apps/cli/buckling_command.h"
 #include "apps/cli/combinations_command.h"
 #include "apps/cli/members_command.h"
+#include "apps/cli/parser.h"
 #include "apps/cli/picture_command.h"
 
 // Commands that show a frame and what its analysis gives, on the command line.

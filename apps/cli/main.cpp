@@ -1,6 +1,5 @@
 // Parses the command line and hands over to the commands.
 
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -17,6 +16,7 @@
 #include "apps/cli/document_command.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
+#include "apps/cli/parser.h"
 #include "apps/cli/parser_texts.h"
 #include "apps/cli/points_command.h"
 #include "apps/cli/report_command.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "apps/cli/parser.h"
 
 namespace aluframe::cli {
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
 
@@ -11,6 +10,7 @@
 #include "aluframe/tables/output_table.h"
 #include "aluframe/texts/language.h"
 #include "aluframe/texts/text.h"
+#include "apps/cli/parser.h"
 
 // Options of the command line that several commands have.
 

@@ -1,11 +1,14 @@
 """Results, reports and check points are the same to the byte on Windows and on Linux."""
 
 import json
+import re
+import subprocess
 import sys
 
 import pytest
 
 import program_wine
+from module_wine import BUILD
 from program_wine import EXAMPLES, ROOT, Both
 
 program_wine.require()
@@ -96,3 +99,14 @@ def test_twenty_thousand_check_points_have_the_same_answers(both):
 def test_points_come_and_go_through_pipes_as_they_are(both):
     done = both.same("points", "-", given=(ROOT / "examples" / "points.jsonl").read_bytes())
     assert done.out.count(b"\n") == 3 and b"\r" not in done.out
+
+
+def test_wide_vectors_are_moved_without_alignment():
+    """The stack of Windows is aligned to 16 bytes, and wider vectors that are put on it are not."""
+    objects = list(BUILD.glob("aluframe/analysis/**/dense_tiles.cpp.obj"))
+    assert len(objects) == 3
+    for file in objects:
+        code = subprocess.run(["x86_64-w64-mingw32-objdump", "-d", str(file)], capture_output=True, text=True,
+                              check=True).stdout
+        moves = re.findall(r"\tvmov(?:apd|aps|dqa\d*) .*\(.*", code)
+        assert not moves, f"{file}: {moves[0]}"

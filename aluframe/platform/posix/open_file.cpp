@@ -41,6 +41,16 @@ std::error_code take_permissions(int descriptor, const std::filesystem::path& li
 
 }  // namespace
 
+bool is_stream(const std::filesystem::path& path) {
+  std::error_code unknown;  // what cannot be looked at cannot be written either
+  const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+  return exists(status) && !is_regular_file(status) && !is_directory(status);
+}
+
+std::filesystem::path standard_output() {
+  return "/dev/stdout";
+}
+
 std::filesystem::path nowhere() {
   return "/dev/null";
 }

@@ -31,7 +31,9 @@ std::error_code replace_file(const std::filesystem::path& from, const std::files
   for (int tries = 1;; ++tries) {
     if (MoveFileExW(from.c_str(), to.c_str(), how) != 0) return {};
     const DWORD error = GetLastError();
-    if (tries == most_tries || !may_pass(error)) return code_of(error);
+    if (!may_pass(error)) return code_of(error);
+    // Who may write it, as is known by then, is kept from replacing it by one who has it open.
+    if (tries == most_tries) return std::make_error_code(std::errc::device_or_resource_busy);
     Sleep(milliseconds_between);
   }
 }

@@ -70,6 +70,21 @@ bool identify(HANDLE file, Identity& identity) {
 
 }  // namespace
 
+// Names of devices, such as NUL, stand in no folder: only what they open tells.
+bool is_stream(const std::filesystem::path& path) {
+  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, shared_with_all, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  const DWORD type = GetFileType(handle);
+  CloseHandle(handle);
+  return type == FILE_TYPE_CHAR || type == FILE_TYPE_PIPE;
+}
+
+// There is none; no file can have this one.
+std::filesystem::path standard_output() {
+  return "\\\\.\\stdout";
+}
+
 std::filesystem::path nowhere() {
   return "NUL";
 }
@@ -94,18 +109,21 @@ OpenFile OpenFile::create(const std::filesystem::path& path, const std::filesyst
 }
 
 OpenFile OpenFile::standard_stream_at(const std::filesystem::path& path) {
+  const auto copy_of = [](HANDLE stream) {
+    HANDLE copy = INVALID_HANDLE_VALUE;
+    const HANDLE self = GetCurrentProcess();
+    DuplicateHandle(self, stream, self, &copy, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    return OpenFile(number_of(copy));
+  };
+  if (path == standard_output()) return copy_of(GetStdHandle(STD_OUTPUT_HANDLE));
   std::error_code error;
   const OpenFile there = open(path, Purpose::reading, error);
   Identity wanted;
   if (error || !identify(handle_of(there.handle_), wanted)) return {};
   for (const DWORD stream : {STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
-    const HANDLE here = GetStdHandle(stream);
     Identity identity;
-    if (!identify(here, identity) || identity != wanted) continue;
-    HANDLE copy = INVALID_HANDLE_VALUE;
-    const HANDLE self = GetCurrentProcess();
-    if (DuplicateHandle(self, here, self, &copy, 0, FALSE, DUPLICATE_SAME_ACCESS) != 0) {
-      return OpenFile(number_of(copy));
+    if (identify(GetStdHandle(stream), identity) && identity == wanted) {
+      return copy_of(GetStdHandle(stream));
     }
   }
   return {};

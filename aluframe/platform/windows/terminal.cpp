@@ -23,9 +23,13 @@ bool is_console(DWORD stream) {
 }
 
 /// On a thread of its own. @return whether nobody else need do anything about it
-BOOL WINAPI note_event(DWORD) {
+BOOL WINAPI note_event(DWORD event) {
+  const bool before = interrupted.exchange(true);
+  // When the window closes the system ends the program as soon as this is told: the run has until
+  // the system loses patience, some seconds later.
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   // The user who insists is not kept waiting.
-  return interrupted.exchange(true) ? FALSE : TRUE;
+  return before ? FALSE : TRUE;
 }
 
 void understand_colours(DWORD stream) {
