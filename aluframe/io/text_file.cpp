@@ -83,6 +83,7 @@ std::string load_file(const std::filesystem::path& path) {
   if (std::filesystem::is_directory(path, ignored))
     throw Failure{"", texts::translated("is a directory, not a file")};
   const platform::OpenFile file = open(path);
+  if (!file.has_end()) throw Failure{"", texts::translated("is a device without an end")};
   std::string text;
   std::error_code unknown_size;  // of a pipe, say: then the text grows as it comes
   const std::uintmax_t size = std::filesystem::file_size(path, unknown_size);
@@ -92,6 +93,8 @@ std::string load_file(const std::filesystem::path& path) {
     text.append(block, 0, count);
     if (text.size() > max_file_size) throw Failure{"", texts::translated("is larger than 2 GB")};
   }
+  if (text.empty() && std::filesystem::is_fifo(path, ignored))
+    throw Failure{"", texts::translated("is a pipe that nobody writes to")};
   return text;
 }
 

@@ -38,6 +38,9 @@ class OpenFile {
   ~OpenFile();
 
   bool is_open() const { return handle_ != none; }
+  /// Whether reading comes to an end: of a file, a pipe, a terminal and the file that keeps
+  /// nothing, but neither of a disk as a whole nor of a device that gives bytes for ever.
+  bool has_end() const;
   /// @return the number of bytes that were read; 0 at the end and with an error
   std::size_t read(std::span<char> bytes, std::error_code& error) const;
   std::error_code write(std::string_view bytes) const;

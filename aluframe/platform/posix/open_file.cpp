@@ -102,6 +102,14 @@ OpenFile::~OpenFile() {
   if (is_open()) ::close(static_cast<int>(handle_));
 }
 
+bool OpenFile::has_end() const {
+  struct stat of, empty;
+  if (fstat(static_cast<int>(handle_), &of) != 0) return true;  // reading tells why it fails
+  if (S_ISBLK(of.st_mode)) return false;
+  if (!S_ISCHR(of.st_mode) || isatty(static_cast<int>(handle_)) != 0) return true;
+  return stat(nowhere().c_str(), &empty) == 0 && of.st_rdev == empty.st_rdev;
+}
+
 std::size_t OpenFile::read(std::span<char> bytes, std::error_code& error) const {
   for (;;) {
     const ssize_t count = ::read(static_cast<int>(handle_), bytes.data(), bytes.size());

@@ -140,6 +140,12 @@ OpenFile::~OpenFile() {
   if (is_open()) CloseHandle(handle_of(handle_));
 }
 
+/// Names of files lead to no other devices than the console, the one that keeps nothing and serial
+/// lines, all of which end.
+bool OpenFile::has_end() const {
+  return true;
+}
+
 std::size_t OpenFile::read(std::span<char> bytes, std::error_code& error) const {
   DWORD count = 0;
   const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largest_piece));
