@@ -27,7 +27,10 @@ std::string separator_before(std::string_view text, const std::vector<JsonMember
     return std::string(text.substr(begin, end - begin));
   }
   const std::size_t begin = text.find_last_not_of(json_blanks, end - 1) + 1;
-  return "," + std::string(text.substr(begin, end - begin));
+  if (begin < end) return "," + std::string(text.substr(begin, end - begin));
+  // {"a": 1} goes on as {"a": 1, "b": 2}, and {"a":1} as {"a":1,"b":2}.
+  const bool has_blanks = text[member.value.begin - 1] == ' ';
+  return has_blanks ? ", " : ",";
 }
 
 }  // namespace

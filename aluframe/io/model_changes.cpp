@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 namespace aluframe::io {
 
@@ -105,12 +106,36 @@ Editable editable_of(const model::Model& model) {
 ModelChanges changes_since(const Editable& saved, const model::Model& now) {
   const auto whole = [](const auto& entity) -> const auto& { return entity; };
   ModelChanges changes;
-  if (now.design != saved.settings) changes.settings = now.design;
+  const model::DesignSettings settings = now.design.value_or(model::DesignSettings());
+  const bool are_changed =
+      now.design ? saved.settings != settings : saved.settings.value_or(settings) != settings;
+  if (are_changed) changes.settings = settings;
   add_changed(saved.materials, now.materials, whole, changes.materials);
   add_changed(saved.sections, now.sections, whole, changes.sections);
   add_changed(saved.elements, now.elements, attributes_of, changes.elements);
   if (!now.finds_members) add_changed(saved.members, now.members, factors_of, changes.members);
   return changes;
+}
+
+void apply_changes(const ModelChanges& changes, model::Model& model) {
+  if (changes.settings) model.design = changes.settings;
+  for (const model::Material& material : changes.materials) model.materials.replace(material);
+  for (const model::Section& section : changes.sections) model.sections.replace(section);
+  for (const ElementAttributes& wanted : changes.elements) {
+    const model::Element* found = model.elements.find(wanted.number);
+    if (found == nullptr) continue;
+    model::Element element = *found;
+    element.design = wanted.design;
+    element.member_type = wanted.member_type;
+    model.elements.replace(std::move(element));
+  }
+  for (const MemberFactors& wanted : changes.members) {
+    const model::Member* found = model.members.find(wanted.number);
+    if (found == nullptr) continue;
+    model::Member member = *found;
+    member.length_factors = wanted.length_factors;
+    model.members.replace(std::move(member));
+  }
 }
 
 }  // namespace aluframe::io

@@ -61,8 +61,12 @@ MemberFactors factors_of(const model::Member& member);
 /// What the file of a model that was just read or saved holds.
 Editable editable_of(const model::Model& model);
 
-/// What of a model differs from what its file holds.
+/// What of a model differs from what its file holds. Settings that a model is without are the
+/// defaults; a file that has some keeps them with these values.
 ModelChanges changes_since(const Editable& saved, const model::Model& now);
+
+/// Makes the changes in a model. What it has no entity for is left out.
+void apply_changes(const ModelChanges& changes, model::Model& model);
 
 /// Whether both are the same but for the last digits of lengths, which a file in another unit than
 /// mm may be unable to hold.

@@ -89,13 +89,32 @@ class ModelTextEdit {
   void change_settings(const model::DesignSettings& settings) {
     const std::string json = checked(settings_line(settings), "/settings", settings_not_held);
     if (const JsonMember* present = find_member(text_, fields_, "settings")) {
-      return edit_.replace(present->value, json);
+      const bool has_fields = !json_members(text_, present->value).empty();
+      return has_fields ? change_present_settings(present->value, settings)
+                        : edit_.replace(present->value, json);
     }
     const JsonMember* before = nullptr;
     for (const std::string_view name : fields_before_settings) {
       if (before == nullptr) before = find_member(text_, fields_, name);
     }
     edit_.insert_behind(fields_, *before, "settings", json);
+  }
+
+  /// Only the fields that differ, so that one which says a default goes on to say it.
+  void change_present_settings(JsonSpan object, const model::DesignSettings& settings) {
+    const std::string before = whole_settings_line(model_.design.value_or(model::DesignSettings()));
+    const std::string after =
+        checked(whole_settings_line(settings), "/settings", settings_not_held);
+    const auto fields_before = json_members(before, json_value_at(before, 0));
+    const auto fields_after = json_members(after, json_value_at(after, 0));
+    std::vector<JsonField> fields;
+    for (std::size_t i = 0; i < fields_after.size(); ++i) {
+      const std::string_view json = fields_after[i].value.of(after);
+      if (json == fields_before[i].value.of(before)) continue;
+      const std::string_view name = fields_after[i].name.of(after);
+      fields.push_back({name.substr(1, name.size() - 2), std::string(json)});
+    }
+    edit_.set_fields(object, fields);
   }
 
   /// Combinations name load cases, so a file that gets its first ones has these.

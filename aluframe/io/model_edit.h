@@ -17,14 +17,14 @@
 ///     if (const auto problem = io::save_changes("frame.json", changes)) ...
 namespace aluframe::io {
 
-/// The text of a model file with the changes in it. Written anew, each on one line, are the
-/// "settings", the changed materials and sections (by their dimensions, whatever profile they
-/// named), and of the elements and members that are changed the fields "member_type", "design" and
-/// "length_factors" that differ. Such a field comes behind the last of its object when that lacks
-/// it, and leaves the file when there is nothing to say; settings that the file lacks come behind
-/// its "units", or behind the last field of its head. "combinations" are written one a line, and
-/// come behind the "load_cases" of a file that lacks them. The new text was read back and holds the
-/// changed values.
+/// The text of a model file with the changes in it. Written anew are, each on one line, the changed
+/// materials and sections (by their dimensions, whatever profile they named), of the "settings" the
+/// fields that differ, and of the elements and members that are changed the fields "member_type",
+/// "design" and "length_factors" that differ. Such a field comes behind the last of its object when
+/// that lacks it, and of an element or member leaves the file when there is nothing to say;
+/// settings that the file lacks come behind its "units", or behind the last field of its head.
+/// "combinations" are written one a line, and come behind the "load_cases" of a file that lacks
+/// them. The new text was read back and holds the changed values.
 /// @param name stands for the file in messages
 /// @param folder where the catalogues lie that the text names; null: it must name none
 /// @return a problem when the text is no model, lacks one of the changed entities, or a model file

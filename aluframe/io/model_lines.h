@@ -14,6 +14,8 @@ namespace aluframe::io {
 std::string project_line(const model::Project& project);
 std::string units_line(const model::Units& units);
 std::string settings_line(const model::DesignSettings& settings);
+/// The same with the fields that have their default.
+std::string whole_settings_line(const model::DesignSettings& settings);
 std::string frame_line(const model::FrameSettings& frame);
 std::string analysis_line(const model::AnalysisSettings& analysis, const Scales& scales);
 std::string material_line(const model::Material& material);

@@ -85,6 +85,19 @@ std::string settings_line(const model::DesignSettings& settings) {
       .str();
 }
 
+std::string whole_settings_line(const model::DesignSettings& settings) {
+  return JsonLine()
+      .text("code", shown_code_name)
+      .flag("rib", settings.rib)
+      .number("rib_ratio", settings.rib_ratio)
+      .number("safety_class", settings.safety_class)
+      .number("strength_ratio", settings.strength_ratio)
+      .flag("seismic", settings.seismic)
+      .number("gamma_re_strength", settings.gamma_re_strength)
+      .number("gamma_re_stability", settings.gamma_re_stability)
+      .str();
+}
+
 std::string frame_line(const model::FrameSettings& frame) {
   const model::FrameSettings standard;
   JsonLine line;

@@ -130,7 +130,8 @@ Session::Session(const model::Model& model, SessionOptions options)
       manager_(model_, evaluator_, scale_, monitor_, options_.result_path,
                run_info(model_, evaluator_, options_), options_.create_writer, options_.observer),
       document_(model_, attributes_, tool_, manager_, scale_, options_.editable,
-                options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history) {}
+                options_.message_box ? MessageBoxes::to_user : MessageBoxes::to_history),
+      toolkit_(options_.toolkit) {}
 
 void Session::take_up() {
   if (!options_.take_up) return;

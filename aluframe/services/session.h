@@ -10,6 +10,7 @@
 
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/combinations.h"
+#include "aluframe/services/dialog_texts.h"
 #include "aluframe/services/document.h"
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/run_observer.h"
@@ -90,7 +91,9 @@ class Session : public host::HostServices {
   void AluCodeNames(CArray<CString>& out) override { list_design_codes(out); }
   CString ShownCodeName(const CString& internal) override { return shown_code_name(internal); }
   CString InternalCodeName(const CString& shown) override { return internal_code_name(shown); }
-  host::Toolkit* DialogToolkit() override { return options_.toolkit; }
+  host::Toolkit* DialogToolkit() override {
+    return options_.toolkit != nullptr ? &toolkit_ : nullptr;
+  }
   int IsReleaseAssert() override { return 1; }
   void ReleaseAssertion(const wchar_t* source, int line) override;
 
@@ -119,6 +122,7 @@ class Session : public host::HostServices {
   DesignManager manager_;
   Document document_;
   DesignData design_data_;
+  TranslatingToolkit toolkit_;
   bool cancelled_ = false;
   bool had_message_ = false;
 };

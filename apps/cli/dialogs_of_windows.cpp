@@ -3,8 +3,8 @@
 #include <utility>
 #include <variant>
 
-#include "aluframe/io/model_edit.h"
 #include "aluframe/io/model_file.h"
+#include "aluframe/io/model_merge.h"
 #include "aluframe/texts/text.h"
 #include "aluframe/toolkit/win32/message_box.h"
 #include "aluframe/toolkit/win32/win32_toolkit.h"
@@ -18,6 +18,26 @@ namespace {
 
 using services::DialogEnd;
 using services::SettingsDialog;
+
+/// What the buttons of a box return.
+constexpr int button_yes = 6, button_no = 7;
+
+std::optional<io::Keep> ask_whose(const std::filesystem::path& file,
+                                  const std::vector<io::Conflict>& conflicts) {
+  constexpr unsigned yes_no_cancel = 3;
+  const std::string question = texts::translated("{}: another program has changed the same values:",
+                                                 file.filename().string()) +
+                               "\n\n" + io::conflicts_text(conflicts) + "\n\n" +
+                               texts::translated("Yes keeps mine, No keeps theirs.");
+  switch (toolkit::show_message_box(question, yes_no_cancel)) {
+    case button_yes:
+      return io::Keep::mine;
+    case button_no:
+      return io::Keep::theirs;
+    default:
+      return std::nullopt;
+  }
+}
 
 DialogEnd open(model::Model& model, SettingsDialog dialog) {
   toolkit::Win32Toolkit toolkit;
@@ -40,13 +60,22 @@ int run_one_dialog(const DialogsOptions& options, SettingsDialog dialog) {
   }
   auto& model = std::get<model::Model>(read);
   const auto before = io::editable_of(model);
-  const DialogEnd end = open(model, dialog);
-  if (end == DialogEnd::failed) {
-    print_message(texts::translated("the dialog did not open"));
-    return exit_failure;
-  }
-  if (const auto problem = io::save_changes(options.model, io::changes_since(before, model))) {
-    print_message(problem->message());
+  const auto ask = [&options](const std::vector<io::Conflict>& conflicts) {
+    return ask_whose(options.model, conflicts);
+  };
+  DialogEnd end;
+  io::Saved saved;
+  do {
+    end = open(model, dialog);
+    if (end == DialogEnd::failed) {
+      print_message(texts::translated("the dialog did not open"));
+      return exit_failure;
+    }
+    saved = io::save_merged(options.model, before, model, ask);
+    // A user who wants neither side's values has the dialog again, as it was.
+  } while (saved.is_cancelled);
+  if (saved.problem) {
+    print_message(saved.problem->message());
     return exit_failure;
   }
   const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;

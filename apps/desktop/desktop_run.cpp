@@ -33,17 +33,32 @@ int fail(const std::string& problem, int status) {
   return status;
 }
 
-int run_dialog(ModelDocument& document, SettingsDialog dialog) {
+DialogEnd open_dialog(model::Model& model, SettingsDialog dialog) {
   toolkit::QtToolkit toolkit;
   services::SessionOptions session;
   session.toolkit = &toolkit;
   session.message_box = show_message_box;
   session.message = print_problem;
-  const DialogEnd end =
-      services::run_settings_dialog(document.editable(), dialog, std::move(session));
-  if (end == DialogEnd::failed)
-    return fail(texts::translated("the dialog did not open"), exit_failure);
-  if (const auto problem = document.save()) return fail(*problem, exit_failure);
+  return services::run_settings_dialog(model, dialog, std::move(session));
+}
+
+int run_dialog(ModelDocument& document, SettingsDialog dialog) {
+  io::AskKeep ask;
+  if (is_watched()) {
+    ask = [&document](const std::vector<io::Conflict>& conflicts) {
+      return ask_whose(nullptr, document.path(), conflicts);
+    };
+  }
+  DialogEnd end;
+  SaveEnd saved;
+  do {
+    end = open_dialog(document.editable(), dialog);
+    if (end == DialogEnd::failed)
+      return fail(texts::translated("the dialog did not open"), exit_failure);
+    saved = document.save(ask);
+    // A user who wants neither side's values has the dialog again, as it was.
+  } while (saved.is_cancelled);
+  if (saved.problem) return fail(*saved.problem, exit_failure);
   const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
   return refused ? exit_cancelled : exit_done;
 }

@@ -111,9 +111,9 @@ MainWindow::MainWindow()
     QTimer::singleShot(written_after, this, [this] { file_changed(); });
   });
   constexpr int looks_again_after = 1000;
-  gone_file_timer_.setSingleShot(true);
-  gone_file_timer_.setInterval(looks_again_after);
-  gone_file_timer_.callOnTimeout(this, [this] { file_changed(); });
+  look_again_.setSingleShot(true);
+  look_again_.setInterval(looks_again_after);
+  look_again_.callOnTimeout(this, [this] { file_changed(); });
   setWindowTitle(QStringLiteral("AluFrame"));
   resize(1360, 860);
   const QSettings settings;
@@ -254,6 +254,38 @@ void MainWindow::reload() {
   }
 }
 
+bool MainWindow::reload_beneath_changes() {
+  const ModelDocument& mine = *workspace_.document();
+  auto opened = ModelDocument::open(mine.path());
+  if (const auto* problem = std::get_if<std::string>(&opened)) {
+    known_time_ = time_of(mine.path());
+    workspace_.tell(*problem);
+    show_problem(this, *problem);
+    return true;
+  }
+  auto& theirs = std::get<ModelDocument>(opened);
+  io::Merge merge = mine.merge_into(theirs.model(), io::Keep::theirs);
+  if (!merge.conflicts.empty()) {
+    const auto keep = ask_keep()(merge.conflicts);
+    if (!keep) return false;
+    merge = mine.merge_into(theirs.model(), *keep);
+  }
+  model::Model merged = theirs.model();
+  io::apply_changes(merge.changes, merged);
+  EditedParts before = parts_changed(theirs.model(), merged);
+  EditedParts after = parts_changed(merged, theirs.model());
+  workspace_.tell(texts::translated("{}: changed by another program, read again; your changes stay",
+                                    mine.path().string()));
+  // They are put in again at once, so that there is nothing to offer.
+  autosave_.drop();
+  show_document(std::move(theirs));
+  if (after.empty()) return true;
+  undo_.push(new ModelEditCommand(workspace_, ui_text(translatable("earlier changes")),
+                                  std::move(before), std::move(after)));
+  autosave_.keep();
+  return true;
+}
+
 void MainWindow::take_typed() {
   if (QLineEdit* line = typed_number(focusWidget())) Q_EMIT line->editingFinished();
 }
@@ -262,18 +294,26 @@ bool MainWindow::save() {
   take_typed();
   ModelDocument* document = workspace_.document();
   if (document == nullptr) return true;
-  const bool was_changed_outside = time_of(document->path()) != known_time_;
-  if (const auto problem = document->save()) {
-    show_problem(this, *problem);
-    return false;
-  }
+  const SaveEnd end = document->save(ask_keep());
+  if (end.problem) show_problem(this, *end.problem);
+  if (!end.is_saved()) return false;
   known_time_ = time_of(document->path());
   watch_file();
   workspace_.refresh_results();
   workspace_.tell_edited();
   // What the other program changed stays in the file and is to be seen here too.
-  if (was_changed_outside) reload();
+  if (end.was_changed_outside) reload();
   return true;
+}
+
+io::AskKeep MainWindow::ask_keep() {
+  return [this](const std::vector<io::Conflict>& conflicts) {
+    // What happens to the file meanwhile waits for the answer.
+    is_asking_ = true;
+    const auto answer = ask_whose(this, workspace_.document()->path(), conflicts);
+    is_asking_ = false;
+    return answer;
+  };
 }
 
 bool MainWindow::save_as(const std::filesystem::path& path) {
@@ -281,9 +321,10 @@ bool MainWindow::save_as(const std::filesystem::path& path) {
   ModelDocument* document = workspace_.document();
   // They are kept by the file's name.
   autosave_.drop();
-  if (const auto problem = document->save_as(path)) {
+  const SaveEnd end = document->save_as(path, ask_keep());
+  if (!end.is_saved()) {
     autosave_.keep();
-    show_problem(this, *problem);
+    if (end.problem) show_problem(this, *end.problem);
     return false;
   }
   known_time_ = time_of(document->path());
@@ -291,6 +332,7 @@ bool MainWindow::save_as(const std::filesystem::path& path) {
   note_recent(document->path());
   workspace_.refresh_results();
   workspace_.tell_edited();
+  if (end.was_changed_outside) reload();
   return true;
 }
 
@@ -435,32 +477,25 @@ void MainWindow::file_changed() {
     }
     is_gone_ = true;
     // A watch ends with its file.
-    gone_file_timer_.start();
+    look_again_.start();
     return;
   }
   is_gone_ = false;
   watch_file();
   const auto time = time_of(document->path());
   if (time == known_time_ || time == refused_time_ || workspace_.is_busy()) return;
-  if (document->is_modified()) {
-    is_asking_ = true;
-    QMessageBox box(QMessageBox::Question, QStringLiteral("AluFrame"),
-                    to_qt(document->path().filename()) + u'\n' +
-                        ui_text(translatable("Another program has changed the file. Read it "
-                                             "again and lose your changes?")),
-                    QMessageBox::Yes | QMessageBox::No, this);
-    box.setTextFormat(Qt::PlainText);
-    const bool wants = box.exec() == QMessageBox::Yes;
-    is_asking_ = false;
-    if (!wants) {
-      refused_time_ = time;
-      return;
-    }
-    autosave_.drop();
+  if (typed_number(focusWidget()) != nullptr) {
+    // It would be lost, and half of a number is none.
+    look_again_.start();
+    return;
   }
-  workspace_.tell(
-      texts::translated("{}: changed by another program, read again", document->path().string()));
-  reload();
+  if (!document->is_modified()) {
+    workspace_.tell(
+        texts::translated("{}: changed by another program, read again", document->path().string()));
+    reload();
+  } else if (!reload_beneath_changes()) {
+    refused_time_ = time;
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

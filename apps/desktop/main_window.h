@@ -42,6 +42,9 @@ class MainWindow : public QMainWindow {
   void open(const std::filesystem::path& path);
   /// Reads the open file again; changes that are not saved are lost.
   void reload();
+  /// Reads the open file again and makes the changes that are not saved in it; asks where another
+  /// program has changed the same values. @return false when the user wants neither side's
+  bool reload_beneath_changes();
   /// @return true when nothing is left to save
   bool save();
   /// Writes the model with its changes under another name and goes on with that file.
@@ -101,6 +104,7 @@ class MainWindow : public QMainWindow {
   /// Takes up a number that is still being typed.
   void take_typed();
   void file_changed();
+  io::AskKeep ask_keep();
 
   Workspace workspace_;
   Display display_;
@@ -124,8 +128,8 @@ class MainWindow : public QMainWindow {
   std::filesystem::file_time_type
       refused_time_;  ///< of the file that the user did not want to read
   bool is_asking_ = false;
-  bool is_gone_ = false;    ///< the file, which the user was told
-  QTimer gone_file_timer_;  ///< until it looks for it again
+  bool is_gone_ = false;  ///< the file, which the user was told
+  QTimer look_again_;     ///< at a file that is gone, or that waits for a number being typed
 };
 
 }  // namespace aluframe::desktop

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QWidget>
+#include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "aluframe/io/model_merge.h"
 #include "host/framework/messagebox.h"
 
 namespace aluframe::desktop {
@@ -21,5 +25,10 @@ enum class SaveChoice { save, discard, cancel };
 
 /// Asks what becomes of changes that are not saved.
 SaveChoice ask_to_save(QWidget* parent, const QString& file, const QString& question);
+
+/// Asks whose values are kept where the user and another program have changed the same ones.
+/// @return nothing when the user wants neither
+std::optional<io::Keep> ask_whose(QWidget* parent, const std::filesystem::path& file,
+                                  const std::vector<io::Conflict>& conflicts);
 
 }  // namespace aluframe::desktop

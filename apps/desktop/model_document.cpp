@@ -44,44 +44,63 @@ bool ModelDocument::is_gone() const {
   return !std::filesystem::exists(path_, unknown) && !unknown;
 }
 
-std::optional<std::string> ModelDocument::save() {
-  const auto choose = [this](const model::Model& now) -> io::Result<io::ModelChanges> {
-    if (!io::changes_since(saved_, now).empty()) {
-      return io::Problem{path_.string(), "",
-                         texts::translated("another program has changed its settings, materials, "
-                                           "sections or design attributes since it was opened; "
-                                           "open it again")};
+SaveEnd ModelDocument::save(const io::AskKeep& ask) {
+  SaveEnd end;
+  if (is_gone()) {
+    if (const auto problem = io::save_changed_text(text_, path_, path_, changes())) {
+      end.problem = problem->message();
     }
-    return changes();
-  };
-  const auto problem = is_gone() ? io::save_changed_text(text_, path_, path_, changes())
-                                 : io::change_model_file(path_, choose);
-  if (problem) return problem->message();
-  note_saved();
-  return std::nullopt;
+  } else {
+    end.was_changed_outside = text_of(path_) != text_;
+    const io::Saved saved = io::save_merged(path_, saved_, model_, ask);
+    if (saved.problem) end.problem = saved.problem->message();
+    end.is_cancelled = saved.is_cancelled;
+  }
+  if (end.is_saved()) note_saved(end.was_changed_outside);
+  return end;
 }
 
-std::optional<std::string> ModelDocument::save_as(const std::filesystem::path& path) {
+SaveEnd ModelDocument::write_copy(const std::filesystem::path& path, const io::AskKeep& ask) const {
+  const auto ended = [](const std::optional<io::Problem>& problem) {
+    return problem ? SaveEnd{problem->message()} : SaveEnd{};
+  };
+  if (is_gone()) return ended(io::save_changed_text(text_, path_, path, changes()));
+  const auto theirs = io::read_model(path_);
+  if (const auto* problem = std::get_if<io::Problem>(&theirs)) return ended(*problem);
+  io::Merge merge = merge_into(std::get<model::Model>(theirs), io::Keep::theirs);
+  if (!merge.conflicts.empty()) {
+    const auto keep = ask ? ask(merge.conflicts) : std::nullopt;
+    if (!keep) return {.is_cancelled = true};
+    merge = merge_into(std::get<model::Model>(theirs), *keep);
+  }
+  return ended(io::save_changed_copy(path_, path, merge.changes));
+}
+
+SaveEnd ModelDocument::save_as(const std::filesystem::path& path, const io::AskKeep& ask) {
   if (run::result_path_of(path) == path) {
-    return texts::translated("{}: is the name of a result file; choose another one for the model",
-                             path.string());
+    return {texts::translated("{}: is the name of a result file; choose another one for the model",
+                              path.string())};
   }
   const files::OutputFile copy{translatable("the model"), path, files::FileKind::model};
-  if (auto problem = files::find_overwriting({copy}, {})) return problem;
-  const auto problem = is_gone() ? io::save_changed_text(text_, path_, path, changes())
-                                 : io::save_changed_copy(path_, path, changes());
-  if (problem) return problem->message();
+  if (auto problem = files::find_overwriting({copy}, {})) return {std::move(problem)};
+  const bool was_changed_outside = !is_gone() && text_of(path_) != text_;
+  SaveEnd end = write_copy(path, ask);
+  if (!end.is_saved()) return end;
+  end.was_changed_outside = was_changed_outside;
   path_ = path;
-  note_saved();
-  return std::nullopt;
+  note_saved(was_changed_outside);
+  return end;
 }
 
-void ModelDocument::note_saved() {
-  saved_ = io::editable_of(model_);
+void ModelDocument::note_saved(bool was_changed_outside) {
   text_ = text_of(path_);
-  // The file may hold a length less exactly than the window did.
-  const auto read = run::read_input({.model = path_});
-  if (const auto* input = std::get_if<run::Input>(&read)) digest_ = input->digest;
+  auto read = run::read_input({.model = path_});
+  if (auto* input = std::get_if<run::Input>(&read)) {
+    // The file may hold a length less exactly than the window did.
+    digest_ = input->digest;
+    if (was_changed_outside) model_ = std::move(input->model);
+  }
+  saved_ = io::editable_of(model_);
 }
 
 }  // namespace aluframe::desktop

@@ -6,10 +6,21 @@
 #include <variant>
 
 #include "aluframe/io/model_edit.h"
+#include "aluframe/io/model_merge.h"
 #include "aluframe/model/model.h"
 #include "aluframe/run/input.h"
 
 namespace aluframe::desktop {
+
+/// What came of saving.
+struct SaveEnd {
+  /// Why it failed; nothing has changed then.
+  std::optional<std::string> problem = std::nullopt;
+  bool is_cancelled = false;         ///< by the user: nothing has changed
+  bool was_changed_outside = false;  ///< the file has more in it now than the model had
+
+  bool is_saved() const { return !problem && !is_cancelled; }
+};
 
 /// A model file that is open: its model, and what of it differs from what is saved.
 class ModelDocument {
@@ -26,20 +37,25 @@ class ModelDocument {
   /// What is not saved yet.
   io::ModelChanges changes() const;
   bool is_modified() const { return !changes().empty(); }
-  /// Writes the changes to the file, whose other content stays; nothing when there are none. A file
-  /// that is gone is written again as it was read or saved, with the changes.
-  /// @return a message when that failed; the file is then as it was
-  std::optional<std::string> save();
+  /// The changes as they are to be made in what the file holds now.
+  io::Merge merge_into(const model::Model& theirs, io::Keep keep) const {
+    return io::merge_changes(saved_, model_, theirs, keep);
+  }
+  /// Writes the changes to the file, whose other content stays, what another program has changed
+  /// meanwhile included; nothing when there are none. A file that is gone is written again as it
+  /// was read or saved, with the changes.
+  /// @param ask about values that both have changed; empty: they are a problem
+  SaveEnd save(const io::AskKeep& ask = {});
   /// Writes the file, or what it held when it is gone, with the changes under another name, which
   /// is the open file then.
-  /// @return a message when that failed; nothing has changed then
-  std::optional<std::string> save_as(const std::filesystem::path& path);
+  SaveEnd save_as(const std::filesystem::path& path, const io::AskKeep& ask = {});
 
  private:
   ModelDocument(run::Input input, std::string text);
 
   bool is_gone() const;
-  void note_saved();
+  SaveEnd write_copy(const std::filesystem::path& path, const io::AskKeep& ask) const;
+  void note_saved(bool was_changed_outside);
 
   std::filesystem::path path_;
   std::string text_;  ///< of the file as it was read or saved

@@ -38,6 +38,8 @@ class DialogWindow {
   /// Shows the dialog until `End`. @return the result given to `End`
   virtual int Run() = 0;
   virtual void End(int result) = 0;
+  /// Puts a text in the title bar, in place of the template's.
+  virtual void SetCaption(const CString& caption) = 0;
 
   // --- any control ---
   virtual bool HasControl(int id) const = 0;

@@ -57,7 +57,7 @@ class AttributePanelTest : public CheckedModelTest {
   const Element& element(model::Number number) { return *workspace.model().elements.find(number); }
   std::string heading() { return panel.findChild<QLabel*>()->text().toStdString(); }
   bool is_modified() { return workspace.document()->is_modified(); }
-  void save() { ASSERT_EQ(workspace.document()->save(), std::nullopt); }
+  void save() { ASSERT_TRUE(workspace.document()->save().is_saved()); }
 };
 
 TEST_F(AttributePanelTest, WithoutASelectionItSaysWhatToDo) {

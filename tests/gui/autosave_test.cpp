@@ -76,7 +76,7 @@ TEST_F(AutosaveTest, NothingIsLeftOfWhatWasSaved) {
   first->edit();
   first->keep();
   EXPECT_TRUE(is_anything_kept());
-  EXPECT_EQ(first->workspace.document()->save(), std::nullopt);
+  EXPECT_TRUE(first->workspace.document()->save().is_saved());
   first->workspace.tell_edited();
   EXPECT_FALSE(is_anything_kept());
 }

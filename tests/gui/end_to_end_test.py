@@ -123,36 +123,28 @@ def test_what_another_program_writes_is_read_again(start, model):
     wait_for_title(program)
 
 
-@pytest.mark.parametrize("answer", ["Yes", "No"])
-def test_what_another_program_writes_is_asked_about_when_there_are_changes(start, model, answer):
+def test_what_another_program_writes_stays_beside_changes(start, model):
     program = open_model(start, model)
     edit_first_column(program, 31)
     other = model.read_text(encoding="utf-8").replace("Workshop portal", "Renamed portal")
+    other = other.replace("Tie rod 22", "Tie rod")
     model.write_text(other, encoding="utf-8")
-    program.sees("Another program has changed the file")
-    program.find("push button", f"^{answer}$").click()
-    if answer == "Yes":
-        wait_for_title(program)
-        assert model.read_text(encoding="utf-8") == other
-    else:
-        wait_for(lambda: len(program.windows()) == 1, "an end of the question")
-        save(program, model, with_haz_width(other, [1, 2], 31))
+    wait_for_title(program)
+    save(program, model, with_haz_width(other, [1, 2], 31))
 
 
-def test_changes_of_another_program_to_sections_are_not_overwritten(start, model):
+@pytest.mark.parametrize("answer, width", [("Keep mine", 31), ("Keep theirs", 40)])
+def test_who_changed_a_value_last_is_asked_about(start, model, answer, width):
     program = open_model(start, model)
     edit_first_column(program, 31)
-    other = model.read_text(encoding="utf-8").replace("Tie rod 22", "Tie rod")
+    other = with_haz_width(model.read_text(encoding="utf-8"), [1], 40)
+    other = other.replace("Workshop portal", "Renamed portal")
     model.write_text(other, encoding="utf-8")
-    program.sees("Another program has changed the file")
-    program.find("push button", "^No$").click()
-    wait_for(lambda: len(program.windows()) == 1, "an end of the question")
-    program.focus("portal.json")
-    program.press("ctrl+s")
-    program.sees("another program has changed its settings, materials, sections")
-    program.find("push button", "^OK$").click()
-    wait_for(lambda: len(program.windows()) == 1, "no other message")
-    assert model.read_text(encoding="utf-8") == other
+    program.sees("/elements/0/design/haz_width: 25 when it was opened, 31 here, 40 in the file")
+    program.find("push button", f"^{answer}$").click()
+    wait_for_title(program)
+    expected = with_haz_width(other, [2], 31)
+    save(program, model, expected.replace('"haz_width": 40', f'"haz_width": {width}'))
 
 
 def test_a_folder_that_is_gone_is_told_once(start, tmp_path, model):

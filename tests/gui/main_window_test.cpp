@@ -128,6 +128,34 @@ TEST_F(MainWindowTest, AChangeOfADialogCanBeUndone) {
   EXPECT_EQ(window.document()->model().design->safety_class, 1);
 }
 
+// The class is the one that holds where a file says none.
+TEST_F(MainWindowTest, UndoAfterSavingBringsTheFileBackByteByByte) {
+  const std::string before = text_of_file();
+  ASSERT_THAT(before, HasSubstr("\"safety_class\": 2"));
+  window.open(file);
+  change_class();
+  EXPECT_TRUE(window.save());
+  entry("Undo design settings").trigger();
+  EXPECT_TRUE(window.isWindowModified());
+  EXPECT_TRUE(window.save());
+  EXPECT_EQ(text_of_file(), before);
+}
+
+TEST_F(MainWindowTest, SettingsThatCameIntoAFileAreTheDefaultsAfterUndo) {
+  std::string text = text_of_file();
+  const std::size_t begin = text.find("  \"settings\""), end = text.find('\n', begin);
+  std::ofstream(file) << text.erase(begin, end + 1 - begin);
+  window.open(file);
+  ASSERT_EQ(window.document()->model().design, std::nullopt);
+  change_class();
+  EXPECT_TRUE(window.save());
+  entry("Undo design settings").trigger();
+  EXPECT_TRUE(window.isWindowModified());
+  EXPECT_TRUE(window.save());
+  EXPECT_FALSE(window.isWindowModified());
+  EXPECT_EQ(model_of_file().design, model::DesignSettings());
+}
+
 TEST_F(MainWindowTest, AChangeShowsInTheOverview) {
   window.open(file);
   change_class();

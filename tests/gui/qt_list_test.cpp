@@ -1,8 +1,11 @@
 // Lists in columns of a dialog of widgets.
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QTest>
 #include <QTreeWidget>
+#include <cstdlib>
 
 #include "tests/gui/sample_test.h"
 
@@ -159,6 +162,120 @@ TEST_F(QtList, TheArrowKeysSelectRows) {
     user.press(Qt::Key_Down);
   });
   EXPECT_THAT(log.lines, ElementsAre("row 112 1"));
+}
+
+class QtListKey : public QtList, public testing::WithParamInterface<Qt::Key> {};
+
+INSTANTIATE_TEST_SUITE_P(SelectsARow, QtListKey,
+                         testing::Values(Qt::Key_Down, Qt::Key_Up, Qt::Key_Space, Qt::Key_Home,
+                                         Qt::Key_End, Qt::Key_PageDown));
+
+TEST_P(QtListKey, SelectsTheOnlyRow) {
+  dialog.AddColumn(material_list, L"ID", 60, true);
+  dialog.InsertRow(material_list, 0);
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    user.press(GetParam());
+    EXPECT_EQ(dialog.SelectedRow(material_list), 0);
+  });
+  EXPECT_THAT(log.lines, ElementsAre("row 112 0"));
+}
+
+TEST_F(QtList, TheFirstArrowKeySelectsTheFirstRowAndTheNextGoesOn) {
+  fill_list();
+  dialog.SetFullRowSelect(material_list, true);
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    user.press(Qt::Key_Down);
+    user.press(Qt::Key_Down);
+  });
+  EXPECT_THAT(log.lines, ElementsAre("row 112 0", "row 112 1"));
+}
+
+TEST_F(QtList, EndSelectsTheLastRow) {
+  fill_list();
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    user.press(Qt::Key_End);
+  });
+  EXPECT_THAT(log.lines, ElementsAre("row 112 2"));
+}
+
+TEST_F(QtList, KeysInAnEmptyListSelectNothing) {
+  dialog.AddColumn(material_list, L"ID", 60, true);
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    user.press(Qt::Key_Down);
+    user.press(Qt::Key_C, Qt::ControlModifier);
+  });
+  EXPECT_THAT(log.lines, IsEmpty());
+}
+
+/// How many pixels of a row have a colour that neither the paper nor a letter has.
+int coloured_pixels(QTreeWidget& list, int row) {
+  const QImage picture =
+      list.viewport()->grab(list.visualItemRect(list.topLevelItem(row))).toImage();
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor colour = picture.pixelColor(x, y);
+      count += std::abs(colour.red() - colour.blue()) > 8 ? 1 : 0;
+    }
+  }
+  return count;
+}
+
+// Some styles draw the row of the keyboard much as a selected one.
+TEST_F(QtList, ARowThatIsNotSelectedDoesNotLookSelectedToTheKeyboardsUser) {
+  fill_list();
+  dialog.SetFullRowSelect(material_list, true);
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(coloured_pixels(list(), 0), 0);
+    user.press(Qt::Key_Down);
+    EXPECT_GT(coloured_pixels(list(), 0), 1000);
+  });
+}
+
+TEST_F(QtList, TheKeyboardsRowHasALineAroundItWhileNoneIsSelected) {
+  fill_list();
+  run([this](DialogUser&) {
+    const auto picture = [this] { return list().viewport()->grab().toImage(); };
+    list().setFocus(Qt::TabFocusReason);
+    const QImage with = picture();
+    list().clearFocus();
+    EXPECT_NE(with, picture());
+  });
+}
+
+TEST_F(QtList, RowsHaveRoomAboveAndBelowTheirText) {
+  fill_list();
+  run([this](DialogUser&) {
+    const int row = list().visualItemRect(list().topLevelItem(0)).height();
+    EXPECT_GE(row, list().fontMetrics().height() + 4);
+  });
+}
+
+TEST_F(QtList, CtrlCCopiesTheSelectedRow) {
+  fill_list();
+  dialog.SetCell(material_list, 1, 0, L"      2");
+  dialog.SetCell(material_list, 1, 1, L"6061-T6");
+  dialog.SetCell(material_list, 1, 2, L"70000");
+  run([](DialogUser& user) {
+    user.click_row(material_list, 1);
+    user.press(Qt::Key_C, Qt::ControlModifier);
+  });
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "2\t6061-T6\t70000");
+}
+
+TEST_F(QtList, WithoutASelectedRowCtrlCCopiesNothing) {
+  fill_list();
+  QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
+  run([this](DialogUser& user) {
+    list().setFocus(Qt::TabFocusReason);
+    user.press(Qt::Key_C, Qt::ControlModifier);
+  });
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "kept");
 }
 
 TEST_F(QtList, OneRowIsSelectedAtMost) {

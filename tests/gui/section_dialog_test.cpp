@@ -70,7 +70,7 @@ TEST_F(SectionDialogTest, AChangeIsInTheModelAfterOkAndCanBeUndone) {
 TEST_F(SectionDialogTest, WhatIsSavedReadsBack) {
   type(2, "8.5");
   QTest::mouseClick(&ok(), Qt::LeftButton);
-  EXPECT_EQ(workspace.document()->save(), std::nullopt);
+  EXPECT_TRUE(workspace.document()->save().is_saved());
   EXPECT_EQ(model_of_file().sections.find(1)->dimensions[2], 8.5);
   EXPECT_EQ(model_of_file().sections.find(1)->name, section().name);
 }

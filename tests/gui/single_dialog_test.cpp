@@ -1,5 +1,7 @@
 // The desktop program with one dialog only, as scripts start it.
 
+#include <fstream>
+
 #include "apps/exit_status.h"
 #include "tests/gui/desktop_test.h"
 #include "tests/gui/fit.h"
@@ -36,6 +38,42 @@ TEST_F(SingleDialog, OkSavesTheSettings) {
   ASSERT_TRUE(saved.design.has_value());
   EXPECT_EQ(saved.design->safety_class, 1);
   EXPECT_EQ(saved.design->strength_ratio, 0.8);
+}
+
+/// As another program does, while the dialog is open.
+void change_file(const std::filesystem::path& file, std::string text, const std::string& found,
+                 const std::string& replacement) {
+  const std::size_t at = text.find(found);
+  ASSERT_NE(at, std::string::npos) << found;
+  std::ofstream(file, std::ios::binary) << text.replace(at, found.size(), replacement);
+}
+
+TEST_F(SingleDialog, WhatAnotherProgramChangesMeanwhileStays) {
+  const int status = run_code([this](DialogUser& user) {
+    change_file(file, text_of_file(), "\"strength_ratio\": 0.9", "\"strength_ratio\": 0.8");
+    user.click(IDC_STATIC_ALU_SAFECLASS1);
+    user.click(IDOK);
+  });
+  EXPECT_EQ(status, exit_done);
+  EXPECT_EQ(model_of_file().design->safety_class, 1);
+  EXPECT_EQ(model_of_file().design->strength_ratio, 0.8);
+}
+
+// On a screen that nobody sees, nobody can be asked.
+TEST_F(SingleDialog, AConflictThatNobodyIsAskedAboutFailsAndLeavesTheFile) {
+  std::string changed;
+  testing::internal::CaptureStderr();
+  const int status = run_code([&](DialogUser& user) {
+    change_file(file, text_of_file(), "\"strength_ratio\": 0.9", "\"strength_ratio\": 0.8");
+    changed = text_of_file();
+    user.type(IDC_EDIT_ALU_SECTSTENGTH, "0.7");
+    user.click(IDOK);
+  });
+  EXPECT_EQ(status, exit_failure);
+  EXPECT_EQ(text_of_file(), changed);
+  EXPECT_THAT(testing::internal::GetCapturedStderr(),
+              testing::HasSubstr("/settings/strength_ratio: 0.9 when it was opened, 0.7 here, 0.8 "
+                                 "in the file"));
 }
 
 TEST_F(SingleDialog, CloseOfTheSettingsLeavesTheFileAndSaysSo) {
@@ -82,6 +120,43 @@ TEST_F(SingleDialog, MaterialsThatNobodyModifiedLeaveTheFile) {
   });
   EXPECT_EQ(status, exit_done);
   EXPECT_EQ(text_of_file(), before);
+}
+
+class SingleDialogIn : public SingleDialog, public testing::WithParamInterface<texts::Language> {};
+
+INSTANTIATE_TEST_SUITE_P(BothLanguages, SingleDialogIn,
+                         testing::Values(texts::Language::english, texts::Language::chinese));
+
+// Letters of another script may be higher and wider than those of the dialog's font.
+TEST_P(SingleDialogIn, TheMaterialsKeepTheirSizeWhenARowIsSelected) {
+  const test_support::UsedLanguage used(GetParam());
+  run_materials([](DialogUser& user) {
+    const QSize before = user.window().size();
+    user.click_row(IDC_DGN_STEELMAT_LIST, 0);
+    EXPECT_EQ(user.window().size(), before);
+    user.choose(IDC_DGN_STEELMAT_CODE, "None");
+    EXPECT_EQ(user.window().size(), before);
+    EXPECT_THAT(cut_texts(user.window()), testing::IsEmpty());
+  });
+}
+
+TEST_F(SingleDialog, BothDialogsAreChineseInChineseAndStoreTheSame) {
+  const test_support::UsedLanguage used(texts::Language::chinese);
+  run_code([](DialogUser& user) {
+    EXPECT_EQ(user.window().windowTitle(), u"\u94DD\u5408\u91D1\u8BBE\u8BA1\u89C4\u8303");
+    EXPECT_EQ(user.text(IDOK), L"\u786E\u5B9A");
+    EXPECT_EQ(user.text(IDC_STATIC_ALU_SAFECLASS1), L"\u4E00\u7EA7");
+    EXPECT_THAT(cut_texts(user.window()), testing::IsEmpty());
+    user.click(IDC_STATIC_ALU_SAFECLASS1);
+    user.click(IDOK);
+  });
+  EXPECT_EQ(model_of_file().design->safety_class, 1);
+  EXPECT_EQ(model_of_file().design->code, "GB50429-07(A)");
+  run_materials([](DialogUser& user) {
+    EXPECT_EQ(user.text(IDC_DGN_STATIC_PS), L"\u6CCA\u677E\u6BD4\uFF08Ps\uFF09");
+    EXPECT_EQ(user.widget(IDC_DGN_STEEL_MATPS).accessibleName(),
+              u"\u6CCA\u677E\u6BD4\uFF08Ps\uFF09");
+  });
 }
 
 TEST_F(SingleDialog, AnUnreadableModelOpensNone) {

@@ -294,44 +294,123 @@ TEST_F(WindowTest, AFileThatBecameNoModelIsToldAndTheModelStays) {
   EXPECT_EQ(workspace().model().title, old_title);
 }
 
-TEST_F(WindowTest, AsksBeforeItLosesChangesToAnotherProgram) {
+TEST_F(WindowTest, ChangesStayWhenAnotherProgramChangesTheFile) {
+  std::vector<std::string> told;
+  QObject::connect(&workspace(), &desktop::Workspace::told, &window(),
+                   [&](const QString& line) { told.push_back(line.toStdString()); });
   edit();
-  BoxAnswer yes(QMessageBox::Yes);
   change_outside(old_title, "New title");
   EXPECT_TRUE(title_becomes("New title"));
-  EXPECT_TRUE(yes.was_asked());
+  EXPECT_THAT(told, ElementsAre(HasSubstr("changed by another program, read again; your changes")));
+  EXPECT_EQ(element(3).design.length_factors->y, 1.5);
+  EXPECT_TRUE(window().isWindowModified());
+  entry("Undo earlier changes").trigger();
   EXPECT_EQ(element(3).design.length_factors->y, 2.0);
   EXPECT_FALSE(window().isWindowModified());
-  EXPECT_FALSE(entry("Undo").isEnabled());
+  EXPECT_EQ(workspace().model().title, "New title");
 }
 
-TEST_F(WindowTest, ChangesThatAreLostToAnotherProgramAreNotOfferedAgain) {
-  const std::size_t before = kept_files();
+TEST_F(WindowTest, ChangesThatStayAreSavedWithThoseOfTheOtherProgram) {
   edit();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return kept_files() == before + 1; }, patience));
-  BoxAnswer yes(QMessageBox::Yes);
   change_outside(old_title, "New title");
+  change_outside("\"strength_ratio\": 0.9", "\"strength_ratio\": 0.8");
   EXPECT_TRUE(title_becomes("New title"));
-  EXPECT_THAT(yes.texts(), ElementsAre(HasSubstr("lose your changes")));
-  EXPECT_EQ(kept_files(), before);
-}
-
-TEST_F(WindowTest, ChangesMayBeKeptWhenAnotherProgramChangedTheFile) {
-  edit();
-  {
-    BoxAnswer no(QMessageBox::No);
-    change_outside(old_title, "New title");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return no.was_asked(); }, 10'000));
-  }
-  let_time_pass();
-  EXPECT_EQ(workspace().model().title, old_title);
-  EXPECT_EQ(element(3).design.length_factors->y, 1.5);
-  // Both changes get into the file, and the window shows what the file has.
   EXPECT_TRUE(window().save());
   EXPECT_EQ(model_of_file().title, "New title");
+  EXPECT_EQ(model_of_file().design->strength_ratio, 0.8);
+  EXPECT_EQ(model_of_file().elements.find(3)->design.length_factors->y, 1.5);
+  EXPECT_FALSE(window().isWindowModified());
+}
+
+TEST_F(WindowTest, ChangesThatStayAreKeptForASessionAfterACrash) {
+  const std::size_t before = kept_files();
+  edit();
+  change_outside(old_title, "New title");
+  EXPECT_TRUE(title_becomes("New title"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return kept_files() == before + 1; }, patience));
+}
+
+// The window may not have seen yet what is in the file.
+TEST_F(WindowTest, SavingKeepsWhatAnotherProgramHasJustChanged) {
+  edit();
+  change_outside("\"strength_ratio\": 0.9", "\"strength_ratio\": 0.8");
+  EXPECT_TRUE(window().save());
+  EXPECT_EQ(model_of_file().design->strength_ratio, 0.8);
+  EXPECT_EQ(model_of_file().elements.find(3)->design.length_factors->y, 1.5);
+  EXPECT_EQ(workspace().model().design->strength_ratio, 0.8);
+  EXPECT_FALSE(window().isWindowModified());
+}
+
+TEST_F(WindowTest, SavingUnderAnotherNameKeepsWhatAnotherProgramHasJustChanged) {
+  edit();
+  change_outside("\"strength_ratio\": 0.9", "\"strength_ratio\": 0.8");
+  const std::filesystem::path other = folder.filePath("other.json").toStdString();
+  EXPECT_TRUE(window().save_as(other));
+  auto read = io::read_model(other);
+  EXPECT_EQ(std::get<model::Model>(read).design->strength_ratio, 0.8);
+  EXPECT_EQ(std::get<model::Model>(read).elements.find(3)->design.length_factors->y, 1.5);
+  EXPECT_EQ(workspace().model().design->strength_ratio, 0.8);
+}
+
+constexpr auto their_factors = R"("length_factors": {"y": 1.8, "z": 2.0})";
+constexpr auto first_factors = R"("length_factors": {"y": 2.0, "z": 2.0})";
+
+class WindowConflictTest : public WindowTest,
+                           public testing::WithParamInterface<QMessageBox::StandardButton> {};
+
+INSTANTIATE_TEST_SUITE_P(MineAndTheirs, WindowConflictTest,
+                         testing::Values(QMessageBox::Yes, QMessageBox::No));
+
+TEST_P(WindowConflictTest, AsksWhoseValueStaysWhereBothHaveChangedIt) {
+  edit();
+  const BoxAnswer answer(GetParam());
+  change_outside(old_title, "New title");
+  change_outside(first_factors, their_factors);
+  EXPECT_TRUE(title_becomes("New title"));
+  EXPECT_THAT(answer.text(), HasSubstr("/elements/2/design/length_factors/y: 2 when it was "
+                                       "opened, 1.5 here, 1.8 in the file"));
+  const bool is_mine = GetParam() == QMessageBox::Yes;
+  EXPECT_EQ(element(3).design.length_factors->y, is_mine ? 1.5 : 1.8);
+  EXPECT_EQ(window().isWindowModified(), is_mine);
+}
+
+TEST_F(WindowTest, AUserWhoWantsNeitherKeepsTheWindowAndIsAskedWhenSaving) {
+  edit();
+  {
+    const BoxAnswer cancel(QMessageBox::Cancel);
+    change_outside(first_factors, their_factors);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cancel.was_asked(); }, 10'000));
+    let_time_pass();
+    EXPECT_EQ(cancel.texts().size(), 1) << "asked once";
+    EXPECT_FALSE(window().save());
+    EXPECT_EQ(cancel.texts().size(), 2);
+  }
+  EXPECT_EQ(element(3).design.length_factors->y, 1.5);
+  EXPECT_EQ(model_of_file().elements.find(3)->design.length_factors->y, 1.8);
+  EXPECT_TRUE(window().isWindowModified());
+  const BoxAnswer mine(QMessageBox::Yes);
+  EXPECT_TRUE(window().save());
+  EXPECT_EQ(model_of_file().elements.find(3)->design.length_factors->y, 1.5);
+}
+
+TEST_F(WindowTest, ANumberThatIsBeingTypedIsNotLostToAnotherProgram) {
+  start_typing(QStringLiteral("1.5"));
+  change_outside(old_title, "New title");
+  let_time_pass();
+  EXPECT_EQ(workspace().model().title, old_title);
+  EXPECT_TRUE(window().save());
   EXPECT_EQ(model_of_file().elements.find(3)->design.length_factors->y, 1.5);
   EXPECT_EQ(workspace().model().title, "New title");
-  EXPECT_FALSE(window().isWindowModified());
+}
+
+TEST_F(WindowTest, ChangesStayWhenTheFileBecomesNoModel) {
+  edit();
+  BoxAnswer told(QMessageBox::Ok);
+  change_outside("{", "");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told.was_asked(); }, 10'000));
+  EXPECT_THAT(told.text(), HasSubstr("portal.json"));
+  EXPECT_EQ(element(3).design.length_factors->y, 1.5);
+  EXPECT_TRUE(window().isWindowModified());
 }
 
 TEST_F(WindowTest, AFileThatChangesDuringARunIsReadAfterIt) {

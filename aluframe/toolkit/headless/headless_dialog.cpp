@@ -22,7 +22,7 @@ bool has(const CONTROL_TEMPLATE& control, CONTROL_FLAG flag) {
 }  // namespace
 
 HeadlessDialog::HeadlessDialog(const DIALOG_TEMPLATE& dialog, host::DialogEvents& events)
-    : template_(dialog), events_(events) {
+    : template_(dialog), events_(events), caption_(dialog.caption) {
   int group = 0;
   for (const CONTROL_TEMPLATE& origin : dialog.controls) {
     if (has(origin, CONTROL_GROUP)) ++group;

@@ -19,6 +19,7 @@ class HeadlessDialog : public host::DialogWindow {
   // --- what the user sees and does ---
 
   const DIALOG_TEMPLATE& dialog() const { return template_; }
+  const CString& caption() const { return caption_; }
   /// True until the dialog has ended.
   bool is_open() const { return !result_; }
   /// What it ended with, or nothing.
@@ -43,6 +44,7 @@ class HeadlessDialog : public host::DialogWindow {
 
   int Run() override { return result_.value_or(0); }
   void End(int result) override { result_ = result; }
+  void SetCaption(const CString& caption) override { caption_ = caption; }
   bool HasControl(int id) const override { return find(id) != nullptr; }
   void SetText(int id, const CString& text) override;
   CString Text(int id) const override;
@@ -105,6 +107,7 @@ class HeadlessDialog : public host::DialogWindow {
   const DIALOG_TEMPLATE& template_;
   host::DialogEvents& events_;
   std::map<int, Control> controls_;
+  CString caption_;
   std::optional<int> result_;
 };
 

@@ -8,14 +8,14 @@ CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
 }
 
-void CaptionLabel::set_target(QWidget* control) {
+void CaptionLabel::set_named(QWidget* control) {
   // Without a buddy a label would show the "&"; the window stands for none.
   setBuddy(control != nullptr ? control : window());
 }
 
 bool CaptionLabel::event(QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QLabel::event(event);
-  if (buddy() != nullptr && buddy() != window()) buddy()->setFocus(Qt::ShortcutFocusReason);
+  if (target_ != nullptr) target_->setFocus(Qt::ShortcutFocusReason);
   return true;
 }
 

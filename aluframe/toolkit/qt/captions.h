@@ -14,11 +14,16 @@ class CaptionLabel : public QLabel {
  public:
   explicit CaptionLabel(QWidget* parent);
 
-  /// Null: the accelerator goes nowhere.
-  void set_target(QWidget* control);
+  /// The control that the accelerator goes to; null: nowhere.
+  void set_target(QWidget* control) { target_ = control; }
+  /// The control that it names to readers of the screen; null: none.
+  void set_named(QWidget* control);
 
  protected:
   bool event(QEvent* event) override;
+
+ private:
+  QPointer<QWidget> target_;
 };
 
 /// A group box that lies behind the controls that it frames; they are not its children.

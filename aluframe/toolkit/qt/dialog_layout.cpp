@@ -14,10 +14,31 @@ namespace {
 // A drop-down list's template height is that of the open list; closed it is as high as an edit.
 constexpr int closed_list_height = 14;
 
+// A label is as high as the letters of the dialog's font, and letters of another font may be
+// higher: they may use this much of the room that stands between rows, above and below.
+constexpr int room_of_label = 2;
+
 QRect pixels_of(const CONTROL_TEMPLATE& control, const DialogUnits& units) {
   const bool drops_down = control.kind == CONTROL_KIND::DropDownList;
   const int height = drops_down ? std::min(control.height, closed_list_height) : control.height;
   return units.rect(control.x, control.y, control.width, height);
+}
+
+/// The same with the room that the control may use besides.
+QRect room_of(const CONTROL_TEMPLATE& control, const DialogUnits& units) {
+  if (control.kind != CONTROL_KIND::Label) return pixels_of(control, units);
+  return units.rect(control.x, control.y - room_of_label, control.width,
+                    control.height + 2 * room_of_label);
+}
+
+/// A label that needs more height than the template gives it has its text in the middle.
+QRect place_of(const TemplateControl& control, const DialogUnits& units) {
+  QRect place = pixels_of(*control.origin, units);
+  const int missing = control.kind() == CONTROL_KIND::Label
+                          ? control.widget->sizeHint().height() - place.height()
+                          : 0;
+  if (missing > 0) place.adjust(0, -missing / 2, 0, missing - missing / 2);
+  return place;
 }
 
 // The open list is as long as the template says, and long enough to choose from.
@@ -57,7 +78,7 @@ QSize needed_size(const TemplateControl& control) {
 void DialogLayout::place() {
   const DialogUnits unstretched(window_.fontMetrics());
   for (const TemplateControl& control : controls_) {
-    const QSize given = pixels_of(*control.origin, unstretched).size();
+    const QSize given = room_of(*control.origin, unstretched).size();
     const QSize needed = needed_size(control);
     horizontal_ = std::max(horizontal_, stretch_for(needed.width(), given.width()));
     vertical_ = std::max(vertical_, stretch_for(needed.height(), given.height()));
@@ -65,7 +86,7 @@ void DialogLayout::place() {
   DialogUnits units = unstretched;
   units.stretch(horizontal_, vertical_);
   for (const TemplateControl& control : controls_) {
-    control.widget->setGeometry(pixels_of(*control.origin, units));
+    control.widget->setGeometry(place_of(control, units));
     limit_open_list(control, units);
   }
   window_.setFixedSize(units.width(template_.width), units.height(template_.height));

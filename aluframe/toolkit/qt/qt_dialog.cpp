@@ -33,7 +33,8 @@ QtDialog::QtDialog(const DIALOG_TEMPLATE& dialog, host::DialogEvents& events, QW
       window_(dialog, parent),
       controls_(create_controls(dialog, window_)),
       layout_(dialog, window_, controls_),
-      keyboard_(controls_) {
+      keyboard_(controls_),
+      names_(controls_) {
   for (const TemplateControl& control : controls_) {
     const int id = control.origin->nId;
     if (id != kNoControlId && by_id_.emplace(id, &control).second) connect(control);
@@ -91,6 +92,10 @@ void QtDialog::End(int result) {
   window_.done(result);
 }
 
+void QtDialog::SetCaption(const CString& caption) {
+  window_.setWindowTitle(to_qt(caption));
+}
+
 const TemplateControl* QtDialog::find(int id) const {
   const auto found = by_id_.find(id);
   return found != by_id_.end() ? found->second : nullptr;
@@ -112,6 +117,7 @@ void QtDialog::SetText(int id, const CString& text) {
     return;
   }
   set_caption(*control, to_qt(text));
+  names_.update();
   layout_.place();
 }
 
@@ -137,6 +143,7 @@ void QtDialog::Show(int id, bool show) {
   if (control == nullptr) return;
   control->widget->setVisible(show);
   keyboard_.update();
+  names_.update();
 }
 
 bool QtDialog::IsShown(int id) const {

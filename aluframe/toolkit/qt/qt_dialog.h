@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "aluframe/toolkit/qt/accessible_names.h"
 #include "aluframe/toolkit/qt/dialog_frame.h"
 #include "aluframe/toolkit/qt/dialog_layout.h"
 #include "aluframe/toolkit/qt/keyboard.h"
@@ -33,6 +34,7 @@ class QtDialog : public host::DialogWindow {
 
   int Run() override;
   void End(int result) override;
+  void SetCaption(const CString& caption) override;
   bool HasControl(int id) const override { return find(id) != nullptr; }
   void SetText(int id, const CString& text) override;
   CString Text(int id) const override;
@@ -80,6 +82,7 @@ class QtDialog : public host::DialogWindow {
   std::unordered_map<int, const TemplateControl*> by_id_;
   DialogLayout layout_;
   Keyboard keyboard_;
+  AccessibleNames names_;
   std::optional<int> result_;
   std::exception_ptr failure_;
 };

@@ -1,14 +1,41 @@
 #include "aluframe/toolkit/qt/report_list.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
 namespace aluframe::toolkit {
 
+namespace {
+
+/// Cells with room above and below their text. They are drawn without focus, which looks like a
+/// selection in some styles; the list itself shows where the keyboard is.
+class CellDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int room = 3;
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * room);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~QStyle::State_HasFocus;
+  }
+};
+
+}  // namespace
+
 ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
+  setItemDelegate(new CellDelegate(this));
   setColumnCount(0);
   setRootIsDecorated(false);
   setItemsExpandable(false);
@@ -84,7 +111,6 @@ int ReportList::selected_row() const {
 
 void ReportList::set_full_row(bool on) {
   setSelectionBehavior(on ? SelectRows : SelectItems);
-  setAllColumnsShowFocus(on);
 }
 
 int ReportList::full_width() const {
@@ -95,6 +121,58 @@ void ReportList::notice_selection() {
   const int row = selected_row();
   const QTreeWidgetItem* item = topLevelItem(row);
   if (std::exchange(noticed_, item) != item && item != nullptr && row_selected) row_selected(row);
+}
+
+int ReportList::row_selected_by(const QKeyEvent& key) const {
+  if (selected_row() >= 0 || topLevelItemCount() == 0) return -1;
+  if ((key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return -1;
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Space:
+      return std::max(currentIndex().row(), 0);
+    case Qt::Key_Home:
+      return 0;
+    case Qt::Key_End:
+      return topLevelItemCount() - 1;
+    default:
+      return -1;
+  }
+}
+
+void ReportList::copy_row() const {
+  const int row = selected_row();
+  if (row < 0) return;
+  QStringList cells;
+  for (int column = 0; column < columnCount(); ++column) cells << cell(row, column).trimmed();
+  QGuiApplication::clipboard()->setText(cells.join(u'\t'));
+}
+
+void ReportList::keyPressEvent(QKeyEvent* event) {
+  const int row = row_selected_by(*event);
+  if (row >= 0) {
+    select_row(row);
+  } else if (event->matches(QKeySequence::Copy)) {
+    copy_row();
+  } else {
+    QTreeWidget::keyPressEvent(event);
+  }
+}
+
+void ReportList::paintEvent(QPaintEvent* event) {
+  QTreeWidget::paintEvent(event);
+  const QModelIndex current = currentIndex();
+  if (!hasFocus() || !current.isValid() || selected_row() >= 0) return;
+  QRect place = visualRect(current);
+  if (is_full_row()) {
+    place.setLeft(0);
+    place.setWidth(header()->length());
+  }
+  QPainter painter(viewport());
+  painter.setPen(QPen(palette().color(QPalette::Text), 1, Qt::DotLine));
+  painter.drawRect(place.adjusted(0, 0, -1, -1));
 }
 
 void ReportList::mousePressEvent(QMouseEvent* event) {

@@ -208,6 +208,10 @@ int Win32Dialog::Run() {
   return result_.value_or(cancelled);
 }
 
+void Win32Dialog::SetCaption(const CString& caption) {
+  SetWindowTextW(window_, caption.GetString());
+}
+
 // --- controls ---
 
 const CONTROL_TEMPLATE* Win32Dialog::find(int id) const {

@@ -35,6 +35,7 @@ class Win32Dialog : public host::DialogWindow {
 
   int Run() override;
   void End(int result) override { result_ = result; }
+  void SetCaption(const CString& caption) override;
   bool HasControl(int id) const override { return find(id) != nullptr; }
   void SetText(int id, const CString& text) override;
   CString Text(int id) const override;

@@ -62,7 +62,7 @@ TEST(JsonEdit, AddsFieldsInTheOrderInWhichTheyAreGiven) {
 }
 
 TEST(JsonEdit, AddsAFieldBehindALoneOneAsThatStandsInItsObject) {
-  EXPECT_EQ(with_fields(R"({"a": 1})", {{"d", "4"}}), R"({"a": 1,"d": 4})");
+  EXPECT_EQ(with_fields(R"({"a": 1})", {{"d", "4"}}), R"({"a": 1, "d": 4})");
   EXPECT_EQ(with_fields("{\n  \"a\": 1\n}", {{"d", "4"}}), "{\n  \"a\": 1,\n  \"d\": 4\n}");
 }
 

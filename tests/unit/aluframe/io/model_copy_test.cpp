@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 using testing::StartsWith;
 
 constexpr std::string_view given_settings = R"({"safety_class": 2})";
-constexpr std::string_view class_one_text = R"({"code": "GB50429-2007", "safety_class": 1})";
+constexpr std::string_view class_one_text = R"({"safety_class": 1})";
 
 ModelChanges class_one() {
   model::DesignSettings settings;

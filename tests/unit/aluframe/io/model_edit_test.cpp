@@ -27,11 +27,38 @@ ModelChanges material_of(std::string_view grade, model::Number number = 1) {
   return {.materials = {material}};
 }
 
+/// Of settings that come new into a file, and of those that are in it.
 constexpr std::string_view class_one_text = R"({"code": "GB50429-2007", "safety_class": 1})";
+constexpr std::string_view class_one_alone = R"({"safety_class": 1})";
 
-TEST(ModelEdit, OnlyTheSettingsObjectIsReplaced) {
+TEST(ModelEdit, OnlyTheChangedSettingIsReplaced) {
   EXPECT_EQ(edited(small_model, class_one()),
-            replaced(small_model, R"({"safety_class": 2})", class_one_text));
+            replaced(small_model, R"({"safety_class": 2})", class_one_alone));
+}
+
+TEST(ModelEdit, ASettingThatSaysItsDefaultStays) {
+  const std::string text =
+      replaced(small_model, R"({"safety_class": 2})", "{\n \"rib\" :true,\n \"safety_class\": 2}");
+  EXPECT_EQ(edited(text, class_one()),
+            replaced(text, "\"safety_class\": 2", "\"safety_class\": 1"));
+}
+
+TEST(ModelEdit, ASettingThatIsTakenBackToItsDefaultLeavesTheTextAsItWas) {
+  const std::string text =
+      replaced(small_model, R"({"safety_class": 2})", R"({ "safety_class":2 , "rib": true })");
+  EXPECT_EQ(edited(edited(text, class_one()), {.settings = model::DesignSettings()}), text);
+}
+
+TEST(ModelEdit, ASettingThatTheFileLacksComesBehindTheOthers) {
+  ModelChanges changes = class_one();
+  changes.settings->seismic = true;
+  EXPECT_EQ(edited(small_model, changes), replaced(small_model, R"({"safety_class": 2})",
+                                                   R"({"safety_class": 1, "seismic": true})"));
+}
+
+TEST(ModelEdit, EmptySettingsAreWrittenAnew) {
+  const std::string text = replaced(small_model, R"({"safety_class": 2})", "{}");
+  EXPECT_EQ(edited(text, class_one()), replaced(text, "{}", class_one_text));
 }
 
 TEST(ModelEdit, OnlyTheObjectOfTheChangedMaterialIsReplaced) {
@@ -54,23 +81,23 @@ TEST(ModelEdit, SettingsAndMaterialsMayStandInAnyOrderInTheFile) {
   changes.materials = material_of("6061-T6").materials;
   EXPECT_EQ(
       edited(last, changes),
-      replaced(replaced(last, R"({"safety_class": 2})", class_one_text), "6063-T5", "6061-T6"));
+      replaced(replaced(last, R"({"safety_class": 2})", class_one_alone), "6063-T5", "6061-T6"));
 }
 
 TEST(ModelEdit, LineEndsAndAByteOrderMarkStay) {
   std::string text = "\xEF\xBB\xBF";
   for (const char c : small_model) text += c == '\n' ? std::string("\r\n\t") : std::string(1, c);
-  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_text));
+  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_alone));
 }
 
 TEST(ModelEdit, ANameWrittenWithEscapesIsFound) {
   const std::string text = replaced(small_model, "\"settings\"", R"("s\u0065ttings")");
-  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_text));
+  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_alone));
 }
 
 TEST(ModelEdit, TextsThatLookLikeSettingsAreLeftAlone) {
   const std::string text = replaced(small_model, "\"Post\"", R"("\"settings\": {}, [")");
-  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_text));
+  EXPECT_EQ(edited(text, class_one()), replaced(text, R"({"safety_class": 2})", class_one_alone));
 }
 
 TEST(ModelEdit, NewSettingsComeBehindTheUnitsOrTheLastFieldOfTheHead) {
@@ -203,7 +230,7 @@ class SavedModel : public testing::Test {
 
 TEST_F(SavedModel, TakesTheChangesAndKeepsTheRest) {
   EXPECT_EQ(save_changes(file_, class_one()), std::nullopt);
-  EXPECT_EQ(content(), replaced(small_model, R"({"safety_class": 2})", class_one_text));
+  EXPECT_EQ(content(), replaced(small_model, R"({"safety_class": 2})", class_one_alone));
 }
 
 TEST_F(SavedModel, IsNotTouchedWithoutChanges) {
@@ -221,7 +248,7 @@ TEST_F(SavedModel, StaysAsItWasWhenTheChangesCannotBeHeld) {
 }
 
 TEST_F(SavedModel, ThatAnotherProgramSavesMeanwhileKeepsWhatThatHasSaved) {
-  const std::string saved = replaced(small_model, R"({"safety_class": 2})", class_one_text) + "\n";
+  const std::string saved = replaced(small_model, R"({"safety_class": 2})", class_one_alone) + "\n";
   int asked = 0;
   const auto choose = [&](const model::Model&) -> Result<ModelChanges> {
     if (++asked == 2) std::ofstream(file_, std::ios::binary) << saved;  // with the file locked
