@@ -1,5 +1,6 @@
 """A screen, a model of the user's own and programs that end with their test."""
 
+import os
 import shutil
 from pathlib import Path
 
@@ -27,6 +28,19 @@ def fixture_start(screen):
     yield start
     for program in programs:
         program.end()
+
+
+@pytest.fixture(name="start_dialog")
+def fixture_start_dialog(start):
+    def start_dialog(model, dialog, language="en"):
+        return start(model, options=["--dialog", dialog], language=language)
+
+    return start_dialog
+
+
+@pytest.fixture(name="aluframe")
+def fixture_aluframe():
+    return os.environ["ALUFRAME"]
 
 
 @pytest.fixture(name="model")

@@ -155,7 +155,7 @@ class Widget:
 class Program:
     """The running program and its user."""
 
-    def __init__(self, screen, model, **variables):
+    def __init__(self, screen, model, options=(), language="en", **variables):
         self.screen = screen
         self.home = model.parent / "home"
         self.home.mkdir(exist_ok=True)
@@ -171,8 +171,8 @@ class Program:
         }
         self.told = (model.parent / "told").open("w+")
         self.process = subprocess.Popen(
-            [os.environ["ALUFRAME_DESKTOP"], "--lang", "en", str(model)], env=self.environment,
-            stderr=self.told)
+            [os.environ["ALUFRAME_DESKTOP"], "--lang", language, *options, str(model)],
+            env=self.environment, stderr=self.told)
 
     def errors(self):
         self.told.flush()

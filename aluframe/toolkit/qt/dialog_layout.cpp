@@ -14,9 +14,14 @@ namespace {
 // A drop-down list's template height is that of the open list; closed it is as high as an edit.
 constexpr int closed_list_height = 14;
 
-// A label is as high as the letters of the dialog's font, and letters of another font may be
-// higher: they may use this much of the room that stands between rows, above and below.
-constexpr int room_of_label = 2;
+/// How much of the room between rows a text may use above and below its control, which is as high
+/// as the letters of the dialog's font: letters of another font may be higher. Labels stand farther
+/// apart than check boxes.
+int room_of_text(CONTROL_KIND kind) {
+  constexpr int of_label = 2, of_check = 1;
+  if (kind == CONTROL_KIND::Label) return of_label;
+  return kind == CONTROL_KIND::CheckBox || kind == CONTROL_KIND::RadioButton ? of_check : 0;
+}
 
 QRect pixels_of(const CONTROL_TEMPLATE& control, const DialogUnits& units) {
   const bool drops_down = control.kind == CONTROL_KIND::DropDownList;
@@ -26,18 +31,18 @@ QRect pixels_of(const CONTROL_TEMPLATE& control, const DialogUnits& units) {
 
 /// The same with the room that the control may use besides.
 QRect room_of(const CONTROL_TEMPLATE& control, const DialogUnits& units) {
-  if (control.kind != CONTROL_KIND::Label) return pixels_of(control, units);
-  return units.rect(control.x, control.y - room_of_label, control.width,
-                    control.height + 2 * room_of_label);
+  const int room = room_of_text(control.kind);
+  if (room == 0) return pixels_of(control, units);
+  return units.rect(control.x, control.y - room, control.width, control.height + 2 * room);
 }
 
-/// A label that needs more height than the template gives it has its text in the middle.
+/// A text that needs more height than the template gives it stays in the middle.
 QRect place_of(const TemplateControl& control, const DialogUnits& units) {
   QRect place = pixels_of(*control.origin, units);
-  const int missing = control.kind() == CONTROL_KIND::Label
-                          ? control.widget->sizeHint().height() - place.height()
-                          : 0;
-  if (missing > 0) place.adjust(0, -missing / 2, 0, missing - missing / 2);
+  const int missing = control.widget->sizeHint().height() - place.height();
+  if (missing > 0 && room_of_text(control.kind()) > 0) {
+    place.adjust(0, -missing / 2, 0, missing - missing / 2);
+  }
   return place;
 }
 
