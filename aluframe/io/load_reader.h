@@ -68,7 +68,16 @@ model::Targets read_elements_of_load(const JsonObject& load, const LoadContext& 
 void require_beams(const JsonValue& value, const model::Targets& elements,
                    const LoadContext& context, std::string_view why);
 
+/// Of two fields the one that is there; there must be one and only one.
+JsonValue one_field_of(const JsonObject& object, std::string_view first, std::string_view second);
+/// Makes the direction of a load, which must be a global one, projected where the load says so.
+void read_projection(const JsonObject& object, model::LoadDirection& direction);
+
 model::SpanLoad read_span_load(const JsonValue& value, const LoadContext& context);
 model::PointLoad read_point_load(const JsonValue& value, const LoadContext& context);
+/// Appends the loads per area of a load case, and the line loads that they become: the one place
+/// where they do, so that all that comes behind has them as line loads.
+void read_area_loads(const JsonObject& load_case, const LoadContext& context,
+                     model::CaseLoads& loads);
 
 }  // namespace aluframe::io

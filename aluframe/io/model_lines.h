@@ -39,6 +39,7 @@ JsonLine begin_entity(model::Number number, const std::string& name);
 std::string numbers_text(std::span<const model::Number> numbers);
 /// Appends the loads of a case to the case's line.
 void append_case_loads(JsonLine& line, const model::CaseLoads& loads, const Scales& scales);
+std::string area_load_line(const model::AreaLoad& load, const Scales& scales);
 /// Design attributes of an element as an object; "{}" when it has none.
 std::string design_line(const model::ElementDesign& design, const Scales& scales);
 std::string axis_pair_line(const model::ElementDesign::AxisPair& pair);

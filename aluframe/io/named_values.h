@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -117,6 +118,23 @@ inline constexpr std::array load_directions{
     NamedValue{"X", model::LoadDirection{model::LoadAxes::global, 0}},
     NamedValue{"Y", model::LoadDirection{model::LoadAxes::global, 1}},
     NamedValue{"Z", model::LoadDirection{model::LoadAxes::global, 2}},
+};
+
+/// Directions of loads per area; nothing: square to the surface.
+inline constexpr std::array surface_directions{
+    NamedValue<std::optional<model::LoadDirection>>{"normal", std::nullopt},
+    NamedValue<std::optional<model::LoadDirection>>{"X", {{model::LoadAxes::global, 0}}},
+    NamedValue<std::optional<model::LoadDirection>>{"Y", {{model::LoadAxes::global, 1}}},
+    NamedValue<std::optional<model::LoadDirection>>{"Z", {{model::LoadAxes::global, 2}}},
+};
+/// How a surface spans that is not carried one way.
+inline constexpr std::string_view two_way = "two_way";
+
+inline constexpr std::array roughness_names{
+    NamedValue{"A", model::Roughness::a},
+    NamedValue{"B", model::Roughness::b},
+    NamedValue{"C", model::Roughness::c},
+    NamedValue{"D", model::Roughness::d},
 };
 
 /// Force components of an element, by their place in model::SectionForces and in one end's half of

@@ -119,6 +119,7 @@ model::CaseLoads read_case_loads(const JsonObject& load_case, const Scales& scal
   }
   loads.nodal = read_list(load_case, "nodal", context, read_nodal_load);
   loads.span = read_list(load_case, "span", context, read_span_load);
+  read_area_loads(load_case, context, loads);
   loads.points = read_list(load_case, "points", context, read_point_load);
   loads.temperature = read_list(load_case, "temperature", context, read_temperature_load);
   if (const auto list = load_case.optional("settlements")) {

@@ -19,28 +19,8 @@ double part_of_length(const JsonValue& value) {
   return value.between(0.0, 1.0);
 }
 
-/// Of two fields the one that is there; there must be one and only one.
-JsonValue one_field_of(const JsonObject& object, std::string_view first, std::string_view second) {
-  const auto one = object.optional(first);
-  const auto other = object.optional(second);
-  if (one && other) other->fail(texts::translated("not allowed beside \"{}\"", first));
-  if (!one && !other) {
-    object.value().fail(texts::translated("missing field \"{}\" or \"{}\"", first, second));
-  }
-  return one ? *one : *other;
-}
-
 model::LoadDirection read_direction(const JsonObject& object) {
   return object.required("direction").one_of<model::LoadDirection>(load_directions);
-}
-
-void read_projection(const JsonObject& object, model::LoadDirection& direction) {
-  const auto projected = object.optional("projected");
-  if (!projected || !projected->boolean()) return;
-  if (direction.axes == model::LoadAxes::local) {
-    projected->fail_with(texts::translated("only a load along X, Y or Z can be projected"));
-  }
-  direction.axes = model::LoadAxes::projected;
 }
 
 /// Whether the element has any length across the axis.
@@ -112,6 +92,25 @@ void read_part_of_span(const JsonObject& object, model::SpanLoad& load) {
 }
 
 }  // namespace
+
+JsonValue one_field_of(const JsonObject& object, std::string_view first, std::string_view second) {
+  const auto one = object.optional(first);
+  const auto other = object.optional(second);
+  if (one && other) other->fail(texts::translated("not allowed beside \"{}\"", first));
+  if (!one && !other) {
+    object.value().fail(texts::translated("missing field \"{}\" or \"{}\"", first, second));
+  }
+  return one ? *one : *other;
+}
+
+void read_projection(const JsonObject& object, model::LoadDirection& direction) {
+  const auto projected = object.optional("projected");
+  if (!projected || !projected->boolean()) return;
+  if (direction.axes == model::LoadAxes::local) {
+    projected->fail_with(texts::translated("only a load along X, Y or Z can be projected"));
+  }
+  direction.axes = model::LoadAxes::projected;
+}
 
 double read_not_zero(const JsonValue& value, double scale) {
   const double number = scale * value.number();

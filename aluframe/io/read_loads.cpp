@@ -18,7 +18,7 @@ using Source = model::CombinationTerm::Source;
 
 constexpr auto load_case_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "self_weight", "nodal", "span",
-                                     "points", "temperature", "settlements", "action"});
+                                     "points", "temperature", "settlements", "action", "area"});
 constexpr auto combination_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "terms", "seismic", "design"});
 constexpr auto term_fields = std::to_array<std::string_view>({"case", "combination", "factor"});

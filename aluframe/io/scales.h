@@ -13,6 +13,7 @@ struct Scales {
         length(model::millimetres_per(units.length)),
         moment(force * length),
         per_length(force / length),
+        per_area(per_length / length),
         section(model::millimetres_per(units.section)),
         section_2(section * section),
         section_4(section_2 * section_2),
@@ -29,6 +30,7 @@ struct Scales {
   double length;      ///< mm, coordinates
   double moment;      ///< N·mm
   double per_length;  ///< N/mm
+  double per_area;    ///< N/mm², loads per area
   double section;     ///< mm, section dimensions and heat-affected widths
   double section_2;   ///< mm², areas and Q/b
   double section_4;   ///< mm⁴, moments of inertia and torsion constants

@@ -97,9 +97,21 @@ void append_self_weight(JsonLine& line, const model::CaseLoads& loads) {
   line.json("self_weight", factors.str());
 }
 
+std::string load_text(const model::AreaLoad& load, const Scales& scales) {
+  return area_load_line(load, scales);
+}
+
+/// Those that are written as such: what loads per area become follows from these.
+std::vector<model::SpanLoad> own_span_loads(const model::CaseLoads& loads) {
+  std::vector<model::SpanLoad> own = loads.span;
+  std::erase_if(own, [](const model::SpanLoad& load) { return load.of_area.has_value(); });
+  return own;
+}
+
 std::size_t number_of_loads(const model::CaseLoads& loads) {
-  return (has_self_weight(loads) ? 1U : 0U) + loads.nodal.size() + loads.span.size() +
-         loads.points.size() + loads.temperature.size() + loads.settlements.size();
+  return (has_self_weight(loads) ? 1U : 0U) + loads.nodal.size() + loads.area.size() +
+         own_span_loads(loads).size() + loads.points.size() + loads.temperature.size() +
+         loads.settlements.size();
 }
 
 /// A load a line, within the list of load cases of the top level.
@@ -125,7 +137,8 @@ void append_case_loads(JsonLine& line, const model::CaseLoads& loads, const Scal
   };
   append_self_weight(line, loads);
   append("nodal", loads.nodal);
-  append("span", loads.span);
+  append("area", loads.area);
+  append("span", own_span_loads(loads));
   append("points", loads.points);
   append("temperature", loads.temperature);
   append("settlements", loads.settlements);

@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
+#include "aluframe/model/area_load.h"
+#include "aluframe/model/load_targets.h"
 #include "aluframe/model/table.h"
 
 /// Loads of one load case as the engineer describes them, on nodes and elements by their numbers.
@@ -17,29 +20,6 @@
 ///     snow.from_value = snow.to_value = -1.2;   // N/mm downwards
 ///     loads.span.push_back(snow);
 namespace aluframe::model {
-
-/// What a load acts on: the listed nodes or elements, or all of the model.
-struct Targets {
-  bool all = false;
-  std::vector<Number> numbers;  ///< each once; empty with `all`
-
-  friend bool operator==(const Targets&, const Targets&) = default;
-};
-
-enum class LoadAxes {
-  local,     ///< the element's own x, y, z
-  global,    ///< X, Y, Z; a load on a span is per length of the element
-  projected  ///< X, Y, Z; a load on a span is per length seen along its axis, as snow is
-};
-
-/// The axis that a load acts along, in its positive direction, or that a moment turns about,
-/// right-handed.
-struct LoadDirection {
-  LoadAxes axes = LoadAxes::global;
-  std::size_t axis = 2;  ///< 0 x, 1 y, 2 z
-
-  friend bool operator==(const LoadDirection&, const LoadDirection&) = default;
-};
 
 /// Forces, N, along X, Y, Z, then moments, N·mm, about them.
 struct NodalLoad {
@@ -56,6 +36,8 @@ struct SpanLoad {
   LoadDirection direction;
   double from_value = 0.0, to_value = 0.0;  ///< equal when uniform
   double from = 0.0, to = 1.0;
+  /// Place of the area load of the case that this is a part of; nothing: a load of its own.
+  std::optional<std::size_t> of_area = std::nullopt;
 
   friend bool operator==(const SpanLoad&, const SpanLoad&) = default;
 };
@@ -95,6 +77,9 @@ struct CaseLoads {
   /// Factors of the elements' weight along X, Y, Z; {0, 0, -1} is the weight itself.
   std::array<double, 3> self_weight{};
   std::vector<NodalLoad> nodal;
+  /// Loads per area, as they are written. In a model that the reader returns, `span` holds the line
+  /// loads that they become (area_loads::line_loads), so whoever takes those has them all.
+  std::vector<AreaLoad> area;
   std::vector<SpanLoad> span;
   std::vector<PointLoad> points;
   std::vector<TemperatureLoad> temperature;
