@@ -40,7 +40,7 @@ double gust_of(const model::WindPressure& wind) {
 }
 
 std::string number(double value) {
-  return fmt::format("{:.5g}", value);
+  return fmt::format(fmt::runtime(value < 0.0 ? "({:.5g})" : "{:.5g}"), value);
 }
 
 std::string source_of(const model::WindPressure& wind, const char* clause) {

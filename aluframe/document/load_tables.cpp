@@ -5,13 +5,17 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 #include <vector>
 
+#include "aluframe/area_loads/wind_and_snow.h"
 #include "aluframe/document/figure.h"
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
 #include "aluframe/model/number_ranges.h"
+#include "aluframe/tables/area_load_tables.h"
 #include "aluframe/tables/structure_texts.h"
+#include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::document {
@@ -42,6 +46,12 @@ std::string direction_text(const model::LoadDirection& direction) {
   return texts::translated("{}, per projected length", global_axes.at(direction.axis));
 }
 
+std::string direction_text(const model::AreaLoad& load) {
+  if (!load.direction) return texts::translated("square to the surface");
+  if (load.direction->axes != model::LoadAxes::projected) return direction_text(*load.direction);
+  return texts::translated("{}, per projected area", global_axes.at(load.direction->axis));
+}
+
 std::string with_unit(double value, const std::string& unit) {
   return fmt::format("{} {}", short_value(value), unit);
 }
@@ -54,6 +64,7 @@ class LoadRows {
   void add_all(const model::CaseLoads& loads) {
     add_weight(loads.self_weight);
     for (const model::NodalLoad& load : loads.nodal) add(load);
+    for (std::size_t i = 0; i < loads.area.size(); ++i) add(loads.area[i], i);
     for (const model::SpanLoad& load : loads.span) add(load);
     for (const model::PointLoad& load : loads.points) add(load);
     for (const model::TemperatureLoad& load : loads.temperature) add(load);
@@ -86,6 +97,22 @@ class LoadRows {
     }
   }
 
+  void add(const model::AreaLoad& load, std::size_t place) {
+    const double pressure = area_loads::pressure_of(load.pressure);
+    const std::string way =
+        load.spacing
+            ? texts::translated("spacing {} {}", short_value(*load.spacing / scale_.length),
+                                scale_.length_unit)
+        : load.span ? texts::translated("one way")
+                    : texts::translated("two ways");
+    rows_.add({{texts::translated("area load {}", place + 1)},
+               {texts::sentence_in_words(tables::area_load_place(load))},
+               {direction_text(load)},
+               {with_unit(pressure / (scale_.force / (scale_.length * scale_.length)),
+                          fmt::format("{}/{}²", scale_.force_unit, scale_.length_unit))},
+               {way}});
+  }
+
   void add(const model::SpanLoad& load) {
     const double unit = scale_.force / scale_.length;
     const std::string from = short_value(load.from_value / unit);
@@ -93,7 +120,8 @@ class LoadRows {
                                   ? from
                                   : fmt::format("{} – {}", from, short_value(load.to_value / unit));
     const bool is_whole = load.from == 0.0 && load.to == 1.0;
-    rows_.add({{texts::translated("line load")},
+    rows_.add({{load.of_area ? texts::translated("line load of area load {}", *load.of_area + 1)
+                             : texts::translated("line load")},
                {texts::translated("elements: {}", targets_text(load.elements))},
                {direction_text(load.direction)},
                {fmt::format("{} {}", value, scale_.line_load_unit())},
@@ -141,6 +169,38 @@ class LoadRows {
   const Scale& scale_;
 };
 
+/// How the pressures of wind and snow follow from their parameters; nothing without any.
+void write_pressures(HtmlWriter& html, const model::Model& model,
+                     const model::LoadCase& load_case) {
+  std::vector<std::pair<std::size_t, area_loads::Step>> steps;
+  for (std::size_t i = 0; i < load_case.loads.area.size(); ++i) {
+    for (auto& step : area_loads::steps_of(load_case.loads.area[i].pressure, model.units)) {
+      steps.emplace_back(i + 1, std::move(step));
+    }
+  }
+  if (steps.empty()) return;
+  write_table(
+      html,
+      texts::translated("Pressures of load case {}", with_name(load_case.number, load_case.name)),
+      {{texts::translated("Area load")},
+       {texts::translated("Symbol"), Align::left},
+       {texts::translated("Formula"), Align::left},
+       {texts::translated("Numbers"), Align::left},
+       {texts::translated("Value")},
+       {texts::translated("Source"), Align::left}},
+      [&](TableRows& rows) {
+        for (const auto& [load, step] : steps) {
+          rows.add(
+              {{fmt::format("{}", load)},
+               {step.symbol},
+               {step.formula},
+               {step.numbers},
+               {step.unit.empty() ? short_value(step.value) : with_unit(step.value, step.unit)},
+               {texts::sentence_in_words(step.source)}});
+        }
+      });
+}
+
 void write_loads(HtmlWriter& html, const model::Model& model, const model::LoadCase& load_case) {
   const Scale scale(model.units);
   const std::string name = with_name(load_case.number, load_case.name);
@@ -151,6 +211,7 @@ void write_loads(HtmlWriter& html, const model::Model& model, const model::LoadC
                {texts::translated("Value")},
                {texts::translated("Place"), Align::left}},
               [&](TableRows& rows) { LoadRows(rows, scale).add_all(load_case.loads); });
+  write_pressures(html, model, load_case);
   picture::Content shown;
   shown.view = picture::natural_view(model);
   shown.loads = load_case.number;

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <numbers>
+#include <tuple>
 #include <unordered_map>
 
 #include "aluframe/elementary/functions.h"
@@ -27,9 +29,27 @@ double share_of(double value, double largest) {
   return least_share + (1.0 - least_share) * std::abs(value) / largest;
 }
 
+/// What an area load puts on an element along an axis, which may be of several pieces: they are
+/// drawn to one scale.
+using PieceKey = std::tuple<model::Number, std::size_t, std::size_t>;
+
+PieceKey key_of(const model::SpanLoad& load) {
+  return {load.elements.numbers.front(), *load.of_area, load.direction.axis};
+}
+
+double largest_of(const model::SpanLoad& load) {
+  return std::max(std::abs(load.from_value), std::abs(load.to_value));
+}
+
 /// Largest magnitudes of the case, by kind.
 struct Largest {
   double force = 0.0, span = 0.0;
+  std::map<PieceKey, double> pieces;  ///< of what area loads become
+
+  /// That by which a load is drawn.
+  double of(const model::SpanLoad& load) const {
+    return load.of_area ? pieces.at(key_of(load)) : largest_of(load);
+  }
 };
 
 Largest largest_of(const model::CaseLoads& loads) {
@@ -44,8 +64,8 @@ Largest largest_of(const model::CaseLoads& loads) {
     if (load.kind == model::PointLoad::Kind::force) take(out.force, load.value);
   }
   for (const model::SpanLoad& load : loads.span) {
-    take(out.span, load.from_value);
-    take(out.span, load.to_value);
+    take(out.span, largest_of(load));
+    if (load.of_area) take(out.pieces[key_of(load)], largest_of(load));
   }
   return out;
 }
@@ -207,8 +227,8 @@ class LoadPainter {
 
   /// Loads between two places of an element: arrows under a line, as tall as the load is large.
   void add_span(const SeenElement& one, const model::SpanLoad& load, bool is_first) {
-    const double largest = std::max(std::abs(load.from_value), std::abs(load.to_value));
-    if (largest == 0.0) return;
+    if (largest_of(load) == 0.0) return;
+    const double largest = largest_.of(load);
     const Point3 axis = axis_of(load.direction, one);
     const bool is_along = !one.is_end_on && is_parallel(one, axis);
     if (is_end_on(drawing_.content.view, axis) || one.is_end_on || is_along) {
@@ -229,15 +249,17 @@ class LoadPainter {
     return std::clamp(static_cast<int>(std::lround(40.0 * length / drawing_.size)), 2, 14);
   }
 
-  /// Where a comb begins above what stands on the element on that side already.
-  double stack(const SeenElement& one, const Point2& towards, double height) {
+  /// Where a comb begins above what stands on its part of the element on that side already.
+  double stack(const SeenElement& one, const model::SpanLoad& load, const Point2& towards,
+               double height) {
     constexpr double gap = 0.7, same_side = 0.7;
     double base = gap;
     auto& stacked = stacks_[one.element->number];
-    for (const auto& [side, top] : stacked) {
-      if (dot(side, towards) > same_side) base = std::max(base, top + gap);
+    for (const auto& [side, top, from, to] : stacked) {
+      if (load.from < to && from < load.to && dot(side, towards) > same_side)
+        base = std::max(base, top + gap);
     }
-    stacked.emplace_back(towards, base + height);
+    stacked.push_back({towards, base + height, load.from, load.to});
     return base;
   }
 
@@ -246,7 +268,7 @@ class LoadPainter {
     const double sign = load.from_value + load.to_value < 0.0 ? -1.0 : 1.0;
     Comb comb{one, load, -sign * axis};
     const double height = tallest_comb * share_of(largest, largest_.span);
-    comb.base = stack(one, comb.out, height);
+    comb.base = stack(one, load, comb.out, height);
     comb.per_value = sign * height / largest;
     const Subject subject = element_subject(one.element->number);
     drawing_.scene.shapes.push_back(
@@ -255,14 +277,20 @@ class LoadPainter {
          .style = comb_style,
          .lines = {{comb.foot(0), comb.top(0), comb.top(1), comb.foot(1)}},
          .is_closed = true,
-         .told = texts::translated("load {}", span_text(load, largest))});
+         .told = texts::translated("load {}", span_text(load, largest_of(load)))});
     add_teeth(comb, subject);
     const double share = largest / largest_.span;
     if (load.from_value == load.to_value) {
-      return add_label(subject, span_text(load, largest), comb.top(0.5), comb.out, share, is_first);
+      return add_label(subject, span_text(load, load.from_value), comb.top(0.5), comb.out, share,
+                       is_first);
     }
     for (const double part : {0.0, 1.0}) {
       if (comb.value(part) == 0.0) continue;
+      // Of several pieces one value is enough: where they are largest, told by the first of two.
+      if (load.of_area && (std::abs(comb.value(part)) < (1.0 - 1e-9) * largest ||
+                           (part == 0.0 && load.from > 0.0))) {
+        continue;
+      }
       add_label(subject, span_text(load, comb.value(part)), comb.top(part), comb.out, share);
     }
   }
@@ -317,7 +345,12 @@ class LoadPainter {
   Largest largest_;
   const model::Model& model_;
   std::unordered_map<model::Number, const SeenElement*> elements_;
-  std::unordered_map<model::Number, std::vector<std::pair<Point2, double>>> stacks_;
+  /// What stands on a part of an element already: on which side, and how high.
+  struct Stacked {
+    Point2 side;
+    double top = 0.0, from = 0.0, to = 1.0;
+  };
+  std::unordered_map<model::Number, std::vector<Stacked>> stacks_;
 };
 
 }  // namespace

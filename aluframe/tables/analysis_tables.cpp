@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "aluframe/io/scales.h"
+#include "aluframe/tables/area_load_tables.h"
 #include "aluframe/tables/result_tables.h"
 #include "aluframe/texts/text.h"
 
@@ -15,12 +16,16 @@ namespace aluframe::tables {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> table_names{"summary", "displacements", "reactions",
-                                                      "forces"};
-constexpr std::array<std::string_view, 4> table_headings{
+constexpr std::array<std::string_view, 7> table_names{
+    "summary", "displacements", "reactions", "forces", "area_loads", "pressures", "line_loads"};
+constexpr std::array<std::string_view, 7> table_headings{
     texts::translatable("Largest displacements and sums of reactions"),
-    texts::translatable("Displacements of nodes"), texts::translatable("Reactions of supports"),
-    texts::translatable("Element forces in local axes, positions 0 to 4 from start to end")};
+    texts::translatable("Displacements of nodes"),
+    texts::translatable("Reactions of supports"),
+    texts::translatable("Element forces in local axes, positions 0 to 4 from start to end"),
+    texts::translatable("Area loads, and what they add up to"),
+    texts::translatable("Wind and snow pressures, step by step"),
+    texts::translatable("Line loads that area loads become")};
 constexpr std::array displacement_names{"Dx", "Dy", "Dz", "Rx", "Ry", "Rz"};
 constexpr std::array reaction_names{"Fx", "Fy", "Fz", "Mx", "My", "Mz"};
 constexpr std::array force_names{"N", "Fy", "Fz", "Mx", "My", "Mz"};
@@ -208,6 +213,15 @@ OutputTable forces_table(const AnalysisView& view) {
   return table;
 }
 
+/// Whether a load case is analysed, on its own or as one of combinations.
+ShowsCase shows_case(const AnalysisView& view) {
+  return [&view](const model::LoadCase& load_case) {
+    return view.analysis->of_combinations ||
+           std::ranges::find(view.analysis->subjects, load_case.number) !=
+               view.analysis->subjects.end();
+  };
+}
+
 }  // namespace
 
 std::string_view name_of(AnalysisTable table) {
@@ -232,6 +246,12 @@ OutputTable analysis_table(AnalysisTable table, const AnalysisView& view) {
       return displacements_table(view);
     case AnalysisTable::reactions:
       return reactions_table(view);
+    case AnalysisTable::area_loads:
+      return area_loads_table(*view.model, view.units, shows_case(view));
+    case AnalysisTable::pressures:
+      return pressures_table(*view.model, view.units, shows_case(view));
+    case AnalysisTable::line_loads:
+      return line_loads_table(*view.model, view.units, shows_case(view));
     case AnalysisTable::forces:
       break;
   }

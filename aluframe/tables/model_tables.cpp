@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -239,6 +240,7 @@ OutputTable load_cases_table(const model::Model& model) {
                    named(translatable("kind")),
                    {.key = "self_weight", .heading = translatable("self-weight")},
                    {.key = "nodal_loads", .heading = translatable("nodal loads")},
+                   {.key = "area_loads", .heading = translatable("area loads")},
                    {.key = "line_loads", .heading = translatable("line loads")},
                    {.key = "point_loads", .heading = translatable("point loads")},
                    {.key = "temperature_loads", .heading = translatable("temperature loads")},
@@ -246,12 +248,15 @@ OutputTable load_cases_table(const model::Model& model) {
                    {.key = "given_forces", .heading = translatable("given forces")}};
   for (const model::LoadCase& load_case : model.load_cases) {
     const model::CaseLoads& loads = load_case.loads;
+    const auto own_line_loads = static_cast<std::size_t>(std::ranges::count_if(
+        loads.span, [](const model::SpanLoad& load) { return !load.of_area; }));
     const bool has_weight = loads.self_weight != std::array<double, 3>{};
-    table.rows.push_back(
-        {whole(load_case.number), text_or_nothing(load_case.name),
-         phrase(load_case_kind_name(load_case.kind)), has_weight, whole(loads.nodal.size()),
-         whole(loads.span.size()), whole(loads.points.size()), whole(loads.temperature.size()),
-         whole(loads.settlements.size()), has_given_forces(model, load_case.number)});
+    table.rows.push_back({whole(load_case.number), text_or_nothing(load_case.name),
+                          phrase(load_case_kind_name(load_case.kind)), has_weight,
+                          whole(loads.nodal.size()), whole(loads.area.size()),
+                          whole(own_line_loads), whole(loads.points.size()),
+                          whole(loads.temperature.size()), whole(loads.settlements.size()),
+                          has_given_forces(model, load_case.number)});
   }
   return table;
 }

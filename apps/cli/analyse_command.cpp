@@ -24,8 +24,10 @@ using tables::AnalysisTable;
 using tables::AnalysisView;
 using tables::Format;
 
-constexpr AnalysisTable all_tables[] = {AnalysisTable::summary, AnalysisTable::displacements,
-                                        AnalysisTable::reactions, AnalysisTable::forces};
+constexpr AnalysisTable all_tables[] = {AnalysisTable::area_loads,    AnalysisTable::pressures,
+                                        AnalysisTable::line_loads,    AnalysisTable::summary,
+                                        AnalysisTable::displacements, AnalysisTable::reactions,
+                                        AnalysisTable::forces};
 
 model::Units units_of(const AnalyseOptions& options, const model::Model& model) {
   if (!options.units) return model.units;
@@ -88,7 +90,12 @@ std::string text_of(const AnalyseOptions& options, const AnalysisView& view) {
   std::string out;
   for (const AnalysisTable table : all_tables) {
     if (!options.show.empty() && !options.show.contains(table)) continue;
-    std::string text = render(analysis_table(table, view), options.format, false);
+    const tables::OutputTable content = analysis_table(table, view);
+    // Most models have no area loads: their tables come when they hold something or are asked for.
+    const bool is_of_area = table == AnalysisTable::area_loads ||
+                            table == AnalysisTable::pressures || table == AnalysisTable::line_loads;
+    if (is_of_area && content.rows.empty() && options.show.empty()) continue;
+    std::string text = render(content, options.format, false);
     if (options.format == Format::csv) return text;
     if (options.format == Format::json) {
       if (text.ends_with('\n')) text.pop_back();

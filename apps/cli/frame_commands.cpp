@@ -121,7 +121,8 @@ void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
   add_ranges("--elements", options.elements, texts::translated("Forces of these elements only"));
   add_ranges("--nodes", options.nodes,
              texts::translated("Displacements and reactions of these nodes only"));
-  const std::string tables = "summary, displacements, reactions, forces";
+  const std::string tables =
+      "summary, displacements, reactions, forces, area_loads, pressures, line_loads";
   analyse
       ->add_option_function<std::vector<std::string>>(
           "--show",

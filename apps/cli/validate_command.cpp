@@ -44,6 +44,24 @@ std::string count_of_members(const run::Input& input) {
   return texts::translated("{} ({} found automatically)", members, input.found_members);
 }
 
+/// "  3 area loads become 27 line loads", and where they are worked out; empty without any.
+std::string area_loads_text(const model::Model& model) {
+  std::size_t areas = 0, lines = 0;
+  for (const model::LoadCase& load_case : model.load_cases) {
+    areas += load_case.loads.area.size();
+    lines += static_cast<std::size_t>(std::ranges::count_if(
+        load_case.loads.span,
+        [](const model::SpanLoad& load) { return load.of_area.has_value(); }));
+  }
+  if (areas == 0) return "";
+  return texts::translated(
+      "  {} on {}, worked out by aluframe analyse --show area_loads,pressures,line_loads\n",
+      texts::counted(areas, texts::translatable("{} area load"),
+                     texts::translatable("{} area loads")),
+      texts::counted(lines, texts::translatable("{} piece of an element"),
+                     texts::translatable("{} pieces of elements")));
+}
+
 void print_content(const run::Input& input) {
   const model::Model& model = input.model;
   const auto is_state = [](const model::Combination& combination) {
@@ -65,6 +83,7 @@ void print_content(const run::Input& input) {
       counted(model.combinations.size() - states, translatable("{} combination"),
               translatable("{} combinations")),
       design));
+  print_text(area_loads_text(model));
   if (!forces.empty()) print_text("  " + forces + "\n");
   if (input.forces.second_order_analyses == 0) print_text(missing_forces(model));
 }

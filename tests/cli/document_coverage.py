@@ -2,7 +2,10 @@
 and which commands are not run. A block that neither its language nor a table here covers fails the tests."""
 
 import json
+import re
 from typing import NamedTuple
+
+from program import ROOT
 
 # Commands that the pages show and the tests do not run: what they begin with, and why.
 NOT_RUN = {
@@ -52,6 +55,10 @@ def in_the_portal(part):
     return PORTAL | part
 
 
+def with_sections_of_the_portal(part):
+    return {field: PORTAL[field] for field in ("format", "version", "materials", "sections")} | part
+
+
 def on_an_element_of_the_portal(part):
     first, *others = PORTAL["elements"]
     return PORTAL | {"elements": [first | part, *others]}
@@ -77,12 +84,19 @@ def with_actions_in_the_portal(part):
 # "The model" of a page about combinations, which names none of the examples.
 BEFORE["docs/combinations.md"] = [f"echo '{json.dumps(PORTAL | ACTIONS)}' > frame.json"]
 
+# "A portal": with the load cases that the page shows.
+AREA_LOADS = re.search(r"```json\n(.*?)```", (ROOT / "docs/area-loads.md").read_text(encoding="utf-8"), re.DOTALL)
+BEFORE["docs/area-loads.md"] = [
+    f"echo '{json.dumps(PORTAL | json.loads('{' + AREA_LOADS.group(1) + '}'))}' > frame.json"]
+
 # JSON that is a part of a model: by page and beginning, what makes a whole model of it.
 FRAGMENTS = {
     ("README.md", '{"number": 1, "name": "DL"'): as_load_case_of_the_portal,
     ("docs/analysis.md", '"analysis"'): in_the_portal,
+    ("docs/area-loads.md", '"load_cases"'): in_the_portal,
     ("docs/combinations.md", '"load_cases"'): in_the_portal,
     ("docs/combinations.md", '"combinations"'): with_actions_in_the_portal,
+    ("docs/verification/area-loads.md", '"nodes"'): with_sections_of_the_portal,
     ("docs/verification/combinations-footbridge.md", '"load_cases"'): in_the_portal,
     ("docs/verification/combinations-hall.md", '"load_cases"'): in_the_portal,
     ("docs/verification/combinations-mullion.md", '"load_cases"'): in_the_portal,
