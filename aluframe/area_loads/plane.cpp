@@ -101,6 +101,21 @@ std::optional<Plane> plane_through(std::span<const Point3> points) {
   return Plane(first, cross(side, difference(apex, first)), side);
 }
 
+std::optional<Plane> plane_of_first(std::span<const Point3> points) {
+  // A third point nearer to the line through two others tells little of a plane.
+  constexpr double least_slope = 0.05;
+  const Point3& first = points.front();
+  const auto second = std::ranges::find_if(points, [&](const Point3& p) { return p != first; });
+  if (second == points.end()) return std::nullopt;
+  const Point3 side = difference(*second, first);
+  const auto third = std::ranges::find_if(points, [&](const Point3& point) {
+    const Point3 to_point = difference(point, first);
+    return norm(cross(side, to_point)) > least_slope * norm(side) * norm(to_point);
+  });
+  if (third == points.end()) return std::nullopt;
+  return Plane(first, cross(side, difference(*third, first)), side);
+}
+
 double extent_of(std::span<const Point3> points) {
   double extent = 0.0;
   for (std::size_t axis = 0; axis < 3; ++axis) {

@@ -53,6 +53,10 @@ class Plane {
 /// along the longest side; nothing when all points stand on a line. At least one point.
 std::optional<Plane> plane_through(std::span<const Point3> points);
 
+/// The plane through the first points that span one: what leaves it is what a person would name as
+/// the one that does not fit. Less exact than `plane_through`; nothing when there are none.
+std::optional<Plane> plane_of_first(std::span<const Point3> points);
+
 /// The largest distance of two points from one another along an axis.
 double extent_of(std::span<const Point3> points);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <ranges>
 #include <string>
 #include <utility>
 
@@ -70,6 +71,23 @@ void join_to_nodes(const model::Model& model, std::vector<Point3>& corners, doub
   }
 }
 
+void require_in_one_plane(const model::AreaLoad& load, const std::vector<Point3>& corners,
+                          const Plane& plane) {
+  const double allowed = allowed_height(extent_of(corners));
+  const auto height_over = [](const Plane& of) {
+    return [of](const Point3& corner) { return std::abs(of.height(corner)); };
+  };
+  if (std::ranges::max(corners | std::views::transform(height_over(plane))) <= allowed) return;
+  const auto heights = height_over(plane_of_first(corners).value_or(plane));
+  const auto out = std::ranges::find_if(
+      corners, [&](const Point3& corner) { return heights(corner) > allowed; });
+  const auto named = out == corners.end() ? std::ranges::max_element(corners, {}, heights) : out;
+  throw Fault{corner_field(load, static_cast<std::size_t>(named - corners.begin())),
+              texts::translated("stands {:.4g} mm outside of the plane of the corners before it, "
+                                "must be within {:.4g} mm; divide the region",
+                                heights(*named), allowed)};
+}
+
 Plane plane_of_corners(const model::AreaLoad& load, const std::vector<Point3>& corners) {
   for (std::size_t i = 0; i < corners.size(); ++i) {
     if (corners[i] != corners[(i + 1) % corners.size()]) continue;
@@ -80,15 +98,7 @@ Plane plane_of_corners(const model::AreaLoad& load, const std::vector<Point3>& c
   if (!plane) {
     throw Fault{"/region", texts::translated("has no area: all corners stand on one line")};
   }
-  const double allowed = allowed_height(extent_of(corners));
-  for (std::size_t i = 0; i < corners.size(); ++i) {
-    const double height = std::abs(plane->height(corners[i]));
-    if (height <= allowed) continue;
-    throw Fault{corner_field(load, i),
-                texts::translated("stands {:.4g} mm outside of the plane of the other corners, "
-                                  "must be within {:.4g} mm; divide the region",
-                                  height, allowed)};
-  }
+  require_in_one_plane(load, corners, *plane);
   return *plane;
 }
 
@@ -203,7 +213,11 @@ Surface surface_of_elements(const model::Model& model, const model::AreaLoad& lo
   }
   const double extent = extent_of(ends);
   const Plane plane = turned(plane_of_elements(ends), load);
-  require_in_plane(model, load, plane, allowed_height(extent));
+  const double allowed = allowed_height(extent);
+  const bool is_plane = std::ranges::all_of(
+      ends, [&](const Point3& end) { return std::abs(plane.height(end)) <= allowed; });
+  if (!is_plane) require_in_plane(model, load, plane_of_first(ends).value_or(plane), allowed);
+  require_in_plane(model, load, plane, allowed);
   Surface surface{.plane = plane, .region = {}, .carriers = {}, .near = joining_distance(extent)};
   for (const std::size_t place : elements_of(model, load)) {
     surface.carriers.push_back(carrier_of(model, place, plane));
