@@ -69,7 +69,7 @@ struct AreaRegion {
 };
 
 struct AreaLoad {
-  AreaRegion region;
+  AreaRegion region = {};
   /// That carry the load; without a region they enclose the panels that it acts on.
   Targets elements = {.all = true, .numbers = {}};
   /// Width of the surface that each element carries, mm; nothing: found from the region or panels.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "tests/property/io_any_model.h"
@@ -102,6 +103,47 @@ TemperatureLoad any_temperature_load(const Model& model, const std::vector<Numbe
   return load;
 }
 
+/// A factor in place of the code's, perhaps.
+std::optional<double> any_factor() {
+  return any_flag() ? std::optional(any_between(0.1, 9.0)) : std::nullopt;
+}
+
+std::optional<double> any_height(double low, double high) {
+  return any_flag() ? std::optional(any_between(low, high)) : std::nullopt;
+}
+
+WindPressure any_wind() {
+  WindPressure wind{.w0 = any_between(3.1e-4, 2e-3),
+                    .roughness = any_of({Roughness::a, Roughness::b, Roughness::c, Roughness::d}),
+                    .height = any_between(1.0, 9e5),
+                    .shape = any_flag() ? any_between(-3.0, -0.1) : any_between(0.1, 3.0),
+                    .mu_z = any_factor(),
+                    .profile = {.mu_10 = any_factor(),
+                                .alpha = any_height(0.0, 1.0),
+                                .mu_min = any_factor(),
+                                .gradient_height = any_height(1e5, 9e5),
+                                .lowest_height = any_height(10.0, 9e4),
+                                .i_10 = any_height(0.0, 1.0),
+                                .g = any_height(0.0, 9.0)}};
+  (any_flag() ? wind.beta_z : wind.beta_gz) = any_between(0.5, 3.0);
+  return wind;
+}
+
+/// Surfaces need elements round them; a spacing suits all.
+AreaLoad any_area_load(const std::vector<Number>& elements) {
+  AreaLoad load{
+      .elements = any_targets(elements),
+      .spacing = any_between(1.0, 1e5),
+      .direction = any_direction({LoadAxes::local, LoadAxes::global, LoadAxes::projected}),
+      .pressure = any_value()};
+  if (any_flag()) load.pressure = any_wind();
+  if (any_flag()) {
+    load.pressure = SnowPressure{.s0 = any_between(1e-5, 1e-2), .mu_r = any_between(0.1, 9.0)};
+    load.direction = LoadDirection{LoadAxes::projected, 2};
+  }
+  return load;
+}
+
 /// Displacements of some of the supports, in directions that they restrain.
 std::vector<Settlement> any_settlements(const Model& model) {
   std::vector<Settlement> settlements;
@@ -126,6 +168,7 @@ CaseLoads any_case_loads(const Model& model) {
   if (any_flag()) loads.self_weight = any_values<3>();
   loads.nodal = any_list(
       [&] { return NodalLoad{.nodes = any_targets(nodes), .components = any_values<6>()}; });
+  loads.area = any_list([&] { return any_area_load(elements); });
   loads.span = any_list([&] { return any_span_load(elements); });
   loads.points = any_list([&] { return any_point_load(elements, beams); });
   loads.temperature = any_list([&] { return any_temperature_load(model, elements); });

@@ -11,6 +11,6 @@ void require_close(double expected, double actual);
 
 /// Values with units are close, and all else is equal.
 void require_equal(model::Support expected, const model::Support& actual);
-void require_equal(model::LoadCase expected, const model::LoadCase& actual);
+void require_equal(model::LoadCase expected, model::LoadCase actual);
 
 }  // namespace aluframe::io

@@ -133,6 +133,15 @@ TEST(TwoWays, OnElementsAreThoseOnTheirRegion) {
   EXPECT_EQ(told(bay(), load), told(bay(), load_on({1, 2, 3, 4}, true)));
 }
 
+TEST(TwoWays, ElementsOnOneLineShare) {
+  model::Model model = frame_of({{0, 0, 0}, {4000, 0, 0}, {4000, 2000, 0}, {0, 2000, 0}},
+                                {{1, 2}, {2, 1}, {2, 3}, {3, 4}, {4, 1}});
+  const auto loads = told(model, load_on({1, 2, 3, 4}, true));
+  EXPECT_THAT(loads, testing::Contains("1: 0.25 to 0.75, 500 to 500"));
+  EXPECT_THAT(loads, testing::Contains("2: 0.25 to 0.75, 500 to 500"));
+  EXPECT_THAT(loads, testing::Contains("4: 0.25 to 0.75, 1000 to 1000"));
+}
+
 TEST(TwoWays, OfATriangleMeetAtItsIncentre) {
   // 3-4-5: the radius of the inscribed circle is (3 + 4 - 5)/2 = 1 m.
   model::Model model = frame_of({{0, 0, 0}, {4000, 0, 0}, {0, 3000, 0}}, {{1, 2}, {2, 3}, {3, 1}});

@@ -77,6 +77,50 @@ TEST(LoadScene, DrawsAPartOfAnElementAndLoadsAboveEachOther) {
   EXPECT_GT(combs[1].lines[0][0].paper.y, combs[0].lines[0][1].paper.y);
 }
 
+TEST(LoadScene, DrawsPartsSideBySideOnOneBase) {
+  model::SpanLoad first = span(-2, -2), second = span(-2, -2);
+  first.to = second.from = 0.5;
+  const Scene scene = with(first, second);
+  const auto shapes = shapes_of(scene, Layer::loads);
+  std::vector<double> bases;
+  for (const Shape& shape : shapes) {
+    if (shape.is_closed && shape.lines[0].size() == 4) bases.push_back(shape.lines[0][0].paper.y);
+  }
+  ASSERT_EQ(bases.size(), 2U);
+  EXPECT_EQ(bases[0], bases[1]);
+}
+
+/// What an area load puts on the beam: 0 to 6, 6 and 6 to 3 kN/m.
+Scene with_pieces() {
+  std::vector<model::SpanLoad> pieces{span(0, -6), span(-6, -6), span(-6, -3)};
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    pieces[i].elements = {.all = false, .numbers = {1}};
+    pieces[i].of_area = 0;
+    pieces[i].from = 0.25 * static_cast<double>(i);
+    pieces[i].to = 0.25 * static_cast<double>(i + 1);
+  }
+  return with(pieces[0], pieces[1], pieces[2]);
+}
+
+TEST(LoadScene, DrawsThePiecesOfAnAreaLoadToOneScale) {
+  std::vector<double> heights;
+  for (const Shape& shape : shapes_of(with_pieces(), Layer::loads)) {
+    if (!shape.is_closed || shape.lines[0].size() != 4) continue;
+    const auto& corners = shape.lines[0];
+    heights.push_back(corners[1].paper.y - corners[0].paper.y);
+    heights.push_back(corners[2].paper.y - corners[3].paper.y);
+  }
+  ASSERT_EQ(heights.size(), 6U);
+  const double full = heights[1];
+  EXPECT_GT(full, 0.0);
+  const std::vector<double> shares{0, 1, 1, 1, 1, 0.5};
+  for (std::size_t i = 0; i < heights.size(); ++i) EXPECT_NEAR(heights[i], shares[i] * full, 1e-9);
+}
+
+TEST(LoadScene, LabelsAnAreaLoadWhereItIsLargest) {
+  EXPECT_EQ(texts_of(with_pieces(), Layer::loads), (std::vector<std::string>{"6 kN/m", "6 kN/m"}));
+}
+
 TEST(LoadScene, ShowsLoadsAlongTheElementAndEndOnAsRows) {
   model::SpanLoad along = span(2, 2);
   along.direction = {model::LoadAxes::local, 0};

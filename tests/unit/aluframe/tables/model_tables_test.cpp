@@ -163,14 +163,17 @@ TEST_F(ModelTables, ALoadCaseCountsItsLoads) {
   model::LoadCase load_case = model::load_case(3, model::LoadCaseKind::crane);
   load_case.loads.self_weight = {0, 0, -1};
   load_case.loads.nodal.resize(2);
-  load_case.loads.span.resize(1);
+  load_case.loads.span.resize(3);
+  load_case.loads.area.resize(1);
+  for (std::size_t i = 1; i < 3; ++i) load_case.loads.span[i].of_area = 0;
   model.load_cases.add(load_case);
   const OutputTable table = load_cases_table(model);
   EXPECT_EQ(cell(table, 0, "load_case"), whole(3));
   EXPECT_EQ(cell(table, 0, "kind"), phrase("crane"));
   EXPECT_EQ(cell(table, 0, "self_weight"), Cell(true));
   EXPECT_EQ(cell(table, 0, "nodal_loads"), whole(2));
-  EXPECT_EQ(cell(table, 0, "line_loads"), whole(1));
+  EXPECT_EQ(cell(table, 0, "area_loads"), whole(1));
+  EXPECT_EQ(cell(table, 0, "line_loads"), whole(1));  // those that area loads become do not count
   EXPECT_EQ(cell(table, 0, "settlements"), whole(0));
   EXPECT_EQ(cell(table, 0, "given_forces"), Cell(false));
 }
