@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <numeric>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -33,6 +36,27 @@ void add_width(const Carrier& carrier, std::pair<double, double> parts,
 /// The pieces of a carrier inside of a polygon or along its edges, those shorter than `near` left
 /// out.
 std::vector<Carrier> inside(const Polygon& polygon, const Carrier& carrier, double near);
+
+/// Calls `act` with the places of every two carriers that may come within `near` of one another:
+/// neither of the directions x and y keeps them apart. Sorted by x, so that few are looked at.
+template <class Act>
+void for_each_close_pair(std::span<const Carrier> carriers, double near, Act act) {
+  const auto low = [&](std::size_t i) { return std::min(carriers[i].start.x, carriers[i].end.x); };
+  const auto is_apart = [near](double a, double b, double c, double d) {
+    return std::max(a, b) + near < std::min(c, d) || std::max(c, d) + near < std::min(a, b);
+  };
+  std::vector<std::size_t> order(carriers.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::sort(order, {}, low);
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    const Carrier& one = carriers[order[i]];
+    const double high = std::max(one.start.x, one.end.x) + near;
+    for (std::size_t j = i + 1; j < order.size() && low(order[j]) <= high; ++j) {
+      const Carrier& other = carriers[order[j]];
+      if (!is_apart(one.start.y, one.end.y, other.start.y, other.end.y)) act(order[i], order[j]);
+    }
+  }
+}
 
 /// Sorted parts of a straight piece, each once, between 0 and 1.
 std::vector<double> rising(std::vector<double> parts);

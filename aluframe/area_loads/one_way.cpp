@@ -79,13 +79,11 @@ Positions all_positions(const Polygon& polygon, std::span<const Carrier> carrier
     all.push_back(carrier.start.x);
     all.push_back(carrier.end.x);
   }
-  for (std::size_t i = 0; i < carriers.size(); ++i) {
-    for (std::size_t j = i + 1; j < carriers.size(); ++j) {
-      const auto part =
-          crossing_part(carriers[i].start, carriers[i].end, carriers[j].start, carriers[j].end);
-      if (part) all.push_back(carriers[i].at(*part).x);
-    }
-  }
+  for_each_close_pair(carriers, 0.0, [&](std::size_t i, std::size_t j) {
+    const auto part =
+        crossing_part(carriers[i].start, carriers[i].end, carriers[j].start, carriers[j].end);
+    if (part) all.push_back(carriers[i].at(*part).x);
+  });
   return {std::move(all), same};
 }
 

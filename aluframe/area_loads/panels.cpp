@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numeric>
 #include <set>
 #include <utility>
 
@@ -22,31 +21,39 @@ class Corners {
 
   /// Place of the point among the corners.
   std::size_t place_of(Point2 point) {
-    const auto [column, row] = cell_of(point);
-    for (long i = column - 1; i <= column + 1; ++i) {
-      for (long j = row - 1; j <= row + 1; ++j) {
-        const auto cell = cells_.find({i, j});
-        if (cell == cells_.end()) continue;
-        for (const std::size_t known : cell->second) {
-          if (distance(points_[known], point) <= near_) return known;
-        }
+    const Cell cell = cell_of(point);
+    for (const double i : {-1.0, 0.0, 1.0}) {
+      for (const double j : {-1.0, 0.0, 1.0}) {
+        const auto known = known_in({cell.first + i, cell.second + j}, point);
+        if (known) return *known;
       }
     }
     points_.push_back(point);
-    cells_[{column, row}].push_back(points_.size() - 1);
+    cells_[cell].push_back(points_.size() - 1);
     return points_.size() - 1;
   }
   const std::vector<Point2>& points() const { return points_; }
 
  private:
-  std::pair<long, long> cell_of(Point2 point) const {
-    return {static_cast<long>(std::floor(point.x / near_)),
-            static_cast<long>(std::floor(point.y / near_))};
+  /// Column and row of a square as wide as the distance; no whole numbers are large enough for all.
+  using Cell = std::pair<double, double>;
+
+  Cell cell_of(Point2 point) const {
+    return {std::floor(point.x / near_), std::floor(point.y / near_)};
+  }
+
+  std::optional<std::size_t> known_in(const Cell& cell, Point2 point) const {
+    const auto found = cells_.find(cell);
+    if (found == cells_.end()) return std::nullopt;
+    for (const std::size_t known : found->second) {
+      if (distance(points_[known], point) <= near_) return known;
+    }
+    return std::nullopt;
   }
 
   double near_;
   std::vector<Point2> points_;
-  std::map<std::pair<long, long>, std::vector<std::size_t>> cells_;
+  std::map<Cell, std::vector<std::size_t>> cells_;
 };
 
 /// For every carrier the parts at which others meet or cross it.
@@ -54,14 +61,7 @@ class Cuts {
  public:
   Cuts(const std::vector<Carrier>& carriers, double near)
       : carriers_(carriers), near_(near), parts_(carriers.size(), {0.0, 1.0}) {
-    std::vector<std::size_t> order(carriers.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::ranges::sort(order, {}, [this](std::size_t i) { return low(i); });
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      for (std::size_t j = i + 1; j < order.size() && low(order[j]) <= high(order[i]) + near; ++j) {
-        cut(order[i], order[j]);
-      }
-    }
+    for_each_close_pair(carriers, near, [this](std::size_t i, std::size_t j) { cut(i, j); });
   }
   void cut_by(const Polygon& region) {
     for (std::size_t i = 0; i < parts_.size(); ++i) {
@@ -71,9 +71,6 @@ class Cuts {
   std::vector<double> of(std::size_t carrier) const { return rising(parts_[carrier]); }
 
  private:
-  double low(std::size_t i) const { return std::min(carriers_[i].start.x, carriers_[i].end.x); }
-  double high(std::size_t i) const { return std::max(carriers_[i].start.x, carriers_[i].end.x); }
-
   void cut(std::size_t i, std::size_t j) {
     const Carrier& a = carriers_[i];
     const Carrier& b = carriers_[j];
@@ -227,9 +224,11 @@ bool is_within(const Panel& panel, Point2 point, double near) {
 void require_none_within(const std::vector<Panel>& panels, const std::vector<Point2>& points,
                          double near, const Plane& plane) {
   for (const Panel& panel : panels) {
-    const auto [low, high] = std::ranges::minmax(panel.corners, {}, &Point2::x);
+    const auto [left, right] = std::ranges::minmax(panel.corners, {}, &Point2::x);
+    const auto [low, high] = std::ranges::minmax(panel.corners, {}, &Point2::y);
     for (const Point2 point : points) {
-      if (point.x < low.x || point.x > high.x || !is_within(panel, point, near)) continue;
+      if (point.x < left.x || point.x > right.x || point.y < low.y || point.y > high.y) continue;
+      if (!is_within(panel, point, near)) continue;
       throw Fault{"/elements",
                   texts::translated("the elements at {} stand within a panel without reaching its "
                                     "edges",

@@ -16,8 +16,11 @@ Point3 scaled(double factor, const Point3& a) {
   return {factor * a[0], factor * a[1], factor * a[2]};
 }
 
+/// Of a vector of any length above 0.
 Point3 unit_of(const Point3& a) {
-  Point3 unit = scaled(1.0 / norm(a), a);
+  const double largest = std::max({std::abs(a[0]), std::abs(a[1]), std::abs(a[2])});
+  const Point3 near_one{a[0] / largest, a[1] / largest, a[2] / largest};
+  Point3 unit = scaled(1.0 / norm(near_one), near_one);
   for (double& component : unit) {
     if (std::abs(component) < rounding) component = 0.0;
   }

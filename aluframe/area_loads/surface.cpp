@@ -165,7 +165,9 @@ void require_in_plane(const model::Model& model, const model::AreaLoad& load, co
 /// In a direction in the plane when the surface spans one way; throws Fault when there is none.
 Plane turned(const Plane& plane, const model::AreaLoad& load) {
   if (!load.span) return plane;
-  const Point3& span = *load.span;
+  Point3 span = *load.span;
+  const double largest = std::max({std::abs(span[0]), std::abs(span[1]), std::abs(span[2])});
+  for (double& component : span) component /= largest;
   // Within 3° of the normal a direction does not tell which way it means.
   constexpr double least_part = 0.05;
   const double part = norm(cross(span, plane.normal()));

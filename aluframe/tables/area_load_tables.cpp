@@ -95,6 +95,44 @@ std::array<Cell, 3> sums_of(const model::Model& model, const model::CaseLoads& l
   return {sums[0], sums[1], sums[2]};
 }
 
+std::vector<Column> area_load_columns(const model::Units& units) {
+  std::vector<Column> columns{
+      {.key = "case", .heading = translatable("case")},
+      {.key = "load", .heading = translatable("load")},
+      {.key = "kind", .heading = translatable("kind")},
+      {.key = "on", .heading = translatable("acts on")},
+      {.key = "way", .heading = translatable("way")},
+      {.key = "pressure",
+       .heading = fmt::format(translatable("pressure {}"), area_loads::pressure_unit(units)),
+       .decimals = 4},
+      {.key = "area",
+       .heading = fmt::format(translatable("area {}²"), model::name_of(units.length))}};
+  for (const char* name : {"Fx", "Fy", "Fz"}) {
+    columns.push_back(
+        {.key = name, .heading = fmt::format("{} {}", name, model::name_of(units.force))});
+  }
+  return columns;
+}
+
+std::vector<Cell> area_load_row(const model::Model& model, const model::Units& units,
+                                const model::LoadCase& load_case, std::size_t place) {
+  const io::Scales scales(units);
+  const model::AreaLoad& load = load_case.loads.area[place];
+  // A model that was read has none that cannot be distributed.
+  const auto distribution = std::get<area_loads::Distribution>(area_loads::distribute(model, load));
+  std::vector<Cell> row{whole(load_case.number),
+                        whole(place + 1),
+                        Phrase{kind_of(load)},
+                        Phrase{area_load_place(load)},
+                        Phrase{way_of(load)},
+                        distribution.pressure / scales.per_area,
+                        distribution.area / (scales.length * scales.length)};
+  for (Cell& sum : sums_of(model, load_case.loads, place, scales.force)) {
+    row.push_back(std::move(sum));
+  }
+  return row;
+}
+
 }  // namespace
 
 std::string area_load_place(const model::AreaLoad& load) {
@@ -115,40 +153,12 @@ std::string area_load_place(const model::AreaLoad& load) {
 
 OutputTable area_loads_table(const model::Model& model, const model::Units& units,
                              const ShowsCase& shows) {
-  const io::Scales scales(units);
   OutputTable table;
-  table.columns = {
-      {.key = "case", .heading = translatable("case")},
-      {.key = "load", .heading = translatable("load")},
-      {.key = "kind", .heading = translatable("kind")},
-      {.key = "on", .heading = translatable("on")},
-      {.key = "way", .heading = translatable("way")},
-      {.key = "pressure",
-       .heading = fmt::format(translatable("pressure {}"), area_loads::pressure_unit(units)),
-       .decimals = 4},
-      {.key = "area",
-       .heading = fmt::format(translatable("area {}²"), model::name_of(units.length))}};
-  for (const char* name : {"Fx", "Fy", "Fz"}) {
-    table.columns.push_back(
-        {.key = name, .heading = fmt::format("{} {}", name, model::name_of(units.force))});
-  }
-  for_each_area_load(
-      model, shows,
-      [&](const model::LoadCase& load_case, std::size_t i, const model::AreaLoad& load) {
-        const auto distribution =
-            std::get<area_loads::Distribution>(area_loads::distribute(model, load));
-        std::vector<Cell> row{whole(load_case.number),
-                              whole(i + 1),
-                              Phrase{kind_of(load)},
-                              Phrase{area_load_place(load)},
-                              Phrase{way_of(load)},
-                              distribution.pressure / scales.per_area,
-                              distribution.area / (scales.length * scales.length)};
-        for (Cell& sum : sums_of(model, load_case.loads, i, scales.force)) {
-          row.push_back(std::move(sum));
-        }
-        table.rows.push_back(std::move(row));
-      });
+  table.columns = area_load_columns(units);
+  for_each_area_load(model, shows,
+                     [&](const model::LoadCase& load_case, std::size_t i, const model::AreaLoad&) {
+                       table.rows.push_back(area_load_row(model, units, load_case, i));
+                     });
   return table;
 }
 

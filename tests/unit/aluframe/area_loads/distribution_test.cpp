@@ -103,6 +103,23 @@ TEST(OneWay, AnElementThatEndsShortOfTheEdgeCarriesThatToo) {
   EXPECT_NEAR(sum.force[2], -12e6, 1e-5);
 }
 
+TEST(OneWay, TakesASpanOfAnyLength) {
+  for (const double length : {1e-320, 1e-3, 1e30}) {
+    model::AreaLoad load = load_on({1, 2, 3, 4});
+    load.span = Vector{0.0, length, 0.0};
+    EXPECT_EQ(told(three_beams(), load), told(three_beams(), load_on({1, 2, 3, 4}))) << length;
+  }
+}
+
+TEST(TwoWays, KeepTheirForceOnSurfacesOfAnySize) {
+  for (const double size : {1.0, 1e9, 1e30}) {
+    const model::Model model = frame_of({{0, 0, 0}, {size, 0, 0}, {size, size, 0}, {0, size, 0}},
+                                        {{1, 2}, {2, 3}, {3, 4}, {4, 1}});
+    const Sum sum = sum_of(model, loads_of(model, load_on({1, 2, 3, 4}, true)));
+    EXPECT_NEAR(sum.force[2] / size / size, -1.0, 1e-12) << size;
+  }
+}
+
 TEST(OneWay, TheOrderOfTheCornersTurnsTheNormal) {
   model::AreaLoad load = load_on({1, 2, 3, 4});
   load.direction.reset();
