@@ -22,7 +22,11 @@ endif()
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  # Precompiled headers go with their text, which the cache compares, not with their time.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
+  target_compile_options(aluframe_options INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endif()
 
 # The code under a fuzz target reports its coverage to libFuzzer.
