@@ -41,9 +41,9 @@ class FinishedReader {
         governing_(database,
                    "SELECT item, item_name, position, demand, capacity, ratio, combination, "
                    "min_side, not_finite FROM governing WHERE element = ? ORDER BY item"),
-        safe_(database, std::string(select_safe) + " WHERE safe.element = ?"),
+        safe_(database, fmt::format("{} WHERE safe.element = ?", select_safe)),
         unchecked_(database,
-                   std::string(select_unchecked) + " WHERE element = ? ORDER BY sequence"),
+                   fmt::format("{} WHERE element = ? ORDER BY sequence", select_unchecked)),
         assertions_(database,
                     "SELECT place, count FROM assertion WHERE element = ? ORDER BY place") {
     has_not_checked_ = not_checked_.executeStep();
