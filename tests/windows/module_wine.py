@@ -20,11 +20,16 @@ def missing(*programs):
     return [program for program in programs if shutil.which(program) is None]
 
 
-def require(*programs):
-    """Skips the test file when this machine cannot run it."""
+def require_programs(*programs):
+    """Skips the test file when this machine has neither Wine, the compiler nor the programs."""
     absent = missing("wine", COMPILER, *programs)
     if absent:
         pytest.skip(f"needs {', '.join(absent)}", allow_module_level=True)
+
+
+def require(*programs):
+    """Skips the test file when this machine cannot run it."""
+    require_programs(*programs)
     if not (BIN / "module_loader.exe").exists():
         pytest.skip("needs the programs of the preset `windows`", allow_module_level=True)
 

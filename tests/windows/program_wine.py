@@ -23,9 +23,7 @@ def windows_program():
 
 def require():
     """Skips the test file when this machine cannot run it."""
-    absent = module_wine.missing("wine", module_wine.COMPILER)
-    if absent:
-        pytest.skip(f"needs {', '.join(absent)}", allow_module_level=True)
+    module_wine.require_programs()
     for program in (windows_program(), LINUX):
         if not program.exists():
             pytest.skip(f"needs {program}: ./dev windows-test builds it", allow_module_level=True)
@@ -50,6 +48,7 @@ class Machine:
 
     def __init__(self):
         self.wine = module_wine.Wine(BUILD / "wine")
+        self.compiler_libraries = self.wine.environment["WINEPATH"]
         if windows_program().parent == UNPACKED:
             self.wine.environment.pop("WINEPATH")
         self.wine.environment["LC_ALL"] = "C.UTF-8"
