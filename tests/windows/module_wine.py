@@ -58,6 +58,7 @@ class Wine:
             # Neither .NET nor a browser: nobody is asked whether to install them.
             WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display,
         )
+        self.keeper = None
         self.run("wineboot", "-i", timeout=180)
         self.install_fonts(Path(prefix) / "drive_c" / "windows" / "Fonts")
 
@@ -66,6 +67,14 @@ class Wine:
         for font in Path("/usr/share/wine/fonts").glob("*.ttf"):
             shutil.copy(font, folder)
         self.end()  # they are looked for when the next program starts
+        self.keep_running()
+
+    def keep_running(self):
+        """Windows starts with its first program and ends with its last one, which takes seconds: this one stays, and
+        no service of the system has the streams of another."""
+        self.keeper = self.start("cmd", stdin=subprocess.PIPE)
+        subprocess.run(["wine", "cmd", "/c", "exit"], env=self.environment, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=True)
 
     def run(self, *command, timeout=120, **options):
         return subprocess.run(
@@ -85,6 +94,9 @@ class Wine:
         assert done.returncode == 0, done.stderr
 
     def end(self):
+        if self.keeper is not None:
+            self.keeper.communicate(timeout=60)
+            self.keeper = None
         subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
         subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
 
