@@ -120,6 +120,8 @@ bool stderr_is_terminal() {
 
 void prepare_standard_streams() {
   for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  // Messages and progress are for now, through pipes too.
+  static_cast<void>(std::setvbuf(stderr, nullptr, _IONBF, 0));
   if (!stdout_is_terminal() && !stderr_is_terminal()) return;
   code_page_before = GetConsoleOutputCP();
   SetConsoleOutputCP(CP_UTF8);
