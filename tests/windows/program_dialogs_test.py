@@ -3,6 +3,7 @@
 import json
 import shutil
 import subprocess
+import time
 
 import pytest
 
@@ -54,6 +55,7 @@ def set_meanwhile(model, change):
 
 def enter_ratio(user, text, title=CODE):
     user.sees(title)
+    time.sleep(0.5)  # until it has the keyboard
     # From the list of codes: Ok, Close, ribs, the classes, the ratio.
     user.press(*["Tab"] * 5)
     user.type(text)
@@ -70,7 +72,9 @@ def shown_windows(user):
 def press_and_see_a_box(user, key):
     before = shown_windows(user)
     user.press(key)
-    assert wait_for(lambda: shown_windows(user) > before), "no box asks"
+    # In the place of the dialog.
+    assert wait_for(lambda: CODE not in user.windows() and shown_windows(user) >= before), "no box asks"
+    time.sleep(0.5)  # until it has the keyboard
 
 
 def test_ok_stores_the_settings_and_nothing_else_of_the_file(start, model):
