@@ -41,9 +41,10 @@ def main(folder):
     kept, wine = module_wine.temporary_wine(screen.display)
     wine.set_value(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
     # Where the dialogs' font takes characters from that it lacks; Windows itself knows that.
-    wine.set_value(
-        r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", "Tahoma",
-        "NotoSansCJK-Regular.ttc,Noto Sans CJK SC", kind="REG_MULTI_SZ")
+    for font in ("Tahoma", "Tahoma Bold"):
+        wine.set_value(
+            r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", font,
+            "NotoSansCJK-Regular.ttc,Noto Sans CJK SC", kind="REG_MULTI_SZ")
     model = Path(shutil.copy(ROOT / "examples" / "portal-bracket.json", kept.name))
     try:
         for language in ("en", "zh"):

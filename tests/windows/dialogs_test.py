@@ -1,5 +1,7 @@
 """The module's dialogs as windows of the system, worked by keys and mouse on a screen in memory."""
 
+import time
+
 import pytest
 
 import module_wine
@@ -106,6 +108,7 @@ def test_a_grade_is_chosen_by_the_mouse(user):
 def test_a_long_check_shows_its_progress_and_can_be_cancelled(user):
     user.press("alt+a", "m")
     user.sees("IDS_MAIN_RIBBON_MENU_ALU_DGN")  # this host's texts are their keys
+    time.sleep(0.5)  # until it has the keyboard
     user.press("Return")
     user.sees("stopped")
 
