@@ -14,6 +14,16 @@ namespace aluframe::area_loads {
 
 namespace {
 
+/// Grows from −2 to 2 as the angle of a direction does from −π to π, without an angle worked out:
+/// the same digits on every machine.
+double turn_of(Point2 direction) {
+  const double size = std::abs(direction.x) + std::abs(direction.y);
+  if (size == 0.0) return 0.0;
+  const double rise = direction.y / size;
+  if (direction.x >= 0.0) return rise;
+  return direction.y >= 0.0 ? 2.0 - rise : -2.0 - rise;
+}
+
 /// Points, those nearer to one another than a distance being one.
 class Corners {
  public:
@@ -172,10 +182,8 @@ class Graph {
   /// Counterclockwise.
   void sort_around(std::size_t corner, std::vector<std::size_t>& others) const {
     const auto& points = corners_.points();
-    std::ranges::sort(others, {}, [&](std::size_t other) {
-      const Point2 out = points[other] - points[corner];
-      return std::atan2(out.y, out.x);
-    });
+    std::ranges::sort(others, {},
+                      [&](std::size_t other) { return turn_of(points[other] - points[corner]); });
   }
 
   /// The corner behind `to` on the way round the panel at the left.

@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 
+#include "aluframe/elementary/functions.h"
 #include "aluframe/texts/text.h"
 
 namespace aluframe::area_loads {
@@ -118,12 +119,13 @@ Profile profile_of(const model::WindPressure& wind) {
 
 double mu_z(const Profile& profile, double height) {
   const double z = std::min(height, profile.gradient_height);
-  return std::max(profile.mu_min, profile.mu_10 * std::pow(z / ten_metres, 2.0 * profile.alpha));
+  return std::max(profile.mu_min,
+                  profile.mu_10 * elementary::power(z / ten_metres, 2.0 * profile.alpha));
 }
 
 double beta_gz(const Profile& profile, double height) {
   const double z = std::clamp(height, profile.lowest_height, profile.gradient_height);
-  return 1.0 + 2.0 * profile.g * profile.i_10 * std::pow(z / ten_metres, -profile.alpha);
+  return 1.0 + 2.0 * profile.g * profile.i_10 * elementary::power(z / ten_metres, -profile.alpha);
 }
 
 double pressure_of(const Pressure& pressure) {

@@ -20,6 +20,8 @@ double angle_of_sine(double sine);
 /// The angle of −π to π from the x axis to a point, as the library's atan2.
 double angle_of(double y, double x);
 
+/// base^exponent, as the library's pow.
+double power(double base, double exponent);
 /// 10^exponent; 0 and infinity beyond the range of numbers.
 double power_of_ten(int exponent);
 /// The largest exponent whose power of ten is not above a positive number.

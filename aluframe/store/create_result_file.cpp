@@ -5,6 +5,7 @@
 
 #include "aluframe/files/link_target.h"
 #include "aluframe/files/publication.h"
+#include "aluframe/platform/file_moves.h"
 #include "aluframe/store/database.h"
 #include "aluframe/store/result_writer.h"
 #include "aluframe/store/schema.h"
@@ -97,6 +98,7 @@ void publish_results(files::Publication& file) {
   std::optional<OldFileLock> earlier;
   if (holds_something(file.destination())) earlier.emplace(file.destination());
   remove_side_files(file.destination());
+  if (!platform::open_files_are_replaced()) earlier.reset();
   file.publish();
 }
 

@@ -71,6 +71,8 @@ int run_one_dialog(const DialogsOptions& options, SettingsDialog dialog) {
       print_message(texts::translated("the dialog did not open"));
       return exit_failure;
     }
+    // After a conflict that nobody decided the model holds what an earlier OK has changed.
+    if (dialog == SettingsDialog::code && end == DialogEnd::closed) return exit_cancelled;
     saved = io::save_merged(options.model, before, model, ask);
     // A user who wants neither side's values has the dialog again, as it was.
   } while (saved.is_cancelled);
@@ -78,8 +80,7 @@ int run_one_dialog(const DialogsOptions& options, SettingsDialog dialog) {
     print_message(saved.problem->message());
     return exit_failure;
   }
-  const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
-  return refused ? exit_cancelled : exit_done;
+  return exit_done;
 }
 
 }  // namespace aluframe::cli

@@ -13,10 +13,6 @@ namespace aluframe::cli {
 
 namespace {
 
-void write_to(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-}
-
 /// Where the next colour of ours stands in a text, and how long it is.
 std::pair<std::size_t, std::size_t> next_colour(std::string_view text) {
   std::pair<std::size_t, std::size_t> next{text.size(), 0};
@@ -36,8 +32,8 @@ bool stdout_wants_colour() {
 void print_text(std::string_view text) {
   while (!text.empty()) {
     const auto [place, length] = next_colour(text);
-    write_to(stdout, model::for_terminal(text.substr(0, place)));
-    write_to(stdout, text.substr(std::min(place, text.size()), length));
+    platform::write_text(stdout, model::for_terminal(text.substr(0, place)));
+    platform::write_text(stdout, text.substr(std::min(place, text.size()), length));
     text.remove_prefix(std::min(place + length, text.size()));
   }
 }
@@ -53,7 +49,7 @@ void print_message(const std::string& text) noexcept {
 }
 
 void print_to_stderr(std::string_view text) noexcept {
-  write_to(stderr, text);
+  platform::write_text(stderr, text);
 }
 
 bool finish_stdout() {

@@ -55,12 +55,13 @@ int run_dialog(ModelDocument& document, SettingsDialog dialog) {
     end = open_dialog(document.editable(), dialog);
     if (end == DialogEnd::failed)
       return fail(texts::translated("the dialog did not open"), exit_failure);
+    // After a conflict that nobody decided the document holds what an earlier OK has changed.
+    if (dialog == SettingsDialog::code && end == DialogEnd::closed) return exit_cancelled;
     saved = document.save(ask);
     // A user who wants neither side's values has the dialog again, as it was.
   } while (saved.is_cancelled);
   if (saved.problem) return fail(*saved.problem, exit_failure);
-  const bool refused = dialog == SettingsDialog::code && end == DialogEnd::closed;
-  return refused ? exit_cancelled : exit_done;
+  return exit_done;
 }
 
 int run_window(std::optional<ModelDocument> document) {

@@ -107,3 +107,6 @@ def test_neither_side_leads_back_to_the_dialog_as_it_was(start_dialog, model, al
     program.find("push button", "^Cancel$").click()
     assert program.find("text", "^Adjustment ratio").text == "0.7"
     assert model.read_text(encoding="utf-8") == theirs
+    program.find("push button", "^Close$").click()
+    assert program.process.wait(timeout=PATIENCE) == 3
+    assert model.read_text(encoding="utf-8") == theirs

@@ -1,9 +1,9 @@
-"""Takes the pictures of the dialogs on Windows for the documentation.
+"""Takes the pictures of the dialogs on Windows for the documentation, of `aluframe dialogs` in both languages.
 
     /usr/bin/python3 tests/windows/dialogs_pictures.py docs/images
 """
 
-import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -11,18 +11,10 @@ import time
 from pathlib import Path
 
 import module_wine
-from dialogs_test import CODE, MATERIALS, MATERIALS_SIZE, User
-from module_wine import BIN, ROOT, windows_path
-
-
-def messages(language):
-    """The program's texts of the module's keys, a line each."""
-    source = (ROOT / "aluframe" / "services" / "messages.cpp").read_text(encoding="utf-8")
-    english = re.findall(r'\{L"(\w+)",\s*translatable\("([^"]*)"\)\}', source)
-    po = (ROOT / "aluframe" / "texts" / "zh_CN.po").read_text(encoding="utf-8")
-    chinese = dict(re.findall(r'^msgid "(.+)"\nmsgstr "(.+)"$', po, re.MULTILINE))
-    return "".join(
-        f"{key}={chinese[text] if language == 'zh' else text}\n" for key, text in english)
+from module_wine import ROOT
+from program_dialogs_test import IN_CHINESE
+from program_wine import windows_program
+from screen_user import CODE, MATERIALS, MATERIALS_SIZE, User
 
 
 def take(user, screen, title, file):
@@ -30,24 +22,18 @@ def take(user, screen, title, file):
     screen.take_picture(file, user.place(title))
 
 
-def take_all(wine, screen, folder, language, texts):
-    file = Path(tempfile.gettempdir()) / f"texts-{language}"
-    file.write_text(texts, encoding="utf-8")
-    user = User(wine, screen, BIN / "module_window.exe", windows_path(file), cwd=file.parent)
-    user.sees("Tiny frame")
-    user.press("alt+a", "d")
-    user.sees(CODE)
-    take(user, screen, CODE, folder / f"windows-code-{language}.png")
-    user.press("Return")
-    user.sees("settings 1 ratio 0.850")
-    user.press("alt+a", "t")
-    user.sees(MATERIALS)
-    user.click(MATERIALS, MATERIALS_SIZE, 30, 36)
-    take(user, screen, MATERIALS, folder / f"windows-materials-{language}.png")
+def take_all(wine, screen, model, folder, language):
+    code, materials = (title if language == "en" else IN_CHINESE[title] for title in (CODE, MATERIALS))
+    user = User(wine, screen, windows_program(), "dialogs", model.name, "--lang", language, cwd=model.parent)
+    user.sees(code)
+    take(user, screen, code, folder / f"windows-code-{language}.png")
     user.press("Escape")
-    user.press("alt+a", "q")
+    user.sees(materials)
+    time.sleep(0.5)  # until it has the keyboard
+    user.click(materials, MATERIALS_SIZE, 30, 36)
+    take(user, screen, materials, folder / f"windows-materials-{language}.png")
+    user.press("Escape")
     user.ends()
-    file.unlink()
 
 
 def main(folder):
@@ -55,12 +41,14 @@ def main(folder):
     kept, wine = module_wine.temporary_wine(screen.display)
     wine.set_value(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
     # Where the dialogs' font takes characters from that it lacks; Windows itself knows that.
-    wine.set_value(
-        r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", "Tahoma",
-        "NotoSansCJK-Regular.ttc,Noto Sans CJK SC", kind="REG_MULTI_SZ")
+    for font in ("Tahoma", "Tahoma Bold"):
+        wine.set_value(
+            r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", font,
+            "NotoSansCJK-Regular.ttc,Noto Sans CJK SC", kind="REG_MULTI_SZ")
+    model = Path(shutil.copy(ROOT / "examples" / "portal-bracket.json", kept.name))
     try:
         for language in ("en", "zh"):
-            take_all(wine, screen, Path(folder), language, messages(language))
+            take_all(wine, screen, model, Path(folder), language)
     finally:
         wine.end()
         screen.end()

@@ -1,75 +1,14 @@
 """The module's dialogs as windows of the system, worked by keys and mouse on a screen in memory."""
 
+import time
+
 import pytest
 
 import module_wine
 from module_wine import BIN, wait_for
+from screen_user import CODE, MATERIALS, MATERIALS_SIZE, User
 
 module_wine.require("Xvfb", "xdotool", "import")
-
-
-@pytest.fixture(scope="module")
-def screen():
-    shown = module_wine.Screen()
-    yield shown
-    shown.end()
-
-
-@pytest.fixture(scope="module")
-def wine(screen):
-    folder, machine = module_wine.temporary_wine(screen.display)
-    # Nobody manages the windows of this screen, so that waiting for him would take seconds.
-    machine.set_value(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
-    yield machine
-    machine.end()
-    folder.cleanup()
-
-
-class User:
-    """Somebody before the screen, who runs one program."""
-
-    def __init__(self, wine, screen, *command, **options):
-        self.screen = screen
-        self.program = wine.start(*command, **options)
-
-    def windows(self):
-        """Titles of the windows that are shown."""
-        return self.screen.do(
-            "search", "--onlyvisible", "--name", ".", "getwindowname", "%@").splitlines()
-
-    def sees(self, title):
-        found = wait_for(lambda: title in self.windows())
-        assert found, f"{title!r} is not among {self.windows()}"
-
-    def does_not_see(self, title):
-        assert wait_for(lambda: title not in self.windows()), title
-
-    def press(self, *keys):
-        self.screen.do("key", "--delay", "60", *keys)
-
-    def type(self, text):
-        self.screen.do("type", "--delay", "40", text)
-
-    def place(self, title):
-        """Left, top, width and height of a window."""
-        shell = self.screen.do("search", "--onlyvisible", "--name", title, "getwindowgeometry",
-                               "--shell")
-        values = dict(line.split("=") for line in shell.splitlines())
-        return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
-
-    def click(self, title, size, x, y):
-        """Clicks a dialog of `size` dialog units at a place in dialog units."""
-        border, caption = 3, 22  # pixels
-        left, top, width, height = self.place(title)
-        horizontal = (width - 2 * border) / size[0]
-        vertical = (height - border - caption) / size[1]
-        self.screen.do("mousemove", round(left + border + horizontal * x),
-                       round(top + caption + vertical * y), "click", "1")
-
-    def ends(self):
-        if self.program.poll() is None:
-            self.program.terminate()
-        self.program.wait(timeout=30)
 
 
 @pytest.fixture
@@ -80,11 +19,6 @@ def user(wine, screen, tmp_path):
     somebody.press("Escape")
     somebody.press("alt+a", "q")
     somebody.ends()
-
-
-CODE = "Alu Design Code"
-MATERIALS = "Modify Alu Material"
-MATERIALS_SIZE = (255, 239)
 
 
 @pytest.mark.parametrize("name", ["windows_framework_test", "windows_dialogs_test"])
@@ -174,6 +108,7 @@ def test_a_grade_is_chosen_by_the_mouse(user):
 def test_a_long_check_shows_its_progress_and_can_be_cancelled(user):
     user.press("alt+a", "m")
     user.sees("IDS_MAIN_RIBBON_MENU_ALU_DGN")  # this host's texts are their keys
+    time.sleep(0.5)  # until it has the keyboard
     user.press("Return")
     user.sees("stopped")
 

@@ -54,8 +54,8 @@ def test_names_beyond_sixteen_bits_survive(machine, folder):
     assert title in settings.out.decode()
     assert machine.run("check", "frame.json", folder=folder).status == 0
     assert machine.run("report", "frame.json", folder=folder).status == 0
-    for name in ("frame.alu", "frame.txt"):
-        assert title in (folder / name).read_text(encoding="utf-8")
+    page = machine.run("report", "frame.json", "--html", "-", folder=folder)
+    assert title in page.out.decode()
 
 
 @pytest.mark.parametrize("name", ["𠮷.json", "a b.json", "ÄÖ.json", "модель.json"])
@@ -83,6 +83,14 @@ def test_a_file_is_replaced_and_nothing_stays_beside_it(machine, folder):
     assert sorted(path.name for path in folder.iterdir()) == ["frame.aluresult", "frame.json", "table.txt"]
 
 
+def test_results_replace_earlier_ones(machine, folder):
+    shutil.copy(PORTAL, folder / "frame.json")
+    for _ in range(3):
+        done = machine.run("check", "frame.json", folder=folder)
+        assert done.status == 0, done
+    assert sorted(path.name for path in folder.iterdir()) == ["frame.aluresult", "frame.json"]
+
+
 def test_a_write_protected_file_is_not_replaced(machine, folder):
     shutil.copy(PORTAL, folder / "frame.json")
     machine.run("check", "frame.json", folder=folder)
@@ -105,10 +113,10 @@ def test_an_output_may_go_nowhere(machine, folder):
 # --- runs that meet, or end early ---
 
 
-def write_large_model(folder, combinations=50):
+def write_large_model(folder, combinations=50, elements=8000):
     """A frame whose check takes seconds, as large.json."""
     subprocess.run(
-        [sys.executable, str(ROOT / "tools" / "generate_model.py"), "--kind", "grid", "--elements", "2000",
+        [sys.executable, str(ROOT / "tools" / "generate_model.py"), "--kind", "grid", "--elements", str(elements),
          "--combinations", str(combinations), "--output", str(folder / "large.json")], check=True)
 
 
@@ -195,10 +203,11 @@ def test_standard_output_on_a_full_disk_is_a_failure(machine, folder):
 def test_a_disk_that_gets_full_ends_the_run_and_keeps_the_earlier_results(machine, tmp_path):
     disk = tmp_path / "disk"
     disk.mkdir()
-    subprocess.run(["mount", "-t", "tmpfs", "-o", "size=3m", "none", str(disk)], check=True)
+    subprocess.run(["mount", "-t", "tmpfs", "-o", "size=40m", "none", str(disk)], check=True)
     try:
-        write_large_model(disk, combinations=1)
-        assert machine.run("check", "large.json", folder=disk).status == 0
+        write_large_model(disk, combinations=1, elements=2000)
+        done = machine.run("check", "large.json", folder=disk)
+        assert done.status == 0, done
         before = (disk / "large.aluresult").read_bytes()
         (disk / "ballast").write_bytes(bytes(max(0, shutil.disk_usage(disk).free - 200_000)))
         done = machine.run("check", "large.json", folder=disk)

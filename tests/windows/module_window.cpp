@@ -14,7 +14,7 @@ namespace {
 enum Command : UINT { check = 100, check_many, report, settings, materials, quit };
 
 // Enough for the progress window to be seen.
-constexpr unsigned many_elements = 400000;
+constexpr unsigned many_elements = 3000000;
 
 HMENU create_menu() {
   const HMENU design = CreatePopupMenu();

@@ -20,11 +20,16 @@ def missing(*programs):
     return [program for program in programs if shutil.which(program) is None]
 
 
-def require(*programs):
-    """Skips the test file when this machine cannot run it."""
+def require_programs(*programs):
+    """Skips the test file when this machine has neither Wine, the compiler nor the programs."""
     absent = missing("wine", COMPILER, *programs)
     if absent:
         pytest.skip(f"needs {', '.join(absent)}", allow_module_level=True)
+
+
+def require(*programs):
+    """Skips the test file when this machine cannot run it."""
+    require_programs(*programs)
     if not (BIN / "module_loader.exe").exists():
         pytest.skip("needs the programs of the preset `windows`", allow_module_level=True)
 
@@ -53,6 +58,7 @@ class Wine:
             # Neither .NET nor a browser: nobody is asked whether to install them.
             WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display,
         )
+        self.keeper = None
         self.run("wineboot", "-i", timeout=180)
         self.install_fonts(Path(prefix) / "drive_c" / "windows" / "Fonts")
 
@@ -61,6 +67,14 @@ class Wine:
         for font in Path("/usr/share/wine/fonts").glob("*.ttf"):
             shutil.copy(font, folder)
         self.end()  # they are looked for when the next program starts
+        self.keep_running()
+
+    def keep_running(self):
+        """Windows starts with its first program and ends with its last one, which takes seconds: this one stays, and
+        no service of the system has the streams of another."""
+        self.keeper = self.start("cmd", stdin=subprocess.PIPE)
+        subprocess.run(["wine", "cmd", "/c", "exit"], env=self.environment, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=True)
 
     def run(self, *command, timeout=120, **options):
         return subprocess.run(
@@ -80,6 +94,9 @@ class Wine:
         assert done.returncode == 0, done.stderr
 
     def end(self):
+        if self.keeper is not None:
+            self.keeper.communicate(timeout=60)
+            self.keeper = None
         subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
         subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
 

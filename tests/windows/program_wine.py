@@ -3,6 +3,7 @@
 import os
 import shutil
 import subprocess
+import tempfile
 from pathlib import Path
 
 import pytest
@@ -23,9 +24,7 @@ def windows_program():
 
 def require():
     """Skips the test file when this machine cannot run it."""
-    absent = module_wine.missing("wine", module_wine.COMPILER)
-    if absent:
-        pytest.skip(f"needs {', '.join(absent)}", allow_module_level=True)
+    module_wine.require_programs()
     for program in (windows_program(), LINUX):
         if not program.exists():
             pytest.skip(f"needs {program}: ./dev windows-test builds it", allow_module_level=True)
@@ -50,6 +49,7 @@ class Machine:
 
     def __init__(self):
         self.wine = module_wine.Wine(BUILD / "wine")
+        self.compiler_libraries = self.wine.environment["WINEPATH"]
         if windows_program().parent == UNPACKED:
             self.wine.environment.pop("WINEPATH")
         self.wine.environment["LC_ALL"] = "C.UTF-8"
@@ -58,9 +58,15 @@ class Machine:
         return {name: value for name, value in (self.wine.environment | changes).items() if value is not None}
 
     def run(self, *arguments, folder, given=b"", timeout=300, **changes):
-        return Done(subprocess.run(
-            ["wine", str(windows_program()), *map(str, arguments)], cwd=folder, input=given,
-            capture_output=True, check=False, timeout=timeout, env=self.environment(changes)))
+        # Into files: services of Wine that a program happens to start hold its pipes open for ever.
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            done = subprocess.run(
+                ["wine", str(windows_program()), *map(str, arguments)], cwd=folder, input=given, stdout=out,
+                stderr=err, check=False, timeout=timeout, env=self.environment(changes))
+            for stream in (out, err):
+                stream.seek(0)
+            done.stdout, done.stderr = out.read(), err.read()
+        return Done(done)
 
     def start(self, *arguments, folder, **options):
         return subprocess.Popen(

@@ -67,7 +67,9 @@ class CODE_PAGE : public std::codecvt<wchar_t, char, std::mbstate_t> {
       bytes[0] = static_cast<char>(*character);
       return 1;
     }
-    return WideCharToMultiByte(m_nPage, 0, character, units, bytes, kLongestCharacter, nullptr,
+    // No look-alikes: of the sign of infinity some code pages would make an 8.
+    const DWORD flags = m_nPage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    return WideCharToMultiByte(m_nPage, flags, character, units, bytes, kLongestCharacter, nullptr,
                                nullptr);
   }
 

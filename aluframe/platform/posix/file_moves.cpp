@@ -24,6 +24,10 @@ std::error_code replace_file(const std::filesystem::path& from, const std::files
   return rename(from.c_str(), to.c_str()) == 0 ? std::error_code() : last_error();
 }
 
+bool open_files_are_replaced() {
+  return true;
+}
+
 void sync_name(const std::filesystem::path& file) {
   const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

@@ -41,6 +41,10 @@ void prepare_standard_streams() {
   for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
 }
 
+void write_text(std::FILE* stream, std::string_view text) noexcept {
+  std::fwrite(text.data(), 1, text.size(), stream);
+}
+
 void note_interrupts() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     if (std::signal(signal, note_signal) == SIG_IGN) std::signal(signal, SIG_IGN);

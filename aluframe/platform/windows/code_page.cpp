@@ -17,12 +17,12 @@ UINT user_code_page() {
   return locale && locale->ends_with(".UTF-8") ? CP_UTF8 : GetACP();
 }
 
-/// Whether a code page has no bytes for a character, nor for one that looks like it.
+/// Whether a code page has no bytes for a character, as the report's stream finds.
 bool lacks(UINT page, std::wstring_view character) {
   char bytes[8];
   BOOL lacks_it = FALSE;
-  WideCharToMultiByte(page, 0, character.data(), static_cast<int>(character.size()), bytes,
-                      sizeof bytes, nullptr, &lacks_it);
+  WideCharToMultiByte(page, WC_NO_BEST_FIT_CHARS, character.data(),
+                      static_cast<int>(character.size()), bytes, sizeof bytes, nullptr, &lacks_it);
   return lacks_it != FALSE;
 }
 

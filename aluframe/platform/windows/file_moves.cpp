@@ -38,6 +38,11 @@ std::error_code replace_file(const std::filesystem::path& from, const std::files
   }
 }
 
+// Only one whose every holder shares that, which databases do not.
+bool open_files_are_replaced() {
+  return false;
+}
+
 // The move returns when the disk has the name.
 void sync_name(const std::filesystem::path&) {}
 

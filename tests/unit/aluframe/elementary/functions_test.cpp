@@ -52,7 +52,25 @@ TEST(ElementaryFunctions, AreTheNearestNumbers) {
         << y << ' ' << x;
     EXPECT_LE(distance(hypotenuse(x, y), std::hypot(static_cast<long double>(x), y)), nearest)
         << x << ' ' << y;
+    const double base = std::abs(numbers.next(1e6)), exponent = numbers.next(3.0);
+    EXPECT_LE(distance(power(base, exponent), std::pow(static_cast<long double>(base), exponent)),
+              nearest)
+        << base << ' ' << exponent;
   }
+}
+
+TEST(ElementaryFunctions, RaiseToPowersAsTheLibraryWhereNothingIsRounded) {
+  EXPECT_EQ(power(2.0, 10.0), 1024.0);
+  EXPECT_EQ(power(49.0, 0.5), 7.0);
+  EXPECT_EQ(power(1.0, 1e300), 1.0);
+  EXPECT_EQ(power(3.5, 0.0), 1.0);
+  EXPECT_EQ(power(0.0, 0.3), 0.0);
+  EXPECT_EQ(power(0.0, -0.3), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(power(2.0, 1e6), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(power(2.0, -1e6), 0.0);
+  EXPECT_EQ(power(0x1p-1074, 0.5), 0x1p-537);
+  EXPECT_EQ(power(0x1p1000, -1.0), 0x1p-1000);
+  EXPECT_TRUE(std::isnan(power(-2.0, 0.5)));
 }
 
 TEST(ElementaryFunctions, HaveTheValuesOfRightTriangles) {
