@@ -118,3 +118,24 @@ def test_a_fault_of_the_file_as_a_whole_stands_alone(aluframe, renumbered):
     renumbered["nodes"][0]["x"] = "a"
     aluframe.write(renumbered)
     assert [line.split(": ", 2)[2] for line in told(aluframe)] == ["/version: found 3, must be 1"]
+
+
+def test_magnitudes_that_are_hardly_meant_are_remarks_and_no_faults(aluframe, renumbered):
+    """The same structure with coordinates in mm under "m", a web in m under "mm" and an angle in radians."""
+    renumbered["nodes"][1]["x"] = 4000
+    renumbered["sections"][0]["dimensions"] = {"D": 0.1, "t": 0.01}
+    renumbered["elements"][0]["beta"] = 1.5708
+    aluframe.write(renumbered)
+    done = aluframe("validate", "frame.json")
+    said = [line.strip() for line in done.stdout.splitlines() if "units, " in line]
+    assert said[:3] == [
+        "units, element 12: /elements/0: a span of 4000 m begins with element 12, usual are 100 mm to 500 m: are "
+        'coordinates in a smaller unit than "m"?',
+        "units, element 12: /sections/0: t of section 50 is 0.01 mm, walls of aluminium sections have 0.1 to 100 mm: are "
+        'its dimensions in another unit than "mm"?',
+        "units, element 12: /elements/0/beta: element 12 is turned by 1.5708°, a round angle if it were in radians "
+        "(90°): beta is in degrees"]
+    # Forces of 10 kNm on a rod as thin as a hair.
+    assert [line.split(":")[1] for line in said[3:]] == [" /elements/0"]
+    assert all(line in aluframe("check", "frame.json").stdout for line in said)
+    assert "长" in aluframe("validate", "frame.json", "--lang", "zh").stdout
