@@ -162,7 +162,7 @@ class JsonDocument::Builder {
   std::vector<Place> open_;  ///< lists and objects that enclose the next value
 };
 
-JsonDocument::JsonDocument(std::string_view text) {
+JsonDocument::JsonDocument(std::string_view text, Faults* faults) : faults_(faults) {
   if (text.size() > max_file_size) throw Failure{"", texts::translated("is larger than 2 GB")};
   Builder builder(*this, text);
   json::sax_parse(text.begin(), text.end(), &builder);
@@ -185,6 +185,29 @@ std::string JsonDocument::path(Place target) const {
     place = in_object ? child + 1 : child;
   }
   return path;
+}
+
+JsonDocument::Place JsonDocument::place_of(std::string_view path) const {
+  Place place = root;
+  while (!path.empty()) {
+    path.remove_prefix(1);
+    const std::string_view step = path.substr(0, path.find('/'));
+    path.remove_prefix(step.size());
+    const bool in_object = kind(place) == Kind::object;
+    if (!in_object && kind(place) != Kind::list) break;
+    Place child = place + 1;
+    std::size_t index = 0;
+    const auto is_meant = [&] {
+      return step == (in_object ? escaped(string(child)) : std::to_string(index));
+    };
+    while (child < end(place) && !is_meant()) {
+      child = in_object ? end(child + 1) : end(child);
+      ++index;
+    }
+    if (child == end(place)) break;
+    place = in_object ? child + 1 : child;
+  }
+  return place;
 }
 
 }  // namespace aluframe::io

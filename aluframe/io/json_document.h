@@ -2,11 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace aluframe::io {
+
+class Faults;
 
 /// Lists and objects may stand inside one another this many levels deep.
 inline constexpr std::size_t max_json_depth = 64;
@@ -27,7 +30,11 @@ class JsonDocument {
 
   /// Parses a UTF-8 text. Throws Failure with line and column of broken JSON or of too deep
   /// nesting, or the JSON path of a number beyond the range of double.
-  explicit JsonDocument(std::string_view text);
+  /// @param faults where faults of the values are gathered, which must outlive the document; null:
+  ///   the first one is thrown
+  explicit JsonDocument(std::string_view text, Faults* faults = nullptr);
+
+  Faults* faults() const { return faults_; }
 
   Kind kind(Place place) const { return values_[place].kind; }
   /// Whole numbers beyond 2^53 are rounded to a double.
@@ -43,6 +50,9 @@ class JsonDocument {
   /// JSON path of a value, such as "/elements/3/nodes/1", with ~ and / in names written ~0 and ~1
   /// (RFC 6901) and names as messages show them. The key of a field has the path of the field.
   std::string path(Place place) const;
+  /// The value of a path as messages have it, or the last that there is on the way to it. The
+  /// first, where a shortened name stands for several.
+  Place place_of(std::string_view path) const;
 
  private:
   struct Text {
@@ -59,6 +69,7 @@ class JsonDocument {
   class Builder;
 
   std::vector<Value> values_;
+  Faults* faults_;
   std::string strings_;  ///< keys and strings, one behind the other
 };
 

@@ -102,7 +102,8 @@ std::optional<JsonValue> JsonValue::field(std::string_view name) const {
 }
 
 void JsonValue::fail(std::string text) const {
-  throw Failure{path(), std::move(text)};
+  if (faults() != nullptr && faults()->is_misspelt(place_)) throw FollowsFromFault{};
+  throw Failure{path(), std::move(text), place_};
 }
 
 void JsonValue::fail_with(std::string_view allowed) const {
@@ -139,7 +140,14 @@ std::size_t place_of(std::string_view name, std::span<const std::string_view> al
 
 }  // namespace
 
+/// Goes on with the other fields where faults are gathered.
+void JsonObject::refuse_field(JsonDocument::Place key, std::string text) const {
+  static_cast<void>(
+      part([&] { throw Failure{value_.document_->path(key), std::move(text), key}; }));
+}
+
 JsonObject::JsonObject(JsonValue value, std::span<const std::string_view> allowed) : value_(value) {
+  if (value_.faults() != nullptr) faults_before_ = value_.faults()->count();
   value_.require(JsonValue::Kind::object, texts::translated("must be an object"));
   const JsonDocument& document = *value_.document_;
   std::uint32_t met = 0;
@@ -148,12 +156,13 @@ JsonObject::JsonObject(JsonValue value, std::span<const std::string_view> allowe
     const std::string_view name = document.string(key);
     const std::size_t place = place_of(name, allowed);
     if (place == allowed.size()) {
-      throw Failure{document.path(key),
-                    unknown_name_text(texts::translated("field"), name, allowed)};
+      refuse_field(key, unknown_name_text(texts::translated("field"), name, allowed));
+      value_.faults()->misspell(value_.place_);
+      if (allowed.empty()) break;  // each would be told the same
+      continue;
     }
     const std::uint32_t bit = 1U << place;
-    if ((met & bit) != 0)
-      throw Failure{document.path(key), texts::translated("this field is given twice")};
+    if ((met & bit) != 0) refuse_field(key, texts::translated("this field is given twice"));
     met |= bit;
   }
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "aluframe/io/faults.h"
 #include "aluframe/io/json_document.h"
 #include "aluframe/io/named_values.h"
 #include "aluframe/model/table.h"
@@ -60,6 +61,9 @@ class JsonValue {
   }
   /// The field of this name, when the value is an object that has one. The first of several.
   std::optional<JsonValue> field(std::string_view name) const;
+
+  /// Where faults of the document are gathered; null: the first one is thrown.
+  Faults* faults() const { return document_->faults(); }
 
   /// Throws Failure at this value.
   [[noreturn]] void fail(std::string text) const;
@@ -121,6 +125,22 @@ class JsonObject {
   /// The field, or nothing.
   std::optional<JsonValue> optional(std::string_view name) const { return value_.field(name); }
 
+  /// Reads a part of the object that does not hang on the others: a fault in it is gathered where
+  /// the document gathers them. @return whether it was read to its end
+  template <class Read>
+  bool part(Read&& read) const {
+    return gather(value_.faults(), std::forward<Read>(read));
+  }
+  /// Whether a field that is not there may be one whose name is not allowed.
+  bool may_have_misspelt(std::string_view name) const {
+    const Faults* faults = value_.faults();
+    return faults != nullptr && faults->is_misspelt(value_.place_) && !optional(name);
+  }
+  /// Whether nothing that was read since this object was begun has a fault.
+  bool is_sound() const {
+    return value_.faults() == nullptr || value_.faults()->count() == faults_before_;
+  }
+
   double number_or(std::string_view name, double standard) const;
   double positive_or(std::string_view name, double standard) const;
   double not_negative_or(std::string_view name, double standard) const;
@@ -131,7 +151,10 @@ class JsonObject {
   const JsonValue& value() const { return value_; }
 
  private:
+  void refuse_field(JsonDocument::Place key, std::string text) const;
+
   JsonValue value_;
+  std::size_t faults_before_ = 0;
 };
 
 }  // namespace aluframe::io

@@ -51,12 +51,12 @@ model::Targets read_targets(const JsonValue& value, const model::Table<Entity>& 
     return targets;
   }
   std::unordered_set<model::Number> met;
-  for (const JsonValue item : value.list()) {
+  read_items(value, [&](const JsonValue& item) {
     targets.numbers.push_back(read_reference(item, table, what));
     if (!met.insert(targets.numbers.back()).second)
       item.fail_with(texts::translated("which is given before"));
-  }
-  if (targets.numbers.empty()) {
+  });
+  if (value.list().empty()) {
     value.fail_with(texts::translated("must have at least one {}, or be \"all\"", what));
   }
   return targets;

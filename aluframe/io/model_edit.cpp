@@ -235,10 +235,10 @@ void require_changes(const model::Model& edited, const ModelChanges& changes) {
   require_held(members, edited.members, changes.members, factors_of);
 }
 
-/// The model of a text. Throws Failure.
+/// The model of a text. Throws Problem, with all faults of the text.
 model::Model read_or_throw(std::string_view text, const ModelFolder* folder) {
   auto read = parse_model(text, {}, folder);
-  if (auto* problem = std::get_if<Problem>(&read)) throw Failure{problem->place, problem->text};
+  if (auto* problem = std::get_if<Problem>(&read)) throw std::move(*problem);
   return std::get<model::Model>(std::move(read));
 }
 
@@ -260,6 +260,9 @@ Result<std::string> edit_model_text(std::string_view text, const std::string& na
     return edit_text(text, changes, folder);
   } catch (const Failure& failure) {
     return Problem{name, failure.place, failure.text};
+  } catch (Problem& problem) {
+    problem.file = name;
+    return std::move(problem);
   }
 }
 

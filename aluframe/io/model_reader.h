@@ -15,9 +15,10 @@
 #include "aluframe/texts/text.h"
 
 /// Readers of the parts of a model file, one function a topic. Each takes the file's root object,
-/// converts to N and mm, checks what it can check with the parts read before it, and throws Failure
-/// at the first fault. Order: units, settings, materials, catalogues, sections, nodes, supports,
-/// elements, members, load cases, combinations, forces.
+/// converts to N and mm, and checks what it can check with the parts read before it. Faults are
+/// gathered where they do not hang on one another (io/faults.h); others, and all of them where the
+/// document gathers none, are thrown as Failure. Order: units, settings, materials, catalogues,
+/// sections, nodes, supports, elements, members, load cases, combinations, forces.
 namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
@@ -68,25 +69,72 @@ void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> 
 /// `length_factors` {y, z} when the object has them.
 std::optional<model::ElementDesign::AxisPair> read_length_factors(const JsonObject& object);
 
+/// The number of an entity with faults, as far as it has one.
+std::optional<model::Number> number_that_can_be_read(const JsonValue& entity,
+                                                     std::string_view field);
+/// Whether a number that `value` names may be that of an entity with a fault, which is told.
+inline bool may_be_lost(const JsonValue& value, const void* table, model::Number number) {
+  return value.faults() != nullptr && value.faults()->may_be_lost(table, number);
+}
+/// Whether entities of a table have faults, so that it is not whole.
+inline bool any_lost(const JsonValue& value, const void* table) {
+  return value.faults() != nullptr && value.faults()->any_lost(table);
+}
+
+/// Reads the values of a list one by one, also behind one that has a fault.
+template <class Read>
+void read_items(const JsonValue& list, Read read) {
+  for (const JsonValue value : list.list()) gather(value.faults(), [&] { read(value); });
+}
+
+/// The same of entities, which are lost when they have a fault.
+/// @param table that they are read into
+/// @param number_field what they are found by
+template <class Read>
+void read_entities(const JsonValue& list, const void* table, Read read,
+                   std::string_view number_field = "number") {
+  Faults* faults = list.faults();
+  std::size_t position = 0;
+  for (const JsonValue value : list.list()) {
+    const std::size_t before = faults == nullptr ? 0 : faults->count();
+    gather(faults, [&] { read(value); });
+    if (faults != nullptr && faults->count() != before) {
+      faults->lose(table, position, number_that_can_be_read(value, number_field));
+    }
+    ++position;
+  }
+}
+
 /// The number of an entity that must be in the table; `what` names its kind in the message.
 template <class Entity>
 model::Number read_reference(const JsonValue& value, const model::Table<Entity>& table,
                              std::string_view what) {
   const model::Number number = value.entity_number();
   if (table.find(number) == nullptr) {
+    if (may_be_lost(value, &table, number)) throw FollowsFromFault{};
     value.fail(texts::translated("{} {} does not exist", what, number));
   }
   return number;
 }
 
-/// Appends an entity read from `object`, whose number must be new.
+/// Appends an entity read from `object`, whose number must be new, unless it has a fault.
 template <class Entity>
 void add_entity(const JsonObject& object, model::Table<Entity>& table, Entity entity,
                 std::string_view list) {
+  Faults* faults = object.value().faults();
   const model::Number number = entity.number;
-  if (table.add(std::move(entity))) return;
-  object.required("number").fail(
-      texts::translated("number {} is taken by /{}/{}", number, list, table.position(number)));
+  const auto refuse = [&](std::size_t position) {
+    if (faults != nullptr) faults->lose_a_number(&table);
+    object.required("number").fail(
+        texts::translated("number {} is taken by /{}/{}", number, list, position));
+  };
+  const auto lost = faults == nullptr ? std::nullopt : faults->lost_position(&table, number);
+  if (number != 0 && lost) refuse(*lost);
+  const auto in_list = [&](std::size_t position) {
+    return faults == nullptr ? position : faults->position_in_list(&table, position);
+  };
+  if (number != 0 && table.find(number) != nullptr) refuse(in_list(table.position(number)));
+  if (object.is_sound()) table.add(std::move(entity));
 }
 
 }  // namespace aluframe::io

@@ -243,10 +243,13 @@ model::AreaLoad read_area_load(const JsonValue& value, const LoadContext& contex
   model::AreaLoad load;
   const auto region = object.optional("region");
   const auto spacing = object.optional("spacing");
-  if (region) load.region = read_region(*region, context);
-  if (!region || object.optional("elements")) {
-    load.elements = read_elements_of_load(object, context);
-  }
+  object.part([&] {
+    if (region) load.region = read_region(*region, context);
+  });
+  object.part([&] {
+    if (!region || object.optional("elements"))
+      load.elements = read_elements_of_load(object, context);
+  });
   if (spacing) {
     refuse(object, "region", "spacing");
     refuse(object, "span", "spacing");
@@ -254,8 +257,9 @@ model::AreaLoad read_area_load(const JsonValue& value, const LoadContext& contex
   } else {
     load.span = read_span_direction(object.required("span"));
   }
-  read_pressure(object, context, load);
-  read_area_direction(object, load);
+  object.part([&] { read_pressure(object, context, load); });
+  if (object.is_sound()) read_area_direction(object, load);
+  if (!object.is_sound()) throw FollowsFromFault{};
   return load;
 }
 
@@ -265,8 +269,12 @@ void read_area_loads(const JsonObject& load_case, const LoadContext& context,
                      model::CaseLoads& loads) {
   const auto list = load_case.optional("area");
   if (!list) return;
-  for (const JsonValue value : list->list()) {
+  read_items(*list, [&](const JsonValue& value) {
     model::AreaLoad load = read_area_load(value, context);
+    // What carries it is found among all nodes and elements.
+    if (any_lost(value, &context.model.nodes) || any_lost(value, &context.model.elements)) {
+      throw FollowsFromFault{};
+    }
     auto distributed = area_loads::line_loads(context.model, load);
     if (const auto* fault = std::get_if<area_loads::Fault>(&distributed)) {
       throw Failure{value.path() + fault->field, fault->text};
@@ -276,7 +284,7 @@ void read_area_loads(const JsonObject& load_case, const LoadContext& context,
       loads.span.push_back(std::move(span));
     }
     loads.area.push_back(std::move(load));
-  }
+  });
 }
 
 }  // namespace aluframe::io

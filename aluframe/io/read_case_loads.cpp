@@ -36,7 +36,8 @@ std::array<double, 3> read_self_weight(const JsonValue& value) {
 model::NodalLoad read_nodal_load(const JsonValue& value, const LoadContext& context) {
   const JsonObject object(value, nodal_fields);
   model::NodalLoad load;
-  load.nodes = read_targets(object.required("nodes"), context.model.nodes, "node");
+  object.part(
+      [&] { load.nodes = read_targets(object.required("nodes"), context.model.nodes, "node"); });
   load.components = read_components(object, nodal_components,
                                     [&](std::size_t i) { return context.scales.of_component(i); });
   return load;
@@ -45,7 +46,7 @@ model::NodalLoad read_nodal_load(const JsonValue& value, const LoadContext& cont
 model::TemperatureLoad read_temperature_load(const JsonValue& value, const LoadContext& context) {
   const JsonObject object(value, temperature_fields);
   model::TemperatureLoad load;
-  load.elements = read_elements_of_load(object, context);
+  object.part([&] { load.elements = read_elements_of_load(object, context); });
   const std::array values = read_components(object, temperature_components, no_unit);
   load.change = values[0];
   load.difference_y = values[1];
@@ -72,6 +73,8 @@ model::Settlement read_settlement(const JsonValue& value, const LoadContext& con
     const auto given = object.optional(name);
     if (!given) continue;
     if (support == supports.end() || !support->second->restrained[direction]) {
+      const auto& lost = context.model.supports;
+      if (may_be_lost(*given, &lost, settlement.node)) throw FollowsFromFault{};
       given->fail(
           texts::translated("node {} is not restrained in this direction", settlement.node));
     }
@@ -86,13 +89,13 @@ std::vector<model::Settlement> read_settlements(const JsonValue& list, const Loa
   }
   std::vector<model::Settlement> settlements;
   std::unordered_set<model::Number> settled;
-  for (const JsonValue value : list.list()) {
+  read_items(list, [&](const JsonValue& value) {
     settlements.push_back(read_settlement(value, context, supports));
     const model::Number node = settlements.back().node;
     if (!settled.insert(node).second) {
       value.fail(texts::translated("node {} has a settlement in this load case already", node));
     }
-  }
+  });
   return settlements;
 }
 
@@ -104,7 +107,9 @@ std::vector<Load> read_list(const JsonObject& load_case, std::string_view field,
   std::vector<Load> loads;
   const auto list = load_case.optional(field);
   if (!list) return loads;
-  for (const JsonValue value : list->list()) loads.push_back(read(value, context));
+  load_case.part([&] {
+    read_items(*list, [&](const JsonValue& value) { loads.push_back(read(value, context)); });
+  });
   return loads;
 }
 
@@ -114,17 +119,19 @@ model::CaseLoads read_case_loads(const JsonObject& load_case, const Scales& scal
                                  const model::Model& model) {
   const LoadContext context{scales, model};
   model::CaseLoads loads;
-  if (const auto weight = load_case.optional("self_weight")) {
-    loads.self_weight = read_self_weight(*weight);
-  }
+  load_case.part([&] {
+    if (const auto weight = load_case.optional("self_weight"))
+      loads.self_weight = read_self_weight(*weight);
+  });
   loads.nodal = read_list(load_case, "nodal", context, read_nodal_load);
   loads.span = read_list(load_case, "span", context, read_span_load);
-  read_area_loads(load_case, context, loads);
+  load_case.part([&] { read_area_loads(load_case, context, loads); });
   loads.points = read_list(load_case, "points", context, read_point_load);
   loads.temperature = read_list(load_case, "temperature", context, read_temperature_load);
-  if (const auto list = load_case.optional("settlements")) {
-    loads.settlements = read_settlements(*list, context);
-  }
+  load_case.part([&] {
+    if (const auto list = load_case.optional("settlements"))
+      loads.settlements = read_settlements(*list, context);
+  });
   return loads;
 }
 

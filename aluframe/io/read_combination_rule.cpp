@@ -73,7 +73,7 @@ std::optional<JsonValue> read_combination_rule(const JsonValue& value, model::Mo
     rule.design_life = life->whole(1, most_years);
   }
   if (const auto table = object.optional("table")) {
-    for (const JsonValue row : table->list()) rule.table.push_back(read_row(row));
+    read_items(*table, [&](const JsonValue& row) { rule.table.push_back(read_row(row)); });
   }
   model.combination_rule = std::move(rule);
   return object.optional("also");

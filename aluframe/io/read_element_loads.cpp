@@ -139,27 +139,30 @@ void require_beams(const JsonValue& value, const model::Targets& elements,
 model::SpanLoad read_span_load(const JsonValue& value, const LoadContext& context) {
   const JsonObject object(value, span_fields);
   model::SpanLoad load;
-  load.elements = read_elements_of_load(object, context);
-  load.direction = read_direction(object);
-  read_projection(object, load.direction);
-  read_span_values(object, context.scales.per_length, load);
-  read_part_of_span(object, load);
-  require_seen_length(object, load, context);
+  object.part([&] { load.elements = read_elements_of_load(object, context); });
+  object.part([&] {
+    load.direction = read_direction(object);
+    read_projection(object, load.direction);
+  });
+  object.part([&] { read_span_values(object, context.scales.per_length, load); });
+  object.part([&] { read_part_of_span(object, load); });
+  if (object.is_sound()) require_seen_length(object, load, context);
   return load;
 }
 
 model::PointLoad read_point_load(const JsonValue& value, const LoadContext& context) {
   const JsonObject object(value, point_fields);
   model::PointLoad load;
-  load.elements = read_elements_of_load(object, context);
-  load.direction = read_direction(object);
-  load.at = part_of_length(object.required("at"));
+  object.part([&] { load.elements = read_elements_of_load(object, context); });
+  object.part([&] { load.direction = read_direction(object); });
+  object.part([&] { load.at = part_of_length(object.required("at")); });
   const JsonValue given = one_field_of(object, "force", "moment");
   if (object.optional("force")) {
     load.value = read_not_zero(given, context.scales.force);
   } else {
     load.kind = model::PointLoad::Kind::moment;
     load.value = read_not_zero(given, context.scales.moment);
+    if (!object.is_sound()) return load;
     require_beams(given, load.elements, context, texts::translated("which takes no moment"));
   }
   return load;

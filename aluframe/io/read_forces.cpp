@@ -58,18 +58,19 @@ void read_forces(const JsonObject& root, const Scales& scales, model::Model& mod
   if (!list || list->list().empty()) return;
   if (const auto problem = find_force_size_problem(model)) list->fail(*problem);
   model.forces.resize(model.elements.size(), model.load_cases.size());
-  for (const JsonValue value : list->list()) {
+  read_items(*list, [&](const JsonValue& value) {
     const JsonObject object(value, force_fields);
+    model::CaseForces forces;
+    object.part([&] { forces = read_rows(object.required("values"), scales); });
     const auto element = read_reference(object.required("element"), model.elements, "element");
     const auto load_case =
         read_reference(object.required("case"), model.load_cases, texts::translated("load case"));
-    const bool is_new =
-        model.forces.set(model.elements.position(element), model.load_cases.position(load_case),
-                         read_rows(object.required("values"), scales));
+    const bool is_new = model.forces.set(model.elements.position(element),
+                                         model.load_cases.position(load_case), forces);
     if (!is_new) {
       value.fail(texts::translated("element {} has forces in case {} already", element, load_case));
     }
-  }
+  });
 }
 
 }  // namespace aluframe::io

@@ -46,39 +46,42 @@ model::CombinationTerm read_term(const JsonValue& value, const model::Model& mod
 
 model::Combination read_combination(const JsonObject& object, const model::Model& model) {
   model::Combination combination;
-  combination.number = object.required("number").entity_number();
-  combination.name = object.plain_text_or("name", "");
-  if (const auto kind = object.optional("kind")) {
-    combination.kind = kind->one_of<model::CombinationKind>(combination_kinds);
-  }
-  combination.seismic = object.boolean_or("seismic", false);
-  combination.design = object.boolean_or("design", true);
+  object.part([&] { combination.number = object.required("number").entity_number(); });
+  object.part([&] { combination.name = object.plain_text_or("name", ""); });
+  object.part([&] {
+    if (const auto kind = object.optional("kind"))
+      combination.kind = kind->one_of<model::CombinationKind>(combination_kinds);
+  });
+  object.part([&] { combination.seismic = object.boolean_or("seismic", false); });
+  object.part([&] { combination.design = object.boolean_or("design", true); });
   const JsonValue terms = object.required("terms");
-  for (const JsonValue term : terms.list()) combination.terms.push_back(read_term(term, model));
-  if (combination.terms.empty())
+  read_items(terms,
+             [&](const JsonValue& term) { combination.terms.push_back(read_term(term, model)); });
+  if (terms.list().empty())
     terms.fail_with(texts::translated("a combination needs at least one term"));
   return combination;
 }
 
 /// All cases that others act with, now that all cases are known.
 void require_existing_cases(const JsonValue& list, const model::Model& model) {
-  for (const JsonValue load_case : list.list()) {
+  read_items(list, [&](const JsonValue& load_case) {
     const auto action = load_case.field("action");
     const auto other = action ? action->field("together_with") : std::nullopt;
     if (other) read_reference(*other, model.load_cases, texts::translated("load case"));
-  }
+  });
 }
 
 /// All terms that name combinations, now that all combinations are known.
 void require_existing_combinations(const JsonValue& list, const model::Model& model) {
-  for (const JsonValue combination : list.list()) {
-    const JsonObject object(combination, combination_fields);
-    for (const JsonValue term : object.required("terms").list()) {
+  read_items(list, [&](const JsonValue& combination) {
+    const auto terms = combination.field("terms");
+    if (!terms) return;  // its fault is told
+    read_items(*terms, [&](const JsonValue& term) {
       if (const auto number = term.field("combination")) {
         read_reference(*number, model.combinations, "combination");
       }
-    }
-  }
+    });
+  });
 }
 
 std::string path_of(const JsonValue& list, const model::CombinationProblem& problem) {
@@ -88,11 +91,14 @@ std::string path_of(const JsonValue& list, const model::CombinationProblem& prob
 
 void read_written_combinations(const JsonValue& list, model::Model& model) {
   const std::string path = list.path().substr(1);
-  for (const JsonValue value : list.list()) {
+  const std::size_t faults_before = list.faults() == nullptr ? 0 : list.faults()->count();
+  read_entities(list, &model.combinations, [&](const JsonValue& value) {
     const JsonObject object(value, combination_fields);
     add_entity(object, model.combinations, read_combination(object, model), path);
-  }
+  });
   require_existing_combinations(list, model);
+  // Cycles name combinations by their places, which need all of them.
+  if (list.faults() != nullptr && list.faults()->count() != faults_before) throw FollowsFromFault{};
   if (const auto problem = model::find_combination_problem(model.combinations)) {
     throw Failure{path_of(list, *problem), shown(problem->text, longest_cycle)};
   }
@@ -109,31 +115,36 @@ int read_moving_load_code(const JsonValue& value) {
 }  // namespace
 
 void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model) {
-  if (const auto code = root.optional("moving_load_code")) {
-    model.moving_load_code = read_moving_load_code(*code);
-  }
+  root.part([&] {
+    if (const auto code = root.optional("moving_load_code"))
+      model.moving_load_code = read_moving_load_code(*code);
+  });
   const std::optional<JsonValue> list = root.optional("load_cases");
   if (!list) return;
-  for (const JsonValue value : list->list()) {
+  read_entities(*list, &model.load_cases, [&](const JsonValue& value) {
     const JsonObject object(value, load_case_fields);
     model::LoadCase load_case;
-    load_case.number = object.required("number").entity_number();
-    load_case.name = object.plain_text_or("name", "");
-    if (const auto kind = object.optional("kind")) {
-      load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
-    }
+    object.part([&] { load_case.number = object.required("number").entity_number(); });
+    object.part([&] { load_case.name = object.plain_text_or("name", ""); });
+    object.part([&] {
+      if (const auto kind = object.optional("kind"))
+        load_case.kind = kind->one_of<model::LoadCaseKind>(load_case_kinds);
+    });
     load_case.loads = read_case_loads(object, scales, model);
-    load_case.action = read_action(object);
+    object.part([&] { load_case.action = read_action(object); });
     add_entity(object, model.load_cases, std::move(load_case), "load_cases");
-  }
+  });
   require_existing_cases(*list, model);
 }
 
 void read_combinations(const JsonObject& root, model::Model& model) {
   std::optional<JsonValue> list = root.optional("combinations");
   if (list && list->kind() == JsonValue::Kind::object) list = read_combination_rule(*list, model);
-  if (list) read_written_combinations(*list, model);
-  make_combinations_by_rule(model);
+  const bool are_sound = root.part([&] {
+    if (list) read_written_combinations(*list, model);
+  });
+  // A rule goes by all cases and by all combinations that are written beside it.
+  if (are_sound && !any_lost(root.value(), &model.load_cases)) make_combinations_by_rule(model);
 }
 
 }  // namespace aluframe::io

@@ -45,28 +45,30 @@ model::Material read_own_values(const JsonObject& object) {
     grade->fail_with(texts::translated("must be one of {} under the standard \"{}\"",
                                        catalogue::alloy_names(), material.standard));
   }
-  material.f02_thin = object.required("f02_thin").positive();
-  material.f02_thick = object.positive_or("f02_thick", material.f02_thin);
-  material.fu = object.required("fu").positive();
-  material.e = object.positive_or("e", material.e);
-  material.poisson = object.positive_or("poisson", material.poisson);
-  material.density = object.not_negative_or("density", material.density);
-  material.thermal_expansion = object.number_or("thermal_expansion", material.thermal_expansion);
+  object.part([&] { material.f02_thin = object.required("f02_thin").positive(); });
+  object.part([&] { material.f02_thick = object.positive_or("f02_thick", material.f02_thin); });
+  object.part([&] { material.fu = object.required("fu").positive(); });
+  object.part([&] { material.e = object.positive_or("e", material.e); });
+  object.part([&] { material.poisson = object.positive_or("poisson", material.poisson); });
+  object.part([&] { material.density = object.not_negative_or("density", material.density); });
+  object.part([&] {
+    material.thermal_expansion = object.number_or("thermal_expansion", material.thermal_expansion);
+  });
   return material;
 }
 
 }  // namespace
 
 void read_materials(const JsonObject& root, model::Model& model) {
-  for (const JsonValue value : root.required("materials").list()) {
+  read_entities(root.required("materials"), &model.materials, [&](const JsonValue& value) {
     const JsonObject object(value, material_fields);
-    const model::Number number = object.required("number").entity_number();
     const std::optional<JsonValue> alloy = object.optional("alloy");
-    model::Material material = alloy ? read_alloy(object, *alloy) : read_own_values(object);
-    material.number = number;
-    material.name = object.plain_text_or("name", "");
+    model::Material material;
+    object.part([&] { material = alloy ? read_alloy(object, *alloy) : read_own_values(object); });
+    object.part([&] { material.number = object.required("number").entity_number(); });
+    object.part([&] { material.name = object.plain_text_or("name", ""); });
     add_entity(object, model.materials, std::move(material), "materials");
-  }
+  });
 }
 
 }  // namespace aluframe::io

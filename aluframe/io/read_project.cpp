@@ -20,7 +20,7 @@ model::Project read_project(const JsonObject& root) {
   if (!value) return project;
   const JsonObject object(*value, field_names);
   for (const auto& [name, text] : model::project_fields) {
-    project.*text = object.plain_text_or(name, "");
+    object.part([&] { project.*text = object.plain_text_or(name, ""); });
   }
   return project;
 }

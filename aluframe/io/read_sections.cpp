@@ -38,15 +38,17 @@ std::array<double, 8> read_dimensions(const JsonObject& object, Shape shape, dou
   const std::span<const std::string_view> names = model::dimension_names(shape);
   std::array<double, 8> dimensions{};
   for (std::size_t i = 0; i < names.size(); ++i) {
-    const bool required = i < model::required_dimensions(shape);
-    const std::optional<JsonValue> value =
-        required ? object.required(names[i]) : object.optional(names[i]);
-    if (!value) {
-      dimensions[i] = model::default_dimension(shape, i, dimensions);
-    } else {
-      dimensions[i] =
-          scale * (may_be_zero(names[i], shape) ? value->not_negative() : value->positive());
-    }
+    object.part([&] {
+      const bool required = i < model::required_dimensions(shape);
+      const std::optional<JsonValue> value =
+          required ? object.required(names[i]) : object.optional(names[i]);
+      if (!value) {
+        dimensions[i] = model::default_dimension(shape, i, dimensions);
+      } else {
+        dimensions[i] =
+            scale * (may_be_zero(names[i], shape) ? value->not_negative() : value->positive());
+      }
+    });
   }
   return dimensions;
 }
@@ -136,7 +138,11 @@ model::GivenProperties read_properties(const JsonValue& value, const Scales& sca
   model::GivenProperties given;
   const auto read = [&](std::string_view field, Power power, double scale, auto access) {
     const std::optional<JsonValue> found = object.optional(field);
-    return found ? std::optional(access(*found, power, scale)) : std::nullopt;
+    std::optional<double> property;
+    object.part([&] {
+      if (found) property = access(*found, power, scale);
+    });
+    return property;
   };
   given.area = read("area", Power::area, scales.section_2, positive_property);
   given.iyy = read("iyy", Power::second_moment, scales.section_4, positive_property);
@@ -145,15 +151,18 @@ model::GivenProperties read_properties(const JsonValue& value, const Scales& sca
   given.qyb = read("qyb", Power::area, scales.section_2, property_or_zero);
   given.qzb = read("qzb", Power::area, scales.section_2, property_or_zero);
   given.iw = read("iw", Power::warping, scales.section_6, property_or_zero);
-  if (const auto centre = object.optional("shear_centre_z")) {
-    given.shear_centre_z = scales.section * read_place(*centre, scales.section);
-  }
-  if (const auto points = object.optional("point_y")) {
-    given.point_y = read_point_y(*points, scales.section);
-  }
-  if (const auto points = object.optional("point_z")) {
-    given.point_z = read_point_z(*points, scales.section);
-  }
+  object.part([&] {
+    if (const auto centre = object.optional("shear_centre_z"))
+      given.shear_centre_z = scales.section * read_place(*centre, scales.section);
+  });
+  object.part([&] {
+    if (const auto points = object.optional("point_y"))
+      given.point_y = read_point_y(*points, scales.section);
+  });
+  object.part([&] {
+    if (const auto points = object.optional("point_z"))
+      given.point_z = read_point_z(*points, scales.section);
+  });
   return given;
 }
 
@@ -181,7 +190,10 @@ model::Section read_profile(const JsonObject& object, const JsonValue& profile,
       value->fail(texts::translated("the profile has its own"));
   }
   auto named = named_section(profile.string(), own);
-  if (auto* text = std::get_if<std::string>(&named)) profile.fail(std::move(*text));
+  if (auto* text = std::get_if<std::string>(&named)) {
+    if (any_lost(profile, &own)) throw FollowsFromFault{};  // it may be one of a lost catalogue
+    profile.fail(std::move(*text));
+  }
   return std::get<model::Section>(std::move(named));
 }
 
@@ -197,23 +209,28 @@ model::Section read_shape_and_dimensions(const JsonObject& object, const Scales&
   if (value) {
     const JsonObject dimensions(*value, model::dimension_names(section.shape));
     section.dimensions = read_dimensions(dimensions, section.shape, scales.section);
-    if (section.shape != Shape::other) require_buildable(dimensions, section);
+    if (section.shape != Shape::other && dimensions.is_sound()) {
+      require_buildable(dimensions, section);
+    }
   }
   return section;
 }
 
 model::Section read_section(const JsonObject& object, const Scales& scales,
                             const std::vector<catalogue::Profile>& own) {
-  const model::Number number = object.required("number").entity_number();
   const auto profile = object.optional("profile");
-  model::Section section =
-      profile ? read_profile(object, *profile, own) : read_shape_and_dimensions(object, scales);
-  section.number = number;
-  section.name = object.plain_text_or("name", section.name);
-  section.welded = object.boolean_or("welded", false);
-  if (const auto properties = object.optional("properties")) {
-    section.given = read_properties(*properties, scales);
-  }
+  model::Section section;
+  object.part([&] {
+    section =
+        profile ? read_profile(object, *profile, own) : read_shape_and_dimensions(object, scales);
+  });
+  object.part([&] { section.number = object.required("number").entity_number(); });
+  object.part([&] { section.name = object.plain_text_or("name", section.name); });
+  object.part([&] { section.welded = object.boolean_or("welded", false); });
+  object.part([&] {
+    if (const auto properties = object.optional("properties"))
+      section.given = read_properties(*properties, scales);
+  });
   return section;
 }
 
@@ -221,10 +238,10 @@ model::Section read_section(const JsonObject& object, const Scales& scales,
 
 void read_sections(const JsonObject& root, const Scales& scales,
                    const std::vector<catalogue::Profile>& own, model::Model& model) {
-  for (const JsonValue value : root.required("sections").list()) {
+  read_entities(root.required("sections"), &model.sections, [&](const JsonValue& value) {
     const JsonObject object(value, section_fields);
     add_entity(object, model.sections, read_section(object, scales, own), "sections");
-  }
+  });
 }
 
 }  // namespace aluframe::io

@@ -45,30 +45,37 @@ void read_length_unit(const JsonObject& units, std::string_view field, model::Le
 
 model::DesignSettings read_design_settings(const JsonObject& object) {
   model::DesignSettings settings;
-  if (const auto code = object.optional("code")) code->require_text(shown_code_name);
-  if (const auto safety_class = object.optional("safety_class")) {
-    settings.safety_class = safety_class->whole(1, 3);
-  }
-  settings.rib = object.boolean_or("rib", settings.rib);
-  settings.rib_ratio = object.positive_or("rib_ratio", settings.rib_ratio);
-  settings.strength_ratio = object.positive_or("strength_ratio", settings.strength_ratio);
-  settings.seismic = object.boolean_or("seismic", settings.seismic);
-  settings.gamma_re_strength = object.positive_or("gamma_re_strength", settings.gamma_re_strength);
-  settings.gamma_re_stability =
-      object.positive_or("gamma_re_stability", settings.gamma_re_stability);
+  const auto read_factor = [&](std::string_view field, double& factor) {
+    object.part([&] { factor = object.positive_or(field, factor); });
+  };
+  object.part([&] {
+    if (const auto code = object.optional("code")) code->require_text(shown_code_name);
+  });
+  object.part([&] {
+    if (const auto safety_class = object.optional("safety_class"))
+      settings.safety_class = safety_class->whole(1, 3);
+  });
+  object.part([&] { settings.rib = object.boolean_or("rib", settings.rib); });
+  object.part([&] { settings.seismic = object.boolean_or("seismic", settings.seismic); });
+  read_factor("rib_ratio", settings.rib_ratio);
+  read_factor("strength_ratio", settings.strength_ratio);
+  read_factor("gamma_re_strength", settings.gamma_re_strength);
+  read_factor("gamma_re_stability", settings.gamma_re_stability);
   return settings;
 }
 
 model::FrameSettings read_frame_settings(const JsonObject& object) {
   model::FrameSettings frame;
-  frame.braced_a = object.boolean_or("braced_a", frame.braced_a);
-  frame.braced_b = object.boolean_or("braced_b", frame.braced_b);
-  if (const auto source = object.optional("length_factors")) {
-    frame.length_factors = source->one_of<model::LengthFactors>(length_factor_sources);
-  }
-  if (const auto limit = object.optional("buckling_limit")) {
-    frame.buckling_limit = limit->positive();
-  }
+  object.part([&] { frame.braced_a = object.boolean_or("braced_a", frame.braced_a); });
+  object.part([&] { frame.braced_b = object.boolean_or("braced_b", frame.braced_b); });
+  object.part([&] {
+    if (const auto source = object.optional("length_factors"))
+      frame.length_factors = source->one_of<model::LengthFactors>(length_factor_sources);
+  });
+  object.part([&] {
+    if (const auto limit = object.optional("buckling_limit"))
+      frame.buckling_limit = limit->positive();
+  });
   return frame;
 }
 
@@ -164,33 +171,39 @@ model::Units read_units(const JsonObject& root) {
   model::Units units;
   if (const std::optional<JsonValue> value = root.optional("units")) {
     const JsonObject object(*value, unit_fields);
-    read_force_unit(object, units.force);
-    read_length_unit(object, "length", units.length);
-    read_length_unit(object, "section", units.section);
+    object.part([&] { read_force_unit(object, units.force); });
+    object.part([&] { read_length_unit(object, "length", units.length); });
+    object.part([&] { read_length_unit(object, "section", units.section); });
+    if (!object.is_sound()) throw FollowsFromFault{};
   }
   return units;
 }
 
 void read_settings(const JsonObject& root, model::Model& model) {
-  if (const std::optional<JsonValue> value = root.optional("settings")) {
-    model.design = read_design_settings(JsonObject(*value, settings_fields));
-  }
-  if (const std::optional<JsonValue> value = root.optional("frame")) {
-    model.frame = read_frame_settings(JsonObject(*value, frame_fields));
-  }
-  if (const std::optional<JsonValue> value = root.optional("analysis")) {
-    model.analysis =
-        read_analysis_settings(JsonObject(*value, analysis_fields), Scales(model.units));
-  }
-  if (const std::optional<JsonValue> value = root.optional("envelopes")) {
-    model.envelopes = value->one_of<model::Envelopes>(envelope_checks);
-  }
+  root.part([&] {
+    if (const std::optional<JsonValue> value = root.optional("settings"))
+      model.design = read_design_settings(JsonObject(*value, settings_fields));
+  });
+  root.part([&] {
+    if (const std::optional<JsonValue> value = root.optional("frame"))
+      model.frame = read_frame_settings(JsonObject(*value, frame_fields));
+  });
+  root.part([&] {
+    if (const std::optional<JsonValue> value = root.optional("analysis")) {
+      model.analysis =
+          read_analysis_settings(JsonObject(*value, analysis_fields), Scales(model.units));
+    }
+  });
+  root.part([&] {
+    if (const std::optional<JsonValue> value = root.optional("envelopes"))
+      model.envelopes = value->one_of<model::Envelopes>(envelope_checks);
+  });
 }
 
 void require_imperfections_of_size(const JsonObject& root, const Scales& scales,
                                    const model::Model& model) {
   const double largest = largest_imperfection * extent_of(model);
-  if (model.analysis.imperfections.mode <= largest) return;
+  if (model.analysis.imperfections.mode <= largest || any_lost(root.value(), &model.nodes)) return;
   const JsonValue amplitude =
       *root.optional("analysis")->field("imperfections")->field("mode")->field("amplitude");
   amplitude.fail_with(texts::translated("must be at most a tenth of the frame's extent, {}",

@@ -34,7 +34,9 @@ std::array<model::Number, 2> read_end_nodes(const JsonValue& value, const model:
   }
   std::array<model::Number, 2> nodes{};
   std::size_t i = 0;
-  for (const JsonValue node : value.list()) nodes[i++] = read_reference(node, model.nodes, "node");
+  read_items(value, [&](const JsonValue& node) {
+    nodes[i++] = read_reference(node, model.nodes, "node");
+  });
   return nodes;
 }
 
@@ -103,29 +105,44 @@ void require_length(const JsonObject& object, const model::Element& element,
   }
 }
 
+void read_kinds(const JsonObject& object, model::Element& element) {
+  object.part([&] {
+    if (const auto kind = object.optional("kind"))
+      element.kind = kind->one_of<model::ElementKind>(element_kinds);
+  });
+  object.part([&] {
+    if (const auto type = object.optional("member_type"))
+      element.member_type = type->one_of<model::MemberType>(member_types);
+  });
+}
+
 model::Element read_element(const JsonObject& object, const Scales& scales,
                             const model::Model& model) {
   model::Element element;
-  element.number = object.required("number").entity_number();
-  element.name = object.plain_text_or("name", "");
-  element.nodes = read_end_nodes(object.required("nodes"), model);
-  element.section = read_reference(object.required("section"), model.sections, "section");
-  element.material = read_reference(object.required("material"), model.materials, "material");
+  object.part([&] { element.number = object.required("number").entity_number(); });
+  object.part([&] { element.name = object.plain_text_or("name", ""); });
+  object.part([&] { element.nodes = read_end_nodes(object.required("nodes"), model); });
+  object.part([&] {
+    element.section = read_reference(object.required("section"), model.sections, "section");
+  });
+  object.part([&] {
+    element.material = read_reference(object.required("material"), model.materials, "material");
+  });
   const auto orientation = object.optional("orientation");
-  if (orientation) element.orientation = read_orientation(*orientation, model);
-  element.beta = object.number_or("beta", 0.0);
-  if (const auto kind = object.optional("kind")) {
-    element.kind = kind->one_of<model::ElementKind>(element_kinds);
-  }
-  if (const auto type = object.optional("member_type")) {
-    element.member_type = type->one_of<model::MemberType>(member_types);
-  }
-  if (const auto releases = object.optional("releases")) {
-    element.released = read_releases(*releases);
-  }
-  if (const auto design = object.optional("design")) {
-    element.design = read_element_design(*design, scales);
-  }
+  object.part([&] {
+    if (orientation) element.orientation = read_orientation(*orientation, model);
+  });
+  object.part([&] { element.beta = object.number_or("beta", 0.0); });
+  read_kinds(object, element);
+  object.part([&] {
+    if (const auto releases = object.optional("releases"))
+      element.released = read_releases(*releases);
+  });
+  object.part([&] {
+    if (const auto design = object.optional("design"))
+      element.design = read_element_design(*design, scales);
+  });
+  if (!object.is_sound()) return element;
   require_length(object, element, model);
   if (orientation) require_turning(*orientation, element, model);
   return element;
@@ -136,20 +153,21 @@ using Owners = std::unordered_map<model::Number, model::Number>;
 
 model::Member read_member(const JsonObject& object, const model::Model& model, Owners& owners) {
   model::Member member;
-  member.number = object.required("number").entity_number();
-  member.name = object.plain_text_or("name", "");
-  member.length_factors = read_length_factors(object);
+  object.part([&] { member.number = object.required("number").entity_number(); });
+  object.part([&] { member.name = object.plain_text_or("name", ""); });
+  object.part([&] { member.length_factors = read_length_factors(object); });
   const JsonValue elements = object.required("elements");
-  for (const JsonValue value : elements.list()) {
+  read_items(elements, [&](const JsonValue& value) {
     const model::Number element = read_reference(value, model.elements, "element");
     const auto [owner, is_new] = owners.try_emplace(element, member.number);
     if (!is_new) {
       value.fail(texts::translated("element {} is in member {} already", element, owner->second));
     }
     member.elements.push_back(element);
-  }
-  if (member.elements.empty())
+  });
+  if (elements.list().empty())
     elements.fail_with(texts::translated("a member needs at least one element"));
+  if (!object.is_sound()) return member;
   if (const auto problem = model::find_chain_problem(model, member)) elements.fail(*problem);
   return member;
 }
@@ -166,26 +184,25 @@ void read_flags(const JsonValue& list, std::span<const NamedValue<std::size_t>> 
 }
 
 void read_nodes(const JsonObject& root, const Scales& scales, model::Model& model) {
-  for (const JsonValue value : root.required("nodes").list()) {
+  read_entities(root.required("nodes"), &model.nodes, [&](const JsonValue& value) {
     const JsonObject object(value, node_fields);
     model::Node node;
-    node.number = object.required("number").entity_number();
-    node.name = object.plain_text_or("name", "");
-    node.x = scales.length * object.required("x").number();
-    node.y = scales.length * object.required("y").number();
-    node.z = scales.length * object.required("z").number();
+    object.part([&] { node.number = object.required("number").entity_number(); });
+    object.part([&] { node.name = object.plain_text_or("name", ""); });
+    object.part([&] { node.x = scales.length * object.required("x").number(); });
+    object.part([&] { node.y = scales.length * object.required("y").number(); });
+    object.part([&] { node.z = scales.length * object.required("z").number(); });
     add_entity(object, model.nodes, std::move(node), "nodes");
-  }
+  });
 }
 
 void read_elements(const JsonObject& root, const Scales& scales, model::Model& model) {
   const JsonValue list = root.required("elements");
-  for (const JsonValue value : list.list()) {
+  read_entities(list, &model.elements, [&](const JsonValue& value) {
     const JsonObject object(value, element_fields);
     add_entity(object, model.elements, read_element(object, scales, model), "elements");
-  }
-  if (model.elements.empty())
-    list.fail_with(texts::translated("a model needs at least one element"));
+  });
+  if (list.list().empty()) list.fail_with(texts::translated("a model needs at least one element"));
 }
 
 void read_members(const JsonObject& root, model::Model& model) {
@@ -193,10 +210,10 @@ void read_members(const JsonObject& root, model::Model& model) {
   model.finds_members = !list;
   if (!list) return;
   Owners owners;
-  for (const JsonValue value : list->list()) {
+  read_entities(*list, &model.members, [&](const JsonValue& value) {
     const JsonObject object(value, member_fields);
     add_entity(object, model.members, read_member(object, model, owners), "members");
-  }
+  });
 }
 
 }  // namespace aluframe::io

@@ -65,13 +65,16 @@ void read_supports(const JsonObject& root, const Scales& scales, model::Model& m
   const std::optional<JsonValue> list = root.optional("supports");
   if (!list) return;
   std::unordered_set<model::Number> supported;
-  for (const JsonValue value : list->list()) {
-    const model::Support support = read_support(value, scales, model);
-    if (!supported.insert(support.node).second) {
-      value.fail(texts::translated("node {} has a support already", support.node));
-    }
-    model.supports.push_back(support);
-  }
+  read_entities(
+      *list, &model.supports,
+      [&](const JsonValue& value) {
+        const model::Support support = read_support(value, scales, model);
+        if (!supported.insert(support.node).second) {
+          value.fail(texts::translated("node {} has a support already", support.node));
+        }
+        model.supports.push_back(support);
+      },
+      "node");
 }
 
 }  // namespace aluframe::io

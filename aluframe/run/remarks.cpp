@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 
+#include "aluframe/credibility/credibility.h"
 #include "aluframe/members/axes_remarks.h"
 #include "aluframe/model/envelopes.h"
 #include "aluframe/model/number_ranges.h"
@@ -65,6 +66,16 @@ void add_of_sections(const model::Model& model, std::vector<store::RemarkRow>& r
     if (text)
       rows.push_back(row_of("It", elements,
                             fmt::format(texts::translatable("section {}: {}"), number, *text)));
+  }
+}
+
+void add_of_magnitudes(const model::Model& model, std::vector<store::RemarkRow>& rows) {
+  for (credibility::Doubt& doubt : credibility::doubts(model)) {
+    store::RemarkRow row =
+        row_of(texts::translatable("units"), {doubt.elements.begin(), doubt.elements.end()},
+               std::move(doubt.text));
+    row.element = doubt.element;
+    rows.push_back(std::move(row));
   }
 }
 
@@ -155,6 +166,7 @@ std::string growth_remark(const std::string& subjects, const std::string& worst,
 
 std::vector<store::RemarkRow> input_remarks(const Input& input) {
   std::vector<store::RemarkRow> rows;
+  add_of_magnitudes(input.model, rows);
   add_of_positions(input, rows);
   add_of_extremes(input, rows);
   add_of_growth(input, rows);

@@ -16,6 +16,7 @@
 #include "apps/cli/document_command.h"
 #include "apps/cli/explain_command.h"
 #include "apps/cli/frame_commands.h"
+#include "apps/cli/init_command.h"
 #include "apps/cli/parser.h"
 #include "apps/cli/parser_texts.h"
 #include "apps/cli/points_command.h"
@@ -157,6 +158,53 @@ void add_explain(CLI::App& app, ExplainOptions& options, int& status) {
   explain->add_option("--output", options.output, texts::translated("Write to this file"))
       ->type_name("FILE");
   explain->callback([&] { status = run_explain_command(options); });
+}
+
+/// "mullion 3.6 (2.4 to 4.5), hall 4 (2.5 to 8) m": which kinds have a size, and its range.
+std::string range_text(std::string_view name) {
+  std::string text;
+  std::string_view unit;
+  for (const starting::Kind& kind : starting::kinds()) {
+    for (const starting::Size& size : kind.sizes) {
+      if (size.name != name) continue;
+      text += (text.empty() ? "" : ", ") + texts::translated("{} {} ({} to {})", kind.name,
+                                                             size.standard, size.least, size.most);
+      unit = size.unit;
+    }
+  }
+  return text + (unit.empty() ? "" : " ") + std::string(unit);
+}
+
+void add_init(CLI::App& app, InitOptions& options, int& status) {
+  CLI::App* init = app.add_subcommand(
+      "init", texts::translated("Write a model to start from, sound and checked as it stands"));
+  init->add_option("KIND", options.kind, texts::translated("One of {}", starting::kind_names()))
+      ->required()
+      ->type_name("");
+  init->add_option("FILE", options.output, texts::translated("The new model file"))
+      ->required()
+      ->type_name("");
+  const std::pair<const char*, const char*> sizes[] = {
+      {"span", texts::translatable("Span")},
+      {"height", texts::translatable("Height, of a mullion that of a storey")},
+      {"rise", texts::translatable("Rise of the roof")},
+      {"width", texts::translatable("Width of the deck")},
+      {"spacing", texts::translatable("Distance from one to the next")},
+      {"storeys", texts::translatable("Number of storeys")},
+      {"panels", texts::translatable("Number of panels of a truss")},
+      {"rings", texts::translatable("Number of rings")},
+      {"sectors", texts::translatable("Number of sectors")},
+      {"w0", texts::translatable("Reference wind pressure")},
+      {"s0", texts::translatable("Reference snow pressure")}};
+  for (const auto& [name, what] : sizes) {
+    const std::string key = name;
+    init->add_option_function<double>(
+            "--" + key, [&options, key](double value) { options.sizes[key] = value; },
+            std::string(texts::translation_of(what)) + ": " + range_text(name))
+        ->type_name("NUMBER");
+  }
+  init->add_flag("--force", options.force, texts::translated("Write over a model that exists"));
+  init->callback([&] { status = run_init_command(options); });
 }
 
 void add_validate(CLI::App& app, run::InputOptions& options, int& status) {
@@ -352,6 +400,7 @@ int run_program(std::vector<std::string> words) {
   CheckOptions check;
   CombinationsOptions made;
   ExplainOptions explain;
+  InitOptions init;
   ResultsOptions results;
   run::InputOptions validate;
   MembersOptions members;
@@ -367,6 +416,7 @@ int run_program(std::vector<std::string> words) {
   add_made_combinations(app, made, status);
   add_results(app, results, status);
   add_explain(app, explain, status);
+  add_init(app, init, status);
   add_validate(app, validate, status);
   add_members(app, members, status);
   add_picture(app, picture, status);

@@ -3,7 +3,7 @@
 import subprocess
 
 import pytest
-from program import in_memory
+from program import by_path, in_memory
 
 RANGE = "must be between 0.001 and 100000 mm"
 # Numbers of a dimension that is not allowed, as a designation writes them.
@@ -17,7 +17,7 @@ def refused(aluframe, *arguments):
                           text=True, check=False, timeout=20)
     assert done.returncode == 1, done.stderr
     assert done.stdout == "" and len(done.stderr.splitlines()) == 1
-    return done.stderr
+    return by_path(done.stderr)
 
 
 @pytest.mark.parametrize("number", WILD)

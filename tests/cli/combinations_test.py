@@ -5,6 +5,7 @@ import io
 import json
 
 import pytest
+from program import by_path
 
 RULE = "GB 50068-2018"
 WIND = {"kind": "wind", "exclusive": "wind"}
@@ -121,14 +122,14 @@ def test_a_bad_action_is_refused_with_its_place(aluframe, windy, case, action, m
         windy["load_cases"][2]["action"] = {"kind": "wind"}
     aluframe.write(windy)
     done = aluframe("validate", "frame.json", status=1)
-    assert done.stderr.startswith("frame.json: " + message)
+    assert by_path(done.stderr).startswith("frame.json: " + message)
     assert done.stderr.count("\n") == 1
 
 
 def test_a_case_without_an_action_is_named_when_a_rule_asks_for_it(aluframe, pipe_beam):
     aluframe.write(pipe_beam)
     done = aluframe("combinations", "frame.json", "--rule", RULE, status=1)
-    assert done.stderr.startswith('frame.json: /load_cases/0: missing field "action"')
+    assert by_path(done.stderr).startswith('frame.json: /load_cases/0: missing field "action"')
 
 
 def test_an_unknown_rule_is_refused_with_those_that_are_known(aluframe, windy):

@@ -130,7 +130,7 @@ TEST_P(RefusedAreaLoad, IsNamedByItsPath) {
 INSTANTIATE_TEST_SUITE_P(
     All, RefusedAreaLoad,
     testing::Values(
-        BadAreaLoad{"Nothing", "{}", ": missing field \"elements\""},
+        BadAreaLoad{"Nothing", R"({"span": "X", "pressure": 1})", ": missing field \"elements\""},
         BadAreaLoad{"NoWay", REGION R"("direction": "Z", "pressure": 1})",
                     ": missing field \"span\""},
         BadAreaLoad{"NoPressure", REGION R"("span": "X", "direction": "Z"})",
@@ -172,9 +172,10 @@ INSTANTIATE_TEST_SUITE_P(
             "TwoCorners",
             R"({"region": {"nodes": [1, 2]}, "span": "X", "direction": "Z", "pressure": 1})",
             "/region/nodes: found 2 corners, must be at least 3"},
-        BadAreaLoad{"UnknownCorner", R"({"region": {"nodes": [1, 2, 9]}, "span": "X"})",
+        BadAreaLoad{"UnknownCorner",
+                    R"({"region": {"nodes": [1, 2, 9]}, "span": "X", "pressure": 1})",
                     "/region/nodes/2: node 9 does not exist"},
-        BadAreaLoad{"NoCorners", R"({"region": {}, "span": "X"})",
+        BadAreaLoad{"NoCorners", R"({"region": {}, "span": "X", "pressure": 1})",
                     R"(/region: missing field "nodes" or "points")"},
         BadAreaLoad{"CrossedRegion",
                     R"({"region": {"nodes": [1, 2, 4, 3]}, "span": "Y", "direction": "Z", )"

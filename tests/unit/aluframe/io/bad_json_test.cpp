@@ -19,7 +19,7 @@ std::string nested(std::size_t levels, const std::string& open, const std::strin
 std::string message_about_file(const std::filesystem::path& path) {
   const Result<model::Model> result = read_model(path);
   const Problem* problem = std::get_if<Problem>(&result);
-  return problem != nullptr ? problem->message() : "no problem";
+  return problem != nullptr ? message_by_paths(*problem) : "no problem";
 }
 
 TEST(BrokenJson, EmptyTextIsSaidToBeEmpty) {

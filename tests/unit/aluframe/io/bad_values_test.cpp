@@ -249,7 +249,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(BadValueTest, MissingRequiredListIsNamed) {
   // The whole text, as no single replacement takes a list away.
   EXPECT_EQ(message_about(R"({"format": "aluframe-model", "version": 1, "materials": []})"),
-            R"(post.json: missing field "sections")");
+            "post.json: missing field \"sections\"\npost.json: missing field \"nodes\"\n"
+            "post.json: missing field \"elements\"");
 }
 
 TEST(BadValueTest, ListAtTheTopIsRejected) {

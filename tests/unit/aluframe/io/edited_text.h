@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "aluframe/io/model_edit.h"
+#include "io_texts.h"
 
 namespace aluframe::io {
 
@@ -23,7 +24,7 @@ inline std::string edited(std::string_view text, const ModelChanges& changes) {
 inline std::string problem_of(std::string_view text, const ModelChanges& changes) {
   const Result<std::string> result = edit_model_text(text, "post.json", changes);
   const auto* problem = std::get_if<Problem>(&result);
-  return problem != nullptr ? problem->message() : "no problem";
+  return problem != nullptr ? message_by_paths(*problem) : "no problem";
 }
 
 }  // namespace aluframe::io

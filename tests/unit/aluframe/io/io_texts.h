@@ -42,11 +42,23 @@ inline std::string replaced(std::string_view text, std::string_view from, std::s
   return result;
 }
 
-/// The message about a text, as the user sees it; "no problem" when it is a model.
+/// The message of a problem by its paths alone, without the lines and the entities' numbers, which
+/// tests of their own look at.
+inline std::string message_by_paths(Problem problem) {
+  problem.line = 0;
+  problem.entity.clear();
+  for (Fault& fault : problem.others) {
+    fault.line = 0;
+    fault.entity.clear();
+  }
+  return problem.message();
+}
+
+/// That about a text; "no problem" when it is a model.
 inline std::string message_about(std::string_view text) {
   const Result<model::Model> result = parse_model(text, "post.json");
   const Problem* problem = std::get_if<Problem>(&result);
-  return problem != nullptr ? problem->message() : "no problem";
+  return problem != nullptr ? message_by_paths(*problem) : "no problem";
 }
 
 /// The model of a text; a failure of the test and an empty model when it has a problem.

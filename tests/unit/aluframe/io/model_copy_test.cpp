@@ -43,7 +43,7 @@ class CopyOfAModel : public testing::Test {
   /// The message when the copy fails; "no problem" when it is made.
   std::string copy_to(const std::string& name, const ModelChanges& changes) const {
     const auto problem = save_changed_copy(folder_ / "post.json", folder_ / name, changes);
-    return problem ? problem->message() : "no problem";
+    return problem ? message_by_paths(*problem) : "no problem";
   }
   /// Gives the model a section of a catalogue beside it.
   std::string use_catalogue() const {

@@ -243,7 +243,7 @@ TEST_F(SavedModel, IsNotTouchedWithoutChanges) {
 TEST_F(SavedModel, StaysAsItWasWhenTheChangesCannotBeHeld) {
   const auto problem = save_changes(file_, material_of("6061-T6", 9));
   ASSERT_TRUE(problem.has_value());
-  EXPECT_EQ(problem->message(), file_.string() + ": /materials: material 9 does not exist");
+  EXPECT_EQ(message_by_paths(*problem), file_.string() + ": /materials: material 9 does not exist");
   EXPECT_EQ(content(), small_model);
 }
 
@@ -256,7 +256,7 @@ TEST_F(SavedModel, ThatAnotherProgramSavesMeanwhileKeepsWhatThatHasSaved) {
   };
   const auto problem = change_model_file(file_, choose);
   ASSERT_TRUE(problem.has_value());
-  EXPECT_THAT(problem->message(), HasSubstr("another program has changed it meanwhile; try again"));
+  EXPECT_THAT(message_by_paths(*problem), HasSubstr("another program has changed it meanwhile; try again"));
   EXPECT_EQ(problem->kind, Problem::Kind::failure);
   EXPECT_EQ(content(), saved);
 }

@@ -172,7 +172,7 @@ TEST_F(CataloguesOfAModel, StayInTheTextWhenItIsEdited) {
   changes.settings = model::DesignSettings{};
   changes.settings->safety_class = 1;
   const auto problem = save_changes(file, changes);
-  ASSERT_FALSE(problem.has_value()) << problem->message();
+  ASSERT_FALSE(problem.has_value()) << message_by_paths(*problem);
   std::ifstream stream(file);
   const std::string text((std::istreambuf_iterator<char>(stream)), {});
   EXPECT_THAT(text, HasSubstr(R"("catalogues": ["mine.csv"])"));
