@@ -81,10 +81,12 @@ Vector12 end_displacements(const Element& element, const Geometry& geometry,
 }
 
 DisplacedElement::DisplacedElement(const Element& element, const ElementLoads& loads,
-                                   const Vector12& ends, const SectionForces& start)
+                                   const Vector12& ends)
     : at_start_(ends.head<3>()), added_at_end_(ends.segment<3>(6) - ends.head<3>()) {
   if (element.kind == ElementKind::beam) {
-    bend(element, loads, start);
+    // The ends move such that what is released exerts nothing.
+    bend(element, loads,
+         elastic_stiffness(element, loads.length) * ends + fixed_end_forces(element, loads));
   } else {
     places_ = {0.0, loads.length};
     spans_ = {Span{}};
@@ -92,14 +94,14 @@ DisplacedElement::DisplacedElement(const Element& element, const ElementLoads& l
 }
 
 void DisplacedElement::bend(const Element& element, const ElementLoads& loads,
-                            const SectionForces& start) {
+                            const Vector12& forces) {
   const Stiffness& s = element.stiffness;
   const PlaneStiffness plane_y{s.e * s.izz, s.g * s.ay, loads.free.curvature_y};
   const PlaneStiffness plane_z{s.e * s.iyy, s.g * s.az, loads.free.curvature_z};
   const LocalPoint first = point_load_at_start(loads);
-  double axial_force = start[0] - first.force.x(), axial = 0.0;
-  PlaneState y{start[1] + first.force.y(), start[5] - first.moment.z()};
-  PlaneState z{start[2] + first.force.z(), start[4] + first.moment.y()};
+  double axial_force = -forces[0] - first.force.x(), axial = 0.0;
+  PlaneState y{forces[1] + first.force.y(), -forces[5] - first.moment.z()};
+  PlaneState z{forces[2] + first.force.z(), forces[4] + first.moment.y()};
   places_ = {0.0};
   for (const ElementSpan& span : spans_of(loads, std::nullopt)) {
     const double length = span.length();

@@ -5,7 +5,6 @@
 
 #include "aluframe/analysis/element_loads.h"
 #include "aluframe/analysis/frame.h"
-#include "aluframe/analysis/results.h"
 #include "aluframe/analysis/small_matrices.h"
 
 namespace aluframe::analysis {
@@ -22,14 +21,12 @@ Vector12 end_displacements(const Element& element, const Geometry& geometry,
 ///     θ' = M/EI + κ,   w' = θ - V/GAs,   u' = N/EA + ε
 /// with the curvature κ and the strain ε of its temperature. A truss stays straight.
 ///
-///     const DisplacedElement displaced(element, loads, ends, result.forces[i][0]);
+///     const DisplacedElement displaced(element, loads, ends);
 ///     const Eigen::Vector3d middle = displaced.at(length / 2);
 class DisplacedElement {
  public:
   /// @param ends of end_displacements
-  /// @param start forces at its start, as the node exerts them (section convention)
-  DisplacedElement(const Element& element, const ElementLoads& loads, const Vector12& ends,
-                   const SectionForces& start);
+  DisplacedElement(const Element& element, const ElementLoads& loads, const Vector12& ends);
 
   /// Displacement at x, mm from the start; local axes.
   Eigen::Vector3d at(double x) const;
@@ -41,7 +38,7 @@ class DisplacedElement {
   using Polynomial = std::array<double, 6>;
   using Span = std::array<Polynomial, 3>;  ///< by axis
 
-  void bend(const Element& element, const ElementLoads& loads, const SectionForces& start);
+  void bend(const Element& element, const ElementLoads& loads, const Vector12& forces);
 
   std::vector<double> places_;
   std::vector<Span> spans_;

@@ -68,6 +68,7 @@ class Iteration {
   double change() const { return change_; }
   Result<CaseResult> result();
   InitialCurvatures initial_curvatures() const { return initial_.curvatures(); }
+  std::vector<ElementShape> shapes() const;
   /// Displacements that the geometry of the displaced nodes adds.
   NodeValues growth();
   std::optional<NodeValues> flattening();
@@ -266,6 +267,25 @@ Result<CaseResult> Iteration::result_of(const RefinedCase& refined) const {
   return recovery.finish(equations_, load_case_, loads_, geometry_, load_norms_, Order::second);
 }
 
+std::vector<ElementShape> Iteration::shapes() const {
+  // Between two loads the axial force bends an element to sines of few waves.
+  constexpr int pieces = 4;
+  std::vector<ElementShape> out;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const Element& element = frame_.elements[i];
+    const Vector12 u = to_local(geometry_[i].axes, at_ends(element, displacements_));
+    std::vector<double> bounds{0.0};
+    for (const ElementSpan& span : spans_of(loads_.of(i), std::nullopt)) {
+      for (int k = 1; k < pieces; ++k) bounds.push_back(span.from + span.length() * k / pieces);
+      bounds.push_back(span.to);
+    }
+    out.push_back(shape_through(bounds, [&](std::span<const double> places) {
+      return columns_[i].deflections(geometry_[i].length, u, places);
+    }));
+  }
+  return out;
+}
+
 NodeValues Iteration::growth() {
   NodeValues unbalanced(displacements_.size(), 0.0), growth(displacements_.size(), 0.0);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -382,6 +402,7 @@ Result<SecondOrderResult> analyse_second_order(const Frame& frame, const LoadCas
   if (auto* problem = std::get_if<Problem>(&result)) return std::move(*problem);
   solved.result = std::get<CaseResult>(std::move(result));
   solved.initial = iteration.initial_curvatures();
+  if (options.with_shapes) solved.shapes = iteration.shapes();
   if (auto problem = find_residual_problem(solved.result, 0, options.limits)) {
     return std::move(*problem);
   }

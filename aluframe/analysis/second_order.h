@@ -1,6 +1,7 @@
 #pragma once
 
 #include "aluframe/analysis/analyse.h"
+#include "aluframe/analysis/element_shape.h"
 #include "aluframe/analysis/imperfections.h"
 #include "aluframe/analysis/initial_slope.h"
 
@@ -12,6 +13,7 @@ struct SecondOrderOptions {
   double tolerance = 1e-6;
   Options limits = {};
   Imperfections imperfections = {};
+  bool with_shapes = false;  ///< whether the deflections between the nodes are wanted too
 };
 
 /// Growth beyond which displacements are no longer small. A frame whose stiffness falls evenly with
@@ -30,6 +32,9 @@ struct SecondOrderResult {
   int iterations = 0;              ///< solutions beyond the one of first order
   double change = 0.0;             ///< last change of an axial force, as a share of the largest
   InitialCurvatures initial = {};  ///< that the imperfections give the elements
+  /// How the elements are displaced across their axes, from the shape that they have unloaded; each
+  /// is approached to 1e-7 of its largest deflection between loads. Empty unless asked for.
+  std::vector<ElementShape> shapes = {};
   /// Part of the displacements that equilibrium at the displaced nodes would add to them, by one
   /// step from here: what second order leaves out. 0 where large displacements were followed.
   double growth = 0.0;

@@ -245,6 +245,7 @@ model::Combination combination_of(const MadeCombination& made) {
   combination.name = made.name;
   combination.seismic = made.is_seismic();
   combination.design = made.is_ultimate();
+  combination.serviceability = !made.is_ultimate();
   combination.by_rule = true;
   for (const MadeTerm& term : made.terms) {
     combination.terms.push_back(

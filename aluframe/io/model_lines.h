@@ -23,7 +23,10 @@ std::string section_line(const model::Section& section, const Scales& scales);
 std::string node_line(const model::Node& node, const Scales& scales);
 std::string support_line(const model::Support& support, const Scales& scales);
 std::string element_line(const model::Element& element, const Scales& scales);
-std::string member_line(const model::Member& member);
+std::string member_line(const model::Member& member, const Scales& scales);
+std::string deflection_limit_line(const model::DeflectionLimit& limit, const Scales& scales);
+std::string drift_limit_line(const model::DriftLimit& limit);
+std::string displacement_limit_line(const model::DisplacementLimit& limit, const Scales& scales);
 /// Of several lines when the case has several loads: then every load has its own.
 std::string load_case_line(const model::LoadCase& load_case, const Scales& scales);
 std::string action_line(const model::Action& action);

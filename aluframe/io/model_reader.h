@@ -18,7 +18,8 @@
 /// converts to N and mm, and checks what it can check with the parts read before it. Faults are
 /// gathered where they do not hang on one another (io/faults.h); others, and all of them where the
 /// document gathers none, are thrown as Failure. Order: units, settings, materials, catalogues,
-/// sections, nodes, supports, elements, members, load cases, combinations, forces.
+/// sections, nodes, supports, elements, members, load cases, combinations, serviceability,
+/// forces.
 namespace aluframe::io {
 
 model::Units read_units(const JsonObject& root);
@@ -43,7 +44,7 @@ void read_nodes(const JsonObject& root, const Scales& scales, model::Model& mode
 void read_supports(const JsonObject& root, const Scales& scales, model::Model& model);
 /// Needs materials, sections and nodes.
 void read_elements(const JsonObject& root, const Scales& scales, model::Model& model);
-void read_members(const JsonObject& root, model::Model& model);
+void read_members(const JsonObject& root, const Scales& scales, model::Model& model);
 /// Needs nodes, supports and elements.
 void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model);
 /// What a load case stands for among the actions, where it says so.
@@ -54,6 +55,10 @@ void read_combinations(const JsonObject& root, model::Model& model);
 std::optional<JsonValue> read_combination_rule(const JsonValue& value, model::Model& model);
 /// Throws Failure with the place of what does not fit the rule.
 void make_combinations_by_rule(model::Model& model);
+/// Limits of deflections and displacements. Needs nodes, members and combinations: without one for
+/// serviceability a limit would limit nothing.
+void read_serviceability(const JsonObject& root, const Scales& scales, model::Model& model);
+model::DeflectionLimit read_deflection_limit(const JsonValue& value, const Scales& scales);
 /// Needs elements and load cases. The table keeps its size 0 when the file has no forces.
 void read_forces(const JsonObject& root, const Scales& scales, model::Model& model);
 

@@ -32,6 +32,14 @@ inline constexpr std::array member_types{
     NamedValue{"truss", model::MemberType::truss},
 };
 
+inline constexpr std::array displacement_directions{
+    NamedValue{"X", model::DisplacementDirection::x},
+    NamedValue{"Y", model::DisplacementDirection::y},
+    NamedValue{"Z", model::DisplacementDirection::z},
+    NamedValue{"horizontal", model::DisplacementDirection::horizontal},
+    NamedValue{"total", model::DisplacementDirection::total},
+};
+
 inline constexpr std::array load_case_kinds{
     NamedValue{"static", model::LoadCaseKind::static_load},
     NamedValue{"seismic_static", model::LoadCaseKind::seismic_static},

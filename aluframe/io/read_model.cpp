@@ -31,6 +31,9 @@ constexpr auto top_level_fields = std::to_array<std::string_view>({"$schema",
                                                                    "supports",
                                                                    "elements",
                                                                    "members",
+                                                                   "deflection_limit",
+                                                                   "drift_limits",
+                                                                   "displacement_limits",
                                                                    "moving_load_code",
                                                                    "load_cases",
                                                                    "combinations",
@@ -66,7 +69,7 @@ void read_structure(const JsonObject& root, const Scales& scales, const ModelFol
   root.part([&] { require_imperfections_of_size(root, scales, model); });
   read_table(root, "supports", &model.supports, [&] { read_supports(root, scales, model); });
   read_table(root, "elements", &model.elements, [&] { read_elements(root, scales, model); });
-  root.part([&] { read_members(root, model); });
+  root.part([&] { read_members(root, scales, model); });
 }
 
 /// Faults are gathered. Without units nothing that has one can be judged.
@@ -86,6 +89,7 @@ model::Model read_document(const JsonValue& value, const ModelFolder* folder, Fi
   read_structure(root, scales, folder, model);
   read_table(root, "load_cases", &model.load_cases, [&] { read_load_cases(root, scales, model); });
   read_table(root, "combinations", &model.combinations, [&] { read_combinations(root, model); });
+  root.part([&] { read_serviceability(root, scales, model); });
   root.part([&] { read_forces(root, scales, model); });
   return model;
 }

@@ -22,7 +22,7 @@ constexpr auto element_fields = std::to_array<std::string_view>(
 constexpr auto orientation_fields = std::to_array<std::string_view>({"vector", "node"});
 constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"});
 constexpr auto member_fields =
-    std::to_array<std::string_view>({"number", "name", "elements", "length_factors"});
+    std::to_array<std::string_view>({"number", "name", "elements", "length_factors", "deflection_limit"});
 
 /// Nodes closer than this stand at the same point: no profile is that short, and the direction of
 /// such an element would be noise.
@@ -151,11 +151,17 @@ model::Element read_element(const JsonObject& object, const Scales& scales,
 /// Elements that a member has taken, with its number.
 using Owners = std::unordered_map<model::Number, model::Number>;
 
-model::Member read_member(const JsonObject& object, const model::Model& model, Owners& owners) {
+model::Member read_member(const JsonObject& object, const Scales& scales,
+                          const model::Model& model, Owners& owners) {
   model::Member member;
   object.part([&] { member.number = object.required("number").entity_number(); });
   object.part([&] { member.name = object.plain_text_or("name", ""); });
   object.part([&] { member.length_factors = read_length_factors(object); });
+  object.part([&] {
+    if (const auto limit = object.optional("deflection_limit")) {
+      member.deflection_limit = read_deflection_limit(*limit, scales);
+    }
+  });
   const JsonValue elements = object.required("elements");
   read_items(elements, [&](const JsonValue& value) {
     const model::Number element = read_reference(value, model.elements, "element");
@@ -205,14 +211,14 @@ void read_elements(const JsonObject& root, const Scales& scales, model::Model& m
   if (list.list().empty()) list.fail_with(texts::translated("a model needs at least one element"));
 }
 
-void read_members(const JsonObject& root, model::Model& model) {
+void read_members(const JsonObject& root, const Scales& scales, model::Model& model) {
   const std::optional<JsonValue> list = root.optional("members");
   model.finds_members = !list;
   if (!list) return;
   Owners owners;
   read_entities(*list, &model.members, [&](const JsonValue& value) {
     const JsonObject object(value, member_fields);
-    add_entity(object, model.members, read_member(object, model, owners), "members");
+    add_entity(object, model.members, read_member(object, scales, model, owners), "members");
   });
 }
 

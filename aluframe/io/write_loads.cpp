@@ -50,6 +50,7 @@ std::string combination_line(const model::Combination& combination) {
   return line.json("terms", json_list(terms))
       .flag_unless("seismic", combination.seismic, false)
       .flag_unless("design", combination.design, true)
+      .flag_unless("serviceability", combination.serviceability, false)
       .str();
 }
 

@@ -73,7 +73,22 @@ void write_structure(ModelText& text, const model::Model& model, const Scales& s
   }
   text.list("elements", model.elements,
             [&](const model::Element& element) { return element_line(element, scales); });
-  if (!model.finds_members) text.list("members", model.members, member_line);
+  if (!model.finds_members) {
+    text.list("members", model.members,
+              [&](const model::Member& member) { return member_line(member, scales); });
+  }
+}
+
+void write_serviceability(ModelText& text, const model::Model& model, const Scales& scales) {
+  const model::ServiceabilityLimits& limits = model.serviceability;
+  if (limits.deflection) {
+    text.field("deflection_limit", deflection_limit_line(*limits.deflection, scales));
+  }
+  if (!limits.drifts.empty()) text.list("drift_limits", limits.drifts, drift_limit_line);
+  if (!limits.displacements.empty()) {
+    text.list("displacement_limits", limits.displacements,
+              [&](const auto& limit) { return displacement_limit_line(limit, scales); });
+  }
 }
 
 /// The `forces` list, which is opened by its first entry: a model without forces has none.
@@ -111,6 +126,7 @@ std::string write_model(const model::Model& model) {
   ModelText text;
   write_head(text, model, scales);
   write_structure(text, model, scales);
+  write_serviceability(text, model, scales);
   if (!model.load_cases.empty()) {
     text.list("load_cases", model.load_cases,
               [&](const model::LoadCase& load_case) { return load_case_line(load_case, scales); });

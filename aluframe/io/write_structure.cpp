@@ -101,10 +101,13 @@ std::string element_line(const model::Element& element, const Scales& scales) {
   return line.str();
 }
 
-std::string member_line(const model::Member& member) {
+std::string member_line(const model::Member& member, const Scales& scales) {
   JsonLine line = begin_entity(member.number, member.name);
   line.json("elements", numbers_text(member.elements));
   if (member.length_factors) line.json("length_factors", axis_pair_line(*member.length_factors));
+  if (member.deflection_limit) {
+    line.json("deflection_limit", deflection_limit_line(*member.deflection_limit, scales));
+  }
   return line.str();
 }
 

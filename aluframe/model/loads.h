@@ -66,6 +66,8 @@ struct Combination {
   std::vector<CombinationTerm> terms;
   bool seismic = false;  ///< marked seismic by the user, whatever its cases are
   bool design = true;    ///< elements are checked for it; false: only a part of others
+  /// Displacements are looked at and limited under it, whatever `design` is.
+  bool serviceability = false;
   /// The combination that it is a state of (model::expand_envelopes); nothing: one of the file.
   std::optional<Number> state_of = std::nullopt;
   /// The design combinations by which it is checked in its place; empty: it was not expanded.

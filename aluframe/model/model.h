@@ -10,6 +10,7 @@
 #include "aluframe/model/material.h"
 #include "aluframe/model/project.h"
 #include "aluframe/model/section.h"
+#include "aluframe/model/serviceability.h"
 #include "aluframe/model/settings.h"
 #include "aluframe/model/structure.h"
 #include "aluframe/model/table.h"
@@ -75,6 +76,7 @@ struct Model {
   /// The file names no members: those that belong together are to be found (members::complete).
   /// What was found stays out of the file when the model is written.
   bool finds_members = false;
+  ServiceabilityLimits serviceability;
   int moving_load_code = 0;  ///< code that the moving loads follow, one of `moving_load_codes`
   Table<LoadCase> load_cases;
   Table<Combination> combinations;

@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "aluframe/model/serviceability.h"
 #include "aluframe/model/table.h"
 
 namespace aluframe::model {
@@ -108,6 +109,8 @@ struct Member {
   std::string name;
   std::vector<Number> elements;  ///< from the start to the end
   std::optional<ElementDesign::AxisPair> length_factors;
+  /// In place of that of all members; without values nothing limits this one.
+  std::optional<DeflectionLimit> deflection_limit = std::nullopt;
 
   friend bool operator==(const Member&, const Member&) = default;
 };

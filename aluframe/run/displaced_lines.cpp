@@ -74,7 +74,7 @@ Result<std::vector<picture::DisplacedLine>> displaced_lines(const Input& input,
     const analysis::Vector12 ends = analysis::end_displacements(element, geometry[i], of_element,
                                                                 answer.displacements[element.start],
                                                                 answer.displacements[element.end]);
-    const analysis::DisplacedElement displaced(element, of_element, ends, answer.forces[i][0]);
+    const analysis::DisplacedElement displaced(element, of_element, ends);
     lines.push_back(line_of(element.number, displaced, geometry[i]));
   }
   return lines;

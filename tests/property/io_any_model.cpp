@@ -1,7 +1,9 @@
 #include "tests/property/io_any_model.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "aluframe/catalogue/alloys.h"
 #include "tests/property/io_any_values.h"
@@ -256,7 +258,37 @@ void add_loads(Model& model) {
     combination.terms = {any_term(model), any_term(model)};
     combination.seismic = any_flag();
     combination.design = any_flag();
+    combination.serviceability = any_flag();
     model.combinations.add(std::move(combination));
+  }
+}
+
+DeflectionLimit any_deflection_limit() {
+  return {any_optional([] { return any_between(10, 1e4); }),
+          any_optional([] { return any_between(1e-3, 1e3); })};
+}
+
+/// Limits of all kinds, where a combination asks for them.
+void add_limits(Model& model) {
+  if (std::ranges::none_of(model.combinations, &Combination::serviceability)) return;
+  ServiceabilityLimits& limits = model.serviceability;
+  limits.deflection = any_optional(any_deflection_limit);
+  if (limits.deflection == DeflectionLimit()) limits.deflection.reset();
+  if (any_flag()) {
+    limits.drifts.push_back(
+        {any_name(), node_number(0), node_number(1), any_between(10, 1e4)});
+  }
+  if (any_flag()) {
+    limits.displacements.push_back(
+        {{node_number(1), node_number(0)},
+         any_of({DisplacementDirection::x, DisplacementDirection::y, DisplacementDirection::z,
+                 DisplacementDirection::horizontal, DisplacementDirection::total}),
+         any_between(1e-3, 1e3)});
+  }
+  for (const Member& member : std::vector(model.members.begin(), model.members.end())) {
+    Member limited = member;
+    limited.deflection_limit = any_optional(any_deflection_limit);
+    model.members.replace(limited);
   }
 }
 
@@ -312,6 +344,7 @@ Model any_model() {
   }
   add_structure(model);
   add_loads(model);
+  add_limits(model);
   add_forces(model);
   return model;
 }

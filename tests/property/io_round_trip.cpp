@@ -75,6 +75,25 @@ void require_equal(AnalysisSettings expected, const AnalysisSettings& actual) {
   RC_ASSERT(expected == actual);
 }
 
+void require_equal(Member expected, const Member& actual) {
+  if (expected.deflection_limit && actual.deflection_limit) {
+    take_if_close(expected.deflection_limit->absolute, actual.deflection_limit->absolute);
+  }
+  RC_ASSERT(expected == actual);
+}
+
+void require_equal(ServiceabilityLimits expected, const ServiceabilityLimits& actual) {
+  if (expected.deflection && actual.deflection) {
+    take_if_close(expected.deflection->absolute, actual.deflection->absolute);
+  }
+  RC_ASSERT(expected.displacements.size() == actual.displacements.size());
+  for (std::size_t i = 0; i < expected.displacements.size(); ++i) {
+    require_close(expected.displacements[i].absolute, actual.displacements[i].absolute);
+    expected.displacements[i].absolute = actual.displacements[i].absolute;
+  }
+  RC_ASSERT(expected == actual);
+}
+
 template <class Entity>
 void require_equal(const Entity& expected, const Entity& actual) {
   RC_ASSERT(expected == actual);
@@ -103,6 +122,7 @@ void require_equal(const Model& expected, const Model& actual) {
   require_equal_tables(expected.nodes, actual.nodes);
   require_equal_tables(expected.elements, actual.elements);
   require_equal_tables(expected.members, actual.members);
+  require_equal(expected.serviceability, actual.serviceability);
   RC_ASSERT(expected.finds_members == actual.finds_members);
   require_equal_tables(expected.load_cases, actual.load_cases);
   require_equal_tables(expected.combinations, actual.combinations);

@@ -21,7 +21,7 @@ DisplacedElement displaced(const Frame& frame, const LoadCase& load_case) {
   const Vector12 ends =
       end_displacements(element, geometry[0], loads.of(0), result.displacements[element.start],
                         result.displacements[element.end]);
-  return {element, loads.of(0), ends, result.forces[0][0]};
+  return {element, loads.of(0), ends};
 }
 
 /// Supported as two directions of a beam need it, free to turn about y and z.

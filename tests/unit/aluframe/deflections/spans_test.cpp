@@ -1,0 +1,94 @@
+// What has a deflection of its own, and what it is limited to.
+
+#include "aluframe/deflections/spans.h"
+
+#include "searches.h"
+
+namespace aluframe::deflections {
+namespace {
+
+TEST(Spans, MembersComeFirstAndElementsAloneBehindThem) {
+  model::Model model = cut(simple_beam(6000.0), 2);
+  add_node(model, 99, 6000, 0, 3000);
+  model.elements.add(beam(50, 10, 99));
+  add_support(model, 99, pinned);
+  const auto spans = spans_of(model);
+  ASSERT_EQ(spans.size(), 2U);
+  EXPECT_EQ(spans[0].member, 7U);
+  EXPECT_EQ(spans[0].elements.size(), 2U);
+  EXPECT_EQ(spans[1].member, 0U);
+  EXPECT_EQ(model.elements[spans[1].elements[0].place].number, 50U);
+  EXPECT_EQ(spans[1].length, 3000.0);
+}
+
+TEST(Spans, TrussesHaveNone) {
+  model::Model model = simple_beam(6000.0);
+  add_node(model, 99, 6000, 0, 3000);
+  model.elements.add(truss(50, 10, 99));
+  add_support(model, 99, pinned);
+  EXPECT_EQ(spans_of(model).size(), 1U);
+}
+
+TEST(Spans, ArmWithABracketOnItsTipIsACantilever) {
+  model::Model model = straight_beam(2000.0);
+  add_support(model, 20, clamped);
+  add_node(model, 30, 2000, 0, -300);
+  model.elements.add(beam(6, 10, 30));
+  const auto spans = spans_of(model);
+  ASSERT_EQ(spans.size(), 2U);
+  EXPECT_EQ(spans[0].kind, SpanKind::cantilever);
+  EXPECT_EQ(model.nodes[spans[0].start].number, 20U);
+}
+
+TEST(Spans, BeamBetweenTwoColumnsIsNone) {
+  model::Model model = bare_model();
+  add_node(model, 1, 0, 0, 0);
+  add_node(model, 2, 0, 0, 3000);
+  add_node(model, 3, 5000, 0, 3000);
+  add_node(model, 4, 5000, 0, 0);
+  for (const auto& [number, start, end] : {std::array{1, 1, 2}, {2, 2, 3}, {3, 4, 3}}) {
+    model.elements.add(beam(static_cast<model::Number>(number), static_cast<model::Number>(start),
+                            static_cast<model::Number>(end)));
+  }
+  add_support(model, 1, clamped);
+  add_support(model, 4, clamped);
+  for (const Span& span : spans_of(model)) EXPECT_EQ(span.kind, SpanKind::between);
+}
+
+Span span_of(double length, SpanKind kind = SpanKind::between) {
+  Span span;
+  span.length = length;
+  span.kind = kind;
+  return span;
+}
+
+TEST(AllowedDeflection, IsTheSmallerOfBothLimits) {
+  const model::DeflectionLimit both{180.0, 20.0};
+  EXPECT_DOUBLE_EQ(allowed(both, span_of(1800.0)), 10.0);
+  EXPECT_DOUBLE_EQ(allowed(both, span_of(5400.0)), 20.0);
+  EXPECT_DOUBLE_EQ(allowed({std::nullopt, 15.0}, span_of(100.0)), 15.0);
+  EXPECT_TRUE(std::isinf(allowed({}, span_of(100.0))));
+}
+
+TEST(AllowedDeflection, CantileverCountsTwice) {
+  const Span span = span_of(1800.0, SpanKind::cantilever);
+  EXPECT_DOUBLE_EQ(allowed({180.0, std::nullopt}, span), 20.0);
+  EXPECT_DOUBLE_EQ(allowed({180.0, 12.0}, span), 12.0);
+}
+
+TEST(DeflectionLimitOfAMember, GoesBeforeThatOfAll) {
+  model::Model model = cut(simple_beam(6000.0), 2);
+  model.serviceability.deflection = {200.0, std::nullopt};
+  const Span span = spans_of(model)[0];
+  EXPECT_EQ(limit_of(model, span).span, 200.0);
+  model::Member member = model.members[0];
+  member.deflection_limit = model::DeflectionLimit();
+  model.members.replace(member);
+  EXPECT_EQ(limit_of(model, span), model::DeflectionLimit());
+  member.deflection_limit = model::DeflectionLimit{std::nullopt, 8.0};
+  model.members.replace(member);
+  EXPECT_EQ(limit_of(model, span).absolute, 8.0);
+}
+
+}  // namespace
+}  // namespace aluframe::deflections
