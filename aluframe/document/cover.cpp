@@ -11,6 +11,7 @@
 #include "aluframe/document/table.h"
 #include "aluframe/model/project.h"
 #include "aluframe/run/buckling.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
@@ -70,6 +71,10 @@ bool is_buckling(const run::DocumentContent& content) {
   return smallest != nullptr && run::buckles(*smallest);
 }
 
+bool is_displaced_too_far(const run::DocumentContent& content) {
+  return std::ranges::any_of(content.told.displacements, run::exceeds_limit);
+}
+
 /// Elements that the document is of and that have no check at all.
 std::size_t without_check(const run::DocumentContent& content) {
   const std::size_t wanted =
@@ -86,6 +91,9 @@ std::string verdict_text(const run::DocumentContent& content) {
   if (content.told.over == 0) {
     if (is_buckling(content)) {
       return texts::translated("No check exceeds its limit, but the frame buckles.");
+    }
+    if (is_displaced_too_far(content)) {
+      return texts::translated("No check exceeds its limit, but displacements exceed theirs.");
     }
     if (without_check(content) > 0) {
       return texts::translated("No check exceeds its limit, but not every element was checked.");
@@ -112,6 +120,12 @@ std::string buckling_text(const store::BucklingRow& smallest) {
                                  factor, combination);
 }
 
+std::string displacement_text(const store::DisplacementRow& worst) {
+  return texts::translated("The largest displacement is {} of its limit: {}.",
+                           tables::short_number(run::ratio_of(worst).value_or(0.0)),
+                           texts::sentence_in_words(run::subject_text(worst)));
+}
+
 std::string safe_text(const run::SafeSummary& safe, const store::SafeRow& worst) {
   return texts::translated(
       "The largest safe ratio of the second opinion is {}, in element {}; it exceeds 1 in {}, in "
@@ -133,6 +147,9 @@ std::vector<std::string> other_verdicts(const run::DocumentContent& content) {
   }
   const store::BucklingRow* smallest = run::smallest_factor(content.told.buckling_factors);
   if (smallest != nullptr) out.push_back(buckling_text(*smallest));
+  if (const auto* worst = run::worst_displacement(content.told.displacements)) {
+    out.push_back(displacement_text(*worst));
+  }
   if (!content.told.remarks.empty()) {
     out.push_back(texts::translated("Remarks of the check: {}.", content.told.remarks.size()));
   }
@@ -168,6 +185,7 @@ void write_cover(HtmlWriter& html, const run::DocumentContent& content) {
     if (!project.empty()) write_facts(html, texts::translated("Project"), project);
     write_facts(html, texts::translated("Calculation"), calculation_facts(content));
     const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content) &&
+                       !is_displaced_too_far(content) &&
                        without_check(content) == 0 && !is_over_safe(content);
     html.leaf("p", {{"class", holds ? "verdict" : "verdict over"}}, verdict_text(content));
     html.element("ul", [&] {

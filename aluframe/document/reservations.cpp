@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
+
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/not_checked.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
@@ -75,6 +78,24 @@ std::string shape_text(const store::BucklingRow& row) {
                     : texts::translated("nothing is compressed, or next to nothing");
 }
 
+std::string millimetres(const std::optional<double>& value) {
+  return value ? fmt::format("{:.2f}", *value) : "";
+}
+
+std::vector<Cell> displacement_cells(const store::DisplacementRow& row) {
+  const auto share = run::span_share(row);
+  const char* const over = row.kind == store::DisplacementKind::drift ? "h" : "L";
+  return {{texts::sentence_in_words(run::subject_text(row))},
+          {row.name},
+          {row.direction},
+          {row.value ? millimetres(row.value) : texts::translated("unknown")},
+          {share ? fmt::format("{}/{:.0f}", over, std::floor(*share)) : ""},
+          {millimetres(row.limit)},
+          ratio_cell(run::ratio_of(row)),
+          {number_text(row.combination)},
+          {number_text(row.element)}};
+}
+
 }  // namespace
 
 void write_remarks(HtmlWriter& html, const run::DocumentContent& content) {
@@ -140,6 +161,30 @@ void write_buckling(HtmlWriter& html, const run::DocumentContent& content) {
                             factor_cell(row),
                             {shape_text(row)},
                             {row.elements}});
+                }
+              });
+}
+
+void write_serviceability(HtmlWriter& html, const run::DocumentContent& content) {
+  if (content.told.displacements.empty()) {
+    html.leaf("p", texts::translated("The model has no combination for serviceability: nobody looked "
+                                     "at how far it is displaced."));
+    return;
+  }
+  write_table(html,
+              texts::translated("Largest displacements under the combinations for serviceability"),
+              {{texts::translated("What"), Align::left},
+               {texts::translated("Name"), Align::left},
+               {texts::translated("Along"), Align::left},
+               {texts::translated("Displaced (mm)")},
+               {texts::translated("Share of the span")},
+               {texts::translated("Limit (mm)")},
+               {texts::translated("Ratio")},
+               {texts::translated("Combination")},
+               {texts::translated("Element")}},
+              [&](TableRows& rows) {
+                for (const store::DisplacementRow& row : content.told.displacements) {
+                  rows.add(displacement_cells(row));
                 }
               });
 }

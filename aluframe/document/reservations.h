@@ -10,6 +10,7 @@ namespace aluframe::document {
 void write_remarks(HtmlWriter& html, const run::DocumentContent& content);
 void write_not_checked(HtmlWriter& html, const run::DocumentContent& content);
 void write_buckling(HtmlWriter& html, const run::DocumentContent& content);
+void write_serviceability(HtmlWriter& html, const run::DocumentContent& content);
 /// The settings that the check went by, and where each comes from.
 void write_settings(HtmlWriter& html, const run::DocumentContent& content);
 

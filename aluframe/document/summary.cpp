@@ -36,6 +36,7 @@ Chapter summary_chapter(HtmlWriter& html, const run::DocumentContent& content) {
        section("remarks", texts::translated("Remarks and second opinion"), write_remarks),
        section("not-checked", texts::translated("What was not checked"), write_not_checked),
        section("buckling", texts::translated("Buckling of the frame"), write_buckling),
+       section("in-use", texts::translated("Displacements in use"), write_serviceability),
        section("settings", texts::translated("Settings"), write_settings)}};
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "aluframe/files/link_target.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/forces_digest.h"
 #include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/session_options.h"
@@ -95,6 +96,12 @@ bool find_buckling(const Input& input, const CheckOptions& options, CheckResult&
   return true;
 }
 
+void find_displacements(const Input& input, CheckResult& result) {
+  RunDisplacements displacements = displacements_of_run(input);
+  std::ranges::move(displacement_remarks(displacements), std::back_inserter(result.remarks));
+  result.displacements = std::move(displacements.rows);
+}
+
 }  // namespace
 
 std::optional<std::string> nothing_to_resume(const fs::path& results) {
@@ -136,11 +143,11 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   }
   result.remarks = input.remarks;
   result.buckling = input.buckling;
-  if (input.buckling == FrameBuckling::on) {
-    session.after_elements = [&] { return find_buckling(input, options, result); };
-  } else {
-    leave_out_buckling(session.setup);
-  }
+  if (input.buckling == FrameBuckling::off) leave_out_buckling(session.setup);
+  session.after_elements = [&] {
+    find_displacements(input, result);
+    return input.buckling == FrameBuckling::off || find_buckling(input, options, result);
+  };
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {
       result.safe = summary_of(opinion->safe_rows());
@@ -148,6 +155,7 @@ CheckResult check(const Input& input, const CheckOptions& options) {
     }
     for (const store::RemarkRow& row : result.remarks) writer.add_remark(row);
     for (const store::BucklingRow& row : result.buckling_factors) writer.add_buckling(row);
+    for (const store::DisplacementRow& row : result.displacements) writer.add_displacement(row);
   };
   result.summary = services::run_check(input.model, std::move(session));
   if (opinion) {

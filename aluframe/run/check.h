@@ -45,6 +45,7 @@ struct CheckResult {
   std::vector<store::RemarkRow> remarks;             ///< what an engineer is owed beside the ratios
   FrameBuckling buckling = FrameBuckling::on;        ///< whether it was looked at
   std::vector<store::BucklingRow> buckling_factors;  ///< of the combinations
+  std::vector<store::DisplacementRow> displacements;  ///< under combinations for serviceability
 };
 
 /// Why there is nothing that a check could go on with, or nothing.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "aluframe/run/buckling.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/opinion_notes.h"
 #include "aluframe/run/second_opinion.h"
 #include "aluframe/run/session_options.h"
@@ -47,6 +48,12 @@ void add_buckling(const Input& input, store::ResultWriter& writer) {
   for (const store::RemarkRow& row : buckling.remarks) writer.add_remark(row);
 }
 
+void add_displacements(const Input& input, store::ResultWriter& writer) {
+  const RunDisplacements displacements = displacements_of_run(input);
+  for (const store::DisplacementRow& row : displacements.rows) writer.add_displacement(row);
+  for (const store::RemarkRow& row : displacement_remarks(displacements)) writer.add_remark(row);
+}
+
 }  // namespace
 
 services::ReportSummary report(const Input& input, const ReportOptions& options) {
@@ -57,7 +64,10 @@ services::ReportSummary report(const Input& input, const ReportOptions& options)
   const Earlier earlier = earlier_results(options.results);
   if (earlier.has_opinion) session.observer = &opinion;
   session.before_finish = [&](store::ResultWriter& writer) {
-    if (!earlier.is_there) add_buckling(input, writer);
+    if (!earlier.is_there) {
+      add_displacements(input, writer);
+      add_buckling(input, writer);
+    }
     if (earlier.has_opinion) add_remarks(input, opinion, earlier, writer);
   };
   return services::run_report(input.model, std::move(session), options.report, options.follow);

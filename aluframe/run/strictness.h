@@ -7,9 +7,9 @@ namespace aluframe::run {
 /// What ends a run with the status of a failed check.
 enum class Strictness {
   none,
-  checks,  ///< a ratio of the checks over 1, or a frame that buckles
-  /// Also a safe ratio over 1, what nothing has checked, and forces unknown between the ends of a
-  /// loaded element.
+  checks,  ///< a ratio of the checks over 1, a frame that buckles, a displacement over its limit
+  /// Also a safe ratio over 1, what nothing has checked, and what is unknown: forces between the
+  /// ends of a loaded element, displacements under a combination for serviceability.
   safe
 };
 

@@ -57,6 +57,7 @@ Told told_by(const CheckResult& result) {
           result.summary.not_checked,
           result.buckling,
           result.buckling_factors,
+          result.displacements,
           result.summary.worst,
           result.summary.elements_over_limit};
 }
@@ -68,7 +69,8 @@ Told told_by(store::ResultReader& results, const std::vector<model::Number>& ele
             .remarks = results.remarks(),
             .not_checked = results.not_checked(),
             .buckling = buckling_of(results.info().setup),
-            .buckling_factors = results.buckling()};
+            .buckling_factors = results.buckling(),
+            .displacements = results.displacements()};
   const auto is_wanted = [&elements](std::uint32_t element) {
     return std::ranges::binary_search(elements, element);
   };

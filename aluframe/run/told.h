@@ -21,6 +21,7 @@ struct Told {
   std::vector<store::NotChecked> not_checked;
   FrameBuckling buckling = FrameBuckling::on;
   std::vector<store::BucklingRow> buckling_factors;
+  std::vector<store::DisplacementRow> displacements = {};
   std::optional<services::WorstCheck> worst = {};  ///< of the checks
   std::uint64_t over = 0;                          ///< elements of which a check fails
 };

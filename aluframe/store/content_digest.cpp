@@ -27,6 +27,7 @@ constexpr std::array all_rows = {
     "SELECT * FROM finished ORDER BY element",
     "SELECT * FROM remark ORDER BY sequence",
     "SELECT * FROM buckling ORDER BY combination",
+    "SELECT * FROM displacement ORDER BY sequence",
     "SELECT * FROM record ORDER BY element",
 };
 

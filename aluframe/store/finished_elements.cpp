@@ -196,6 +196,7 @@ void keep_finished(SQLite::Database& database, std::size_t count) {
   database.exec("DELETE FROM element WHERE number NOT IN (SELECT element FROM finished)");
   database.exec("DELETE FROM remark");
   database.exec("DELETE FROM buckling");
+  database.exec("DELETE FROM displacement");
   database.exec("DELETE FROM seal");
   database.exec(fmt::format("UPDATE run SET state = '{}'", state_name(RunState::running)));
   transaction.commit();

@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "aluframe/files/file_lock.h"
@@ -114,6 +115,37 @@ struct BucklingRow {
   friend bool operator==(const BucklingRow&, const BucklingRow&) = default;
 };
 
+/// What is displaced: a member between its ends, a node against one below it, a node.
+enum class DisplacementKind { deflection, drift, node };
+
+/// "deflection", "drift", "displacement"
+std::string_view name_of(DisplacementKind kind);
+
+/// The largest displacement of a part of the frame over the combinations for serviceability, and
+/// what it is limited to. Lengths in mm.
+struct DisplacementRow {
+  DisplacementKind kind = DisplacementKind::deflection;
+  std::optional<std::uint32_t> member = {};  ///< of a deflection; nothing: an element alone
+  std::string elements = {};                 ///< of a deflection, "1-3, 7"
+  std::string name = {};                     ///< of the member or the limit
+  /// Of a deflection the ends of the span, of a cantilever the held one first; of a drift the lower
+  /// and the upper one; of a node itself.
+  std::uint32_t first_node = 0;
+  std::optional<std::uint32_t> second_node = {};
+  bool is_cantilever = false;
+  /// Of a deflection "y" or "z" of the elements; else "X", "Y", "Z", "horizontal" or "total".
+  std::string direction = {};
+  std::optional<double> length = {};  ///< of the span, or the height of a drift
+  std::optional<double> value = {};   ///< signed along an axis; nothing: unknown
+  std::optional<double> limit = {};   ///< nothing: it is stated and not judged
+  std::optional<std::uint32_t> combination = {};  ///< that causes it; nothing: none moves it
+  std::optional<std::uint32_t> element = {};      ///< of a deflection: where it is reached
+  std::optional<double> from_start = {};          ///< from the start of that element
+  std::optional<double> absolute = {};  ///< of a deflection: largest against the unloaded frame
+
+  friend bool operator==(const DisplacementRow&, const DisplacementRow&) = default;
+};
+
 /// Where the run of a result file writes until it is complete, and what it leaves when it ends
 /// early: "frame.aluresult.partial".
 std::filesystem::path partial_path_of(const std::filesystem::path& result_file);
@@ -197,6 +229,7 @@ class ResultWriter {
   virtual void end_element(const ElementNotes& notes) = 0;
   virtual void add_remark(const RemarkRow& row) = 0;
   virtual void add_buckling(const BucklingRow& row) = 0;
+  virtual void add_displacement(const DisplacementRow& row) = 0;
   /// Waits until everything is committed. @throws std::runtime_error when writing failed
   virtual void flush() = 0;
   /// Flushes, waits until the disk has everything, notes how the run ended, closes the file and,
@@ -249,6 +282,8 @@ class ResultReader {
   virtual std::vector<RemarkRow> remarks() = 0;
   /// In the order of the combinations; empty when the run went without.
   virtual std::vector<BucklingRow> buckling() = 0;
+  /// In the order of the run; empty where the model has no combination for serviceability.
+  virtual std::vector<DisplacementRow> displacements() = 0;
 };
 
 }  // namespace aluframe::store

@@ -105,6 +105,19 @@ class FileReader : public ResultReader {
     });
   }
 
+  std::vector<DisplacementRow> displacements() override {
+    return about_file(path_, [this] {
+      std::vector<DisplacementRow> rows;
+      SQLite::Statement select(
+          database_,
+          "SELECT kind, member, elements, name, first_node, second_node, is_cantilever, direction, "
+          "length_mm, value_mm, limit_mm, combination, element, from_start_mm, absolute_mm FROM "
+          "displacement ORDER BY sequence");
+      while (select.executeStep()) rows.push_back(displacement_row(select));
+      return rows;
+    });
+  }
+
  private:
   GoverningRow governing_row(SQLite::Statement& select) {
     GoverningRow row{select.getColumn(0).getUInt(), select.getColumn(1).getInt(),
@@ -125,28 +138,48 @@ class FileReader : public ResultReader {
     row.governing = record->aComp.at(static_cast<std::size_t>(row.item));
   }
 
+  static std::optional<std::uint32_t> number_or_nothing(const SQLite::Column& column) {
+    return column.isNull() ? std::nullopt : std::optional(column.getUInt());
+  }
+
+  static std::optional<double> value_or_nothing(const SQLite::Column& column) {
+    return column.isNull() ? std::nullopt : std::optional(column.getDouble());
+  }
+
   static RemarkRow remark_row(SQLite::Statement& select) {
-    const auto whole = [&](int i) {
-      const SQLite::Column column = select.getColumn(i);
-      return column.isNull() ? std::nullopt : std::optional(column.getUInt());
-    };
-    const SQLite::Column ratio = select.getColumn(3);
     return {.kind = stored_line(select.getColumn(0)),
             .elements = stored_line(select.getColumn(1)),
             .text = stored_line(select.getColumn(2)),
-            .ratio = ratio.isNull() ? std::nullopt : std::optional(ratio.getDouble()),
-            .element = whole(4),
-            .combination = whole(5)};
+            .ratio = value_or_nothing(select.getColumn(3)),
+            .element = number_or_nothing(select.getColumn(4)),
+            .combination = number_or_nothing(select.getColumn(5))};
   }
 
   static BucklingRow buckling_row(SQLite::Statement& select) {
-    const SQLite::Column factor = select.getColumn(2);
     return {.combination = select.getColumn(0).getUInt(),
             .name = stored_line(select.getColumn(1)),
-            .factor = factor.isNull() ? std::nullopt : std::optional(factor.getDouble()),
+            .factor = value_or_nothing(select.getColumn(2)),
             .shape = stored_line(select.getColumn(3)),
             .elements = stored_line(select.getColumn(4)),
             .unknown = stored_line(select.getColumn(5))};
+  }
+
+  static DisplacementRow displacement_row(SQLite::Statement& select) {
+    return {.kind = displacement_kind_named(stored_line(select.getColumn(0))),
+            .member = number_or_nothing(select.getColumn(1)),
+            .elements = stored_line(select.getColumn(2)),
+            .name = stored_line(select.getColumn(3)),
+            .first_node = select.getColumn(4).getUInt(),
+            .second_node = number_or_nothing(select.getColumn(5)),
+            .is_cantilever = select.getColumn(6).getInt() != 0,
+            .direction = stored_line(select.getColumn(7)),
+            .length = value_or_nothing(select.getColumn(8)),
+            .value = value_or_nothing(select.getColumn(9)),
+            .limit = value_or_nothing(select.getColumn(10)),
+            .combination = number_or_nothing(select.getColumn(11)),
+            .element = number_or_nothing(select.getColumn(12)),
+            .from_start = value_or_nothing(select.getColumn(13)),
+            .absolute = value_or_nothing(select.getColumn(14))};
   }
 
   std::filesystem::path path_;

@@ -20,6 +20,7 @@ struct WriteTo {
   void operator()(const ElementWork& work) const { file.add(work.row.get(), work.notes); }
   void operator()(const RemarkRow& row) const { file.add(row); }
   void operator()(const BucklingRow& row) const { file.add(row); }
+  void operator()(const DisplacementRow& row) const { file.add(row); }
   void operator()(const CommitMark&) const { file.commit(); }
   void operator()(RunState state) const { file.finish(state); }
 };
@@ -148,6 +149,10 @@ void QueuedResultWriter::add_remark(const RemarkRow& row) {
 }
 
 void QueuedResultWriter::add_buckling(const BucklingRow& row) {
+  if (thread_.joinable()) queue_.push(row);
+}
+
+void QueuedResultWriter::add_displacement(const DisplacementRow& row) {
   if (thread_.joinable()) queue_.push(row);
 }
 

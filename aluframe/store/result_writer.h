@@ -54,6 +54,7 @@ class QueuedResultWriter : public ResultWriter {
   void end_element(const ElementNotes& notes) override;
   void add_remark(const RemarkRow& row) override;
   void add_buckling(const BucklingRow& row) override;
+  void add_displacement(const DisplacementRow& row) override;
   void flush() override;
   void finish(RunState state) override;
   std::uint64_t record_count() const override { return records_; }

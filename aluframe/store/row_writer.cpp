@@ -52,6 +52,9 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_finished_(database_, "INSERT INTO finished VALUES (?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
       insert_buckling_(database_, "INSERT INTO buckling VALUES (?, ?, ?, ?, ?, ?)"),
+      insert_displacement_(database_,
+                           "INSERT INTO displacement VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                           "?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
   begin();
@@ -237,6 +240,26 @@ void RowWriter::add(const BucklingRow& row) {
   insert_buckling_.bind(6, row.unknown);
   run(insert_buckling_, row.combination, row.name);
   count(row.shape.size());
+}
+
+void RowWriter::add(const DisplacementRow& row) {
+  SQLite::Statement& insert = insert_displacement_;
+  bind_or_null(insert, 2, row.member);
+  insert.bind(3, row.elements);
+  insert.bind(4, row.name);
+  insert.bind(5, row.first_node);
+  bind_or_null(insert, 6, row.second_node);
+  insert.bind(7, row.is_cantilever ? 1 : 0);
+  insert.bind(8, row.direction);
+  bind_or_null(insert, 9, row.length);
+  bind_or_null(insert, 10, row.value);
+  bind_or_null(insert, 11, row.limit);
+  bind_or_null(insert, 12, row.combination);
+  bind_or_null(insert, 13, row.element);
+  bind_or_null(insert, 14, row.from_start);
+  bind_or_null(insert, 15, row.absolute);
+  run(insert, std::string(name_of(row.kind)));
+  count(row.elements.size() + row.name.size());
 }
 
 std::optional<T_RALU_D> RowWriter::find(std::uint32_t element, const RecordKey& key) {

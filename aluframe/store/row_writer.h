@@ -36,6 +36,7 @@ class RowWriter {
   void add(const ElementRow* row, const std::optional<ElementNotes>& notes);
   void add(const RemarkRow& row);
   void add(const BucklingRow& row);
+  void add(const DisplacementRow& row);
   void commit();
   /// Commits everything, waits until the disk has it, then notes the state: a run that a power
   /// failure caught is never taken for a complete one. Nothing may be added afterwards.
@@ -73,6 +74,7 @@ class RowWriter {
   SQLite::Statement insert_finished_;
   SQLite::Statement insert_remark_;
   SQLite::Statement insert_buckling_;
+  SQLite::Statement insert_displacement_;
   RowQuery records_;
   std::unordered_set<std::uint32_t> elements_;
   std::int64_t sequence_ = 0;

@@ -16,6 +16,7 @@ namespace {
 
 /// By RunState.
 constexpr std::array<const char*, 4> state_names = {"running", "complete", "cancelled", "failed"};
+constexpr std::array<const char*, 3> displacement_kinds = {"deflection", "drift", "displacement"};
 
 /// `demand`, `capacity` and `ratio` have no declared type: a REAL column would turn -0.0 into 0.
 constexpr const char* tables = R"sql(
@@ -129,6 +130,23 @@ CREATE TABLE buckling (
   shape TEXT NOT NULL,
   elements TEXT NOT NULL,
   unknown TEXT NOT NULL);
+CREATE TABLE displacement (
+  sequence INTEGER PRIMARY KEY,
+  kind TEXT NOT NULL,
+  member INTEGER,
+  elements TEXT NOT NULL,
+  name TEXT NOT NULL,
+  first_node INTEGER NOT NULL,
+  second_node INTEGER,
+  is_cantilever INTEGER NOT NULL,
+  direction TEXT NOT NULL,
+  length_mm,
+  value_mm,
+  limit_mm,
+  combination INTEGER,
+  element INTEGER,
+  from_start_mm,
+  absolute_mm);
 CREATE TABLE record (
   element INTEGER PRIMARY KEY,
   data BLOB NOT NULL);
@@ -274,6 +292,19 @@ std::string not_finite(const T_RALU_ITEM& item) {
 
 const char* state_name(RunState state) {
   return state_names.at(static_cast<std::size_t>(state));
+}
+
+std::string_view name_of(DisplacementKind kind) {
+  return displacement_kinds.at(static_cast<std::size_t>(kind));
+}
+
+DisplacementKind displacement_kind_named(std::string_view name) {
+  const auto found = std::ranges::find(displacement_kinds, name);
+  if (found == displacement_kinds.end()) {
+    throw std::runtime_error("is damaged: unknown kind of a displacement \"" + std::string(name) +
+                             "\"");
+  }
+  return static_cast<DisplacementKind>(found - displacement_kinds.begin());
 }
 
 RunState state_named(std::string_view name) {

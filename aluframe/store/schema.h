@@ -17,7 +17,7 @@ namespace aluframe::store {
 /// Marks an SQLite file as a result file ("AluR").
 inline constexpr std::uint32_t application_id = files::result_file_mark;
 /// Raised when an older program could misread the file.
-inline constexpr int format_version = 5;
+inline constexpr int format_version = 6;
 
 /// The tables that have rows of elements, by their column `element`; `element` itself names it
 /// `number`.
@@ -32,6 +32,9 @@ std::string not_finite(const T_RALU_ITEM& item);
 const char* state_name(RunState state);
 /// @throws std::runtime_error for a text that is no state
 RunState state_named(std::string_view name);
+
+/// The kind of a displacement by its name in the table. @throws std::runtime_error for another text
+DisplacementKind displacement_kind_named(std::string_view name);
 
 /// Lays out an empty database as the result file of a run that has started: page size, format
 /// marks, tables, the run and its combinations, in one transaction.

@@ -8,7 +8,9 @@
 #include <utility>
 
 #include "aluframe/model/envelopes.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/tables/buckling_tables.h"
+#include "aluframe/tables/displacement_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/output_table.h"
 #include "aluframe/tables/remark_tables.h"
@@ -133,6 +135,20 @@ void add_buckling(const run::CheckResult& result, Add add) {
   add("buckling_shape", smallest != nullptr ? Cell(smallest->shape) : Cell());
 }
 
+/// The displacement that is worst against its limit; empty cells without one.
+template <class Add>
+void add_displacements(const run::CheckResult& result, Add add) {
+  const auto& rows = result.displacements;
+  const store::DisplacementRow* worst = run::worst_displacement(rows);
+  const auto over = std::ranges::count_if(rows, run::exceeds_limit);
+  add("displacements_over_limit", worst != nullptr ? Cell(static_cast<std::int64_t>(over)) : Cell());
+  add("displacement_ratio", worst != nullptr ? Cell(*run::ratio_of(*worst)) : Cell());
+  add("displacement", worst != nullptr ? Cell(run::subject_text(*worst)) : Cell());
+  add("displacement_combination", worst != nullptr && worst->combination
+                                      ? Cell(static_cast<std::int64_t>(*worst->combination))
+                                      : Cell());
+}
+
 /// The second opinion of the run; empty cells without one.
 template <class Add>
 void add_safe(const model::Model& model, const run::CheckResult& result, Add add) {
@@ -154,6 +170,7 @@ void add_safe(const model::Model& model, const run::CheckResult& result, Add add
   add("safe_fraction", worst != nullptr && worst->fraction ? Cell(*worst->fraction) : Cell());
   add("remark_count", whole(result.remarks.size()));
   add_buckling(result, add);
+  add_displacements(result, add);
 }
 
 /// What the run took.
@@ -260,6 +277,9 @@ std::string told_text(const model::Model& model, const run::Told& told, Lists li
   }
   out +=
       line_of(texts::translatable("buckling"), buckling_line(told.buckling, told.buckling_factors));
+  if (!told.displacements.empty()) {
+    out += line_of(texts::translatable("deflections"), displacement_line(told.displacements));
+  }
   const auto of_model = [&model](model::Number number) {
     const model::Combination* found = model.combinations.find(number);
     return found != nullptr ? found->state_of.value_or(number) : number;

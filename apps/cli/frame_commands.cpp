@@ -100,6 +100,23 @@ void add_buckling(CLI::App& app, BucklingCommandOptions& options, int& status) {
   buckling->callback([&] { status = run_buckling_command(options); });
 }
 
+void add_deflections(CLI::App& app, DeflectionsOptions& options, int& status) {
+  CLI::App* deflections = app.add_subcommand(
+      "deflections",
+      texts::translated("Show how far members bend and nodes move in use, and their limits"));
+  deflections->add_option("MODEL", options.input.model, texts::translated("Model file"))
+      ->required()
+      ->type_name("");
+  add_second_order(*deflections, options.input);
+  add_allow_outside(*deflections, options.input.allow_outside);
+  add_parsed(*deflections, "--combinations", options.combinations, ranges_or_throw,
+             texts::translated("Only these combinations"));
+  add_format(*deflections, options.format);
+  deflections->add_option("--output", options.output, texts::translated("Write to this file"))
+      ->type_name("FILE");
+  deflections->callback([&] { status = run_deflections_command(options); });
+}
+
 void add_analyse(CLI::App& app, AnalyseOptions& options, int& status) {
   CLI::App* analyse = app.add_subcommand(
       "analyse",

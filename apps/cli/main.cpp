@@ -115,6 +115,13 @@ void add_results(CLI::App& app, ResultsOptions& options, int& status) {
       ->excludes("--not-checked")
       ->excludes("--remarks")
       ->excludes("--element");
+  results
+      ->add_flag("--deflections", options.deflections,
+                 texts::translated("How far members bend and nodes move in use, and their limits"))
+      ->excludes("--not-checked")
+      ->excludes("--remarks")
+      ->excludes("--buckling")
+      ->excludes("--element");
   results->get_option("--combinations")->needs("--element");
   for (const char* of_the_list : {"--elements", "--sort", "--top", "--over"}) {
     results->get_option(of_the_list)->excludes("--element");
@@ -408,11 +415,13 @@ int run_program(std::vector<std::string> words) {
   PointsOptions points;
   ReportOptions report;
   SettingsOptions settings;
+  DeflectionsOptions deflections;
   DialogsOptions dialogs;
   SectionOptions section;
   add_check(app, check, status);
   add_analyse(app, analyse, status);
   add_buckling(app, buckling, status);
+  add_deflections(app, deflections, status);
   add_made_combinations(app, made, status);
   add_results(app, results, status);
   add_explain(app, explain, status);

@@ -10,6 +10,7 @@
 #include "aluframe/files/output_guard.h"
 #include "aluframe/run/told.h"
 #include "aluframe/tables/buckling_tables.h"
+#include "aluframe/tables/displacement_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
@@ -82,8 +83,10 @@ std::string list_text(store::ResultReader& reader, const ResultsOptions& options
   out += told_text(reader, reader.remarks(), reader.not_checked());
   const std::string buckling =
       tables::buckling_line(run::buckling_of(reader.info().setup), reader.buckling());
-  return out + texts::translated("\nBuckling: {}\nCovered: {}\n", buckling,
-                                 run::coverage_text(run::coverage_of(reader)));
+  out += texts::translated("\nBuckling: {}\n", buckling);
+  const std::string displacements = tables::displacement_line(reader.displacements());
+  if (!displacements.empty()) out += texts::translated("Deflections: {}\n", displacements);
+  return out + texts::translated("Covered: {}\n", run::coverage_text(run::coverage_of(reader)));
 }
 
 std::string governing_text(store::ResultReader& reader, model::Number element,
@@ -142,6 +145,16 @@ std::string buckling_text(store::ResultReader& reader, const ResultsOptions& opt
   return tables::render(tables::stored_buckling_table(rows), options.format, false);
 }
 
+std::string displacements_text(store::ResultReader& reader, const ResultsOptions& options) {
+  const auto rows = reader.displacements();
+  if (rows.empty()) {
+    throw InputError{
+        texts::translated("the model had no combination for serviceability when it was checked")};
+  }
+  return tables::render_displacements(rows, options.format,
+                                      !options.output && stdout_wants_colour());
+}
+
 std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
                     const tables::ResultView& view) {
   if (options.not_checked) {
@@ -150,6 +163,7 @@ std::string text_of(store::ResultReader& reader, const ResultsOptions& options,
   }
   if (options.remarks) return remarks_text(reader, options);
   if (options.buckling) return buckling_text(reader, options);
+  if (options.deflections) return displacements_text(reader, options);
   return options.element ? element_text(reader, *options.element, options, view)
                          : list_text(reader, options, view);
 }
@@ -161,7 +175,8 @@ void say_what_to_know(store::ResultReader& reader, const ResultsOptions& options
            {.model = options.input, .allow_outside = options.allow_outside}, file, reader))
     print_message(text);
   const run::Coverage coverage = run::coverage_of(reader);
-  const bool is_list = !options.element && !options.not_checked && !options.remarks;
+  const bool is_list = !options.element && !options.not_checked && !options.remarks &&
+                       !options.buckling && !options.deflections;
   const bool is_said = options.format == tables::Format::table && is_list;
   const bool is_full = coverage.is_whole() && coverage.second_opinion == run::SecondOpinion::on;
   if (!is_full && !is_said) {

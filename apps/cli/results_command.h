@@ -17,6 +17,7 @@ struct ResultsOptions {
   model::NumberRanges combinations;      ///< of `element`; empty: all
   bool remarks = false;                  ///< what the run remarked, alone
   bool buckling = false;                 ///< how far the frame is from buckling, alone
+  bool deflections = false;              ///< how far the frame is displaced in use, alone
   bool not_checked = false;              ///< what was not checked in place of what was
   std::optional<model::Number> element;  ///< one element in full
   std::optional<std::string> units;      ///< "kN,m": stresses in kN/m²

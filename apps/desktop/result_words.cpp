@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "aluframe/run/buckling.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/not_checked.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/text.h"
@@ -82,6 +83,9 @@ QString outcome_words(const run::ShownResults& results) {
   } else if (std::ranges::any_of(told.remarks, run::is_about_buckling)) {
     parts.push_back(ui_text(translatable("buckling below its limit")));
   }
+  if (std::ranges::any_of(told.displacements, run::exceeds_limit)) {
+    parts.push_back(ui_text(translatable("displacements over their limits")));
+  }
   if (told.safe && told.safe->unsaid > 0) {
     parts.push_back(
         shown(texts::counted(told.safe->unsaid, translatable("{} more by its safe ratio"),
@@ -110,6 +114,11 @@ QString outcome_words(const run::ShownResults& results) {
   if (told.buckling == run::FrameBuckling::off ||
       std::ranges::any_of(told.buckling_factors, is_unknown)) {
     parts.push_back(ui_text(translatable("buckling unknown")));
+  }
+  if (std::ranges::any_of(told.remarks, [](const store::RemarkRow& remark) {
+        return remark.kind == run::unknown_displacements;
+      })) {
+    parts.push_back(ui_text(translatable("displacements unknown")));
   }
   return parts.join(QStringLiteral("; "));
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "aluframe/tables/buckling_tables.h"
+#include "aluframe/tables/displacement_tables.h"
 #include "aluframe/tables/model_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/remark_tables.h"
@@ -31,6 +32,7 @@ constexpr std::array<KindNames, all_tables.size()> names{{
     {translatable("Not checked"), "not-checked"},
     {translatable("Remarks"), "remarks"},
     {translatable("Buckling factors"), "buckling"},
+    {translatable("Displacements"), "displacements"},
     {translatable("Nodes"), "nodes"},
     {translatable("Elements"), "elements"},
     {translatable("Members"), "members"},
@@ -93,6 +95,10 @@ ShownTable table_of_results(TableKind kind, const run::ShownResults& results,
     case TableKind::remarks:
       return about_lists(tables::remarks_table(told.remarks), model,
                          texts::translated("There are no remarks."));
+    case TableKind::displacements:
+      return about_lists(
+          tables::displacement_overview(told.displacements), model,
+          texts::translated("The model had no combination for serviceability when it was checked."));
     default:
       return about_lists(tables::stored_buckling_table(told.buckling_factors), model,
                          texts::translated("The run did not look at the buckling of the frame."));

@@ -19,6 +19,7 @@ enum class TableKind {
   not_checked,
   remarks,
   buckling,
+  displacements,
   nodes,
   elements,
   members,
@@ -31,7 +32,7 @@ enum class TableKind {
 /// In the order of the chooser: results, then the model.
 inline constexpr std::array all_tables{
     TableKind::overview,    TableKind::checks,   TableKind::forces,    TableKind::not_checked,
-    TableKind::remarks,     TableKind::buckling, TableKind::nodes,     TableKind::elements,
+    TableKind::remarks,     TableKind::buckling, TableKind::displacements, TableKind::nodes,     TableKind::elements,
     TableKind::members,     TableKind::sections, TableKind::materials, TableKind::load_cases,
     TableKind::combinations};
 

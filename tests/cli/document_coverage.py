@@ -81,6 +81,15 @@ def with_actions_in_the_portal(part):
     return PORTAL | ACTIONS | part
 
 
+# A combination under which limits of displacements hold.
+IN_USE = {"load_cases": [{"number": 1}],
+          "combinations": [{"number": 1, "serviceability": True, "terms": [{"case": 1}]}]}
+
+
+def in_the_portal_in_use(part):
+    return PORTAL | IN_USE | part
+
+
 # "The model" of a page about combinations, which names none of the examples.
 BEFORE["docs/combinations.md"] = [f"echo '{json.dumps(PORTAL | ACTIONS)}' > frame.json"]
 
@@ -100,6 +109,7 @@ FRAGMENTS = {
     ("docs/verification/combinations-footbridge.md", '"load_cases"'): in_the_portal,
     ("docs/verification/combinations-hall.md", '"load_cases"'): in_the_portal,
     ("docs/verification/combinations-mullion.md", '"load_cases"'): in_the_portal,
+    ("docs/deflections.md", '"deflection_limit"'): in_the_portal_in_use,
     ("docs/model-file.md", '"design"'): on_an_element_of_the_portal,
     ("docs/model-file.md", '"load_cases"'): in_the_portal,
     ("docs/model-file.md", '"supports"'): in_the_portal,

@@ -379,7 +379,7 @@ def test_beside_whole_results_the_message_says_so(interrupted):
 def test_a_partial_file_of_an_earlier_format_is_refused(interrupted):
     with sqlite3.connect(interrupted.partial) as database:
         database.execute("PRAGMA user_version = 4")
-    require_refused(interrupted, refusal("is a result file of format version 4, this program reads version 5"))
+    require_refused(interrupted, refusal("is a result file of format version 4, this program reads version 6"))
 
 
 @pytest.mark.parametrize("content, reason", [
@@ -409,7 +409,7 @@ DAMAGED = refusal("is damaged: .*")
     "INSERT INTO not_checked VALUES (NULL, 1, NULL, 'more', NULL, NULL, NULL, NULL, NULL)",
     "INSERT INTO assertion VALUES (1, 'a:1', 1)",
     "INSERT INTO unchecked VALUES (1, 9, 'C6', 1.0, 1, 0, 0.5, NULL, NULL, NULL, NULL)",
-    "UPDATE run SET version = 6",
+    "UPDATE run SET version = 7",
     "UPDATE run SET model_states = 1",
     "DELETE FROM envelope_state",
 ], ids=lambda statement: statement[:40])

@@ -52,6 +52,18 @@ TEST(OutcomeWords, SayThatTheFrameIsNearBucklingOrThatItIsUnknown) {
   EXPECT_EQ(outcome_words(results), "0 elements fail; buckling unknown");
 }
 
+TEST(OutcomeWords, SayThatDisplacementsPassTheirLimitsOrAreUnknown) {
+  run::ShownResults results = whole();
+  results.told.displacements = {{.first_node = 1, .value = -20.0, .limit = 20.0}};
+  EXPECT_EQ(outcome_words(results), "0 elements fail");
+  results.told.displacements[0].value = -20.1;
+  EXPECT_EQ(outcome_words(results), "0 elements fail; displacements over their limits");
+  results.told.displacements.clear();
+  results.told.remarks.resize(1);
+  results.told.remarks[0].kind = "unknown displacements";
+  EXPECT_EQ(outcome_words(results), "0 elements fail; displacements unknown");
+}
+
 TEST(OutcomeWords, SayWhatOnlySafeRatiosTell) {
   run::ShownResults results = whole();
   results.told.safe = run::SafeSummary{.elements = 2, .over = 2, .unsaid = 1, .worst = {}};

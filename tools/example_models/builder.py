@@ -63,6 +63,7 @@ class Builder:
     settings: dict
     frame: dict = field(default_factory=dict)
     analysis: dict = field(default_factory=dict)
+    deflection_limit: dict = field(default_factory=dict)
     imported_forces: bool = False  # the file gives forces in place of loads
     cases: list[Case] = field(default_factory=list)
     lists: dict[str, list[dict]] = field(default_factory=lambda: {
@@ -108,7 +109,8 @@ class Builder:
         return self.cases[-1]
 
     def combine(self, name: str, *terms: tuple[float, Case | Source], **fields: object) -> Source:
-        """`terms` are factor and case or combination; `fields`: kind, seismic, design."""
+        """`terms` are factor and case or combination; `fields`: kind, seismic, design,
+        serviceability."""
         entries = []
         for factor, of in terms:
             source = of.source if isinstance(of, Case) else of
@@ -126,5 +128,7 @@ class Builder:
             head["frame"] = self.frame
         if self.analysis:
             head["analysis"] = self.analysis
+        if self.deflection_limit:
+            head["deflection_limit"] = self.deflection_limit
         lists = self.lists | {"load_cases": [case.model_entry() for case in self.cases]}
         return head | {name: entries for name, entries in lists.items() if entries}

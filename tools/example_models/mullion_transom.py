@@ -82,6 +82,8 @@ def add_combinations(b: Builder, dead: Case, inward: Case, outward: Case, earthq
     b.combine("1.3G+wind either way", (1.3, dead), (1.0, wind))
     b.combine("1.3G+earthquake either way+0.2 wind", (1.3, dead), (1.0, quake), (0.2, wind))
     b.combine("Extremes", (1.0, inwards), (1.0, outwards), (1.0, mixed), kind="envelope")
+    for name, load in (("G+Wp in use", inward), ("G+Ws in use", outward)):
+        b.combine(name, (1.0, dead), (1.0, load), design=False, serviceability=True)
 
 
 def describe() -> Builder:
@@ -101,4 +103,5 @@ def describe() -> Builder:
     earthquake = b.add_case("EQ", kind="seismic_static")
     load_panes(earthquake, wall, [EARTHQUAKE] * BAYS)
     add_combinations(b, dead, inward, outward, earthquake)
+    b.deflection_limit = {"span": 180, "absolute": 0.02}
     return b

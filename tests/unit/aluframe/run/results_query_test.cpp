@@ -36,6 +36,7 @@ class ThreeElements : public store::ResultReader {
   }
   std::vector<store::RemarkRow> remarks() override { return {}; }
   std::vector<store::BucklingRow> buckling() override { return {}; }
+  std::vector<store::DisplacementRow> displacements() override { return {}; }
 
  private:
   store::RunInfo info_;

@@ -36,6 +36,9 @@ class FailingWriter : public store::ResultWriter {
   }
   void add_remark(const store::RemarkRow& row) override { inner_->add_remark(row); }
   void add_buckling(const store::BucklingRow& row) override { inner_->add_buckling(row); }
+  void add_displacement(const store::DisplacementRow& row) override {
+    inner_->add_displacement(row);
+  }
   void flush() override {
     if (fault_ == Fault::flush) fail();
     inner_->flush();

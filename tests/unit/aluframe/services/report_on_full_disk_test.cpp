@@ -101,6 +101,7 @@ class FullResultFile : public store::ResultWriter {
   void end_element(const store::ElementNotes&) override {}
   void add_remark(const store::RemarkRow&) override {}
   void add_buckling(const store::BucklingRow&) override {}
+  void add_displacement(const store::DisplacementRow&) override {}
   void flush() override {}
   void finish(store::RunState) override {}
   std::uint64_t record_count() const override { return 0; }

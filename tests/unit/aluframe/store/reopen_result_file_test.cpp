@@ -249,7 +249,7 @@ TEST_F(RefusedFile, IsADatabaseOfAnotherProgram) {
 
 TEST_F(RefusedFile, IsOneOfAnotherVersion) {
   run_sql("PRAGMA user_version = 1");
-  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 5");
+  EXPECT_EQ(refusal(), "is a result file of format version 1, this program reads version 6");
 }
 
 TEST_F(RefusedFile, IsOneOfAnotherModel) {

@@ -45,6 +45,37 @@ class SecondOpinionRows : public testing::Test {
   store_test::Folder folder;
 };
 
+TEST_F(SecondOpinionRows, DisplacementsComeBackInTheirOrder) {
+  const std::vector<DisplacementRow> rows{
+      {.kind = DisplacementKind::deflection,
+       .member = 3,
+       .elements = "1-2, 7",
+       .name = "rail",
+       .first_node = 1,
+       .second_node = 4,
+       .is_cantilever = true,
+       .direction = "z",
+       .length = 3600.0,
+       .value = -12.5,
+       .limit = 20.0,
+       .combination = 11,
+       .element = 7,
+       .from_start = 0.25,
+       .absolute = 13.0},
+      {.kind = DisplacementKind::drift,
+       .name = "storey",
+       .first_node = 4,
+       .second_node = 2,
+       .direction = "horizontal"},
+      {.kind = DisplacementKind::node, .first_node = 9, .direction = "X", .value = 0.0}};
+  {
+    const auto writer = ResultWriter::create(folder.file(), store_test::sample_info());
+    for (const DisplacementRow& row : rows) writer->add_displacement(row);
+    writer->finish(RunState::complete);
+  }
+  EXPECT_EQ(ResultReader::open(folder.file())->displacements(), rows);
+}
+
 TEST_F(SecondOpinionRows, ARunWithoutOneHasNone) {
   write_safe({});
   EXPECT_TRUE(safe().empty());

@@ -54,6 +54,7 @@ class TakenUpFile : public testing::Test {
     const auto writer = ResultWriter::create(file, info);
     for (std::uint32_t element = 1; element <= last; ++element) end_sample(*writer, element);
     writer->add_remark({"C6", "1-5", "torsion", 0.7, 2, 5});
+    writer->add_displacement({.elements = "1", .first_node = 1, .direction = "z", .value = 3.5});
     writer->finish(state);
   }
   TakenUp take_up() { return ResultWriter::take_up(file, info, elements); }
@@ -104,6 +105,8 @@ TEST_F(TakenUpFile, EndsAsOneRunWould) {
         end_sample(*taken_up.writer, element);
       }
       taken_up.writer->add_remark({"C6", "1-5", "torsion", 0.7, 2, 5});
+      taken_up.writer->add_displacement(
+          {.elements = "1", .first_node = 1, .direction = "z", .value = 3.5});
       EXPECT_EQ(taken_up.writer->record_count(), 20U);
       taken_up.writer->finish(RunState::complete);
     }

@@ -1,0 +1,285 @@
+#include "aluframe/run/deflections.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <utility>
+#include <variant>
+
+#include "aluframe/deflections/deflection_search.h"
+#include "aluframe/io/named_values.h"
+#include "aluframe/run/buckling_subjects.h"
+#include "aluframe/run/chosen_numbers.h"
+#include "aluframe/services/governing_count.h"
+#include "aluframe/texts/text.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using store::DisplacementKind;
+using store::DisplacementRow;
+
+/// Kind of the remark on limits that are passed.
+constexpr const char* remark_kind = texts::translatable("deflection");
+
+std::vector<model::Number> combinations_for_serviceability(const model::Model& model) {
+  std::vector<model::Number> numbers;
+  for (const model::Combination& combination : model.combinations) {
+    if (combination.serviceability && !combination.state_of) numbers.push_back(combination.number);
+  }
+  return numbers;
+}
+
+/// Parts of a span that are rounding, not deflection.
+constexpr double noise = 1e-12;
+
+bool is_noise(double value, double length) {
+  return std::abs(value) <= noise * length;
+}
+
+/// Fills rows from what was found.
+class Rows {
+ public:
+  /// @param states how many were looked at
+  Rows(const model::Model& model, const deflections::Deflections& found, std::size_t states)
+      : model_(model), found_(found), is_known_(found.unknown.size() < states) {}
+
+  std::vector<DisplacementRow> make() && {
+    for (std::size_t i = 0; i < found_.spans.size(); ++i) {
+      add_span(found_.spans[i], "y", found_.of_spans[i][0]);
+      add_span(found_.spans[i], "z", found_.of_spans[i][1]);
+    }
+    for (std::size_t i = 0; i < found_.drifts.size(); ++i) {
+      add_drift(model_.serviceability.drifts[i], found_.drifts[i]);
+    }
+    for (const deflections::NodeDisplacement& node : found_.nodes) add_node(node);
+    return std::move(rows_);
+  }
+
+ private:
+  void add_span(const deflections::Span& span, const char* direction,
+                const deflections::AxisDeflection& found) {
+    DisplacementRow row{.kind = DisplacementKind::deflection, .direction = direction};
+    std::vector<model::Number> elements;
+    for (const auto& element : span.elements) {
+      elements.push_back(model_.elements[element.place].number);
+    }
+    std::ranges::sort(elements);
+    row.elements = model::join_as_ranges(elements);
+    if (span.member != 0) {
+      row.member = span.member;
+      row.name = model_.members.find(span.member)->name;
+    }
+    row.first_node = model_.nodes[span.start].number;
+    row.second_node = model_.nodes[span.end].number;
+    row.is_cantilever = span.kind == deflections::SpanKind::cantilever;
+    row.length = span.length;
+    const double limit = deflections::allowed(deflections::limit_of(model_, span), span);
+    if (std::isfinite(limit)) row.limit = limit;
+    const bool moves = !is_noise(found.relative.value, span.length);
+    if (is_known_) {
+      row.value = moves ? found.relative.value : 0.0;
+      row.absolute = is_noise(found.absolute.value, span.length) ? 0.0 : found.absolute.value;
+    }
+    if (is_known_ && moves) {
+      row.combination = found.relative.combination;
+      row.element = model_.elements[found.relative.element].number;
+      row.from_start = found.relative.x;
+    }
+    rows_.push_back(std::move(row));
+  }
+
+  void add_drift(const model::DriftLimit& limit, const deflections::Drift& found) {
+    const double height =
+        model_.nodes.find(limit.upper)->z - model_.nodes.find(limit.lower)->z;
+    add_of_nodes({.kind = DisplacementKind::drift,
+                  .name = limit.name,
+                  .first_node = limit.lower,
+                  .second_node = limit.upper,
+                  .direction = "horizontal",
+                  .length = height,
+                  .limit = height / limit.height},
+                 found.value, found.combination);
+  }
+
+  void add_node(const deflections::NodeDisplacement& found) {
+    const model::DisplacementLimit& limit = model_.serviceability.displacements[found.limit];
+    add_of_nodes({.kind = DisplacementKind::node,
+                  .first_node = model_.nodes[found.node].number,
+                  .direction = std::string(io::name_in(io::displacement_directions, limit.direction)),
+                  .limit = limit.absolute},
+                 found.value, found.combination);
+  }
+
+  void add_of_nodes(DisplacementRow row, double value, model::Number combination) {
+    if (is_known_) row.value = value;
+    if (is_known_ && combination != 0) row.combination = combination;
+    rows_.push_back(std::move(row));
+  }
+
+  const model::Model& model_;
+  const deflections::Deflections& found_;
+  bool is_known_;
+  std::vector<DisplacementRow> rows_;
+};
+
+RunDisplacements displacements_under(const Input& input,
+                                     const std::vector<model::Number>& combinations) {
+  RunDisplacements out;
+  if (combinations.empty()) return out;
+  const BucklingSubjects subjects(input);
+  std::vector<deflections::State> states;
+  for (const model::Number number : combinations) {
+    const BucklingSubject subject = subjects.of_combination(number);
+    for (const forces::LoadSet& set : subject.sets) states.push_back({number, set});
+    if (!subject.unknown.empty()) out.unknown.push_back({number, subject.unknown});
+  }
+  const deflections::Deflections found = deflections::find_deflections(input.model, states);
+  for (const deflections::Unknown& unknown : found.unknown) {
+    out.unknown.push_back({unknown.combination, unknown.reason});
+  }
+  out.rows = Rows(input.model, found, states.size()).make();
+  return out;
+}
+
+/// Combinations, and the word for one or several.
+std::string combinations_text(const std::vector<UnknownDisplacements>& unknown,
+                              const std::string& reason) {
+  std::set<model::Number> numbers;
+  for (const UnknownDisplacements& of : unknown) {
+    if (of.reason == reason) numbers.insert(of.combination);
+  }
+  const std::string list = model::join_as_ranges({numbers.begin(), numbers.end()});
+  return numbers.size() == 1 ? fmt::format(texts::translatable("combination {}"), list)
+                             : fmt::format(texts::translatable("combinations {}"), list);
+}
+
+/// "23.1 mm along z, of 22.2 mm allowed"
+std::string passed_text(const DisplacementRow& row) {
+  const std::string value = fmt::format("{:.4g}", std::abs(*row.value));
+  const std::string limit = fmt::format("{:.4g}", *row.limit);
+  if (row.direction == "total" || row.direction == "horizontal") {
+    return fmt::format(texts::translatable("{} mm, of {} mm allowed"), value, limit);
+  }
+  return fmt::format(texts::translatable("{} mm along {}, of {} mm allowed"), value, row.direction, limit);
+}
+
+void add_elements(const DisplacementRow& row, std::set<model::Number>& elements) {
+  if (row.elements.empty()) return;
+  std::string text = row.elements;
+  std::erase(text, ' ');
+  const auto ranges = std::get<model::NumberRanges>(model::parse_number_ranges(text));
+  for (const model::NumberRange& range : ranges.ranges()) {
+    for (model::Number n = range.first; n <= range.last; ++n) elements.insert(n);
+  }
+}
+
+/// One remark on all that pass the limits of their kind.
+std::optional<store::RemarkRow> remark_on_passed(const std::vector<DisplacementRow>& rows) {
+  const DisplacementRow* const worst = worst_displacement(rows);
+  if (worst == nullptr || !exceeds_limit(*worst)) return std::nullopt;
+  std::set<model::Number> elements;
+  std::set<std::string> subjects;
+  for (const DisplacementRow& row : rows) {
+    if (!exceeds_limit(row)) continue;
+    subjects.insert(subject_text(row));
+    add_elements(row, elements);
+  }
+  store::RemarkRow remark;
+  remark.kind = remark_kind;
+  remark.elements = model::join_as_ranges({elements.begin(), elements.end()});
+  remark.combination = worst->combination;
+  const char* const text =
+      subjects.size() == 1
+          ? texts::translatable("a limit of displacements is passed: {}, {} under combination {}; "
+                                "stiffen, shorten or hold it")
+          : texts::translatable("limits of displacements are passed, the worst: {}, {} under "
+                                "combination {}; stiffen, shorten or hold them");
+  remark.text = fmt::format(fmt::runtime(text), subject_text(*worst), passed_text(*worst),
+                            worst->combination.value_or(0));
+  return remark;
+}
+
+}  // namespace
+
+Result<RunDisplacements> find_displacements(const Input& input,
+                                            const model::NumberRanges& combinations) {
+  auto existing = combinations_for_serviceability(input.model);
+  if (existing.empty()) {
+    return about(input, texts::translated("the model has no combination for serviceability: mark "
+                                          "those with \"serviceability\": true, or have them made "
+                                          "by rule"));
+  }
+  const auto numbers = chosen_numbers(input, "--combinations", combinations, std::move(existing),
+                                      texts::translated("combination for serviceability"));
+  if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
+  return displacements_under(input, std::get<std::vector<model::Number>>(numbers));
+}
+
+RunDisplacements displacements_of_run(const Input& input) {
+  return displacements_under(input, combinations_for_serviceability(input.model));
+}
+
+std::vector<store::RemarkRow> displacement_remarks(const RunDisplacements& displacements) {
+  std::vector<store::RemarkRow> remarks = remarks_on_unknown(displacements);
+  if (auto passed = remark_on_passed(displacements.rows)) {
+    remarks.insert(remarks.begin(), *std::move(passed));
+  }
+  return remarks;
+}
+
+std::vector<store::RemarkRow> remarks_on_unknown(const RunDisplacements& displacements) {
+  std::vector<store::RemarkRow> remarks;
+  std::set<std::string> told;
+  for (const UnknownDisplacements& unknown : displacements.unknown) {
+    if (!told.insert(unknown.reason).second) continue;
+    store::RemarkRow remark;
+    remark.kind = unknown_displacements;
+    remark.combination = unknown.combination;
+    remark.text = fmt::format(texts::translatable("displacements under {} are unknown: {}"),
+                              combinations_text(displacements.unknown, unknown.reason),
+                              unknown.reason);
+    remarks.push_back(std::move(remark));
+  }
+  return remarks;
+}
+
+std::optional<double> ratio_of(const DisplacementRow& row) {
+  if (!row.limit || !row.value) return std::nullopt;
+  return std::abs(*row.value) / *row.limit;
+}
+
+bool exceeds_limit(const DisplacementRow& row) {
+  const auto ratio = ratio_of(row);
+  return ratio && services::exceeds_limit(*ratio);
+}
+
+const DisplacementRow* worst_displacement(const std::vector<DisplacementRow>& rows) {
+  const auto found = std::ranges::max_element(
+      rows, {}, [](const DisplacementRow& row) { return ratio_of(row).value_or(-1.0); });
+  return found == rows.end() || !ratio_of(*found) ? nullptr : &*found;
+}
+
+std::optional<double> span_share(const DisplacementRow& row) {
+  if (!row.length || !row.value || *row.value == 0.0) return std::nullopt;
+  return *row.length * (row.is_cantilever ? 2.0 : 1.0) / std::abs(*row.value);
+}
+
+std::string subject_text(const DisplacementRow& row) {
+  switch (row.kind) {
+    case DisplacementKind::deflection:
+      return row.member ? fmt::format(texts::translatable("member {} (nodes {} to {})"),
+                                      *row.member, row.first_node, row.second_node.value_or(0))
+                        : fmt::format(texts::translatable("element {}"), row.elements);
+    case DisplacementKind::drift:
+      return fmt::format(texts::translatable("drift between nodes {} and {}"), row.first_node,
+                         row.second_node.value_or(0));
+    default:
+      return fmt::format(texts::translatable("node {}"), row.first_node);
+  }
+}
+
+}  // namespace aluframe::run
