@@ -12,7 +12,7 @@ from pathlib import Path
 
 import module_wine
 from module_wine import ROOT
-from program_dialogs_test import IN_CHINESE
+from program_dialogs_test import IN_CHINESE, works_in
 from program_wine import windows_program
 from screen_user import CODE, MATERIALS, MATERIALS_SIZE, User
 
@@ -25,11 +25,10 @@ def take(user, screen, title, file):
 def take_all(wine, screen, model, folder, language):
     code, materials = (title if language == "en" else IN_CHINESE[title] for title in (CODE, MATERIALS))
     user = User(wine, screen, windows_program(), "dialogs", model.name, "--lang", language, cwd=model.parent)
-    user.sees(code)
+    works_in(user, code)
     take(user, screen, code, folder / f"windows-code-{language}.png")
     user.press("Escape")
-    user.sees(materials)
-    time.sleep(0.5)  # until it has the keyboard
+    works_in(user, materials)
     user.click(materials, MATERIALS_SIZE, 30, 36)
     take(user, screen, materials, folder / f"windows-materials-{language}.png")
     user.press("Escape")
