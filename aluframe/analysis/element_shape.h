@@ -38,8 +38,8 @@ using ElementShape = std::vector<ShapePiece>;
 /// Displacements along y and along z at places, mm from the start.
 using AcrossAt = std::function<std::array<std::vector<double>, 2>(std::span<const double>)>;
 
-/// The shape that takes the displacements of `across` at the ends of the pieces, which `bounds` are,
-/// and at four places between them: all of it where these are polynomials of the fifth degree.
+/// The shape that takes the displacements of `across` at the ends of the pieces, which `bounds`
+/// are, and at four places between them: all of it where these are polynomials of the fifth degree.
 ElementShape shape_through(std::span<const double> bounds, const AcrossAt& across);
 
 }  // namespace aluframe::analysis

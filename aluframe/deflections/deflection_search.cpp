@@ -120,14 +120,12 @@ class Search {
   void take_drifts(const Displacements& displacements) {
     const auto& limits = model_.serviceability.drifts;
     for (std::size_t i = 0; i < limits.size(); ++i) {
-      const Eigen::Matrix3Xd apart =
-          displacements.of_node(model_.nodes.position(limits[i].upper)) -
-          displacements.of_node(model_.nodes.position(limits[i].lower));
+      const Eigen::Matrix3Xd apart = displacements.of_node(model_.nodes.position(limits[i].upper)) -
+                                     displacements.of_node(model_.nodes.position(limits[i].lower));
       for (Eigen::Index state = 0; state < apart.cols(); ++state) {
         const double drift = apart.col(state).head<2>().norm();
         if (drift > out_.drifts[i].value) {
-          out_.drifts[i] = {drift,
-                            displacements.combinations()[static_cast<std::size_t>(state)]};
+          out_.drifts[i] = {drift, displacements.combinations()[static_cast<std::size_t>(state)]};
         }
       }
     }

@@ -18,10 +18,10 @@ struct State {
 
 /// The largest magnitude of a deflection, with its sign, and where and when it is reached.
 struct Extreme {
-  double value = 0.0;            ///< mm
-  std::size_t element = 0;       ///< place in the model's table
-  double x = 0.0;                ///< mm from the start of the element
-  model::Number combination = 0; ///< 0: nothing moves under any
+  double value = 0.0;             ///< mm
+  std::size_t element = 0;        ///< place in the model's table
+  double x = 0.0;                 ///< mm from the start of the element
+  model::Number combination = 0;  ///< 0: nothing moves under any
 };
 
 /// Of one span along one axis of its elements.
@@ -57,8 +57,8 @@ struct Deflections {
   std::vector<Unknown> unknown;
 };
 
-/// The largest deflections of all spans, and what the model's limits of drifts and displacements ask
-/// for, over the states.
+/// The largest deflections of all spans, and what the model's limits of drifts and displacements
+/// ask for, over the states.
 ///
 /// In first order shapes are exact (analysis::DisplacedElement), and so are their extremes: the
 /// polynomials of the load cases add up in Bernstein form, whose coefficients bound them, and where

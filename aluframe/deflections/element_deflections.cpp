@@ -84,10 +84,9 @@ class LinearDisplacements : public Displacements {
     for (std::size_t c = 0; c < results_.size(); ++c) {
       const analysis::ElementLoads loads = loads_[c].of(place);
       const auto& nodes = results_[c].displacements;
-      of_cases.emplace_back(
-          element, loads,
-          analysis::end_displacements(element, geometry_[place], loads, nodes[element.start],
-                                      nodes[element.end]));
+      of_cases.emplace_back(element, loads,
+                            analysis::end_displacements(element, geometry_[place], loads,
+                                                        nodes[element.start], nodes[element.end]));
       bounds.insert(of_cases.back().places().begin(), of_cases.back().places().end());
     }
     if (of_cases.empty()) bounds = {0.0, geometry_[place].length};
@@ -173,8 +172,8 @@ analysis::Result<std::unique_ptr<Displacements>> second_order_displacements(
   }
   analysis::SecondOrderOptions options = forces::second_order_options(model);
   options.with_shapes = true;
-  auto solved = analysis::analyse_second_order(forces::frame_of(model),
-                                               analysis::combine(factored), options);
+  auto solved =
+      analysis::analyse_second_order(forces::frame_of(model), analysis::combine(factored), options);
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
   return std::make_unique<SecondOrderDisplacements>(
       state.combination, std::get<analysis::SecondOrderResult>(std::move(solved)));

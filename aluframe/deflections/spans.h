@@ -15,8 +15,8 @@ enum class SpanKind {
   cantilever  ///< from its held end, without turning
 };
 
-/// What is limited by its length: a member, a part of it between two supports, or an element that is
-/// in no member.
+/// What is limited by its length: a member, a part of it between two supports, or an element that
+/// is in no member.
 struct Span {
   struct Element {
     std::size_t place = 0;  ///< in the model's table
@@ -35,10 +35,10 @@ struct Span {
 };
 
 /// Spans of the members, in their order, then of elements without a member. A member that runs over
-/// supports has the parts between them, and counts as a whole besides unless an end hangs over, since
-/// a support may be soft. A member that ends where it starts has none.
-/// A span of which one end hangs on it alone (members::cantilever_ends) is a cantilever. What does
-/// not bend, axial-only elements by themselves, has none.
+/// supports has the parts between them, and counts as a whole besides unless an end hangs over,
+/// since a support may be soft. A member that ends where it starts has none. A span of which one
+/// end hangs on it alone (members::cantilever_ends) is a cantilever. What does not bend, axial-only
+/// elements by themselves, has none.
 std::vector<Span> spans_of(const model::Model& model);
 
 /// The limit that holds for a span: of its member, or of all.

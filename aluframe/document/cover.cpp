@@ -185,8 +185,8 @@ void write_cover(HtmlWriter& html, const run::DocumentContent& content) {
     if (!project.empty()) write_facts(html, texts::translated("Project"), project);
     write_facts(html, texts::translated("Calculation"), calculation_facts(content));
     const bool holds = content.told.worst && content.told.over == 0 && !is_buckling(content) &&
-                       !is_displaced_too_far(content) &&
-                       without_check(content) == 0 && !is_over_safe(content);
+                       !is_displaced_too_far(content) && without_check(content) == 0 &&
+                       !is_over_safe(content);
     html.leaf("p", {{"class", holds ? "verdict" : "verdict over"}}, verdict_text(content));
     html.element("ul", [&] {
       for (const std::string& text : other_verdicts(content)) html.leaf("li", text);

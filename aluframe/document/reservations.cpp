@@ -167,8 +167,9 @@ void write_buckling(HtmlWriter& html, const run::DocumentContent& content) {
 
 void write_serviceability(HtmlWriter& html, const run::DocumentContent& content) {
   if (content.told.displacements.empty()) {
-    html.leaf("p", texts::translated("The model has no combination for serviceability: nobody looked "
-                                     "at how far it is displaced."));
+    html.leaf("p",
+              texts::translated("The model has no combination for serviceability: nobody looked "
+                                "at how far it is displaced."));
     return;
   }
   write_table(html,

@@ -19,8 +19,8 @@ using Source = model::CombinationTerm::Source;
 constexpr auto load_case_fields =
     std::to_array<std::string_view>({"number", "name", "kind", "self_weight", "nodal", "span",
                                      "points", "temperature", "settlements", "action", "area"});
-constexpr auto combination_fields =
-    std::to_array<std::string_view>({"number", "name", "kind", "terms", "seismic", "design", "serviceability"});
+constexpr auto combination_fields = std::to_array<std::string_view>(
+    {"number", "name", "kind", "terms", "seismic", "design", "serviceability"});
 constexpr auto term_fields = std::to_array<std::string_view>({"case", "combination", "factor"});
 /// Bytes of a message that lists the combinations of a cycle, which may be thousands.
 constexpr std::size_t longest_cycle = 200;
@@ -54,8 +54,7 @@ model::Combination read_combination(const JsonObject& object, const model::Model
   });
   object.part([&] { combination.seismic = object.boolean_or("seismic", false); });
   object.part([&] { combination.design = object.boolean_or("design", true); });
-  object.part(
-      [&] { combination.serviceability = object.boolean_or("serviceability", false); });
+  object.part([&] { combination.serviceability = object.boolean_or("serviceability", false); });
   const JsonValue terms = object.required("terms");
   read_items(terms,
              [&](const JsonValue& term) { combination.terms.push_back(read_term(term, model)); });

@@ -11,8 +11,7 @@ namespace aluframe::io {
 namespace {
 
 constexpr auto deflection_fields = std::to_array<std::string_view>({"span", "absolute"});
-constexpr auto drift_fields =
-    std::to_array<std::string_view>({"name", "lower", "upper", "height"});
+constexpr auto drift_fields = std::to_array<std::string_view>({"name", "lower", "upper", "height"});
 constexpr auto displacement_fields =
     std::to_array<std::string_view>({"nodes", "direction", "absolute"});
 
@@ -38,8 +37,8 @@ model::DriftLimit read_drift_limit(const JsonValue& value, const model::Model& m
   limit.lower = read_reference(object.required("lower"), model.nodes, "node");
   limit.upper = read_reference(object.required("upper"), model.nodes, "node");
   if (model.nodes.find(limit.upper)->z <= model.nodes.find(limit.lower)->z) {
-    object.required("upper").fail(texts::translated("node {} does not lie above node {}",
-                                                    limit.upper, limit.lower));
+    object.required("upper").fail(
+        texts::translated("node {} does not lie above node {}", limit.upper, limit.lower));
   }
   limit.height = read_share(object.required("height"));
   return limit;
@@ -111,7 +110,8 @@ void read_serviceability(const JsonObject& root, const Scales& scales, model::Mo
     });
   }
   const auto limit = first_limit(root);
-  if (limit && !any_lost(*limit, &model.combinations) && std::ranges::none_of(model.combinations, &model::Combination::serviceability)) {
+  if (limit && !any_lost(*limit, &model.combinations) &&
+      std::ranges::none_of(model.combinations, &model::Combination::serviceability)) {
     limit->fail(texts::translated(
         "there is no combination for serviceability to which it applies: mark those with "
         "\"serviceability\": true, or have them made by rule"));

@@ -21,8 +21,8 @@ constexpr auto element_fields = std::to_array<std::string_view>(
      "releases", "design"});
 constexpr auto orientation_fields = std::to_array<std::string_view>({"vector", "node"});
 constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"});
-constexpr auto member_fields =
-    std::to_array<std::string_view>({"number", "name", "elements", "length_factors", "deflection_limit"});
+constexpr auto member_fields = std::to_array<std::string_view>(
+    {"number", "name", "elements", "length_factors", "deflection_limit"});
 
 /// Nodes closer than this stand at the same point: no profile is that short, and the direction of
 /// such an element would be noise.
@@ -151,8 +151,8 @@ model::Element read_element(const JsonObject& object, const Scales& scales,
 /// Elements that a member has taken, with its number.
 using Owners = std::unordered_map<model::Number, model::Number>;
 
-model::Member read_member(const JsonObject& object, const Scales& scales,
-                          const model::Model& model, Owners& owners) {
+model::Member read_member(const JsonObject& object, const Scales& scales, const model::Model& model,
+                          Owners& owners) {
   model::Member member;
   object.part([&] { member.number = object.required("number").entity_number(); });
   object.part([&] { member.name = object.plain_text_or("name", ""); });

@@ -93,8 +93,7 @@ class Rows {
   }
 
   void add_drift(const model::DriftLimit& limit, const deflections::Drift& found) {
-    const double height =
-        model_.nodes.find(limit.upper)->z - model_.nodes.find(limit.lower)->z;
+    const double height = model_.nodes.find(limit.upper)->z - model_.nodes.find(limit.lower)->z;
     add_of_nodes({.kind = DisplacementKind::drift,
                   .name = limit.name,
                   .first_node = limit.lower,
@@ -107,11 +106,12 @@ class Rows {
 
   void add_node(const deflections::NodeDisplacement& found) {
     const model::DisplacementLimit& limit = model_.serviceability.displacements[found.limit];
-    add_of_nodes({.kind = DisplacementKind::node,
-                  .first_node = model_.nodes[found.node].number,
-                  .direction = std::string(io::name_in(io::displacement_directions, limit.direction)),
-                  .limit = limit.absolute},
-                 found.value, found.combination);
+    add_of_nodes(
+        {.kind = DisplacementKind::node,
+         .first_node = model_.nodes[found.node].number,
+         .direction = std::string(io::name_in(io::displacement_directions, limit.direction)),
+         .limit = limit.absolute},
+        found.value, found.combination);
   }
 
   void add_of_nodes(DisplacementRow row, double value, model::Number combination) {
@@ -164,7 +164,8 @@ std::string passed_text(const DisplacementRow& row) {
   if (row.direction == "total" || row.direction == "horizontal") {
     return fmt::format(texts::translatable("{} mm, of {} mm allowed"), value, limit);
   }
-  return fmt::format(texts::translatable("{} mm along {}, of {} mm allowed"), value, row.direction, limit);
+  return fmt::format(texts::translatable("{} mm along {}, of {} mm allowed"), value, row.direction,
+                     limit);
 }
 
 void add_elements(const DisplacementRow& row, std::set<model::Number>& elements) {
@@ -193,11 +194,12 @@ std::optional<store::RemarkRow> remark_on_passed(const std::vector<DisplacementR
   remark.elements = model::join_as_ranges({elements.begin(), elements.end()});
   remark.combination = worst->combination;
   const char* const text =
-      subjects.size() == 1
-          ? texts::translatable("a limit of displacements is passed: {}, {} under combination {}; "
-                                "stiffen, shorten or hold it")
-          : texts::translatable("limits of displacements are passed, the worst: {}, {} under "
-                                "combination {}; stiffen, shorten or hold them");
+      subjects.size() == 1 ? texts::translatable(
+                                 "a limit of displacements is passed: {}, {} under combination {}; "
+                                 "stiffen, shorten or hold it")
+                           : texts::translatable(
+                                 "limits of displacements are passed, the worst: {}, {} under "
+                                 "combination {}; stiffen, shorten or hold them");
   remark.text = fmt::format(fmt::runtime(text), subject_text(*worst), passed_text(*worst),
                             worst->combination.value_or(0));
   return remark;
@@ -239,9 +241,9 @@ std::vector<store::RemarkRow> remarks_on_unknown(const RunDisplacements& displac
     store::RemarkRow remark;
     remark.kind = unknown_displacements;
     remark.combination = unknown.combination;
-    remark.text = fmt::format(texts::translatable("displacements under {} are unknown: {}"),
-                              combinations_text(displacements.unknown, unknown.reason),
-                              unknown.reason);
+    remark.text =
+        fmt::format(texts::translatable("displacements under {} are unknown: {}"),
+                    combinations_text(displacements.unknown, unknown.reason), unknown.reason);
     remarks.push_back(std::move(remark));
   }
   return remarks;

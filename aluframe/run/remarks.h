@@ -17,9 +17,9 @@ inline constexpr const char* unknown_between_ends = "ends";
 std::string growth_remark(const std::string& subjects, const std::string& worst, double share,
                           const std::string& moves);
 
-/// Everything that follows from the prepared input alone, a row a kind: magnitudes, welds, length factors, ends
-/// taken as free, elements that count as vertical, torsion constants, forces without inner
-/// positions, envelopes checked by their extremes. Kinds are those of docs/warnings.md.
+/// Everything that follows from the prepared input alone, a row a kind: magnitudes, welds, length
+/// factors, ends taken as free, elements that count as vertical, torsion constants, forces without
+/// inner positions, envelopes checked by their extremes. Kinds are those of docs/warnings.md.
 std::vector<store::RemarkRow> input_remarks(const Input& input);
 
 }  // namespace aluframe::run

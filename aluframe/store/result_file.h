@@ -135,9 +135,9 @@ struct DisplacementRow {
   bool is_cantilever = false;
   /// Of a deflection "y" or "z" of the elements; else "X", "Y", "Z", "horizontal" or "total".
   std::string direction = {};
-  std::optional<double> length = {};  ///< of the span, or the height of a drift
-  std::optional<double> value = {};   ///< signed along an axis; nothing: unknown
-  std::optional<double> limit = {};   ///< nothing: it is stated and not judged
+  std::optional<double> length = {};              ///< of the span, or the height of a drift
+  std::optional<double> value = {};               ///< signed along an axis; nothing: unknown
+  std::optional<double> limit = {};               ///< nothing: it is stated and not judged
   std::optional<std::uint32_t> combination = {};  ///< that causes it; nothing: none moves it
   std::optional<std::uint32_t> element = {};      ///< of a deflection: where it is reached
   std::optional<double> from_start = {};          ///< from the start of that element

@@ -52,9 +52,10 @@ RowWriter::RowWriter(const std::filesystem::path& path)
       insert_finished_(database_, "INSERT INTO finished VALUES (?, ?, ?, ?)"),
       insert_remark_(database_, "INSERT INTO remark VALUES (NULL, ?, ?, ?, ?, ?, ?)"),
       insert_buckling_(database_, "INSERT INTO buckling VALUES (?, ?, ?, ?, ?, ?)"),
-      insert_displacement_(database_,
-                           "INSERT INTO displacement VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
-                           "?, ?, ?, ?)"),
+      insert_displacement_(
+          database_,
+          "INSERT INTO displacement VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+          "?, ?, ?, ?)"),
       records_(database_) {
   note_elements();
   begin();

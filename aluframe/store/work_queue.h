@@ -25,7 +25,8 @@ struct ElementWork {
   std::optional<ElementNotes> notes;      ///< nothing: the run is not through with it
 };
 
-using Work = std::variant<ElementWork, RemarkRow, BucklingRow, DisplacementRow, CommitMark, RunState>;
+using Work =
+    std::variant<ElementWork, RemarkRow, BucklingRow, DisplacementRow, CommitMark, RunState>;
 
 /// Hands work from one producer to one consumer, in order, and the consumer's first error back.
 ///

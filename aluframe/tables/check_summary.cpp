@@ -141,7 +141,8 @@ void add_displacements(const run::CheckResult& result, Add add) {
   const auto& rows = result.displacements;
   const store::DisplacementRow* worst = run::worst_displacement(rows);
   const auto over = std::ranges::count_if(rows, run::exceeds_limit);
-  add("displacements_over_limit", worst != nullptr ? Cell(static_cast<std::int64_t>(over)) : Cell());
+  add("displacements_over_limit",
+      worst != nullptr ? Cell(static_cast<std::int64_t>(over)) : Cell());
   add("displacement_ratio", worst != nullptr ? Cell(*run::ratio_of(*worst)) : Cell());
   add("displacement", worst != nullptr ? Cell(run::subject_text(*worst)) : Cell());
   add("displacement_combination", worst != nullptr && worst->combination

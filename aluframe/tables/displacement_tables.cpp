@@ -97,14 +97,13 @@ OutputTable displacement_table(const std::vector<DisplacementRow>& rows) {
     table.columns.push_back({.key = key, .heading = key});
   }
   for (const DisplacementRow& row : rows) {
-    table.rows.push_back({std::string(store::name_of(row.kind)), number_cell(row.member),
-                          text_or_nothing(row.elements), text_or_nothing(row.name),
-                          std::int64_t{row.first_node}, number_cell(row.second_node),
-                          row.is_cantilever, row.direction, value_cell(row.length),
-                          value_cell(row.value), value_cell(run::span_share(row)),
-                          value_cell(row.limit), value_cell(run::ratio_of(row)),
-                          number_cell(row.combination), number_cell(row.element),
-                          value_cell(row.from_start), value_cell(row.absolute)});
+    table.rows.push_back(
+        {std::string(store::name_of(row.kind)), number_cell(row.member),
+         text_or_nothing(row.elements), text_or_nothing(row.name), std::int64_t{row.first_node},
+         number_cell(row.second_node), row.is_cantilever, row.direction, value_cell(row.length),
+         value_cell(row.value), value_cell(run::span_share(row)), value_cell(row.limit),
+         value_cell(run::ratio_of(row)), number_cell(row.combination), number_cell(row.element),
+         value_cell(row.from_start), value_cell(row.absolute)});
   }
   return table;
 }

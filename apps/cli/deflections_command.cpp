@@ -20,16 +20,15 @@ int run_deflections_command(const DeflectionsOptions& options) {
   }
   const auto read = run::read_input(options.input);
   if (const auto* problem = std::get_if<run::Problem>(&read)) return stop(*problem);
-  const auto found =
-      run::find_displacements(std::get<run::Input>(read), options.combinations);
+  const auto found = run::find_displacements(std::get<run::Input>(read), options.combinations);
   if (const auto* problem = std::get_if<run::Problem>(&found)) return stop(*problem);
   const auto& displacements = std::get<run::RunDisplacements>(found);
   for (const store::RemarkRow& remark : run::remarks_on_unknown(displacements)) {
     print_message(texts::sentence_in_words(remark.text));
   }
   const bool colour = !options.output && stdout_wants_colour();
-  return write_output(
-      tables::render_displacements(displacements.rows, options.format, colour), options.output);
+  return write_output(tables::render_displacements(displacements.rows, options.format, colour),
+                      options.output);
 }
 
 }  // namespace aluframe::cli

@@ -98,7 +98,8 @@ ShownTable table_of_results(TableKind kind, const run::ShownResults& results,
     case TableKind::displacements:
       return about_lists(
           tables::displacement_overview(told.displacements), model,
-          texts::translated("The model had no combination for serviceability when it was checked."));
+          texts::translated(
+              "The model had no combination for serviceability when it was checked."));
     default:
       return about_lists(tables::stored_buckling_table(told.buckling_factors), model,
                          texts::translated("The run did not look at the buckling of the frame."));

@@ -31,10 +31,10 @@ enum class TableKind {
 
 /// In the order of the chooser: results, then the model.
 inline constexpr std::array all_tables{
-    TableKind::overview,    TableKind::checks,   TableKind::forces,    TableKind::not_checked,
-    TableKind::remarks,     TableKind::buckling, TableKind::displacements, TableKind::nodes,     TableKind::elements,
-    TableKind::members,     TableKind::sections, TableKind::materials, TableKind::load_cases,
-    TableKind::combinations};
+    TableKind::overview,   TableKind::checks,      TableKind::forces,        TableKind::not_checked,
+    TableKind::remarks,    TableKind::buckling,    TableKind::displacements, TableKind::nodes,
+    TableKind::elements,   TableKind::members,     TableKind::sections,      TableKind::materials,
+    TableKind::load_cases, TableKind::combinations};
 
 /// In the language in use.
 QString name_of(TableKind kind);

@@ -1,5 +1,6 @@
 // Deflections of first order are linear in the loads, do not depend on the order of load cases and
-// states, and are those of each element cut into 64, as far as the rounding of so fine a mesh lets it be seen.
+// states, and are those of each element cut into 64, as far as the rounding of so fine a mesh lets
+// it be seen.
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 

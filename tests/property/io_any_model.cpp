@@ -275,8 +275,7 @@ void add_limits(Model& model) {
   limits.deflection = any_optional(any_deflection_limit);
   if (limits.deflection == DeflectionLimit()) limits.deflection.reset();
   if (any_flag()) {
-    limits.drifts.push_back(
-        {any_name(), node_number(0), node_number(1), any_between(10, 1e4)});
+    limits.drifts.push_back({any_name(), node_number(0), node_number(1), any_between(10, 1e4)});
   }
   if (any_flag()) {
     limits.displacements.push_back(

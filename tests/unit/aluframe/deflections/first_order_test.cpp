@@ -116,10 +116,10 @@ TEST(Deflections, LoadOnTheMiddleHalf) {
   // load: q·(5L⁴ - 24a²L² + 16a⁴)/(384·EI).
   const auto z = only_span(loaded(simple_beam(length), span_load(-q, -q, 0.25, 0.75)), 1);
   const double a = length / 4;
-  EXPECT_THAT(z.relative.value, near(-q *
-                                     (5 * std::pow(length, 4) - 24 * a * a * length * length +
-                                      16 * std::pow(a, 4)) /
-                                     (384 * ei_y)));
+  EXPECT_THAT(
+      z.relative.value,
+      near(-q * (5 * std::pow(length, 4) - 24 * a * a * length * length + 16 * std::pow(a, 4)) /
+           (384 * ei_y)));
 }
 
 TEST(Deflections, MomentAtTheEnd) {

@@ -19,7 +19,8 @@ inline std::vector<State> first_case(double factor = 1.0) {
 inline AxisDeflection only_span(const model::Model& model, std::size_t axis,
                                 const std::vector<State>& states = first_case()) {
   const Deflections found = find_deflections(model, states);
-  if (found.of_spans.size() != 1 || !found.unknown.empty()) throw std::runtime_error("not one span");
+  if (found.of_spans.size() != 1 || !found.unknown.empty())
+    throw std::runtime_error("not one span");
   return found.of_spans[0][axis];
 }
 

@@ -29,8 +29,8 @@ const double euler = std::pow(std::numbers::pi / length, 2) * ei_z;
 /// Deflection in the middle under a compression p.
 double compressed(double p) {
   const double u = length / 2 * std::sqrt(p / ei_y);
-  return 5 * q * std::pow(length, 4) / (384 * ei_y) * 12 *
-         (2 / std::cos(u) - 2 - u * u) / (5 * std::pow(u, 4));
+  return 5 * q * std::pow(length, 4) / (384 * ei_y) * 12 * (2 / std::cos(u) - 2 - u * u) /
+         (5 * std::pow(u, 4));
 }
 
 TEST(SecondOrderDeflections, GrowByCompression) {

@@ -256,7 +256,8 @@ TEST_F(SavedModel, ThatAnotherProgramSavesMeanwhileKeepsWhatThatHasSaved) {
   };
   const auto problem = change_model_file(file_, choose);
   ASSERT_TRUE(problem.has_value());
-  EXPECT_THAT(message_by_paths(*problem), HasSubstr("another program has changed it meanwhile; try again"));
+  EXPECT_THAT(message_by_paths(*problem),
+              HasSubstr("another program has changed it meanwhile; try again"));
   EXPECT_EQ(problem->kind, Problem::Kind::failure);
   EXPECT_EQ(content(), saved);
 }
