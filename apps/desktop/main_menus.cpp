@@ -45,10 +45,6 @@ QString plain_name(QString text) {
   return text.remove(accelerator);
 }
 
-QString to_qt(const std::filesystem::path& path) {
-  return QString::fromStdString(path.string());
-}
-
 /// A menu of which one entry holds.
 class Choice {
  public:
@@ -247,7 +243,7 @@ void MainWindow::show_recent() {
 }
 
 void MainWindow::note_recent(const std::filesystem::path& path) {
-  const QString file = to_qt(std::filesystem::absolute(path).lexically_normal());
+  const QString file = path_text(std::filesystem::absolute(path).lexically_normal());
   QSettings settings;
   QStringList files = settings.value(recent_key()).toStringList();
   files.removeAll(file);
@@ -257,13 +253,13 @@ void MainWindow::note_recent(const std::filesystem::path& path) {
 
 void MainWindow::choose_save_as() {
   const QString path = QFileDialog::getSaveFileName(
-      this, ui_text(translatable("Save the model as")), to_qt(workspace_.document()->path()),
+      this, ui_text(translatable("Save the model as")), path_text(workspace_.document()->path()),
       ui_text(translatable("Model files (*.json);;All files (*)")));
   if (!path.isEmpty()) save_as(path.toStdString());
 }
 
 QStringList MainWindow::picture_caption() const {
-  QStringList lines{to_qt(workspace_.document()->path().filename())};
+  QStringList lines{path_text(workspace_.document()->path().filename())};
   if (!workspace_.model().title.empty()) {
     lines[0] += QStringLiteral(" \u2013 ") + QString::fromStdString(workspace_.model().title);
   }
@@ -277,7 +273,7 @@ QStringList MainWindow::picture_caption() const {
 void MainWindow::save_picture() {
   std::filesystem::path file = workspace_.document()->path();
   file.replace_extension(".png");
-  const auto path = choose_picture_file(this, to_qt(file));
+  const auto path = choose_picture_file(this, path_text(file));
   if (!path) return;
   const QImage picture = captioned(view_->picture(), picture_caption());
   if (const auto problem = write_picture_file(picture, *path)) {
@@ -290,8 +286,8 @@ void MainWindow::write_document() {
   std::filesystem::path file = workspace_.document()->path();
   file.replace_extension(".html");
   const QString path =
-      QFileDialog::getSaveFileName(this, ui_text(translatable("Calculation document")), to_qt(file),
-                                   ui_text(translatable("Web pages (*.html)")));
+      QFileDialog::getSaveFileName(this, ui_text(translatable("Calculation document")),
+                                   path_text(file), ui_text(translatable("Web pages (*.html)")));
   if (path.isEmpty()) return;
   const QStringList details{ui_text(translatable("summary, without derivations")),
                             ui_text(translatable("derivation of the governing checks")),
@@ -306,7 +302,7 @@ void MainWindow::write_document() {
 }
 
 void MainWindow::edit_file() {
-  if (!QDesktopServices::openUrl(QUrl::fromLocalFile(to_qt(workspace_.document()->path())))) {
+  if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path_text(workspace_.document()->path())))) {
     show_problem(this, texts::translated("{}: no program opened the file",
                                          workspace_.document()->path().string()));
   }

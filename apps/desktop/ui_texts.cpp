@@ -9,4 +9,8 @@ QString ui_text(std::string_view english) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QString path_text(const std::filesystem::path& path) {
+  return QString::fromStdString(path.string());
+}
+
 }  // namespace aluframe::desktop
