@@ -11,15 +11,19 @@ namespace {
 constexpr std::size_t degree = 5;
 using Coefficients = Eigen::Matrix<double, 6, 6>;
 
+/// A whole number to the power of another, exact.
+int power(int base, int exponent) {
+  return exponent == 0 ? 1 : base * power(base, exponent - 1);
+}
+
 /// Values of the six Bernstein polynomials, in columns, at 0, 1/5, ... 1.
 Coefficients bernstein_values() {
-  constexpr std::array<double, 6> binomial{1, 5, 10, 10, 5, 1};
+  constexpr std::array<int, 6> binomial{1, 5, 10, 10, 5, 1};
   Coefficients values;
   for (int i = 0; i <= 5; ++i) {
-    const double t = i / 5.0;
     for (int j = 0; j <= 5; ++j) {
-      values(i, j) =
-          binomial[static_cast<std::size_t>(j)] * std::pow(t, j) * std::pow(1.0 - t, 5 - j);
+      values(i, j) = binomial[static_cast<std::size_t>(j)] * power(i, j) * power(5 - i, 5 - j) /
+                     static_cast<double>(power(5, 5));
     }
   }
   return values;

@@ -62,13 +62,24 @@ double bound_of(const analysis::Bernstein& polynomial) {
   return bound;
 }
 
+/// Of what differs by rounding alone the first is told, whatever the compiler rounds.
+constexpr double margin = 1e-10;
+
+bool is_larger(double value, double than) {
+  return std::abs(value) > std::abs(than) * (1.0 + margin);
+}
+
 class Search {
  public:
   Search(const model::Model& model, Deflections& out)
       : model_(model), geometry_(analysis::element_geometry(forces::frame_of(model))), out_(out) {}
 
-  void take(const Displacements& displacements) {
-    for (std::size_t i = 0; i < out_.spans.size(); ++i) take_span(displacements, i);
+  void take(const Displacements& displacements, const GoesOn& goes_on = {}) {
+    const auto spans = static_cast<int>(out_.spans.size());
+    for (int i = 0; i < spans; ++i) {
+      if (goes_on && !goes_on(i, spans)) return;
+      take_span(displacements, static_cast<std::size_t>(i));
+    }
     take_drifts(displacements);
     take_nodes(displacements);
   }
@@ -101,9 +112,9 @@ class Search {
         const auto row = static_cast<Eigen::Index>(12 * piece) + 6 * axis;
         analysis::Bernstein polynomial = coefficients(shapes.across, row, state);
         const auto improve = [&](Extreme& extreme) {
-          if (!(bound_of(polynomial) > std::abs(extreme.value))) return;
+          if (!is_larger(bound_of(polynomial), extreme.value)) return;
           const analysis::Peak peak = analysis::peak_of(polynomial);
-          if (!(std::abs(peak.value) > std::abs(extreme.value))) return;
+          if (!is_larger(peak.value, extreme.value)) return;
           extreme = {peak.value, element, from + peak.part * (to - from), combination};
         };
         AxisDeflection& of_axis = best[static_cast<std::size_t>(axis)];
@@ -124,7 +135,7 @@ class Search {
                                      displacements.of_node(model_.nodes.position(limits[i].lower));
       for (Eigen::Index state = 0; state < apart.cols(); ++state) {
         const double drift = apart.col(state).head<2>().norm();
-        if (drift > out_.drifts[i].value) {
+        if (is_larger(drift, out_.drifts[i].value)) {
           out_.drifts[i] = {drift, displacements.combinations()[static_cast<std::size_t>(state)]};
         }
       }
@@ -153,7 +164,7 @@ class Search {
       const auto direction = model_.serviceability.displacements[node.limit].direction;
       for (Eigen::Index state = 0; state < all.cols(); ++state) {
         const double value = along(direction, all.col(state));
-        if (std::abs(value) > std::abs(node.value)) {
+        if (is_larger(value, node.value)) {
           node.value = value;
           node.combination = displacements.combinations()[static_cast<std::size_t>(state)];
         }
@@ -188,7 +199,8 @@ std::string large_text() {
 
 }  // namespace
 
-Deflections find_deflections(const model::Model& model, const std::vector<State>& states) {
+Deflections find_deflections(const model::Model& model, const std::vector<State>& states,
+                             const GoesOn& goes_on) {
   Deflections out = without_values(model);
   Search search(model, out);
   if (!model.analysis.second_order) {
@@ -197,10 +209,12 @@ Deflections find_deflections(const model::Model& model, const std::vector<State>
       for (const State& state : states) out.unknown.push_back({state.combination, problem->text});
       return out;
     }
-    search.take(*std::get<std::unique_ptr<Displacements>>(found));
+    search.take(*std::get<std::unique_ptr<Displacements>>(found), goes_on);
     return out;
   }
+  int done = 0;
   for (const State& state : states) {
+    if (goes_on && !goes_on(done++, static_cast<int>(states.size()))) return out;
     const auto found = second_order_displacements(model, state);
     if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
       out.unknown.push_back({state.combination, problem->text});

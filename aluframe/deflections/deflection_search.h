@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,10 @@ struct Deflections {
   std::vector<Unknown> unknown;
 };
 
+/// Asked between steps of the search; when it says no, the rest is not looked at, and what is found
+/// is of no use.
+using GoesOn = std::function<bool(int done, int total)>;
+
 /// The largest deflections of all spans, and what the model's limits of drifts and displacements
 /// ask for, over the states.
 ///
@@ -66,7 +71,9 @@ struct Deflections {
 /// analysed by itself; frames whose forces follow large displacements have their deflections by
 /// second order as well.
 ///
-/// The model's forces, given or computed, are not read.
-Deflections find_deflections(const model::Model& model, const std::vector<State>& states);
+/// Of deflections that differ by rounding alone the first is told. The model's forces, given or
+/// computed, are not read.
+Deflections find_deflections(const model::Model& model, const std::vector<State>& states,
+                             const GoesOn& goes_on = {});
 
 }  // namespace aluframe::deflections

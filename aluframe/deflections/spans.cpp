@@ -4,9 +4,11 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <unordered_set>
 #include <utility>
 
 #include "aluframe/members/cantilever_ends.h"
+#include "aluframe/members/find_members.h"
 #include "aluframe/model/members.h"
 
 namespace aluframe::deflections {
@@ -22,6 +24,19 @@ bool holds(const model::Support* support) {
   return false;
 }
 
+/// The structure alone: that elements are designed one by one does not part what bends together.
+model::Model undesigned(const model::Model& model) {
+  model::Model frame;
+  frame.nodes = model.nodes;
+  frame.supports = model.supports;
+  frame.members = model.members;
+  for (model::Element element : model.elements) {
+    element.design = {};
+    frame.elements.add(std::move(element));
+  }
+  return frame;
+}
+
 class SpanFinder {
  public:
   explicit SpanFinder(const model::Model& model)
@@ -31,8 +46,15 @@ class SpanFinder {
 
   std::vector<Span> find() && {
     for (const model::Member& member : model_.members) add_chain(member.number, member.elements);
+    std::unordered_set<model::Number> in_chain;
+    for (const model::Member& beam : members::find_members(undesigned(model_))) {
+      add_chain(0, beam.elements);
+      in_chain.insert(beam.elements.begin(), beam.elements.end());
+    }
     for (const model::Element& element : model_.elements) {
-      if (connectivity_.member_of(element.number) == nullptr) add_chain(0, {element.number});
+      const bool is_alone =
+          connectivity_.member_of(element.number) == nullptr && !in_chain.contains(element.number);
+      if (is_alone) add_chain(0, {element.number});
     }
     return std::move(spans_);
   }

@@ -23,7 +23,7 @@ struct Span {
     bool reversed = false;  ///< it runs against the span
   };
 
-  model::Number member = 0;  ///< 0: the element stands alone
+  model::Number member = 0;  ///< 0: elements without one
   std::vector<Element> elements;
   std::size_t start = 0, end = 0;  ///< places of its end nodes; of a cantilever the held one first
   double length = 0.0;             ///< straight from end to end, mm
@@ -34,11 +34,12 @@ struct Span {
   double counted_length() const { return kind == SpanKind::cantilever ? 2.0 * length : length; }
 };
 
-/// Spans of the members, in their order, then of elements without a member. A member that runs over
-/// supports has the parts between them, and counts as a whole besides unless an end hangs over,
-/// since a support may be soft. A member that ends where it starts has none. A span of which one
-/// end hangs on it alone (members::cantilever_ends) is a cantilever. What does not bend, axial-only
-/// elements by themselves, has none.
+/// Spans of the members, in their order, then of elements without a member: where some of them go
+/// on as members do (members::find_members), they bend as one. What runs over supports has the
+/// parts between them, and counts as a whole besides unless an end hangs over, since a support may
+/// be soft. What ends where it starts has none. A span of which one end hangs on it alone
+/// (members::cantilever_ends) is a cantilever. What does not bend, axial-only elements by
+/// themselves, has none.
 std::vector<Span> spans_of(const model::Model& model);
 
 /// The limit that holds for a span: of its member, or of all.

@@ -2,12 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
-
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
 #include "aluframe/run/deflections.h"
 #include "aluframe/run/not_checked.h"
+#include "aluframe/tables/displacement_tables.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
@@ -83,13 +82,11 @@ std::string millimetres(const std::optional<double>& value) {
 }
 
 std::vector<Cell> displacement_cells(const store::DisplacementRow& row) {
-  const auto share = run::span_share(row);
-  const char* const over = row.kind == store::DisplacementKind::drift ? "h" : "L";
   return {{texts::sentence_in_words(run::subject_text(row))},
           {row.name},
           {row.direction},
           {row.value ? millimetres(row.value) : texts::translated("unknown")},
-          {share ? fmt::format("{}/{:.0f}", over, std::floor(*share)) : ""},
+          {tables::share_text(row)},
           {millimetres(row.limit)},
           ratio_cell(run::ratio_of(row)),
           {number_text(row.combination)},

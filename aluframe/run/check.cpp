@@ -80,26 +80,43 @@ fs::path stored_at(const fs::path& results, const services::CheckSummary& summar
   return fs::exists(partial, ignored) ? partial : fs::path();
 }
 
-/// @return false when the user has stopped it
-bool find_buckling(const Input& input, const CheckOptions& options, CheckResult& result) {
+/// Shows the progress of a part of the run. @return false when the user has stopped it
+bool watched(const CheckOptions& options, const std::string& title,
+             const std::function<void(const GoesOn&)>& part) {
   services::ProgressListener* const progress = options.progress;
-  if (progress != nullptr) progress->started(texts::translated("Buckling of the frame"));
+  if (progress != nullptr) progress->started(title);
   bool is_cancelled = false;
-  RunBuckling buckling = buckling_of_run(input, [&](int done, int total) {
+  part([&](int done, int total) {
     is_cancelled = progress != nullptr && progress->advanced(done, total);
     return !is_cancelled;
   });
   if (progress != nullptr) progress->ended();
-  if (is_cancelled) return false;
+  return !is_cancelled;
+}
+
+/// @return false when the user has stopped it
+bool find_buckling(const Input& input, const CheckOptions& options, CheckResult& result) {
+  RunBuckling buckling;
+  const bool is_whole =
+      watched(options, texts::translated("Buckling of the frame"),
+              [&](const GoesOn& goes_on) { buckling = buckling_of_run(input, goes_on); });
+  if (!is_whole) return false;
   result.buckling_factors = std::move(buckling.rows);
   std::ranges::move(buckling.remarks, std::back_inserter(result.remarks));
   return true;
 }
 
-void find_displacements(const Input& input, CheckResult& result) {
-  RunDisplacements displacements = displacements_of_run(input);
+/// @return false when the user has stopped it
+bool find_displacements(const Input& input, const CheckOptions& options, CheckResult& result) {
+  if (!is_looked_at_in_use(input.model)) return true;
+  RunDisplacements displacements;
+  const bool is_whole =
+      watched(options, texts::translated("Displacements in use"),
+              [&](const GoesOn& goes_on) { displacements = displacements_of_run(input, goes_on); });
+  if (!is_whole) return false;
   std::ranges::move(displacement_remarks(displacements), std::back_inserter(result.remarks));
   result.displacements = std::move(displacements.rows);
+  return true;
 }
 
 }  // namespace
@@ -145,8 +162,8 @@ CheckResult check(const Input& input, const CheckOptions& options) {
   result.buckling = input.buckling;
   if (input.buckling == FrameBuckling::off) leave_out_buckling(session.setup);
   session.after_elements = [&] {
-    find_displacements(input, result);
-    return input.buckling == FrameBuckling::off || find_buckling(input, options, result);
+    return find_displacements(input, options, result) &&
+           (input.buckling == FrameBuckling::off || find_buckling(input, options, result));
   };
   session.before_finish = [&](store::ResultWriter& writer) {
     if (opinion) {

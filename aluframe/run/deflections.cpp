@@ -127,7 +127,8 @@ class Rows {
 };
 
 RunDisplacements displacements_under(const Input& input,
-                                     const std::vector<model::Number>& combinations) {
+                                     const std::vector<model::Number>& combinations,
+                                     const GoesOn& goes_on) {
   RunDisplacements out;
   if (combinations.empty()) return out;
   const BucklingSubjects subjects(input);
@@ -137,7 +138,8 @@ RunDisplacements displacements_under(const Input& input,
     for (const forces::LoadSet& set : subject.sets) states.push_back({number, set});
     if (!subject.unknown.empty()) out.unknown.push_back({number, subject.unknown});
   }
-  const deflections::Deflections found = deflections::find_deflections(input.model, states);
+  const deflections::Deflections found =
+      deflections::find_deflections(input.model, states, goes_on);
   for (const deflections::Unknown& unknown : found.unknown) {
     out.unknown.push_back({unknown.combination, unknown.reason});
   }
@@ -218,11 +220,15 @@ Result<RunDisplacements> find_displacements(const Input& input,
   const auto numbers = chosen_numbers(input, "--combinations", combinations, std::move(existing),
                                       texts::translated("combination for serviceability"));
   if (const auto* problem = std::get_if<Problem>(&numbers)) return *problem;
-  return displacements_under(input, std::get<std::vector<model::Number>>(numbers));
+  return displacements_under(input, std::get<std::vector<model::Number>>(numbers), {});
 }
 
-RunDisplacements displacements_of_run(const Input& input) {
-  return displacements_under(input, combinations_for_serviceability(input.model));
+bool is_looked_at_in_use(const model::Model& model) {
+  return !combinations_for_serviceability(model).empty();
+}
+
+RunDisplacements displacements_of_run(const Input& input, const GoesOn& goes_on) {
+  return displacements_under(input, combinations_for_serviceability(input.model), goes_on);
 }
 
 std::vector<store::RemarkRow> displacement_remarks(const RunDisplacements& displacements) {
@@ -260,9 +266,25 @@ bool exceeds_limit(const DisplacementRow& row) {
 }
 
 const DisplacementRow* worst_displacement(const std::vector<DisplacementRow>& rows) {
-  const auto found = std::ranges::max_element(
-      rows, {}, [](const DisplacementRow& row) { return ratio_of(row).value_or(-1.0); });
-  return found == rows.end() || !ratio_of(*found) ? nullptr : &*found;
+  constexpr double rounding = 1e-10;
+  const DisplacementRow* worst = nullptr;
+  for (const DisplacementRow& row : rows) {
+    const auto ratio = ratio_of(row);
+    if (!ratio) continue;
+    if (worst == nullptr || *ratio > *ratio_of(*worst) * (1.0 + rounding)) worst = &row;
+  }
+  return worst;
+}
+
+const DisplacementRow* largest_share(const std::vector<DisplacementRow>& rows) {
+  constexpr double rounding = 1e-10;
+  const DisplacementRow* largest = nullptr;
+  for (const DisplacementRow& row : rows) {
+    const auto share = span_share(row);
+    if (!share) continue;
+    if (largest == nullptr || *share < *span_share(*largest) * (1.0 - rounding)) largest = &row;
+  }
+  return largest;
 }
 
 std::optional<double> span_share(const DisplacementRow& row) {
@@ -273,9 +295,15 @@ std::optional<double> span_share(const DisplacementRow& row) {
 std::string subject_text(const DisplacementRow& row) {
   switch (row.kind) {
     case DisplacementKind::deflection:
-      return row.member ? fmt::format(texts::translatable("member {} (nodes {} to {})"),
-                                      *row.member, row.first_node, row.second_node.value_or(0))
-                        : fmt::format(texts::translatable("element {}"), row.elements);
+      if (row.member) {
+        return fmt::format(texts::translatable("member {} (nodes {} to {})"), *row.member,
+                           row.first_node, row.second_node.value_or(0));
+      }
+      if (row.elements.find_first_of("-,") != std::string::npos) {
+        return fmt::format(texts::translatable("elements {} (nodes {} to {})"), row.elements,
+                           row.first_node, row.second_node.value_or(0));
+      }
+      return fmt::format(texts::translatable("element {}"), row.elements);
     case DisplacementKind::drift:
       return fmt::format(texts::translatable("drift between nodes {} and {}"), row.first_node,
                          row.second_node.value_or(0));

@@ -30,9 +30,12 @@ struct RunDisplacements {
 Result<RunDisplacements> find_displacements(const Input& input,
                                             const model::NumberRanges& combinations);
 
+/// Whether a model has a combination for serviceability.
+bool is_looked_at_in_use(const model::Model& model);
+
 /// Those of all combinations for serviceability, whatever the run is limited to: limits hold for
 /// the frame.
-RunDisplacements displacements_of_run(const Input& input);
+RunDisplacements displacements_of_run(const Input& input, const GoesOn& goes_on);
 
 /// What an engineer is owed a word about: limits that are passed, with the remedy, and combinations
 /// under which nothing is known.
@@ -46,14 +49,17 @@ std::optional<double> ratio_of(const store::DisplacementRow& row);
 /// Whether a displacement passes its limit: the frame fails in use, whatever its strength is.
 bool exceeds_limit(const store::DisplacementRow& row);
 
-/// The row with the largest ratio; null where nothing is limited or known.
+/// The row with the largest ratio, the first of those that differ by rounding alone; null where
+/// nothing is limited or known.
 const store::DisplacementRow* worst_displacement(const std::vector<store::DisplacementRow>& rows);
+/// The same of the largest share of a span.
+const store::DisplacementRow* largest_share(const std::vector<store::DisplacementRow>& rows);
 
 /// Kind of the remark on combinations under which displacements are unknown.
 inline constexpr const char* unknown_displacements = texts::translatable("unknown displacements");
 
-/// "member 3 (nodes 1 to 5)", "element 7", "drift between nodes 1 and 9", "node 5"; in English, and
-/// translated as a sentence.
+/// "member 3 (nodes 1 to 5)", "elements 1-4 (nodes 1 to 5)", "element 7", "drift between nodes 1
+/// and 9", "node 5"; in English, and translated as a sentence.
 std::string subject_text(const store::DisplacementRow& row);
 
 /// The span over its deflection, as in L/250; nothing where nothing moves.

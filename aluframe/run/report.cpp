@@ -49,7 +49,7 @@ void add_buckling(const Input& input, store::ResultWriter& writer) {
 }
 
 void add_displacements(const Input& input, store::ResultWriter& writer) {
-  const RunDisplacements displacements = displacements_of_run(input);
+  const RunDisplacements displacements = displacements_of_run(input, {});
   for (const store::DisplacementRow& row : displacements.rows) writer.add_displacement(row);
   for (const store::RemarkRow& row : displacement_remarks(displacements)) writer.add_remark(row);
 }

@@ -29,26 +29,8 @@ Cell text_or_nothing(const std::string& text) {
   return text.empty() ? Cell() : Cell(text);
 }
 
-/// "L/412", of a drift "h/412"
-Cell share_cell(const DisplacementRow& row) {
-  const auto share = run::span_share(row);
-  if (!share) return {};
-  const char* const over = row.kind == store::DisplacementKind::drift ? "h" : "L";
-  return fmt::format("{}/{:.0f}", over, std::floor(*share));
-}
-
 Cell value_or_unknown(const DisplacementRow& row) {
   return row.value ? Cell(*row.value) : Cell(Phrase{texts::translatable("unknown")});
-}
-
-/// The largest share of a span that is not limited.
-const DisplacementRow* largest_share(const std::vector<DisplacementRow>& rows) {
-  const DisplacementRow* largest = nullptr;
-  for (const DisplacementRow& row : rows) {
-    const auto share = run::span_share(row);
-    if (share && (largest == nullptr || *share < *run::span_share(*largest))) largest = &row;
-  }
-  return largest;
 }
 
 /// "member 3 (nodes 1 to 5) moves 17.4 mm along z"
@@ -62,6 +44,13 @@ std::string place_text(const DisplacementRow& row) {
 }
 
 }  // namespace
+
+std::string share_text(const DisplacementRow& row) {
+  const auto share = run::span_share(row);
+  if (!share) return {};
+  const char* const over = row.kind == store::DisplacementKind::drift ? "h" : "L";
+  return fmt::format("{}/{:.0f}", over, std::floor(*share));
+}
 
 OutputTable displacement_overview(const std::vector<DisplacementRow>& rows) {
   OutputTable table;
@@ -79,11 +68,11 @@ OutputTable displacement_overview(const std::vector<DisplacementRow>& rows) {
       {.key = "absolute_mm", .heading = texts::translatable("from unloaded mm")},
       {.key = "elements", .heading = texts::translatable("elements")}};
   for (const DisplacementRow& row : rows) {
-    table.rows.push_back({Phrase{run::subject_text(row)}, text_or_nothing(row.name), row.direction,
-                          value_or_unknown(row), share_cell(row), value_cell(row.limit),
-                          value_cell(run::ratio_of(row)), number_cell(row.combination),
-                          number_cell(row.element), value_cell(row.from_start),
-                          value_cell(row.absolute), text_or_nothing(row.elements)});
+    table.rows.push_back(
+        {Phrase{run::subject_text(row)}, text_or_nothing(row.name), row.direction,
+         value_or_unknown(row), text_or_nothing(share_text(row)), value_cell(row.limit),
+         value_cell(run::ratio_of(row)), number_cell(row.combination), number_cell(row.element),
+         value_cell(row.from_start), value_cell(row.absolute), text_or_nothing(row.elements)});
   }
   return table;
 }
@@ -125,7 +114,7 @@ std::string displacement_line(const std::vector<DisplacementRow>& rows) {
   if (std::ranges::none_of(rows, [](const auto& row) { return row.value.has_value(); })) {
     return texts::translated("unknown");
   }
-  const DisplacementRow* const largest = largest_share(rows);
+  const DisplacementRow* const largest = run::largest_share(rows);
   if (largest == nullptr) return texts::translated("nothing moves");
   return texts::translated("1/{:.0f} of the span ({}, combination {}), no limit given",
                            std::floor(*run::span_share(*largest)), place_text(*largest),

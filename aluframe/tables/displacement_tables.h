@@ -8,6 +8,9 @@
 
 namespace aluframe::tables {
 
+/// "L/412", of a drift "h/412"; empty where nothing moves or has a length.
+std::string share_text(const store::DisplacementRow& row);
+
 /// Displacements under the combinations for serviceability as a terminal shows them: what, along
 /// which axis, how far, as a share of the span, against its limit, when and where. In mm.
 OutputTable displacement_overview(const std::vector<store::DisplacementRow>& rows);

@@ -8,12 +8,14 @@
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/told.h"
 #include "aluframe/tables/buckling_tables.h"
 #include "aluframe/tables/displacement_tables.h"
 #include "aluframe/tables/not_checked_tables.h"
 #include "aluframe/tables/remark_tables.h"
 #include "aluframe/tables/result_tables.h"
+#include "aluframe/texts/sentence.h"
 #include "aluframe/texts/text.h"
 #include "apps/cli/output_file.h"
 #include "apps/cli/terminal.h"
@@ -150,6 +152,11 @@ std::string displacements_text(store::ResultReader& reader, const ResultsOptions
   if (rows.empty()) {
     throw InputError{
         texts::translated("the model had no combination for serviceability when it was checked")};
+  }
+  for (const store::RemarkRow& remark : reader.remarks()) {
+    if (remark.kind == run::unknown_displacements) {
+      print_message(texts::sentence_in_words(remark.text));
+    }
   }
   return tables::render_displacements(rows, options.format,
                                       !options.output && stdout_wants_colour());

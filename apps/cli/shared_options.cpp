@@ -104,8 +104,9 @@ std::optional<run::SecondOpinion> parse_second_opinion(const std::string& word) 
 void add_strict(CLI::App& command, run::Strictness& strict) {
   command.add_flag("--strict{checks}")
       ->description(texts::translated(
-          "Exit with status 4 when a ratio exceeds 1; --strict=safe also looks at safe ratios and "
-          "at what is not checked or not known"))
+          "Exit with status 4 when a ratio exceeds 1, the frame buckles or a displacement passes "
+          "its "
+          "limit; --strict=safe also looks at safe ratios and at what is not checked or not known"))
       ->each([&strict](const std::string& word) {
         strict = one_of(parse_strictness, "checks, safe")("--strict", word);
       });

@@ -91,6 +91,25 @@ def test_a_member_has_its_own_limit_or_none(sagging):
         assert (row["member"], row["name"], row["limit_mm"]) == (5, "rail", allowed and near(allowed))
 
 
+def test_a_beam_in_pieces_that_are_no_member_bends_as_one(sagging):
+    """Each piece by itself would bend by a fraction of it, and pass its limit."""
+    sagging.model["nodes"].append({"number": 3, "x": SPAN / 2000, "y": 0, "z": 3})
+    first = sagging.model["elements"][0]
+    pieces = [first | {"number": 1, "nodes": [1, 3]}, first | {"number": 2, "nodes": [3, 2]}]
+    load = {"span": [{"elements": [1, 2], "direction": "Z", "value": -6}]}
+    down = rows_of(sagging, elements=pieces, members=[], deflection_limit={"span": 200}, combinations=[combination(1, (1, 1.0))],
+                   load_cases=[{"number": 1} | load])[1]
+    assert (down["member"], down["elements"]) == (None, "1-2")
+    assert (down["value_mm"], down["limit_mm"]) == (near(-UNIFORM), near(20))
+
+
+def test_results_are_told_to_be_old_when_a_limit_changes(sagging):
+    sagging.write(sagging.model | {"deflection_limit": {"span": 100}})
+    sagging("check", "frame.json", status=2)  # no check covers its section
+    sagging.write(sagging.model | {"deflection_limit": {"span": 300}})
+    assert "these results are of another state of frame.json" in sagging("results", "frame.json", "--deflections").stderr
+
+
 def test_drifts_and_displacements_of_nodes(aluframe, beam):  # noqa: F811
     beam |= leaning_column(0)
     beam["combinations"] = [combination(1, (1, 1.0)), combination(2, (1, -2.0))]

@@ -19,7 +19,7 @@ bool any_flag() {
   return *rc::gen::arbitrary<bool>();
 }
 
-/// A chain of beams in space, clamped at its start and held at its end, of up to four elements.
+/// A chain of up to four beams in space, each a member, clamped at its start and held at its end.
 model::Model any_chain() {
   model::Model model = bare_model();
   const int count = *rc::gen::inRange(1, 5);
@@ -35,6 +35,10 @@ model::Model any_chain() {
     element.beta = any_between(-90, 90);
     element.released[11] = i == hinged;
     model.elements.add(element);
+    model::Member member;
+    member.number = number;
+    member.elements = {number};
+    model.members.add(member);
   }
   add_support(model, 1, clamped);
   add_support(model, static_cast<model::Number>(count + 1), {true, true, true, true, false, false});
@@ -115,6 +119,7 @@ model::CaseLoads loads_of_pieces(const model::CaseLoads& whole) {
 model::Model in_pieces(const model::Model& whole) {
   model::Model out = whole;
   out.elements = {};
+  out.members = {};
   for (const model::Element& element : whole.elements) {
     const model::Node start = *whole.nodes.find(element.nodes[0]);
     const model::Node end = *whole.nodes.find(element.nodes[1]);

@@ -28,6 +28,7 @@ COMMANDS = [
     "results MODEL --buckling --format json",
     "analyse MODEL",
     "analyse MODEL --format json",
+    "deflections MODEL --format json",
     "buckling MODEL --format json",
     "members MODEL",
     "members MODEL --format json",

@@ -40,31 +40,29 @@ model::Model beam() {
   return model;
 }
 
+/// The beam with the first entity of a table changed.
+template <class Entity, class Change>
+std::vector<Doubt> with_first(model::Table<Entity> model::Model::* table, Change change) {
+  model::Model model = beam();
+  Entity entity = (model.*table)[0];
+  change(entity);
+  (model.*table).replace(entity);
+  return doubts(model);
+}
+
 template <class Change>
 std::vector<Doubt> with_element(Change change) {
-  model::Model model = beam();
-  model::Element element = model.elements[0];
-  change(element);
-  model.elements.replace(element);
-  return doubts(model);
+  return with_first(&model::Model::elements, change);
 }
 
 template <class Change>
 std::vector<Doubt> with_section(Change change) {
-  model::Model model = beam();
-  model::Section section = model.sections[0];
-  change(section);
-  model.sections.replace(section);
-  return doubts(model);
+  return with_first(&model::Model::sections, change);
 }
 
 template <class Change>
 std::vector<Doubt> with_material(Change change) {
-  model::Model model = beam();
-  model::Material material = model.materials[0];
-  change(material);
-  model.materials.replace(material);
-  return doubts(model);
+  return with_first(&model::Model::materials, change);
 }
 
 std::vector<Doubt> with_length(double length) {

@@ -226,6 +226,27 @@ TEST(Deflections, CombinationsAddUpAndTheLargestGoverns) {
   EXPECT_THAT(z.relative.value, near(-2.2 * 5 * q * std::pow(length, 4) / (384 * ei_y)));
 }
 
+// Which of two spans bends further, of equals the first, does not hang on rounding; nor does the
+// state.
+TEST(Deflections, OfEqualStatesTheFirstIsTold) {
+  const model::Model model = loaded(simple_beam(length), uniform_load(-q));
+  const auto z = only_span(model, 1, {{3, {{0, 1.0}}}, {2, {{0, 1.0 + 1e-14}}}});
+  EXPECT_EQ(z.relative.combination, 3);
+}
+
+TEST(Deflections, SearchEndsWhereItIsToldTo) {
+  const model::Model model = cut(loaded(simple_beam(length), uniform_load(-q)), 2);
+  int asked = 0;
+  const Deflections found = find_deflections(model, first_case(), [&](int done, int total) {
+    ++asked;
+    EXPECT_EQ(done, 0);
+    EXPECT_EQ(total, 1);
+    return false;
+  });
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(found.of_spans[0][1].relative.value, 0.0);
+}
+
 TEST(Deflections, StateWithoutLoadsMovesNothing) {
   const auto z = only_span(loaded(simple_beam(length), uniform_load(-q)), 1, {{5, {}}});
   EXPECT_EQ(z.relative.value, 0.0);

@@ -21,6 +21,22 @@ TEST(Spans, MembersComeFirstAndElementsAloneBehindThem) {
   EXPECT_EQ(spans[1].length, 3000.0);
 }
 
+// The file may say that there are no members, and design may part them: they bend as one all the
+// same.
+TEST(Spans, PiecesOfABeamThatAreNoMemberBendAsOne) {
+  model::Model model = cut(simple_beam(6000.0), 3);
+  model.members = {};
+  model.finds_members = false;
+  model::Element piece = model.elements[1];
+  piece.design.length_factors = {2.0, 2.0};
+  model.elements.replace(piece);
+  const auto spans = spans_of(model);
+  ASSERT_EQ(spans.size(), 1U);
+  EXPECT_EQ(spans[0].member, 0U);
+  EXPECT_EQ(spans[0].elements.size(), 3U);
+  EXPECT_EQ(spans[0].length, 6000.0);
+}
+
 TEST(Spans, TrussesHaveNone) {
   model::Model model = simple_beam(6000.0);
   add_node(model, 99, 6000, 0, 3000);
