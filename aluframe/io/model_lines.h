@@ -24,6 +24,7 @@ std::string node_line(const model::Node& node, const Scales& scales);
 std::string support_line(const model::Support& support, const Scales& scales);
 std::string element_line(const model::Element& element, const Scales& scales);
 std::string member_line(const model::Member& member, const Scales& scales);
+std::string restraint_line(const model::Restraint& restraint, const Scales& scales);
 std::string deflection_limit_line(const model::DeflectionLimit& limit, const Scales& scales);
 std::string drift_limit_line(const model::DriftLimit& limit);
 std::string displacement_limit_line(const model::DisplacementLimit& limit, const Scales& scales);

@@ -45,6 +45,11 @@ void read_supports(const JsonObject& root, const Scales& scales, model::Model& m
 /// Needs materials, sections and nodes.
 void read_elements(const JsonObject& root, const Scales& scales, model::Model& model);
 void read_members(const JsonObject& root, const Scales& scales, model::Model& model);
+/// What holds a member, whose elements are known. Fails at a place outside of it, at a second
+/// restraint of the same at one place, and at a flange that a section there does not have.
+std::vector<model::Restraint> read_restraints(const JsonValue& list, const Scales& scales,
+                                              const model::Model& model,
+                                              const model::Member& member);
 /// Needs nodes, supports and elements.
 void read_load_cases(const JsonObject& root, const Scales& scales, model::Model& model);
 /// What a load case stands for among the actions, where it says so.

@@ -59,6 +59,10 @@ constexpr std::array<NamedValue<Value>, Size> named(const std::array<Value, Size
   return out;
 }
 
+inline constexpr auto held_names = named(std::array{
+    model::Held::compressed_flange, model::Held::top_flange, model::Held::bottom_flange,
+    model::Held::both_flanges, model::Held::axis_y, model::Held::axis_z, model::Held::twist});
+
 inline constexpr auto action_kinds = named(std::array{
     model::ActionKind::permanent, model::ActionKind::prestress, model::ActionKind::settlement,
     model::ActionKind::live, model::ActionKind::snow, model::ActionKind::wind,

@@ -22,7 +22,7 @@ constexpr auto element_fields = std::to_array<std::string_view>(
 constexpr auto orientation_fields = std::to_array<std::string_view>({"vector", "node"});
 constexpr auto release_fields = std::to_array<std::string_view>({"start", "end"});
 constexpr auto member_fields = std::to_array<std::string_view>(
-    {"number", "name", "elements", "length_factors", "deflection_limit"});
+    {"number", "name", "elements", "length_factors", "deflection_limit", "restraints"});
 
 /// Nodes closer than this stand at the same point: no profile is that short, and the direction of
 /// such an element would be noise.
@@ -175,6 +175,9 @@ model::Member read_member(const JsonObject& object, const Scales& scales, const 
     elements.fail_with(texts::translated("a member needs at least one element"));
   if (!object.is_sound()) return member;
   if (const auto problem = model::find_chain_problem(model, member)) elements.fail(*problem);
+  if (const auto restraints = object.optional("restraints")) {
+    member.restraints = read_restraints(*restraints, scales, model, member);
+  }
   return member;
 }
 

@@ -108,6 +108,13 @@ std::string member_line(const model::Member& member, const Scales& scales) {
   if (member.deflection_limit) {
     line.json("deflection_limit", deflection_limit_line(*member.deflection_limit, scales));
   }
+  if (!member.restraints.empty()) {
+    std::vector<std::string> restraints;
+    for (const model::Restraint& restraint : member.restraints) {
+      restraints.push_back(restraint_line(restraint, scales));
+    }
+    line.json("restraints", json_list(restraints));
+  }
   return line.str();
 }
 

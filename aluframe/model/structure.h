@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "aluframe/model/restraint.h"
 #include "aluframe/model/serviceability.h"
 #include "aluframe/model/table.h"
 
@@ -111,6 +112,7 @@ struct Member {
   std::optional<ElementDesign::AxisPair> length_factors;
   /// In place of that of all members; without values nothing limits this one.
   std::optional<DeflectionLimit> deflection_limit = std::nullopt;
+  std::vector<Restraint> restraints = {};
 
   friend bool operator==(const Member&, const Member&) = default;
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "aluframe/catalogue/alloys.h"
+#include "aluframe/model/members.h"
 #include "tests/property/io_any_values.h"
 
 namespace aluframe::io {
@@ -190,6 +191,31 @@ Element any_element(const Model& model, Number place) {
       .design = any_design()};
 }
 
+Restraint any_restraint(Held held, double length) {
+  Restraint restraint{.held = held, .at = {}, .spacing = std::nullopt};
+  if (any_flag()) {
+    restraint.spacing = any_between(0.01, 0.9) * length;
+  } else {
+    // A hundredth of the member apart at least, and the ends themselves.
+    restraint.at = {any_of({0.0, 0.3, 0.37}) * length, any_between(0.4, 0.5) * length};
+    if (any_flag()) restraint.at.push_back(length);
+  }
+  return restraint;
+}
+
+/// Restraints of which no two hold the same, and no flanges, so that the sections may change.
+std::vector<Restraint> any_restraints(const Model& model, const Member& member) {
+  double length = 0.0;
+  for (const Number number : member.elements) {
+    length += element_length(model, *model.elements.find(number));
+  }
+  std::vector<Restraint> restraints;
+  for (const Held held : {Held::axis_y, Held::axis_z, Held::twist}) {
+    if (any_flag()) restraints.push_back(any_restraint(held, length));
+  }
+  return restraints;
+}
+
 /// A chain of nodes with an element between each and the next, none along an axis, and perhaps a
 /// member of them all.
 void add_structure(Model& model) {
@@ -209,6 +235,7 @@ void add_structure(Model& model) {
     member.elements.push_back(max_number - place);
   }
   member.length_factors = any_optional(any_pair);
+  member.restraints = any_restraints(model, member);
   model.finds_members = any_flag();
   if (!model.finds_members && any_flag()) model.members.add(std::move(member));
 }

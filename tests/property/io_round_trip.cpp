@@ -69,6 +69,19 @@ void require_equal(Element expected, const Element& actual) {
   RC_ASSERT(expected == actual);
 }
 
+void require_equal(Member expected, const Member& actual) {
+  RC_ASSERT(expected.restraints.size() == actual.restraints.size());
+  for (std::size_t i = 0; i < expected.restraints.size(); ++i) {
+    Restraint& restraint = expected.restraints[i];
+    const Restraint& read = actual.restraints[i];
+    RC_ASSERT(restraint.at.size() == read.at.size());
+    for (std::size_t j = 0; j < read.at.size(); ++j) require_close(restraint.at[j], read.at[j]);
+    restraint.at = read.at;
+    take_if_close(restraint.spacing, read.spacing);
+  }
+  RC_ASSERT(expected == actual);
+}
+
 void require_equal(AnalysisSettings expected, const AnalysisSettings& actual) {
   require_close(expected.imperfections.mode, actual.imperfections.mode);
   expected.imperfections.mode = actual.imperfections.mode;
