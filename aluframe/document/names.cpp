@@ -21,6 +21,7 @@ constexpr std::array settings{
     std::pair{"strength_ratio", translatable("net over gross area in strength checks")},
     std::pair{"seismic_factors", translatable("seismic factors γRE")},
     std::pair{"length_factors", translatable("effective length factors")},
+    std::pair{"restraints", translatable("restraints of members")},
     std::pair{"buckling_limit", translatable("limit of the buckling load factor")},
     std::pair{"analysis", translatable("forces and analysis")},
     std::pair{"second_opinion", translatable("second opinion")},

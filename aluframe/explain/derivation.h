@@ -17,7 +17,8 @@ struct Origins {
   std::string member;    ///< "member 4, elements 10-12"
   std::string factor_y;  ///< of the length factor about y: "given", "a chart of columns that sway"
   std::string factor_z;
-  std::string settings;  ///< "design settings of the model"
+  std::string coefficient;  ///< of φb, when it is not computed here: "restraints"
+  std::string settings;     ///< "design settings of the model"
 };
 
 /// One check at one position while its steps are put together.

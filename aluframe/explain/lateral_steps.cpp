@@ -197,6 +197,11 @@ engine::BENDING_COEFFICIENTS coefficients(const Derivation& d) {
   return engine::BendingCoefficients(d.in, d.section.dW1, f);
 }
 
+/// Where a coefficient is from that the checks are given.
+std::string given_by(const Derivation& d) {
+  return d.origins.coefficient.empty() ? translatable("the element's own") : d.origins.coefficient;
+}
+
 }  // namespace
 
 Term lateral_coefficient(Derivation& d) {
@@ -205,8 +210,7 @@ Term lateral_coefficient(Derivation& d) {
     const bool is_given = d.in.Parameters().bUserPhi != 0;
     if (!is_given && !is_closed(d)) return computed_coefficient(d, value);
     return d.trace.given({"φb", translatable("lateral-torsional stability coefficient"), "", "6.2",
-                          is_given ? translatable("the element's own")
-                                   : translatable("1: boxes and pipes do not twist")},
+                          is_given ? given_by(d) : translatable("1: boxes and pipes do not twist")},
                          value);
   });
 }
@@ -215,8 +219,7 @@ Term lateral_coefficient_z(Derivation& d) {
   const bool is_given = d.in.Parameters().bUserPhi != 0;
   return d.given(
       {"φbz", translatable("lateral-torsional coefficient of the moment about z"), "", "8.2",
-       is_given ? translatable("the element's own")
-                : translatable("1: bending about z does not twist")},
+       is_given ? given_by(d) : translatable("1: bending about z does not twist")},
       coefficients(d).dPhiBz);
 }
 

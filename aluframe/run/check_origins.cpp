@@ -54,11 +54,16 @@ std::string forces_text(const std::vector<model::Number>& elements, const std::s
                                             combination, at, numbers, analysis);
 }
 
+/// Of what an element has by the restraints of its member.
+constexpr const char* by_restraints = translatable("the restraints of the member");
+
 std::string factor_text(const model::Element& element, const members::SegmentFactors* factors,
+                        const services::RestrainedValues* restrained,
                         members::LengthFactor members::SegmentFactors::* axis) {
   if (element.design.length_factors) {
     return std::string(members::name_of(members::FactorSource::given_element));
   }
+  if (restrained != nullptr && restrained->length_factors) return by_restraints;
   if (factors == nullptr) return {};
   return std::string(members::name_of((factors->*axis).source));
 }
@@ -91,19 +96,29 @@ explain::Origins CheckOrigins::of(const std::vector<model::Number>& elements,
                                   const CheckPlace& place) const {
   const model::Element& element = *input_.model.elements.find(elements.front());
   const members::SegmentFactors* factors = factors_of(element.number);
-  return {.forces = forces_text(elements, combination_text(info_, place), place.position,
-                                info_.setup.analysis),
-          .section = section_text(*input_.model.sections.find(element.section)),
-          .material = material_text(*input_.model.materials.find(element.material)),
-          .member = member_text(elements),
-          .factor_y = factor_text(element, factors, &members::SegmentFactors::y),
-          .factor_z = factor_text(element, factors, &members::SegmentFactors::z),
-          .settings = translatable("design settings")};
+  const services::RestrainedValues* restrained = restrained_of(element.number);
+  const bool has_own = element.design.stability_coefficients.has_value();
+  return {
+      .forces = forces_text(elements, combination_text(info_, place), place.position,
+                            info_.setup.analysis),
+      .section = section_text(*input_.model.sections.find(element.section)),
+      .material = material_text(*input_.model.materials.find(element.material)),
+      .member = member_text(elements),
+      .factor_y = factor_text(element, factors, restrained, &members::SegmentFactors::y),
+      .factor_z = factor_text(element, factors, restrained, &members::SegmentFactors::z),
+      .coefficient = !has_own && restrained != nullptr && restrained->phi_b ? by_restraints : "",
+      .settings = translatable("design settings")};
 }
 
 const members::SegmentFactors* CheckOrigins::factors_of(model::Number element) const {
   const auto found = factors_.find(element);
   return found == factors_.end() ? nullptr : found->second;
+}
+
+const services::RestrainedValues* CheckOrigins::restrained_of(model::Number element) const {
+  const auto& restrained = input_.restrained.elements;
+  const auto found = restrained.find(element);
+  return found == restrained.end() ? nullptr : &found->second;
 }
 
 bool CheckOrigins::has_member(model::Number element) const {

@@ -35,6 +35,8 @@ class CheckOrigins {
 
  private:
   const members::SegmentFactors* factors_of(model::Number element) const;
+  /// Null where restraints give the element nothing.
+  const services::RestrainedValues* restrained_of(model::Number element) const;
   std::string member_text(const std::vector<model::Number>& elements) const;
 
   const Input& input_;

@@ -98,7 +98,11 @@ Result<Input> prepare(const InputOptions& options, const Selection& selection) {
   }
   input->forces = std::get<forces::Summary>(computed);
   find_length_factors(*input);
+  input->restrained = restrained_elements(*input, input->length_factors);
   input->setup = setup_of(input->model, input->origins, input->length_factors, analysis);
+  if (auto row = restraints_row(input->model, input->restrained)) {
+    input->setup.settings.push_back(std::move(*row));
+  }
   input->remarks = input_remarks(*input);
   return read;
 }

@@ -14,6 +14,7 @@
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/run/frame_modes.h"
 #include "aluframe/run/problem.h"
+#include "aluframe/run/restraints.h"
 #include "aluframe/run/setup.h"
 #include "aluframe/store/result_file.h"
 #include "aluframe/texts/text.h"
@@ -64,6 +65,7 @@ struct Input {
   FrameBuckling buckling = FrameBuckling::on;  ///< whether it is looked at
   std::optional<FrameModes> modes;  ///< of all combinations, where length factors hang on them
   std::vector<members::SegmentFactors> length_factors;  ///< once it is prepared
+  Restrained restrained;  ///< by what holds members beside the frame, once it is prepared
   SetupOrigins origins;                                 ///< of what the run goes by
   store::RunSetup setup;                                ///< what it goes by, once it is prepared
   std::vector<store::RemarkRow> remarks;  ///< on it (run/remarks.h), once it is prepared

@@ -32,12 +32,14 @@ Result<MemberList> list_members(const InputOptions& options, const Selection& se
   if (const auto* problem = std::get_if<analysis::Problem>(&computed)) {
     list.unknown = problem_of(input.file, *problem).text;
     list.factors = members::length_factors(input.model);
+    input.restrained = restrained_elements(input, list.factors);
     return list;
   }
   input.forces = std::get<forces::Summary>(std::move(computed));
   const FrameModes modes = frame_modes_of_all(input);
   list.unknown = unknown_of(modes);
   list.factors = members::length_factors(input.model, modes.modes);
+  input.restrained = restrained_elements(input, list.factors);
   return list;
 }
 

@@ -174,6 +174,7 @@ std::vector<store::RemarkRow> input_remarks(const Input& input) {
   add_of_sections(input.model, rows);
   add_of_model(input.model, input.length_factors, rows);
   add_of_lengths(input, rows);
+  std::ranges::copy(input.restrained.remarks, std::back_inserter(rows));
   return rows;
 }
 

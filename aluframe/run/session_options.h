@@ -35,6 +35,7 @@ inline services::SessionOptions session_options(const Input& input,
   session.setup = input.setup;
   session.setup.model_file = truly_seen_from(results, input.file).generic_string();
   session.length_factors = input.length_factors;
+  session.restrained = input.restrained.elements;
   if (input.origins.forces) {
     session.setup.forces_file = seen_from(results, *input.origins.forces).generic_string();
   }

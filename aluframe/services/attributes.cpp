@@ -45,8 +45,9 @@ void fill_properties(T_SECT_DESIGN_D& out, const model::SectionProperties& prope
 
 }  // namespace
 
-Attributes::Attributes(const model::Model& model, const UnitScale& scale)
-    : model_(model), scale_(scale), connectivity_(model) {}
+Attributes::Attributes(const model::Model& model, const UnitScale& scale,
+                       const RestrainedElements* restrained)
+    : model_(model), scale_(scale), restrained_(restrained), connectivity_(model) {}
 
 int Attributes::GetCountElem(int) const {
   return static_cast<int>(model_.elements.size());
@@ -188,9 +189,19 @@ const model::ElementDesign* Attributes::design_of(UINT elem) const {
   return element == nullptr ? nullptr : &element->design;
 }
 
+const RestrainedValues* Attributes::restrained(UINT elem) const {
+  if (restrained_ == nullptr) return nullptr;
+  const auto found = restrained_->find(elem);
+  return found == restrained_->end() ? nullptr : &found->second;
+}
+
 int Attributes::GetAphi(UINT elem, T_APHI_D& out) const {
-  return when_given(design_of(elem), &model::ElementDesign::stability_coefficients,
-                    [&out](const auto& phi) { out = {phi.y, phi.z}; });
+  const int given = when_given(design_of(elem), &model::ElementDesign::stability_coefficients,
+                               [&out](const auto& phi) { out = {phi.y, phi.z}; });
+  const RestrainedValues* values = restrained(elem);
+  if (given != 0 || values == nullptr || !values->phi_b) return given;
+  out = {*values->phi_b, 1.0};
+  return 1;
 }
 
 int Attributes::GetArib(UINT elem, T_ARIB_D& out) const {
@@ -221,8 +232,12 @@ int Attributes::GetCmft(UINT elem, T_CMFT_D& out) const {
 }
 
 int Attributes::GetKfac(UINT elem, T_KFAC_D& out) const {
-  return when_given(design_of(elem), &model::ElementDesign::length_factors,
-                    [&out](const auto& factors) { out = {factors.y, factors.z}; });
+  const auto fill = [&out](const auto& factors) { out = {factors.y, factors.z}; };
+  const int given = when_given(design_of(elem), &model::ElementDesign::length_factors, fill);
+  const RestrainedValues* values = restrained(elem);
+  if (given != 0 || values == nullptr || !values->length_factors) return given;
+  fill(*values->length_factors);
+  return 1;
 }
 
 int Attributes::GetLtsr(UINT elem, T_LTSR_D& out) const {

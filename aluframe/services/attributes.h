@@ -4,6 +4,7 @@
 
 #include "aluframe/model/members.h"
 #include "aluframe/model/model.h"
+#include "aluframe/services/restrained_elements.h"
 #include "aluframe/services/unit_scale.h"
 #include "host/tz_db/services.h"
 
@@ -14,8 +15,10 @@ namespace aluframe::services {
 /// An element without a member is its own display key; a member's display key is its first element.
 class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
  public:
-  /// `model` and `scale` must outlive the object; `scale` is read at every call.
-  Attributes(const model::Model& model, const UnitScale& scale);
+  /// All must outlive the object; `scale` is read at every call.
+  /// @param restrained what elements have where the model gives them nothing; null: nothing
+  Attributes(const model::Model& model, const UnitScale& scale,
+             const RestrainedElements* restrained = nullptr);
 
   int GetCountElem(int option) const override;
   int GetElem(UINT elem, T_ELEM_D& out) const override;
@@ -66,9 +69,12 @@ class Attributes : public CAttrCtrl, public CAttrCtrl2, public CMembCtrl {
 
  private:
   const model::ElementDesign* design_of(UINT elem) const;
+  /// Null without any.
+  const RestrainedValues* restrained(UINT elem) const;
 
   const model::Model& model_;
   const UnitScale& scale_;
+  const RestrainedElements* restrained_;
   model::Connectivity connectivity_;
 };
 

@@ -125,7 +125,7 @@ Session::Session(const model::Model& model, SessionOptions options)
       scale_(options_.units.value_or(index_of(model_.units))),
       evaluator_(model_),
       monitor_(model_),
-      attributes_(model_, scale_),
+      attributes_(model_, scale_, &options_.restrained),
       tool_(model_, evaluator_, monitor_, options_.selected, options_.combinations),
       manager_(model_, evaluator_, scale_, monitor_, options_.result_path,
                run_info(model_, evaluator_, options_), options_.create_writer, options_.observer),

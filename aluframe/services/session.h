@@ -12,6 +12,7 @@
 #include "aluframe/model/combinations.h"
 #include "aluframe/services/dialog_texts.h"
 #include "aluframe/services/document.h"
+#include "aluframe/services/restrained_elements.h"
 #include "aluframe/services/run_monitor.h"
 #include "aluframe/services/run_observer.h"
 #include "host/host_services.h"
@@ -54,6 +55,8 @@ struct SessionOptions {
   RunObserver* observer = nullptr;
   /// The model's, for a caller that has them already; nothing: they are computed when asked for.
   std::optional<std::vector<members::SegmentFactors>> length_factors;
+  /// What elements have by the restraints of their members.
+  RestrainedElements restrained;
   /// Adds to the result file what stands beside the records, before the run ends; nothing: nothing.
   std::function<void(store::ResultWriter&)> before_finish;
   /// What a run does when all elements are checked; false: the user has stopped it there.

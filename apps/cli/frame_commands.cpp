@@ -35,6 +35,9 @@ void add_members(CLI::App& app, MembersOptions& options, int& status) {
   members->add_option("MODEL", options.model, texts::translated("Model file"))
       ->required()
       ->type_name("");
+  members->add_flag("--segments", options.segments,
+                    texts::translated("Show the pieces between restraints: lb, Mcr, phi_b and K of "
+                                      "each"));
   add_allow_outside(*members, options.allow_outside);
   add_elements(*members, options.common.selection.elements);
   add_format(*members, options.common.format);

@@ -1,0 +1,462 @@
+#include "aluframe/run/restraints.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "aluframe/members/member_segments.h"
+#include "aluframe/model/combinations.h"
+#include "aluframe/model/force_component.h"
+#include "aluframe/model/meeting.h"
+#include "aluframe/model/number_ranges.h"
+#include "aluframe/model/units.h"
+#include "aluframe/restraints/axis_segments.h"
+#include "aluframe/restraints/lateral.h"
+#include "aluframe/restraints/lateral_segments.h"
+#include "aluframe/run/session_options.h"
+#include "aluframe/services/binding.h"
+#include "aluframe/services/session.h"
+#include "aluframe/texts/text.h"
+#include "tz_alu/manager/dgnaludatamgr.h"
+
+namespace aluframe::run {
+
+namespace {
+
+using restraints::Axis;
+using restraints::Flange;
+using restraints::HeldPlace;
+using restraints::Segment;
+
+/// A moment below this share of what the section carries is noise of the analysis.
+constexpr double noise_share = 1e-6;
+/// A coefficient that is larger by less is the same, computed another way.
+constexpr double same = 1e-9;
+/// Sections of one member whose z axes part by more than this have no common top flange: the
+/// cosine of 60 degrees, well beyond the kinks of a member.
+constexpr double alike_axes = 0.5;
+
+/// One element of a restrained member.
+struct Part {
+  const model::Element* element = nullptr;
+  std::size_t place = 0;  ///< in the model
+  bool is_reversed = false;
+  Segment stretch;
+  std::optional<restraints::UnrestrainedCoefficient> coefficient;
+};
+
+/// A restrained member with what its pieces follow from.
+struct Subject {
+  const model::Member* member = nullptr;
+  const members::SegmentFactors* factors = nullptr;
+  std::vector<Part> parts;
+  std::vector<HeldPlace> places;
+  double length = 0.0;
+  std::array<bool, 2> is_held{};  ///< its ends, sideways
+  bool has_one_top = true;        ///< the top flanges of its elements lie on one side
+  double noise = 0.0;             ///< of My, N·mm
+};
+
+bool is_given(const members::LengthFactor& factor) {
+  return factor.source == members::FactorSource::given_member ||
+         factor.source == members::FactorSource::given_element;
+}
+
+std::vector<Part> parts_of(const model::Model& model, const model::Member& member,
+                           const members::MemberSegment& segment) {
+  std::vector<Part> parts;
+  double start = 0.0;
+  model::Number node = segment.nodes[0];
+  for (const model::Number number : member.elements) {
+    Part part;
+    part.place = model.elements.position(number);
+    part.element = &model.elements[part.place];
+    part.is_reversed = part.element->nodes[0] != node;
+    node = part.element->nodes[part.is_reversed ? 0 : 1];
+    const double end = start + model::element_length(model, *part.element);
+    part.stretch = {start, end};
+    start = end;
+    parts.push_back(std::move(part));
+  }
+  return parts;
+}
+
+/// Makes the design module ready for the elements, in the units of its checks.
+void make_ready(const std::vector<Subject>& subjects) {
+  IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
+  constexpr T_UNIT_INDEX design_units{0, 2};
+  manager.GetDoc()->GetUnitCtrl().SetUnitIndexCurrent(design_units, 0);
+  IAluDgnDataMgr::KEYS keys;
+  for (const Subject& subject : subjects) {
+    for (const Part& part : subject.parts) keys.Add(part.element->number);
+  }
+  IAluDgnDataMgr::LCOMBS combinations;
+  manager.GetDgnLCombs(combinations);
+  manager.MakeBuffData(keys, combinations);
+}
+
+/// Whether something keeps the ends of a member from moving sideways: a support, or what frames in.
+std::array<bool, 2> held_ends(const Subject& subject, const members::MemberSegment& segment,
+                              const members::MemberSegments& all, const ALU_DGN_DATA& data) {
+  std::array<bool, 2> is_held{};
+  for (std::size_t end = 0; end < 2; ++end) {
+    const bool is_free =
+        data.nEndCond[end][0] == ALU_END_FREE && data.nEndCond[end][1] == ALU_END_FREE;
+    is_held[end] =
+        !is_free || model::meets_others(all.model(), all.connectivity(), segment.nodes[end],
+                                        subject.member->elements, model::Meeting::beams);
+  }
+  return is_held;
+}
+
+void complete(Subject& subject, const members::MemberSegment& segment,
+              const members::MemberSegments& all) {
+  IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
+  const auto top_of = [&](const Part& part) { return all.geometry(part.place).axes; };
+  for (Part& part : subject.parts) {
+    ALU_DGN_DATA data;
+    if (manager.GetDgnData(part.element->number, data) == 0) continue;
+    part.coefficient = restraints::unrestrained_coefficient(data);
+    subject.is_held = held_ends(subject, segment, all, data);
+    if (!part.coefficient) continue;
+    const auto& section = part.coefficient->section;
+    subject.noise = std::max(subject.noise, noise_share * section.modulus[0] * section.f);
+  }
+  const auto first = top_of(subject.parts.front());
+  for (const Part& part : subject.parts) {
+    const auto axes = top_of(part);
+    double cosine = 0.0;
+    for (int i = 0; i < 3; ++i) cosine += first(2, i) * axes(2, i);
+    if (cosine < alike_axes) subject.has_one_top = false;
+  }
+}
+
+restraints::ElementMoments moments_of(const Part& part,
+                                      const std::optional<model::CaseForces>& forces) {
+  restraints::ElementMoments moments{.stretch = part.stretch, .at = {}};
+  if (!forces) return moments;
+  const std::size_t step = forces->inner ? 1 : forces->at.size() - 1;
+  for (std::size_t i = 0; i < forces->at.size(); i += step) {
+    const std::size_t position = part.is_reversed ? forces->at.size() - 1 - i : i;
+    const double share = static_cast<double>(i) / static_cast<double>(forces->at.size() - 1);
+    moments.at.push_back({part.stretch.start + share * part.stretch.length(),
+                          static_cast<double>(forces->at[position][model::about_y])});
+  }
+  return moments;
+}
+
+/// What tells pieces of bending apart.
+struct LateralKey {
+  Segment segment;
+  Flange compressed = Flange::top;
+  bool is_free = false;
+  model::Number section = 0, material = 0;
+
+  friend auto operator<=>(const LateralKey&, const LateralKey&) = default;
+};
+
+/// A piece of bending over all combinations.
+struct LateralPiece {
+  model::Number combination = 0;  ///< the first that has it
+  std::set<std::size_t> parts;    ///< elements, by their place in the member
+};
+
+std::vector<model::Side> sides_of(const model::CombinationEvaluator& evaluator,
+                                  model::Number combination) {
+  if (evaluator.has_two_sides(combination)) return {model::Side::maximum, model::Side::minimum};
+  return {model::Side::maximum};
+}
+
+/// Works out one restrained member.
+class MemberWork {
+ public:
+  MemberWork(const Input& input, const model::CombinationEvaluator& evaluator,
+             const Subject& subject, Restrained& out)
+      : input_(input), evaluator_(evaluator), subject_(subject), out_(out) {}
+
+  void run() {
+    find_length_factors();
+    find_coefficients();
+  }
+
+ private:
+  void find_length_factors() {
+    const members::SegmentFactors& of = *subject_.factors;
+    const std::array<const members::LengthFactor*, 2> own{&of.y, &of.z};
+    std::array<std::vector<restraints::AxisSegment>, 2> pieces;
+    for (const Axis axis : {Axis::y, Axis::z}) {
+      const auto i = static_cast<std::size_t>(axis);
+      pieces[i] = restraints::axis_segments(subject_.places, axis, subject_.length, own[i]->k);
+      if (pieces[i].size() > 1) add_axis_pieces(axis, pieces[i], is_given(*own[i]));
+    }
+    if (is_given(of.y) || is_given(of.z)) return;
+    for (const Part& part : subject_.parts) {
+      const model::ElementDesign::AxisPair k{restraints::factor_at(pieces[0], part.stretch),
+                                             restraints::factor_at(pieces[1], part.stretch)};
+      if (part.element->design.length_factors || (k.y >= of.y.k && k.z >= of.z.k)) continue;
+      out_.elements[part.element->number].length_factors = k;
+    }
+  }
+
+  void add_axis_pieces(Axis axis, const std::vector<restraints::AxisSegment>& pieces,
+                       bool is_given) {
+    for (const restraints::AxisSegment& piece : pieces) {
+      RestrainedPiece row;
+      row.member = subject_.member->number;
+      row.kind = axis == Axis::y ? PieceKind::buckling_y : PieceKind::buckling_z;
+      row.start = piece.segment.start;
+      row.end = piece.segment.end;
+      row.k = piece.k;
+      for (const Part& part : subject_.parts) {
+        if (piece.segment.overlaps(part.stretch)) row.elements.push_back(part.element->number);
+      }
+      if (is_given) {
+        row.remark = texts::translatable("the model gives the factors of the member");
+      } else if (piece.keeps_member) {
+        row.remark = texts::translatable("the member's factor: it is smaller, or its end moves");
+      }
+      out_.pieces.push_back(std::move(row));
+    }
+  }
+
+  void find_coefficients() {
+    const bool any = std::ranges::any_of(
+        subject_.parts, [](const Part& part) { return part.coefficient.has_value(); });
+    if (!any || !subject_.has_one_top) return;
+    for (const model::Combination& combination : input_.model.combinations) {
+      if (!combination.design) continue;
+      for (const model::Side side : sides_of(evaluator_, combination.number)) {
+        add_layout(combination.number, side);
+      }
+    }
+    if (is_braced_anywhere()) take_coefficients();
+    add_idle_remark();
+  }
+
+  void add_layout(model::Number combination, model::Side side) {
+    std::vector<restraints::ElementMoments> moments;
+    for (const Part& part : subject_.parts) {
+      moments.push_back(moments_of(part, evaluator_.evaluate(part.place, combination, side)));
+    }
+    const auto layout =
+        restraints::lateral_layout(subject_.places, moments, subject_.is_held, subject_.noise);
+    if (!layout.idle.empty()) {
+      idle_.insert(combination);
+      if (!first_idle_) first_idle_ = layout.idle.front();
+    }
+    for (const restraints::LateralSegment& piece : layout.segments) {
+      for (const Flange flange : {Flange::top, Flange::bottom}) {
+        if (piece.compressed[flange == Flange::top ? 0 : 1]) keep(combination, piece, flange);
+      }
+    }
+  }
+
+  void keep(model::Number combination, const restraints::LateralSegment& piece, Flange flange) {
+    for (std::size_t i = 0; i < subject_.parts.size(); ++i) {
+      const Part& part = subject_.parts[i];
+      if (!piece.segment.overlaps(part.stretch)) continue;
+      const LateralKey key{piece.segment, flange, piece.is_free, part.element->section,
+                           part.element->material};
+      const auto [found, is_new] = pieces_.try_emplace(key);
+      if (is_new) found->second.combination = combination;
+      found->second.parts.insert(i);
+    }
+  }
+
+  bool is_whole(const Segment& segment) const {
+    return segment.start == 0.0 && segment.end == subject_.length;
+  }
+
+  bool is_braced_anywhere() const {
+    return std::ranges::any_of(pieces_,
+                               [&](const auto& piece) { return !is_whole(piece.first.segment); });
+  }
+
+  /// φb of every element: the smallest of its pieces, where all of these are shorter than the
+  /// member and it betters what the checks have.
+  void take_coefficients() {
+    std::vector<double> smallest(subject_.parts.size(), 2.0);
+    std::vector<std::size_t> rows;
+    for (const auto& [key, piece] : pieces_) {
+      add_lateral_piece(key, piece);
+      for (const std::size_t i : piece.parts) {
+        const auto phi_b = coefficient_of(key, subject_.parts[i]);
+        smallest[i] = std::min(smallest[i], phi_b ? phi_b->phi_b : 0.0);
+      }
+    }
+    for (std::size_t i = 0; i < subject_.parts.size(); ++i) {
+      const Part& part = subject_.parts[i];
+      if (!part.coefficient || smallest[i] > 1.5) continue;  // never bent
+      if (smallest[i] <= part.coefficient->largest_phi_b * (1.0 + same)) continue;
+      out_.elements[part.element->number].phi_b = std::min(smallest[i], 1.0);
+    }
+  }
+
+  /// Nothing for a piece that is no shorter than the member, or ends free.
+  std::optional<restraints::LateralCoefficient> coefficient_of(const LateralKey& key,
+                                                               const Part& part) const {
+    if (!part.coefficient || key.is_free || is_whole(key.segment)) return std::nullopt;
+    return restraints::lateral_coefficient(part.coefficient->section, key.compressed,
+                                           key.segment.length());
+  }
+
+  void add_lateral_piece(const LateralKey& key, const LateralPiece& piece) {
+    const Part& first = subject_.parts[*piece.parts.begin()];
+    RestrainedPiece row;
+    row.member = subject_.member->number;
+    row.kind =
+        key.compressed == Flange::top ? PieceKind::top_compressed : PieceKind::bottom_compressed;
+    row.start = key.segment.start;
+    row.end = key.segment.end;
+    row.combination = shown_number(piece.combination);
+    for (const std::size_t i : piece.parts) {
+      row.elements.push_back(subject_.parts[i].element->number);
+    }
+    const auto of = coefficient_of(key, first);
+    if (of) {
+      row.critical_moment = of->moments.smaller();
+      row.slenderness = of->slenderness;
+      row.phi_b = std::min(of->phi_b, 1.0);
+    }
+    row.remark = remark_on(key, first, of);
+    out_.pieces.push_back(std::move(row));
+  }
+
+  std::string remark_on(const LateralKey& key, const Part& first,
+                        const std::optional<restraints::LateralCoefficient>& of) const {
+    if (first.element->design.stability_coefficients) {
+      return texts::translatable("the elements have coefficients of their own");
+    }
+    if (!first.coefficient) {
+      return texts::translatable("φb of the section does not depend on lengths");
+    }
+    if (key.is_free) return texts::translatable("an end is free: as the checks have the member");
+    if (!of) return texts::translatable("nothing braces it: as the checks have the member");
+    if (of->phi_b <= first.coefficient->largest_phi_b * (1.0 + same)) {
+      return fmt::format(texts::translatable("the checks have {:.3f} and keep it"),
+                         first.coefficient->largest_phi_b);
+    }
+    return {};
+  }
+
+  /// An envelope's state goes by the envelope.
+  model::Number shown_number(model::Number combination) const {
+    return input_.model.combinations.find(combination)->state_of.value_or(combination);
+  }
+
+  void add_idle_remark() {
+    if (idle_.empty()) return;
+    std::set<model::Number> numbers;
+    for (const model::Number combination : idle_) numbers.insert(shown_number(combination));
+    const auto unit = input_.model.units.length;
+    store::RemarkRow row;
+    row.kind = texts::translatable("restraints");
+    std::vector<model::Number> elements = subject_.member->elements;
+    std::ranges::sort(elements);
+    row.elements = model::join_as_ranges(elements);
+    row.element = subject_.parts.front().element->number;
+    row.combination = *numbers.begin();
+    row.text = fmt::format(
+        texts::translatable(
+            "member {}: combination {} does not compress the flange that is held, "
+            "first at {:.4g} {} from its start, so that it braces nothing there; an "
+            "element has one φb for all combinations, that of its longest piece"),
+        subject_.member->number, model::join_as_ranges({numbers.begin(), numbers.end()}),
+        *first_idle_ / model::millimetres_per(unit), model::name_of(unit));
+    out_.remarks.push_back(std::move(row));
+  }
+
+  const Input& input_;
+  const model::CombinationEvaluator& evaluator_;
+  const Subject& subject_;
+  Restrained& out_;
+  std::map<LateralKey, LateralPiece> pieces_;
+  std::set<model::Number> idle_;  ///< combinations that leave a held flange in tension
+  std::optional<double> first_idle_;
+};
+
+const members::SegmentFactors* factors_of(const std::vector<members::SegmentFactors>& factors,
+                                          model::Number member) {
+  const auto found =
+      std::ranges::find(factors, std::optional(member), &members::SegmentFactors::member);
+  return found == factors.end() ? nullptr : &*found;
+}
+
+std::vector<Subject> subjects_of(const model::Model& model, const members::MemberSegments& all,
+                                 const std::vector<members::SegmentFactors>& factors) {
+  std::vector<Subject> subjects;
+  for (const members::MemberSegment& segment : all.all()) {
+    if (segment.member == nullptr || segment.member->restraints.empty()) continue;
+    Subject subject;
+    subject.member = segment.member;
+    subject.factors = factors_of(factors, segment.member->number);
+    subject.parts = parts_of(model, *segment.member, segment);
+    subject.length = subject.parts.back().stretch.end;
+    subject.places = restraints::held_places(segment.member->restraints, subject.length);
+    if (subject.factors != nullptr) subjects.push_back(std::move(subject));
+  }
+  return subjects;
+}
+
+bool has_restraints(const model::Model& model) {
+  return std::ranges::any_of(
+      model.members, [](const model::Member& member) { return !member.restraints.empty(); });
+}
+
+}  // namespace
+
+const char* name_of(PieceKind kind) {
+  switch (kind) {
+    case PieceKind::top_compressed:
+      return texts::translatable("bending, top compressed");
+    case PieceKind::bottom_compressed:
+      return texts::translatable("bending, bottom compressed");
+    case PieceKind::buckling_y:
+      return texts::translatable("buckling about y");
+    case PieceKind::buckling_z:
+      break;
+  }
+  return texts::translatable("buckling about z");
+}
+
+std::optional<store::SettingRow> restraints_row(const model::Model& model,
+                                                const Restrained& restrained) {
+  if (!has_restraints(model)) return std::nullopt;
+  const auto coefficients = std::ranges::count_if(
+      restrained.elements, [](const auto& of) { return of.second.phi_b.has_value(); });
+  const auto factors = std::ranges::count_if(
+      restrained.elements, [](const auto& of) { return of.second.length_factors.has_value(); });
+  return store::SettingRow{
+      "restraints",
+      fmt::format(texts::translatable("φb of elements: {}, length factors of elements: {}"),
+                  coefficients, factors),
+      texts::translatable("given")};
+}
+
+Restrained restrained_elements(const Input& input,
+                               const std::vector<members::SegmentFactors>& factors) {
+  Restrained out;
+  if (!has_restraints(input.model)) return out;
+  const members::MemberSegments all(input.model);
+  std::vector<Subject> subjects = subjects_of(input.model, all, factors);
+  services::SessionOptions options = session_options(input, input.file);
+  options.length_factors = factors;
+  services::Session session(input.model, std::move(options));
+  const services::Binding binding(session);
+  make_ready(subjects);
+  const model::CombinationEvaluator evaluator(input.model);
+  for (Subject& subject : subjects) {
+    const auto segment =
+        std::ranges::find(all.all(), subject.member, &members::MemberSegment::member);
+    complete(subject, *segment, all);
+    MemberWork(input, evaluator, subject, out).run();
+  }
+  return out;
+}
+
+}  // namespace aluframe::run
