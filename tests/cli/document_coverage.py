@@ -98,6 +98,19 @@ AREA_LOADS = re.search(r"```json\n(.*?)```", (ROOT / "docs/area-loads.md").read_
 BEFORE["docs/area-loads.md"] = [
     f"echo '{json.dumps(PORTAL | json.loads('{' + AREA_LOADS.group(1) + '}'))}' > frame.json"]
 
+# The rafter that is worked out by hand, with combinations, and with the restraints that the page on members shows.
+RAFTER = json.loads("{" + re.search(
+    r"```json\n(.*?)```", (ROOT / "docs/verification/restraints.md").read_text(encoding="utf-8"), re.DOTALL).group(1) + "}")
+RAFTER |= {"format": "aluframe-model", "version": 1,
+           "combinations": [{"number": number, "terms": [{"case": number}]} for number in (1, 2)]}
+RESTRAINED = re.search(r"```json\n(\"members\".*?)```", (ROOT / "docs/members.md").read_text(encoding="utf-8"), re.DOTALL)
+BEFORE["docs/members.md"] = [f"echo '{json.dumps(RAFTER | json.loads('{' + RESTRAINED.group(1) + '}'))}' > rafter.json"]
+
+
+def in_the_rafter(part):
+    return RAFTER | part
+
+
 # JSON that is a part of a model: by page and beginning, what makes a whole model of it.
 FRAGMENTS = {
     ("README.md", '{"number": 1, "name": "DL"'): as_load_case_of_the_portal,
@@ -105,6 +118,8 @@ FRAGMENTS = {
     ("docs/area-loads.md", '"load_cases"'): in_the_portal,
     ("docs/combinations.md", '"load_cases"'): in_the_portal,
     ("docs/combinations.md", '"combinations"'): with_actions_in_the_portal,
+    ("docs/members.md", '"members"'): in_the_rafter,
+    ("docs/verification/restraints.md", '"units"'): in_the_rafter,
     ("docs/verification/area-loads.md", '"nodes"'): with_sections_of_the_portal,
     ("docs/verification/combinations-footbridge.md", '"load_cases"'): in_the_portal,
     ("docs/verification/combinations-hall.md", '"load_cases"'): in_the_portal,
