@@ -60,6 +60,7 @@ struct UnrestrainedCoefficient {
   /// The largest φb that they have for it: it depends on the position and on which plates are
   /// reduced. What is not larger betters nothing.
   double largest_phi_b = 0.0;
+  bool is_halved = false;  ///< they halve the length, for a support between the member's ends
 };
 
 /// Nothing where φb is not a matter of lengths: closed sections, trusses, channels with unequal

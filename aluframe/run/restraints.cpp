@@ -234,7 +234,7 @@ class MemberWork {
         add_layout(combination.number, side);
       }
     }
-    if (is_braced_anywhere()) take_coefficients();
+    if (has_lateral_restraints()) take_coefficients();
     add_idle_remark();
   }
 
@@ -272,27 +272,36 @@ class MemberWork {
     return segment.start == 0.0 && segment.end == subject_.length;
   }
 
-  bool is_braced_anywhere() const {
-    return std::ranges::any_of(pieces_,
-                               [&](const auto& piece) { return !is_whole(piece.first.segment); });
+  /// Whether anything that is held may brace bending: a member that is held about an axis alone
+  /// stays as the checks have it.
+  bool has_lateral_restraints() const {
+    constexpr unsigned lateral = model::top_part | model::bottom_part | model::twist_part;
+    return std::ranges::any_of(subject_.places, [](const HeldPlace& place) {
+      return place.compressed_flange || (place.parts & lateral) != 0;
+    });
   }
 
   /// φb of every element: the smallest of its pieces, where all of these are shorter than the
   /// member and it betters what the checks have.
   void take_coefficients() {
     std::vector<double> smallest(subject_.parts.size(), 2.0);
+    std::vector<double> between(subject_.parts.size(), 2.0);
     std::vector<std::size_t> rows;
     for (const auto& [key, piece] : pieces_) {
       add_lateral_piece(key, piece);
       for (const std::size_t i : piece.parts) {
         const auto phi_b = coefficient_of(key, subject_.parts[i]);
         smallest[i] = std::min(smallest[i], phi_b ? phi_b->phi_b : 0.0);
+        between[i] = std::min(between[i], coefficient_of_length(key, subject_.parts[i]));
       }
     }
     for (std::size_t i = 0; i < subject_.parts.size(); ++i) {
       const Part& part = subject_.parts[i];
       if (!part.coefficient || smallest[i] > 1.5) continue;  // never bent
-      if (smallest[i] <= part.coefficient->largest_phi_b * (1.0 + same)) continue;
+      if (smallest[i] <= part.coefficient->largest_phi_b * (1.0 + same)) {
+        if (part.coefficient->is_halved) out_.below_halved[part.element->number] = between[i];
+        continue;
+      }
       out_.elements[part.element->number].phi_b = std::min(smallest[i], 1.0);
     }
   }
@@ -303,6 +312,14 @@ class MemberWork {
     if (!part.coefficient || key.is_free || is_whole(key.segment)) return std::nullopt;
     return restraints::lateral_coefficient(part.coefficient->section, key.compressed,
                                            key.segment.length());
+  }
+
+  /// Of the piece's length, also where that is the member's: what the checks have by half of it.
+  static double coefficient_of_length(const LateralKey& key, const Part& part) {
+    if (!part.coefficient) return 1.0;
+    return restraints::lateral_coefficient(part.coefficient->section, key.compressed,
+                                           key.segment.length())
+        .phi_b;
   }
 
   void add_lateral_piece(const LateralKey& key, const LateralPiece& piece) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +44,9 @@ struct Restrained {
   services::RestrainedElements elements;
   std::vector<RestrainedPiece> pieces;
   std::vector<store::RemarkRow> remarks;
+  /// φb of elements whose checks have a larger one, because they halve the member's length for a
+  /// support between its ends: a matter of the second opinion.
+  std::map<model::Number, double> below_halved;
 };
 
 /// A setting of a run that tells how many elements have something by restraints; nothing for a

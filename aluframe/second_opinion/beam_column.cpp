@@ -23,8 +23,8 @@ class BeamColumn {
   /// B1, B8, S3: the axial coefficients of compression alone; C2 where the moments are noise.
   void take_axial_coefficients();
 
-  /// S6, S8: the critical moment with the ends held against twisting, the same at ends and in the
-  /// span.
+  /// S6, S8, S9: the critical moment with the ends held against twisting, the same at ends and in
+  /// the span, and between restraints.
   void hold_twist();
 
   Answer about_y() const { return {RALU_STABILITY, y_, rules_y_}; }
@@ -133,7 +133,9 @@ void BeamColumn::take_axial_coefficients() {
 
 void BeamColumn::hold_twist() {
   const LateralUnit& unit = lateral_unit(element_, at_);
-  if (!unit.rules.contains(Rule::s6) && !unit.rules.contains(Rule::s8)) return;
+  const bool differs = unit.rules.contains(Rule::s6) || unit.rules.contains(Rule::s8) ||
+                       unit.rules.contains(Rule::s9);
+  if (!differs) return;
   const double free_ends = is_turned_ ? unit.free_ends : unit.code;
   z_ += at_.k_stability * std::fabs(at_.my) * (unit.safe - free_ends) / element_.units.f;
   rules_z_ = rules_z_ | unit.rules;

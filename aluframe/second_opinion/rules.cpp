@@ -7,8 +7,8 @@ namespace aluframe::second_opinion {
 namespace {
 
 constexpr std::array<std::string_view, rule_count> names = {
-    "B1", "B8", "C1", "C2", "C3", "C4", "C5",  "C6",  "C7", "F1",
-    "F2", "F4", "S2", "S3", "S6", "S8", "S12", "S14", "W3", "P"};
+    "B1", "B8", "C1", "C2", "C3", "C4", "C5",  "C6",  "C7", "F1", "F2",
+    "F4", "S2", "S3", "S6", "S8", "S9", "S12", "S14", "W3", "P"};
 
 }  // namespace
 

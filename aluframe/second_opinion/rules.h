@@ -25,6 +25,7 @@ enum class Rule : std::uint8_t {
   s3,
   s6,
   s8,
+  s9,
   s12,
   s14,
   w3,

@@ -53,8 +53,10 @@ struct RunOpinion::Current {
   bool any = false;
 };
 
-RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed)
+RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed,
+                       std::map<model::Number, double> restrained)
     : model_(model),
+      restrained_(std::move(restrained)),
       evaluator_(model),
       connectivity_(model),
       extremes_(model, evaluator_),
@@ -86,8 +88,11 @@ ElementFacts RunOpinion::facts_of(const MemberChain& chain, const model::Element
     return model::meets_others(model_, connectivity_, node, numbers, model::Meeting::beams);
   };
   const model::Section& section = *model_.sections.find(element.section);
+  const auto restrained = restrained_.find(element.number);
   return {.shear_centre_y = section::properties_of(section).shear_centre_y,
-          .end_is_held = {is_held(0, true), is_held(chain.elements.size() - 1, false)}};
+          .end_is_held = {is_held(0, true), is_held(chain.elements.size() - 1, false)},
+          .restrained_phi_b =
+              restrained == restrained_.end() ? std::nullopt : std::optional(restrained->second)};
 }
 
 void RunOpinion::start(std::uint32_t number) {

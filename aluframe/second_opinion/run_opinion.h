@@ -55,7 +55,9 @@ class RunOpinion {
  public:
   /// `model` must outlive the object; its forces must be there.
   /// @param computed pairs whose forces the analysis has computed
-  explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {});
+  /// @param restrained φb of elements by ElementFacts::restrained_phi_b
+  explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {},
+                      std::map<model::Number, double> restrained = {});
   ~RunOpinion();
   RunOpinion(const RunOpinion&) = delete;
   RunOpinion& operator=(const RunOpinion&) = delete;
@@ -87,6 +89,7 @@ class RunOpinion {
   AluDgnEndForce end_moments(const Place& place, const model::CaseForces& own) const;
 
   const model::Model& model_;
+  const std::map<model::Number, double> restrained_;
   model::CombinationEvaluator evaluator_;
   model::Connectivity connectivity_;
   std::vector<bool> is_seismic_;  ///< by place of the combination

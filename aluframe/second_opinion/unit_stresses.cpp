@@ -72,10 +72,24 @@ class LateralQuestions {
       unit.safe = held;
       unit.rules = unit.rules | Rule::s6;
     }
+    take_restraints(asked, asked_my, end_section, unit);
     return unit;
   }
 
  private:
+  /// S9: the member buckles between its restraints, not over half of its length.
+  void take_restraints(ALU_DGN_DATA asked, double my, bool end_section, LateralUnit& unit) {
+    if (!facts_.restrained_phi_b) return;
+    ALU_PARA_DATA& para = asked.code.para;
+    para.bUserPhi = 1;
+    para.dUserPhi[0] = *facts_.restrained_phi_b;
+    para.dUserPhi[1] = 1.0;
+    const double between = lateral_stress(engine_, asked, my, end_section);
+    if (!(between > unit.safe * (1.0 + 1e-9))) return;
+    unit.safe = between;
+    unit.rules = unit.rules | Rule::s9;
+  }
+
   Engine& engine_;
   const ElementFacts& facts_;
   const ALU_DGN_DATA& plain_;

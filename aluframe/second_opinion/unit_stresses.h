@@ -14,6 +14,9 @@ struct ElementFacts {
   double shear_centre_y = 0.0;
   /// Per end of the member: other members hold it there, also where no support does.
   std::array<bool, 2> end_is_held{};
+  /// φb between the restraints of the member, where the checks halve its length for a support
+  /// between its ends and so have a larger one; nothing: they do not, or no restraints are given.
+  std::optional<double> restrained_phi_b = std::nullopt;
 };
 
 /// An element as the questions take it.
