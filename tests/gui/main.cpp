@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <iostream>
 
@@ -24,11 +23,13 @@ int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
   qInstallMessageHandler(print_message);
+  // What the window remembers and keeps is this run's own: others run beside it.
+  const QTemporaryDir own;
+  for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
+    qputenv(folder, own.path().toLocal8Bit());
+  }
   const QApplication application(argc, argv);
-  // What the window remembers is the tests' own.
-  QStandardPaths::setTestModeEnabled(true);
-  const QTemporaryDir settings;
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, own.path());
   QCoreApplication::setOrganizationName(QStringLiteral("AluFrame tests"));
   return RUN_ALL_TESTS();
 }
