@@ -1,5 +1,6 @@
 // What the deflections of 10,000 elements under 20 combinations cost beside their forces at five
-// positions: each by itself, from the same model, with the analysis of five load cases in both.
+// positions under the same: each by itself, from the same model, with the analysis of its load
+// cases in both.
 
 #include <benchmark/benchmark.h>
 
@@ -9,6 +10,7 @@
 
 #include "aluframe/deflections/deflection_search.h"
 #include "aluframe/forces/compute_forces.h"
+#include "aluframe/model/combinations.h"
 #include "aluframe/model/model.h"
 #include "bench/median_runs.h"
 
@@ -31,6 +33,17 @@ void add_beam(model::Model& grid, model::Number start, model::Number end) {
   element.nodes = {start, end};
   element.section = element.material = 1;
   grid.elements.add(element);
+}
+
+/// All load cases with factors that differ from combination to combination.
+model::Combination combination_of_all(int number) {
+  model::Combination combination;
+  combination.number = static_cast<model::Number>(number);
+  for (int c = 1; c <= cases; ++c) {
+    const double factor = 1.0 - 0.05 * static_cast<double>((number + c) % combinations);
+    combination.terms.push_back({.number = static_cast<model::Number>(c), .factor = factor});
+  }
+  return combination;
 }
 
 /// A square grid of beams, 9,940, held along its edges, under loads that differ from case to case.
@@ -69,15 +82,17 @@ model::Model grid_under_loads() {
     load_case.loads.span.push_back(load);
     grid.load_cases.add(load_case);
   }
+  for (int k = 1; k <= combinations; ++k) grid.combinations.add(combination_of_all(k));
   return grid;
 }
 
-std::vector<deflections::State> states() {
+/// The states of the grid's combinations.
+std::vector<deflections::State> states_of(const model::Model& grid) {
   std::vector<deflections::State> out;
-  for (int k = 0; k < combinations; ++k) {
-    deflections::State state{static_cast<model::Number>(k + 1), {}};
-    for (std::size_t c = 0; c < cases; ++c) {
-      state.loads.push_back({c, 1.0 - 0.05 * static_cast<double>((k + c) % combinations)});
+  for (const model::Combination& combination : grid.combinations) {
+    deflections::State state{combination.number, {}};
+    for (const model::CombinationTerm& term : combination.terms) {
+      state.loads.push_back({grid.load_cases.position(term.number), term.factor});
     }
     out.push_back(state);
   }
@@ -86,7 +101,7 @@ std::vector<deflections::State> states() {
 
 void find_deflections(benchmark::State& state) {
   const model::Model grid = grid_under_loads();
-  const auto all = states();
+  const auto all = states_of(grid);
   for (auto _ : state) benchmark::DoNotOptimize(deflections::find_deflections(grid, all));
 }
 
@@ -95,6 +110,13 @@ void find_forces(benchmark::State& state) {
   for (auto _ : state) {
     model::Model with_forces = grid;
     benchmark::DoNotOptimize(forces::compute_forces(with_forces));
+    const model::CombinationEvaluator evaluator(with_forces);
+    for (std::size_t element = 0; element < with_forces.elements.size(); ++element) {
+      for (const model::Combination& combination : with_forces.combinations) {
+        benchmark::DoNotOptimize(
+            evaluator.evaluate(element, combination.number, model::Side::maximum));
+      }
+    }
   }
 }
 
