@@ -20,21 +20,27 @@ constexpr auto row_fields = std::to_array<std::string_view>(
 
 std::vector<model::CombinationType> read_types(const JsonValue& list) {
   std::vector<model::CombinationType> types;
-  for (const JsonValue value : list.list()) {
+  read_items(list, [&](const JsonValue& value) {
     types.push_back(value.one_of<model::CombinationType>(combination_types));
-  }
-  if (types.empty()) list.fail_with(texts::translated("must name at least one type"));
+  });
+  if (list.list().empty()) list.fail_with(texts::translated("must name at least one type"));
   return types;
+}
+
+model::ActionKind read_kind(const JsonObject& object) {
+  return object.required("kind").one_of<model::ActionKind>(action_kinds);
 }
 
 model::FactorRow read_row(const JsonValue& value) {
   const JsonObject object(value, row_fields);
   model::FactorRow row;
-  row.kind = object.required("kind").one_of<model::ActionKind>(action_kinds);
-  row.category = object.plain_text_or("category", "");
-  row.source = object.plain_text_or("source", "");
+  object.part([&] { row.kind = read_kind(object); });
+  object.part([&] { row.category = object.plain_text_or("category", ""); });
+  object.part([&] { row.source = object.plain_text_or("source", ""); });
   for (const auto& [name, field] : factor_fields) {
-    if (const auto number = object.optional(name)) row.*field = number->not_negative();
+    object.part([&] {
+      if (const auto number = object.optional(name)) row.*field = number->not_negative();
+    });
   }
   return row;
 }
@@ -46,36 +52,49 @@ std::optional<model::Action> read_action(const JsonObject& load_case) {
   if (!value) return std::nullopt;
   const JsonObject object(*value, action_fields);
   model::Action action;
-  action.kind = object.required("kind").one_of<model::ActionKind>(action_kinds);
-  action.category = object.plain_text_or("category", "");
-  action.exclusive = object.plain_text_or("exclusive", "");
-  if (const auto other = object.optional("together_with")) {
-    action.together_with = other->entity_number();
-  }
-  if (const auto favourable = object.optional("favourable")) {
-    action.favourable = favourable->one_of<model::Favourable>(favourable_names);
-  }
-  if (const auto reversible = object.optional("reversible")) {
-    action.reversible = reversible->boolean();
-  }
+  object.part([&] { action.kind = read_kind(object); });
+  object.part([&] { action.category = object.plain_text_or("category", ""); });
+  object.part([&] { action.exclusive = object.plain_text_or("exclusive", ""); });
+  object.part([&] {
+    if (const auto other = object.optional("together_with")) {
+      action.together_with = other->entity_number();
+    }
+  });
+  object.part([&] {
+    if (const auto favourable = object.optional("favourable")) {
+      action.favourable = favourable->one_of<model::Favourable>(favourable_names);
+    }
+  });
+  object.part([&] {
+    if (const auto reversible = object.optional("reversible")) {
+      action.reversible = reversible->boolean();
+    }
+  });
   return action;
 }
 
 std::optional<JsonValue> read_combination_rule(const JsonValue& value, model::Model& model) {
   const JsonObject object(value, rule_fields);
   model::CombinationRule rule;
-  rule.rule = object.required("rule").plain_text();
-  rule.seismic = object.plain_text_or("seismic", "");
-  if (const auto types = object.optional("types")) rule.types = read_types(*types);
-  rule.wind_with_earthquake = object.boolean_or("wind_with_earthquake", false);
-  if (const auto life = object.optional("design_life")) {
+  object.part([&] { rule.rule = object.required("rule").plain_text(); });
+  object.part([&] { rule.seismic = object.plain_text_or("seismic", ""); });
+  object.part([&] {
+    if (const auto types = object.optional("types")) rule.types = read_types(*types);
+  });
+  object.part(
+      [&] { rule.wind_with_earthquake = object.boolean_or("wind_with_earthquake", false); });
+  object.part([&] {
     constexpr int most_years = 1000;
-    rule.design_life = life->whole(1, most_years);
-  }
-  if (const auto table = object.optional("table")) {
+    if (const auto life = object.optional("design_life")) {
+      rule.design_life = life->whole(1, most_years);
+    }
+  });
+  object.part([&] {
+    const auto table = object.optional("table");
+    if (!table) return;
     read_items(*table, [&](const JsonValue& row) { rule.table.push_back(read_row(row)); });
-  }
-  model.combination_rule = std::move(rule);
+  });
+  if (object.is_sound()) model.combination_rule = std::move(rule);
   return object.optional("also");
 }
 

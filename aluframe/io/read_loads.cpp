@@ -140,10 +140,13 @@ void read_load_cases(const JsonObject& root, const Scales& scales, model::Model&
 
 void read_combinations(const JsonObject& root, model::Model& model) {
   std::optional<JsonValue> list = root.optional("combinations");
-  if (list && list->kind() == JsonValue::Kind::object) list = read_combination_rule(*list, model);
+  const bool has_rule = list && list->kind() == JsonValue::Kind::object;
+  if (has_rule) list = read_combination_rule(*list, model);
   const bool are_sound = root.part([&] {
     if (list) read_written_combinations(*list, model);
   });
+  // What a rule with a fault would make is not known.
+  if (has_rule && !model.combination_rule) throw FollowsFromFault{};
   // A rule goes by all cases and by all combinations that are written beside it.
   if (are_sound && !any_lost(root.value(), &model.load_cases)) make_combinations_by_rule(model);
 }

@@ -147,8 +147,7 @@ class RestraintReader {
       if ((flanges & ~has) == 0) continue;
       holds.fail(texts::translated(
           "found \"{}\" at {:.6g}, where element {} has a section {} without such a flange, must "
-          "be "
-          "one of {}",
+          "be one of {}",
           model::name_of(held.held), in_unit(held.place), stretch.element->number,
           model::name_of(section.shape), has == 0 ? "y, z, twist" : "top, y, z, twist"));
     }
@@ -170,7 +169,7 @@ std::vector<model::Restraint> read_restraints(const JsonValue& list, const Scale
                                               const model::Member& member) {
   RestraintReader reader(scales, model, member);
   std::vector<model::Restraint> restraints;
-  for (const JsonValue value : list.list()) restraints.push_back(reader.read(value));
+  read_items(list, [&](const JsonValue& value) { restraints.push_back(reader.read(value)); });
   return restraints;
 }
 

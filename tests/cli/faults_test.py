@@ -65,6 +65,31 @@ def test_faults_of_one_entity_are_told_each(aluframe, renumbered):
         "/elements/0/nodes/1 (element 12)", "/elements/0/kind (element 12)", "/elements/0/beta (element 12)"]
 
 
+def test_faults_of_a_combination_rule_and_of_actions_are_told_each(aluframe, renumbered):
+    renumbered["load_cases"][0]["action"] = {"kind": "permanent", "favourable": "often", "reversible": 1}
+    renumbered["combinations"] = {
+        "rule": 68, "types": ["fundamental", "seldom"], "design_life": 0,
+        "table": [{"kind": "wind", "gamma": -1.5, "psi_c": "half"}, {"kind": "storm"}],
+        "also": [{"number": 500, "terms": [{"case": 99}]}]}
+    # Whether any of the combinations is for serviceability is not known.
+    renumbered["deflection_limit"] = {"span": 180}
+    aluframe.write(renumbered)
+    assert [line.split(": ", 2)[2].split(":")[0].split(" (")[0] for line in told(aluframe)] == [
+        "/load_cases/0/action/favourable", "/load_cases/0/action/reversible",
+        "/combinations/rule", "/combinations/types/1", "/combinations/design_life",
+        "/combinations/table/0/gamma", "/combinations/table/0/psi_c", "/combinations/table/1/kind",
+        "/combinations/also/0/terms/0/case"]
+
+
+def test_faults_of_restraints_are_told_each(aluframe, renumbered):
+    renumbered["members"] = [{"number": 7, "elements": [12], "restraints": [
+        {"holds": "left", "at": [1]}, {"holds": "z", "at": [99]}, {"holds": "z", "spacing": 1}, {"holds": "top", "at": [1]}]}]
+    aluframe.write(renumbered)
+    assert [line.split(": ", 2)[2].split(":")[0] for line in told(aluframe)] == [
+        "/members/0/restraints/0/holds (member 7)", "/members/0/restraints/1/at/0 (member 7)",
+        "/members/0/restraints/3/holds (member 7)"]
+
+
 @pytest.mark.parametrize("fault", [
     lambda model: model["nodes"][0].update(x="a"),
     lambda model: model["nodes"][0].update(number="one"),
@@ -77,6 +102,8 @@ def test_faults_of_one_entity_are_told_each(aluframe, renumbered):
     lambda model: model["load_cases"][0].update(kind="wild"),
     lambda model: model["units"].update(length="mile"),
     lambda model: model.update(catalogues=["none.csv"]),
+    lambda model: model["members"][0].update(restraints=[{"holds": "z", "at": [1]}]) or model["sections"][0].update(shape="Q"),
+    lambda model: model["members"][0].update(restraints=[{"holds": "top", "at": [1]}]) or model["nodes"][1].update(x="a"),
 ])
 def test_what_follows_from_a_fault_is_not_told(aluframe, renumbered, fault):
     renumbered["members"] = [{"number": 1, "elements": [12]}]
