@@ -111,7 +111,8 @@ LateralCoefficient lateral_coefficient(const LateralSection& section, Flange com
 std::optional<UnrestrainedCoefficient> unrestrained_coefficient(const ALU_DGN_DATA& data) {
   if (!depends_on_length(data)) return std::nullopt;
   const engine::MATERIAL_CLASS material = engine::ClassifyMaterial(data.code.matl);
-  UnrestrainedCoefficient out{.section = section_of(data, material), .largest_phi_b = 0.0,
+  UnrestrainedCoefficient out{.section = section_of(data, material),
+                              .largest_phi_b = 0.0,
                               .is_halved = data.code.para.bMidSupport == 1};
   for (const double n : {0.0, -some_force}) {
     for (const double my : {some_moment, -some_moment}) {

@@ -66,8 +66,8 @@ struct Input {
   std::optional<FrameModes> modes;  ///< of all combinations, where length factors hang on them
   std::vector<members::SegmentFactors> length_factors;  ///< once it is prepared
   Restrained restrained;  ///< by what holds members beside the frame, once it is prepared
-  SetupOrigins origins;                                 ///< of what the run goes by
-  store::RunSetup setup;                                ///< what it goes by, once it is prepared
+  SetupOrigins origins;   ///< of what the run goes by
+  store::RunSetup setup;  ///< what it goes by, once it is prepared
   std::vector<store::RemarkRow> remarks;  ///< on it (run/remarks.h), once it is prepared
 };
 
