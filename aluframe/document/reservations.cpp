@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include "aluframe/document/figure.h"
 #include "aluframe/document/names.h"
 #include "aluframe/document/table.h"
+#include "aluframe/document/views.h"
 #include "aluframe/run/deflections.h"
 #include "aluframe/run/not_checked.h"
 #include "aluframe/tables/displacement_tables.h"
@@ -91,6 +93,19 @@ std::vector<Cell> displacement_cells(const store::DisplacementRow& row) {
           ratio_cell(run::ratio_of(row)),
           {number_text(row.combination)},
           {number_text(row.element)}};
+}
+
+/// The frame by its deflections over what they are limited to; nothing where none is.
+void write_deflections(HtmlWriter& html, const run::DocumentContent& content) {
+  picture::Content shown;
+  shown.colour = picture::ColourBy::deflection;
+  shown.ratios = run::deflection_ratios(content.told.displacements);
+  if (shown.ratios.empty()) return;
+  const model::Model& model = content.input.model;
+  for (const picture::View view : views_of(model)) {
+    shown.view = view;
+    write_picture(html, model, shown, fmt::format("deflections-{}", picture::name_of(view)));
+  }
 }
 
 }  // namespace
@@ -185,6 +200,7 @@ void write_serviceability(HtmlWriter& html, const run::DocumentContent& content)
                   rows.add(displacement_cells(row));
                 }
               });
+  write_deflections(html, content);
 }
 
 void write_settings(HtmlWriter& html, const run::DocumentContent& content) {

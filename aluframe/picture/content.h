@@ -65,12 +65,17 @@ struct Deformed {
   std::vector<DisplacedLine> lines;
 };
 
-enum class ColourBy { nothing, ratio, section, material };
+enum class ColourBy { nothing, ratio, deflection, section, material };
 std::optional<ColourBy> parse_colour(std::string_view name);
-/// "ratio, section, material", for messages.
+/// By a stored check or what stands beside it: elements have ratios then.
+constexpr bool is_by_ratio(ColourBy colour) {
+  return colour == ColourBy::ratio || colour == ColourBy::deflection;
+}
+/// "ratio, deflection, section, material", for messages.
 std::string_view colour_names();
 
-/// Governing ratios of elements, of a stored check; an element without one is not in it.
+/// Governing ratios of elements, of a stored check, or deflections over what they are limited to;
+/// an element without one is not in it.
 using Ratios = std::map<model::Number, double>;
 
 /// Which nodes or elements are numbered.
@@ -87,7 +92,7 @@ struct Content {
   std::optional<Diagram> diagram;
   std::optional<Deformed> deformed;
   ColourBy colour = ColourBy::nothing;
-  Ratios ratios;                   ///< with ColourBy::ratio
+  Ratios ratios;                   ///< where `is_by_ratio`
   std::vector<std::string> notes;  ///< what must be said of all that
 };
 

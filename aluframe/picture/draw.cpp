@@ -22,6 +22,9 @@ std::string subtitle_of(const model::Model& model, const Content& content) {
   std::string text;
   const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : "; ") + part; };
   if (content.colour == ColourBy::ratio) add(texts::translated("governing ratios of the checks"));
+  if (content.colour == ColourBy::deflection) {
+    add(texts::translated("largest deflections over what they are limited to"));
+  }
   if (content.colour == ColourBy::section) add(texts::translated("sections"));
   if (content.colour == ColourBy::material) add(texts::translated("materials"));
   if (content.diagram) {
@@ -114,12 +117,13 @@ std::string_view component_names() {
 
 std::optional<ColourBy> parse_colour(std::string_view name) {
   if (name == "ratio") return ColourBy::ratio;
+  if (name == "deflection") return ColourBy::deflection;
   if (name == "section") return ColourBy::section;
   return name == "material" ? std::optional(ColourBy::material) : std::nullopt;
 }
 
 std::string_view colour_names() {
-  return "ratio, section, material";
+  return "ratio, deflection, section, material";
 }
 
 void add_note(std::vector<std::string>& notes, std::vector<model::Number> elements,

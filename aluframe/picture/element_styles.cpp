@@ -26,7 +26,9 @@ void add_to_legend(ElementStyles& out, const Style& style, std::string_view text
                                           : texts::translated("{}: {} elements", text, count)});
 }
 
-ElementStyles styles_by_ratio(const model::Model& model, const Ratios& ratios) {
+/// @param without_one what an element without a ratio is
+ElementStyles styles_by_ratio(const model::Model& model, const Ratios& ratios,
+                              const std::string& without_one) {
   ElementStyles out;
   std::map<const RatioClass*, std::size_t> counts;
   std::size_t without = 0;
@@ -48,8 +50,7 @@ ElementStyles styles_by_ratio(const model::Model& model, const Ratios& ratios) {
   add_to_legend(out, line_of(over_one),
                 texts::translated("ratio {}", texts::translation_of(over_one.text)),
                 counts[&over_one]);
-  if (without > 0)
-    add_to_legend(out, line_without_result, texts::translated("without a result"), without);
+  if (without > 0) add_to_legend(out, line_without_result, without_one, without);
   return out;
 }
 
@@ -89,7 +90,9 @@ std::string material_text(const model::Material& material) {
 ElementStyles element_styles(const model::Model& model, const Content& content) {
   switch (content.colour) {
     case ColourBy::ratio:
-      return styles_by_ratio(model, content.ratios);
+      return styles_by_ratio(model, content.ratios, texts::translated("without a result"));
+    case ColourBy::deflection:
+      return styles_by_ratio(model, content.ratios, texts::translated("not limited"));
     case ColourBy::section:
       return styles_by_kind(
           model, [](const model::Element& element) { return element.section; },

@@ -100,7 +100,7 @@ void draw_elements(Drawing& drawing) {
 }
 
 void draw_ratios(Drawing& drawing) {
-  if (drawing.content.colour != ColourBy::ratio) return;
+  if (!is_by_ratio(drawing.content.colour)) return;
   for (const SeenElement& one : drawing.elements) {
     const auto found = drawing.content.ratios.find(one.element->number);
     if (found == drawing.content.ratios.end() || &class_of(found->second) != &over_one) continue;

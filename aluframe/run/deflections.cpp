@@ -170,14 +170,16 @@ std::string passed_text(const DisplacementRow& row) {
                      limit);
 }
 
-void add_elements(const DisplacementRow& row, std::set<model::Number>& elements) {
-  if (row.elements.empty()) return;
+std::vector<model::Number> elements_of(const DisplacementRow& row) {
+  std::vector<model::Number> elements;
+  if (row.elements.empty()) return elements;
   std::string text = row.elements;
   std::erase(text, ' ');
   const auto ranges = std::get<model::NumberRanges>(model::parse_number_ranges(text));
   for (const model::NumberRange& range : ranges.ranges()) {
-    for (model::Number n = range.first; n <= range.last; ++n) elements.insert(n);
+    for (model::Number n = range.first; n <= range.last; ++n) elements.push_back(n);
   }
+  return elements;
 }
 
 /// One remark on all that pass the limits of their kind.
@@ -189,7 +191,8 @@ std::optional<store::RemarkRow> remark_on_passed(const std::vector<DisplacementR
   for (const DisplacementRow& row : rows) {
     if (!exceeds_limit(row)) continue;
     subjects.insert(subject_text(row));
-    add_elements(row, elements);
+    const auto own = elements_of(row);
+    elements.insert(own.begin(), own.end());
   }
   store::RemarkRow remark;
   remark.kind = remark_kind;
@@ -263,6 +266,29 @@ std::optional<double> ratio_of(const DisplacementRow& row) {
 bool exceeds_limit(const DisplacementRow& row) {
   const auto ratio = ratio_of(row);
   return ratio && services::exceeds_limit(*ratio);
+}
+
+std::map<model::Number, double> deflection_ratios(const std::vector<DisplacementRow>& rows) {
+  std::map<model::Number, double> ratios;
+  for (const DisplacementRow& row : rows) {
+    const auto ratio = ratio_of(row);
+    if (!ratio || row.kind != store::DisplacementKind::deflection) continue;
+    for (const model::Number element : elements_of(row)) {
+      double& largest = ratios.try_emplace(element, 0.0).first->second;
+      largest = std::max(largest, *ratio);
+    }
+  }
+  return ratios;
+}
+
+std::vector<model::Number> unknown_deflections(const std::vector<DisplacementRow>& rows) {
+  std::set<model::Number> elements;
+  for (const DisplacementRow& row : rows) {
+    if (row.kind != store::DisplacementKind::deflection || !row.limit || row.value) continue;
+    const auto own = elements_of(row);
+    elements.insert(own.begin(), own.end());
+  }
+  return {elements.begin(), elements.end()};
 }
 
 const DisplacementRow* worst_displacement(const std::vector<DisplacementRow>& rows) {

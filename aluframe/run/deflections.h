@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,6 +55,13 @@ bool exceeds_limit(const store::DisplacementRow& row);
 const store::DisplacementRow* worst_displacement(const std::vector<store::DisplacementRow>& rows);
 /// The same of the largest share of a span.
 const store::DisplacementRow* largest_share(const std::vector<store::DisplacementRow>& rows);
+
+/// The largest ratio of the deflections that each element has a part of; an element that no limit
+/// holds for, or whose deflection is not known, has none.
+std::map<model::Number, double> deflection_ratios(const std::vector<store::DisplacementRow>& rows);
+
+/// The elements for which a limit holds and that no deflection is known of, ascending.
+std::vector<model::Number> unknown_deflections(const std::vector<store::DisplacementRow>& rows);
 
 /// Kind of the remark on combinations under which displacements are unknown.
 inline constexpr const char* unknown_displacements = texts::translatable("unknown displacements");

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "aluframe/run/chosen_numbers.h"
+#include "aluframe/run/deflections.h"
 #include "aluframe/run/displaced_lines.h"
 #include "aluframe/run/force_lines.h"
 #include "aluframe/run/results.h"
@@ -149,21 +150,35 @@ std::vector<model::Number> safe_over_one(store::ResultReader& reader,
   return out;
 }
 
-void add_ratios(const Input& input, const InputOptions& options, const PictureOptions& wanted,
-                PictureContent& out) {
+void add_ratios(store::ResultReader& reader, Content& content) {
+  for (const ElementResult& element : by_element(reader.governing())) {
+    content.ratios[element.element] = element.worst().governing.Ratio();
+  }
+  picture::add_note(
+      content.notes, safe_over_one(reader, content.ratios),
+      texts::translated("the safe ratio exceeds 1, though no ratio of the checks does"));
+}
+
+void add_deflections(store::ResultReader& reader, Content& content) {
+  const auto rows = reader.displacements();
+  content.ratios = deflection_ratios(rows);
+  picture::add_note(content.notes, unknown_deflections(rows),
+                    texts::translated("a deflection is limited and not known"));
+}
+
+void add_results(const Input& input, const InputOptions& options, const PictureOptions& wanted,
+                 PictureContent& out) {
   Content& content = out.content;
   const auto file = wanted.results.value_or(result_path_of(input.file));
   if (const auto text = left_instead_text(file)) throw Problem{*text};
   const auto reader = store::ResultReader::open(file);
-  for (const ElementResult& element : by_element(reader->governing())) {
-    if (input.model.elements.find(element.element) == nullptr) continue;
-    content.ratios[element.element] = element.worst().governing.Ratio();
-  }
-  picture::add_note(
-      content.notes, safe_over_one(*reader, content.ratios),
-      texts::translated("the safe ratio exceeds 1, though no ratio of the checks does"));
+  const bool is_of_checks = wanted.colour == picture::ColourBy::ratio;
+  is_of_checks ? add_ratios(*reader, content) : add_deflections(*reader, content);
+  std::erase_if(content.ratios,
+                [&](const auto& of) { return input.model.elements.find(of.first) == nullptr; });
   out.cautions = cautions(options, file, *reader);
   content.notes.insert(content.notes.end(), out.cautions.begin(), out.cautions.end());
+  if (!is_of_checks) return;
   const Coverage coverage = coverage_of(*reader);
   content.notes.push_back(texts::translated("ratios of a check of {}", coverage_text(coverage)));
 }
@@ -190,7 +205,7 @@ PictureContent gathered(const Input& input, const InputOptions& options,
     add_diagram_of_combination(input, *wanted.diagram, *wanted.combination, content);
   }
   if (wanted.deformed) add_deformed(input, *wanted.deformed, content);
-  if (wanted.colour == picture::ColourBy::ratio) add_ratios(input, options, wanted, out);
+  if (picture::is_by_ratio(wanted.colour)) add_results(input, options, wanted, out);
   return out;
 }
 

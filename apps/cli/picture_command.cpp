@@ -17,8 +17,9 @@ int run_picture_command(const PictureCommandOptions& options) {
   const run::PictureOptions& wanted = options.wanted;
   std::optional<std::filesystem::path> file;
   if (options.svg != "-") file = options.svg;
-  if (wanted.results && wanted.colour != picture::ColourBy::ratio) {
-    return stop({texts::translated("--results goes with --colour ratio only")});
+  if (wanted.results && !picture::is_by_ratio(wanted.colour)) {
+    return stop(
+        {texts::translated("--results goes with --colour ratio and --colour deflection only")});
   }
   if (const auto problem = files::find_overwriting(
           {{texts::translatable("the picture"), file, files::FileKind::other}},

@@ -10,7 +10,16 @@
 namespace aluframe::desktop {
 
 /// What elements are coloured by.
-enum class Colour { plain, worst_ratio, item, combination, safe_ratio, section, material };
+enum class Colour {
+  plain,
+  worst_ratio,
+  item,
+  combination,
+  safe_ratio,
+  deflection,
+  section,
+  material
+};
 
 /// Whose forces or displacements are shown.
 struct LoadCaseSubject {

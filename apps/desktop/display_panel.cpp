@@ -21,12 +21,13 @@ namespace {
 using texts::translatable;
 
 /// Rows of the colours that are always offered, in their order; items and combinations follow.
-constexpr std::array<std::pair<Colour, const char*>, 5> plain_colours{
+constexpr std::array<std::pair<Colour, const char*>, 6> plain_colours{
     {{Colour::plain, translatable("one colour")},
      {Colour::section, translatable("section")},
      {Colour::material, translatable("material")},
      {Colour::worst_ratio, translatable("governing ratio")},
-     {Colour::safe_ratio, translatable("safe ratio (second opinion)")}}};
+     {Colour::safe_ratio, translatable("safe ratio (second opinion)")},
+     {Colour::deflection, translatable("deflection over its limit")}}};
 constexpr std::array<int, 7> items{
     RALU_STRENGTH,           RALU_SHEAR_Y,       RALU_SHEAR_Z,      RALU_STABILITY,
     RALU_COMBINED_STABILITY, RALU_SLENDERNESS_Y, RALU_SLENDERNESS_Z};

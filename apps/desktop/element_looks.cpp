@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "aluframe/run/deflections.h"
 #include "aluframe/tables/names.h"
 #include "aluframe/texts/text.h"
 #include "apps/desktop/ui_texts.h"
@@ -70,6 +71,11 @@ ElementColours element_colours(const Workspace& workspace, const DisplayState& s
       case Colour::safe_ratio:
         out.title = ui_text(translatable("Safe ratio (second opinion)"));
         out.ratios = safe_ratios(*results);
+        break;
+      case Colour::deflection:
+        out.title = ui_text(translatable("Deflection over its limit"));
+        out.by = ColourBy::deflection;
+        out.ratios = run::deflection_ratios(results->told.displacements);
         break;
       default:
         out.title = ui_text(translatable("Governing ratio"));

@@ -240,6 +240,48 @@ def test_elements_without_a_result_are_dashed_and_counted(aluframe):
     assert any("elements 5 of 31" in text for text in texts(root))
 
 
+def in_use(frame, limit):
+    """The beam under its uniform load, limited to a part of its deflection by bending, 5·q·L⁴/(384·E·I)."""
+    bending = 5 * 6 * 4000**4 / (384 * 70000 * PIPE_I)
+    frame["combinations"].append({"number": 9, "terms": [{"case": 1}], "serviceability": True, "design": False})
+    if limit is not None:
+        frame["deflection_limit"] = {"absolute": limit * bending / 1000}
+    return frame
+
+
+def counted(root):
+    """The classes of the legend that hold an element."""
+    return [text.split(": ")[0] for text in texts(layer(root, "legend")) if ": 1 element" in text]
+
+
+@pytest.mark.parametrize("limit, legend", [(2, "ratio 0.50 to 0.75"), (1.1, "ratio 0.90 to 1"), (0.5, "ratio over 1")])
+def test_elements_are_coloured_by_their_deflection_over_its_limit(aluframe, frame, limit, legend):
+    aluframe.write(in_use(frame, limit))
+    aluframe("check", "frame.json")
+    root = drawn(aluframe, "--colour", "deflection")
+    assert counted(root) == [legend]
+    assert "largest deflections over what they are limited to; view along Y (XZ)" in texts(root)
+    # Shear adds less than 2 % to twice the limit.
+    beside = [float(text) for text in texts(layer(root, "values"))]
+    assert beside == ([pytest.approx(2.02, abs=0.021)] if limit == 0.5 else [])
+
+
+def test_elements_without_a_limit_of_deflection_are_told_apart(aluframe, frame):
+    aluframe.write(in_use(frame, None))
+    aluframe("check", "frame.json")
+    assert counted(drawn(aluframe, "--colour", "deflection")) == ["not limited"]
+
+
+def test_the_document_has_the_frame_by_its_deflections_where_they_are_limited(aluframe, frame):
+    for limit in (None, 2):
+        aluframe.write(in_use(frame, limit))
+        aluframe("check", "frame.json")
+        aluframe("report", "frame.json", "--html", "page.html")
+        page = (aluframe.folder / "page.html").read_text(encoding="utf-8")
+        assert ("largest deflections over what they are limited to" in page) == (limit is not None)
+        frame["combinations"].pop()
+
+
 def test_results_of_another_state_are_told_in_the_picture_too(aluframe, frame):
     aluframe("check", "frame.json")
     frame["load_cases"][0]["span"][0]["value"] = -7
@@ -317,14 +359,14 @@ MODEL_ERRORS = {
     "both of a diagram": (["--diagram", "My", "--case", "1", "--combination", "1"],
                           "--diagram: needs --case or --combination, one of them"),
     "case without a diagram": (["--case", "1"], "--case and --combination go with --diagram only"),
-    "results without ratios": (["--results", "a.aluresult"], "--results goes with --colour ratio only"),
+    "results without ratios": (["--results", "a.aluresult"], "--results goes with --colour ratio and --colour deflection only"),
     "shape without loads": (["--deformed", "3"], "frame.json: --deformed: load case 3 has no loads"),
     "diagram without loads": (["--diagram", "N", "--case", "3"],
                               "frame.json: --diagram: load case 3 \"None\" has neither loads nor forces"),
     "no results": (["--colour", "ratio"], "frame.aluresult: "),
     "wrong view": (["--view", "top"], "--view: found 'top', must be one of iso, xy, xz, yz"),
     "wrong force": (["--diagram", "Qz", "--case", "1"], "--diagram: found 'Qz', must be one of N, Vy, Vz, T, My, Mz"),
-    "wrong colour": (["--colour", "red"], "--colour: found 'red', must be one of ratio, section, material"),
+    "wrong colour": (["--colour", "red"], "--colour: found 'red', must be one of ratio, deflection, section, material"),
 }
 
 
