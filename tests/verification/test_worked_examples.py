@@ -64,9 +64,9 @@ def cases_of(page):
             for number, (block, end) in enumerate(zip(blocks, ends), 1)]
 
 
-# Combinations and area loads are compared by tests of their own.
+# Combinations, area loads and restraints are compared by tests of their own.
 EXAMPLES = sorted(page for page in PAGES.glob("*.md")
-                  if page.name not in ("README.md", "area-loads.md") and not page.name.startswith("combinations-"))
+                  if page.name not in ("README.md", "area-loads.md", "restraints.md") and not page.name.startswith("combinations-"))
 CASES = [case for page in EXAMPLES for case in cases_of(page)]
 
 

@@ -22,11 +22,12 @@ TEST(RuleSet, RulesHaveTheNamesOfTheDocuments) {
 
 TEST(RuleSet, EveryRuleHasItsOwnName) {
   const std::pair<Rule, const char*> names[] = {
-      {Rule::b1, "B1"},   {Rule::b8, "B8"},   {Rule::c1, "C1"}, {Rule::c2, "C2"},
-      {Rule::c3, "C3"},   {Rule::c4, "C4"},   {Rule::c5, "C5"}, {Rule::c6, "C6"},
-      {Rule::c7, "C7"},   {Rule::f1, "F1"},   {Rule::f2, "F2"}, {Rule::f4, "F4"},
-      {Rule::s2, "S2"},   {Rule::s3, "S3"},   {Rule::s6, "S6"}, {Rule::s8, "S8"},
-      {Rule::s12, "S12"}, {Rule::s14, "S14"}, {Rule::w3, "W3"}, {Rule::between, "P"}};
+      {Rule::b1, "B1"},    {Rule::b8, "B8"},   {Rule::c1, "C1"},   {Rule::c2, "C2"},
+      {Rule::c3, "C3"},    {Rule::c4, "C4"},   {Rule::c5, "C5"},   {Rule::c6, "C6"},
+      {Rule::c7, "C7"},    {Rule::f1, "F1"},   {Rule::f2, "F2"},   {Rule::f4, "F4"},
+      {Rule::s2, "S2"},    {Rule::s3, "S3"},   {Rule::s6, "S6"},   {Rule::s8, "S8"},
+      {Rule::s9, "S9"},    {Rule::s12, "S12"}, {Rule::s14, "S14"}, {Rule::w3, "W3"},
+      {Rule::between, "P"}};
   EXPECT_EQ(std::size(names), static_cast<std::size_t>(rule_count));
   for (const auto& [rule, name] : names) EXPECT_EQ(name_of(rule), name);
 }
