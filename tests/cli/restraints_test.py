@@ -240,9 +240,9 @@ def test_a_closed_section_is_told_to_need_no_length(aluframe):
 
 
 @pytest.mark.parametrize("restraint, message", [
-    ({"holds": "top", "at": [6.5]}, "/members/0/restraints/0/at/0: found 6.5, must be from 0 to 6, the length"),
-    ({"holds": "top", "at": [1, 1]}, '/members/0/restraints/0/at/1: found "top" at 1, where '),
-    ({"holds": "wall", "at": [1]}, '/members/0/restraints/0/holds: found "wall", must be one of compressed, top, '),
+    ({"holds": "top", "at": [6.5]}, "/members/0/restraints/0/at/0 (member 1): found 6.5, must be from 0 to 6, the length"),
+    ({"holds": "top", "at": [1, 1]}, '/members/0/restraints/0/at/1 (member 1): found "top" at 1, where '),
+    ({"holds": "wall", "at": [1]}, '/members/0/restraints/0/holds (member 1): found "wall", must be one of compressed, top, '),
 ])
 def test_faults_are_told_with_their_place(aluframe, restraint, message):
     aluframe.write(rafter([restraint]))
@@ -253,5 +253,5 @@ def test_faults_are_told_with_their_place(aluframe, restraint, message):
 def test_flanges_that_a_pipe_lacks_are_told(aluframe):
     aluframe.write(rafter(TOP) | {"sections": [{"number": 1, "shape": "P", "dimensions": {"D": 100, "t": 5}}]})
     error = aluframe("check", "frame.json", status=1).stderr
-    assert error == ('frame.json: /members/0/restraints/0/holds: found "top" at 1.5, where element 1 has a section P '
+    assert error == ('frame.json: line 1: /members/0/restraints/0/holds (member 1): found "top" at 1.5, where element 1 has a section P '
                      "without such a flange, must be one of y, z, twist\n")
