@@ -99,11 +99,27 @@ Ends lever(Ends overhang, Ends span) {
   return at_sides + (missing / square) * span;
 }
 
+/// How many times its span an overhang may be long: the relief of the next carrier, which grows
+/// with its square over the span, would be a multiple of what lies on the strip.
+constexpr double longest_overhang = 10.0;
+
+/// A relief that differs from a line by less than this part of the span is one.
+constexpr double straight_relief = 2e-3;
+/// Slabs are halved so often at most to follow a relief that is no line.
+constexpr int most_halvings = 5;
+
+bool is_relief_bent(Ends overhang, Ends span) {
+  const auto at = [](double a, double l) { return l > 0.0 ? 0.5 * a * a / l : 0.0; };
+  const double middle = at(overhang.middle(), span.middle());
+  const double line = 0.5 * (at(overhang.a, span.a) + at(overhang.b, span.b));
+  return std::abs(line - middle) > straight_relief * span.middle();
+}
+
 /// Distributes the strips between two positions at which something begins, ends or crosses.
 class Slab {
  public:
-  Slab(Ends x, double near, const Plane& plane, std::vector<WidthPiece>& out)
-      : x_(x), near_(near), plane_(plane), out_(out) {}
+  Slab(Ends x, double near, const Plane& plane, std::vector<WidthPiece>& out, int halvings = 0)
+      : x_(x), near_(near), plane_(plane), out_(out), halvings_(halvings) {}
 
   /// @param edges where strips begin and end, by twos
   void distribute(std::vector<const Line*> edges, const std::vector<const Line*>& carriers,
@@ -116,7 +132,7 @@ class Slab {
       // Carriers that end within the joining distance of these strips.
       if (groups.size() < 2) groups = between(begin, end, nearly);
       if (groups.size() < 2) fail(0.5 * (begin + end), groups.size());
-      carry(begin, end, groups);
+      carry(*edges[i], *edges[i + 1], groups);
     }
   }
 
@@ -148,19 +164,45 @@ class Slab {
     return std::abs(gap.a) <= near_ && std::abs(gap.b) <= near_;
   }
 
-  void carry(Ends begin, Ends end, const std::vector<Group>& groups) {
+  void carry(const Line& begins, const Line& ends, const std::vector<Group>& groups) {
+    const Ends begin = begins.y(x_), end = ends.y(x_);
     std::vector<Ends> y;
     for (const Group& group : groups) y.push_back(group.front()->y(x_));
     std::vector<Ends> widths(y.size());
     const std::size_t last = y.size() - 1;
+    const bool is_bent = is_relief_bent(y[0] - begin, y[1] - y[0]) ||
+                         is_relief_bent(end - y[last], y[last] - y[last - 1]);
+    if (is_bent && halvings_ < most_halvings) {
+      for (const Ends half : {Ends{x_.a, x_.middle()}, Ends{x_.middle(), x_.b}}) {
+        Slab(half, near_, plane_, out_, halvings_ + 1).carry(begins, ends, groups);
+      }
+      return;
+    }
     for (std::size_t i = 0; i < last; ++i) {
       const Ends half = 0.5 * (y[i + 1] - y[i]);
       widths[i] = widths[i] + half;
       widths[i + 1] = widths[i + 1] + half;
     }
+    require_span(y[0] - begin, y[1] - y[0], y[0]);
+    require_span(end - y[last], y[last] - y[last - 1], y[last]);
     cantilever(y[0] - begin, y[1] - y[0], widths[0], widths[1]);
     cantilever(end - y[last], y[last] - y[last - 1], widths[last], widths[last - 1]);
     for (std::size_t i = 0; i < groups.size(); ++i) add(groups[i], widths[i]);
+  }
+
+  /// Throws Fault where elements come so close, or cross, that an overhang beside them has no
+  /// lever.
+  void require_span(Ends overhang, Ends span, Ends at) const {
+    for (const bool is_first : {true, false}) {
+      const double a = is_first ? overhang.a : overhang.b, l = is_first ? span.a : span.b;
+      if (a <= longest_overhang * l + near_) continue;
+      const Point2 place = is_first ? Point2{x_.a, at.a} : Point2{x_.b, at.b};
+      throw Fault{"",
+                  texts::translated(
+                      "{:.4g} mm hang over the element at {}, and the next one is {:.4g} mm away; "
+                      "must be a tenth of that at least: end the surface at the outer element",
+                      a, place_text(plane_, place), std::max(l, 0.0))};
+    }
   }
 
   static void cantilever(Ends overhang, Ends span, Ends& outer, Ends& next) {
@@ -199,6 +241,7 @@ class Slab {
   double near_;
   const Plane& plane_;
   std::vector<WidthPiece>& out_;
+  int halvings_;  ///< of the slab between positions that this one is a part of
 };
 
 /// Lines by where they begin, without those along the strips.

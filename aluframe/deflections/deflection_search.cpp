@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "aluframe/analysis/local_axes.h"
@@ -75,11 +76,19 @@ class Search {
       : model_(model), geometry_(analysis::element_geometry(forces::frame_of(model))), out_(out) {}
 
   void take(const Displacements& displacements, const GoesOn& goes_on = {}) {
+    take_spans(displacements, goes_on);
+    take_limited_nodes(displacements);
+  }
+
+  void take_spans(const Displacements& displacements, const GoesOn& goes_on = {}) {
     const auto spans = static_cast<int>(out_.spans.size());
     for (int i = 0; i < spans; ++i) {
       if (goes_on && !goes_on(i, spans)) return;
       take_span(displacements, static_cast<std::size_t>(i));
     }
+  }
+
+  void take_limited_nodes(const Displacements& displacements) {
     take_drifts(displacements);
     take_nodes(displacements);
   }
@@ -92,13 +101,13 @@ class Search {
       const Shapes shapes = displacements.of_element(element.place);
       for (std::size_t state = 0; state < displacements.combinations().size(); ++state) {
         take_element(element.place, shapes, reference, static_cast<Eigen::Index>(state),
-                     displacements.combinations()[state], out_.of_spans[place]);
+                     displacements.combinations()[state], span.axes, out_.of_spans[place]);
       }
     }
   }
 
   void take_element(std::size_t element, const Shapes& shapes, const Reference& reference,
-                    Eigen::Index state, model::Number combination,
+                    Eigen::Index state, model::Number combination, const std::array<bool, 2>& axes,
                     std::array<AxisDeflection, 2>& best) const {
     const analysis::Geometry& geometry = geometry_[element];
     const auto& nodes = model_.elements[element].nodes;
@@ -109,6 +118,7 @@ class Search {
     for (std::size_t piece = 0; piece + 1 < shapes.bounds.size(); ++piece) {
       const double from = shapes.bounds[piece], to = shapes.bounds[piece + 1];
       for (Eigen::Index axis = 0; axis < 2; ++axis) {
+        if (!axes[static_cast<std::size_t>(axis)]) continue;
         const auto row = static_cast<Eigen::Index>(12 * piece) + 6 * axis;
         analysis::Bernstein polynomial = coefficients(shapes.across, row, state);
         const auto improve = [&](Extreme& extreme) {
@@ -197,6 +207,17 @@ std::string large_text() {
       "its displacements are too large for second order, by which deflections are found");
 }
 
+/// Nodes move by large displacements themselves: no shape between them is needed.
+std::optional<analysis::Problem> take_nodes_of_large(const model::Model& model, const State& state,
+                                                     Search& search) {
+  const model::ServiceabilityLimits& limits = model.serviceability;
+  if (limits.drifts.empty() && limits.displacements.empty()) return std::nullopt;
+  auto found = large_displacements(model, state);
+  if (auto* problem = std::get_if<analysis::Problem>(&found)) return std::move(*problem);
+  search.take_limited_nodes(*std::get<std::unique_ptr<Displacements>>(found));
+  return std::nullopt;
+}
+
 }  // namespace
 
 Deflections find_deflections(const model::Model& model, const std::vector<State>& states,
@@ -221,8 +242,13 @@ Deflections find_deflections(const model::Model& model, const std::vector<State>
       continue;
     }
     const auto& displacements = *std::get<std::unique_ptr<Displacements>>(found);
-    search.take(displacements);
+    search.take_spans(displacements);
     if (displacements.are_too_large()) out.unknown.push_back({state.combination, large_text()});
+    if (!model.analysis.large_displacements) {
+      search.take_limited_nodes(displacements);
+    } else if (auto problem = take_nodes_of_large(model, state, search)) {
+      out.unknown.push_back({state.combination, problem->text});
+    }
   }
   return out;
 }

@@ -68,8 +68,8 @@ using GoesOn = std::function<bool(int done, int total)>;
 /// In first order shapes are exact (analysis::DisplacedElement), and so are their extremes: the
 /// polynomials of the load cases add up in Bernstein form, whose coefficients bound them, and where
 /// the bound exceeds what was found the extreme is looked for. In second order each state is
-/// analysed by itself; frames whose forces follow large displacements have their deflections by
-/// second order as well.
+/// analysed by itself; where forces follow large displacements so do drifts and limited nodes, and
+/// the deflections of spans, which turn with their ends, are those of second order.
 ///
 /// Of deflections that differ by rounding alone the first is told. The model's forces, given or
 /// computed, are not read.

@@ -7,6 +7,7 @@
 #include "aluframe/analysis/analyse.h"
 #include "aluframe/analysis/displaced_element.h"
 #include "aluframe/analysis/local_axes.h"
+#include "aluframe/forces/analyse_sets.h"
 #include "aluframe/forces/frame_of_model.h"
 #include "aluframe/forces/imperfections_of_model.h"
 
@@ -177,6 +178,14 @@ analysis::Result<std::unique_ptr<Displacements>> second_order_displacements(
   if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
   return std::make_unique<SecondOrderDisplacements>(
       state.combination, std::get<analysis::SecondOrderResult>(std::move(solved)));
+}
+
+analysis::Result<std::unique_ptr<Displacements>> large_displacements(const model::Model& model,
+                                                                     const State& state) {
+  auto solved = forces::analyse_sets(model, {&state.loads, 1}, forces::Order::large_displacements);
+  if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+  auto& results = std::get<std::vector<analysis::SecondOrderResult>>(solved);
+  return std::make_unique<SecondOrderDisplacements>(state.combination, std::move(results.front()));
 }
 
 }  // namespace aluframe::deflections

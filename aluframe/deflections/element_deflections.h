@@ -39,4 +39,8 @@ analysis::Result<std::unique_ptr<Displacements>> linear_displacements(
 analysis::Result<std::unique_ptr<Displacements>> second_order_displacements(
     const model::Model& model, const State& state);
 
+/// Of any size, under one state: of nodes alone, elements have no shapes.
+analysis::Result<std::unique_ptr<Displacements>> large_displacements(const model::Model& model,
+                                                                     const State& state);
+
 }  // namespace aluframe::deflections

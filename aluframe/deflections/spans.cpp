@@ -4,50 +4,73 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <map>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 
 #include "aluframe/members/cantilever_ends.h"
 #include "aluframe/members/find_members.h"
+#include "aluframe/members/straightness.h"
 #include "aluframe/model/members.h"
 
 namespace aluframe::deflections {
 
 namespace {
 
-/// Whether a support keeps its node from moving in some direction, if softly.
-bool holds(const model::Support* support) {
-  if (support == nullptr) return false;
-  for (std::size_t k = 0; k < 3; ++k) {
-    if (support->restrained[k] || support->springs[k] > 0.0) return true;
+/// A support counts along an axis that it holds by more than this share: its own axes may be
+/// inclined to that of the element by as much as makes sense of a support.
+constexpr double held_share = 0.1;
+
+/// Cosine beyond which an element comes across along an axis: within 60 degrees of it.
+constexpr double across_share = 0.5;
+
+/// Whether a support keeps its node from moving along an axis, if softly.
+bool holds(const model::Support& support, const Eigen::RowVector3d& axis) {
+  for (Eigen::Index k = 0; k < 3; ++k) {
+    const auto direction = static_cast<std::size_t>(k);
+    const bool acts = support.restrained[direction] || support.springs[direction] > 0.0;
+    if (acts && std::abs(axis[k]) > held_share) return true;
   }
   return false;
 }
 
-/// The structure alone: that elements are designed one by one does not part what bends together.
-model::Model undesigned(const model::Model& model) {
+/// The structure alone, for what bends along one local axis: with the supports that hold an element
+/// along it, and without design, for that elements are designed one by one does not part what bends
+/// together.
+model::Model held_along(const model::Model& model, Eigen::Index axis) {
   model::Model frame;
   frame.nodes = model.nodes;
-  frame.supports = model.supports;
   frame.members = model.members;
   for (model::Element element : model.elements) {
     element.design = {};
     frame.elements.add(std::move(element));
+  }
+  const model::Connectivity connectivity(model);
+  for (const model::Support& support : model.supports) {
+    const auto& around = connectivity.elements_at(support.node);
+    const bool counts = std::ranges::any_of(around, [&](model::Number number) {
+      const model::Element& element = *model.elements.find(number);
+      return holds(support, members::geometry_of(model, element).axes.row(axis));
+    });
+    if (counts) frame.supports.push_back(support);
   }
   return frame;
 }
 
 class SpanFinder {
  public:
-  explicit SpanFinder(const model::Model& model)
+  /// @param axis local axis along which deflections are looked at, 1 (y) or 2 (z)
+  SpanFinder(const model::Model& model, Eigen::Index axis)
       : model_(model),
+        axis_(axis),
         connectivity_(model),
         cantilever_ends_(members::cantilever_ends(model, connectivity_)) {}
 
   std::vector<Span> find() && {
     for (const model::Member& member : model_.members) add_chain(member.number, member.elements);
     std::unordered_set<model::Number> in_chain;
-    for (const model::Member& beam : members::find_members(undesigned(model_))) {
+    for (const model::Member& beam : members::find_members(model_)) {
       add_chain(0, beam.elements);
       in_chain.insert(beam.elements.begin(), beam.elements.end());
     }
@@ -70,7 +93,7 @@ class SpanFinder {
     if (std::ranges::none_of(elements, bends)) return;
     std::vector<std::size_t> stations{0};
     for (std::size_t i = 1; i < elements.size(); ++i) {
-      if (holds(connectivity_.support_of(model_.nodes[nodes[i]].number))) stations.push_back(i);
+      if (is_station(elements[i], nodes[i])) stations.push_back(i);
     }
     stations.push_back(elements.size());
     for (std::size_t i = 0; stations.size() > 2 && i + 1 < stations.size(); ++i) {
@@ -80,6 +103,26 @@ class SpanFinder {
     const bool hangs_over =
         stations.size() > 2 && (hangs(elements.front(), true) || hangs(elements.back(), false));
     if (!hangs_over) add(member, elements, nodes, {0, elements.size()}, false);
+  }
+
+  /// Whether a support, or an element that comes across along the axis and does not hang on the
+  /// chain itself, stands at the node where an element of a chain begins: a column under a beam.
+  bool is_station(const Span::Element& begins, std::size_t node) const {
+    const model::Number number = model_.nodes[node].number;
+    if (connectivity_.support_of(number) != nullptr) return true;
+    const Eigen::RowVector3d along = axis_of(begins.place);
+    return std::ranges::any_of(connectivity_.elements_at(number), [&](model::Number other) {
+      const std::size_t place = model_.elements.position(other);
+      const model::Element& element = model_.elements[place];
+      const std::size_t far = element.nodes[0] == number ? 1 : 0;
+      if (cantilever_ends_[place][far]) return false;
+      const Eigen::RowVector3d x = members::geometry_of(model_, element).axes.row(0);
+      return std::abs(x.dot(along)) > across_share;
+    });
+  }
+
+  Eigen::RowVector3d axis_of(std::size_t element) const {
+    return members::geometry_of(model_, model_.elements[element]).axes.row(axis_);
   }
 
   /// The elements of a chain and the nodes that it passes.
@@ -130,15 +173,47 @@ class SpanFinder {
   }
 
   const model::Model& model_;
+  Eigen::Index axis_;
   model::Connectivity connectivity_;
   std::vector<std::array<bool, 2>> cantilever_ends_;
   std::vector<Span> spans_;
 };
 
+/// What tells spans apart, but for their axes.
+auto key_of(const Span& span) {
+  return std::tuple(span.member, span.elements.front().place, span.start, span.end, span.kind,
+                    span.is_part);
+}
+
+/// Members by their order, then the others by the first of their elements; parts before the whole.
+std::pair<std::size_t, bool> place_of(const model::Model& model, const Span& span) {
+  if (span.member != 0) return {model.members.position(span.member), !span.is_part};
+  std::size_t first = model.elements.size();
+  for (const Span::Element& element : span.elements) first = std::min(first, element.place);
+  return {model.members.size() + first, !span.is_part};
+}
+
 }  // namespace
 
 std::vector<Span> spans_of(const model::Model& model) {
-  return SpanFinder(model).find();
+  const std::array<model::Model, 2> frames{held_along(model, 1), held_along(model, 2)};
+  std::vector<Span> spans = SpanFinder(frames[0], 1).find();
+  std::map<decltype(key_of(spans[0])), std::size_t> places;
+  for (Span& span : spans) {
+    span.axes = {true, false};
+    places.emplace(key_of(span), places.size());
+  }
+  for (Span& span : SpanFinder(frames[1], 2).find()) {
+    const auto same = places.find(key_of(span));
+    if (same != places.end()) {
+      spans[same->second].axes[1] = true;
+      continue;
+    }
+    span.axes = {false, true};
+    spans.push_back(std::move(span));
+  }
+  std::ranges::stable_sort(spans, {}, [&](const Span& span) { return place_of(model, span); });
+  return spans;
 }
 
 model::DeflectionLimit limit_of(const model::Model& model, const Span& span) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -28,7 +29,8 @@ struct Span {
   std::size_t start = 0, end = 0;  ///< places of its end nodes; of a cantilever the held one first
   double length = 0.0;             ///< straight from end to end, mm
   SpanKind kind = SpanKind::between;
-  bool is_part = false;  ///< of a member that runs over supports
+  bool is_part = false;                  ///< of a member that runs over supports
+  std::array<bool, 2> axes{true, true};  ///< along local y and z: what it is a span for
 
   /// The length that a limit goes by: a cantilever bends like half of a span.
   double counted_length() const { return kind == SpanKind::cantilever ? 2.0 * length : length; }
@@ -40,6 +42,11 @@ struct Span {
 /// be soft. What ends where it starts has none. A span of which one end hangs on it alone
 /// (members::cantilever_ends) is a cantilever. What does not bend, axial-only elements by
 /// themselves, has none.
+///
+/// All of this goes axis by axis: a support counts only along the local axes in which it holds, so
+/// that what holds a beam sideways neither parts its span downwards nor holds the tip of a
+/// cantilever. Elements that come across along an axis, such as columns under a beam, part it like
+/// supports, unless they hang on it. Where both axes have the same span it is one.
 std::vector<Span> spans_of(const model::Model& model);
 
 /// The limit that holds for a span: of its member, or of all.

@@ -168,16 +168,24 @@ double read_w0(const JsonValue& value, double scale) {
 model::WindPressure read_wind(const JsonValue& value, const LoadContext& context) {
   const JsonObject object(value, wind_fields);
   model::WindPressure wind;
-  wind.w0 = read_w0(object.required("w0"), context.scales.per_area);
-  wind.roughness = object.required("roughness").one_of<model::Roughness>(roughness_names);
-  const JsonValue height = object.required("height");
-  wind.height = context.scales.length * height.positive();
-  if (wind.height > highest) {
-    height.fail_with(texts::translated("must be at most {:.4g}", highest / context.scales.length));
-  }
-  read_shape(object, wind);
-  if (const auto mu_z = object.optional("mu_z")) wind.mu_z = read_factor(*mu_z);
-  wind.profile = read_profile(object, context);
+  object.part([&] { wind.w0 = read_w0(object.required("w0"), context.scales.per_area); });
+  object.part([&] {
+    wind.roughness = object.required("roughness").one_of<model::Roughness>(roughness_names);
+  });
+  object.part([&] {
+    const JsonValue height = object.required("height");
+    wind.height = context.scales.length * height.positive();
+    if (wind.height > highest) {
+      height.fail_with(
+          texts::translated("must be at most {:.4g}", highest / context.scales.length));
+    }
+  });
+  object.part([&] { read_shape(object, wind); });
+  object.part([&] {
+    if (const auto mu_z = object.optional("mu_z")) wind.mu_z = read_factor(*mu_z);
+  });
+  object.part([&] { wind.profile = read_profile(object, context); });
+  if (!object.is_sound()) return wind;
   const auto profile = area_loads::profile_of(wind);
   if (profile.lowest_height > profile.gradient_height) {
     object.required("profile").fail(

@@ -30,17 +30,30 @@ double read_length(const JsonValue& value, const Scales& scales) {
   return length;
 }
 
+/// A node that is part of the frame: no other one is displaced.
+model::Number read_node_of_frame(const JsonValue& value, const model::Model& model) {
+  const model::Number number = read_reference(value, model.nodes, "node");
+  const bool is_met = std::ranges::any_of(model.elements, [&](const model::Element& element) {
+    return element.nodes[0] == number || element.nodes[1] == number;
+  });
+  if (!is_met && !any_lost(value, &model.elements)) {
+    value.fail(texts::translated("no element meets node {}, so that nothing displaces it", number));
+  }
+  return number;
+}
+
 model::DriftLimit read_drift_limit(const JsonValue& value, const model::Model& model) {
   const JsonObject object(value, drift_fields);
   model::DriftLimit limit;
-  limit.name = object.plain_text_or("name", "");
-  limit.lower = read_reference(object.required("lower"), model.nodes, "node");
-  limit.upper = read_reference(object.required("upper"), model.nodes, "node");
+  object.part([&] { limit.name = object.plain_text_or("name", ""); });
+  object.part([&] { limit.lower = read_node_of_frame(object.required("lower"), model); });
+  object.part([&] { limit.upper = read_node_of_frame(object.required("upper"), model); });
+  object.part([&] { limit.height = read_share(object.required("height")); });
+  if (!object.is_sound()) return limit;
   if (model.nodes.find(limit.upper)->z <= model.nodes.find(limit.lower)->z) {
     object.required("upper").fail(
         texts::translated("node {} does not lie above node {}", limit.upper, limit.lower));
   }
-  limit.height = read_share(object.required("height"));
   return limit;
 }
 
@@ -50,17 +63,19 @@ model::DisplacementLimit read_displacement_limit(const JsonValue& value, const S
   model::DisplacementLimit limit;
   const JsonValue nodes = object.required("nodes");
   read_items(nodes, [&](const JsonValue& node) {
-    const model::Number number = read_reference(node, model.nodes, "node");
+    const model::Number number = read_node_of_frame(node, model);
     if (std::ranges::find(limit.nodes, number) != limit.nodes.end()) {
       node.fail(texts::translated("node {} is named twice", number));
     }
     limit.nodes.push_back(number);
   });
   if (nodes.list().empty()) nodes.fail_with(texts::translated("must name a node at least"));
-  if (const auto direction = object.optional("direction")) {
-    limit.direction = direction->one_of<model::DisplacementDirection>(displacement_directions);
-  }
-  limit.absolute = read_length(object.required("absolute"), scales);
+  object.part([&] {
+    if (const auto direction = object.optional("direction")) {
+      limit.direction = direction->one_of<model::DisplacementDirection>(displacement_directions);
+    }
+  });
+  object.part([&] { limit.absolute = read_length(object.required("absolute"), scales); });
   return limit;
 }
 
@@ -82,10 +97,14 @@ std::optional<JsonValue> first_limit(const JsonObject& root) {
 model::DeflectionLimit read_deflection_limit(const JsonValue& value, const Scales& scales) {
   const JsonObject object(value, deflection_fields);
   model::DeflectionLimit limit;
-  if (const auto span = object.optional("span")) limit.span = read_share(*span);
-  if (const auto absolute = object.optional("absolute")) {
-    limit.absolute = read_length(*absolute, scales);
-  }
+  object.part([&] {
+    if (const auto span = object.optional("span")) limit.span = read_share(*span);
+  });
+  object.part([&] {
+    if (const auto absolute = object.optional("absolute")) {
+      limit.absolute = read_length(*absolute, scales);
+    }
+  });
   return limit;
 }
 
@@ -95,7 +114,7 @@ void read_serviceability(const JsonObject& root, const Scales& scales, model::Mo
     const auto limit = root.optional("deflection_limit");
     if (!limit) return;
     limits.deflection = read_deflection_limit(*limit, scales);
-    if (*limits.deflection == model::DeflectionLimit()) {
+    if (!limit->field("span") && !limit->field("absolute")) {
       limit->fail(texts::translated("missing field \"span\" or \"absolute\""));
     }
   });

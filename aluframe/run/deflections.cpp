@@ -49,8 +49,9 @@ class Rows {
 
   std::vector<DisplacementRow> make() && {
     for (std::size_t i = 0; i < found_.spans.size(); ++i) {
-      add_span(found_.spans[i], "y", found_.of_spans[i][0]);
-      add_span(found_.spans[i], "z", found_.of_spans[i][1]);
+      const deflections::Span& span = found_.spans[i];
+      if (span.axes[0]) add_span(span, "y", found_.of_spans[i][0]);
+      if (span.axes[1]) add_span(span, "z", found_.of_spans[i][1]);
     }
     for (std::size_t i = 0; i < found_.drifts.size(); ++i) {
       add_drift(model_.serviceability.drifts[i], found_.drifts[i]);
@@ -182,6 +183,47 @@ std::vector<model::Number> elements_of(const DisplacementRow& row) {
   return elements;
 }
 
+/// Whether a limit of displacements or a drift looks at an end of the span.
+bool has_limited_end(const DisplacementRow& span, const std::vector<DisplacementRow>& rows) {
+  return std::ranges::any_of(rows, [&](const DisplacementRow& row) {
+    if (row.kind == DisplacementKind::deflection) return false;
+    const auto is_end = [&](std::uint32_t node) {
+      return node == span.first_node || node == span.second_node;
+    };
+    return is_end(row.first_node) || (row.second_node && is_end(*row.second_node));
+  });
+}
+
+/// One remark on spans that pass from the line between their ends while these ends sink: of a
+/// cantilever that carries others that line says little.
+std::optional<store::RemarkRow> remark_on_carried(const std::vector<DisplacementRow>& rows) {
+  constexpr double as_cantilever = 2.0;  // what a limit allows an arm of the same length
+  std::set<model::Number> elements;
+  const DisplacementRow* worst = nullptr;
+  for (const DisplacementRow& row : rows) {
+    if (row.kind != DisplacementKind::deflection || row.is_cantilever) continue;
+    if (!row.limit || !row.absolute || exceeds_limit(row)) continue;
+    if (!(std::abs(*row.absolute) > as_cantilever * *row.limit)) continue;
+    if (has_limited_end(row, rows)) continue;
+    const auto own = elements_of(row);
+    elements.insert(own.begin(), own.end());
+    if (worst == nullptr || std::abs(*row.absolute) > std::abs(*worst->absolute)) worst = &row;
+  }
+  if (worst == nullptr) return std::nullopt;
+  store::RemarkRow remark;
+  remark.kind = remark_kind;
+  remark.elements = model::join_as_ranges({elements.begin(), elements.end()});
+  remark.combination = worst->combination;
+  remark.text = fmt::format(
+      texts::translatable(
+          "within the limit from the line between their ends, but these ends move: "
+          "{} by up to {:.4g} mm along {}, of {:.4g} mm allowed to bend; limit the "
+          "displacement of the node where an end hangs on others, as a balcony does "
+          "on its edge beam"),
+      subject_text(*worst), std::abs(*worst->absolute), worst->direction, *worst->limit);
+  return remark;
+}
+
 /// One remark on all that pass the limits of their kind.
 std::optional<store::RemarkRow> remark_on_passed(const std::vector<DisplacementRow>& rows) {
   const DisplacementRow* const worst = worst_displacement(rows);
@@ -236,6 +278,9 @@ RunDisplacements displacements_of_run(const Input& input, const GoesOn& goes_on)
 
 std::vector<store::RemarkRow> displacement_remarks(const RunDisplacements& displacements) {
   std::vector<store::RemarkRow> remarks = remarks_on_unknown(displacements);
+  if (auto carried = remark_on_carried(displacements.rows)) {
+    remarks.insert(remarks.begin(), *std::move(carried));
+  }
   if (auto passed = remark_on_passed(displacements.rows)) {
     remarks.insert(remarks.begin(), *std::move(passed));
   }

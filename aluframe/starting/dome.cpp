@@ -18,6 +18,12 @@ struct Cap {
   double height(double at) const {
     return std::sqrt(sphere() * sphere() - at * at) - (sphere() - rise);
   }
+  /// Of the zone between two distances from the axis (Archimedes): the sphere's circumference times
+  /// the height of the zone.
+  double surface(double from, double to) const {
+    return 2 * std::numbers::pi * sphere() * (height(from) - height(to));
+  }
+  double plan(double from, double to) const { return std::numbers::pi * (to * to - from * from); }
 };
 
 }  // namespace
@@ -31,8 +37,8 @@ model::Model make_dome(const Sizes& sizes) {
   Builder frame(fmt::format("Dome of {} m", size_text(2 * cap.radius)),
                 fmt::format("Reticulated dome of one layer, rise {} m, on hinges along its edge. "
                             "Its forces follow from the loads at the "
-                            "nodes, each with its share of the plan: cladding 0.3 kN/m², snow {} "
-                            "kN/m². Change: pressures, the pipe, "
+                            "nodes: cladding 0.3 kN/m² by each one's share of the surface, snow {} "
+                            "kN/m² by that of the plan. Change: pressures, the pipe, "
                             "rings and sectors; snow on one side and wind are yours to add. "
                             "Combinations are made by the rule of "
                             "GB 50068-2018.",
@@ -61,28 +67,29 @@ model::Model make_dome(const Sizes& sizes) {
       if (r > 0) frame.element(fmt::format("Diagonal {} sector {}", r + 1, s + 1), inner, next, 1);
     }
   }
-  // Each node has the plan half-way to its neighbours, those of a ring the same.
-  const auto share = [&](double pressure) {
+  // Each node has what lies half-way to its neighbours in plan, those of a ring the same.
+  const auto share = [&](double pressure, double (Cap::*area)(double, double) const) {
     std::vector<model::NodalLoad> loads;
     const double step = cap.radius / static_cast<double>(rings);
-    const auto disc = [](double to) { return std::numbers::pi * to * to; };
-    const auto add = [&](std::vector<model::Number> nodes, double area) {
+    const auto add = [&](std::vector<model::Number> nodes, double from, double to) {
       model::NodalLoad load;
-      load.components[2] = -newtons * pressure * area / static_cast<double>(nodes.size());
+      load.components[2] =
+          -newtons * pressure * (cap.*area)(from, to) / static_cast<double>(nodes.size());
       load.nodes = {false, std::move(nodes)};
       loads.push_back(std::move(load));
     };
-    add({crown}, disc(step / 2));
+    add({crown}, 0, step / 2);
     for (std::size_t r = 0; r < rings; ++r) {
       const double at = step * static_cast<double>(r + 1);
-      add(ring[r], disc(std::min(at + step / 2, cap.radius)) - disc(at - step / 2));
+      add(ring[r], at - step / 2, std::min(at + step / 2, cap.radius));
     }
     return loads;
   };
   model::CaseLoads& weight = frame.load_case("Weight", {.kind = model::ActionKind::permanent});
   weight.self_weight = {0, 0, -1};
-  weight.nodal = share(0.3);
-  frame.load_case("Snow", {.kind = model::ActionKind::snow, .category = "II"}).nodal = share(s0);
+  weight.nodal = share(0.3, &Cap::surface);
+  frame.load_case("Snow", {.kind = model::ActionKind::snow, .category = "II"}).nodal =
+      share(s0, &Cap::plan);
   return frame.finish();
 }
 

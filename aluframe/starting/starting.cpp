@@ -35,8 +35,10 @@ std::optional<std::string> fault_of(const Kind& kind, const std::string& name, d
     return texts::translated("--{}: a {} has no such size", name, kind.name);
   }
   if (!(value >= size->least && value <= size->most)) {
-    return texts::translated("--{}: found {}, must be between {} and {} {}", name, value,
-                             size->least, size->most, size->unit);
+    return size->is_count() ? texts::translated("--{}: found {}, must be between {} and {}", name,
+                                                value, size->least, size->most)
+                            : texts::translated("--{}: found {}, must be between {} and {} {}",
+                                                name, value, size->least, size->most, size->unit);
   }
   if (size->is_count() && value != std::floor(value)) {
     return texts::translated("--{}: found {}, must be a whole number", name, value);
@@ -75,6 +77,11 @@ std::variant<model::Model, std::string> make(std::string_view kind, const Sizes&
   for (const auto& [name, value] : sizes) {
     if (auto fault = fault_of(*found, name, value)) return std::move(*fault);
     all[name] = value;
+  }
+  // A cap that is higher than its radius would overhang its edge.
+  if (kind == "dome" && all.at("rise") > all.at("span") / 2) {
+    return texts::translated("--rise: found {}, must be at most half of the span, {} m",
+                             all.at("rise"), all.at("span") / 2);
   }
   return make_of(kind, all);
 }

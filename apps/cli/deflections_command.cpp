@@ -1,5 +1,6 @@
 #include "apps/cli/deflections_command.h"
 
+#include <algorithm>
 #include <variant>
 
 #include "aluframe/files/output_guard.h"
@@ -27,8 +28,13 @@ int run_deflections_command(const DeflectionsOptions& options) {
     print_message(texts::sentence_in_words(remark.text));
   }
   const bool colour = !options.output && stdout_wants_colour();
-  return write_output(tables::render_displacements(displacements.rows, options.format, colour),
-                      options.output);
+  const int status = write_output(
+      tables::render_displacements(displacements.rows, options.format, colour), options.output);
+  const bool is_nothing_known = !displacements.unknown.empty() &&
+                                std::ranges::none_of(displacements.rows, [](const auto& row) {
+                                  return row.value.has_value();
+                                });
+  return status == exit_done && is_nothing_known ? exit_input_error : status;
 }
 
 }  // namespace aluframe::cli

@@ -18,8 +18,14 @@ namespace {
 /// Why the file may not be written; nothing when it may.
 std::optional<std::string> refusal(const InitOptions& options) {
   std::error_code error;
-  if (!options.force && std::filesystem::exists(options.output, error)) {
+  if (options.output.empty()) return texts::translated("the file to write has no name");
+  const bool exists = std::filesystem::exists(options.output, error);
+  if (exists && !options.force) {
     return texts::translated("{}: exists already; --force writes over it", options.output.string());
+  }
+  if (exists && files::kind_of(options.output) == files::FileKind::other) {
+    return texts::translated("{}: exists and is no model; --force writes over models only",
+                             options.output.string());
   }
   return files::find_overwriting(
       {{texts::translated("the new model"), options.output, files::FileKind::model}}, {});

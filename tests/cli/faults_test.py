@@ -90,6 +90,17 @@ def test_faults_of_restraints_are_told_each(aluframe, renumbered):
         "/members/0/restraints/3/holds (member 7)"]
 
 
+def test_faults_of_limits_and_of_wind_are_told_each(aluframe, renumbered):
+    renumbered["deflection_limit"] = {"span": 5, "absolute": -1}
+    renumbered["displacement_limits"] = [{"nodes": [2], "direction": "Q", "absolute": 0}]
+    renumbered["load_cases"][0]["area"] = [{"elements": [12], "spacing": 1, "wind": {"w0": 0, "mu_sl": -1}}]
+    aluframe.write(renumbered)
+    places = [line.split(": ", 2)[2].split(":")[0].split(" (")[0] for line in told(aluframe)]
+    assert sorted(places) == ["/deflection_limit/absolute", "/deflection_limit/span",
+                              "/displacement_limits/0/absolute", "/displacement_limits/0/direction",
+                              "/load_cases/0/area/0/wind", "/load_cases/0/area/0/wind", "/load_cases/0/area/0/wind/w0"]
+
+
 @pytest.mark.parametrize("fault", [
     lambda model: model["nodes"][0].update(x="a"),
     lambda model: model["nodes"][0].update(number="one"),

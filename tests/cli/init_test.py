@@ -54,6 +54,8 @@ def test_every_size_in_its_range_makes_a_model_that_is_checked_in_equilibrium(al
     for name, (standard, least, most) in KINDS[kind].items():
         draw = rng.randint(least, most) if isinstance(standard, int) else round(rng.uniform(least, most), 3)
         sizes[name] = {0: least, 1: most}.get(number, draw)
+    if kind == "dome":
+        sizes["rise"] = min(sizes["rise"], math.floor(sizes["span"] * 500) / 1000)
     made(aluframe, kind, **sizes)
     said = aluframe("validate", "frame.json").stdout
     assert "units, " not in said, (sizes, said)
@@ -115,6 +117,11 @@ def test_a_dome_by_hand(aluframe):
     # Crown and three rings of eight; ribs and rings three times eight each, diagonals two times eight.
     assert (len(model["nodes"]), len(model["elements"])) == (25, 24 + 24 + 16)
     assert reactions(aluframe, 2) == pytest.approx([0, 0, 0.5 * math.pi * 12**2], abs=1e-3)
+    # Cladding on the surface, 2·π·15·6, beside the pipes of 2700 kg/m³.
+    nodes = {node["number"]: (node["x"], node["y"], node["z"]) for node in model["nodes"]}
+    length = sum(math.dist(*(nodes[number] for number in element["nodes"])) for element in model["elements"])
+    pipes = math.pi * (0.14**2 - 0.128**2) / 4 * length * 2700 * 9.80665 / 1000
+    assert reactions(aluframe, 1) == pytest.approx([0, 0, 0.3 * 2 * math.pi * 15 * 6 + pipes], rel=2e-4)
     # All nodes lie on a sphere of radius (12^2 + 6^2) / (2 · 6) = 15 m.
     for node in model["nodes"]:
         assert math.hypot(node["x"], node["y"], node["z"] + 9) == pytest.approx(15, abs=1e-6)
@@ -128,8 +135,18 @@ def test_a_file_is_not_written_over(aluframe):
     done = aluframe("init", "hall", "frame.json", status=1)
     assert done.stderr == "frame.json: exists already; --force writes over it\n"
     assert path.read_text(encoding="utf-8") == "mine"
-    aluframe("init", "hall", "frame.json", "--force")
-    assert json.loads(path.read_text(encoding="utf-8"))["title"] == "Hall portal of 12 m"
+    aluframe("init", "dome", "other.json")
+    aluframe("init", "hall", "other.json", "--force")
+    assert json.loads((aluframe.folder / "other.json").read_text(encoding="utf-8"))["title"] == "Hall portal of 12 m"
+
+
+@pytest.mark.parametrize("content", [b"mine", b"", b'{"my": "data"}', b"[1, 2]", bytes(range(256)) * 12])
+def test_only_models_are_written_over_by_force(aluframe, content):
+    path = aluframe.folder / "keep.json"
+    path.write_bytes(content)
+    done = aluframe("init", "hall", "keep.json", "--force", status=1)
+    assert done.stderr == "keep.json: exists and is no model; --force writes over models only\n"
+    assert path.read_bytes() == content
 
 
 def test_results_are_not_written_over_by_force_either(aluframe):
@@ -146,6 +163,9 @@ def test_results_are_not_written_over_by_force_either(aluframe):
     (["hall", "a.json", "--span", "5.9"], "--span: found 5.9, must be between 6 and 20 m"),
     (["hall", "a.json", "--span", "nan"], "--span: found nan, must be between 6 and 20 m"),
     (["hall", "a.json", "--storeys", "2"], "--storeys: a hall has no such size"),
+    (["dome", "a.json", "--rings", "9"], "--rings: found 9, must be between 2 and 8"),
+    (["dome", "a.json", "--rise", "11"], "--rise: found 11, must be at most half of the span, 10 m"),
+    (["dome", ""], "the file to write has no name"),
     (["dome", "a.json", "--rings", "2.5"], "--rings: found 2.5, must be a whole number"),
 ])
 def test_wrong_sizes_are_refused_and_nothing_is_written(aluframe, arguments, message):

@@ -188,6 +188,14 @@ RC_GTEST_PROP(AreaLoadLaws, CantileveringStripsKeepForceAndMoments, ()) {
     const auto end = static_cast<model::Number>(points.size());
     pairs.emplace_back(end - 1, end);
   }
+  // What hangs over by more than ten times the next span is refused.
+  for (std::size_t end : {0U, 1U}) {
+    const auto beam = [&](int i) {
+      return points[corners.size() + 2 * static_cast<std::size_t>(i) + end][1];
+    };
+    RC_PRE(beam(0) - corners[end][1] <= 10.0 * (beam(1) - beam(0)));
+    RC_PRE(corners[3 - end][1] - beam(beams - 1) <= 10.0 * (beam(beams - 1) - beam(beams - 2)));
+  }
   const model::Model model = in_space(plane, points, pairs);
   model::AreaLoad load = any_load(plane, corners.size());
   load.span = plane.y;

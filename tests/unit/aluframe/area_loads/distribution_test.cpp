@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "tests/unit/aluframe/area_loads/flat_frame.h"
 
@@ -84,7 +85,51 @@ TEST(OneWay, ATaperingOverhangKeepsTheMomentsOfItsStretch) {
   // (2 + 3)/2·4 m² of 1 N/mm²; about the beam at Y = 1 m: 8 m²·1 m less 4/6 m³.
   EXPECT_NEAR(sum.force[2], -10e6, 1e-5);
   EXPECT_NEAR(sum.moment[0] - 1000.0 * sum.force[2], -(8.0 - 4.0 / 6.0) * 1e9, 1e-2);
-  EXPECT_THAT(loads, SizeIs(2));
+}
+
+/// Resultant of the loads on one element, N.
+double force_on(model::Number element, const model::Model& model,
+                const std::vector<model::SpanLoad>& loads) {
+  std::vector<model::SpanLoad> own;
+  for (const model::SpanLoad& load : loads) {
+    if (load.elements.numbers == std::vector{element}) own.push_back(load);
+  }
+  return sum_of(model, own).force[2];
+}
+
+// Two beams at Y = 0 and L = 1 to 3 m and a third, 6 m away, with an overhang of a = 1 m before the
+// first: of every strip it takes a + L/2 + a²/(2·L), so 1·4 + 8/2 + ln 3 m² (dx = 2·dL) of 1 N/mm².
+TEST(OneWay, ReliefByAnOverhangFollowsTheSpan) {
+  model::Model model = frame_of({{0, -1000, 0},
+                                 {4000, -1000, 0},
+                                 {4000, 9000, 0},
+                                 {0, 7000, 0},
+                                 {0, 0, 0},
+                                 {4000, 0, 0},
+                                 {0, 1000, 0},
+                                 {4000, 3000, 0}},
+                                {{5, 6}, {7, 8}, {4, 3}});
+  const auto loads = loads_of(model, load_on({1, 2, 3, 4}));
+  EXPECT_NEAR(force_on(1, model, loads), -(4.0 + 4.0 + std::log(3.0)) * 1e6, 4e3);
+}
+
+// Beams from the left edge that meet, or cross, while the surface goes on beyond them.
+TEST(OneWay, ElementsThatMeetBesideAnOverhangAreRefused) {
+  for (const double end : {1500.01, 1400.0}) {
+    const model::Model model = frame_of({{0, 0, 0},
+                                         {3500, 0, 0},
+                                         {3500, 3000, 0},
+                                         {0, 3000, 0},
+                                         {0, 1000, 0},
+                                         {3500, 1500, 0},
+                                         {0, 2000, 0},
+                                         {3500, end, 0}},
+                                        {{5, 6}, {7, 8}});
+    const auto loads = line_loads(model, load_on({1, 2, 3, 4}));
+    ASSERT_TRUE(std::holds_alternative<Fault>(loads)) << end;
+    EXPECT_THAT(std::get<Fault>(loads).text, testing::HasSubstr("mm hang over the element at X "))
+        << end;
+  }
 }
 
 TEST(OneWay, ACornerNextToANodeStandsThere) {

@@ -71,6 +71,82 @@ TEST(Spans, BeamBetweenTwoColumnsIsNone) {
   for (const Span& span : spans_of(model)) EXPECT_EQ(span.kind, SpanKind::between);
 }
 
+/// Those along z (1) or y (0), with their nodes.
+std::vector<std::array<model::Number, 2>> ends_along(std::size_t axis, const model::Model& model) {
+  std::vector<std::array<model::Number, 2>> ends;
+  for (const Span& span : spans_of(model)) {
+    if (span.axes[axis]) {
+      ends.push_back({model.nodes[span.start].number, model.nodes[span.end].number});
+    }
+  }
+  return ends;
+}
+
+using Ends = std::vector<std::array<model::Number, 2>>;
+
+// Purlins hold a rafter sideways: downwards it spans from end to end, whoever calls it a member.
+TEST(Spans, SupportPartsThemAlongTheAxesThatItHolds) {
+  model::Model model = cut(simple_beam(8000.0), 4);
+  for (const model::Number node : {1001U, 1002U, 1003U}) {
+    model.supports.push_back({node, {false, true, false, false, false, false}, {}});
+  }
+  const Ends parts{{20, 1001}, {1001, 1002}, {1002, 1003}, {1003, 10}};
+  Ends with_whole = parts;
+  with_whole.push_back({20, 10});
+  EXPECT_EQ(ends_along(1, model), (Ends{{20, 10}}));
+  EXPECT_EQ(ends_along(0, model), with_whole);
+  model.members = {};
+  EXPECT_EQ(ends_along(1, model), (Ends{{20, 10}}));
+  EXPECT_EQ(ends_along(0, model), parts);
+}
+
+// What holds the tip sideways, along the arm, or against turning about it, lets it sink.
+TEST(Spans, TipIsHeldAlongTheAxesOfItsSupportOnly) {
+  const auto kinds = [](const model::Support& tip) {
+    model::Model model = straight_beam(2000.0);
+    add_support(model, 20, clamped);
+    model.supports.push_back(tip);
+    std::array<SpanKind, 2> out{};
+    for (const Span& span : spans_of(model)) {
+      for (std::size_t axis = 0; axis < 2; ++axis) {
+        if (span.axes[axis]) out[axis] = span.kind;
+      }
+    }
+    return out;
+  };
+  using enum SpanKind;
+  const std::array both{cantilever, cantilever}, only_z{between, cantilever};
+  EXPECT_EQ(kinds({10, {true, false, false, false, false, false}, {}}), both);
+  EXPECT_EQ(kinds({10, {false, true, false, false, false, false}, {}}), only_z);
+  EXPECT_EQ(kinds({10, {false, false, false, true, false, false}, {}}), both);
+  EXPECT_EQ(kinds({10, {}, {0, 0, 0, 1.0, 0, 0}}), both);
+  EXPECT_EQ(kinds({10, {false, true, true, false, false, false}, {}}),
+            (std::array{between, between}));
+}
+
+// A member over three columns is judged between them as well.
+TEST(Spans, ColumnsUnderAMemberPartIt) {
+  for (const bool is_prop : {false, true}) {
+    model::Model model = cut(simple_beam(8000.0), 2);
+    model.supports = {};
+    model::Number number = 50;
+    for (const model::Number node : {20U, 1001U, 10U}) {
+      const model::Node top = *model.nodes.find(node);
+      add_node(model, node + 5000, top.x, top.y, top.z - 3000.0);
+      add_support(model, node + 5000, is_prop ? pinned : clamped);
+      ++number;
+      model.elements.add(is_prop ? truss(number, node + 5000, node)
+                                 : beam(number, node + 5000, node));
+    }
+    Ends of_member;
+    for (const Span& span : spans_of(model)) {
+      if (span.member != 7 || !span.axes[1]) continue;
+      of_member.push_back({model.nodes[span.start].number, model.nodes[span.end].number});
+    }
+    EXPECT_EQ(of_member, (Ends{{20, 1001}, {1001, 10}, {20, 10}})) << is_prop;
+  }
+}
+
 Span span_of(double length, SpanKind kind = SpanKind::between) {
   Span span;
   span.length = length;
