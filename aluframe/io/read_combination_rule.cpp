@@ -1,10 +1,13 @@
+#include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "aluframe/combinations/make_combinations.h"
 #include "aluframe/io/failure.h"
 #include "aluframe/io/model_reader.h"
 #include "aluframe/io/named_values.h"
+#include "aluframe/texts/text.h"
 
 namespace aluframe::io {
 
@@ -39,10 +42,25 @@ model::FactorRow read_row(const JsonValue& value) {
   object.part([&] { row.source = object.plain_text_or("source", ""); });
   for (const auto& [name, field] : factor_fields) {
     object.part([&] {
-      if (const auto number = object.optional(name)) row.*field = number->not_negative();
+      const auto number = object.optional(name);
+      if (!number) return;
+      const bool is_share = std::string_view(name).starts_with("psi_");
+      row.*field = is_share ? number->between(0.0, 1.0) : number->not_negative();
     });
   }
   return row;
+}
+
+/// One row for a kind and its category: of two nobody could tell which holds.
+void add_row(const JsonValue& value, std::vector<model::FactorRow>& table) {
+  model::FactorRow row = read_row(value);
+  const bool is_there = std::ranges::any_of(table, [&](const model::FactorRow& other) {
+    return other.kind == row.kind && other.category == row.category;
+  });
+  if (is_there) {
+    value.fail(texts::translated("the table has a row of this \"kind\" and \"category\" already"));
+  }
+  table.push_back(std::move(row));
 }
 
 }  // namespace
@@ -92,7 +110,7 @@ std::optional<JsonValue> read_combination_rule(const JsonValue& value, model::Mo
   object.part([&] {
     const auto table = object.optional("table");
     if (!table) return;
-    read_items(*table, [&](const JsonValue& row) { rule.table.push_back(read_row(row)); });
+    read_items(*table, [&](const JsonValue& row) { add_row(row, rule.table); });
   });
   if (object.is_sound()) model.combination_rule = std::move(rule);
   return object.optional("also");

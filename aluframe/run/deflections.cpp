@@ -63,6 +63,8 @@ class Rows {
  private:
   void add_span(const deflections::Span& span, const char* direction,
                 const deflections::AxisDeflection& found) {
+    const bool moves = !is_noise(found.relative.value, span.length);
+    if (span.is_part && is_known_ && !moves) return;  // nothing to tell beside the others
     DisplacementRow row{.kind = DisplacementKind::deflection, .direction = direction};
     std::vector<model::Number> elements;
     for (const auto& element : span.elements) {
@@ -80,7 +82,6 @@ class Rows {
     row.length = span.length;
     const double limit = deflections::allowed(deflections::limit_of(model_, span), span);
     if (std::isfinite(limit)) row.limit = limit;
-    const bool moves = !is_noise(found.relative.value, span.length);
     if (is_known_) {
       row.value = moves ? found.relative.value : 0.0;
       row.absolute = is_noise(found.absolute.value, span.length) ? 0.0 : found.absolute.value;

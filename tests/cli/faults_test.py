@@ -69,7 +69,8 @@ def test_faults_of_a_combination_rule_and_of_actions_are_told_each(aluframe, ren
     renumbered["load_cases"][0]["action"] = {"kind": "permanent", "favourable": "often", "reversible": 1}
     renumbered["combinations"] = {
         "rule": 68, "types": ["fundamental", "seldom"], "design_life": 0,
-        "table": [{"kind": "wind", "gamma": -1.5, "psi_c": "half"}, {"kind": "storm"}],
+        "table": [{"kind": "wind", "gamma": -1.5, "psi_c": 5}, {"kind": "storm"}, {"kind": "snow", "category": "I", "gamma": 1.4},
+                  {"kind": "snow", "category": "I", "gamma": 1.2}],
         "also": [{"number": 500, "terms": [{"case": 99}]}]}
     # Whether any of the combinations is for serviceability is not known.
     renumbered["deflection_limit"] = {"span": 180}
@@ -77,7 +78,7 @@ def test_faults_of_a_combination_rule_and_of_actions_are_told_each(aluframe, ren
     assert [line.split(": ", 2)[2].split(":")[0].split(" (")[0] for line in told(aluframe)] == [
         "/load_cases/0/action/favourable", "/load_cases/0/action/reversible",
         "/combinations/rule", "/combinations/types/1", "/combinations/design_life",
-        "/combinations/table/0/gamma", "/combinations/table/0/psi_c", "/combinations/table/1/kind",
+        "/combinations/table/0/gamma", "/combinations/table/0/psi_c", "/combinations/table/1/kind", "/combinations/table/3",
         "/combinations/also/0/terms/0/case"]
 
 

@@ -111,7 +111,7 @@ TEST(CombinationRuleInFile, FaultsAreToldWithTheirPlace) {
   EXPECT_EQ(message(R"("combinations": {})"), "post.json: /combinations: missing field \"rule\"");
   EXPECT_EQ(message(R"("combinations": {"rule": "GB 50068-2018", "table": [{"kind": "wind",
 "psi_c": -1}]})"),
-            "post.json: /combinations/table/0/psi_c: found -1, must not be negative");
+            "post.json: /combinations/table/0/psi_c: found -1, must be between 0 and 1");
   EXPECT_EQ(message(R"("combinations": {"rule": "GB 50068-2018", "also": [{"number": 1,
 "terms": [{"combination": 1}]}]})"),
             "post.json: /combinations/also/0/terms/0: contains itself: 1 → 1");
