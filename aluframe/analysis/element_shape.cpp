@@ -45,8 +45,8 @@ std::array<Bernstein, 2> halves(const Bernstein& polynomial) {
   return {left, right};
 }
 
-/// Looks for larger magnitudes on a part of the stretch, halving what may have one.
-void search(const Bernstein& polynomial, double from, double to, Peak& best) {
+/// Looks for larger magnitudes on a part of the stretch, halving what may have one above a value.
+void search(const Bernstein& polynomial, double from, double to, double above, Peak& best) {
   constexpr double certain = 1e-12, shortest = 1e-9;
   const auto take = [&](double part, double value) {
     if (std::abs(value) > std::abs(best.value)) best = {part, value};
@@ -54,11 +54,12 @@ void search(const Bernstein& polynomial, double from, double to, Peak& best) {
   take(from, polynomial.front());
   take(to, polynomial.back());
   const double bound = largest_magnitude(polynomial);
-  if (!(bound > std::abs(best.value) * (1.0 + certain)) || to - from < shortest) return;
+  const double known = std::max(std::abs(best.value), above);
+  if (!(bound > known * (1.0 + certain)) || to - from < shortest) return;
   const double middle = 0.5 * (from + to);
   const auto [left, right] = halves(polynomial);
-  search(left, from, middle, best);
-  search(right, middle, to, best);
+  search(left, from, middle, above, best);
+  search(right, middle, to, above, best);
 }
 
 }  // namespace
@@ -81,9 +82,9 @@ double value_at(const Bernstein& polynomial, double part) {
   return at[0];
 }
 
-Peak peak_of(const Bernstein& polynomial) {
+Peak peak_of(const Bernstein& polynomial, double above) {
   Peak best;
-  search(polynomial, 0.0, 1.0, best);
+  search(polynomial, 0.0, 1.0, above, best);
   return best;
 }
 

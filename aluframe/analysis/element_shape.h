@@ -24,7 +24,10 @@ struct Peak {
 };
 
 /// Where its magnitude is largest on the stretch: exact to 1e-12 of it. The first of several.
-Peak peak_of(const Bernstein& polynomial);
+///
+/// @param above a magnitude that is known elsewhere: where nothing exceeds it, the search ends as
+/// soon as that is certain, at a place that is no peak
+Peak peak_of(const Bernstein& polynomial, double above = 0.0);
 
 /// How far an element is displaced across its axis on a stretch of it.
 struct ShapePiece {

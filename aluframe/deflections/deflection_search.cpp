@@ -73,7 +73,16 @@ bool is_larger(double value, double than) {
 class Search {
  public:
   Search(const model::Model& model, Deflections& out)
-      : model_(model), geometry_(analysis::element_geometry(forces::frame_of(model))), out_(out) {}
+      : model_(model),
+        geometry_(analysis::element_geometry(forces::frame_of(model))),
+        spans_of_(model.elements.size()),
+        out_(out) {
+    for (std::size_t i = 0; i < out.spans.size(); ++i) {
+      for (const Span::Element& element : out.spans[i].elements) {
+        spans_of_[element.place].push_back(i);
+      }
+    }
+  }
 
   void take(const Displacements& displacements, const GoesOn& goes_on = {}) {
     take_spans(displacements, goes_on);
@@ -81,10 +90,13 @@ class Search {
   }
 
   void take_spans(const Displacements& displacements, const GoesOn& goes_on = {}) {
-    const auto spans = static_cast<int>(out_.spans.size());
-    for (int i = 0; i < spans; ++i) {
-      if (goes_on && !goes_on(i, spans)) return;
-      take_span(displacements, static_cast<std::size_t>(i));
+    std::vector<Reference> references;
+    references.reserve(out_.spans.size());
+    for (const Span& span : out_.spans) references.emplace_back(model_, span, displacements);
+    const auto elements = static_cast<int>(model_.elements.size());
+    for (int i = 0; i < elements; ++i) {
+      if (goes_on && !goes_on(i, elements)) return;
+      take_element(displacements, references, static_cast<std::size_t>(i));
     }
   }
 
@@ -94,21 +106,22 @@ class Search {
   }
 
  private:
-  void take_span(const Displacements& displacements, std::size_t place) {
-    const Span& span = out_.spans[place];
-    const Reference reference(model_, span, displacements);
-    for (const Span::Element& element : span.elements) {
-      const Shapes shapes = displacements.of_element(element.place);
+  /// An element for all spans that it is in: its shape is worked out once.
+  void take_element(const Displacements& displacements, const std::vector<Reference>& references,
+                    std::size_t place) {
+    if (spans_of_[place].empty()) return;
+    const Shapes shapes = displacements.of_element(place);
+    for (const std::size_t span : spans_of_[place]) {
       for (std::size_t state = 0; state < displacements.combinations().size(); ++state) {
-        take_element(element.place, shapes, reference, static_cast<Eigen::Index>(state),
-                     displacements.combinations()[state], span.axes, out_.of_spans[place]);
+        take_shape(place, shapes, references[span], static_cast<Eigen::Index>(state),
+                   displacements.combinations()[state], out_.spans[span].axes, out_.of_spans[span]);
       }
     }
   }
 
-  void take_element(std::size_t element, const Shapes& shapes, const Reference& reference,
-                    Eigen::Index state, model::Number combination, const std::array<bool, 2>& axes,
-                    std::array<AxisDeflection, 2>& best) const {
+  void take_shape(std::size_t element, const Shapes& shapes, const Reference& reference,
+                  Eigen::Index state, model::Number combination, const std::array<bool, 2>& axes,
+                  std::array<AxisDeflection, 2>& best) const {
     const analysis::Geometry& geometry = geometry_[element];
     const auto& nodes = model_.elements[element].nodes;
     const Vector3d at_start =
@@ -123,7 +136,7 @@ class Search {
         analysis::Bernstein polynomial = coefficients(shapes.across, row, state);
         const auto improve = [&](Extreme& extreme) {
           if (!is_larger(bound_of(polynomial), extreme.value)) return;
-          const analysis::Peak peak = analysis::peak_of(polynomial);
+          const analysis::Peak peak = analysis::peak_of(polynomial, std::abs(extreme.value));
           if (!is_larger(peak.value, extreme.value)) return;
           extreme = {peak.value, element, from + peak.part * (to - from), combination};
         };
@@ -184,6 +197,7 @@ class Search {
 
   const model::Model& model_;
   std::vector<analysis::Geometry> geometry_;
+  std::vector<std::vector<std::size_t>> spans_of_;  ///< by element
   Deflections& out_;
 };
 

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <map>
+#include <optional>
 #include <tuple>
 #include <unordered_set>
 #include <utility>
@@ -35,10 +37,20 @@ bool holds(const model::Support& support, const Eigen::RowVector3d& axis) {
   return false;
 }
 
-/// The structure alone, for what bends along one local axis: with the supports that hold an element
-/// along it, and without design, for that elements are designed one by one does not part what bends
-/// together.
-model::Model held_along(const model::Model& model, Eigen::Index axis) {
+using AllAxes = std::vector<Eigen::Matrix3d>;  ///< local axes in rows, by element
+
+AllAxes axes_of(const model::Model& model) {
+  AllAxes all;
+  all.reserve(model.elements.size());
+  for (const model::Element& element : model.elements) {
+    all.emplace_back(members::geometry_of(model, element).axes);
+  }
+  return all;
+}
+
+/// The structure alone: without design, for that elements are designed one by one does not part
+/// what bends together.
+model::Model undesigned(const model::Model& model) {
   model::Model frame;
   frame.nodes = model.nodes;
   frame.members = model.members;
@@ -46,37 +58,55 @@ model::Model held_along(const model::Model& model, Eigen::Index axis) {
     element.design = {};
     frame.elements.add(std::move(element));
   }
-  const model::Connectivity connectivity(model);
-  for (const model::Support& support : model.supports) {
-    const auto& around = connectivity.elements_at(support.node);
-    const bool counts = std::ranges::any_of(around, [&](model::Number number) {
-      const model::Element& element = *model.elements.find(number);
-      return holds(support, members::geometry_of(model, element).axes.row(axis));
-    });
-    if (counts) frame.supports.push_back(support);
-  }
   return frame;
 }
+
+/// The supports that hold an element along one of its local axes.
+std::vector<model::Support> supports_along(const model::Model& model, const AllAxes& axes,
+                                           Eigen::Index axis) {
+  std::vector<model::Support> supports;
+  const model::Connectivity connectivity(model);
+  std::ranges::copy_if(model.supports, std::back_inserter(supports), [&](const auto& support) {
+    return std::ranges::any_of(connectivity.elements_at(support.node), [&](model::Number number) {
+      return holds(support, axes[model.elements.position(number)].row(axis));
+    });
+  });
+  return supports;
+}
+
+/// A frame with what its spans follow from.
+struct Frame {
+  explicit Frame(model::Model held)
+      : model(std::move(held)),
+        connectivity(model),
+        cantilever_ends(members::cantilever_ends(model, connectivity)),
+        beams(members::find_members(model)) {}
+  Frame(const Frame&) = delete;
+  Frame& operator=(const Frame&) = delete;
+  ~Frame() = default;
+
+  model::Model model;
+  model::Connectivity connectivity;
+  std::vector<std::array<bool, 2>> cantilever_ends;
+  std::vector<model::Member> beams;  ///< of elements in no member
+};
 
 class SpanFinder {
  public:
   /// @param axis local axis along which deflections are looked at, 1 (y) or 2 (z)
-  SpanFinder(const model::Model& model, Eigen::Index axis)
-      : model_(model),
-        axis_(axis),
-        connectivity_(model),
-        cantilever_ends_(members::cantilever_ends(model, connectivity_)) {}
+  SpanFinder(const Frame& frame, const AllAxes& axes, Eigen::Index axis)
+      : frame_(frame), model_(frame.model), axes_(axes), axis_(axis) {}
 
   std::vector<Span> find() && {
     for (const model::Member& member : model_.members) add_chain(member.number, member.elements);
     std::unordered_set<model::Number> in_chain;
-    for (const model::Member& beam : members::find_members(model_)) {
+    for (const model::Member& beam : frame_.beams) {
       add_chain(0, beam.elements);
       in_chain.insert(beam.elements.begin(), beam.elements.end());
     }
     for (const model::Element& element : model_.elements) {
-      const bool is_alone =
-          connectivity_.member_of(element.number) == nullptr && !in_chain.contains(element.number);
+      const bool is_alone = frame_.connectivity.member_of(element.number) == nullptr &&
+                            !in_chain.contains(element.number);
       if (is_alone) add_chain(0, {element.number});
     }
     return std::move(spans_);
@@ -109,20 +139,15 @@ class SpanFinder {
   /// chain itself, stands at the node where an element of a chain begins: a column under a beam.
   bool is_station(const Span::Element& begins, std::size_t node) const {
     const model::Number number = model_.nodes[node].number;
-    if (connectivity_.support_of(number) != nullptr) return true;
-    const Eigen::RowVector3d along = axis_of(begins.place);
-    return std::ranges::any_of(connectivity_.elements_at(number), [&](model::Number other) {
+    if (frame_.connectivity.support_of(number) != nullptr) return true;
+    const Eigen::RowVector3d along = axes_[begins.place].row(axis_);
+    return std::ranges::any_of(frame_.connectivity.elements_at(number), [&](model::Number other) {
       const std::size_t place = model_.elements.position(other);
       const model::Element& element = model_.elements[place];
       const std::size_t far = element.nodes[0] == number ? 1 : 0;
-      if (cantilever_ends_[place][far]) return false;
-      const Eigen::RowVector3d x = members::geometry_of(model_, element).axes.row(0);
-      return std::abs(x.dot(along)) > across_share;
+      if (frame_.cantilever_ends[place][far]) return false;
+      return std::abs(axes_[place].row(0).dot(along)) > across_share;
     });
-  }
-
-  Eigen::RowVector3d axis_of(std::size_t element) const {
-    return members::geometry_of(model_, model_.elements[element]).axes.row(axis_);
   }
 
   /// The elements of a chain and the nodes that it passes.
@@ -169,13 +194,13 @@ class SpanFinder {
 
   /// Whether the outer end of a span's first or last element hangs on that alone.
   bool hangs(const Span::Element& element, bool is_first) const {
-    return cantilever_ends_[element.place][element.reversed == is_first ? 1 : 0];
+    return frame_.cantilever_ends[element.place][element.reversed == is_first ? 1 : 0];
   }
 
+  const Frame& frame_;
   const model::Model& model_;
+  const AllAxes& axes_;
   Eigen::Index axis_;
-  model::Connectivity connectivity_;
-  std::vector<std::array<bool, 2>> cantilever_ends_;
   std::vector<Span> spans_;
 };
 
@@ -196,14 +221,22 @@ std::pair<std::size_t, bool> place_of(const model::Model& model, const Span& spa
 }  // namespace
 
 std::vector<Span> spans_of(const model::Model& model) {
-  const std::array<model::Model, 2> frames{held_along(model, 1), held_along(model, 2)};
-  std::vector<Span> spans = SpanFinder(frames[0], 1).find();
+  const AllAxes axes = axes_of(model);
+  model::Model bare = undesigned(model);
+  model::Model bare_for_z = bare;
+  bare.supports = supports_along(model, axes, 1);
+  bare_for_z.supports = supports_along(model, axes, 2);
+  const bool are_same = bare.supports == bare_for_z.supports;
+  const Frame for_y(std::move(bare));
+  std::optional<Frame> for_z;
+  if (!are_same) for_z.emplace(std::move(bare_for_z));
+  std::vector<Span> spans = SpanFinder(for_y, axes, 1).find();
   std::map<decltype(key_of(spans[0])), std::size_t> places;
   for (Span& span : spans) {
     span.axes = {true, false};
     places.emplace(key_of(span), places.size());
   }
-  for (Span& span : SpanFinder(frames[1], 2).find()) {
+  for (Span& span : SpanFinder(for_z ? *for_z : for_y, axes, 2).find()) {
     const auto same = places.find(key_of(span));
     if (same != places.end()) {
       spans[same->second].axes[1] = true;

@@ -240,7 +240,7 @@ TEST(Deflections, SearchEndsWhereItIsToldTo) {
   const Deflections found = find_deflections(model, first_case(), [&](int done, int total) {
     ++asked;
     EXPECT_EQ(done, 0);
-    EXPECT_EQ(total, 1);
+    EXPECT_EQ(total, 2);
     return false;
   });
   EXPECT_EQ(asked, 1);
