@@ -73,6 +73,8 @@ Vector12 end_displacements(const Element& element, const Geometry& geometry,
     ends[4] = ends[10] = -(ends[8] - ends[2]) / geometry.length;
     return ends;
   }
+  const bool is_released = std::ranges::any_of(element.released, [](bool one) { return one; });
+  if (!is_released) return ends;
   Matrix12 stiffness = elastic_stiffness(element, geometry.length);
   if (const auto releases = Releases::condense(element.released, stiffness)) {
     releases->restore(fixed_end_forces(element, loads), ends);

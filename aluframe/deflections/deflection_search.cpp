@@ -70,6 +70,16 @@ bool is_larger(double value, double than) {
   return std::abs(value) > std::abs(than) * (1.0 + margin);
 }
 
+/// The largest magnitude of some polynomials at both ends and in the middle.
+double largest_sample(const std::vector<analysis::Bernstein>& polynomials) {
+  double largest = 0.0;
+  for (const analysis::Bernstein& c : polynomials) {
+    const double middle = (c[0] + c[5] + 5.0 * (c[1] + c[4]) + 10.0 * (c[2] + c[3])) / 32.0;
+    largest = std::max({largest, std::abs(c[0]), std::abs(middle), std::abs(c[5])});
+  }
+  return largest;
+}
+
 class Search {
  public:
   Search(const model::Model& model, Deflections& out)
@@ -112,43 +122,73 @@ class Search {
     if (spans_of_[place].empty()) return;
     const Shapes shapes = displacements.of_element(place);
     for (const std::size_t span : spans_of_[place]) {
-      for (std::size_t state = 0; state < displacements.combinations().size(); ++state) {
-        take_shape(place, shapes, references[span], static_cast<Eigen::Index>(state),
-                   displacements.combinations()[state], out_.spans[span].axes, out_.of_spans[span]);
+      const Eigen::Matrix4Xd chords = chords_of(place, references[span], shapes.across.cols());
+      for (const Eigen::Index axis : {0, 1}) {
+        if (!out_.spans[span].axes[static_cast<std::size_t>(axis)]) continue;
+        const auto chord = chords.middleRows<2>(2 * axis);
+        AxisDeflection& best = out_.of_spans[span][static_cast<std::size_t>(axis)];
+        for (std::size_t piece = 0; piece + 1 < shapes.bounds.size(); ++piece) {
+          take_piece(displacements.combinations(), {place, axis, piece}, shapes, chord, best);
+        }
       }
     }
   }
 
-  void take_shape(std::size_t element, const Shapes& shapes, const Reference& reference,
-                  Eigen::Index state, model::Number combination, const std::array<bool, 2>& axes,
-                  std::array<AxisDeflection, 2>& best) const {
-    const analysis::Geometry& geometry = geometry_[element];
+  /// Where the ends of an element would be, had they moved with the span: along its y at the start
+  /// and at the end, then along its z; a column a state.
+  Eigen::Matrix4Xd chords_of(std::size_t element, const Reference& reference,
+                             Eigen::Index states) const {
+    const Eigen::Matrix<double, 2, 3> across = geometry_[element].axes.bottomRows<2>();
     const auto& nodes = model_.elements[element].nodes;
-    const Vector3d at_start =
-        geometry.axes * reference.at(position(*model_.nodes.find(nodes[0])), state);
-    const Vector3d at_end =
-        geometry.axes * reference.at(position(*model_.nodes.find(nodes[1])), state);
-    for (std::size_t piece = 0; piece + 1 < shapes.bounds.size(); ++piece) {
-      const double from = shapes.bounds[piece], to = shapes.bounds[piece + 1];
-      for (Eigen::Index axis = 0; axis < 2; ++axis) {
-        if (!axes[static_cast<std::size_t>(axis)]) continue;
-        const auto row = static_cast<Eigen::Index>(12 * piece) + 6 * axis;
-        analysis::Bernstein polynomial = coefficients(shapes.across, row, state);
-        const auto improve = [&](Extreme& extreme) {
-          if (!is_larger(bound_of(polynomial), extreme.value)) return;
-          const analysis::Peak peak = analysis::peak_of(polynomial, std::abs(extreme.value));
-          if (!is_larger(peak.value, extreme.value)) return;
-          extreme = {peak.value, element, from + peak.part * (to - from), combination};
-        };
-        AxisDeflection& of_axis = best[static_cast<std::size_t>(axis)];
-        improve(of_axis.absolute);
-        const double a = at_start[1 + axis], slope = (at_end[1 + axis] - a) / geometry.length;
-        for (std::size_t k = 0; k < polynomial.size(); ++k) {
-          polynomial[k] -= a + slope * (from + (to - from) * static_cast<double>(k) / 5.0);
-        }
-        improve(of_axis.relative);
-      }
+    const Vector3d start = position(*model_.nodes.find(nodes[0]));
+    const Vector3d end = position(*model_.nodes.find(nodes[1]));
+    Eigen::Matrix4Xd chords(4, states);
+    for (Eigen::Index state = 0; state < states; ++state) {
+      const Eigen::Vector2d at_start = across * reference.at(start, state);
+      const Eigen::Vector2d at_end = across * reference.at(end, state);
+      chords.col(state) << at_start[0], at_end[0], at_start[1], at_end[1];
     }
+    return chords;
+  }
+
+  /// A stretch of an element along one of its axes.
+  struct Piece {
+    std::size_t element = 0;
+    Eigen::Index axis = 0;
+    std::size_t number = 0;
+  };
+
+  using Chord = Eigen::Ref<const Eigen::Matrix2Xd, 0, Eigen::OuterStride<>>;
+
+  void take_piece(const std::vector<model::Number>& combinations, const Piece& piece,
+                  const Shapes& shapes, const Chord& chord, AxisDeflection& best) const {
+    const double from = shapes.bounds[piece.number], to = shapes.bounds[piece.number + 1];
+    const double length = geometry_[piece.element].length;
+    const auto row = static_cast<Eigen::Index>(12 * piece.number) + 6 * piece.axis;
+    std::vector<analysis::Bernstein> absolute, relative;
+    for (Eigen::Index state = 0; state < chord.cols(); ++state) {
+      analysis::Bernstein polynomial = coefficients(shapes.across, row, state);
+      absolute.push_back(polynomial);
+      const double a = chord(0, state), slope = (chord(1, state) - a) / length;
+      for (std::size_t k = 0; k < polynomial.size(); ++k) {
+        polynomial[k] -= a + slope * (from + (to - from) * static_cast<double>(k) / 5.0);
+      }
+      relative.push_back(polynomial);
+    }
+    const auto improve = [&](const std::vector<analysis::Bernstein>& polynomials,
+                             Extreme& extreme) {
+      // Some state has this, so that one that has less need not be looked at.
+      const double reached = (1.0 - 2.0 * margin) * largest_sample(polynomials);
+      for (std::size_t state = 0; state < polynomials.size(); ++state) {
+        const double known = std::max(std::abs(extreme.value), reached);
+        if (!is_larger(bound_of(polynomials[state]), known)) continue;
+        const analysis::Peak peak = analysis::peak_of(polynomials[state], known);
+        if (std::abs(peak.value) < reached || !is_larger(peak.value, extreme.value)) continue;
+        extreme = {peak.value, piece.element, from + peak.part * (to - from), combinations[state]};
+      }
+    };
+    improve(absolute, best.absolute);
+    improve(relative, best.relative);
   }
 
   void take_drifts(const Displacements& displacements) {

@@ -48,11 +48,12 @@ AllAxes axes_of(const model::Model& model) {
   return all;
 }
 
-/// The structure alone: without design, for that elements are designed one by one does not part
-/// what bends together.
-model::Model undesigned(const model::Model& model) {
+/// The structure alone, with some of its supports: without design, for that elements are designed
+/// one by one does not part what bends together.
+model::Model undesigned(const model::Model& model, std::vector<model::Support> supports) {
   model::Model frame;
   frame.nodes = model.nodes;
+  frame.supports = std::move(supports);
   frame.members = model.members;
   for (model::Element element : model.elements) {
     element.design = {};
@@ -222,14 +223,11 @@ std::pair<std::size_t, bool> place_of(const model::Model& model, const Span& spa
 
 std::vector<Span> spans_of(const model::Model& model) {
   const AllAxes axes = axes_of(model);
-  model::Model bare = undesigned(model);
-  model::Model bare_for_z = bare;
-  bare.supports = supports_along(model, axes, 1);
-  bare_for_z.supports = supports_along(model, axes, 2);
-  const bool are_same = bare.supports == bare_for_z.supports;
-  const Frame for_y(std::move(bare));
+  const auto held_along_y = supports_along(model, axes, 1);
+  const auto held_along_z = supports_along(model, axes, 2);
+  const Frame for_y(undesigned(model, held_along_y));
   std::optional<Frame> for_z;
-  if (!are_same) for_z.emplace(std::move(bare_for_z));
+  if (held_along_z != held_along_y) for_z.emplace(undesigned(model, held_along_z));
   std::vector<Span> spans = SpanFinder(for_y, axes, 1).find();
   std::map<decltype(key_of(spans[0])), std::size_t> places;
   for (Span& span : spans) {
