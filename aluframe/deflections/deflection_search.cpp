@@ -275,11 +275,11 @@ std::optional<analysis::Problem> take_nodes_of_large(const model::Model& model, 
 }  // namespace
 
 Deflections find_deflections(const model::Model& model, const std::vector<State>& states,
-                             const GoesOn& goes_on) {
+                             const GoesOn& goes_on, const forces::CaseDisplacements* known) {
   Deflections out = without_values(model);
   Search search(model, out);
   if (!model.analysis.second_order) {
-    const auto found = linear_displacements(model, states);
+    const auto found = linear_displacements(model, states, known);
     if (const auto* problem = std::get_if<analysis::Problem>(&found)) {
       for (const State& state : states) out.unknown.push_back({state.combination, problem->text});
       return out;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "aluframe/deflections/spans.h"
+#include "aluframe/forces/compute_forces.h"
 #include "aluframe/forces/load_sets.h"
 
 namespace aluframe::deflections {
@@ -73,7 +74,11 @@ using GoesOn = std::function<bool(int done, int total)>;
 ///
 /// Of deflections that differ by rounding alone the first is told. The model's forces, given or
 /// computed, are not read.
+///
+/// @param known displacements of the load cases by a linear analysis of the same model; null, or
+/// without one of those that the states need: it is analysed here
 Deflections find_deflections(const model::Model& model, const std::vector<State>& states,
-                             const GoesOn& goes_on = {});
+                             const GoesOn& goes_on = {},
+                             const forces::CaseDisplacements* known = nullptr);
 
 }  // namespace aluframe::deflections

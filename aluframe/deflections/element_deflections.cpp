@@ -44,7 +44,9 @@ class LinearDisplacements : public Displacements {
       : frame_(forces::frame_of(model)), geometry_(analysis::element_geometry(frame_)) {
     const Columns columns = columns_of(states);
     cases_.resize(columns.size());
+    places_.resize(columns.size());
     for (const auto& [place, column] : columns) {
+      places_[static_cast<std::size_t>(column)] = place;
       cases_[static_cast<std::size_t>(column)] = forces::loads_of(model, model.load_cases[place]);
     }
     factors_.setZero(static_cast<Eigen::Index>(columns.size()),
@@ -57,10 +59,16 @@ class LinearDisplacements : public Displacements {
     }
   }
 
-  std::optional<analysis::Problem> solve() {
-    auto solved = analysis::analyse(frame_, cases_);
-    if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
-    results_ = std::move(std::get<analysis::Solution>(solved).cases);
+  /// @param known displacements by load case, which need no analysis; null: there are none
+  std::optional<analysis::Problem> solve(const forces::CaseDisplacements* known) {
+    if (known == nullptr || !take(*known)) {
+      auto solved = analysis::analyse(frame_, cases_);
+      if (auto* problem = std::get_if<analysis::Problem>(&solved)) return std::move(*problem);
+      results_ = std::move(std::get<analysis::Solution>(solved).cases);
+      for (const analysis::CaseResult& result : results_) {
+        displacements_.push_back(&result.displacements);
+      }
+    }
     for (const analysis::LoadCase& load_case : cases_) {
       loads_.emplace_back(frame_, geometry_, load_case);
     }
@@ -71,8 +79,8 @@ class LinearDisplacements : public Displacements {
 
   Eigen::Matrix3Xd of_node(std::size_t node) const override {
     Eigen::Matrix3Xd of_cases(3, factors_.rows());
-    for (std::size_t c = 0; c < results_.size(); ++c) {
-      const analysis::Vector6& u = results_[c].displacements[node];
+    for (std::size_t c = 0; c < displacements_.size(); ++c) {
+      const analysis::Vector6& u = (*displacements_[c])[node];
       of_cases.col(static_cast<Eigen::Index>(c)) << u[0], u[1], u[2];
     }
     return of_cases * factors_;
@@ -82,9 +90,9 @@ class LinearDisplacements : public Displacements {
     const analysis::Element& element = frame_.elements[place];
     std::vector<analysis::DisplacedElement> of_cases;
     std::set<double> bounds;
-    for (std::size_t c = 0; c < results_.size(); ++c) {
+    for (std::size_t c = 0; c < displacements_.size(); ++c) {
       const analysis::ElementLoads loads = loads_[c].of(place);
-      const auto& nodes = results_[c].displacements;
+      const auto& nodes = *displacements_[c];
       of_cases.emplace_back(element, loads,
                             analysis::end_displacements(element, geometry_[place], loads,
                                                         nodes[element.start], nodes[element.end]));
@@ -102,6 +110,18 @@ class LinearDisplacements : public Displacements {
   }
 
  private:
+  /// @return false when a case is missing
+  bool take(const forces::CaseDisplacements& known) {
+    for (const std::size_t place : places_) {
+      if (place >= known.size() || known[place].size() != frame_.nodes.size()) {
+        displacements_.clear();
+        return false;
+      }
+      displacements_.push_back(&known[place]);
+    }
+    return true;
+  }
+
   static analysis::AcrossAt across_of(const analysis::DisplacedElement& displaced) {
     return [&displaced](std::span<const double> places) {
       std::array<std::vector<double>, 2> out;
@@ -118,7 +138,9 @@ class LinearDisplacements : public Displacements {
   std::vector<analysis::Geometry> geometry_;
   std::vector<analysis::LoadCase> cases_;
   std::vector<analysis::LoadsByElement> loads_;
-  std::vector<analysis::CaseResult> results_;
+  std::vector<std::size_t> places_;                                   ///< of the cases in the model
+  std::vector<analysis::CaseResult> results_;                         ///< of the own analysis
+  std::vector<const std::vector<analysis::Vector6>*> displacements_;  ///< by case
   Eigen::MatrixXd factors_;  ///< of the cases in the states
   std::vector<model::Number> combinations_;
 };
@@ -155,9 +177,10 @@ class SecondOrderDisplacements : public Displacements {
 }  // namespace
 
 analysis::Result<std::unique_ptr<Displacements>> linear_displacements(
-    const model::Model& model, const std::vector<State>& states) {
+    const model::Model& model, const std::vector<State>& states,
+    const forces::CaseDisplacements* known) {
   auto displacements = std::make_unique<LinearDisplacements>(model, states);
-  if (auto problem = displacements->solve()) return std::move(*problem);
+  if (auto problem = displacements->solve(known)) return std::move(*problem);
   return displacements;
 }
 

@@ -31,9 +31,11 @@ class Displacements {
 };
 
 /// In first order, under all states at once.
+/// @param known of `find_deflections`; it must outlive what is returned
 /// @return what stands in the way of the analysis
 analysis::Result<std::unique_ptr<Displacements>> linear_displacements(
-    const model::Model& model, const std::vector<State>& states);
+    const model::Model& model, const std::vector<State>& states,
+    const forces::CaseDisplacements* known);
 
 /// In second order, under one state.
 analysis::Result<std::unique_ptr<Displacements>> second_order_displacements(

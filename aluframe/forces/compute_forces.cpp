@@ -19,6 +19,16 @@ namespace {
 
 using Answers = std::vector<const analysis::SecondOrderResult*>;
 
+std::shared_ptr<const CaseDisplacements> displacements_of(const model::Model& model,
+                                                          analysis::Solution solution) {
+  auto displacements = std::make_shared<CaseDisplacements>(model.load_cases.size());
+  for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
+    if (!has_loads(model.load_cases[load_case])) continue;
+    (*displacements)[load_case] = std::move(solution.cases[load_case].displacements);
+  }
+  return displacements;
+}
+
 analysis::Result<Summary> first_order(model::Model& model, model::ForceTable table,
                                       Summary summary) {
   auto solved = analyse_model(model);
@@ -29,7 +39,7 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
     }
     return std::move(*problem);
   }
-  const auto& solution = std::get<analysis::Solution>(solved);
+  auto& solution = std::get<analysis::Solution>(solved);
   if (table == model::ForceTable()) table.resize(model.elements.size(), model.load_cases.size());
   summary.computed = {model.elements.size(), model.load_cases.size()};
   for (std::size_t load_case = 0; load_case < model.load_cases.size(); ++load_case) {
@@ -46,6 +56,9 @@ analysis::Result<Summary> first_order(model::Model& model, model::ForceTable tab
   }
   model.forces = std::move(table);
   summary.equations = solution.effort.equations;
+  if (std::ranges::any_of(model.combinations, &model::Combination::serviceability)) {
+    summary.displacements = displacements_of(model, std::move(solution));
+  }
   return summary;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ struct Growing {
   std::string moves;   ///< "node 5 moves along Z", in the growth where that is noticeable
 };
 
+/// Displacements of the nodes by load case of the model; empty for one without loads.
+using CaseDisplacements = std::vector<std::vector<analysis::Vector6>>;
+
 /// What computing forces took, for the user to see.
 struct Summary {
   std::size_t load_cases = 0;  ///< with loads; 0: there was nothing to analyse
@@ -33,6 +37,9 @@ struct Summary {
   /// these, nothing is known between the ends.
   std::vector<ElementCase> without_inner;
   ComputedPairs computed;  ///< by the first-order analysis
+  /// Of the first-order analysis, in a model with combinations for serviceability, so that nobody
+  /// has to analyse it again for these; null: there was none, or nobody needs them.
+  std::shared_ptr<const CaseDisplacements> displacements;
 };
 
 /// Load cases that carry loads: those that an analysis gives forces for.

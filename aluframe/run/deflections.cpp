@@ -141,7 +141,7 @@ RunDisplacements displacements_under(const Input& input,
     if (!subject.unknown.empty()) out.unknown.push_back({number, subject.unknown});
   }
   const deflections::Deflections found =
-      deflections::find_deflections(input.model, states, goes_on);
+      deflections::find_deflections(input.model, states, goes_on, input.forces.displacements.get());
   for (const deflections::Unknown& unknown : found.unknown) {
     out.unknown.push_back({unknown.combination, unknown.reason});
   }

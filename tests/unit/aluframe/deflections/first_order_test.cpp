@@ -247,6 +247,43 @@ TEST(Deflections, SearchEndsWhereItIsToldTo) {
   EXPECT_EQ(found.of_spans[0][1].relative.value, 0.0);
 }
 
+// The displacements that the forces of a check follow from.
+TEST(Deflections, GoByTheDisplacementsOfAnAnalysisThatWasMade) {
+  model::Model model = cut(loaded(simple_beam(length), uniform_load(-q)), 2);
+  add_case(model, uniform_load(2 * q));
+  const std::vector<State> states{{1, {{0, 1.0}}}, {2, {{0, 1.0}, {1, 1.5}}}};
+  const Deflections own = find_deflections(model, states);
+  model::Combination in_use;
+  in_use.number = 1;
+  in_use.serviceability = true;
+  in_use.terms = {{.number = model.load_cases[0].number}};
+  model.combinations.add(in_use);
+  const auto computed = forces::compute_forces(model);
+  const auto known = std::get<forces::Summary>(computed).displacements;
+  ASSERT_NE(known, nullptr);
+  EXPECT_EQ(find_deflections(model, states, {}, known.get()).of_spans[0][1].relative.value,
+            own.of_spans[0][1].relative.value);
+  // Twice as large displacements are twice the deflections: they are what counts.
+  forces::CaseDisplacements twice = *known;
+  for (auto& nodes : twice) {
+    for (analysis::Vector6& node : nodes) {
+      for (double& u : node) u *= 2;
+    }
+  }
+  const Deflections of_twice = find_deflections(model, states, {}, &twice);
+  EXPECT_GT(std::abs(of_twice.of_spans[0][1].absolute.value),
+            1.2 * std::abs(own.of_spans[0][1].absolute.value));
+  // Without one of the cases it is analysed here.
+  twice.pop_back();
+  EXPECT_EQ(find_deflections(model, states, {}, &twice).of_spans[0][1].relative.value,
+            own.of_spans[0][1].relative.value);
+}
+
+TEST(Deflections, WithoutServiceabilityNoDisplacementsAreKept) {
+  model::Model model = loaded(simple_beam(length), uniform_load(-q));
+  EXPECT_EQ(std::get<forces::Summary>(forces::compute_forces(model)).displacements, nullptr);
+}
+
 TEST(Deflections, StateWithoutLoadsMovesNothing) {
   const auto z = only_span(loaded(simple_beam(length), uniform_load(-q)), 1, {{5, {}}});
   EXPECT_EQ(z.relative.value, 0.0);
