@@ -19,7 +19,7 @@ class OpinionNotes : public services::RunObserver {
   /// `input` must outlive the object; its forces must be computed.
   explicit OpinionNotes(const Input& input)
       : model_(input.model),
-        opinion_(input.model, input.forces.computed, input.restrained.below_halved) {}
+        opinion_(input.model, input.forces.computed, input.restrained.beyond_checks) {}
 
   void checked(std::uint32_t element, std::uint32_t combination, int min_side,
                const T_RALU_D& record) override;

@@ -48,6 +48,8 @@ struct Part {
   bool is_reversed = false;
   Segment stretch;
   std::optional<restraints::UnrestrainedCoefficient> coefficient;
+  /// −1: a moment about y, z compresses the other side of the member than in its first element.
+  std::array<double, 2> moment_sign{1.0, 1.0};
 };
 
 /// A restrained member with what its pieces follow from.
@@ -128,11 +130,15 @@ void complete(Subject& subject, const members::MemberSegment& segment,
     subject.noise = std::max(subject.noise, noise_share * section.modulus[0] * section.f);
   }
   const auto first = top_of(subject.parts.front());
-  for (const Part& part : subject.parts) {
+  for (Part& part : subject.parts) {
     const auto axes = top_of(part);
-    double cosine = 0.0;
-    for (int i = 0; i < 3; ++i) cosine += first(2, i) * axes(2, i);
-    if (cosine < alike_axes) subject.has_one_top = false;
+    std::array<double, 3> cosines{};
+    for (int axis = 0; axis < 3; ++axis) {
+      for (int i = 0; i < 3; ++i) cosines.at(axis) += first(axis, i) * axes(axis, i);
+    }
+    if (cosines[2] < alike_axes) subject.has_one_top = false;
+    // A moment about y compresses the side of z, one about z that of y.
+    part.moment_sign = {cosines[2] < 0.0 ? -1.0 : 1.0, cosines[1] < 0.0 ? -1.0 : 1.0};
   }
 }
 
@@ -195,12 +201,34 @@ class MemberWork {
       if (pieces[i].size() > 1) add_axis_pieces(axis, pieces[i], is_given(*own[i]));
     }
     if (is_given(of.y) || is_given(of.z)) return;
+    second_opinion::PartedElements parted;
     for (const Part& part : subject_.parts) {
+      second_opinion::PartedElement& of_part = parted[part.element->number];
+      of_part = {.at = {meetings_in(part, pieces[0]), meetings_in(part, pieces[1])},
+                 .sign = part.moment_sign};
       const model::ElementDesign::AxisPair k{restraints::factor_at(pieces[0], part.stretch),
                                              restraints::factor_at(pieces[1], part.stretch)};
       if (part.element->design.length_factors || (k.y >= of.y.k && k.z >= of.z.k)) continue;
       out_.elements[part.element->number].length_factors = k;
+      of_part.is_shortened = {k.y < of.y.k, k.z < of.z.k};
     }
+    const bool any = std::ranges::any_of(parted, [](const auto& element) {
+      return element.second.is_shortened[0] || element.second.is_shortened[1];
+    });
+    if (any) out_.beyond_checks.parted.merge(parted);
+  }
+
+  /// Where pieces meet in the element, by shares of its length from its own start.
+  static std::vector<double> meetings_in(const Part& part,
+                                         const std::vector<restraints::AxisSegment>& pieces) {
+    std::vector<double> shares;
+    for (const restraints::AxisSegment& piece : pieces) {
+      const double at = piece.segment.start;
+      if (at == 0.0 || at < part.stretch.start || at >= part.stretch.end) continue;
+      const double share = (at - part.stretch.start) / part.stretch.length();
+      shares.push_back(part.is_reversed ? 1.0 - share : share);
+    }
+    return shares;
   }
 
   void add_axis_pieces(Axis axis, const std::vector<restraints::AxisSegment>& pieces,
@@ -299,7 +327,8 @@ class MemberWork {
       const Part& part = subject_.parts[i];
       if (!part.coefficient || smallest[i] > 1.5) continue;  // never bent
       if (smallest[i] <= part.coefficient->largest_phi_b * (1.0 + same)) {
-        if (part.coefficient->is_halved) out_.below_halved[part.element->number] = between[i];
+        if (part.coefficient->is_halved)
+          out_.beyond_checks.phi_b[part.element->number] = between[i];
         continue;
       }
       out_.elements[part.element->number].phi_b = std::min(smallest[i], 1.0);

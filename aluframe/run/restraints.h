@@ -1,12 +1,12 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "aluframe/members/length_factors.h"
 #include "aluframe/model/model.h"
+#include "aluframe/second_opinion/run_opinion.h"
 #include "aluframe/services/restrained_elements.h"
 #include "aluframe/store/result_file.h"
 
@@ -44,9 +44,10 @@ struct Restrained {
   services::RestrainedElements elements;
   std::vector<RestrainedPiece> pieces;
   std::vector<store::RemarkRow> remarks;
-  /// φb of elements whose checks have a larger one, because they halve the member's length for a
-  /// support between its ends: a matter of the second opinion.
-  std::map<model::Number, double> below_halved;
+  /// What the checks have no word for. φb of elements whose checks have a larger one, because they
+  /// halve the member's length for a support between its ends; where pieces meet that buckle by
+  /// themselves, for the moment factors of these.
+  second_opinion::RestrainedMembers beyond_checks;
 };
 
 /// A setting of a run that tells how many elements have something by restraints; nothing for a

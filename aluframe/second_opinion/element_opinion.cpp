@@ -94,16 +94,43 @@ const Subject& ElementOpinion::with_full_moments() {
   return *with_full_moments_;
 }
 
-SafeRatio ElementOpinion::of_member(const AluDgnSectForce& largest, bool has_span_moments) {
+/// The checks know the end moments of the member alone, of which a piece may have the larger ones
+/// at both of its ends.
+void ElementOpinion::ask_pieces(const Position& at, const std::array<double, 2>& piece_factors,
+                                const Take& take) const {
+  Subject of_pieces = element_.subject;
+  bool any = false;
+  for (std::size_t axis = 0; axis < piece_factors.size(); ++axis) {
+    if (!(piece_factors[axis] > 0.0)) continue;
+    any = true;
+    for (ALU_DGN_DATA* data :
+         {&of_pieces.data, of_pieces.mirrored ? &*of_pieces.mirrored : nullptr}) {
+      if (data == nullptr) continue;
+      constexpr std::int32_t own_value = 0;
+      data->code.para.nBetaMOpt[axis] = own_value;
+      data->code.para.dBetaM[axis] = piece_factors[axis];
+    }
+  }
+  if (any) ask_beam_column(element_, of_pieces, at, nullptr, take);
+}
+
+SafeRatio ElementOpinion::of_member(const AluDgnSectForce& largest, bool has_span_moments,
+                                    const std::array<double, 2>& piece_factors) {
   SafeRatio out;
   const Position at = position_of(element_, largest);
   if (!element_.units.formed || !at.is_compression || !at.is_bent) return out;
-  const bool s12 = has_span_moments && element_.subject.data.code.para.bUserBetaM == 0;
+  const bool is_free = element_.subject.data.code.para.bUserBetaM == 0;
+  const bool s12 = has_span_moments && is_free;
   const RuleSet why = s12 ? Rule::c7 | Rule::s12 : RuleSet(Rule::c7);
   Worst worst(out);
   const Subject& asked = s12 ? with_full_moments() : element_.subject;
   ask_beam_column(element_, asked, at, nullptr, [&](Answer answer) {
     answer.rules = answer.rules | why;
+    worst(answer);
+  });
+  if (s12 || !is_free) return out;
+  ask_pieces(at, piece_factors, [&](Answer answer) {
+    answer.rules = answer.rules | Rule::c7 | Rule::s12;
     worst(answer);
   });
   return out;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -35,8 +36,11 @@ class ElementOpinion {
   T_RALU_SECT checks_of(const AluDgnSectForce& force);
   /// Member stability with the largest forces of the member (C7): N the largest compression, My
   /// (by its sign) and Mz the largest moments. `has_span_moments`: moments grow between the ends of
-  /// the member, so that its end moments say nothing of them (S12).
-  SafeRatio of_member(const AluDgnSectForce& largest, bool has_span_moments);
+  /// the member, so that its end moments say nothing of them (S12). `piece_factors`: the least
+  /// equivalent moment factors about y and z of pieces between restraints, whose lengths the checks
+  /// have (S12); 0 asks nothing.
+  SafeRatio of_member(const AluDgnSectForce& largest, bool has_span_moments,
+                      const std::array<double, 2>& piece_factors = {});
   /// Every answer at a position, in no particular order: what `at` takes the largest of.
   std::vector<Answer> answers(const AluDgnSectForce& force, const T_RALU_SECT& code);
 
@@ -66,6 +70,8 @@ class ElementOpinion {
  private:
   void each_answer(const AluDgnSectForce& force, const T_RALU_SECT& code, const Take& take) const;
   const Subject& with_full_moments();
+  void ask_pieces(const Position& at, const std::array<double, 2>& piece_factors,
+                  const Take& take) const;
 
   AskedElement element_;
   std::optional<Subject> with_full_moments_;  ///< βm = 1 about both axes, once it is asked for

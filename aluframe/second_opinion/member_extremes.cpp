@@ -46,7 +46,35 @@ bool has_span_moments(const LargestForces& largest, const model::SectionForces& 
   return my > (1.0 + straight) * ends(about_y) || largest.mz > (1.0 + straight) * ends(about_z);
 }
 
+/// Equivalent moments about both axes of a member that restraints part.
+class BothAxes {
+ public:
+  explicit BothAxes(const PartedElements& parted) : parted_(parted) {}
+
+  void add(const model::CaseForces& forces, model::Number element, bool is_reversed) {
+    const auto found = parted_.find(element);
+    if (found == parted_.end()) return;
+    const PartedElement& of = found->second;
+    y_.add(forces, about_y, of.at[0], of.sign[0], is_reversed);
+    z_.add(forces, about_z, of.at[1], of.sign[1], is_reversed);
+  }
+  std::array<double, 2> largest() { return {y_.largest(), z_.largest()}; }
+
+ private:
+  const PartedElements& parted_;
+  PieceMoments y_, z_;
+};
+
 }  // namespace
+
+std::array<double, 2> LargestForces::piece_factors() const {
+  const std::array<double, 2> moments{std::max(my_max, -my_min), mz};
+  std::array<double, 2> factors{};
+  for (std::size_t i = 0; i < factors.size(); ++i) {
+    if (moments[i] > 0.0) factors[i] = std::min(1.0, piece_moments[i] / moments[i]);
+  }
+  return factors;
+}
 
 bool MemberExtremes::is_alike(const model::Element& a, const model::Element& b) const {
   if (a.section == b.section && a.material == b.material) return true;
@@ -70,6 +98,7 @@ LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t elem
   LargestForces largest;
   model::SectionForces start{}, end{};
   bool curved = false;
+  BothAxes pieces(parted_);
   for (std::size_t i = 0; i < member.elements.size(); ++i) {
     const model::Element& other = model_.elements[member.elements[i]];
     const auto forces = evaluator_.evaluate(member.elements[i], combination, side);
@@ -78,10 +107,12 @@ LargestForces MemberExtremes::gather(const MemberChain& member, std::size_t elem
     if (i == 0) start = forces->at[first];
     if (i + 1 == member.elements.size()) end = forces->at[position_count - 1 - first];
     curved = curved || is_curved(*forces, about_y) || is_curved(*forces, about_z);
+    pieces.add(*forces, other.number, member.reversed[i]);
     if (!is_alike(other, asked)) continue;
     for_each_position(*forces, [&](const model::SectionForces& at) { largest.add(at); });
   }
   largest.has_span_moments = curved || has_span_moments(largest, start, end);
+  largest.piece_moments = pieces.largest();
   return largest;
 }
 
@@ -99,6 +130,9 @@ LargestForces MemberExtremes::of(const MemberChain& member, std::size_t element,
     for_each_position(own, [&](const model::SectionForces& at) { largest.add(at); });
     largest.has_span_moments = is_curved(own, about_y) || is_curved(own, about_z) ||
                                has_span_moments(largest, own.at[0], own.at[position_count - 1]);
+    BothAxes pieces(parted_);
+    pieces.add(own, model_.elements[element].number, member.reversed.front());
+    largest.piece_moments = pieces.largest();
     return largest;
   }
   const int side_number = side == model::Side::minimum ? 1 : 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "aluframe/model/combinations.h"
+#include "aluframe/second_opinion/piece_moments.h"
 
 namespace aluframe::second_opinion {
 
@@ -26,6 +28,13 @@ struct LargestForces {
   double mz = 0.0;      ///< the largest |Mz|
   /// Moments grow between the ends of the member, by loads or by what frames in there.
   bool has_span_moments = false;
+  /// About y and z, where restraints part the member: the largest equivalent moment of its pieces,
+  /// PieceMoments; else 0.
+  std::array<double, 2> piece_moments{};
+
+  /// The least equivalent moment factors about y and z that the pieces of the member call for, so
+  /// that they times the largest moments are the equivalent ones; 0 without pieces or moments.
+  std::array<double, 2> piece_factors() const;
 
   template <class SixForces>
   void add(const SixForces& at);
@@ -44,9 +53,10 @@ void LargestForces::add(const SixForces& at) {
 /// one count: what another section carries says nothing about it.
 class MemberExtremes {
  public:
-  /// Both must outlive the object.
-  MemberExtremes(const model::Model& model, const model::CombinationEvaluator& evaluator)
-      : model_(model), evaluator_(evaluator) {}
+  /// All must outlive the object.
+  MemberExtremes(const model::Model& model, const model::CombinationEvaluator& evaluator,
+                 const PartedElements& parted)
+      : model_(model), evaluator_(evaluator), parted_(parted) {}
 
   /// @param element place in the model, one of the member's
   /// @param own its forces for the combination
@@ -70,6 +80,7 @@ class MemberExtremes {
 
   const model::Model& model_;
   const model::CombinationEvaluator& evaluator_;
+  const PartedElements& parted_;
   std::unordered_map<std::size_t, Known> known_;  ///< by the member's first element
 };
 

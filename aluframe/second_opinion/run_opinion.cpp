@@ -54,12 +54,12 @@ struct RunOpinion::Current {
 };
 
 RunOpinion::RunOpinion(const model::Model& model, const forces::ComputedPairs& computed,
-                       std::map<model::Number, double> restrained)
+                       RestrainedMembers restrained)
     : model_(model),
       restrained_(std::move(restrained)),
       evaluator_(model),
       connectivity_(model),
-      extremes_(model, evaluator_),
+      extremes_(model, evaluator_, restrained_.parted),
       inner_(model, computed) {
   for (const auto& [element, load_case] : inner_.unknown()) {
     // Forces of two ends alone are a matter of their own, known before the run.
@@ -88,11 +88,12 @@ ElementFacts RunOpinion::facts_of(const MemberChain& chain, const model::Element
     return model::meets_others(model_, connectivity_, node, numbers, model::Meeting::beams);
   };
   const model::Section& section = *model_.sections.find(element.section);
-  const auto restrained = restrained_.find(element.number);
+  const auto restrained = restrained_.phi_b.find(element.number);
   return {.shear_centre_y = section::properties_of(section).shear_centre_y,
           .end_is_held = {is_held(0, true), is_held(chain.elements.size() - 1, false)},
-          .restrained_phi_b =
-              restrained == restrained_.end() ? std::nullopt : std::optional(restrained->second)};
+          .restrained_phi_b = restrained == restrained_.phi_b.end()
+                                  ? std::nullopt
+                                  : std::optional(restrained->second)};
 }
 
 void RunOpinion::start(std::uint32_t number) {
@@ -208,6 +209,17 @@ void RunOpinion::ask_for_torsion_above(double stress) {
   for (forces::Weights& weights : current_->weights) weights.least_torsion = stress;
 }
 
+/// Of the axes about which the element at hand has the length of a piece.
+std::array<double, 2> RunOpinion::piece_factors(const LargestForces& largest) const {
+  const auto parted = restrained_.parted.find(current_->number);
+  if (parted == restrained_.parted.end()) return {};
+  std::array<double, 2> factors = largest.piece_factors();
+  for (std::size_t axis = 0; axis < factors.size(); ++axis) {
+    if (!parted->second.is_shortened[axis]) factors[axis] = 0.0;
+  }
+  return factors;
+}
+
 void RunOpinion::ask_member(ElementOpinion& opinion, const Place& place,
                             const model::CaseForces& forces) {
   LargestForces largest = extremes_.of(current_->chain, current_->place, place.combination,
@@ -217,9 +229,10 @@ void RunOpinion::ask_member(ElementOpinion& opinion, const Place& place,
   AluDgnSectForce force = section_force(place);
   force.dForce[ALU_FORCE_N] = largest.n;
   force.dForce[ALU_FORCE_MZ] = largest.mz;
+  const std::array<double, 2> factors = piece_factors(largest);
   const auto ask = [&](double my) {
     force.dForce[ALU_FORCE_MY] = my;
-    keep(opinion.of_member(force, largest.has_span_moments), place);
+    keep(opinion.of_member(force, largest.has_span_moments, factors), place);
   };
   if (!opinion.is_unsymmetric()) return ask(std::max(largest.my_max, -largest.my_min));
   ask(largest.my_max);

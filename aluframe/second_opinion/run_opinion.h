@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "aluframe/model/model.h"
 #include "aluframe/second_opinion/element_opinion.h"
 #include "aluframe/second_opinion/member_extremes.h"
+#include "aluframe/second_opinion/piece_moments.h"
 #include "aluframe/second_opinion/place.h"
 #include "aluframe/second_opinion/unchecked_forces.h"
 
@@ -45,6 +47,12 @@ struct RunFound {
   std::vector<std::pair<std::size_t, std::size_t>> estimated_between;
 };
 
+/// What restraints between the ends of members mean beyond what the checks take.
+struct RestrainedMembers {
+  std::map<model::Number, double> phi_b;  ///< of elements, ElementFacts::restrained_phi_b
+  PartedElements parted;
+};
+
 /// Asks about every position of a check run while it goes on.
 ///
 ///     RunOpinion opinion(model, summary.computed);  // of compute_forces
@@ -55,9 +63,8 @@ class RunOpinion {
  public:
   /// `model` must outlive the object; its forces must be there.
   /// @param computed pairs whose forces the analysis has computed
-  /// @param restrained φb of elements by ElementFacts::restrained_phi_b
   explicit RunOpinion(const model::Model& model, const forces::ComputedPairs& computed = {},
-                      std::map<model::Number, double> restrained = {});
+                      RestrainedMembers restrained = {});
   ~RunOpinion();
   RunOpinion(const RunOpinion&) = delete;
   RunOpinion& operator=(const RunOpinion&) = delete;
@@ -82,6 +89,7 @@ class RunOpinion {
                      const T_RALU_D& record);
   void ask_between(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
   void ask_member(ElementOpinion& opinion, const Place& place, const model::CaseForces& forces);
+  std::array<double, 2> piece_factors(const LargestForces& largest) const;
   void ask_for_torsion_above(double stress);
   void keep(const SafeRatio& ratio, const Place& place);
   AluDgnSectForce section_force(const Place& place) const;
@@ -89,7 +97,7 @@ class RunOpinion {
   AluDgnEndForce end_moments(const Place& place, const model::CaseForces& own) const;
 
   const model::Model& model_;
-  const std::map<model::Number, double> restrained_;
+  const RestrainedMembers restrained_;
   model::CombinationEvaluator evaluator_;
   model::Connectivity connectivity_;
   std::vector<bool> is_seismic_;  ///< by place of the combination

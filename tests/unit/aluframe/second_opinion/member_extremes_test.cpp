@@ -41,18 +41,21 @@ class Extremes : public testing::Test {
 
   LargestForces of(std::size_t element) {
     const model::CombinationEvaluator evaluator(model_);
-    MemberExtremes extremes(model_, evaluator);
+    MemberExtremes extremes(model_, evaluator, parted_);
     return extremes.of(chain_, element, 1, Side::maximum,
                        evaluator.evaluate(element, 1, Side::maximum).value());
   }
   static LargestForces alone(const model::CaseForces& forces) {
-    const model::Model model;
+    model::Model model;
+    model.elements.add(beam(1, 1, 1));
     const model::CombinationEvaluator evaluator(model);
-    MemberExtremes extremes(model, evaluator);
+    const PartedElements parted;
+    MemberExtremes extremes(model, evaluator, parted);
     return extremes.of({.elements = {0}, .reversed = {false}}, 0, 1, Side::maximum, forces);
   }
 
   model::Model model_;
+  PartedElements parted_;
   MemberChain chain_{.elements = {0, 1}, .reversed = {false, false}};
 };
 
@@ -99,7 +102,7 @@ TEST_F(Extremes, OfBothSectionsOfAMemberStayApartWhenAskedInTurn) {
   model_.forces.set(0, 0, straight(-100e3F, 0, 6e6F));
   model_.forces.set(1, 0, straight(-200e3F, 6e6F, 0));
   const model::CombinationEvaluator evaluator(model_);
-  MemberExtremes extremes(model_, evaluator);
+  MemberExtremes extremes(model_, evaluator, parted_);
   const model::CaseForces own = evaluator.evaluate(0, 1, Side::maximum).value();
   EXPECT_EQ(extremes.of(chain_, 0, 1, Side::maximum, own).n, -100e3);
   EXPECT_EQ(extremes.of(chain_, 1, 1, Side::maximum, own).n, -200e3);
