@@ -99,9 +99,11 @@ CriticalMoments critical_moments(const LateralSection& section, Flange compresse
 }
 
 LateralCoefficient lateral_coefficient(const LateralSection& section, Flange compressed,
-                                       double length) {
+                                       double length, double share) {
   LateralCoefficient out;
   out.moments = critical_moments(section, compressed, length);
+  out.moments.uniform *= share;
+  out.moments.loaded *= share;
   out.slenderness =
       std::sqrt(section.modulus[index(compressed)] * section.f / out.moments.smaller());
   out.phi_b = engine::LateralTorsionalCoefficient(out.slenderness, section.is_weakly_hardening);

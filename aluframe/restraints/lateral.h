@@ -51,8 +51,9 @@ struct LateralCoefficient {
   double phi_b = 1.0;
 };
 
+/// @param share of its critical moments that the whole member leaves to the piece
 LateralCoefficient lateral_coefficient(const LateralSection& section, Flange compressed,
-                                       double length);
+                                       double length, double share = 1.0);
 
 /// What the checks make of an element whose member nothing holds beside its frame.
 struct UnrestrainedCoefficient {

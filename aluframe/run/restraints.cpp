@@ -9,16 +9,18 @@
 #include <set>
 #include <utility>
 
+#include "aluframe/forces/inner_forces.h"
 #include "aluframe/members/member_segments.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/model/force_component.h"
-#include "aluframe/model/meeting.h"
 #include "aluframe/model/number_ranges.h"
 #include "aluframe/model/units.h"
 #include "aluframe/restraints/axis_segments.h"
 #include "aluframe/restraints/lateral.h"
 #include "aluframe/restraints/lateral_segments.h"
+#include "aluframe/run/member_holds.h"
 #include "aluframe/run/session_options.h"
+#include "aluframe/run/whole_member.h"
 #include "aluframe/services/binding.h"
 #include "aluframe/services/session.h"
 #include "aluframe/texts/text.h"
@@ -59,9 +61,10 @@ struct Subject {
   std::vector<Part> parts;
   std::vector<HeldPlace> places;
   double length = 0.0;
-  std::array<bool, 2> is_held{};  ///< its ends, sideways
-  bool has_one_top = true;        ///< the top flanges of its elements lie on one side
-  double noise = 0.0;             ///< of My, N·mm
+  std::vector<restraints::LateralHold> frame_holds;  ///< by supports and by what meets it
+  std::array<bool, 2> is_held{};                     ///< its ends, sideways
+  bool has_one_top = true;  ///< the top flanges of its elements lie on one side
+  double noise = 0.0;       ///< of My, N·mm
 };
 
 bool is_given(const members::LengthFactor& factor) {
@@ -102,29 +105,26 @@ void make_ready(const std::vector<Subject>& subjects) {
   manager.MakeBuffData(keys, combinations);
 }
 
-/// Whether something keeps the ends of a member from moving sideways: a support, or what frames in.
-std::array<bool, 2> held_ends(const Subject& subject, const members::MemberSegment& segment,
-                              const members::MemberSegments& all, const ALU_DGN_DATA& data) {
-  std::array<bool, 2> is_held{};
-  for (std::size_t end = 0; end < 2; ++end) {
-    const bool is_free =
-        data.nEndCond[end][0] == ALU_END_FREE && data.nEndCond[end][1] == ALU_END_FREE;
-    is_held[end] =
-        !is_free || model::meets_others(all.model(), all.connectivity(), segment.nodes[end],
-                                        subject.member->elements, model::Meeting::beams);
+void complete(Subject& subject, const members::MemberSegments& all) {
+  std::vector<MemberNode> nodes;
+  for (const Part& part : subject.parts) {
+    const std::array<std::size_t, 2> ends{part.is_reversed ? 1UL : 0UL,
+                                          part.is_reversed ? 0UL : 1UL};
+    if (nodes.empty()) nodes.push_back({part.stretch.start, {part.place, ends[0]}});
+    nodes.push_back({part.stretch.end, {part.place, ends[1]}});
   }
-  return is_held;
-}
-
-void complete(Subject& subject, const members::MemberSegment& segment,
-              const members::MemberSegments& all) {
+  subject.frame_holds = frame_holds(all, subject.member->elements, nodes);
+  const auto is_held_at = [&](double place) {
+    return std::ranges::any_of(subject.frame_holds,
+                               [&](const auto& hold) { return hold.at == place && hold.sideways; });
+  };
+  subject.is_held = {is_held_at(0.0), is_held_at(subject.length)};
   IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
   const auto top_of = [&](const Part& part) { return all.geometry(part.place).axes; };
   for (Part& part : subject.parts) {
     ALU_DGN_DATA data;
     if (manager.GetDgnData(part.element->number, data) == 0) continue;
     part.coefficient = restraints::unrestrained_coefficient(data);
-    subject.is_held = held_ends(subject, segment, all, data);
     if (!part.coefficient) continue;
     const auto& section = part.coefficient->section;
     subject.noise = std::max(subject.noise, noise_share * section.modulus[0] * section.f);
@@ -142,19 +142,42 @@ void complete(Subject& subject, const members::MemberSegment& segment,
   }
 }
 
-restraints::ElementMoments moments_of(const Part& part,
-                                      const std::optional<model::CaseForces>& forces) {
-  restraints::ElementMoments moments{.stretch = part.stretch, .at = {}};
-  if (!forces) return moments;
-  const std::size_t step = forces->inner ? 1 : forces->at.size() - 1;
-  for (std::size_t i = 0; i < forces->at.size(); i += step) {
-    const std::size_t position = part.is_reversed ? forces->at.size() - 1 - i : i;
-    const double share = static_cast<double>(i) / static_cast<double>(forces->at.size() - 1);
-    moments.at.push_back({part.stretch.start + share * part.stretch.length(),
-                          static_cast<double>(forces->at[position][model::about_y])});
+/// My along the members of a run: at the positions of its elements, and between them wherever it is
+/// larger, or a load acts.
+class Moments {
+ public:
+  Moments(const Input& input, const model::CombinationEvaluator& evaluator)
+      : evaluator_(evaluator), inner_(input.model, input.forces.computed) {}
+
+  restraints::ElementMoments of(const Part& part, model::Number combination, model::Side side) {
+    restraints::ElementMoments moments{.stretch = part.stretch, .at = {}};
+    const auto forces = evaluator_.evaluate(part.place, combination, side);
+    if (!forces) return moments;
+    const auto add = [&](double fraction, double my) {
+      const double share = part.is_reversed ? 1.0 - fraction : fraction;
+      moments.at.push_back({part.stretch.start + share * part.stretch.length(), my});
+    };
+    const std::size_t last = forces->at.size() - 1, step = forces->inner ? 1 : last;
+    for (std::size_t i = 0; i <= last; i += step) {
+      add(static_cast<double>(i) / static_cast<double>(last),
+          static_cast<double>(forces->at[i][model::about_y]));
+    }
+    peaks_.clear();
+    if (inner_.has_peaks(part.place)) {
+      inner_.peaks(part.place, combination, side, *forces, about_y_alone, peaks_);
+    }
+    for (const forces::PlaceForces& peak : peaks_) add(peak.fraction, peak.forces[model::about_y]);
+    std::ranges::stable_sort(moments.at, {}, [](const auto& point) { return point[0]; });
+    return moments;
   }
-  return moments;
-}
+
+ private:
+  static constexpr std::array<forces::Weights, 1> about_y_alone{{{.my = 1.0}}};
+
+  const model::CombinationEvaluator& evaluator_;
+  forces::InnerForces inner_;
+  std::vector<forces::PlaceForces> peaks_;  ///< kept, so that a combination allocates nothing
+};
 
 /// What tells pieces of bending apart.
 struct LateralKey {
@@ -170,6 +193,7 @@ struct LateralKey {
 struct LateralPiece {
   model::Number combination = 0;  ///< the first that has it
   std::set<std::size_t> parts;    ///< elements, by their place in the member
+  double share = 1.0;             ///< of its critical moment that the whole member leaves it
 };
 
 std::vector<model::Side> sides_of(const model::CombinationEvaluator& evaluator,
@@ -181,9 +205,9 @@ std::vector<model::Side> sides_of(const model::CombinationEvaluator& evaluator,
 /// Works out one restrained member.
 class MemberWork {
  public:
-  MemberWork(const Input& input, const model::CombinationEvaluator& evaluator,
+  MemberWork(const Input& input, const model::CombinationEvaluator& evaluator, Moments& moments,
              const Subject& subject, Restrained& out)
-      : input_(input), evaluator_(evaluator), subject_(subject), out_(out) {}
+      : input_(input), evaluator_(evaluator), moments_(moments), subject_(subject), out_(out) {}
 
   void run() {
     find_length_factors();
@@ -269,7 +293,7 @@ class MemberWork {
   void add_layout(model::Number combination, model::Side side) {
     std::vector<restraints::ElementMoments> moments;
     for (const Part& part : subject_.parts) {
-      moments.push_back(moments_of(part, evaluator_.evaluate(part.place, combination, side)));
+      moments.push_back(moments_.of(part, combination, side));
     }
     const auto layout =
         restraints::lateral_layout(subject_.places, moments, subject_.is_held, subject_.noise);
@@ -280,6 +304,26 @@ class MemberWork {
     for (const restraints::LateralSegment& piece : layout.segments) {
       for (const Flange flange : {Flange::top, Flange::bottom}) {
         if (piece.compressed[flange == Flange::top ? 0 : 1]) keep(combination, piece, flange);
+      }
+    }
+    if (!layout.segments.empty() && has_lateral_restraints()) bound(layout, moments);
+  }
+
+  /// Pieces promise what they would carry between forks. Where the whole member buckles before the
+  /// first of them would, that one has what the member leaves it.
+  void bound(const restraints::LateralLayout& layout,
+             const std::vector<restraints::ElementMoments>& moments) {
+    std::vector<restraints::BucklingPart> parts;
+    for (std::size_t i = 0; i < moments.size(); ++i) {
+      if (!subject_.parts[i].coefficient) return;
+      parts.push_back({moments[i], subject_.parts[i].coefficient->section});
+    }
+    for (const BoundPiece& piece :
+         bound_by_member(layout, parts, subject_.places, subject_.frame_holds, subject_.noise)) {
+      for (auto& [key, of] : pieces_) {
+        if (key.segment == piece.segment && key.compressed == piece.compressed) {
+          of.share = std::min(of.share, piece.share);
+        }
       }
     }
   }
@@ -318,9 +362,10 @@ class MemberWork {
     for (const auto& [key, piece] : pieces_) {
       add_lateral_piece(key, piece);
       for (const std::size_t i : piece.parts) {
-        const auto phi_b = coefficient_of(key, subject_.parts[i]);
+        const auto phi_b = coefficient_of(key, piece.share, subject_.parts[i]);
         smallest[i] = std::min(smallest[i], phi_b ? phi_b->phi_b : 0.0);
-        between[i] = std::min(between[i], coefficient_of_length(key, subject_.parts[i]));
+        between[i] =
+            std::min(between[i], coefficient_of_length(key, piece.share, subject_.parts[i]));
       }
     }
     for (std::size_t i = 0; i < subject_.parts.size(); ++i) {
@@ -336,18 +381,18 @@ class MemberWork {
   }
 
   /// Nothing for a piece that is no shorter than the member, or ends free.
-  std::optional<restraints::LateralCoefficient> coefficient_of(const LateralKey& key,
+  std::optional<restraints::LateralCoefficient> coefficient_of(const LateralKey& key, double share,
                                                                const Part& part) const {
     if (!part.coefficient || key.is_free || is_whole(key.segment)) return std::nullopt;
     return restraints::lateral_coefficient(part.coefficient->section, key.compressed,
-                                           key.segment.length());
+                                           key.segment.length(), share);
   }
 
   /// Of the piece's length, also where that is the member's: what the checks have by half of it.
-  static double coefficient_of_length(const LateralKey& key, const Part& part) {
+  static double coefficient_of_length(const LateralKey& key, double share, const Part& part) {
     if (!part.coefficient) return 1.0;
     return restraints::lateral_coefficient(part.coefficient->section, key.compressed,
-                                           key.segment.length())
+                                           key.segment.length(), share)
         .phi_b;
   }
 
@@ -363,13 +408,16 @@ class MemberWork {
     for (const std::size_t i : piece.parts) {
       row.elements.push_back(subject_.parts[i].element->number);
     }
-    const auto of = coefficient_of(key, first);
+    const auto of = coefficient_of(key, piece.share, first);
     if (of) {
       row.critical_moment = of->moments.smaller();
       row.slenderness = of->slenderness;
       row.phi_b = std::min(of->phi_b, 1.0);
     }
     row.remark = remark_on(key, first, of);
+    if (row.remark.empty() && piece.share < 1.0) {
+      row.remark = texts::translatable("the whole member buckles sooner: Mcr as it leaves it");
+    }
     out_.pieces.push_back(std::move(row));
   }
 
@@ -419,6 +467,7 @@ class MemberWork {
 
   const Input& input_;
   const model::CombinationEvaluator& evaluator_;
+  Moments& moments_;
   const Subject& subject_;
   Restrained& out_;
   std::map<LateralKey, LateralPiece> pieces_;
@@ -496,11 +545,10 @@ Restrained restrained_elements(const Input& input,
   const services::Binding binding(session);
   make_ready(subjects);
   const model::CombinationEvaluator evaluator(input.model);
+  Moments moments(input, evaluator);
   for (Subject& subject : subjects) {
-    const auto segment =
-        std::ranges::find(all.all(), subject.member, &members::MemberSegment::member);
-    complete(subject, *segment, all);
-    MemberWork(input, evaluator, subject, out).run();
+    complete(subject, all);
+    MemberWork(input, evaluator, moments, subject, out).run();
   }
   return out;
 }

@@ -277,3 +277,69 @@ def test_flanges_that_a_pipe_lacks_are_told(aluframe):
     error = aluframe("check", "frame.json", status=1).stderr
     assert error == ('frame.json: line 1: /members/0/restraints/0/holds (member 1): found "top" at 1.5, where element 1 has a section P '
                      "without such a flange, must be one of y, z, twist\n")
+
+
+PINNED = [["Dx", "Dy", "Dz", "Rx"], ["Dy", "Dz", "Rx"]]
+CANTILEVER = ["all", []]
+
+
+def beam(length, count, restraints, load=None, ends=PINNED, **changes):
+    """The rafter's section over another length, in equal elements under an even load."""
+    model = rafter(None)
+    model["nodes"] = [{"number": i + 1, "x": length * i / count, "y": 0, "z": 0} for i in range(count + 1)]
+    model["elements"] = [{"number": i, "nodes": [i, i + 1], "section": 1, "material": 1} for i in range(1, count + 1)]
+    model["supports"] = [{"node": node, "restrained": held} for node, held in zip((1, count + 1), ends) if held]
+    model["members"] = [{"number": 1, "elements": list(range(1, count + 1)), "restraints": restraints}]
+    model["load_cases"] = [{"number": 1} | ({"span": [{"elements": "all", "direction": "Z", "value": load}]} if load else {}) | changes]
+    return model
+
+
+def hogging(restraints):
+    return beam(8, 2, restraints, -6.4, nodal=[{"nodes": [1], "My": -54.4}, {"nodes": [3], "My": 54.4}])
+
+
+def hidden_hogging(restraints):
+    """The bottom flange is compressed at 3 m, between the positions at 0 and 6 m."""
+    points = [{"elements": [1], "direction": "Z", "at": 1 / 8, "force": 16},
+              {"elements": [1], "direction": "Z", "at": 1 / 3, "force": -16 * 29.06 / 45}]
+    return beam(24, 1, restraints, points=points)
+
+
+def two_members(_):
+    """Two members of 6 m in one line, which nothing holds where they meet."""
+    model = beam(12, 4, [], -1.27)
+    model["members"] = [{"number": 1, "elements": [1, 2], "restraints": [{"holds": "top", "at": [3]}]},
+                        {"number": 2, "elements": [3, 4], "restraints": [{"holds": "top", "at": [3]}]}]
+    return model
+
+
+# M/(φb·W·f) with φb of the elastic buckling load of the whole member, the load on its less favourable flange: by a
+# calculation apart from this program (cubic elements for u and φ in Python, 64 of them, with the restraints as links).
+@pytest.mark.parametrize("model, restraints, ratio", [
+    (lambda held: beam(4, 4, held, -5, CANTILEVER), [{"holds": "bottom", "at": [1]}], 1.138),
+    (lambda held: beam(6, 2, held, -2, CANTILEVER), [{"holds": "bottom", "spacing": 2}], 1.235),
+    (hogging, [{"holds": "bottom", "spacing": 1}], 1.322),
+    (hidden_hogging, [{"holds": "top", "spacing": 3}], 2.480),
+    (two_members, None, 1.25),
+], ids=["cantilever", "long cantilever", "hogging", "hidden hogging", "two members"])
+def test_a_member_that_buckles_before_its_pieces_is_found(aluframe, model, restraints, ratio):
+    assert summary(aluframe, model(restraints))["safe_ratio"] > ratio
+
+
+@pytest.mark.parametrize("restraints", [[{"holds": "top", "at": [3]}], [{"holds": "both", "at": [3]}]])
+def test_an_end_that_only_stands_on_something_is_free_sideways(aluframe, restraints):
+    ends = ["all", ["Dz"]]
+    for row in pieces(aluframe, beam(6, 2, restraints, -4, ends)):
+        if row["kind"].startswith("bending") and row["to_m"] == 6:
+            assert row["phi_b"] is None and row["remark"] == "an end is free: as the checks have the member"
+
+
+def test_a_stub_at_the_end_of_a_member_holds_nothing(aluframe):
+    model = beam(6, 2, [{"holds": "top", "at": [3]}], 2, CANTILEVER)
+    model["nodes"].append({"number": 4, "x": 6, "y": 1, "z": 0})
+    model["elements"].append({"number": 3, "nodes": [3, 4], "section": 1, "material": 1})
+    remarks = {row["remark"] for row in pieces(aluframe, model) if row["to_m"] == 6}
+    assert remarks == {"an end is free: as the checks have the member"}
+    # What leads to a support does.
+    model["supports"].append({"node": 4, "restrained": ["Dx", "Dy"]})
+    assert "an end is free: as the checks have the member" not in {row["remark"] for row in pieces(aluframe, model)}
