@@ -150,33 +150,73 @@ class Moments {
       : evaluator_(evaluator), inner_(input.model, input.forces.computed) {}
 
   restraints::ElementMoments of(const Part& part, model::Number combination, model::Side side) {
-    restraints::ElementMoments moments{.stretch = part.stretch, .at = {}};
     const auto forces = evaluator_.evaluate(part.place, combination, side);
-    if (!forces) return moments;
-    const auto add = [&](double fraction, double my) {
+    points_.clear();
+    if (forces) {
+      add_positions(*forces);
+      peaks_.clear();
+      if (inner_.has_peaks(part.place)) {
+        inner_.peaks(part.place, combination, side, *forces, about_y_alone, peaks_);
+      }
+      if (forces->inner && !has_point_load()) add_curve(*forces);
+      for (const forces::PlaceForces& peak : peaks_) {
+        points_.push_back({peak.fraction, peak.forces[model::about_y]});
+      }
+    }
+    restraints::ElementMoments moments{.stretch = part.stretch, .at = {}};
+    for (const auto& [fraction, my] : points_) {
       const double share = part.is_reversed ? 1.0 - fraction : fraction;
       moments.at.push_back({part.stretch.start + share * part.stretch.length(), my});
-    };
-    const std::size_t last = forces->at.size() - 1, step = forces->inner ? 1 : last;
-    for (std::size_t i = 0; i <= last; i += step) {
-      add(static_cast<double>(i) / static_cast<double>(last),
-          static_cast<double>(forces->at[i][model::about_y]));
     }
-    peaks_.clear();
-    if (inner_.has_peaks(part.place)) {
-      inner_.peaks(part.place, combination, side, *forces, about_y_alone, peaks_);
-    }
-    for (const forces::PlaceForces& peak : peaks_) add(peak.fraction, peak.forces[model::about_y]);
     std::ranges::stable_sort(moments.at, {}, [](const auto& point) { return point[0]; });
     return moments;
   }
 
  private:
   static constexpr std::array<forces::Weights, 1> about_y_alone{{{.my = 1.0}}};
+  static constexpr std::size_t last = 4;
+
+  static double my_at(const model::CaseForces& forces, std::size_t position) {
+    return static_cast<double>(forces.at[position][model::about_y]);
+  }
+
+  void add_positions(const model::CaseForces& forces) {
+    for (std::size_t i = 0; i <= last; i += forces.inner ? 1 : last) {
+      points_.push_back({static_cast<double>(i) / last, my_at(forces, i)});
+    }
+  }
+
+  /// Something acts at a point between the ends: both of its sides are there.
+  bool has_point_load() const {
+    return std::ranges::adjacent_find(peaks_, {}, &forces::PlaceForces::x) != peaks_.end();
+  }
+
+  /// What even loads make between the positions: the parabola of three of them.
+  void add_curve(const model::CaseForces& forces) {
+    constexpr int parts = 4;
+    for (const std::size_t first : {0UL, 2UL}) {
+      const std::array<double, 3> m{my_at(forces, first), my_at(forces, first + 1),
+                                    my_at(forces, first + 2)};
+      const double bow = (m[0] - 2.0 * m[1] + m[2]) / 2.0;
+      const double scale = std::max({std::fabs(m[0]), std::fabs(m[1]), std::fabs(m[2])});
+      if (std::fabs(bow) <= straight * scale) continue;
+      for (int i = 1; i < 2 * parts; ++i) {
+        if (i == parts) continue;
+        const double s = static_cast<double>(i) / parts - 1.0;  // from −1 to 1
+        const double my = m[1] + s * (m[2] - m[0]) / 2.0 + s * s * bow;
+        points_.push_back({(static_cast<double>(first) + 1.0 + s) / last, my});
+      }
+    }
+  }
+
+  /// Rounding of forces to single precision stays far below it.
+  static constexpr double straight = 1e-3;
 
   const model::CombinationEvaluator& evaluator_;
   forces::InnerForces inner_;
-  std::vector<forces::PlaceForces> peaks_;  ///< kept, so that a combination allocates nothing
+  // Kept, so that a combination allocates little.
+  std::vector<forces::PlaceForces> peaks_;
+  std::vector<std::array<double, 2>> points_;  ///< share of the element's length, My
 };
 
 /// What tells pieces of bending apart.
