@@ -1,5 +1,9 @@
 #include "aluframe/members/end_support.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+
 namespace aluframe::members {
 
 namespace {
@@ -53,8 +57,19 @@ double spring_along(const model::Support* support, const Eigen::Vector3d& direct
   return support == nullptr ? 0.0 : spring_stiffness(*support, 0, direction);
 }
 
+bool is_released_along(const MemberSegments& segments, const ElementEnd& at,
+                       const Eigen::Vector3d& direction) {
+  constexpr std::array<std::size_t, 2> shear_forces{1, 2};
+  const model::Element& element = segments.model().elements[at.element];
+  return std::ranges::any_of(shear_forces, [&](std::size_t force) {
+    const auto axis = segments.geometry(at.element).axes.row(static_cast<Eigen::Index>(force));
+    return element.released[6 * at.end + force] && std::abs(axis.dot(direction)) > alignment;
+  });
+}
+
 bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
                          const Eigen::Vector3d& direction) {
+  if (is_released_along(segments, at, direction)) return false;
   const model::Support* support = support_at(segments, at);
   if (support == nullptr) return false;
   Eigen::Vector3d free = left_free(*support, 0, direction);
@@ -67,8 +82,9 @@ bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
 
 bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
                  const Eigen::Vector3d& direction) {
-  return segments.connectivity().elements_at(node_of(segments, at)).size() == 1 &&
-         !is_restrained_along(segments, at, direction);
+  return is_released_along(segments, at, direction) ||
+         (segments.connectivity().elements_at(node_of(segments, at)).size() == 1 &&
+          !is_restrained_along(segments, at, direction));
 }
 
 bool is_rigid(const MemberSegments& segments, const ElementEnd& at) {

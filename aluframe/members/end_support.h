@@ -24,14 +24,18 @@ double spring_about(const model::Support* support, const Eigen::Vector3d& axis);
 /// Stiffness of the support's springs against moving along a direction, N/mm; 0 without a support.
 double spring_along(const model::Support* support, const Eigen::Vector3d& direction);
 
+/// Whether an end slides along a direction because the element does not pass its shear on there.
+bool is_released_along(const MemberSegments& segments, const ElementEnd& at,
+                       const Eigen::Vector3d& direction);
+
 /// Whether a support restrains an end rigidly along a direction square to the element. A support
 /// that does not act along the direction restrains it too when whatever it leaves free would
-/// change the bar's length: a vertical support under a sloping beam.
+/// change the bar's length: a vertical support under a sloping beam. None holds an end that slides.
 bool is_restrained_along(const MemberSegments& segments, const ElementEnd& at,
                          const Eigen::Vector3d& direction);
 
-/// Whether an end is free along a direction: no other element is there, and no support that acts
-/// that way.
+/// Whether an end is free along a direction: it slides, or no other element is there, and no
+/// support that acts that way.
 bool is_free_end(const MemberSegments& segments, const ElementEnd& at,
                  const Eigen::Vector3d& direction);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "aluframe/restraints/held_places.h"
@@ -19,11 +20,13 @@ struct AxisSegment {
 /// The pieces between the places that hold the axis. Each counts with its own length, as between
 /// hinges, but no more than the member's effective length. Where the member's ends move (its factor
 /// exceeds 1), a piece that ends at one keeps the member's factor: restraints only ever make it
-/// buckle later. A restraint at the end itself makes that end hold.
+/// buckle later. A restraint at the end itself, or a support there, makes that end hold.
 ///
 /// @param k the member's effective length factor about the axis
+/// @param is_supported its ends, against moving when it buckles about the axis
 std::vector<AxisSegment> axis_segments(const std::vector<HeldPlace>& places, Axis axis,
-                                       double length, double k);
+                                       double length, double k,
+                                       const std::array<bool, 2>& is_supported = {});
 
 /// The factor of what lies at `stretch` of the member: the largest of the pieces that it is part
 /// of.

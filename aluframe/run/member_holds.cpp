@@ -29,6 +29,11 @@ bool meets_a_holding_beam(const MemberSegments& all, const std::vector<model::Nu
   });
 }
 
+bool passes_twist_on(const MemberSegments& all, const ElementEnd& at) {
+  constexpr std::size_t mx = 3;
+  return !all.model().elements[at.element].released[6 * at.end + mx];
+}
+
 }  // namespace
 
 std::vector<restraints::LateralHold> frame_holds(const MemberSegments& all,
@@ -37,9 +42,11 @@ std::vector<restraints::LateralHold> frame_holds(const MemberSegments& all,
   std::vector<restraints::LateralHold> holds;
   for (const MemberNode& node : nodes) {
     const std::size_t element = node.end.element;
+    const Eigen::Vector3d sideways = all.direction(element, members::Axis::y);
     const bool is_held =
-        members::is_restrained_along(all, node.end, all.direction(element, members::Axis::y)) ||
-        (!all.is_cantilever_end(node.end) && meets_a_holding_beam(all, chain, node.end));
+        passes_twist_on(all, node.end) && !members::is_released_along(all, node.end, sideways) &&
+        (members::is_restrained_along(all, node.end, sideways) ||
+         (!all.is_cantilever_end(node.end) && meets_a_holding_beam(all, chain, node.end)));
     const bool is_fixed = members::fixes_rotation(members::support_at(all, node.end),
                                                   all.direction(element, members::Axis::z));
     if (!is_held && !is_fixed) continue;

@@ -17,7 +17,7 @@ struct MemberNode {
 
 /// Where a support, or beams that meet the member there and lead to supports, keep it from moving
 /// sideways. That is taken to keep it from twisting too, as GB 50429-2007 wants of supports. What
-/// only goes on straight from an end holds nothing.
+/// only goes on straight from an end holds nothing, and nothing holds an end that slides or turns.
 /// @param chain the member's elements
 /// @param nodes from its start to its end
 std::vector<restraints::LateralHold> frame_holds(const members::MemberSegments& all,

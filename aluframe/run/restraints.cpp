@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "aluframe/forces/inner_forces.h"
+#include "aluframe/members/end_support.h"
 #include "aluframe/members/member_segments.h"
 #include "aluframe/model/combinations.h"
 #include "aluframe/model/force_component.h"
@@ -63,6 +64,8 @@ struct Subject {
   double length = 0.0;
   std::vector<restraints::LateralHold> frame_holds;  ///< by supports and by what meets it
   std::array<bool, 2> is_held{};                     ///< its ends, sideways
+  /// Its ends, by supports, against moving as it buckles about y and z.
+  std::array<std::array<bool, 2>, 2> is_supported{};
   bool has_one_top = true;  ///< the top flanges of its elements lie on one side
   double noise = 0.0;       ///< of My, N·mm
 };
@@ -119,6 +122,14 @@ void complete(Subject& subject, const members::MemberSegments& all) {
                                [&](const auto& hold) { return hold.at == place && hold.sideways; });
   };
   subject.is_held = {is_held_at(0.0), is_held_at(subject.length)};
+  for (const std::size_t i : {0UL, 1UL}) {
+    const members::ElementEnd& end = (i == 0 ? nodes.front() : nodes.back()).end;
+    const auto is_supported = [&](members::Axis along) {
+      return members::is_restrained_along(all, end, all.direction(end.element, along));
+    };
+    subject.is_supported[0][i] = is_supported(members::Axis::z);
+    subject.is_supported[1][i] = is_supported(members::Axis::y);
+  }
   IAluDgnDataMgr& manager = *IAluDgnDataMgr::Instance();
   const auto top_of = [&](const Part& part) { return all.geometry(part.place).axes; };
   for (Part& part : subject.parts) {
@@ -261,8 +272,12 @@ class MemberWork {
     std::array<std::vector<restraints::AxisSegment>, 2> pieces;
     for (const Axis axis : {Axis::y, Axis::z}) {
       const auto i = static_cast<std::size_t>(axis);
-      pieces[i] = restraints::axis_segments(subject_.places, axis, subject_.length, own[i]->k);
-      if (pieces[i].size() > 1) add_axis_pieces(axis, pieces[i], is_given(*own[i]));
+      pieces[i] = restraints::axis_segments(subject_.places, axis, subject_.length, own[i]->k,
+                                            subject_.is_supported[i]);
+      const bool is_held_at_end = pieces[i].front().k < own[i]->k;
+      if (pieces[i].size() > 1 || is_held_at_end) {
+        add_axis_pieces(axis, pieces[i], is_given(*own[i]));
+      }
     }
     if (is_given(of.y) || is_given(of.z)) return;
     second_opinion::PartedElements parted;

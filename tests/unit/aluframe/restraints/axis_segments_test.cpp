@@ -47,6 +47,16 @@ TEST(AxisSegments, EndAtAnEndThatIsHeldItself) {
               testing::ElementsAre(1.0));
 }
 
+TEST(AxisSegments, HoldTheTipOfWhatASupportHolds) {
+  // Clamped at its start: what holds the tip leaves a bar whose ends do not move.
+  EXPECT_THAT(factors(axis_segments(held_about_z({6000}), Axis::z, 6000, 2.0, {true, false})),
+              testing::ElementsAre(1.0));
+  EXPECT_THAT(factors(axis_segments(held_about_z({3000}), Axis::z, 6000, 2.0, {true, false})),
+              testing::ElementsAre(0.5, 2.0));
+  EXPECT_THAT(factors(axis_segments(held_about_z({6000}), Axis::z, 6000, 2.0)),
+              testing::ElementsAre(2.0));
+}
+
 TEST(AxisSegments, GiveAnElementTheWorstOfItsPieces) {
   const auto segments = axis_segments(held_about_z({2000}), Axis::z, 6000, 1.0);
   EXPECT_DOUBLE_EQ(factor_at(segments, {0, 2000}), 2.0 / 6.0);
