@@ -60,4 +60,14 @@ std::vector<restraints::LateralHold> frame_holds(const MemberSegments& all,
   return holds;
 }
 
+bool has_assumed_twist(const MemberSegments& all, const std::vector<model::Number>& chain,
+                       const MemberNode& node) {
+  const std::size_t element = node.end.element;
+  const Eigen::Vector3d along = all.geometry(element).axes.row(0).transpose();
+  return passes_twist_on(all, node.end) &&
+         members::is_restrained_along(all, node.end, all.direction(element, members::Axis::y)) &&
+         !members::fixes_rotation(members::support_at(all, node.end), along) &&
+         !meets_a_holding_beam(all, chain, node.end);
+}
+
 }  // namespace aluframe::run

@@ -24,4 +24,9 @@ std::vector<restraints::LateralHold> frame_holds(const members::MemberSegments& 
                                                  const std::vector<model::Number>& chain,
                                                  const std::vector<MemberNode>& nodes);
 
+/// Whether a node counts as held against twisting for want of anything else: its support holds it
+/// sideways, but lets it turn about the member's axis, and no beam meets it.
+bool has_assumed_twist(const members::MemberSegments& all, const std::vector<model::Number>& chain,
+                       const MemberNode& node);
+
 }  // namespace aluframe::run

@@ -66,6 +66,7 @@ struct Subject {
   std::array<bool, 2> is_held{};                     ///< its ends, sideways
   /// Its ends, by supports, against moving as it buckles about y and z.
   std::array<std::array<bool, 2>, 2> is_supported{};
+  int assumed_twists = 0;   ///< of its ends
   bool has_one_top = true;  ///< the top flanges of its elements lie on one side
   double noise = 0.0;       ///< of My, N·mm
 };
@@ -122,6 +123,9 @@ void complete(Subject& subject, const members::MemberSegments& all) {
                                [&](const auto& hold) { return hold.at == place && hold.sideways; });
   };
   subject.is_held = {is_held_at(0.0), is_held_at(subject.length)};
+  for (const MemberNode* end : {&nodes.front(), &nodes.back()}) {
+    if (has_assumed_twist(all, subject.member->elements, *end)) ++subject.assumed_twists;
+  }
   for (const std::size_t i : {0UL, 1UL}) {
     const members::ElementEnd& end = (i == 0 ? nodes.front() : nodes.back()).end;
     const auto is_supported = [&](members::Axis along) {
@@ -334,7 +338,10 @@ class MemberWork {
   void find_coefficients() {
     const bool any = std::ranges::any_of(
         subject_.parts, [](const Part& part) { return part.coefficient.has_value(); });
-    if (!any || !subject_.has_one_top) return;
+    if (!any || !subject_.has_one_top) {
+      if (has_lateral_restraints()) add_unchanged_bending(any);
+      return;
+    }
     for (const model::Combination& combination : input_.model.combinations) {
       if (!combination.design) continue;
       for (const model::Side side : sides_of(evaluator_, combination.number)) {
@@ -343,6 +350,19 @@ class MemberWork {
     }
     if (has_lateral_restraints()) take_coefficients();
     add_idle_remark();
+  }
+
+  void add_unchanged_bending(bool depends_on_length) {
+    RestrainedPiece row;
+    row.member = subject_.member->number;
+    row.kind = PieceKind::bending;
+    row.end = subject_.length;
+    row.elements = subject_.member->elements;
+    row.remark = depends_on_length
+                     ? texts::translatable(
+                           "its sections are turned against each other: as the checks have it")
+                     : texts::translatable("φb of the section does not depend on lengths");
+    out_.pieces.push_back(std::move(row));
   }
 
   void add_layout(model::Number combination, model::Side side) {
@@ -413,7 +433,7 @@ class MemberWork {
   void take_coefficients() {
     std::vector<double> smallest(subject_.parts.size(), 2.0);
     std::vector<double> between(subject_.parts.size(), 2.0);
-    std::vector<std::size_t> rows;
+    bool is_given = false;
     for (const auto& [key, piece] : pieces_) {
       add_lateral_piece(key, piece);
       for (const std::size_t i : piece.parts) {
@@ -432,7 +452,9 @@ class MemberWork {
         continue;
       }
       out_.elements[part.element->number].phi_b = std::min(smallest[i], 1.0);
+      is_given = true;
     }
+    if (is_given) out_.assumed_twists += subject_.assumed_twists;
   }
 
   /// Nothing for a piece that is no shorter than the member, or ends free.
@@ -566,6 +588,8 @@ const char* name_of(PieceKind kind) {
       return texts::translatable("bending, top compressed");
     case PieceKind::bottom_compressed:
       return texts::translatable("bending, bottom compressed");
+    case PieceKind::bending:
+      return texts::translatable("bending");
     case PieceKind::buckling_y:
       return texts::translatable("buckling about y");
     case PieceKind::buckling_z:
@@ -581,11 +605,15 @@ std::optional<store::SettingRow> restraints_row(const model::Model& model,
       restrained.elements, [](const auto& of) { return of.second.phi_b.has_value(); });
   const auto factors = std::ranges::count_if(
       restrained.elements, [](const auto& of) { return of.second.length_factors.has_value(); });
-  return store::SettingRow{
-      "restraints",
+  std::string value =
       fmt::format(texts::translatable("φb of elements: {}, length factors of elements: {}"),
-                  coefficients, factors),
-      texts::translatable("given")};
+                  coefficients, factors);
+  if (restrained.assumed_twists > 0) {
+    value +=
+        fmt::format(texts::translatable(", ends whose supports are taken to hold the twist: {}"),
+                    restrained.assumed_twists);
+  }
+  return store::SettingRow{"restraints", std::move(value), texts::translatable("given")};
 }
 
 Restrained restrained_elements(const Input& input,

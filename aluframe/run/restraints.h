@@ -17,8 +17,8 @@ namespace aluframe::run {
 
 struct Input;
 
-/// What a piece of a member does.
-enum class PieceKind { top_compressed, bottom_compressed, buckling_y, buckling_z };
+/// What a piece of a member does. `bending` is a whole member whose bending no restraint changes.
+enum class PieceKind { top_compressed, bottom_compressed, bending, buckling_y, buckling_z };
 
 /// "bending, top compressed", "buckling about y" and so on.
 const char* name_of(PieceKind kind);
@@ -44,6 +44,8 @@ struct Restrained {
   services::RestrainedElements elements;
   std::vector<RestrainedPiece> pieces;
   std::vector<store::RemarkRow> remarks;
+  /// Ends of members with φb by restraints whose supports are taken to hold the twist.
+  int assumed_twists = 0;
   /// What the checks have no word for. φb of elements whose checks have a larger one, because they
   /// halve the member's length for a support between its ends; where pieces meet that buckle by
   /// themselves, for the moment factors of these.

@@ -257,7 +257,8 @@ def test_a_member_of_one_element_has_pieces(aluframe):
 def test_a_closed_section_is_told_to_need_no_length(aluframe):
     model = rafter(TOP)
     model["sections"] = [{"number": 1, "shape": "B", "dimensions": {"H": 150, "B": 60, "tw": 3, "tf1": 3}}]
-    assert pieces(aluframe, model) == []
+    row, = pieces(aluframe, model)
+    assert (row["kind"], row["remark"]) == ("bending", "φb of the section does not depend on lengths")
     assert stability(aluframe, model) == stability(aluframe, rafter(None) | {"sections": model["sections"]})
 
 
@@ -277,6 +278,41 @@ def test_flanges_that_a_pipe_lacks_are_told(aluframe):
     error = aluframe("check", "frame.json", status=1).stderr
     assert error == ('frame.json: line 1: /members/0/restraints/0/holds (member 1): found "top" at 1.5, where element 1 has a section P '
                      "without such a flange, must be one of y, z, twist\n")
+
+
+def test_ends_that_only_a_support_keeps_from_moving_are_counted_as_an_assumption(aluframe):
+    def told(model):
+        aluframe.write(model)
+        return aluframe("check", "frame.json").stdout
+
+    model = rafter(TOP)
+    assert "taken to hold the twist" not in told(model)
+    model["supports"][1]["restrained"] = ["Dy", "Dz"]
+    assert "φb of elements: 2, length factors of elements: 0, ends whose supports are taken to hold the twist: 1" in told(model)
+
+
+def test_sections_that_are_turned_against_each_other_are_told(aluframe):
+    model = rafter(TOP)
+    model["elements"][1]["beta"] = 180
+    row, = pieces(aluframe, model)
+    assert (row["kind"], row["remark"]) == ("bending", "its sections are turned against each other: as the checks have it")
+
+
+def test_what_holds_the_tip_of_a_cantilever_shortens_it(aluframe):
+    model = strut([{"holds": "z", "at": [6]}])
+    model["supports"] = [{"node": 1, "restrained": "all"}]
+    row, = pieces(aluframe, model)
+    assert (row["kind"], row["k"]) == ("buckling about z", 1)
+    assert slenderness(aluframe, model, "z")[1] == pytest.approx(WHOLE_LAMBDA)
+
+
+@pytest.mark.parametrize("release", ["Fy", "Mx"])
+def test_an_end_that_slides_or_turns_is_free(aluframe, release):
+    model = rafter([{"holds": "top", "at": [3]}])
+    model["supports"][0]["restrained"] = "all"
+    model["elements"][1]["releases"] = {"end": [release]}
+    remarks = {row["remark"] for row in pieces(aluframe, model) if row["to_m"] == 6 and row["kind"].startswith("bending")}
+    assert remarks == {"an end is free: as the checks have the member"}
 
 
 PINNED = [["Dx", "Dy", "Dz", "Rx"], ["Dy", "Dz", "Rx"]]
