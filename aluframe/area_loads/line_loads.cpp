@@ -94,12 +94,17 @@ Carried carried_by(const model::Model& model, const Surface& surface, bool is_on
   return is_one_way ? one_way_in_panels(surface, panels) : two_ways(model, surface, panels);
 }
 
+/// The field that lays a load on what is seen along an axis.
+const char* field_that_projects(const model::AreaLoad& load) {
+  return std::holds_alternative<model::SnowPressure>(load.pressure) ? "/snow" : "/projected";
+}
+
 /// Area seen along the axis of a projected load, for an area of 1.
 double seen_part(const model::AreaLoad& load, const Point3& normal) {
   if (!load.direction || load.direction->axes != model::LoadAxes::projected) return 1.0;
   const double part = std::abs(normal[load.direction->axis]);
   if (part > 0.0) return part;
-  throw Fault{"/projected",
+  throw Fault{field_that_projects(load),
               texts::translated("acts on nothing: the surface is seen from its edge")};
 }
 
@@ -141,8 +146,9 @@ Distribution distribute_by_spacing(const model::Model& model, const model::AreaL
   }
   for (const model::Number number : load.elements.numbers) add(model.elements.position(number));
   if (out.area > 0.0) return out;
-  throw Fault{"/projected", texts::translated("acts on nothing: all elements of the load lie along "
-                                              "its direction")};
+  throw Fault{field_that_projects(load),
+              texts::translated("acts on nothing: all elements of the load lie along "
+                                "its direction")};
 }
 
 /// A load along one axis on all pieces. With a spacing the load's own axes stay what they are.

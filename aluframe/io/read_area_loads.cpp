@@ -159,10 +159,12 @@ double read_w0(const JsonValue& value, double scale) {
   const double w0 = scale * value.positive();
   // The limit itself passes, whatever its conversion rounds to.
   if (w0 >= least_w0 * (1.0 - 1e-9)) return w0;
+  const std::string least = fmt::format("{:.4g}", least_w0 / scale);
+  if (least == "0.3") {
+    value.fail_with(texts::translated("must be at least 0.3 (GB 50009-2012, 8.1.2)"));
+  }
   value.fail_with(
-      texts::translated("must be at least {:.4g}, which is 0.3 kN/m² "
-                        "(GB 50009-2012, 8.1.2)",
-                        least_w0 / scale));
+      texts::translated("must be at least {}, which is 0.3 kN/m² (GB 50009-2012, 8.1.2)", least));
 }
 
 model::WindPressure read_wind(const JsonValue& value, const LoadContext& context) {

@@ -164,6 +164,20 @@ TEST(AnAreaLoad, ProjectedAlongItsPlaneActsOnNothing) {
             "/projected: acts on nothing: the surface is seen from its edge");
 }
 
+TEST(AnAreaLoad, OfSnowOnAWallActsOnNothing) {
+  // The bay stands upright.
+  model::Model model = bay();
+  for (const model::Number number : {1U, 2U, 3U, 4U}) {
+    model::Node node = *model.nodes.find(number);
+    std::swap(node.y, node.z);
+    model.nodes.replace(node);
+  }
+  model::AreaLoad load = load_on({1, 2, 3, 4});
+  load.pressure = model::SnowPressure{.s0 = 4e-4, .mu_r = 1.0};
+  load.direction = model::LoadDirection{model::LoadAxes::projected, 2};
+  EXPECT_EQ(fault_of(model, load), "/snow: acts on nothing: the surface is seen from its edge");
+}
+
 TEST(AnAreaLoad, OfASpacingProjectedAlongItsElementsActsOnNothing) {
   model::AreaLoad load = on_elements({1, 3});
   load.span.reset();
