@@ -74,9 +74,12 @@ LateralLayout lateral_layout(const std::vector<HeldPlace>& places,
   const double length = member.back().stretch.end;
   std::vector<double> braced;
   for (const HeldPlace& place : places) {
+    // At a held end a flange has nothing more to do.
+    const bool is_held_end = (is_held[0] && place.at <= model::same_place) ||
+                             (is_held[1] && place.at >= length - model::same_place);
     if (braces(place, compressed_at(member, place.at, noise))) {
       braced.push_back(place.at);
-    } else if ((place.parts & (model::top_part | model::bottom_part)) != 0) {
+    } else if (!is_held_end && (place.parts & (model::top_part | model::bottom_part)) != 0) {
       layout.idle.push_back(place.at);
     }
   }

@@ -59,11 +59,16 @@ constexpr const char* by_restraints = translatable("the restraints of the member
 
 std::string factor_text(const model::Element& element, const members::SegmentFactors* factors,
                         const services::RestrainedValues* restrained,
-                        members::LengthFactor members::SegmentFactors::* axis) {
+                        members::LengthFactor members::SegmentFactors::* axis,
+                        double model::ElementDesign::AxisPair::* own) {
   if (element.design.length_factors) {
     return std::string(members::name_of(members::FactorSource::given_element));
   }
-  if (restrained != nullptr && restrained->length_factors) return by_restraints;
+  const bool is_restrained = restrained != nullptr && restrained->length_factors;
+  if (is_restrained &&
+      (factors == nullptr || (*restrained->length_factors).*own != (factors->*axis).k)) {
+    return by_restraints;
+  }
   if (factors == nullptr) return {};
   return std::string(members::name_of((factors->*axis).source));
 }
@@ -104,8 +109,10 @@ explain::Origins CheckOrigins::of(const std::vector<model::Number>& elements,
       .section = section_text(*input_.model.sections.find(element.section)),
       .material = material_text(*input_.model.materials.find(element.material)),
       .member = member_text(elements),
-      .factor_y = factor_text(element, factors, restrained, &members::SegmentFactors::y),
-      .factor_z = factor_text(element, factors, restrained, &members::SegmentFactors::z),
+      .factor_y = factor_text(element, factors, restrained, &members::SegmentFactors::y,
+                              &model::ElementDesign::AxisPair::y),
+      .factor_z = factor_text(element, factors, restrained, &members::SegmentFactors::z,
+                              &model::ElementDesign::AxisPair::z),
       .coefficient = !has_own && restrained != nullptr && restrained->phi_b ? by_restraints : "",
       .settings = translatable("design settings")};
 }

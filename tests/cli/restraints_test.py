@@ -90,6 +90,11 @@ def test_the_flange_in_tension_is_remarked_on(aluframe):
     assert "restraints, element" not in aluframe("results", "frame.json").stdout
 
 
+def test_a_flange_at_a_held_end_is_not_remarked_on(aluframe):
+    aluframe.write(rafter([{"holds": "top", "at": [0, 3, 6]}]))
+    assert "restraints, element" not in aluframe("check", "frame.json").stdout
+
+
 def test_all_combinations_decide_whatever_a_run_is_limited_to(aluframe):
     model = rafter(TOP, (1, 2))
     limited = stability(aluframe, model, "--combinations", "1")
@@ -166,6 +171,8 @@ def test_explanations_name_the_restraints(aluframe):
     aluframe("check", "frame.json")
     steps = aluframe("explain", "frame.json", "--element", "1", "--item", "slenderness-z").stdout
     assert "Kz = 0.25: effective length factor about z; the restraints of the member" in steps
+    steps = aluframe("explain", "frame.json", "--element", "1", "--item", "slenderness-y").stdout
+    assert "Ky = 1: effective length factor about y; " in steps and "the restraints" not in steps
 
 
 def propped(restraints):

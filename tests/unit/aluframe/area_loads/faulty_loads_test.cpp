@@ -173,6 +173,7 @@ TEST(AnAreaLoad, OfSnowOnAWallActsOnNothing) {
     model.nodes.replace(node);
   }
   model::AreaLoad load = load_on({1, 2, 3, 4});
+  load.span.reset();
   load.pressure = model::SnowPressure{.s0 = 4e-4, .mu_r = 1.0};
   load.direction = model::LoadDirection{model::LoadAxes::projected, 2};
   EXPECT_EQ(fault_of(model, load), "/snow: acts on nothing: the surface is seen from its edge");

@@ -64,6 +64,19 @@ TEST(LengthFactors, OfAMemberWithoutGivenOnesAreComputed) {
   EXPECT_NEAR(factors.y.k, 2.0, 1e-9) << "clamped and free";
 }
 
+TEST(LengthFactors, OfAnEndThatSlidesAreThoseOfEndsThatMove) {
+  constexpr std::size_t end_fy = 6 + 1, end_mz = 6 + 5;
+  FrameBuilder frame;
+  frame.node(1, 0, 0, 0).node(2, 0, 0, 3).beam(1, 1, 2).fixed(1).fixed(2);
+  const auto kz = [&] { return length_factors(frame.model())[0].z.k; };
+  EXPECT_NEAR(kz(), 0.5, 1e-9) << "clamped at both ends";
+  frame.with(1, [](model::Element& element) { element.released[end_fy] = true; });
+  EXPECT_NEAR(kz(), 1.0, 1e-9) << "clamped, and guided";
+  frame.with(1, [](model::Element& element) { element.released[end_mz] = true; });
+  EXPECT_NEAR(kz(), 2.0, 1e-9) << "clamped, and free";
+  EXPECT_NEAR(length_factors(frame.model())[0].y.k, 0.5, 1e-9) << "across the other axis";
+}
+
 TEST(LengthFactors, AreOneWhenTheModelAsksForIt) {
   FrameBuilder frame = mast();
   frame.model().frame = model::FrameSettings{.length_factors = model::LengthFactors::one};
