@@ -388,10 +388,15 @@ class MemberWork {
   /// first of them would, that one has what the member leaves it.
   void bound(const restraints::LateralLayout& layout,
              const std::vector<restraints::ElementMoments>& moments) {
+    // An element that has φb by itself is no weaker than its neighbour.
+    const auto first = std::ranges::find_if(
+        subject_.parts, [](const Part& part) { return part.coefficient.has_value(); });
+    const restraints::LateralSection* section = &first->coefficient->section;
     std::vector<restraints::BucklingPart> parts;
     for (std::size_t i = 0; i < moments.size(); ++i) {
-      if (!subject_.parts[i].coefficient) return;
-      parts.push_back({moments[i], subject_.parts[i].coefficient->section});
+      const auto& coefficient = subject_.parts[i].coefficient;
+      if (coefficient) section = &coefficient->section;
+      parts.push_back({moments[i], *section});
     }
     for (const BoundPiece& piece :
          bound_by_member(layout, parts, subject_.places, subject_.frame_holds, subject_.noise)) {

@@ -369,6 +369,13 @@ def test_a_member_that_buckles_before_its_pieces_is_found(aluframe, model, restr
     assert summary(aluframe, model(restraints))["safe_ratio"] > 0.995 * ratio
 
 
+def test_an_element_with_its_own_coefficient_leaves_the_rest_bounded(aluframe):
+    model = beam(4, 4, [{"holds": "bottom", "at": [1]}], -5, CANTILEVER)
+    bounded = summary(aluframe, model)["safe_ratio"]
+    model["elements"][3]["design"] = {"stability_coefficients": {"y": 1, "z": 1}}
+    assert summary(aluframe, model)["safe_ratio"] == pytest.approx(bounded, rel=1e-6)
+
+
 @pytest.mark.parametrize("restraints", [[{"holds": "top", "at": [3]}], [{"holds": "both", "at": [3]}]])
 def test_an_end_that_only_stands_on_something_is_free_sideways(aluframe, restraints):
     ends = ["all", ["Dz"]]
